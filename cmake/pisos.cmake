@@ -1,0 +1,43 @@
+# One folder, one target. A target sees its own folder and those it links, and no other: each gets
+# an include root that holds nothing but a link to its folder, so an include that climbs a floor
+# does not build.
+
+add_library(tesvara_avisos INTERFACE)
+target_compile_options(tesvara_avisos INTERFACE -Wall -Wextra -Wpedantic -Wshadow -Wconversion
+  -Wnon-virtual-dtor -Woverloaded-virtual -Wnull-dereference -Werror)
+# GCC 12 reports null dereferences inside the standard library's own inlined code.
+target_compile_options(tesvara_avisos INTERFACE $<$<CXX_COMPILER_ID:GNU>:-Wno-null-dereference>)
+if(TESVARA_SANITIZADORES)
+  add_compile_options(-fsanitize=${TESVARA_SANITIZADORES} -fno-omit-frame-pointer
+    -fno-sanitize-recover=all)
+  add_link_options(-fsanitize=${TESVARA_SANITIZADORES})
+endif()
+
+# tesvara_piso(NAME [HEADER_ONLY] ENLAZA target...): the static library of the current folder,
+# included as "<folder name>/<file>".
+function(tesvara_piso nombre)
+  cmake_parse_arguments(P "" "" "ENLAZA;PRIVADO" ${ARGN})
+  file(GLOB fuentes CONFIGURE_DEPENDS *.cpp *.h)
+  get_filename_component(carpeta ${CMAKE_CURRENT_SOURCE_DIR} NAME)
+  set(raiz ${CMAKE_BINARY_DIR}/pisos/${nombre})
+  file(MAKE_DIRECTORY ${raiz})
+  file(CREATE_LINK ${CMAKE_CURRENT_SOURCE_DIR} ${raiz}/${carpeta} SYMBOLIC)
+  add_library(${nombre} STATIC ${fuentes})
+  set_target_properties(${nombre} PROPERTIES LINKER_LANGUAGE CXX)
+  target_include_directories(${nombre} PUBLIC ${raiz})
+  target_link_libraries(${nombre} PUBLIC ${P_ENLAZA} PRIVATE tesvara_avisos ${P_PRIVADO})
+endfunction()
+
+# tesvara_prueba(NAME ENLAZA target...): one test program out of the current folder's sources.
+function(tesvara_prueba nombre)
+  cmake_parse_arguments(P "" "" "ENLAZA" ${ARGN})
+  file(GLOB fuentes CONFIGURE_DEPENDS *.cpp *.h)
+  add_executable(${nombre} ${fuentes})
+  target_include_directories(${nombre} PRIVATE ${PROJECT_SOURCE_DIR}/tests)
+  target_link_libraries(${nombre} PRIVATE ${P_ENLAZA} tesvara_avisos GTest::gmock GTest::gtest_main)
+  target_compile_definitions(${nombre} PRIVATE TESVARA_TESTS="${PROJECT_SOURCE_DIR}/tests")
+  gtest_discover_tests(${nombre} DISCOVERY_MODE PRE_TEST PROPERTIES TIMEOUT 300)
+endfunction()
+if(TESVARA_PRUEBAS)
+  include(GoogleTest)
+endif()

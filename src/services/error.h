@@ -1,0 +1,58 @@
+#pragma once
+
+#include <cstdint>
+#include <stdexcept>
+#include <string>
+
+namespace services {
+
+/// A run-time error: a 32-bit number and a description that a user can read. The one exception
+/// type of the system; drivers add the engine's own code and text to the description.
+class ErrorEjecucion : public std::runtime_error {
+ public:
+  ErrorEjecucion(std::int32_t numero, const std::string& descripcion)
+      : std::runtime_error(descripcion), numero_(numero) {}
+
+  /// Signed, as messages show it.
+  [[nodiscard]] std::int32_t Numero() const noexcept { return numero_; }
+  [[nodiscard]] std::string Descripcion() const { return what(); }
+
+ private:
+  std::int32_t numero_;
+};
+
+/// The closed list of error numbers.
+namespace error {
+
+constexpr std::int32_t Numero(std::uint32_t hex) { return static_cast<std::int32_t>(hex); }
+
+inline constexpr std::int32_t Desbordamiento = 6;
+inline constexpr std::int32_t TiposNoCoinciden = 13;
+inline constexpr std::int32_t ObjetoNoEstablecido = 91;
+inline constexpr std::int32_t UsoDeNull = 94;
+/// A cell that the grid doesn't have.
+inline constexpr std::int32_t CeldaNoValida = 381;
+/// A key that repeats or a value that doesn't fit its column.
+inline constexpr std::int32_t RepetidoONoCabe = Numero(0x80040E21);
+/// A statement that isn't understood, or is refused.
+inline constexpr std::int32_t SentenciaRechazada = Numero(0x80040E14);
+inline constexpr std::int32_t ColumnaDesconocida = Numero(0x80040E10);
+inline constexpr std::int32_t TablaDesconocida = Numero(0x80040E37);
+/// A row changed or gone under an optimistic update.
+inline constexpr std::int32_t FilaCambiada = Numero(0x80040E38);
+/// A field that the row doesn't have.
+inline constexpr std::int32_t CampoDesconocido = Numero(0x800A0CC1);
+inline constexpr std::int32_t SinFilaActual = Numero(0x800A0BCD);
+inline constexpr std::int32_t RecordsetCerrado = Numero(0x800A0E78);
+/// An `Open` on a recordset that is open.
+inline constexpr std::int32_t RecordsetAbierto = Numero(0x800A0E79);
+/// An operation that the recordset's mode doesn't allow.
+inline constexpr std::int32_t NoDisponible = Numero(0x800A0CB3);
+inline constexpr std::int32_t ArgumentoNoValido = Numero(0x800A0BB9);
+inline constexpr std::int32_t ConexionNoValida = Numero(0x800A0E7D);
+inline constexpr std::int32_t FalloDeConexion = Numero(0x80004005);
+/// An object that doesn't offer the interface it is narrowed to.
+inline constexpr std::int32_t InterfazNoDisponible = Numero(0x80004002);
+
+}  // namespace error
+}  // namespace services

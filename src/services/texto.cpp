@@ -1,0 +1,3 @@
+#include "services/texto.h"
+
+namespace services {}

@@ -1,0 +1,27 @@
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+
+// Texts are UTF-8; lengths and cuts count characters.
+
+namespace services {
+
+[[nodiscard]] std::size_t Longitud(std::string_view texto);
+/// The first `cuantos` characters, or all there are.
+[[nodiscard]] std::string Izquierda(std::string_view texto, std::size_t cuantos);
+/// Without the blanks (U+0020 alone) on both sides.
+[[nodiscard]] std::string_view Trim(std::string_view texto);
+
+/// Order of two texts without regard to case, the Spanish way: letters first (ñ after n, an
+/// accented vowel with its vowel), then accents. Negative, zero or positive. Texts that differ
+/// only in case compare equal; "a" and "á" don't.
+[[nodiscard]] int CompararTexto(std::string_view a, std::string_view b) noexcept;
+[[nodiscard]] inline bool MismoTexto(std::string_view a, std::string_view b) noexcept {
+  return CompararTexto(a, b) == 0;
+}
+/// Case-blind match against a pattern where `%` stands for any run and `_` for one character.
+[[nodiscard]] bool Coincide(std::string_view texto, std::string_view patron);
+
+}  // namespace services
