@@ -24,7 +24,9 @@ class ErrorEjecucion : public std::runtime_error {
 /// The closed list of error numbers.
 namespace error {
 
-constexpr std::int32_t Numero(std::uint32_t hex) { return static_cast<std::int32_t>(hex); }
+constexpr std::int32_t Numero(std::uint32_t hex) {
+  return static_cast<std::int32_t>(hex);
+}
 
 inline constexpr std::int32_t Desbordamiento = 6;
 inline constexpr std::int32_t TiposNoCoinciden = 13;
