@@ -2,6 +2,7 @@
 
 #include <string>
 
+#include "list/edicion_pagado.h"
 #include "list/rejilla_pagos.h"
 #include "services/controles.h"
 #include "services/recordset.h"
@@ -15,7 +16,7 @@ namespace list {
 class ListaPagos {
  public:
   ListaPagos(services::Form& form, services::PictureBox& panel, services::Sesion& sesion,
-             RejillaPagos& rejilla, const store::RangoFechas& rango);
+             RejillaPagos& rejilla, EdicionPagado& edicion, const store::RangoFechas& rango);
 
   services::OptionButton OptFecha;
   services::OptionButton OptConcepto;
@@ -49,6 +50,7 @@ class ListaPagos {
 
   services::Sesion& sesion_;
   RejillaPagos& rejilla_;
+  EdicionPagado& edicion_;
   const store::RangoFechas& rango_;
   bool FilaAlterna_ = false;
 };

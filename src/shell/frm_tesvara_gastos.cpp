@@ -58,9 +58,10 @@ FrmTesvaraGastos::FrmTesvaraGastos(DatosComunes& datos)
           {.Left = 9200, .Top = 7300, .Width = 1560, .Height = 480, .Contenedor = &PicNuevo}),
       Rango(*this, PicPagos, datos, BtnCancelar, *this),
       Rejilla(*this, PicPagos, datos),
-      Lista(*this, PicPagos, datos, Rejilla, Rango),
       BotonNuevo(*this, "BotonNuevo", "Nuevo", EnBotonera(PicPagos, 0, false)),
       BotonModificar(*this, "BotonModificar", "Modificar", EnBotonera(PicPagos, 1, false)),
+      Edicion(*this, PicPagos, datos, Rejilla, PicNuevo, BotonModificar),
+      Lista(*this, PicPagos, datos, Rejilla, Edicion, Rango),
       BotonBorrar(*this, "BotonBorrar", "Borrar", EnBotonera(PicPagos, 2, false)),
       BotonAceptar(*this, "BotonAceptar", "Grabar", EnBotonera(PicPagos, 3, false)),
       BotonCancelar(*this, "BotonCancelar", "Cancelar", EnBotonera(PicPagos, 4, true)),
@@ -93,6 +94,7 @@ void FrmTesvaraGastos::Form_Load() {
 
   TomarMarco();
   Rejilla.Preparar();
+  Rejilla.FilaElegida = false;
   CentrarPaneles();
   Lista.VerTodo();
   Lista.OptFecha.Value = true;
@@ -147,7 +149,9 @@ void FrmTesvaraGastos::Barra1_Cerrar() {
 }
 
 void FrmTesvaraGastos::BotonCancelar_Click() {
-  if (!PicNuevo.Visible) Recargar();
+  if (PicNuevo.Visible) return;
+  Edicion.CerrarEdicionPago();
+  Recargar();
 }
 
 void FrmTesvaraGastos::Form_Resize() {

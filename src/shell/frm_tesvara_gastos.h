@@ -1,5 +1,6 @@
 #pragma once
 
+#include "list/edicion_pagado.h"
 #include "list/lista_pagos.h"
 #include "list/rejilla_pagos.h"
 #include "services/controles.h"
@@ -31,9 +32,10 @@ class FrmTesvaraGastos final : public services::Form, private store::AlCambiarRa
   services::Pulsador BtnCancelar;
   store::RangoFechas Rango;
   list::RejillaPagos Rejilla;
-  list::ListaPagos Lista;
   services::Pulsador BotonNuevo;
   services::Pulsador BotonModificar;
+  list::EdicionPagado Edicion;
+  list::ListaPagos Lista;
   services::Pulsador BotonBorrar;
   services::Pulsador BotonAceptar;
   services::Pulsador BotonCancelar;
