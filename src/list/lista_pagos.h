@@ -26,6 +26,8 @@ class ListaPagos {
   /// Rebuilds the list from the working tables. After a line that couldn't be written, and its
   /// message, the grid stays at its header and its events stay off until the next rebuild.
   void CargarGrip();
+  /// By date when `OptFecha` is chosen, by concept when not.
+  [[nodiscard]] Orden OrdenElegido() const { return OptFecha.Value ? PorFecha : PorConcepto; }
   /// Ticks both filters without a rebuild.
   void VerTodo();
 
@@ -35,7 +37,6 @@ class ListaPagos {
   void ReordenarPor(const Orden& orden);
   void Chk_Click(const services::CheckBox& filtro);
 
-  [[nodiscard]] Orden OrdenElegido() const { return OptFecha.Value ? PorFecha : PorConcepto; }
   [[nodiscard]] bool ReunirVencimientos(services::Recordset& lista);
   void ReunirPrevisiones();
   void ExpandirPrevision(services::Recordset& prevision);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "list/borrado.h"
 #include "list/edicion_pagado.h"
 #include "list/lista_pagos.h"
 #include "list/rejilla_pagos.h"
@@ -36,7 +37,7 @@ class FrmTesvaraGastos final : public services::Form, private store::AlCambiarRa
   services::Pulsador BotonModificar;
   list::EdicionPagado Edicion;
   list::ListaPagos Lista;
-  services::Pulsador BotonBorrar;
+  list::Borrado Borrado;
   services::Pulsador BotonAceptar;
   services::Pulsador BotonCancelar;
   services::Pulsador BtnAutCaja;
@@ -60,7 +61,9 @@ class FrmTesvaraGastos final : public services::Form, private store::AlCambiarRa
   void RangoCambiado(services::TextBox& campo) override;
 
   void Barra1_Cerrar();
+  void BotonAceptar_Click();
   void BotonCancelar_Click();
+  void Grabar();
 
   [[nodiscard]] bool PreguntarSiGuardar(const char* pregunta);
   void TomarMarco();
