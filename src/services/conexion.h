@@ -61,7 +61,12 @@ class Cursor {
   /// then isn't there; rows written before stay.
   virtual void Insertar(std::span<const Asignacion> valores) = 0;
 
-  /// Changes row `fila` of `filas`, which came from `Leer` of this cursor. Throws 0x80040E38 when
+  /// The row that the last successful `Insertar` added, as `Leer` gives rows: its defaults filled
+  /// in, and fit for `Actualizar`. Throws 0x80040E38 when it is gone.
+  [[nodiscard]] virtual Filas LeerInsertada() = 0;
+
+  /// Changes row `fila` of `filas`, which came from `Leer` or `LeerInsertada` of this cursor, its
+  /// cells of columns perhaps changed since to what was written in them. Throws 0x80040E38 when
   /// the row is gone or, with optimistic locking, when one of the columns assigned no longer holds
   /// what `filas` tells.
   virtual void Actualizar(const Filas& filas, std::size_t fila,

@@ -38,9 +38,9 @@ struct Calendario {
 [[nodiscard]] FechaHora SumarFecha(std::string_view unidad, std::int64_t cuantos, FechaHora desde);
 
 /// A date text of the user: day, month and year of one or two, one or two, and two or four
-/// figures, split by `/`, `-` or `.`; optionally a blank and a time h:nn or h:nn:ss. A time alone
-/// is a moment of day 0. Two-figure years 00-29 are 20xx, 30-99 are 19xx. No value where it is no
-/// date that exists.
+/// figures, split by `/`, `-` or `.`, which may be mixed; optionally a blank and a time h:nn or
+/// h:nn:ss. A time alone is a moment of day 0. Blanks around don't count. Two-figure years 00-29
+/// are 20xx, 30-99 are 19xx. No value where it is no date that exists.
 [[nodiscard]] std::optional<FechaHora> LeerFecha(std::string_view texto);
 /// The same, throwing 13 where it is none.
 [[nodiscard]] FechaHora Fecha(std::string_view texto);

@@ -28,6 +28,8 @@ class Filas {
   void AnadirFecha(FechaHora valor);
   void AnadirTexto(std::string_view valor);
   void Anadir(const Valor& valor);
+  /// A copy of another's cell.
+  void AnadirCelda(const Filas& otras, std::size_t fila, std::size_t columna);
 
   /// The whole number of a cell that was added by `AnadirEntero`; not cut to 32 bits.
   [[nodiscard]] std::int64_t Entero(std::size_t fila, std::size_t columna) const;

@@ -19,7 +19,9 @@ inline constexpr std::string_view Entero = "#,##0";
 
 /// `valor` under a mask made of `#`, `0`, `,` (thousands) and `.` (decimals): rounded on its 15
 /// significant figures, ties away from zero, no sign on what rounds to zero, `.` for thousands and
-/// `,` for decimals. 1.005 under "0.00" gives "1,01".
+/// `,` for decimals. A `0` always shows its figure; a `#` after the point, only up to the last
+/// figure that isn't 0. 1.005 under "0.00" gives "1,01". Throws 6 where the value is no finite
+/// number.
 [[nodiscard]] std::string Mascara(double valor, std::string_view formato = mascara::Importe);
 
 /// The same for any value: Null and the empty text give the empty text, a text that is a number is

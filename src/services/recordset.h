@@ -112,7 +112,8 @@ class Recordset final : public ObjetoContado<IUnknown> {
   /// 'text'`, blanks optional, a quote in the text doubled. The empty text takes the filter away
   /// and goes to the first row. Comparison is that of `Igual`. Throws 0x800A0BB9 for any other
   /// criteria and 0x800A0CC1 for a column that the row doesn't have, leaving filter and row as they
-  /// were.
+  /// were. On a closed recordset the criteria are kept for the next `Open`, which looks for the
+  /// column then. Drops a pending edit.
   void Filter(std::string_view criterio);
 
   /// How many rows pass the filter, on a static recordset; -1 on a dynamic one.
@@ -122,8 +123,11 @@ class Recordset final : public ObjetoContado<IUnknown> {
   [[nodiscard]] std::int64_t AbsolutePosition();
 
  private:
-  struct Abierto;
+  class Abierto;
+  [[nodiscard]] Abierto& Exigir() const;
+
   std::unique_ptr<Abierto> abierto_;
+  std::string filtroAlAbrir_;
 };
 
 }  // namespace services

@@ -4,7 +4,7 @@
 #include <string>
 #include <string_view>
 
-// Texts are UTF-8; lengths and cuts count characters.
+// Texts are UTF-8; lengths and cuts count characters. A byte that is no part of one counts as one.
 
 namespace services {
 
@@ -15,8 +15,9 @@ namespace services {
 [[nodiscard]] std::string_view Trim(std::string_view texto);
 
 /// Order of two texts without regard to case, the Spanish way: letters first (ñ after n, an
-/// accented vowel with its vowel), then accents. Negative, zero or positive. Texts that differ
-/// only in case compare equal; "a" and "á" don't.
+/// accented letter with its plain one), then accents; what is no letter by its code point.
+/// Negative, zero or positive. Texts that differ only in case compare equal; "a" and "á" don't.
+/// Any bytes at all have their place in it, as a collation needs.
 [[nodiscard]] int CompararTexto(std::string_view a, std::string_view b) noexcept;
 [[nodiscard]] inline bool MismoTexto(std::string_view a, std::string_view b) noexcept {
   return CompararTexto(a, b) == 0;

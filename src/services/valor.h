@@ -4,6 +4,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <variant>
 
 #include "services/fecha.h"
@@ -40,10 +41,11 @@ class Valor {
   /// The value joined to an empty text: Null gives "", a Boolean "Verdadero" or "Falso", a number
   /// its text with the decimal comma, a date its default text.
   [[nodiscard]] std::string Texto() const;
-  /// As a Double: a Boolean is -1 or 0, a text is read by the locale's rules. Throws 94 for Null,
-  /// 13 for a text that is no number.
+  /// As a Double: a Boolean is -1 or 0, a date its days and the fraction of its day, a text is read
+  /// by the locale's rules. Throws 94 for Null, 13 for a text that is no number.
   [[nodiscard]] double Numero() const;
-  /// As a Boolean: a number other than 0 is True. Throws 94 for Null, 13 for other texts.
+  /// As a Boolean: a number other than 0 is True, also as a text; so is "Verdadero", and "Falso" is
+  /// False, without regard to case. Throws 94 for Null, 13 for other texts.
   [[nodiscard]] bool Logico() const;
 
   /// Same kind and same content; Null equals Null. For containers and tests: the comparison of
@@ -55,7 +57,8 @@ class Valor {
 };
 
 /// `a = b` as the platform tells it: no value when either is Null; two texts compare without
-/// regard to case; a number against a text of a number compares as numbers.
+/// regard to case; a number or Boolean against a text of a number compares as numbers, and any
+/// other value against a text as its default text; the rest compare as numbers.
 [[nodiscard]] std::optional<bool> Igual(const Valor& a, const Valor& b);
 
 }  // namespace services
