@@ -34,10 +34,8 @@ class RecordsetTest : public testing::Test {
                                                {"Cada", TipoColumna::Entero, 0, true}},
                                               {}});
   Ref<ConexionFalsa> conexion = services::Crear<ConexionFalsa>(tabla);
-  Recordset& rs = *sujeto.get();
-
- private:
   Ref<Recordset> sujeto = services::Crear<Recordset>();
+  Recordset& rs = *sujeto;
 };
 
 TEST_F(RecordsetTest, ReciénCreadoEstáCerrado) {
@@ -45,18 +43,18 @@ TEST_F(RecordsetTest, ReciénCreadoEstáCerrado) {
 }
 
 TEST_F(RecordsetTest, CerradoRechazaLoQuePideUnaFila) {
-  EXPECT_EQ(NumeroDeError([&] { rs.Eof(); }), error::RecordsetCerrado);
+  EXPECT_EQ(NumeroDeError([&] { (void)rs.Eof(); }), error::RecordsetCerrado);
   EXPECT_EQ(NumeroDeError([&] { rs.MoveNext(); }), error::RecordsetCerrado);
   EXPECT_EQ(NumeroDeError([&] { rs.AddNew(); }), error::RecordsetCerrado);
   EXPECT_EQ(NumeroDeError([&] { rs.Update(); }), error::RecordsetCerrado);
   EXPECT_EQ(NumeroDeError([&] { rs.CancelUpdate(); }), error::RecordsetCerrado);
   EXPECT_EQ(NumeroDeError([&] { rs.Close(); }), error::RecordsetCerrado);
-  EXPECT_EQ(NumeroDeError([&] { rs.Fields(0); }), error::RecordsetCerrado);
-  EXPECT_EQ(NumeroDeError([&] { rs.Fields("NConcepto"); }), error::RecordsetCerrado);
-  EXPECT_EQ(NumeroDeError([&] { rs.Collect("NConcepto"); }), error::RecordsetCerrado);
+  EXPECT_EQ(NumeroDeError([&] { (void)rs.Fields(0); }), error::RecordsetCerrado);
+  EXPECT_EQ(NumeroDeError([&] { (void)rs.Fields("NConcepto"); }), error::RecordsetCerrado);
+  EXPECT_EQ(NumeroDeError([&] { (void)rs.Collect("NConcepto"); }), error::RecordsetCerrado);
   EXPECT_EQ(NumeroDeError([&] { (void)rs.CuantosFields(); }), error::RecordsetCerrado);
   EXPECT_EQ(NumeroDeError([&] { (void)rs.RecordCount(); }), error::RecordsetCerrado);
-  EXPECT_EQ(NumeroDeError([&] { rs.AbsolutePosition(); }), error::RecordsetCerrado);
+  EXPECT_EQ(NumeroDeError([&] { (void)rs.AbsolutePosition(); }), error::RecordsetCerrado);
 }
 
 TEST_F(RecordsetTest, AbiertoSinFilasEstáAlFinal) {
@@ -129,8 +127,8 @@ TEST_F(RecordsetTest, LosCamposSeNombranSinMirarMayúsculas) {
 TEST_F(RecordsetTest, UnCampoQueNoEstáEsUnError) {
   Filas({"1"});
   Abrir(ModoApertura::Optimista);
-  EXPECT_EQ(NumeroDeError([&] { rs.Fields("Fatura"); }), error::CampoDesconocido);
-  EXPECT_EQ(NumeroDeError([&] { rs.Fields(4); }), error::CampoDesconocido);
+  EXPECT_EQ(NumeroDeError([&] { (void)rs.Fields("Fatura"); }), error::CampoDesconocido);
+  EXPECT_EQ(NumeroDeError([&] { (void)rs.Fields(4); }), error::CampoDesconocido);
   EXPECT_EQ(NumeroDeError([&] { rs.Collect("ModificadoPor") = "ANA"; }), error::CampoDesconocido);
 }
 
