@@ -29,6 +29,7 @@ constexpr std::int32_t Numero(std::uint32_t hex) {
 }
 
 inline constexpr std::int32_t Desbordamiento = 6;
+inline constexpr std::int32_t DivisionPorCero = 11;
 inline constexpr std::int32_t TiposNoCoinciden = 13;
 inline constexpr std::int32_t ObjetoNoEstablecido = 91;
 inline constexpr std::int32_t UsoDeNull = 94;

@@ -51,6 +51,8 @@ void Form::Hide() {
 
 void Form::Unload() {
   if (!cargado_) return;
+  // Its own unload may let go of the shared instance.
+  const Ref<Form> vivo(this);
   const auto retirar = [this] {
     Hide();
     cargado_ = false;

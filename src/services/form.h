@@ -16,7 +16,7 @@ namespace services {
 
 /// A screen: the widgets that name it as their form, and its start and end. Loaded by its first
 /// `Show` or by `Load`, gone at `Unload`; a screen unloaded is not loaded again, another one is
-/// made in its place (`Instancia`).
+/// made in its place (`Instancia`). Made by `Crear`, as every counted object.
 class Form : public ObjetoContado<IForm>, public Dueno {
  public:
   Form(services::Escritorio& escritorio, std::string nombre, int ancho, int alto);
@@ -88,7 +88,6 @@ class Instancia {
     if (!form_) form_ = Crear<F>(std::forward<Argumentos>(argumentos)...);
     return *form_;
   }
-  [[nodiscard]] F* Si() const { return form_.get(); }
   /// Lets go of it; its `Unload` is its caller's business.
   void Soltar() { form_ = nullptr; }
 
