@@ -25,6 +25,7 @@ int ColumnaMasAncha(const services::MSFlexGrid& rejilla) {
 
 RejillaQt::RejillaQt(QWidget* padre) : QTableView(padre) {
   setSelectionMode(NoSelection);
+  setAutoScroll(false);
   setEditTriggers(NoEditTriggers);
   setTabKeyNavigation(false);
   setShowGrid(false);

@@ -29,7 +29,7 @@ TEST(Colores, SinColorDichoMandaElEscritorio) {
 TEST(Colores, UnFondoDichoTraeSuTexto) {
   const qt::Pareja pareja =
       qt::Emparejar(services::color::ConFoco, services::color::Negro, Oscura());
-  EXPECT_EQ(pareja.Fondo, QColor(203, 204, 165));
+  EXPECT_EQ(pareja.Fondo, QColor(203, 202, 165));
   EXPECT_EQ(pareja.Texto, QColor(Qt::black));
 }
 
@@ -57,7 +57,7 @@ TEST(Colores, ElCampoConFocoSeLeeEnUnTemaOscuro) {
     };
     EXPECT_GE(contraste(), 7);
     escena.form->TxtFecha.BackColor = services::color::ConFoco;
-    EXPECT_EQ(fecha.palette().color(QPalette::Base), QColor(203, 204, 165));
+    EXPECT_EQ(fecha.palette().color(QPalette::Base), QColor(203, 202, 165));
     EXPECT_GE(contraste(), 7);
     escena.form->TxtFecha.BackColor = services::color::Blanco;
     EXPECT_EQ(fecha.palette().color(QPalette::Base), QColor(25, 25, 25));
