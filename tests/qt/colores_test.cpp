@@ -40,8 +40,7 @@ TEST(Colores, UnTextoDichoTraeSuFondo) {
 }
 
 TEST(Colores, ElTextoDelPanelSeLeeSobreUnFondoDicho) {
-  const qt::Pareja pareja =
-      qt::Emparejar(0x400000, services::color::TextoPanel, Oscura());
+  const qt::Pareja pareja = qt::Emparejar(0x400000, services::color::TextoPanel, Oscura());
   EXPECT_GE(qt::Contraste(pareja.Fondo, pareja.Texto), 7);
 }
 

@@ -83,9 +83,8 @@ TEST_F(RejillaEnPantalla, UnDobleClicEsUnClicYUnDobleClic) {
   QTest::qWait(QApplication::doubleClickInterval() + 50);
   Pulsar(2, 1);
   QTest::mouseDClick(vista.viewport(), Qt::LeftButton, {}, Centro(2, 1));
-  EXPECT_EQ(std::count(escena.form->sucesos.begin(), escena.form->sucesos.end(),
-                       "Rejilla_DblClick"),
-            1);
+  EXPECT_EQ(
+      std::count(escena.form->sucesos.begin(), escena.form->sucesos.end(), "Rejilla_DblClick"), 1);
 }
 
 TEST_F(RejillaEnPantalla, LasTeclasMuevenLaCeldaSinSalirse) {
