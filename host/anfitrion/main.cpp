@@ -95,7 +95,6 @@ int main(int argc, char** argv) {
   }
   if (!opciones.Captura.isEmpty()) qputenv("QT_QPA_PLATFORM", "offscreen");
   QApplication aplicacion(argc, argv);
-  QApplication::setApplicationDisplayName("Sorvex");
   try {
     return Iniciar(opciones);
   } catch (const std::exception& fallo) {

@@ -12,6 +12,22 @@ namespace {
 constexpr int kMargen = 6;
 /// Below this, text needs an edge to be told from its background.
 constexpr double kContrasteEscaso = 2.5;
+/// The edge has the hue of the background.
+constexpr int kViveza = 140;
+constexpr int kClaridad = 110;
+
+/// Draws something in a colour; where it hardly stands out from its background, first as its edge
+/// all around.
+template <class Trazo>
+void Perfilar(const Pareja& colores, const Trazo& trazo) {
+  if (Contraste(colores.Fondo, colores.Texto) < kContrasteEscaso) {
+    const QColor borde = QColor::fromHsv(colores.Fondo.hsvHue(), kViveza, kClaridad);
+    for (const QPoint& lado : {QPoint(-1, 0), QPoint(1, 0), QPoint(0, -1), QPoint(0, 1)}) {
+      trazo(lado, borde);
+    }
+  }
+  trazo(QPoint(), colores.Texto);
+}
 
 void Escribir(QPainter& pintor, const QRect& donde, const QModelIndex& celda,
               const Pareja& colores) {
@@ -22,12 +38,20 @@ void Escribir(QPainter& pintor, const QRect& donde, const QModelIndex& celda,
   const QString visible = pintor.fontMetrics().elidedText(texto, Qt::ElideRight, hueco.width());
   const auto alineacion = celda.data(Qt::TextAlignmentRole).value<Qt::Alignment>();
   const int modo = static_cast<int>(alineacion.toInt()) | Qt::TextSingleLine;
-  if (Contraste(colores.Fondo, colores.Texto) < kContrasteEscaso) {
-    pintor.setPen(colores.Fondo.darker(210));
-    pintor.drawText(hueco.translated(1, 1), modo, visible);
-  }
-  pintor.setPen(colores.Texto);
-  pintor.drawText(hueco, modo, visible);
+  Perfilar(colores, [&](const QPoint& lado, const QColor& color) {
+    pintor.setPen(color);
+    pintor.drawText(hueco.translated(lado), modo, visible);
+  });
+}
+
+void PonerDibujo(QPainter& pintor, const QRect& donde, const QModelIndex& celda,
+                 const Pareja& colores) {
+  const QString dibujo = celda.data(ModeloRejilla::PapelDibujo).toString();
+  if (dibujo.isEmpty()) return;
+  const QRectF hueco = QRectF(donde).adjusted(3, 3, -3, -3);
+  Perfilar(colores, [&](const QPoint& lado, const QColor& color) {
+    Dibujar(pintor, hueco.translated(lado), dibujo, color);
+  });
 }
 
 void Enmarcar(QPainter& pintor, const QRect& donde, const QColor& color) {
@@ -52,10 +76,7 @@ void DibujoCelda::paint(QPainter* pintor, const QStyleOptionViewItem& opcion,
   pintor->setPen(colores.Fondo.darker(112));
   pintor->drawLine(opcion.rect.topRight(), opcion.rect.bottomRight());
   Escribir(*pintor, opcion.rect, celda, colores);
-  const QString dibujo = celda.data(ModeloRejilla::PapelDibujo).toString();
-  if (!dibujo.isEmpty()) {
-    Dibujar(*pintor, QRectF(opcion.rect).adjusted(3, 3, -3, -3), dibujo, colores.Texto);
-  }
+  PonerDibujo(*pintor, opcion.rect, celda, colores);
   if (opcion.state & QStyle::State_HasFocus) {
     Enmarcar(*pintor, opcion.rect, colores.Fondo.darker(260));
   }

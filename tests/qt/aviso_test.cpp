@@ -41,6 +41,15 @@ TEST(Mensajes, LasTeclasContestan) {
   EXPECT_EQ(ContestarCon(mensaje::Simple, Qt::Key_Return), mensaje::Aceptar);
 }
 
+TEST(Mensajes, ElPrimerBotonEspera) {
+  QString enfocado;
+  Contestar(mensaje::SiNo, [&enfocado](QMessageBox& caja) {
+    enfocado = qobject_cast<QPushButton*>(caja.focusWidget())->text();
+    QTest::keyClick(&caja, Qt::Key_S);
+  });
+  EXPECT_EQ(enfocado, QString::fromUtf8("Sí"));
+}
+
 TEST(Mensajes, EscapeNoContestaUnaPreguntaDeSiONo) {
   const int respuesta = Contestar(mensaje::SiNo, [](QMessageBox& caja) {
     QTest::keyClick(&caja, Qt::Key_Escape);
