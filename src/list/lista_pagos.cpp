@@ -29,7 +29,8 @@ bool EsVerdadero(const Valor& valor) {
 }  // namespace
 
 ListaPagos::ListaPagos(services::Form& form, services::PictureBox& panel, services::Sesion& sesion,
-                       RejillaPagos& rejilla, const store::RangoFechas& rango)
+                       RejillaPagos& rejilla, EdicionPagado& edicion,
+                       const store::RangoFechas& rango)
     : OptFecha(form, "OptFecha", "Por Fecha Vencimiento",
                {.Left = 6400,
                 .Top = 200,
@@ -60,6 +61,7 @@ ListaPagos::ListaPagos(services::Form& form, services::PictureBox& panel, servic
                       .Contenedor = &panel}),
       sesion_(sesion),
       rejilla_(rejilla),
+      edicion_(edicion),
       rango_(rango) {
   OptFecha.Click = [this] { OptFecha_Click(); };
   OptConcepto.Click = [this] { OptConcepto_Click(); };
@@ -87,6 +89,7 @@ void ListaPagos::ReordenarPor(const Orden& orden) {
   rejilla_.MSFPagos.CellFontSize = 12;
   rejilla_.MSFPagos.CellFontBold = true;
   rejilla_.PonerOrden(orden);
+  edicion_.CerrarEdicionPago();
   CargarGrip();
 }
 
@@ -250,9 +253,9 @@ void ListaPagos::Totalizar() {
   }
   double total = 0;
   for (int fila = 1; fila < grid.Rows; ++fila) {
-    const double importe = services::Importe(grid.TextMatrix(fila, columna::Importe));
+    const double importe = rejilla_.ImporteDe(fila, columna::Importe);
     total += importe;
-    rejilla_.TotalPendiente += importe - services::Importe(grid.TextMatrix(fila, columna::Pagado));
+    rejilla_.TotalPendiente += importe - rejilla_.ImporteDe(fila, columna::Pagado);
   }
   if (rejilla_.TotalPendiente > 0) {
     LblPendiente.Caption = "Total Pendiente: " + Mascara(rejilla_.TotalPendiente);

@@ -2,6 +2,7 @@
 
 #include <string>
 
+#include "list/edicion_pagado.h"
 #include "list/rejilla_pagos.h"
 #include "services/controles.h"
 #include "services/recordset.h"
@@ -15,7 +16,7 @@ namespace list {
 class ListaPagos {
  public:
   ListaPagos(services::Form& form, services::PictureBox& panel, services::Sesion& sesion,
-             RejillaPagos& rejilla, const store::RangoFechas& rango);
+             RejillaPagos& rejilla, EdicionPagado& edicion, const store::RangoFechas& rango);
 
   services::OptionButton OptFecha;
   services::OptionButton OptConcepto;
@@ -25,6 +26,8 @@ class ListaPagos {
   /// Rebuilds the list from the working tables. After a line that couldn't be written, and its
   /// message, the grid stays at its header and its events stay off until the next rebuild.
   void CargarGrip();
+  /// By date when `OptFecha` is chosen, by concept when not.
+  [[nodiscard]] Orden OrdenElegido() const { return OptFecha.Value ? PorFecha : PorConcepto; }
   /// Ticks both filters without a rebuild.
   void VerTodo();
 
@@ -34,7 +37,6 @@ class ListaPagos {
   void ReordenarPor(const Orden& orden);
   void Chk_Click(const services::CheckBox& filtro);
 
-  [[nodiscard]] Orden OrdenElegido() const { return OptFecha.Value ? PorFecha : PorConcepto; }
   [[nodiscard]] bool ReunirVencimientos(services::Recordset& lista);
   void ReunirPrevisiones();
   void ExpandirPrevision(services::Recordset& prevision);
@@ -49,6 +51,7 @@ class ListaPagos {
 
   services::Sesion& sesion_;
   RejillaPagos& rejilla_;
+  EdicionPagado& edicion_;
   const store::RangoFechas& rango_;
   bool FilaAlterna_ = false;
 };

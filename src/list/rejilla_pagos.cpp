@@ -1,5 +1,6 @@
 #include "list/rejilla_pagos.h"
 
+#include "services/formato.h"
 #include "services/numero.h"
 
 namespace list {
@@ -118,6 +119,19 @@ void RejillaPagos::PintarFila(int fondo, int texto, std::string_view cuerpo,
     }
     if (!cuerpo.empty()) MSFPagos.CellFontSize = services::Numero(cuerpo);
   }
+}
+
+void RejillaPagos::MostrarPendiente() {
+  LblPendiente.Caption = "Total Pendiente: " + services::Mascara(TotalPendiente);
+  LblPendiente.Visible = TotalPendiente >= 1.0;
+}
+
+bool RejillaPagos::EsPagable(int fila) const {
+  return !MSFPagos.TextMatrix(fila, columna::NFactura).empty();
+}
+
+double RejillaPagos::ImporteDe(int fila, int columna) const {
+  return services::Importe(MSFPagos.TextMatrix(fila, columna));
 }
 
 std::string RejillaPagos::FilaUnida(int fila) const {

@@ -45,6 +45,11 @@ class RejillaPagos {
 
   /// True while the code itself moves the current cell: the grid's events then do nothing.
   bool GridOcupado = false;
+  /// True while code moves the current column to the check mark, so that the amount typed is
+  /// committed to the row.
+  bool MoviendoColumna = false;
+  /// A row of the list has been chosen.
+  bool FilaElegida = false;
   /// What remains to be paid of the rows on display.
   double TotalPendiente = 0;
 
@@ -62,6 +67,12 @@ class RejillaPagos {
   /// current. `cuerpo` (points) and `alineacion` are numbers as text; the empty text leaves them.
   void PintarFila(int fondo, int texto, std::string_view cuerpo = "",
                   std::string_view alineacion = "", bool mantenerFila = false);
+  /// Shows the pending total: its caption always, and the label itself from 1.0 on.
+  void MostrarPendiente();
+  /// Whether a row is a due date: its invoice number is not empty.
+  [[nodiscard]] bool EsPagable(int fila) const;
+  /// Amount of a cell; an empty one counts 0.
+  [[nodiscard]] double ImporteDe(int fila, int columna) const;
   /// The texts of a row joined by tabs.
   [[nodiscard]] std::string FilaUnida(int fila) const;
 

@@ -140,6 +140,10 @@ services::Conexion& DatosComunes::CnTemp() const {
   return Exigir(valores_.CnTemp, "CnTemp", "tablas de trabajo");
 }
 
+void DatosComunes::AnotarBorrado(const std::string& sentencia) {
+  Utiles().AnotarBorrado(valores_.ClaveBorrado, valores_.CnDatos, sentencia);
+}
+
 services::Utiles& DatosComunes::Utiles() {
   if (!utiles_) utiles_ = plataforma_.CrearUtiles(*this);
   return *utiles_;

@@ -1,8 +1,10 @@
 #include "shell/frm_tesvara_gastos.h"
 
+#include "list/pagos_tecleados.h"
 #include "shell/datos_comunes.h"
 #include "shell/escala.h"
 #include "store/carga.h"
+#include "store/grabacion.h"
 #include "store/vaciado.h"
 
 namespace shell {
@@ -58,11 +60,12 @@ FrmTesvaraGastos::FrmTesvaraGastos(DatosComunes& datos)
           {.Left = 9200, .Top = 7300, .Width = 1560, .Height = 480, .Contenedor = &PicNuevo}),
       Rango(*this, PicPagos, datos, BtnCancelar, *this),
       Rejilla(*this, PicPagos, datos),
-      Lista(*this, PicPagos, datos, Rejilla, Rango),
       BotonNuevo(*this, "BotonNuevo", "Nuevo", EnBotonera(PicPagos, 0, false)),
       BotonModificar(*this, "BotonModificar", "Modificar", EnBotonera(PicPagos, 1, false)),
-      BotonBorrar(*this, "BotonBorrar", "Borrar", EnBotonera(PicPagos, 2, false)),
-      BotonAceptar(*this, "BotonAceptar", "Grabar", EnBotonera(PicPagos, 3, false)),
+      Edicion(*this, PicPagos, datos, Rejilla, PicNuevo, BotonModificar),
+      Lista(*this, PicPagos, datos, Rejilla, Edicion, Rango),
+      Borrado(*this, EnBotonera(PicPagos, 2, true), datos, Rejilla, Edicion, Lista, PicNuevo),
+      BotonAceptar(*this, "BotonAceptar", "Grabar", EnBotonera(PicPagos, 3, true)),
       BotonCancelar(*this, "BotonCancelar", "Cancelar", EnBotonera(PicPagos, 4, true)),
       BtnAutCaja(*this, "BtnAutCaja", "", EnBotonera(PicPagos, 5, false)),
       ImgImpresora(*this, "ImgImpresora", "impresora",
@@ -75,6 +78,7 @@ FrmTesvaraGastos::FrmTesvaraGastos(DatosComunes& datos)
   Marco = datos.FrmMarco();
   BtnCancelar.TomaFoco = false;
   Barra1.Cerrar = [this] { Barra1_Cerrar(); };
+  BotonAceptar.Click = [this] { BotonAceptar_Click(); };
   BotonCancelar.Click = [this] { BotonCancelar_Click(); };
 }
 
@@ -93,6 +97,7 @@ void FrmTesvaraGastos::Form_Load() {
 
   TomarMarco();
   Rejilla.Preparar();
+  Rejilla.FilaElegida = false;
   CentrarPaneles();
   Lista.VerTodo();
   Lista.OptFecha.Value = true;
@@ -146,8 +151,44 @@ void FrmTesvaraGastos::Barra1_Cerrar() {
   if (!PicNuevo.Visible) Unload();
 }
 
+void FrmTesvaraGastos::BotonAceptar_Click() {
+  if (PicNuevo.Visible) return;
+  Edicion.CerrarEdicionPago();
+  ProgressBar.Min = 0;
+  ProgressBar.Max = 6;
+  ProgressBar.Value = 0;
+  PicTexto.Visible = true;
+  try {
+    Grabar();
+  } catch (...) {
+    PicTexto.Visible = false;
+    throw;
+  }
+}
+
+void FrmTesvaraGastos::Grabar() {
+  // A refused amount leaves the panel on the screen, with the bar at 0: that is how users see that
+  // nothing was saved.
+  if (!list::EscribirPagados(datos_, Rejilla, Lista.OrdenElegido())) return;
+  const auto avanzar = [this] { ProgressBar.Value = ProgressBar.Value + 1; };
+  avanzar();
+  store::GrabarTemporales(datos_, Rango.TxtFPrevisionD.Tag, Rango.TxtFPrevision.Tag);
+  avanzar();
+  store::CargarTemporales(datos_, Rango);
+  avanzar();
+  Lista.CargarGrip();
+  avanzar();
+  Rejilla.CopiarGrip();
+  avanzar();
+  BtnCancelar.Tag = "";
+  avanzar();
+  PicTexto.Visible = false;
+}
+
 void FrmTesvaraGastos::BotonCancelar_Click() {
-  if (!PicNuevo.Visible) Recargar();
+  if (PicNuevo.Visible) return;
+  Edicion.CerrarEdicionPago();
+  Recargar();
 }
 
 void FrmTesvaraGastos::Form_Resize() {

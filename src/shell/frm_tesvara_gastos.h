@@ -1,5 +1,7 @@
 #pragma once
 
+#include "list/borrado.h"
+#include "list/edicion_pagado.h"
 #include "list/lista_pagos.h"
 #include "list/rejilla_pagos.h"
 #include "services/controles.h"
@@ -31,10 +33,11 @@ class FrmTesvaraGastos final : public services::Form, private store::AlCambiarRa
   services::Pulsador BtnCancelar;
   store::RangoFechas Rango;
   list::RejillaPagos Rejilla;
-  list::ListaPagos Lista;
   services::Pulsador BotonNuevo;
   services::Pulsador BotonModificar;
-  services::Pulsador BotonBorrar;
+  list::EdicionPagado Edicion;
+  list::ListaPagos Lista;
+  list::Borrado Borrado;
   services::Pulsador BotonAceptar;
   services::Pulsador BotonCancelar;
   services::Pulsador BtnAutCaja;
@@ -58,7 +61,9 @@ class FrmTesvaraGastos final : public services::Form, private store::AlCambiarRa
   void RangoCambiado(services::TextBox& campo) override;
 
   void Barra1_Cerrar();
+  void BotonAceptar_Click();
   void BotonCancelar_Click();
+  void Grabar();
 
   [[nodiscard]] bool PreguntarSiGuardar(const char* pregunta);
   void TomarMarco();
