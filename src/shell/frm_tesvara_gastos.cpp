@@ -11,7 +11,6 @@ namespace shell {
 namespace {
 
 using services::Diseno;
-using services::Form;
 using services::PictureBox;
 
 constexpr int kAncho = 15360;

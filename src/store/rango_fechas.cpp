@@ -8,7 +8,6 @@
 namespace store {
 namespace {
 
-using services::Diseno;
 using services::TextBox;
 
 constexpr std::size_t kLargoCompleto = 10;
