@@ -41,3 +41,12 @@ endfunction()
 if(TESVARA_PRUEBAS)
   include(GoogleTest)
 endif()
+
+# tesvara_servidor(TARGET): the library exports the four entry points of an in-process server and
+# nothing else. Without it the tables of the standard library's headers are exported as unique
+# symbols, and the loader then never lets go of the library.
+function(tesvara_servidor nombre)
+  set(mapa ${PROJECT_SOURCE_DIR}/cmake/servidor.map)
+  target_link_options(${nombre} PRIVATE -Wl,--version-script=${mapa})
+  set_property(TARGET ${nombre} APPEND PROPERTY LINK_DEPENDS ${mapa})
+endfunction()

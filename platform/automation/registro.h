@@ -1,0 +1,67 @@
+#pragma once
+
+#include <filesystem>
+#include <functional>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "services/automatizacion.h"
+#include "services/plataforma.h"
+
+// The list of classes that in-process servers offer on this account: one text file, a line a class:
+// CLSID, ProgId and the library's path, split by tabs.
+
+namespace automation {
+
+/// `{C3D2A871-1B6E-47F9-95D8-7A3F22E180BC}`
+[[nodiscard]] std::string TextoDeGuid(const services::GUID& guid);
+/// No value for a text that isn't of that form; letters may be small.
+[[nodiscard]] std::optional<services::GUID> LeerGuid(std::string_view texto);
+
+struct Clase {
+  services::GUID Clsid;
+  std::string ProgId;
+  std::string Biblioteca;
+};
+
+/// The file under the user's data folder: `$XDG_DATA_HOME`, or `~/.local/share`. Throws
+/// 0x80004005 where the environment tells neither.
+[[nodiscard]] std::filesystem::path FicheroDeClases();
+
+/// The list as a file holds it. Each operation reads the file anew, since other programs write it.
+/// A file that isn't there is an empty list, and a line that isn't understood is no class.
+class Registro {
+ public:
+  explicit Registro(std::filesystem::path fichero = FicheroDeClases());
+
+  [[nodiscard]] std::vector<Clase> Clases() const;
+  /// Without regard to case.
+  [[nodiscard]] std::optional<Clase> Buscar(std::string_view progId) const;
+  /// Adds a class, in the place of those of the same CLSID or ProgId. A reader sees the list before
+  /// or after, never half of it. Throws 0x80004005 where the file can't be written or a text has a
+  /// tab or a line end in it; the file then is as it was.
+  void Poner(const Clase& clase) const;
+  /// Takes a class off the list; nothing when it isn't on it.
+  void Quitar(const services::GUID& clsid) const;
+
+ private:
+  void Escribir(const std::vector<Clase>& clases) const;
+
+  std::filesystem::path fichero_;
+};
+
+/// What a library gives its `Plataforma` to be put on the user's list and taken off it. Both answer
+/// with 0x80004005 where the list can't be written.
+struct FuncionesDeRegistro {
+  std::function<services::HRESULT(const services::ClaseRegistrada&)> Registrar;
+  std::function<services::HRESULT(const services::ClaseRegistrada&)> Anular;
+};
+[[nodiscard]] FuncionesDeRegistro CrearRegistro(const std::filesystem::path& biblioteca);
+
+/// The full path of the library or program that holds that address; throws 0x80004005 where none
+/// does.
+[[nodiscard]] std::filesystem::path RutaDeBiblioteca(const void* direccion);
+
+}  // namespace automation

@@ -1,0 +1,155 @@
+#include "services/escritorio.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "services/form.h"
+#include "services/plataforma.h"
+#include "services/widget.h"
+
+namespace services {
+
+void Escritorio::Evento(const std::function<void()>& accion) {
+  if (profundidad_ > 0) return Correr(accion);
+  Informar([&] { Correr(accion); });
+}
+
+void Escritorio::Informar(const std::function<void()>& accion) {
+  try {
+    accion();
+  } catch (const ErrorEjecucion& fallo) {
+    plataforma_.ErrorNoControlado(fallo);
+  } catch (const std::exception& fallo) {
+    plataforma_.ErrorNoControlado(ErrorEjecucion(error::Interno, fallo.what()));
+  }
+}
+
+void Escritorio::Operacion(const std::function<void()>& accion) {
+  Correr(accion);
+}
+
+void Escritorio::Correr(const std::function<void()>& accion) {
+  ++profundidad_;
+  try {
+    accion();
+  } catch (...) {
+    if (--profundidad_ == 0) Informar([this] { FinDeEvento(); });
+    throw;
+  }
+  if (--profundidad_ == 0) FinDeEvento();
+}
+
+void Escritorio::FinDeEvento() {
+  // The windows repaint and the unloaded screens go, whatever comes of the end of the unit.
+  struct Final {
+    Escritorio& yo;
+    ~Final() { yo.Rematar(); }
+  } final{*this};
+  if (AlTerminarEvento) AlTerminarEvento();
+}
+
+void Escritorio::Rematar() {
+  for (Form* form : cargados_) {
+    if (form->Vista()) form->Vista()->FinDeEvento();
+  }
+  std::exchange(retirados_, {});
+}
+
+void Escritorio::Esperar(const std::function<void()>& espera) {
+  if (AlTerminarEvento) AlTerminarEvento();
+  const int antes = std::exchange(profundidad_, 0);
+  const bool dejaba = std::exchange(dejando_, false);
+  for (Form* form : cargados_) {
+    if (form->Vista()) form->Vista()->FinDeEvento();
+  }
+  // Screens unloaded before the wait may still have a handler on the stack.
+  std::vector<Ref<Form>> guardados = std::exchange(retirados_, {});
+  const auto volver = [&] {
+    profundidad_ = antes;
+    dejando_ = dejaba;
+    std::move(guardados.begin(), guardados.end(), std::back_inserter(retirados_));
+  };
+  try {
+    espera();
+  } catch (...) {
+    volver();
+    throw;
+  }
+  volver();
+}
+
+bool Escritorio::DarFoco(Widget& widget) {
+  if (!widget.AdmiteFoco() || !widget.Alcanzable()) return false;
+  if (dejando_) {
+    salidas_.back().destino = &widget;
+    return false;
+  }
+  if (foco_ == &widget) return true;
+  Widget* llegada = foco_ ? Dejar(widget) : &widget;
+  // The handler may have unloaded, hidden or disabled where the focus was going.
+  foco_ = llegada && llegada->Alcanzable() ? llegada : nullptr;
+  MostrarFoco();
+  if (foco_) Widget::Disparar(foco_->GotFocus);
+  return foco_ == &widget;
+}
+
+Widget* Escritorio::Dejar(Widget& destino) {
+  // A widget whose handler waits for the user, as in a modal screen, is not left a second time.
+  const bool yaSale = EstaSaliendo(*foco_);
+  salidas_.push_back({foco_, &destino});
+  dejando_ = true;
+  const auto acabar = [this] {
+    dejando_ = false;
+    const Salida salida = salidas_.back();
+    salidas_.pop_back();
+    return salida;
+  };
+  try {
+    if (!yaSale) Widget::Disparar(foco_->LostFocus);
+  } catch (...) {
+    const Salida salida = acabar();
+    foco_ = salida.viejo && salida.viejo->Alcanzable() ? salida.viejo : nullptr;
+    MostrarFoco();
+    throw;
+  }
+  return acabar().destino;
+}
+
+bool Escritorio::EstaSaliendo(const Widget& widget) const {
+  return std::any_of(salidas_.begin(), salidas_.end(),
+                     [&](const Salida& salida) { return salida.viejo == &widget; });
+}
+
+void Escritorio::MostrarFoco() {
+  for (Form* form : cargados_) {
+    if (!form->Vista()) continue;
+    form->Vista()->Foco(foco_ && &foco_->Formulario() == form ? foco_ : nullptr);
+  }
+}
+
+void Escritorio::QuitarFoco() {
+  Widget* viejo = foco_;
+  if (!viejo || EstaSaliendo(*viejo)) return;
+  foco_ = nullptr;
+  if (Ventana* vista = viejo->Formulario().Vista()) vista->Foco(nullptr);
+  Widget::Disparar(viejo->LostFocus);
+}
+
+void Escritorio::OlvidarFoco(const Widget& widget) {
+  if (foco_ == &widget) foco_ = nullptr;
+  for (Salida& salida : salidas_) {
+    if (salida.viejo == &widget) salida.viejo = nullptr;
+    if (salida.destino == &widget) salida.destino = nullptr;
+  }
+}
+
+void Escritorio::Registrar(Form& form) {
+  cargados_.push_back(&form);
+}
+
+void Escritorio::Retirar(Form& form) {
+  std::erase(cargados_, &form);
+  retirados_.emplace_back(&form);
+}
+
+}  // namespace services

@@ -1,0 +1,58 @@
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "services/automatizacion.h"
+#include "services/error.h"
+#include "services/fecha.h"
+
+namespace services {
+
+class Aviso;
+class DestinoInforme;
+class Form;
+class SelectorConceptos;
+class Sesion;
+class Utiles;
+class Ventana;
+
+/// A class that an in-process server offers, as the automation runtime keeps it.
+struct ClaseRegistrada {
+  GUID Clsid;
+  std::string ProgId;
+};
+
+/// Size of the screen, twips.
+struct MedidaPantalla {
+  int Ancho = 0;
+  int Alto = 0;
+};
+
+/// What is made for the component by whoever links it. Every member must be set before the first
+/// screen loads.
+struct Plataforma {
+  std::function<std::unique_ptr<Ventana>(Form&)> CrearVentana;
+  std::function<std::unique_ptr<Aviso>()> CrearAviso;
+  std::function<std::unique_ptr<Utiles>(Sesion&)> CrearUtiles;
+  std::function<std::unique_ptr<SelectorConceptos>(Sesion&)> CrearSelectorConceptos;
+  /// An error that no handler caught.
+  std::function<void(const ErrorEjecucion&)> ErrorNoControlado;
+  std::function<FechaHora()> Ahora;
+  std::function<MedidaPantalla()> Pantalla;
+  /// Device names of the printers, in order, and a report's way to one of them.
+  std::function<std::vector<std::string>()> Printers;
+  std::function<std::unique_ptr<DestinoInforme>(const std::string& impresora)> AbrirImpresora;
+  /// The automation runtime: puts a class of this library on its list, or takes it off.
+  std::function<HRESULT(const ClaseRegistrada&)> Registrar;
+  std::function<HRESULT(const ClaseRegistrada&)> Anular;
+};
+
+/// Puts the platform in place, once, before the component is used.
+void InstalarPlataforma(Plataforma plataforma);
+/// The one in place; throws 91 when there is none.
+[[nodiscard]] const Plataforma& PlataformaInstalada();
+
+}  // namespace services

@@ -1,0 +1,45 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+#include "services/anfitrion.h"
+#include "services/fecha.h"
+#include "services/utiles.h"
+
+namespace services {
+
+struct Plataforma;
+
+/// The session values as the blocks of a screen see them.
+class Sesion {
+ public:
+  virtual ~Sesion() = default;
+
+  /// The connection to the stored tables. Throws 91 when the host handed over none.
+  [[nodiscard]] virtual Conexion& CnDatos() const = 0;
+  /// The connection to the working tables; the same.
+  [[nodiscard]] virtual Conexion& CnTemp() const = 0;
+  [[nodiscard]] virtual const std::string& Usuario() const = 0;
+  /// Tells the suite of a DELETE that ran on the stored tables, by its exact text.
+  virtual void AnotarBorrado(const std::string& sentencia) = 0;
+  /// Makes durable what has been written to the stored tables so far.
+  virtual void AsegurarDatos() = 0;
+  /// Twips, like the next.
+  [[nodiscard]] virtual std::int32_t AnchoReferencia() const = 0;
+  [[nodiscard]] virtual std::int32_t AltoReferencia() const = 0;
+
+  /// Made at their first use, and kept.
+  virtual services::Utiles& Utiles() = 0;
+  virtual services::Aviso& Aviso() = 0;
+
+  [[nodiscard]] virtual FechaHora Ahora() const = 0;
+  /// Width of the real screen, twips.
+  [[nodiscard]] virtual int AnchoPantalla() const = 0;
+  [[nodiscard]] virtual int AltoPantalla() const = 0;
+
+  /// Whether the real screen is as wide as the one that the screens are laid out for.
+  [[nodiscard]] bool PantallaDeReferencia() const { return AnchoPantalla() == AnchoReferencia(); }
+};
+
+}  // namespace services
