@@ -1,31 +1,35 @@
 #pragma once
 
 #include <cstdint>
-#include <random>
-#include <vector>
 
 namespace muestra {
 
-/// Chance that falls the same way everywhere: the library's distributions don't.
+/// Numbers that look like chance and are the same everywhere for the same seed: the library's own
+/// distributions give other numbers with each library.
 class Azar {
  public:
-  explicit Azar(std::uint32_t semilla) : motor_(semilla) {}
+  explicit Azar(std::uint64_t semilla) : estado_(semilla) {}
 
-  /// From 0 to `hasta`, itself left out.
-  [[nodiscard]] int Menos(int hasta) {
-    return static_cast<int>(motor_() % static_cast<std::uint32_t>(hasta));
+  /// A whole number from `desde` to `hasta`, both included. Takes one step whatever the bounds, so
+  /// that a choice among more or fewer leaves the later ones as they were.
+  int Entre(int desde, int hasta) {
+    const auto cuantos = static_cast<std::uint64_t>(hasta - desde + 1);
+    return desde + static_cast<int>(((Siguiente() >> 32) * cuantos) >> 32);
   }
-  /// Both ends included.
-  [[nodiscard]] int Entre(int desde, int hasta) { return desde + Menos(hasta - desde + 1); }
+
   /// True so many times in a hundred.
-  [[nodiscard]] bool Ciento(int veces) { return Menos(100) < veces; }
-  template <class T>
-  [[nodiscard]] const T& De(const std::vector<T>& lista) {
-    return lista[static_cast<std::size_t>(Menos(static_cast<int>(lista.size())))];
-  }
+  bool DeCada100(int veces) { return Entre(0, 99) < veces; }
 
  private:
-  std::mt19937 motor_;
+  std::uint64_t Siguiente() {
+    estado_ += 0x9E3779B97F4A7C15;
+    std::uint64_t mezcla = estado_;
+    mezcla = (mezcla ^ (mezcla >> 30)) * 0xBF58476D1CE4E5B9;
+    mezcla = (mezcla ^ (mezcla >> 27)) * 0x94D049BB133111EB;
+    return mezcla ^ (mezcla >> 31);
+  }
+
+  std::uint64_t estado_;
 };
 
 }  // namespace muestra

@@ -1,72 +1,91 @@
 #include "muestra/conceptos.h"
 
-namespace muestra {
+#include <array>
 
-const std::vector<Concepto>& Conceptos() {
-  using enum Clase;
-  static const std::vector<Concepto> conceptos = {
-      {101, "Almacenes Riofrío, S.L.", Mercancia, 2400, 16},
-      {102, "Harinas del Esgueva, S.A.", Mercancia, 1800, 4},
-      {103, "Aceites Peñalbina, S.C.", Mercancia, 3100, 7},
-      {104, "Conservas Cabo Lastres, S.L.", Mercancia, 2650, 7},
-      {105, "Bodegas Valdecorzas", Mercancia, 1980, 16},
-      {106, "Lácteos Monte Pardo, S.A.", Mercancia, 1450, 4},
-      {107, "Frutas Hermanos Ordiales", Mercancia, 940, 4},
-      {108, "Cárnicas Sierra Baja, S.L.", Mercancia, 2870, 7},
-      {109, "Congelados Ártabro, S.A.", Mercancia, 3360, 7},
-      {110, "Cafés Torrealba", Mercancia, 620, 7},
-      {111, "Distribuciones Nogueira e Hijos", Mercancia, 4120, 16},
-      {112, "Papelería Industrial Castro", Mercancia, 310, 16},
-      {113, "Envases y Cartonajes Ebro Alto", Mercancia, 1270, 16},
-      {114, "Plásticos Montearagón, S.L.", Mercancia, 1640, 16},
-      {115, "Embutidos La Encartada", Mercancia, 2210, 7},
-      {116, "Panadería Obrador San Gil", Mercancia, 380, 4},
-      {117, "Especias Alhóndiga, S.L.", Mercancia, 540, 7},
-      {118, "Menaje Hostelero Duratón", Mercancia, 890, 16},
-      {119, "Uniformes Costa Verde", Mercancia, 720, 16},
-      {120, "Suministros Eléctricos Tajuña", Mercancia, 1130, 16},
-      {121, "Ferretería Hnos. Quiroga", Mercancia, 260, 16},
-      {122, "Maderas Urbasa, S.A.", Mercancia, 3480, 16},
-      {123, "Muebles de Oficina Ancora", Mercancia, 2190, 16},
-      {124, "Informática Bidasoa, S.L.", Mercancia, 1760, 16},
-      {125, "Pinturas Albarracín", Mercancia, 430, 16},
-      {126, "Libros y Revistas Ateneo", Mercancia, 180, 4},
-      {127, "Farmacia Lda. Uríbarri", Mercancia, 95, 4},
-      {128, "Vidrios y Espejos Guareña", Mercancia, 670, 16},
-      {129, "Recambios Autocid, S.L.", Mercancia, 580, 16},
-      {130, "Neumáticos Puente Largo", Mercancia, 760, 16},
-      {201, "Gestoría Baltanás y Asociados", Profesional, 450, 16},
-      {202, "Abogados Echegaray Lafuente", Profesional, 900, 16},
-      {203, "Notaría Dña. Inés Villafranca", Profesional, 320, 16},
-      {204, "Arquitecta Marta Sanabria", Profesional, 1850, 16},
-      {205, "Diseño Gráfico Óscar Lumbreras", Profesional, 640, 16},
-      {206, "Auditores Campoamor, S.L.P.", Profesional, 2300, 16},
-      {207, "Traducciones Ángela Briñas", Profesional, 275, 16},
-      {208, "Veterinario D. Íñigo Salcedo", Profesional, 210, 16},
-      {301, "Electricidad Norcantábrica, S.A.", Servicio, 780, 16},
-      {302, "Gas Alto Duero", Servicio, 410, 16},
-      {303, "Aguas Municipales", Servicio, 160, 7},
-      {304, "Telefonía Atlántida", Servicio, 340, 16},
-      {305, "Limpiezas Brillasol, S.L.", Servicio, 690, 16},
-      {306, "Transportes Pisuerga Exprés", Servicio, 520, 16},
-      {307, "Mensajería Rayo Azul", Servicio, 130, 16},
-      {308, "Seguridad Vigía, S.A.", Servicio, 560, 16},
-      {309, "Taller Mecánico Los Arcos", Servicio, 470, 16},
-      {310, "Publicidad Mirador", Servicio, 850, 16},
-      {311, "Mantenimiento de Ascensores Alza", Servicio, 240, 16},
-      {312, "Hotel Cuatro Caminos", Servicio, 190, 7},
-      {313, "Restaurante Casa Eulalia", Servicio, 85, 7},
-      {314, "Imprenta Minerva Ochoa", Servicio, 390, 16},
-      {315, "Alquiler Nave Polígono Sur", Servicio, 1650, 16},
-      {316, "Alquiler Local Calle Mayor", Servicio, 1120, 16},
-      {401, "Seguros Generales La Atalaya", Exento, 730, 0},
-      {402, "Cuota Cámara de Comercio", Exento, 115, 0},
-      {403, "Impuesto de Actividades", Exento, 480, 0},
-      {404, "Intereses Caja Rural del Tormes", Exento, 260, 0},
-      {405, "Academia de Formación Saber", Exento, 350, 0},
-      {406, "Sellos y Correos", Exento, 42, 0},
-  };
-  return conceptos;
+namespace muestra {
+namespace {
+
+constexpr Perfil kGeneral = {"1", 0, 40, 1800};
+constexpr Perfil kMaterial = {"1", 0, 12, 240};
+constexpr Perfil kAlimentos = {"23", 0, 25, 600};
+constexpr Perfil kHosteleria = {"2", 0, 15, 320};
+constexpr Perfil kLibros = {"31", 0, 10, 180};
+constexpr Perfil kProfesional = {"1", 15, 120, 1500};
+constexpr Perfil kNuevoProfesional = {"1", 7, 90, 700};
+constexpr Perfil kAlquiler = {"1", 15, 450, 1600};
+constexpr Perfil kGestoria = {"10", 0, 30, 260};
+constexpr Perfil kExento = {"0", 0, 20, 900};
+constexpr Perfil kMixto = {"123", 0, 30, 400};
+
+constexpr std::array kConceptos = {
+    Concepto{"101", "Suministros Ibáñez y Muñoz, S.L.", &kGeneral},
+    Concepto{"102", "Papelería La Cigüeña Azul", &kMaterial},
+    Concepto{"103", "Ferretería Hermanos Nuño", &kMaterial},
+    Concepto{"104", "Talleres Ocaña-Brull, S.A.", &kGeneral},
+    Concepto{"105", "Gráficas del Almirez", &kGeneral},
+    Concepto{"106", "Carpintería Núñez Arriaza", &kGeneral},
+    Concepto{"107", "Transportes Valdeñoro", &kGeneral},
+    Concepto{"108", "Embalajes Íñigo Castañar, S.L.", &kGeneral},
+    Concepto{"109", "Limpiezas Aguanieve", &kMaterial},
+    Concepto{"110", "Electricidad Begoña Zuñeda", &kGeneral},
+    Concepto{"111", "Fontanería Peñuela e Hijos", &kMaterial},
+    Concepto{"112", "Cristalería Añover del Sur", &kGeneral},
+    Concepto{"113", "Pinturas Tío Damián", &kMaterial},
+    Concepto{"114", "Rótulos Luz de Otoño", &kGeneral},
+    Concepto{"115", "Climatización Sañudo y Gálvez", &kGeneral},
+    Concepto{"116", "Extintores Vega Larrañaga", &kMaterial},
+    Concepto{"117", "Mobiliario Cuatro Álamos", &kGeneral},
+    Concepto{"118", "Informática Ñandú, S.L.", &kGeneral},
+    Concepto{"119", "Mensajería Paso Ligero", &kMaterial},
+    Concepto{"120", "Uniformes Doña Úrsula", &kGeneral},
+    Concepto{"121", "Maderas Echániz Pavón", &kGeneral},
+    Concepto{"122", "Cerámicas Ruiz de Oñoro", &kGeneral},
+    Concepto{"123", "Recambios El Piñón", &kMaterial},
+    Concepto{"124", "Plásticos Güemes, S.A.", &kGeneral},
+    Concepto{"201", "Frutas Señorío de Yeste", &kAlimentos},
+    Concepto{"202", "Panadería Trigo y Añil", &kAlimentos},
+    Concepto{"203", "Bodegas Muñoverde", &kAlimentos},
+    Concepto{"204", "Lácteos Piedra Caída", &kAlimentos},
+    Concepto{"205", "Aceites Cañalejo, S.C.", &kAlimentos},
+    Concepto{"206", "Café y Té Albariño Díaz", &kAlimentos},
+    Concepto{"211", "Hostal El Búho Pequeño", &kHosteleria},
+    Concepto{"212", "Restaurante Casa Íscar", &kHosteleria},
+    Concepto{"213", "Taxis de la Rañada", &kHosteleria},
+    Concepto{"214", "Floristería Campanilla", &kHosteleria},
+    Concepto{"221", "Librería El Cuaderno Gris", &kLibros},
+    Concepto{"222", "Ediciones Otoñales", &kLibros},
+    Concepto{"223", "Prensa y revistas", &kLibros},
+    Concepto{"301", "Begoña Azpeitia Núñez, abogada", &kProfesional},
+    Concepto{"302", "Íñigo Salvatierra, arquitecto", &kProfesional},
+    Concepto{"303", "Estudio de diseño Ana Güell", &kProfesional},
+    Concepto{"304", "Martín Peñaranda, traductor", &kNuevoProfesional},
+    Concepto{"305", "Lucía Ordóñez, fotógrafa", &kNuevoProfesional},
+    Concepto{"306", "Notaría de la plaza Vieja", &kProfesional},
+    Concepto{"311", "Alquiler del local de la calle Mayor", &kAlquiler},
+    Concepto{"312", "Alquiler del almacén de Las Viñas", &kAlquiler},
+    Concepto{"321", "Gestoría Bañuelos y Asociados", &kGestoria},
+    Concepto{"322", "Asesoría fiscal Téllez Núñez", &kGestoria},
+    Concepto{"401", "Energía eléctrica", &kGeneral},
+    Concepto{"402", "Teléfono y datos", &kMaterial},
+    Concepto{"403", "Agua y basuras", &kHosteleria},
+    Concepto{"404", "Combustible de las furgonetas", &kMaterial},
+    Concepto{"405", "Economato Nuestra Señora de la Peña", &kMixto},
+    Concepto{"406", "Almacenes Añorbe", &kMixto},
+    Concepto{"501", "Seguro del almacén", &kExento},
+    Concepto{"502", "Seguro de los vehículos", &kExento},
+    Concepto{"503", "Correos y sellos", &kExento},
+    Concepto{"504", "Formación del personal", &kExento},
+    Concepto{"505", "Comisiones bancarias", &kExento},
+    Concepto{"601", "Nóminas", nullptr},
+    Concepto{"602", "Seguridad Social", nullptr},
+    Concepto{"603", "Préstamo de la furgoneta", nullptr},
+    Concepto{"604", "Impuesto de actividades", nullptr},
+};
+
+}  // namespace
+
+std::span<const Concepto> Conceptos() {
+  return kConceptos;
 }
 
 }  // namespace muestra

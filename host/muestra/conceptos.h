@@ -1,29 +1,12 @@
 #pragma once
 
-#include <string>
-#include <vector>
+#include <span>
+
+#include "muestra/negocio.h"
 
 namespace muestra {
 
-/// How the invoices of a concept come.
-enum class Clase {
-  Mercancia,    ///< goods at one rate or two, in several receipts
-  Profesional,  ///< a fee with withholding
-  Servicio,     ///< one rate, one receipt
-  Exento,       ///< without VAT
-};
-
-struct Concepto {
-  int Codigo;
-  std::string Descripcion;
-  Clase Tipo;
-  /// Usual amount before VAT, in whole euros.
-  int Importe;
-  /// VAT rate of its goods, percent.
-  int Iva;
-};
-
-/// The suppliers and expenses of the sample business, all invented.
-[[nodiscard]] const std::vector<Concepto>& Conceptos();
+/// Suppliers and expenses, by their code.
+[[nodiscard]] std::span<const Concepto> Conceptos();
 
 }  // namespace muestra

@@ -1,121 +1,166 @@
 #include "muestra/facturas.h"
 
 #include <algorithm>
+#include <array>
 #include <map>
-#include <numeric>
+#include <string_view>
+
+#include "muestra/azar.h"
+#include "muestra/conceptos.h"
 
 namespace muestra {
 namespace {
 
 using services::FechaHora;
 
-constexpr int kDiasDeUnAnio = 365;
-constexpr int kRetencion = 15;
+constexpr int kMesesAtras = 15;
+constexpr int kPorMesPasado = 64;
+/// From the current month on.
+constexpr std::array kPorMesVenidero = {16, 35, 33, 31, 29, 27, 25, 22, 22};
 
-/// Ties go away from zero.
-Centimos PorCiento(Centimos importe, int tipo) {
-  return (importe * tipo + 50) / 100;
+void AnadirFechas(std::vector<FechaHora>& fechas, FechaHora primero, int cuantas, Azar& azar) {
+  const auto dia = services::Descomponer(primero);
+  const int ultimo = services::DiasDelMes(dia.Anio, dia.Mes) - 1;
+  for (int i = 0; i < cuantas; ++i) fechas.push_back({primero.Dias + azar.Entre(0, ultimo)});
 }
 
-FechaHora Mas(FechaHora dia, int dias) {
-  return {dia.Dias + dias, 0};
+std::vector<FechaHora> Fechas(FechaHora hoy, Azar& azar) {
+  std::vector<FechaHora> fechas;
+  for (int mes = -kMesesAtras; mes < 0; ++mes) {
+    AnadirFechas(fechas, PrimeroDeMes(hoy, mes), kPorMesPasado, azar);
+  }
+  int mes = 0;
+  for (const int cuantas : kPorMesVenidero) {
+    AnadirFechas(fechas, PrimeroDeMes(hoy, mes++), cuantas, azar);
+  }
+  std::ranges::sort(fechas);
+  return fechas;
 }
 
-std::string Numerar(const Concepto& concepto, int orden, int anio) {
-  const std::string cifras = std::to_string(10000 + orden).substr(1);
-  switch (concepto.Codigo % 3) {
+/// Suppliers number their invoices each in its own way, and never use a number twice.
+std::string Numerar(std::size_t proveedor, int anio, int orden) {
+  const std::string numero = std::to_string(orden);
+  const std::string ancho = std::string(4 - std::min<std::size_t>(4, numero.size()), '0') + numero;
+  switch (proveedor % 4) {
     case 0:
-      return std::to_string(anio) + "/" + cifras;
+      return "A-" + ancho;
     case 1:
-      return "F" + std::to_string(anio % 100) + "-" + cifras;
+      return std::to_string(anio) + "/" + ancho;
+    case 2:
+      return "F" + ancho;
     default:
-      return "A" + std::to_string(concepto.Codigo) + cifras;
+      return numero;
   }
 }
 
-Base HacerBase(Centimos importe, int iva) {
-  return {iva, importe, PorCiento(importe, iva)};
+int PorcentajeDe(char tipo) {
+  constexpr std::string_view tipos = "0123";
+  constexpr std::array porcentajes = {0, 16, 7, 4};
+  return porcentajes.at(tipos.find(tipo));
 }
 
-void PonerImportes(Factura& factura, Azar& azar) {
-  const Concepto& concepto = *factura.De;
-  const Centimos euros = Centimos{concepto.Importe} * azar.Entre(55, 160);
-  const Centimos importe = euros + azar.Menos(100);
-  if (concepto.Tipo == Clase::Exento) {
-    factura.Exento = importe;
-    return;
+Centimos Porcentaje(Centimos importe, int porcentaje) {
+  return (importe * porcentaje + 50) / 100;
+}
+
+/// Small amounts are commoner than large ones.
+Centimos Cuantia(const Perfil& perfil, Azar& azar) {
+  const Centimos u = azar.Entre(0, 999);
+  const Centimos minimo = perfil.Minimo * 100;
+  return minimo + (perfil.Maximo * 100 - minimo) * u * u / 1'000'000 + azar.Entre(0, 99);
+}
+
+void PonerImportes(Factura& factura, const Perfil& perfil, Azar& azar) {
+  for (const char tipo : perfil.Tipos) {
+    const Centimos importe = Cuantia(perfil, azar);
+    const bool lleva = azar.DeCada100(60) || factura.Bases.empty();
+    if (!lleva) continue;
+    factura.Bases.push_back({tipo, importe, Porcentaje(importe, PorcentajeDe(tipo))});
+    factura.Total += importe + factura.Bases.back().Iva;
   }
-  factura.Bases.push_back(HacerBase(importe, concepto.Iva));
-  if (concepto.Tipo == Clase::Mercancia && azar.Ciento(25)) {
-    factura.Bases.push_back(HacerBase(importe / 3 + azar.Menos(100), concepto.Iva == 16 ? 7 : 16));
-  }
-  if (concepto.Tipo == Clase::Mercancia && azar.Ciento(8)) factura.Exento = azar.Entre(500, 9000);
-  if (concepto.Tipo != Clase::Profesional) return;
-  factura.BaseRetenida = importe;
-  factura.TipoRetencion = kRetencion;
-  factura.Retencion = PorCiento(importe, kRetencion);
+  if (perfil.Retencion == 0) return;
+  const Centimos base = factura.Bases.front().Importe;
+  factura.Retencion = {base, perfil.Retencion, Porcentaje(base, perfil.Retencion)};
+  factura.Total -= factura.Retencion.Importe;
 }
 
-void PonerPlazos(Factura& factura, Azar& azar) {
-  factura.Aplazada = factura.De->Tipo == Clase::Mercancia && azar.Ciento(70);
-  factura.Dias1Vto = factura.Aplazada ? 30 * azar.Entre(1, 2) : azar.Entre(0, 15);
-  factura.Cadencia = factura.Aplazada ? 30 : 0;
+Plazo ElegirPlazo(Azar& azar) {
+  constexpr std::array primeros = {15, 30, 30, 60};
+  constexpr std::array cadencias = {15, 30, 30, 30, 60};
+  const bool aplazado = azar.DeCada100(11);
+  const auto primero = static_cast<std::size_t>(azar.Entre(0, primeros.size() - 1));
+  const auto cadencia = static_cast<std::size_t>(azar.Entre(0, cadencias.size() - 1));
+  const int recibos = azar.Entre(1, 6);
+  if (!aplazado) return {};
+  return {true, recibos, primeros.at(primero), cadencias.at(cadencia)};
 }
 
-void Repartir(Factura& factura, Azar& azar) {
-  const int cuantos = factura.Aplazada ? azar.Entre(1, 4) : 1;
-  const Centimos total = factura.Total();
-  for (int i = 0; i < cuantos; ++i) {
-    const Centimos parte = total / cuantos;
+/// Equal receipts, rounded; the last one takes the difference.
+void Repartir(Factura& factura, int diasALaVista) {
+  const Plazo& plazo = factura.Plazo;
+  const Centimos parte = (factura.Total * 2 + plazo.Recibos) / (plazo.Recibos * 2);
+  int vence = factura.Fecha.Dias + (plazo.Aplazado ? plazo.Dias1Vto : diasALaVista);
+  for (int i = 1; i <= plazo.Recibos; ++i, vence += plazo.Cadencia) {
+    const bool ultimo = i == plazo.Recibos;
     factura.Recibos.push_back(
-        {.Vencimiento = Mas(factura.Fecha, factura.Dias1Vto + i * factura.Cadencia),
-         .Importe = i + 1 < cuantos ? parte : total - parte * (cuantos - 1),
-         .Pagado = 0,
-         .Pago = {}});
+        {{vence}, ultimo ? factura.Total - parte * (plazo.Recibos - 1) : parte, Centimos{0}, {}});
   }
 }
 
-/// What fell due long ago is paid, what did lately is so here and there, and hardly anything is
-/// before its day.
-void Pagar(Recibo& recibo, FechaHora hoy, Azar& azar) {
-  const int dias = hoy.Dias - recibo.Vencimiento.Dias;
-  const int pagados = dias > 45 ? 97 : dias > 0 ? 60 : dias > -20 ? 12 : 0;
-  const int aCuenta = dias > 45 ? 1 : dias > -20 ? 12 : 3;
-  const int suerte = azar.Menos(100);
-  if (suerte < pagados) {
-    recibo.Pagado = recibo.Importe;
-  } else if (suerte < pagados + aCuenta) {
-    recibo.Pagado = std::max<Centimos>(recibo.Importe * azar.Entre(2, 8) / 10, 1);
-  } else {
+struct Habitos {
+  int Pagados;  ///< of a hundred receipts
+  int AMedias;
+};
+
+Habitos HabitosDe(int diasVencido) {
+  if (diasVencido > 60) return {96, 2};
+  return diasVencido >= 0 ? Habitos{70, 12} : Habitos{3, 2};
+}
+
+void Pagar(Recibo& recibo, FechaHora factura, FechaHora hoy, Azar& azar) {
+  const int suerte = azar.Entre(0, 99);
+  const int retraso = azar.Entre(-2, 8);
+  const int parte = azar.Entre(20, 80);
+  const bool antiguo = azar.DeCada100(15);
+  const Habitos habitos = HabitosDe(hoy.Dias - recibo.Vence.Dias);
+  if (factura > hoy || suerte >= habitos.Pagados + habitos.AMedias) {
+    if (antiguo) recibo.Pagado.reset();
     return;
   }
-  recibo.Pago = Mas(recibo.Vencimiento, std::min(azar.Entre(-3, 6), dias));
+  recibo.Pagado = suerte < habitos.Pagados ? recibo.Importe
+                                           : std::max<Centimos>(1, recibo.Importe * parte / 100);
+  recibo.Pago = std::clamp(FechaHora{recibo.Vence.Dias + retraso}, factura, hoy);
+}
+
+std::vector<const Concepto*> QueFacturan() {
+  std::vector<const Concepto*> elegidos;
+  for (const Concepto& concepto : Conceptos()) {
+    if (concepto.Facturas) elegidos.push_back(&concepto);
+  }
+  return elegidos;
 }
 
 }  // namespace
 
-Centimos Factura::Total() const {
-  return std::accumulate(
-      Bases.begin(), Bases.end(), Exento - Retencion,
-      [](Centimos suma, const Base& base) { return suma + base.Importe + base.Cuota; });
-}
-
-std::vector<Factura> Facturas(int cuantas, FechaHora hoy, Azar& azar) {
-  std::vector<Factura> facturas(static_cast<std::size_t>(cuantas));
-  for (Factura& factura : facturas) {
-    factura.De = &azar.De(Conceptos());
-    factura.Fecha = Mas(hoy, azar.Entre(-kDiasDeUnAnio, kDiasDeUnAnio));
-  }
-  std::stable_sort(facturas.begin(), facturas.end(),
-                   [](const Factura& a, const Factura& b) { return a.Fecha < b.Fecha; });
-  std::map<int, int> ordenes;
-  for (Factura& factura : facturas) {
-    const int anio = services::Descomponer(factura.Fecha).Anio;
-    factura.Numero = Numerar(*factura.De, ++ordenes[factura.De->Codigo], anio);
-    PonerImportes(factura, azar);
-    PonerPlazos(factura, azar);
-    Repartir(factura, azar);
-    for (Recibo& recibo : factura.Recibos) Pagar(recibo, hoy, azar);
+std::vector<Factura> Facturas(FechaHora hoy) {
+  Azar azar(20050301);
+  // Apart, so that what is paid by a day changes nothing else.
+  Azar pagos(20050302);
+  const auto conceptos = QueFacturan();
+  std::map<std::size_t, int> contadores;
+  std::vector<Factura> facturas;
+  for (const FechaHora fecha : Fechas({hoy.Dias}, azar)) {
+    const auto cual =
+        static_cast<std::size_t>(azar.Entre(0, static_cast<int>(conceptos.size()) - 1));
+    Factura factura;
+    factura.Concepto = conceptos[cual];
+    factura.Fecha = fecha;
+    factura.Numero = Numerar(cual, services::Descomponer(fecha).Anio, ++contadores[cual]);
+    PonerImportes(factura, *factura.Concepto->Facturas, azar);
+    factura.Plazo = ElegirPlazo(azar);
+    Repartir(factura, azar.Entre(0, 12));
+    for (Recibo& recibo : factura.Recibos) Pagar(recibo, fecha, {hoy.Dias}, pagos);
+    facturas.push_back(std::move(factura));
   }
   return facturas;
 }

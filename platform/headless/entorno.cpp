@@ -12,16 +12,20 @@
 
 namespace headless {
 
+namespace {
+
 class AvisoHeadless final : public services::Aviso {
  public:
   explicit AvisoHeadless(std::shared_ptr<Entorno> entorno) : entorno_(std::move(entorno)) {}
   int Mostrar(const std::string& texto, int flags, const std::string& titulo) override {
-    return entorno_->Mostrar(texto, flags, titulo);
+    return entorno_->Mensajes.Mostrar(texto, flags, titulo);
   }
 
  private:
   std::shared_ptr<Entorno> entorno_;
 };
+
+}  // namespace
 
 std::shared_ptr<Entorno> Entorno::Crear() {
   return std::shared_ptr<Entorno>(new Entorno);
@@ -95,17 +99,6 @@ void Entorno::EsperarModal(services::Form& form) {
   if (AlEsperarModal) AlEsperarModal(form);
   form.Hide();
   modales_.pop_back();
-}
-
-int Entorno::Mostrar(const std::string& texto, int flags, const std::string& titulo) {
-  int respuesta = 0;
-  const auto contestar = [&] { respuesta = Mensajes.Mostrar(texto, flags, titulo); };
-  if (escritorio_) {
-    escritorio_->Esperar(contestar);
-  } else {
-    contestar();
-  }
-  return respuesta;
 }
 
 }  // namespace headless

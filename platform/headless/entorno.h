@@ -66,11 +66,9 @@ class Entorno : public std::enable_shared_from_this<Entorno> {
 
  private:
   friend class VentanaHeadless;
-  friend class AvisoHeadless;
 
   Entorno() = default;
   void EsperarModal(services::Form& form);
-  int Mostrar(const std::string& texto, int flags, const std::string& titulo);
 
   services::Escritorio* escritorio_ = nullptr;
   std::vector<const services::Form*> modales_;

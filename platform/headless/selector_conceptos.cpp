@@ -11,8 +11,7 @@ namespace headless {
 void SelectorHeadless::Buscar(services::Ref<services::IDatosClase>&,
                               services::Ref<services::Form>& form, std::string_view,
                               std::string_view, const std::string&, std::string_view, bool) {
-  std::optional<std::string> elegido;
-  form->Escritorio().Esperar([&] { elegido = std::exchange(entorno_->Concepto, std::nullopt); });
+  const std::optional<std::string> elegido = std::exchange(entorno_->Concepto, std::nullopt);
   auto* caja = dynamic_cast<services::TextBox*>(form->Buscar("TxtBusco"));
   if (elegido && caja) caja->Text = *elegido;
 }

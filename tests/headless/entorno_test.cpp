@@ -132,18 +132,12 @@ TEST_F(UnEntorno, ElRelojAndaHastaQueSePara) {
   EXPECT_EQ(plataforma.Ahora(), services::HacerFecha(2005, 3, 15, 10, 0, 0));
 }
 
-TEST_F(UnEntorno, LaPreguntaTerminaLaUnidadAntesDeEsperar) {
-  pantalla->Show();
-  entorno->Mensajes.Responder(services::mensaje::Si);
-  std::vector<std::string> pasos;
-  escritorio.AlTerminarEvento = [&] { pasos.push_back("fin"); };
+TEST_F(UnEntorno, LosAvisosSeContestanDeLaCola) {
+  entorno->Mensajes.Responder(services::mensaje::No);
   const auto aviso = plataforma.CrearAviso();
-  escritorio.Evento([&] {
-    pasos.push_back("antes");
-    aviso->Mostrar("¿Seguro?", services::mensaje::SiNo, "");
-    pasos.push_back("despues");
-  });
-  EXPECT_EQ(pasos, (std::vector<std::string>{"antes", "fin", "despues", "fin"}));
+  EXPECT_EQ(aviso->Mostrar("¿Seguro?", services::mensaje::SiNo, "Atención"), services::mensaje::No);
+  ASSERT_EQ(entorno->Mensajes.Mostrados().size(), 1U);
+  EXPECT_EQ(entorno->Mensajes.Mostrados()[0].Texto, "¿Seguro?");
 }
 
 TEST_F(UnEntorno, ElRegistroGuardaYQuitaClases) {
