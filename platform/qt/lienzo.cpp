@@ -138,6 +138,7 @@ void Lienzo::Avisar(Suceso suceso, bool& pedido) {
 void Lienzo::CentrarPaneles() {
   for (QWidget* panel : findChildren<QWidget*>(Qt::FindDirectChildrenOnly)) {
     if (!panel->property("centrado").toBool()) continue;
+    panel->raise();
     const QSize medida = panel->sizeHint().expandedTo(panel->minimumSize()).boundedTo(size());
     panel->setGeometry(
         QRect(QPoint(), medida).translated(rect().center() - QRect(QPoint(), medida).center()));
