@@ -1,16 +1,17 @@
 #include "sqlite/unidad.h"
 
-#include "services/error.h"
+#include <utility>
 
 namespace sqlite {
 
 namespace {
 
-[[noreturn]] void LanzarPerdida() {
-  throw services::ErrorEjecucion(
-      services::error::FalloDeConexion,
-      "La base de datos ha deshecho los últimos cambios, que no se han guardado (SQLite " +
-          std::to_string(SQLITE_ABORT_ROLLBACK) + ": transaction rolled back)");
+using services::ErrorEjecucion;
+
+ErrorEjecucion Deshecha() {
+  return {services::error::FalloDeConexion,
+          "La base de datos ha deshecho los últimos cambios, que no se han guardado (SQLite " +
+              std::to_string(SQLITE_ABORT_ROLLBACK) + ": transaction rolled back)"};
 }
 
 }  // namespace
@@ -20,13 +21,24 @@ void Unidad::Paso(std::string_view texto) {
   if (sqlite3_step(sentencia.get()) != SQLITE_DONE) Lanzar(base_.Motor());
 }
 
+template <class Accion>
+void Unidad::Intentar(Accion accion) {
+  try {
+    accion();
+  } catch (const ErrorEjecucion& fallo) {
+    const bool delFichero = fallo.Numero() == services::error::FalloDeConexion;
+    if (agrupa_ && (delFichero || (enCurso_ && !base_.EnTransaccion()))) perdida_ = fallo;
+    throw;
+  }
+}
+
 void Unidad::AntesDeEscribir() {
-  if (estado_ == Estado::EnCurso && !base_.EnTransaccion()) estado_ = Estado::Perdida;
-  if (estado_ == Estado::EnCurso) return;
-  if (estado_ == Estado::Perdida) LanzarPerdida();
+  if (enCurso_ && !perdida_ && !base_.EnTransaccion()) perdida_ = Deshecha();
+  if (perdida_) throw ErrorEjecucion(*perdida_);
+  if (enCurso_) return;
   if (agrupa_) {
-    Paso("BEGIN IMMEDIATE");
-    estado_ = Estado::EnCurso;
+    Intentar([this] { Paso("BEGIN IMMEDIATE"); });
+    enCurso_ = true;
   }
   ++transacciones_;
 }
@@ -40,30 +52,32 @@ void Unidad::Escribir(sqlite3_stmt* sentencia) {
   const int codigo = sqlite3_extended_errcode(base_.Motor());
   const std::string texto = sqlite3_errmsg(base_.Motor());
   sqlite3_reset(sentencia);
-  if (estado_ == Estado::EnCurso && !base_.EnTransaccion()) estado_ = Estado::Perdida;
-  Lanzar(codigo, texto);
+  Intentar([&] { Lanzar(codigo, texto); });
 }
 
 void Unidad::Terminar() {
-  if (estado_ == Estado::SinEmpezar) return;
-  if (estado_ == Estado::Perdida || !base_.EnTransaccion()) {
-    estado_ = Estado::SinEmpezar;
-    LanzarPerdida();
+  if (enCurso_ && !perdida_ && !base_.EnTransaccion()) perdida_ = Deshecha();
+  if (perdida_) {
+    const ErrorEjecucion causa = *perdida_;
+    Abandonar();
+    throw ErrorEjecucion(causa);
   }
+  if (!enCurso_) return;
   try {
     Paso("COMMIT");
-    estado_ = Estado::SinEmpezar;
-  } catch (const services::ErrorEjecucion&) {
+    enCurso_ = false;
+  } catch (const ErrorEjecucion&) {
     Abandonar();
     throw;
   }
 }
 
 void Unidad::Abandonar() noexcept {
-  if (estado_ != Estado::SinEmpezar && base_.EnTransaccion()) {
+  if (enCurso_ && base_.EnTransaccion()) {
     sqlite3_exec(base_.Motor(), "ROLLBACK", nullptr, nullptr, nullptr);
   }
-  estado_ = Estado::SinEmpezar;
+  enCurso_ = false;
+  perdida_.reset();
 }
 
 }  // namespace sqlite

@@ -1,5 +1,8 @@
 #pragma once
 
+#include <optional>
+
+#include "services/error.h"
 #include "sqlite/almacen.h"
 #include "sqlite/base.h"
 
@@ -7,8 +10,10 @@ namespace sqlite {
 
 /// The unit of work of a connection: its writes between two ends, all of them durable or none.
 ///
-/// The engine may drop a transaction by itself, as when the disk is full. The unit is then lost:
-/// nothing more is written in it, so that no half of it stays, and its end fails.
+/// A write that fails by the fault of its row (a key that repeats, a value that doesn't fit) fails
+/// alone. One that fails by the fault of the file (a lock, a full disk) loses the unit: nothing
+/// more is written in it, so that no half of it stays, and its end fails with the same error,
+/// whether or not anyone listened to the first.
 class Unidad {
  public:
   Unidad(Base& base, Almacen& almacen, bool agrupa)
@@ -24,14 +29,16 @@ class Unidad {
   [[nodiscard]] std::size_t Transacciones() const { return transacciones_; }
 
  private:
-  enum class Estado { SinEmpezar, EnCurso, Perdida };
-
   void Paso(std::string_view texto);
+  /// Runs a step of the unit; an error of the file's loses it.
+  template <class Accion>
+  void Intentar(Accion accion);
 
   Base& base_;
   Almacen& almacen_;
   bool agrupa_;
-  Estado estado_ = Estado::SinEmpezar;
+  bool enCurso_ = false;
+  std::optional<services::ErrorEjecucion> perdida_;
   std::size_t transacciones_ = 0;
 };
 

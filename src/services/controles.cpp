@@ -194,6 +194,7 @@ void VScrollBar::Cambiada(Aspecto aspecto) {
   }
   if (aspecto == Aspecto::Value) {
     Value.PonerEnSilencio(std::clamp(Value(), std::min(Min(), Max()), std::max(Min(), Max())));
+    if (std::exchange(mostrado_, Value()) == Value) return;
   }
   Widget::Cambiada(aspecto);
   if (aspecto == Aspecto::Value) Disparar(Change);

@@ -173,6 +173,9 @@ class VScrollBar : public Widget {
   [[nodiscard]] bool AdmiteFoco() const override { return true; }
   [[nodiscard]] std::optional<Valor> Leer(Aspecto aspecto) const override;
   void Cambiada(Aspecto aspecto) override;
+
+ private:
+  int mostrado_ = 0;  // the value that `Change` last told of
 };
 
 class ProgressBar : public Widget {

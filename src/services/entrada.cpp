@@ -67,12 +67,13 @@ void Sustituir(TextBox& caja, int desde, int cuantos, std::string_view texto) {
   std::string nuevo = antes;
   nuevo += texto;
   nuevo += caja.Text().substr(hasta.size());
+  const bool cambia = caja.Text != nuevo;
   caja.SelLength = 0;
   caja.SelStart = 0;
   // The caret is put in place first: the change may move the focus, and with it the selection.
   caja.Text.PonerEnSilencio(nuevo);
   caja.SelStart = desde + static_cast<int>(Longitud(texto));
-  caja.Cambiada(Aspecto::Text);
+  if (cambia) caja.Cambiada(Aspecto::Text);
 }
 
 void Insertar(TextBox& caja, std::string_view texto) {
@@ -138,7 +139,7 @@ bool SePulsaCon(const Widget& widget, int codigo) {
   return (codigo == tecla::Espacio && (boton || marca)) || (codigo == tecla::Intro && boton);
 }
 
-/// What a key does in its widget once the handlers have let it through.
+/// What a key that isn't text does in its widget.
 void Efecto(Widget& widget, int codigo) {
   if (SePulsaCon(widget, codigo)) return PulsarAhora(widget);
   if (auto* caja = dynamic_cast<TextBox*>(&widget)) {
@@ -155,14 +156,35 @@ bool TieneCaracter(int codigo) {
          codigo == tecla::Espacio;
 }
 
+/// The key that types a character.
+int TeclaDe(char32_t caracter) {
+  if (caracter >= U'a' && caracter <= U'z') return static_cast<int>(caracter - U'a' + U'A');
+  const bool propia = caracter <= U' ' || (caracter >= U'0' && caracter <= U'9') ||
+                      (caracter >= U'A' && caracter <= U'Z');
+  return propia ? static_cast<int>(caracter) : tecla::OtroCaracter;
+}
+
 /// Runs `KeyDown` and, where the key has a character, `KeyPress`; what is left of the key, 0 when a
 /// handler consumed it or the focus went away meanwhile.
 int PasarTecla(Widget& widget, int codigo, int caracter) {
+  const bool tenia = widget.TieneFoco();
+  const auto seFue = [&] { return tenia && !widget.TieneFoco(); };
   if (widget.KeyDown) widget.KeyDown(codigo);
-  if (codigo == 0) return 0;
+  if (codigo == 0 || seFue()) return 0;
   if (caracter == 0) return codigo;
   if (widget.KeyPress) widget.KeyPress(caracter);
-  return widget.TieneFoco() ? caracter : 0;
+  return seFue() ? 0 : caracter;
+}
+
+/// What a key does once the handlers have let `queda` through: a character is text in a text box,
+/// and in other widgets only the blank does anything.
+void Surtir(Widget& widget, int queda, bool esCaracter) {
+  if (queda == 0) return;
+  if (!esCaracter || queda < tecla::Espacio) return Efecto(widget, queda);
+  if (auto* caja = dynamic_cast<TextBox*>(&widget)) {
+    return Insertar(*caja, Utf8(static_cast<char32_t>(queda)));
+  }
+  if (queda == tecla::Espacio) Efecto(widget, queda);
 }
 
 void TabularAhora(Form& form, bool atras) {
@@ -204,23 +226,15 @@ void Tecla(Widget& widget, int codigo) {
   if (!widget.Alcanzable()) return;
   if (codigo == tecla::Tabulador) return Tabular(widget.Formulario(), false);
   Evento(widget, [&] {
-    const int queda = PasarTecla(widget, codigo, TieneCaracter(codigo) ? codigo : 0);
-    if (queda == tecla::Espacio && dynamic_cast<TextBox*>(&widget)) {
-      Insertar(static_cast<TextBox&>(widget), " ");
-    } else if (queda != 0) {
-      Efecto(widget, queda);
-    }
+    const bool esCaracter = TieneCaracter(codigo);
+    Surtir(widget, PasarTecla(widget, codigo, esCaracter ? codigo : 0), esCaracter);
   });
 }
 
 void Escribir(Widget& widget, char32_t caracter) {
   if (!widget.Alcanzable()) return;
   Evento(widget, [&] {
-    const int queda = PasarTecla(widget, static_cast<int>(caracter), static_cast<int>(caracter));
-    auto* caja = dynamic_cast<TextBox*>(&widget);
-    if (queda < tecla::Espacio) return;
-    if (caja) return Insertar(*caja, Utf8(static_cast<char32_t>(queda)));
-    Efecto(widget, queda);
+    Surtir(widget, PasarTecla(widget, TeclaDe(caracter), static_cast<int>(caracter)), true);
   });
 }
 

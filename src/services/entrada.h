@@ -27,6 +27,8 @@ inline constexpr int Arriba = 38;
 inline constexpr int Derecha = 39;
 inline constexpr int Abajo = 40;
 inline constexpr int Suprimir = 46;
+/// A key that has a character and no code of its own, told apart from the arrows.
+inline constexpr int OtroCaracter = 255;
 }  // namespace tecla
 
 namespace entrada {
@@ -46,7 +48,8 @@ void Enfocar(Widget& widget);
 /// A key that isn't a character of text, one of `tecla`, in the widget with the focus: `KeyDown`,
 /// `KeyPress` for those that have a character, and then what the key does there.
 void Tecla(Widget& widget, int codigo);
-/// A character typed: `KeyDown`, `KeyPress`, and it takes the place of the selection.
+/// A character typed: `KeyDown` with the key of a figure or letter, the letter's capital, or else
+/// with `tecla::OtroCaracter`; `KeyPress`; and it takes the place of the selection.
 void Escribir(Widget& widget, char32_t caracter);
 /// The text changed in a way other than by keys, as by pasting.
 void CambiarTexto(TextBox& caja, std::string_view texto);

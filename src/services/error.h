@@ -31,8 +31,12 @@ constexpr std::int32_t Numero(std::uint32_t hex) {
 inline constexpr std::int32_t Desbordamiento = 6;
 inline constexpr std::int32_t DivisionPorCero = 11;
 inline constexpr std::int32_t TiposNoCoinciden = 13;
+/// Any other failure, such as want of memory, told as an error of the system's own.
+inline constexpr std::int32_t Interno = 51;
 inline constexpr std::int32_t ObjetoNoEstablecido = 91;
 inline constexpr std::int32_t UsoDeNull = 94;
+/// A screen that was unloaded, and isn't loaded again.
+inline constexpr std::int32_t ObjetoDescargado = 364;
 /// A cell that the grid doesn't have.
 inline constexpr std::int32_t CeldaNoValida = 381;
 /// A key that repeats or a value that doesn't fit its column.

@@ -10,11 +10,17 @@
 namespace services {
 
 void Escritorio::Evento(const std::function<void()>& accion) {
+  if (profundidad_ > 0) return Correr(accion);
+  Informar([&] { Correr(accion); });
+}
+
+void Escritorio::Informar(const std::function<void()>& accion) {
   try {
-    Correr(accion);
+    accion();
   } catch (const ErrorEjecucion& fallo) {
-    if (profundidad_ > 0) throw;
     plataforma_.ErrorNoControlado(fallo);
+  } catch (const std::exception& fallo) {
+    plataforma_.ErrorNoControlado(ErrorEjecucion(error::Interno, fallo.what()));
   }
 }
 
@@ -26,18 +32,22 @@ void Escritorio::Correr(const std::function<void()>& accion) {
   ++profundidad_;
   try {
     accion();
+  } catch (const ErrorEjecucion& fallo) {
+    if (--profundidad_ == 0) FinTrasError(fallo.Descripcion());
+    throw;
   } catch (...) {
-    if (--profundidad_ == 0) FinTrasError();
+    if (--profundidad_ == 0) FinTrasError("");
     throw;
   }
   if (--profundidad_ == 0) FinDeEvento();
 }
 
-void Escritorio::FinTrasError() {
+void Escritorio::FinTrasError(const std::string& yaDicho) {
   try {
     FinDeEvento();
   } catch (const ErrorEjecucion& fallo) {
-    plataforma_.ErrorNoControlado(fallo);
+    // A unit that was lost by the same failure has nothing to add to it.
+    if (fallo.Descripcion() != yaDicho) plataforma_.ErrorNoControlado(fallo);
   }
 }
 
@@ -83,37 +93,55 @@ void Escritorio::Esperar(const std::function<void()>& espera) {
 bool Escritorio::DarFoco(Widget& widget) {
   if (!widget.AdmiteFoco() || !widget.Alcanzable()) return false;
   if (dejando_) {
-    destino_ = &widget;
+    salidas_.back().destino = &widget;
     return false;
   }
   if (foco_ == &widget) return true;
-  destino_ = &widget;
-  if (foco_) {
-    dejando_ = true;
-    try {
-      Widget::Disparar(foco_->LostFocus);
-    } catch (...) {
-      dejando_ = false;
-      destino_ = nullptr;
-      throw;
-    }
-    dejando_ = false;
-  }
+  Widget* llegada = foco_ ? Dejar(widget) : &widget;
   // The handler may have unloaded, hidden or disabled where the focus was going.
-  Widget* destino = std::exchange(destino_, nullptr);
-  foco_ = destino && destino->Alcanzable() ? destino : nullptr;
-  Widget* llegada = foco_;
+  foco_ = llegada && llegada->Alcanzable() ? llegada : nullptr;
+  MostrarFoco();
+  if (foco_) Widget::Disparar(foco_->GotFocus);
+  return foco_ == &widget;
+}
+
+Widget* Escritorio::Dejar(Widget& destino) {
+  // A widget whose handler waits for the user, as in a modal screen, is not left a second time.
+  const bool yaSale = EstaSaliendo(*foco_);
+  salidas_.push_back({foco_, &destino});
+  dejando_ = true;
+  const auto acabar = [this] {
+    dejando_ = false;
+    const Salida salida = salidas_.back();
+    salidas_.pop_back();
+    return salida;
+  };
+  try {
+    if (!yaSale) Widget::Disparar(foco_->LostFocus);
+  } catch (...) {
+    const Salida salida = acabar();
+    foco_ = salida.viejo && salida.viejo->Alcanzable() ? salida.viejo : nullptr;
+    MostrarFoco();
+    throw;
+  }
+  return acabar().destino;
+}
+
+bool Escritorio::EstaSaliendo(const Widget& widget) const {
+  return std::any_of(salidas_.begin(), salidas_.end(),
+                     [&](const Salida& salida) { return salida.viejo == &widget; });
+}
+
+void Escritorio::MostrarFoco() {
   for (Form* form : cargados_) {
     if (!form->Vista()) continue;
-    form->Vista()->Foco(llegada && &llegada->Formulario() == form ? llegada : nullptr);
+    form->Vista()->Foco(foco_ && &foco_->Formulario() == form ? foco_ : nullptr);
   }
-  if (llegada) Widget::Disparar(llegada->GotFocus);
-  return foco_ == &widget;
 }
 
 void Escritorio::QuitarFoco() {
   Widget* viejo = foco_;
-  if (!viejo || dejando_) return;
+  if (!viejo || EstaSaliendo(*viejo)) return;
   foco_ = nullptr;
   if (Ventana* vista = viejo->Formulario().Vista()) vista->Foco(nullptr);
   Widget::Disparar(viejo->LostFocus);
@@ -121,7 +149,10 @@ void Escritorio::QuitarFoco() {
 
 void Escritorio::OlvidarFoco(const Widget& widget) {
   if (foco_ == &widget) foco_ = nullptr;
-  if (destino_ == &widget) destino_ = nullptr;
+  for (Salida& salida : salidas_) {
+    if (salida.viejo == &widget) salida.viejo = nullptr;
+    if (salida.destino == &widget) salida.destino = nullptr;
+  }
 }
 
 void Escritorio::Registrar(Form& form) {

@@ -2,6 +2,7 @@
 
 #include <functional>
 #include <memory>
+#include <string>
 #include <vector>
 
 #include "services/automatizacion.h"
@@ -27,7 +28,8 @@ class Escritorio {
   std::function<void()> AlTerminarEvento;
 
   /// Runs the handlers of one thing that the user did. An error that leaves them goes to
-  /// `Plataforma::ErrorNoControlado`; none comes out. Inside another event it runs as part of it.
+  /// `Plataforma::ErrorNoControlado`, an exception of another kind as error 51; none comes out.
+  /// Inside another event it runs as part of it.
   void Evento(const std::function<void()>& accion);
   /// The same for an operation that the host asks for: the error comes out.
   void Operacion(const std::function<void()>& accion);
@@ -40,7 +42,8 @@ class Escritorio {
   /// Moves the focus: `LostFocus` of the old widget, then `GotFocus` of the new. Nothing when the
   /// new one can't be reached or has it already. When the `LostFocus` handler gives the focus to
   /// another, that one takes the place of `widget`, which gets no event; when it gives it back to
-  /// the old one, that one gets `GotFocus` again. Whether the focus is on `widget` at the end.
+  /// the old one, that one gets `GotFocus` again. An error of that handler comes out, and the focus
+  /// stays where it was. Whether the focus is on `widget` at the end.
   bool DarFoco(Widget& widget);
   /// Takes the focus from a widget that was hidden or disabled: its `LostFocus`, and no widget has
   /// it.
@@ -56,18 +59,29 @@ class Escritorio {
   void Registrar(Form& form);
   void Retirar(Form& form);
 
+  /// A widget whose LostFocus handler runs, and where the focus goes after it; null where the
+  /// widget is gone.
+  struct Salida {
+    Widget* viejo;
+    Widget* destino;
+  };
+
   void Rematar();
   void FinDeEvento();
-  void FinTrasError();
+  void FinTrasError(const std::string& yaDicho);
+  void Informar(const std::function<void()>& accion);
   void Correr(const std::function<void()>& accion);
+  [[nodiscard]] Widget* Dejar(Widget& destino);
+  [[nodiscard]] bool EstaSaliendo(const Widget& widget) const;
+  void MostrarFoco();
 
   const services::Plataforma& plataforma_;
   std::vector<Form*> cargados_;
   std::vector<Ref<Form>> retirados_;  // unloaded in this event; let go at its end
   int profundidad_ = 0;
   Widget* foco_ = nullptr;
-  bool dejando_ = false;  // inside a LostFocus handler on the way to destino_
-  Widget* destino_ = nullptr;
+  bool dejando_ = false;  // inside the LostFocus handler of the last of salidas_
+  std::vector<Salida> salidas_;
 };
 
 }  // namespace services

@@ -13,58 +13,74 @@ Form::Form(services::Escritorio& escritorio, std::string nombre, int ancho, int 
       escritorio_(escritorio),
       nombre_(std::move(nombre)) {}
 
-Form::~Form() = default;
+Form::~Form() {
+  std::erase(escritorio_.cargados_, this);
+}
 
 void Form::Load() {
   if (cargado_) return;
+  if (descargado_) {
+    throw ErrorEjecucion(error::ObjetoDescargado, "La pantalla " + nombre_ + " se ha descargado");
+  }
   cargado_ = true;
   escritorio_.Registrar(*this);
   try {
     Form_Load();
   } catch (...) {
-    cargado_ = false;
-    escritorio_.Retirar(*this);
+    if (cargado_) Retirar();
     throw;
   }
 }
 
 void Form::Show() {
   Load();
+  if (!cargado_) return;
   if (!vista_) vista_ = escritorio_.Plataforma().CrearVentana(*this);
   visible_ = true;
   vista_->Mostrar();
 }
 
 void Form::ShowModal() {
+  // The last count may go with the unload that ends the wait.
+  const Ref<Form> viva(this);
   Show();
+  if (!visible_) return;
   escritorio_.Esperar([this] { vista_->EsperarModal(); });
 }
 
 void Form::Hide() {
   if (!visible_) return;
   visible_ = false;
-  if (Widget* foco = escritorio_.Foco(); foco && &foco->Formulario() == this) {
-    escritorio_.OlvidarFoco(*foco);
-  }
+  OlvidarFoco();
   vista_->Ocultar();
 }
 
 void Form::Unload() {
-  if (!cargado_) return;
-  // Its own unload may let go of the shared instance.
-  const Ref<Form> vivo(this);
-  const auto retirar = [this] {
-    Hide();
-    cargado_ = false;
-    escritorio_.Retirar(*this);
-  };
+  // A second unload from inside the first, as from a message that it shows, is part of the first.
+  if (!cargado_ || descargando_) return;
+  const Ref<Form> viva(this);
+  descargando_ = true;
   try {
     Form_Unload();
   } catch (...) {
-    retirar();
+    Retirar();
     throw;
   }
-  retirar();
+  Retirar();
+}
+
+void Form::Retirar() {
+  Hide();
+  OlvidarFoco();
+  cargado_ = false;
+  descargado_ = true;
+  escritorio_.Retirar(*this);
+}
+
+void Form::OlvidarFoco() {
+  if (Widget* foco = escritorio_.Foco(); foco && &foco->Formulario() == this) {
+    escritorio_.OlvidarFoco(*foco);
+  }
 }
 
 Widget* Form::Buscar(std::string_view nombre) const {

@@ -16,7 +16,7 @@ namespace services {
 
 /// A screen: the widgets that name it as their form, and its start and end. Loaded by its first
 /// `Show` or by `Load`, gone at `Unload`; a screen unloaded is not loaded again, another one is
-/// made in its place (`Instancia`). Made by `Crear`, as every counted object.
+/// made in its place (`Instancia`).
 class Form : public ObjetoContado<IForm>, public Dueno {
  public:
   Form(services::Escritorio& escritorio, std::string nombre, int ancho, int alto);
@@ -30,9 +30,10 @@ class Form : public ObjetoContado<IForm>, public Dueno {
   Propiedad<int> Width;
   Propiedad<int> Height;
 
-  /// Runs `Form_Load`, once. An error in it comes out, and the form is then not loaded.
+  /// Runs `Form_Load`, once. An error in it comes out, and the form then counts as unloaded. Throws
+  /// 364 for a form that was unloaded before.
   void Load();
-  /// Loads it if need be and brings it to sight.
+  /// Loads it if need be and brings it to sight, unless its load has unloaded it.
   void Show();
   /// The same, and returns when it has been hidden or unloaded.
   void ShowModal();
@@ -42,6 +43,8 @@ class Form : public ObjetoContado<IForm>, public Dueno {
   void Unload();
   [[nodiscard]] bool Cargado() const { return cargado_; }
   [[nodiscard]] bool Visible() const { return visible_; }
+  /// Whether it was unloaded, or failed to load: another one has to take its place.
+  [[nodiscard]] bool Descargado() const { return descargado_; }
 
   [[nodiscard]] const std::vector<Widget*>& Widgets() const { return widgets_; }
   /// By name, or `W(2)` for an element of a control array; case counts. Null when there is none.
@@ -71,12 +74,17 @@ class Form : public ObjetoContado<IForm>, public Dueno {
  private:
   friend class Widget;
 
+  void OlvidarFoco();
+  void Retirar();
+
   services::Escritorio& escritorio_;
   std::string nombre_;
   std::vector<Widget*> widgets_;
   std::unique_ptr<Ventana> vista_;
   bool cargado_ = false;
   bool visible_ = false;
+  bool descargando_ = false;
+  bool descargado_ = false;
 };
 
 /// The one shared instance of a screen: made at its first use, and made anew after it was unloaded.
@@ -85,9 +93,11 @@ class Instancia {
  public:
   template <class... Argumentos>
   F& Pedir(Argumentos&&... argumentos) {
-    if (!form_) form_ = Crear<F>(std::forward<Argumentos>(argumentos)...);
+    if (!Si()) form_ = Crear<F>(std::forward<Argumentos>(argumentos)...);
     return *form_;
   }
+  /// Null when it isn't made yet, or was unloaded.
+  [[nodiscard]] F* Si() const { return form_ && !form_->Descargado() ? form_.get() : nullptr; }
   /// Lets go of it; its `Unload` is its caller's business.
   void Soltar() { form_ = nullptr; }
 

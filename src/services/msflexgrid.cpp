@@ -111,8 +111,7 @@ int MSFlexGrid::ColWidth(int columna) const {
 }
 
 void MSFlexGrid::ColWidth(int columna, int ancho) {
-  DeColumna(columna).ancho = ancho;
-  Cambiada(Aspecto::Geometria);
+  if (std::exchange(DeColumna(columna).ancho, ancho) != ancho) Cambiada(Aspecto::Geometria);
 }
 
 int MSFlexGrid::ColAlignment(int columna) const {
@@ -120,8 +119,7 @@ int MSFlexGrid::ColAlignment(int columna) const {
 }
 
 void MSFlexGrid::ColAlignment(int columna, int valor) {
-  DeColumna(columna).alineacion = valor;
-  AvisarFilas();
+  if (std::exchange(DeColumna(columna).alineacion, valor) != valor) AvisarFilas();
 }
 
 int MSFlexGrid::FixedAlignment(int columna) const {
@@ -129,8 +127,7 @@ int MSFlexGrid::FixedAlignment(int columna) const {
 }
 
 void MSFlexGrid::FixedAlignment(int columna, int valor) {
-  DeColumna(columna).fija = valor;
-  AvisarCelda(0, columna);
+  if (std::exchange(DeColumna(columna).fija, valor) != valor) AvisarCelda(0, columna);
 }
 
 int MSFlexGrid::CellLeft() const {
@@ -195,13 +192,13 @@ void MSFlexGrid::PonerCellAlignment(int valor) {
 }
 
 void MSFlexGrid::PonerCellFontSize(double puntos) {
-  Actual().cuerpo = static_cast<float>(puntos);
-  AvisarCelda(fila_, columna_);
+  const auto nuevo = static_cast<float>(puntos);
+  if (std::exchange(Actual().cuerpo, nuevo) != nuevo) AvisarCelda(fila_, columna_);
 }
 
 void MSFlexGrid::PonerCellFontBold(bool negrita) {
-  Actual().negrita = negrita ? 1 : 0;
-  AvisarCelda(fila_, columna_);
+  const std::int8_t nueva = negrita ? 1 : 0;
+  if (std::exchange(Actual().negrita, nueva) != nueva) AvisarCelda(fila_, columna_);
 }
 
 }  // namespace services

@@ -115,12 +115,7 @@ void DatosComunes::Repintar(FrmTesvaraGastos& pantalla) {
 
 FrmTesvaraGastos& DatosComunes::Pantalla() {
   FrmTesvaraGastos& pantalla = pantalla_.Pedir(*this);
-  try {
-    pantalla.Load();
-  } catch (...) {
-    SoltarPantalla();
-    throw;
-  }
+  pantalla.Load();
   return pantalla;
 }
 

@@ -105,11 +105,8 @@ void FrmTesvaraGastos::Form_Load() {
 }
 
 void FrmTesvaraGastos::Form_Unload() {
-  // Whatever comes of the question, the working tables are left empty and the screen goes.
-  struct Final {
-    DatosComunes& datos;
-    ~Final() { datos.SoltarPantalla(); }
-  } final{datos_};
+  // Once it has started the unload goes through, and a later load begins with another screen.
+  datos_.SoltarPantalla();
   ComprobarCambios();
   if (Modificado && PreguntarSiGuardar("¿Desea guardar los cambios?")) {
     services::Widget::Disparar(BotonAceptar.Click);

@@ -97,6 +97,9 @@ TEST_F(SqliteTest, UnoBloqueadoEsperaYLuegoLoDice) {
   EXPECT_THAT(descripcion, StartsWith("La base de datos está bloqueada por otro programa"));
   EXPECT_THAT(descripcion, EndsWith("(SQLite 5: database is locked)"));
   ocupante->TerminarUnidad();
+  // What wasn't written is missing from the unit, so the unit doesn't end well, listened to or not.
+  EXPECT_EQ(Descripcion([&] { Anadir(*conexion, "2"); }), descripcion);
+  EXPECT_EQ(Descripcion([&] { conexion->TerminarUnidad(); }), descripcion);
   Anadir(*conexion, "2");
   conexion->TerminarUnidad();
   EXPECT_EQ(Cuantos(*ocupante), 2);
