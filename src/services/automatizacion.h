@@ -69,6 +69,9 @@ struct IDescripcionError : IUnknown {
       0x6D1F2B51, 0x0E5B, 0x4C0A, {0x9B, 0x51, 0x2F, 0x7E, 0x10, 0xC4, 0x8D, 0x31}};
   /// UTF-8, never null; empty after a success.
   virtual const char* Descripcion() noexcept = 0;
+  /// The number of the run-time error behind the failure, 0 after a success. The failed result
+  /// itself carries a small number, such as 13, in its low half: 0x800A000D.
+  virtual std::int32_t Numero() noexcept = 0;
 
  protected:
   ~IDescripcionError() = default;

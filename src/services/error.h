@@ -29,6 +29,7 @@ constexpr std::int32_t Numero(std::uint32_t hex) {
 }
 
 inline constexpr std::int32_t Desbordamiento = 6;
+inline constexpr std::int32_t DivisionPorCero = 11;
 inline constexpr std::int32_t TiposNoCoinciden = 13;
 /// Any other failure, such as want of memory, told as an error of the system's own.
 inline constexpr std::int32_t Interno = 51;

@@ -32,11 +32,23 @@ void Escritorio::Correr(const std::function<void()>& accion) {
   ++profundidad_;
   try {
     accion();
+  } catch (const ErrorEjecucion& fallo) {
+    if (--profundidad_ == 0) FinTrasError(fallo.Descripcion());
+    throw;
   } catch (...) {
-    if (--profundidad_ == 0) Informar([this] { FinDeEvento(); });
+    if (--profundidad_ == 0) FinTrasError("");
     throw;
   }
   if (--profundidad_ == 0) FinDeEvento();
+}
+
+void Escritorio::FinTrasError(const std::string& yaDicho) {
+  try {
+    FinDeEvento();
+  } catch (const ErrorEjecucion& fallo) {
+    // A unit that was lost by the same failure has nothing to add to it.
+    if (fallo.Descripcion() != yaDicho) plataforma_.ErrorNoControlado(fallo);
+  }
 }
 
 void Escritorio::FinDeEvento() {

@@ -2,6 +2,7 @@
 
 #include <functional>
 #include <memory>
+#include <string>
 #include <vector>
 
 #include "services/automatizacion.h"
@@ -67,6 +68,7 @@ class Escritorio {
 
   void Rematar();
   void FinDeEvento();
+  void FinTrasError(const std::string& yaDicho);
   void Informar(const std::function<void()>& accion);
   void Correr(const std::function<void()>& accion);
   [[nodiscard]] Widget* Dejar(Widget& destino);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <concepts>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -52,6 +53,7 @@ class Propiedad {
   Propiedad& operator=(const Propiedad& otra) { return *this = otra.valor_; }
 
   operator const T&() const { return valor_; }
+  operator std::string_view() const requires std::same_as<T, std::string> { return valor_; }
   const T& operator()() const { return valor_; }
   const T* operator->() const { return &valor_; }
 

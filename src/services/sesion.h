@@ -21,7 +21,10 @@ class Sesion {
   /// The connection to the working tables; the same.
   [[nodiscard]] virtual Conexion& CnTemp() const = 0;
   [[nodiscard]] virtual const std::string& Usuario() const = 0;
-  [[nodiscard]] virtual const std::string& ClaveBorrado() const = 0;
+  /// Tells the suite of a DELETE that ran on the stored tables, by its exact text.
+  virtual void AnotarBorrado(const std::string& sentencia) = 0;
+  /// Makes durable what has been written to the stored tables so far.
+  virtual void AsegurarDatos() = 0;
   /// Twips, like the next.
   [[nodiscard]] virtual std::int32_t AnchoReferencia() const = 0;
   [[nodiscard]] virtual std::int32_t AltoReferencia() const = 0;

@@ -42,6 +42,7 @@ bool Widget::TieneFoco() const {
 }
 
 bool Widget::Alcanzable() const {
+  if (!form_.Visible()) return false;
   for (const Widget* w = this; w; w = w->contenedor_) {
     if (!w->Visible || !w->Enabled) return false;
   }

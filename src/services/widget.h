@@ -94,7 +94,7 @@ class Widget : public Dueno {
   [[nodiscard]] bool TieneFoco() const;
   /// Whether its kind takes the focus at all.
   [[nodiscard]] virtual bool AdmiteFoco() const { return false; }
-  /// Shown and in use, and so are the panels it lies in.
+  /// Shown and in use, and so are the panels it lies in and its form.
   [[nodiscard]] bool Alcanzable() const;
 
   /// The value of a property, none where its kind hasn't it.

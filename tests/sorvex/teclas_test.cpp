@@ -23,6 +23,7 @@ class Pantalla final : public services::Form {
 class Teclas : public testing::Test {
  protected:
   Teclas() {
+    form->Show();
     f.TxtFecha.KeyPress = [this](int& t) { t = sorvex::TeclaFecha(f.TxtFecha, t); };
     f.TxtImporte.KeyPress = [this](int& t) { t = sorvex::TeclaImporte(f.TxtImporte, t, false); };
     f.TxtEntero.KeyPress = [this](int& t) { t = sorvex::TeclaImporte(f.TxtEntero, t, true); };

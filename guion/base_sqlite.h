@@ -1,0 +1,31 @@
+#pragma once
+
+#include <functional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "guion/base.h"
+#include "sqlite/conexion.h"
+
+namespace guion {
+
+/// A file of the embedded engine.
+class BaseSqlite final : public Base {
+ public:
+  /// Opens the file, made if it isn't there, and has its tables created unless it has `una` of
+  /// them. Throws `services::ErrorEjecucion`.
+  BaseSqlite(const std::string& fichero, sqlite::Sincronizacion durabilidad, std::string_view una,
+             const std::function<void(sqlite::Conexion&)>& crear);
+
+  [[nodiscard]] services::Ref<services::Conexion> Conexion() override { return conexion_; }
+  void Ejecutar(const std::string& sql) override;
+  [[nodiscard]] std::vector<Fila> Consultar(const std::string& sql) override;
+
+ private:
+  void FueraDeUnidad(const std::function<void()>& accion);
+
+  services::Ref<sqlite::Conexion> conexion_;
+};
+
+}  // namespace guion

@@ -1,0 +1,101 @@
+#include "esquema/esquema_sqlite.h"
+
+#include <algorithm>
+#include <array>
+
+#include "services/error.h"
+
+namespace esquema {
+
+namespace {
+
+using services::TipoColumna;
+
+std::string TipoDe(const Columna& columna) {
+  switch (columna.Tipo) {
+    case TipoColumna::Texto:
+      if (columna.Longitud == 0) return "TEXT COLLATE ES";
+      return "VARCHAR(" + std::to_string(columna.Longitud) + ") COLLATE ES";
+    case TipoColumna::Entero:
+      return "INTEGER";
+    case TipoColumna::Moneda:
+      return "DECIMAL(15,2)";
+    case TipoColumna::Numero:
+      return "DOUBLE";
+    case TipoColumna::Logico:
+      return "BOOLEAN";
+    case TipoColumna::FechaHora:
+      return "DATETIME";
+  }
+  return {};
+}
+
+// The statements find invoices in four ways, each with an index that begins with what it tells:
+// by a range of due dates; from there by concept and number without the year, which the keys
+// serve; by the trimmed number, whatever blanks are stored around it; and, for cash entries, by
+// having no invoice yet. The range's index carries the invoice with it, so that the table itself
+// isn't read.
+constexpr std::array IndicesAlmacenados = {
+    "CREATE INDEX VencimientosPorFecha ON ProvVencimientos (FechaVto, NConcepto, NFactura)",
+    "CREATE INDEX VencimientosPorFactura ON ProvVencimientos "
+    "(trim(NFactura) COLLATE ES, NConcepto, Año)",
+    "CREATE INDEX BasesPorFactura ON ProvBasesIva (trim(NFactura) COLLATE ES, NConcepto, Año)",
+    "CREATE INDEX FacturasPorNumero ON ProvFacturas (trim(Factura) COLLATE ES, NConcepto, Año)",
+    "CREATE INDEX PrevisionPorFecha ON ProvPrevisionPagos (Fecha1Vto)",
+    "CREATE INDEX CajaPorFactura ON CajaPagos (trim(Factura) COLLATE ES, Tipo, Año)",
+    "CREATE INDEX CajaPendiente ON CajaPagos (Factura)",
+    "CREATE INDEX ConceptosPorCodigo ON ProvConceptos (trim(NConcepto) COLLATE ES)",
+    "CREATE INDEX ConceptosPorNombre ON ProvConceptos (trim(Descripcion) COLLATE ES)",
+};
+
+constexpr std::array IndicesDeTrabajo = {
+    "CREATE INDEX TempVencimientosPorFactura ON TempProvVencimientos "
+    "(trim(NFactura) COLLATE ES, NConcepto, Año)",
+    "CREATE INDEX TempBasesPorFactura ON TempProvBasesIva "
+    "(trim(NFactura) COLLATE ES, NConcepto, Año)",
+    "CREATE INDEX TempFacturasPorNumero ON TempProvFacturas "
+    "(trim(Factura) COLLATE ES, NConcepto, Año)",
+    "CREATE INDEX TempCajaPorFactura ON TempCajaPagos (trim(Factura) COLLATE ES, Tipo, Año)",
+    "CREATE INDEX TempCajaPorTipo ON TempCajaPagos (Tipo, FechaHora)",
+    "CREATE INDEX TempBorrarPorConcepto ON TempTesvaraBorrar (NConcepto)",
+};
+
+template <std::size_t N>
+void Crear(sqlite::Conexion& conexion, std::span<const Tabla> tablas,
+           const std::array<const char*, N>& indices) {
+  std::string sql = "BEGIN IMMEDIATE;\n";
+  for (const Tabla& tabla : tablas) sql += TextoDeCreacion(tabla) + ";\n";
+  for (const char* indice : indices) sql += std::string(indice) + ";\n";
+  try {
+    conexion.Ejecutar(sql + "COMMIT;");
+  } catch (const services::ErrorEjecucion&) {
+    conexion.Ejecutar("ROLLBACK");
+    throw;
+  }
+}
+
+}  // namespace
+
+std::string TextoDeCreacion(const Tabla& tabla) {
+  std::string sql = "CREATE TABLE " + std::string(tabla.Nombre) + " (";
+  for (const Columna& columna : tabla.Columnas) {
+    if (&columna != &tabla.Columnas.front()) sql += ", ";
+    sql += std::string(columna.Nombre) + " " + TipoDe(columna);
+    if (std::ranges::find(tabla.Clave, columna.Nombre) != tabla.Clave.end()) sql += " NOT NULL";
+  }
+  for (const std::string_view nombre : tabla.Clave) {
+    sql += nombre == tabla.Clave.front() ? ", PRIMARY KEY (" : ", ";
+    sql += nombre;
+  }
+  return sql + (tabla.Clave.empty() ? ")" : "))");
+}
+
+void CrearAlmacenadas(sqlite::Conexion& conexion) {
+  Crear(conexion, Almacenadas(), IndicesAlmacenados);
+}
+
+void CrearDeTrabajo(sqlite::Conexion& conexion) {
+  Crear(conexion, DeTrabajo(), IndicesDeTrabajo);
+}
+
+}  // namespace esquema

@@ -1,0 +1,19 @@
+#pragma once
+
+#include <string>
+
+#include "esquema/tablas.h"
+#include "sqlite/conexion.h"
+
+namespace esquema {
+
+/// Creates the stored tables and their indexes in a file of the embedded engine. All or nothing:
+/// it fails where one of them is there already.
+void CrearAlmacenadas(sqlite::Conexion& conexion);
+/// The same for the working tables.
+void CrearDeTrabajo(sqlite::Conexion& conexion);
+
+/// The engine's own statement that creates a table.
+[[nodiscard]] std::string TextoDeCreacion(const Tabla& tabla);
+
+}  // namespace esquema

@@ -1,0 +1,34 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "services/conexion.h"
+
+namespace dialecto {
+
+/// A table as its database tells it.
+struct Tabla {
+  std::string Nombre;
+  std::vector<services::Columna> Columnas;
+  /// What an engine selects, besides the columns, to find a row again; in its own text.
+  std::vector<std::string> Ocultas;
+};
+
+/// The tables of a database. A driver supplies it.
+class Catalogo {
+ public:
+  virtual ~Catalogo() = default;
+  /// By name without regard to case; null where there is none. The table lives as long as its
+  /// statements are in use.
+  [[nodiscard]] virtual const Tabla* Buscar(std::string_view nombre) = 0;
+};
+
+/// The position of a column, by name without regard to case; -1 where there is none.
+[[nodiscard]] int BuscarColumna(const Tabla& tabla, std::string_view nombre);
+
+/// Names are compared byte by byte first, which is how they nearly always come.
+[[nodiscard]] bool MismoNombre(std::string_view a, std::string_view b);
+
+}  // namespace dialecto

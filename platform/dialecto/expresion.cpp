@@ -1,0 +1,269 @@
+#include <algorithm>
+
+#include "dialecto/literal.h"
+#include "dialecto/rechazo.h"
+#include "dialecto/traductor.h"
+
+// The conditions of a statement: what compares a column with a literal decides how.
+
+namespace dialecto {
+
+using services::ErrorEjecucion;
+using services::TipoColumna;
+using services::Valor;
+namespace error = services::error;
+
+namespace {
+
+constexpr int ProfundidadMaxima = 64;
+
+std::string_view TextoDe(Simbolo operador) {
+  switch (operador) {
+    case Simbolo::Igual:
+      return " = ";
+    case Simbolo::Distinto:
+      return " <> ";
+    case Simbolo::Menor:
+      return " < ";
+    case Simbolo::Mayor:
+      return " > ";
+    case Simbolo::MenorIgual:
+      return " <= ";
+    case Simbolo::MayorIgual:
+      return " >= ";
+    default:
+      return {};
+  }
+}
+
+bool EsPalabra(std::string_view texto, std::string_view mayusculas) {
+  return texto.size() == mayusculas.size() &&
+         std::equal(texto.begin(), texto.end(), mayusculas.begin(),
+                    [](char a, char b) { return (a & ~0x20) == b; });
+}
+
+}  // namespace
+
+Traductor::Operando Traductor::Expresion() {
+  if (++profundidad_ > ProfundidadMaxima) Rechazar("demasiados paréntesis", sentencia_);
+  Operando operando = Conjuncion();
+  while (Tomar(Palabra::Or)) {
+    Poner(" OR ");
+    Conjuncion();
+    operando = {operando.desde};
+  }
+  --profundidad_;
+  return operando;
+}
+
+Traductor::Operando Traductor::Conjuncion() {
+  Operando operando = Negacion();
+  while (Tomar(Palabra::And)) {
+    Poner(" AND ");
+    Negacion();
+    operando = {operando.desde};
+  }
+  return operando;
+}
+
+Traductor::Operando Traductor::Negacion() {
+  const std::size_t desde = salida_->Texto.size();
+  bool negada = false;
+  while (Tomar(Palabra::Not)) {
+    Poner("NOT ");
+    negada = true;
+  }
+  const Operando operando = Comparacion();
+  return negada ? Operando{desde} : operando;
+}
+
+Traductor::Operando Traductor::Comparacion() {
+  Operando izquierdo = Primario();
+  if (!TextoDe(Actual().simbolo).empty()) {
+    Comparar(izquierdo, tokens_[i_++].simbolo);
+  } else if (Tomar(Palabra::Is)) {
+    EsNulo();
+  } else if (Tomar(Palabra::Like)) {
+    Parecido(izquierdo, false);
+  } else if (Es(Palabra::Not) && Proximo().palabra == Palabra::Like) {
+    i_ += 2;
+    Parecido(izquierdo, true);
+  } else {
+    return izquierdo;
+  }
+  return {izquierdo.desde};
+}
+
+void Traductor::Comparar(Operando& izquierdo, Simbolo operador) {
+  Poner(TextoDe(operador));
+  const Operando derecho = Primario();
+  Adaptar(derecho, izquierdo);
+  Adaptar(izquierdo, derecho);
+}
+
+void Traductor::EsNulo() {
+  Poner(Tomar(Palabra::Not) ? " IS NOT NULL" : " IS NULL");
+  Exigir(Palabra::Null);
+}
+
+// Without wildcards it is an equality, which an index serves.
+void Traductor::Parecido(Operando& izquierdo, bool negado) {
+  const bool literal = Actual().clase == ClaseToken::Texto ||
+                       Actual().clase == ClaseToken::Numero || Es(Simbolo::Menos);
+  const bool patron = Actual().clase == ClaseToken::Texto &&
+                      Actual().texto.find_first_of("%_") != std::string_view::npos;
+  if (literal && !patron) return Comparar(izquierdo, negado ? Simbolo::Distinto : Simbolo::Igual);
+  const auto tipo = izquierdo.tipo.value_or(TipoColumna::Texto);
+  if (tipo == TipoColumna::FechaHora) {
+    Envolver(izquierdo, motor_.FechaComoTexto);
+  } else if (tipo != TipoColumna::Texto) {
+    Envolver(izquierdo, motor_.NumeroComoTexto);
+  }
+  Poner(negado ? motor_.NoPatron : motor_.Patron);
+  Primario();
+}
+
+Traductor::Operando Traductor::Primario() {
+  if (Es(Simbolo::Abrir)) return Parentesis();
+  if (Actual().clase != ClaseToken::Nombre && !Es(Palabra::Left) && !Es(Palabra::Right)) {
+    return Literal();
+  }
+  return Proximo().simbolo == Simbolo::Abrir ? Funcion() : Nombre();
+}
+
+Traductor::Operando Traductor::Parentesis() {
+  const std::size_t desde = salida_->Texto.size();
+  Exigir(Simbolo::Abrir);
+  Poner("(");
+  Operando operando = Expresion();
+  Exigir(Simbolo::Cerrar);
+  Poner(")");
+  operando.desde = desde;
+  return operando;
+}
+
+Traductor::Operando Traductor::Nombre() {
+  const auto nombre = ExigirNombre();
+  if (Tomar(Simbolo::Punto)) {
+    const Fuente& fuente = FuenteDe(nombre);
+    const std::size_t desde = salida_->Texto.size();
+    PonerNombre(fuente.nombre);
+    Poner(".");
+    Operando operando = Columna(fuente, ExigirNombre());
+    operando.desde = desde;
+    return operando;
+  }
+  for (const Fuente& fuente : fuentes_) {
+    if (BuscarColumna(*fuente.tabla, nombre) >= 0) return Columna(fuente, nombre);
+  }
+  const auto elegida = std::find_if(elegidas_.begin(), elegidas_.end(), [&](const Elegida& una) {
+    return !una.nombre.empty() && MismoNombre(una.nombre, nombre);
+  });
+  if (elegida == elegidas_.end()) {
+    throw ErrorEjecucion(error::ColumnaDesconocida,
+                         "No existe la columna «" + std::string(nombre) + "»");
+  }
+  const std::size_t desde = salida_->Texto.size();
+  PonerNombre(elegida->nombre);
+  return {desde, elegida->tipo};
+}
+
+Traductor::Operando Traductor::Columna(const Fuente& fuente, std::string_view nombre) {
+  const int posicion = BuscarColumna(*fuente.tabla, nombre);
+  if (posicion < 0) {
+    throw ErrorEjecucion(error::ColumnaDesconocida, "No existe la columna «" + std::string(nombre) +
+                                                        "» en la tabla «" + fuente.tabla->Nombre +
+                                                        "»");
+  }
+  const auto& columna = fuente.tabla->Columnas[static_cast<std::size_t>(posicion)];
+  const std::size_t desde = salida_->Texto.size();
+  PonerNombre(columna.Nombre);
+  return {desde, columna.Tipo, -1, fuente.tabla, posicion};
+}
+
+Traductor::Operando Traductor::Funcion() {
+  const auto nombre = Actual().texto;
+  if (EsPalabra(nombre, "TRIM") || EsPalabra(nombre, "LTRIM") || EsPalabra(nombre, "RTRIM")) {
+    return Recortar();
+  }
+  if (!EsPalabra(nombre, "SUM")) Rechazar("una función que no se conoce", nombre);
+  agrupa_ = true;
+  i_ += 2;
+  const std::size_t desde = salida_->Texto.size();
+  Poner("SUM(");
+  Expresion();
+  Exigir(Simbolo::Cerrar);
+  Poner(")");
+  return {desde, TipoColumna::Numero};
+}
+
+// However the trimming functions stand one inside another, what they do together is written once.
+Traductor::Operando Traductor::Recortar() {
+  unsigned lados = 0;
+  int abiertos = 0;
+  while (Proximo().simbolo == Simbolo::Abrir && Actual().clase == ClaseToken::Nombre) {
+    const auto nombre = Actual().texto;
+    if (EsPalabra(nombre, "TRIM")) {
+      lados |= 3U;
+    } else if (EsPalabra(nombre, "LTRIM")) {
+      lados |= 1U;
+    } else if (EsPalabra(nombre, "RTRIM")) {
+      lados |= 2U;
+    } else {
+      break;
+    }
+    ++abiertos;
+    i_ += 2;
+  }
+  const std::size_t desde = salida_->Texto.size();
+  const Envoltura& envoltura = lados == 3U   ? motor_.Recorte
+                               : lados == 1U ? motor_.RecorteIzquierdo
+                                             : motor_.RecorteDerecho;
+  Poner(envoltura.Antes);
+  Expresion();
+  for (; abiertos > 0; --abiertos) Exigir(Simbolo::Cerrar);
+  Poner(envoltura.Despues);
+  return {desde, TipoColumna::Texto};
+}
+
+Traductor::Operando Traductor::Literal() {
+  const bool negativo = Tomar(Simbolo::Menos);
+  const Token& token = Actual();
+  if (negativo && token.clase != ClaseToken::Numero) NoEsperado();
+  ++i_;
+  switch (token.clase) {
+    case ClaseToken::Texto:
+      return Parametro(LeerTexto(token.texto));
+    case ClaseToken::Fecha:
+      return Parametro(LeerFecha(token.texto));
+    case ClaseToken::Numero:
+      return Parametro(LeerNumero(token.texto, negativo));
+    default:
+      break;
+  }
+  if (token.palabra == Palabra::True || token.palabra == Palabra::False) {
+    return Parametro(Valor(token.palabra == Palabra::True));
+  }
+  --i_;
+  NoEsperado();
+}
+
+Traductor::Operando Traductor::Parametro(Valor valor) {
+  const std::size_t desde = salida_->Texto.size();
+  Poner("?");
+  salida_->Parametros.push_back(std::move(valor));
+  return {desde, {}, static_cast<int>(salida_->Parametros.size()) - 1};
+}
+
+void Traductor::Adaptar(const Operando& literal, const Operando& contra) {
+  if (literal.parametro < 0 || !contra.tipo) return;
+  Valor& valor = salida_->Parametros[static_cast<std::size_t>(literal.parametro)];
+  valor = Adaptado(std::move(valor), *contra.tipo);
+}
+
+void Traductor::Envolver(const Operando& operando, const Envoltura& envoltura) {
+  salida_->Texto.insert(operando.desde, envoltura.Antes);
+  salida_->Texto += envoltura.Despues;
+}
+
+}  // namespace dialecto

@@ -1,0 +1,21 @@
+#pragma once
+
+#include <string_view>
+
+#include "services/conexion.h"
+#include "services/valor.h"
+
+namespace dialecto {
+
+/// A text literal with its doubled quotes made single.
+[[nodiscard]] services::Valor LeerTexto(std::string_view entreComillas);
+/// Figures with a decimal point perhaps; a whole number where it fits 32 bits.
+[[nodiscard]] services::Valor LeerNumero(std::string_view cifras, bool negativo);
+/// m/d/yyyy, perhaps with h:n or h:n:s behind a blank. Throws 0x80040E14 where it is none.
+[[nodiscard]] services::Valor LeerFecha(std::string_view entreAlmohadillas);
+
+/// The literal as a column of `tipo` must hold it to be equal to it: a number text for a column of
+/// numbers, the date that has this very text for a date column. Null where no value can be.
+[[nodiscard]] services::Valor Adaptado(services::Valor literal, services::TipoColumna tipo);
+
+}  // namespace dialecto

@@ -1,0 +1,33 @@
+#pragma once
+
+#include <string_view>
+
+namespace dialecto {
+
+/// What is written before and after an expression.
+struct Envoltura {
+  std::string_view Antes;
+  std::string_view Despues;
+};
+
+/// What tells one database engine from another, as far as a statement's text goes. Literals are
+/// always `?`, equality of texts is always `=`: an engine whose columns don't compare without
+/// regard to case by themselves declares them so in its schema.
+struct Motor {
+  /// The quote around names; the same on both sides.
+  char Comilla = '"';
+  /// A text without the blanks on both sides. The same text for every way of writing it, so that
+  /// one expression index serves them all, and with the collation that the column had.
+  Envoltura Recorte;
+  /// The two halves of that, for a statement that asks for one side alone.
+  Envoltura RecorteIzquierdo;
+  Envoltura RecorteDerecho;
+  /// Case-blind match of an expression against a pattern with `%` and `_`, which follows.
+  std::string_view Patron = " LIKE ";
+  std::string_view NoPatron = " NOT LIKE ";
+  /// A number as a text, and a date with its time as its own text dd/mm/yyyy h:nn:ss.
+  Envoltura NumeroComoTexto;
+  Envoltura FechaComoTexto;
+};
+
+}  // namespace dialecto

@@ -1,0 +1,298 @@
+#include "dialecto/traductor.h"
+
+#include <algorithm>
+
+#include "dialecto/rechazo.h"
+
+namespace dialecto {
+
+using services::ErrorEjecucion;
+using services::TipoColumna;
+namespace error = services::error;
+
+void Traductor::Traducir(std::string_view texto, bool conOcultas, Sentencia& sentencia) {
+  sentencia_ = texto;
+  salida_ = &sentencia;
+  sentencia.Texto.clear();
+  sentencia.Parametros.clear();
+  sentencia.Unica = nullptr;
+  fuentes_.clear();
+  elegidas_.clear();
+  distintas_ = false;
+  agrupa_ = false;
+  profundidad_ = 0;
+  i_ = 0;
+  Trocear(texto, tokens_);
+  if (Tomar(Palabra::Select)) {
+    Select(conOcultas);
+  } else if (Tomar(Palabra::Delete)) {
+    Delete();
+  } else {
+    Rechazar("no empieza por SELECT ni por DELETE", texto);
+  }
+}
+
+void Traductor::NoEsperado() const {
+  const Token& token = Actual();
+  if (token.clase == ClaseToken::Fin) Rechazar("está sin terminar", sentencia_);
+  const auto desde = static_cast<std::size_t>(token.texto.data() - sentencia_.data());
+  Rechazar("no se esperaba esto", sentencia_.substr(desde));
+}
+
+std::string_view Traductor::ExigirNombre() {
+  if (Actual().clase != ClaseToken::Nombre) NoEsperado();
+  return tokens_[i_++].texto;
+}
+
+void Traductor::PonerNombre(std::string_view nombre) {
+  auto& texto = salida_->Texto;
+  texto += motor_.Comilla;
+  texto += nombre;
+  texto += motor_.Comilla;
+}
+
+// The columns of a SELECT come before the tables that tell their types, so the tables are looked
+// up first.
+void Traductor::BuscarFuentes() {
+  std::size_t i = i_;
+  while (i < Ultimo() && tokens_[i].palabra != Palabra::From) ++i;
+  bool esperaTabla = false;
+  for (; i < Ultimo(); ++i) {
+    const Token& token = tokens_[i];
+    if (token.palabra == Palabra::Where || token.palabra == Palabra::Group ||
+        token.palabra == Palabra::Order) {
+      break;
+    }
+    if (token.palabra == Palabra::From || token.palabra == Palabra::Join ||
+        token.simbolo == Simbolo::Coma) {
+      esperaTabla = true;
+    } else if (esperaTabla && token.clase == ClaseToken::Nombre) {
+      AnadirFuente(i);
+      esperaTabla = false;
+    }
+  }
+  agrupa_ = std::any_of(tokens_.begin(), tokens_.end(),
+                        [](const Token& token) { return token.palabra == Palabra::Group; });
+}
+
+void Traductor::AnadirFuente(std::size_t token) {
+  const Tabla* tabla = catalogo_.Buscar(tokens_[token].texto);
+  if (!tabla) {
+    throw ErrorEjecucion(error::TablaDesconocida,
+                         "No existe la tabla «" + std::string(tokens_[token].texto) + "»");
+  }
+  const Token& alias = tokens_[std::min(token + 2, Ultimo())];
+  const bool conAlias =
+      tokens_[token + 1].palabra == Palabra::As && alias.clase == ClaseToken::Nombre;
+  fuentes_.push_back({conAlias ? alias.texto : std::string_view(tabla->Nombre), tabla});
+}
+
+const Traductor::Fuente& Traductor::FuenteDe(std::string_view nombre) const {
+  for (const Fuente& fuente : fuentes_) {
+    if (MismoNombre(fuente.nombre, nombre)) return fuente;
+  }
+  throw ErrorEjecucion(error::ColumnaDesconocida,
+                       "La sentencia no toma nada de la tabla «" + std::string(nombre) + "»");
+}
+
+void Traductor::Select(bool conOcultas) {
+  salida_->Que = Verbo::Select;
+  Poner("SELECT ");
+  distintas_ = Tomar(Palabra::Distinct);
+  if (distintas_) Poner("DISTINCT ");
+  BuscarFuentes();
+  if (fuentes_.empty()) Rechazar("no dice de qué tabla", sentencia_);
+  Elegidas();
+  if (fuentes_.size() == 1 && !distintas_ && !agrupa_) salida_->Unica = fuentes_.front().tabla;
+  if (conOcultas && salida_->Unica) Ocultas();
+  From();
+  Where();
+  GroupBy();
+  OrderBy();
+  Final();
+}
+
+void Traductor::Elegidas() {
+  do {
+    if (!elegidas_.empty()) Poner(", ");
+    UnaElegida();
+  } while (Tomar(Simbolo::Coma));
+}
+
+void Traductor::ElegidasDe(const Fuente& fuente) {
+  PonerNombre(fuente.nombre);
+  Poner(".*");
+  elegidas_.push_back({fuente.tabla, -1, {}, {}});
+}
+
+void Traductor::UnaElegida() {
+  if (Tomar(Simbolo::Asterisco)) {
+    for (const Fuente& fuente : fuentes_) {
+      if (&fuente != &fuentes_.front()) Poner(", ");
+      ElegidasDe(fuente);
+    }
+    return;
+  }
+  const bool todas = Actual().clase == ClaseToken::Nombre && Proximo().simbolo == Simbolo::Punto &&
+                     tokens_[std::min(i_ + 2, Ultimo())].simbolo == Simbolo::Asterisco;
+  if (todas) {
+    ElegidasDe(FuenteDe(Actual().texto));
+    i_ += 3;
+    return;
+  }
+  const Operando operando = Expresion();
+  Elegida elegida{operando.tabla, operando.columna, operando.tipo, {}};
+  if (Tomar(Palabra::As)) {
+    elegida.nombre = ExigirNombre();
+    Poner(" AS ");
+    PonerNombre(elegida.nombre);
+  }
+  elegidas_.push_back(elegida);
+}
+
+void Traductor::Ocultas() {
+  for (const std::string& oculta : salida_->Unica->Ocultas) {
+    Poner(", ");
+    PonerNombre(fuentes_.front().nombre);
+    Poner(".");
+    Poner(oculta);
+  }
+}
+
+void Traductor::From() {
+  Exigir(Palabra::From);
+  Poner(" FROM ");
+  Fuentes();
+}
+
+void Traductor::Fuentes() {
+  UnaFuente();
+  Juntas();
+  while (Tomar(Simbolo::Coma)) {
+    Poner(", ");
+    UnaFuente();
+    Juntas();
+  }
+}
+
+void Traductor::UnaFuente() {
+  if (Tomar(Simbolo::Abrir)) {
+    if (++profundidad_ > 64) NoEsperado();
+    Poner("(");
+    Fuentes();
+    Exigir(Simbolo::Cerrar);
+    Poner(")");
+    --profundidad_;
+    return;
+  }
+  const Tabla* tabla = catalogo_.Buscar(ExigirNombre());
+  if (!tabla) NoEsperado();
+  PonerNombre(tabla->Nombre);
+  if (Tomar(Palabra::As)) {
+    Poner(" AS ");
+    PonerNombre(ExigirNombre());
+  }
+}
+
+void Traductor::Juntas() {
+  while (true) {
+    if (Tomar(Palabra::Inner)) {
+      Poner(" INNER JOIN ");
+    } else if (Tomar(Palabra::Left)) {
+      Poner(" LEFT JOIN ");
+    } else if (Tomar(Palabra::Right)) {
+      Poner(" RIGHT JOIN ");
+    } else {
+      return;
+    }
+    Exigir(Palabra::Join);
+    UnaFuente();
+    Exigir(Palabra::On);
+    Poner(" ON ");
+    Expresion();
+  }
+}
+
+void Traductor::Where() {
+  if (!Tomar(Palabra::Where)) return;
+  Poner(" WHERE ");
+  Expresion();
+}
+
+void Traductor::GroupBy() {
+  if (!Tomar(Palabra::Group)) return;
+  Exigir(Palabra::By);
+  Poner(" GROUP BY ");
+  Expresion();
+  while (Tomar(Simbolo::Coma)) {
+    Poner(", ");
+    Expresion();
+  }
+}
+
+void Traductor::OrderBy() {
+  if (!Tomar(Palabra::Order)) return;
+  Exigir(Palabra::By);
+  Poner(" ORDER BY ");
+  bool primera = true;
+  do {
+    if (!primera) Poner(", ");
+    primera = false;
+    Expresion();
+    if (Tomar(Palabra::Desc)) {
+      Poner(" DESC");
+    } else {
+      static_cast<void>(Tomar(Palabra::Asc));
+    }
+  } while (Tomar(Simbolo::Coma));
+}
+
+void Traductor::Final() {
+  static_cast<void>(Tomar(Simbolo::PuntoYComa));
+  if (Actual().clase != ClaseToken::Fin) NoEsperado();
+}
+
+void Traductor::Delete() {
+  salida_->Que = Verbo::Delete;
+  BuscarFuentes();
+  if (fuentes_.size() != 1) NoEsperado();
+  const Fuente fuente = fuentes_.front();
+  if (Actual().clase == ClaseToken::Nombre) {
+    if (&FuenteDe(ExigirNombre()) != &fuentes_.front()) NoEsperado();
+    Exigir(Simbolo::Punto);
+    Exigir(Simbolo::Asterisco);
+  } else {
+    static_cast<void>(Tomar(Simbolo::Asterisco));
+  }
+  Exigir(Palabra::From);
+  static_cast<void>(ExigirNombre());
+  Poner("DELETE FROM ");
+  PonerNombre(fuente.tabla->Nombre);
+  Where();
+  Final();
+}
+
+std::vector<ColumnaDada> Traductor::Columnas() const {
+  std::vector<ColumnaDada> columnas;
+  for (const Elegida& elegida : elegidas_) {
+    if (elegida.tabla && elegida.columna < 0) {
+      for (const auto& columna : elegida.tabla->Columnas) {
+        columnas.push_back({columna, columna.Nombre});
+      }
+      continue;
+    }
+    ColumnaDada dada;
+    if (elegida.tabla) {
+      dada.Columna = elegida.tabla->Columnas[static_cast<std::size_t>(elegida.columna)];
+      dada.Origen = dada.Columna.Nombre;
+    } else {
+      dada.Columna.Nombre = "Expr" + std::to_string(1000 + columnas.size());
+      dada.Columna.Tipo = elegida.tipo.value_or(TipoColumna::Numero);
+    }
+    if (!elegida.nombre.empty()) dada.Columna.Nombre = elegida.nombre;
+    columnas.push_back(std::move(dada));
+  }
+  return columnas;
+}
+
+}  // namespace dialecto

@@ -1,0 +1,145 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "dialecto/catalogo.h"
+#include "dialecto/motor.h"
+#include "dialecto/token.h"
+#include "services/valor.h"
+
+namespace dialecto {
+
+enum class Verbo { Select, Delete };
+
+/// A statement in an engine's own text. The literals are lifted out: two statements that differ
+/// only in them have the same text, so the text is the key of a prepared statement.
+struct Sentencia {
+  Verbo Que = Verbo::Select;
+  std::string Texto;
+  /// One per `?`, in their order, each of the type of the column that it is compared with. Null
+  /// for a literal that no value of its column equals.
+  std::vector<services::Valor> Parametros;
+  /// The table whose rows a SELECT gives one by one, so that they can be added and changed; null
+  /// for a join, a DISTINCT or a sum.
+  const Tabla* Unica = nullptr;
+};
+
+/// A column of a SELECT as its recordset shows it.
+struct ColumnaDada {
+  services::Columna Columna;
+  /// Its name in the one table; empty for an expression.
+  std::string Origen;
+};
+
+/// Turns statements of the system into those of an engine. It understands one SELECT or one
+/// DELETE, in either of the two dialects that the system writes, and throws 0x80040E14 for
+/// anything else, 0x80040E37 for an unknown table and 0x80040E10 for an unknown column.
+/// It keeps its buffers from one statement to the next and serves one at a time.
+class Traductor {
+ public:
+  Traductor(const Motor& motor, Catalogo& catalogo) : motor_(motor), catalogo_(catalogo) {}
+
+  /// With `conOcultas`, a SELECT of one table also selects what finds its rows again, behind its
+  /// own columns.
+  void Traducir(std::string_view texto, bool conOcultas, Sentencia& sentencia);
+
+  /// The columns of the SELECT last translated, while its text is alive.
+  [[nodiscard]] std::vector<ColumnaDada> Columnas() const;
+
+ private:
+  struct Fuente {
+    std::string_view nombre;  ///< the alias, or the table's own name
+    const Tabla* tabla;
+  };
+  /// All columns of a table, one of them, or an expression.
+  struct Elegida {
+    const Tabla* tabla;
+    int columna;
+    std::optional<services::TipoColumna> tipo;
+    std::string_view nombre;
+  };
+  /// What an expression was found to be, and where its text begins.
+  struct Operando {
+    std::size_t desde = 0;
+    std::optional<services::TipoColumna> tipo = std::nullopt;
+    int parametro = -1;  ///< its place among the parameters, when it is a literal alone
+    const Tabla* tabla = nullptr;
+    int columna = -1;
+  };
+  enum class Recorte { Ninguno = 0, Izquierdo = 1, Derecho = 2, Ambos = 3 };
+
+  // Statements: traductor.cpp.
+  void Select(bool conOcultas);
+  void Delete();
+  void BuscarFuentes();
+  void AnadirFuente(std::size_t token);
+  void Elegidas();
+  void ElegidasDe(const Fuente& fuente);
+  void UnaElegida();
+  void Ocultas();
+  void From();
+  void Fuentes();
+  void UnaFuente();
+  void Juntas();
+  void Where();
+  void GroupBy();
+  void OrderBy();
+  void Final();
+
+  // Expressions: expresion.cpp.
+  Operando Expresion();
+  Operando Conjuncion();
+  Operando Negacion();
+  Operando Comparacion();
+  void Comparar(Operando& izquierdo, Simbolo operador);
+  void Parecido(Operando& izquierdo, bool negado);
+  void EsNulo();
+  Operando Primario();
+  Operando Parentesis();
+  Operando Nombre();
+  Operando Columna(const Fuente& fuente, std::string_view nombre);
+  Operando Funcion();
+  Operando Recortar();
+  Operando Literal();
+  Operando Parametro(services::Valor valor);
+  void Adaptar(const Operando& literal, const Operando& contra);
+  void Envolver(const Operando& operando, const Envoltura& envoltura);
+
+  [[nodiscard]] const Token& Actual() const { return tokens_[i_]; }
+  [[nodiscard]] const Token& Proximo() const { return tokens_[std::min(i_ + 1, Ultimo())]; }
+  [[nodiscard]] std::size_t Ultimo() const { return tokens_.size() - 1; }
+  [[nodiscard]] bool Es(Palabra palabra) const { return Actual().palabra == palabra; }
+  [[nodiscard]] bool Es(Simbolo simbolo) const { return Actual().simbolo == simbolo; }
+  template <class T>
+  bool Tomar(T esperado) {
+    if (!Es(esperado)) return false;
+    ++i_;
+    return true;
+  }
+  template <class T>
+  void Exigir(T esperado) {
+    if (!Tomar(esperado)) NoEsperado();
+  }
+  [[noreturn]] void NoEsperado() const;
+  [[nodiscard]] std::string_view ExigirNombre();
+  [[nodiscard]] const Fuente& FuenteDe(std::string_view nombre) const;
+  void Poner(std::string_view texto) { salida_->Texto += texto; }
+  void PonerNombre(std::string_view nombre);
+
+  const Motor& motor_;
+  Catalogo& catalogo_;
+  std::string_view sentencia_;
+  std::vector<Token> tokens_;
+  std::size_t i_ = 0;
+  Sentencia* salida_ = nullptr;
+  std::vector<Fuente> fuentes_;
+  std::vector<Elegida> elegidas_;
+  bool distintas_ = false;
+  bool agrupa_ = false;
+  int profundidad_ = 0;
+};
+
+}  // namespace dialecto

@@ -1,0 +1,157 @@
+#include "sqlite/cursor.h"
+
+#include <algorithm>
+
+#include "services/error.h"
+#include "sqlite/valores.h"
+
+namespace sqlite {
+
+using services::Asignacion;
+using services::ErrorEjecucion;
+using services::Filas;
+using services::ModoApertura;
+using services::TipoColumna;
+using services::Valor;
+namespace error = services::error;
+
+Cursor::Cursor(Conexion& conexion, std::shared_ptr<Entrada> entrada, std::vector<Valor> parametros,
+               ModoApertura modo)
+    : conexion_(&conexion),
+      entrada_(std::move(entrada)),
+      parametros_(std::move(parametros)),
+      modo_(modo) {}
+
+Filas Cursor::Leer() {
+  const Prestada sentencia = conexion_->almacen_.Tomar(entrada_);
+  int indice = 0;
+  for (const Valor& valor : parametros_) Enlazar(sentencia.get(), ++indice, valor);
+  return Recorrer(sentencia.get());
+}
+
+Filas Cursor::Recorrer(sqlite3_stmt* sentencia) const {
+  const bool conNumero = modo_ != ModoApertura::Lectura && !entrada_->Tabla.empty();
+  Filas filas(Columnas().size() + (conNumero ? 1 : 0));
+  int codigo = SQLITE_OK;
+  while ((codigo = sqlite3_step(sentencia)) == SQLITE_ROW) {
+    if (static_cast<std::size_t>(sqlite3_column_count(sentencia)) != filas.Columnas()) {
+      throw ErrorEjecucion(error::FalloDeConexion,
+                           "Otro programa ha cambiado las tablas; hay que abrirlas de nuevo");
+    }
+    AnadirFila(sentencia, Columnas(), filas);
+  }
+  if (codigo != SQLITE_DONE) Lanzar(conexion_->base_.Motor());
+  return filas;
+}
+
+void Cursor::ExigirTabla(std::span<const Asignacion> valores) const {
+  const bool escribible =
+      modo_ != ModoApertura::Lectura && !entrada_->Tabla.empty() &&
+      std::none_of(valores.begin(), valores.end(), [&](const Asignacion& valor) {
+        return entrada_->Origenes[valor.Posicion].empty();
+      });
+  if (escribible) return;
+  throw ErrorEjecucion(error::NoDisponible, "La sentencia no deja escribir en sus filas");
+}
+
+void Cursor::PonerColumna(std::string& texto, std::size_t posicion) const {
+  texto += '"';
+  texto += entrada_->Origenes[posicion];
+  texto += '"';
+}
+
+std::string Cursor::TextoDeInsercion(std::span<const Asignacion> valores) const {
+  std::string texto = "INSERT INTO \"" + entrada_->Tabla + "\"";
+  if (valores.empty()) return texto + " DEFAULT VALUES";
+  std::string huecos;
+  for (const Asignacion& valor : valores) {
+    texto += huecos.empty() ? " (" : ", ";
+    PonerColumna(texto, valor.Posicion);
+    huecos += huecos.empty() ? "?" : ", ?";
+  }
+  return texto + ") VALUES (" + huecos + ")";
+}
+
+void Cursor::PrepararInsercion(std::span<const Asignacion> valores) {
+  const bool misma = insercion_ && std::equal(valores.begin(), valores.end(), posiciones_.begin(),
+                                              posiciones_.end(),
+                                              [](const Asignacion& valor, std::size_t posicion) {
+                                                return valor.Posicion == posicion;
+                                              });
+  if (misma) return;
+  ExigirTabla(valores);
+  insercion_ = conexion_->almacen_.Tomar(TextoDeInsercion(valores));
+  posiciones_.clear();
+  for (const Asignacion& valor : valores) posiciones_.push_back(valor.Posicion);
+}
+
+void Cursor::Insertar(std::span<const Asignacion> valores) {
+  PrepararInsercion(valores);
+  int indice = 0;
+  for (const Asignacion& valor : valores) Enlazar(insercion_.get(), ++indice, *valor.Nuevo);
+  conexion_->unidad_.Escribir(insercion_.get());
+  insertada_ = sqlite3_last_insert_rowid(conexion_->base_.Motor());
+}
+
+std::string Cursor::TextoDeInsertada() const {
+  std::string texto = "SELECT ";
+  for (std::size_t i = 0; i < entrada_->Origenes.size(); ++i) {
+    if (entrada_->Origenes[i].empty()) {
+      texto += "NULL";
+    } else {
+      PonerColumna(texto, i);
+    }
+    texto += ", ";
+  }
+  return texto + "rowid FROM \"" + entrada_->Tabla + "\" WHERE rowid = ?";
+}
+
+Filas Cursor::LeerInsertada() {
+  const Prestada sentencia = conexion_->almacen_.Tomar(TextoDeInsertada());
+  sqlite3_bind_int64(sentencia.get(), 1, insertada_);
+  Filas filas = Recorrer(sentencia.get());
+  if (filas.Cuantas() == 1) return filas;
+  throw ErrorEjecucion(error::FilaCambiada, "Otro programa ha borrado la fila añadida");
+}
+
+// Two Booleans are the same when both are true, whatever number another program wrote for it; the
+// rest must not have changed by as much as a letter's case.
+std::string Cursor::TextoDeCambio(std::span<const Asignacion> valores) const {
+  std::string texto = "UPDATE \"" + entrada_->Tabla + "\" SET ";
+  for (const Asignacion& valor : valores) {
+    if (&valor != &valores.front()) texto += ", ";
+    PonerColumna(texto, valor.Posicion);
+    texto += " = ?";
+  }
+  texto += " WHERE rowid = ?";
+  if (modo_ != ModoApertura::Optimista) return texto;
+  for (const Asignacion& valor : valores) {
+    const bool logico = Columnas()[valor.Posicion].Tipo == TipoColumna::Logico;
+    texto += logico ? " AND (" : " AND ";
+    PonerColumna(texto, valor.Posicion);
+    texto += logico ? " <> 0) IS ?" : " IS ? COLLATE BINARY";
+  }
+  return texto;
+}
+
+void Cursor::Actualizar(const Filas& filas, std::size_t fila, std::span<const Asignacion> valores) {
+  ExigirTabla(valores);
+  const Prestada cambio = conexion_->almacen_.Tomar(TextoDeCambio(valores));
+  std::vector<Valor> antes;
+  antes.reserve(valores.size());
+  int indice = 0;
+  for (const Asignacion& valor : valores) Enlazar(cambio.get(), ++indice, *valor.Nuevo);
+  sqlite3_bind_int64(cambio.get(), ++indice, filas.Entero(fila, Columnas().size()));
+  if (modo_ == ModoApertura::Optimista) {
+    for (const Asignacion& valor : valores) {
+      antes.push_back(filas.En(fila, valor.Posicion));
+      Enlazar(cambio.get(), ++indice, antes.back());
+    }
+  }
+  conexion_->unidad_.Escribir(cambio.get());
+  if (sqlite3_changes(conexion_->base_.Motor()) == 0) {
+    throw ErrorEjecucion(error::FilaCambiada, "Otro programa ha cambiado o borrado la fila");
+  }
+}
+
+}  // namespace sqlite

@@ -1,0 +1,17 @@
+#pragma once
+
+#include "dialecto/motor.h"
+
+namespace sqlite {
+
+/// How statements are written for this engine.
+inline constexpr dialecto::Motor DialectoSqlite = {.Comilla = '"',
+                                                   .Recorte = {"trim(", ") COLLATE ES"},
+                                                   .RecorteIzquierdo = {"ltrim(", ") COLLATE ES"},
+                                                   .RecorteDerecho = {"rtrim(", ") COLLATE ES"},
+                                                   .Patron = " LIKE ",
+                                                   .NoPatron = " NOT LIKE ",
+                                                   .NumeroComoTexto = {"CAST(", " AS TEXT)"},
+                                                   .FechaComoTexto = {"texto_fecha(", ")"}};
+
+}  // namespace sqlite

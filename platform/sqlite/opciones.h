@@ -1,0 +1,28 @@
+#pragma once
+
+#include <cstddef>
+
+namespace sqlite {
+
+enum class Sincronizacion {
+  Completa,  ///< what has been written survives a power cut
+  Normal,    ///< a power cut may undo the last units, never a part of one
+};
+
+struct Opciones {
+  Sincronizacion Durabilidad = Sincronizacion::Completa;
+  /// Whether writes are gathered until `TerminarUnidad`; otherwise each is on its own.
+  bool UnidadDeTrabajo = true;
+  /// Whether a file that isn't there is created.
+  bool Crear = false;
+  /// How long a writer waits for another's lock, in milliseconds.
+  int EsperaMs = 5000;
+};
+
+/// What a connection has done since it was opened.
+struct Estadistica {
+  std::size_t Preparadas = 0;     ///< statements handed to the engine to be understood
+  std::size_t Transacciones = 0;  ///< units begun, or writes on their own
+};
+
+}  // namespace sqlite

@@ -1,0 +1,83 @@
+#include "sqlite/unidad.h"
+
+#include <utility>
+
+namespace sqlite {
+
+namespace {
+
+using services::ErrorEjecucion;
+
+ErrorEjecucion Deshecha() {
+  return {services::error::FalloDeConexion,
+          "La base de datos ha deshecho los últimos cambios, que no se han guardado (SQLite " +
+              std::to_string(SQLITE_ABORT_ROLLBACK) + ": transaction rolled back)"};
+}
+
+}  // namespace
+
+void Unidad::Paso(std::string_view texto) {
+  const Prestada sentencia = almacen_.Tomar(texto);
+  if (sqlite3_step(sentencia.get()) != SQLITE_DONE) Lanzar(base_.Motor());
+}
+
+template <class Accion>
+void Unidad::Intentar(Accion accion) {
+  try {
+    accion();
+  } catch (const ErrorEjecucion& fallo) {
+    const bool delFichero = fallo.Numero() == services::error::FalloDeConexion;
+    if (agrupa_ && (delFichero || (enCurso_ && !base_.EnTransaccion()))) perdida_ = fallo;
+    throw;
+  }
+}
+
+void Unidad::AntesDeEscribir() {
+  if (enCurso_ && !perdida_ && !base_.EnTransaccion()) perdida_ = Deshecha();
+  if (perdida_) throw ErrorEjecucion(*perdida_);
+  if (enCurso_) return;
+  if (agrupa_) {
+    Intentar([this] { Paso("BEGIN IMMEDIATE"); });
+    enCurso_ = true;
+  }
+  ++transacciones_;
+}
+
+void Unidad::Escribir(sqlite3_stmt* sentencia) {
+  AntesDeEscribir();
+  if (sqlite3_step(sentencia) == SQLITE_DONE) {
+    sqlite3_reset(sentencia);
+    return;
+  }
+  const int codigo = sqlite3_extended_errcode(base_.Motor());
+  const std::string texto = sqlite3_errmsg(base_.Motor());
+  sqlite3_reset(sentencia);
+  Intentar([&] { Lanzar(codigo, texto); });
+}
+
+void Unidad::Terminar() {
+  if (enCurso_ && !perdida_ && !base_.EnTransaccion()) perdida_ = Deshecha();
+  if (perdida_) {
+    const ErrorEjecucion causa = *perdida_;
+    Abandonar();
+    throw ErrorEjecucion(causa);
+  }
+  if (!enCurso_) return;
+  try {
+    Paso("COMMIT");
+    enCurso_ = false;
+  } catch (const ErrorEjecucion&) {
+    Abandonar();
+    throw;
+  }
+}
+
+void Unidad::Abandonar() noexcept {
+  if (enCurso_ && base_.EnTransaccion()) {
+    sqlite3_exec(base_.Motor(), "ROLLBACK", nullptr, nullptr, nullptr);
+  }
+  enCurso_ = false;
+  perdida_.reset();
+}
+
+}  // namespace sqlite

@@ -1,0 +1,45 @@
+#pragma once
+
+#include <optional>
+
+#include "services/error.h"
+#include "sqlite/almacen.h"
+#include "sqlite/base.h"
+
+namespace sqlite {
+
+/// The unit of work of a connection: its writes between two ends, all of them durable or none.
+///
+/// A write that fails by the fault of its row (a key that repeats, a value that doesn't fit) fails
+/// alone. One that fails by the fault of the file (a lock, a full disk) loses the unit: nothing
+/// more is written in it, so that no half of it stays, and its end fails with the same error,
+/// whether or not anyone listened to the first.
+class Unidad {
+ public:
+  Unidad(Base& base, Almacen& almacen, bool agrupa)
+      : base_(base), almacen_(almacen), agrupa_(agrupa) {}
+
+  /// Begins the unit with the first write. It takes the writer's lock at once, and so may wait.
+  void AntesDeEscribir();
+  /// Runs a statement that writes; a failure leaves what was written before it.
+  void Escribir(sqlite3_stmt* sentencia);
+  void Terminar();
+  void Abandonar() noexcept;
+
+  [[nodiscard]] std::size_t Transacciones() const { return transacciones_; }
+
+ private:
+  void Paso(std::string_view texto);
+  /// Runs a step of the unit; an error of the file's loses it.
+  template <class Accion>
+  void Intentar(Accion accion);
+
+  Base& base_;
+  Almacen& almacen_;
+  bool agrupa_;
+  bool enCurso_ = false;
+  std::optional<services::ErrorEjecucion> perdida_;
+  std::size_t transacciones_ = 0;
+};
+
+}  // namespace sqlite

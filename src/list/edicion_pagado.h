@@ -1,0 +1,67 @@
+#pragma once
+
+#include <string_view>
+
+#include "list/rejilla_pagos.h"
+#include "services/controles.h"
+#include "services/sesion.h"
+
+namespace list {
+
+/// Payments entered in the list itself: the events of `MSFPagos` and the editor `TxtMsf`, which
+/// lies over the `Pagado` cell of the current row while an amount is typed. Nothing of it reaches a
+/// table: all stays in the cells.
+///
+/// The grid raises its cell events from inside the moves made here, also re-entrantly; the guards
+/// of `RejillaPagos` tell them apart.
+class EdicionPagado {
+ public:
+  /// All events do nothing while `PicNuevo` is visible. `BotonModificar` is clicked for a forecast
+  /// line that is double clicked.
+  EdicionPagado(services::Form& form, services::PictureBox& panel, services::Sesion& sesion,
+                RejillaPagos& rejilla, const services::Widget& PicNuevo,
+                const services::Widget& BotonModificar);
+
+  services::TextBox TxtMsf;
+
+  /// Lays the editor over the current cell when it is the `Pagado` of a row that can be paid;
+  /// otherwise empties and hides it.
+  void AbrirEdicionPagado();
+  /// The same, by a key, which is not looked at.
+  void ActivarEdicionPagado(int tecla);
+  /// Takes the amount of an open editor into the row and hides it.
+  void CerrarEdicionPago();
+
+ private:
+  void MSFPagos_Click();
+  void MSFPagos_DblClick();
+  void MSFPagos_RowColChange();
+  void MSFPagos_LeaveCell();
+  void TxtMsf_KeyDown(int& tecla);
+  void TxtMsf_KeyPress(int& tecla);
+
+  void PagarEntera(int fila);
+  void QuitarPago(int fila);
+  void ElegirFila();
+  void DespintarFila();
+  void ComprometerImporte();
+  void MoverAMarca();
+  void PasarALaSiguiente();
+  /// `direccion` is "Arr" or "Aba".
+  void MoverFilaPago(std::string_view direccion);
+  [[nodiscard]] int BuscarFilaPago(std::string_view direccion) const;
+
+  [[nodiscard]] bool EnPagadoDePagable() const;
+  [[nodiscard]] bool TieneFacturaYFecha(int fila) const;
+  [[nodiscard]] bool SuperaElRecibo(int fila) const;
+  void AvisarQueSupera();
+  void Ocultar();
+
+  services::Sesion& sesion_;
+  RejillaPagos& rejilla_;
+  services::MSFlexGrid& MSFPagos_;
+  const services::Widget& PicNuevo_;
+  const services::Widget& BotonModificar_;
+};
+
+}  // namespace list

@@ -1,0 +1,50 @@
+#include "shell/class_tesvara.h"
+
+#include <exception>
+
+#include "services/error.h"
+#include "shell/frm_tesvara_gastos.h"
+
+namespace shell {
+
+using services::HRESULT;
+namespace hr = services::hr;
+
+HRESULT ClassTesvara::Cargar(services::Ref<services::IDatosClase>& datos) noexcept {
+  return Hacer([&] {
+    datos_.RecibirSesion(datos);
+    datos_.MostrarPantalla();
+  });
+}
+
+HRESULT ClassTesvara::Ocultar() noexcept {
+  return Hacer([&] { datos_.Pantalla().Hide(); });
+}
+
+HRESULT ClassTesvara::Cerrar() noexcept {
+  return Hacer([&] { datos_.Pantalla().Unload(); });
+}
+
+HRESULT ClassTesvara::Hacer(const std::function<void()>& operacion) noexcept {
+  // A positive number, such as 13, would read as a success.
+  const auto comoResultado = [](std::int32_t numero) {
+    return hr::Fallido(numero) ? numero
+                               : hr::Codigo(0x800A0000U | static_cast<std::uint32_t>(numero));
+  };
+  numero_ = 0;
+  descripcion_.clear();
+  try {
+    datos_.Escritorio().Operacion(operacion);
+    return hr::Bien;
+  } catch (const services::ErrorEjecucion& fallo) {
+    numero_ = fallo.Numero();
+    descripcion_ = fallo.Descripcion();
+    return comoResultado(fallo.Numero());
+  } catch (const std::exception& fallo) {
+    numero_ = hr::Fallo;
+    descripcion_ = fallo.what();
+    return hr::Fallo;
+  }
+}
+
+}  // namespace shell

@@ -1,0 +1,33 @@
+#pragma once
+
+#include <functional>
+#include <string>
+
+#include "services/anfitrion.h"
+#include "services/automatizacion.h"
+#include "shell/datos_comunes.h"
+
+namespace shell {
+
+/// The public class. It has no state but the text of its last failure: all is in the session, which
+/// every object of the class shares.
+class ClassTesvara final
+    : public services::ObjetoContado<services::IClassTesvara, services::IDescripcionError> {
+ public:
+  explicit ClassTesvara(DatosComunes& datos) : datos_(datos) {}
+
+  services::HRESULT Cargar(services::Ref<services::IDatosClase>& datos) noexcept override;
+  services::HRESULT Ocultar() noexcept override;
+  services::HRESULT Cerrar() noexcept override;
+  const char* Descripcion() noexcept override { return descripcion_.c_str(); }
+  std::int32_t Numero() noexcept override { return numero_; }
+
+ private:
+  services::HRESULT Hacer(const std::function<void()>& operacion) noexcept;
+
+  DatosComunes& datos_;
+  std::int32_t numero_ = 0;
+  std::string descripcion_;
+};
+
+}  // namespace shell

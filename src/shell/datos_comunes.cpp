@@ -1,0 +1,164 @@
+#include "shell/datos_comunes.h"
+
+#include <utility>
+
+#include "services/error.h"
+#include "shell/frm_tesvara_gastos.h"
+
+namespace shell {
+namespace {
+
+using services::ErrorEjecucion;
+using services::IForm;
+using services::IUnknown;
+using services::Ref;
+namespace error = services::error;
+
+/// What a failed operation of the host says of itself.
+std::string MotivoDe(const Ref<services::IDatosClase>& datos, const char* operacion) {
+  std::string motivo;
+  if (auto descrito = datos.Como<services::IDescripcionError>()) motivo = descrito->Descripcion();
+  return motivo.empty() ? std::string("El anfitrión no ha completado ") + operacion : motivo;
+}
+
+Ref<IForm> ComoForm(const Ref<IUnknown>& objeto, const char* nombre) {
+  Ref<IForm> form = objeto.Como<IForm>();
+  if (!form) {
+    throw ErrorEjecucion(
+        error::InterfazNoDisponible,
+        std::string("Lo que el anfitrión entrega como ") + nombre + " no es un formulario");
+  }
+  return form;
+}
+
+services::Conexion& Exigir(const Ref<services::Conexion>& conexion, const char* nombre,
+                           const char* de) {
+  if (!conexion) {
+    throw ErrorEjecucion(
+        error::ObjetoNoEstablecido,
+        std::string("El anfitrión no ha entregado la conexión ") + nombre + " (" + de + ")");
+  }
+  return *conexion;
+}
+
+/// A message is a wait for the user: what was written before it is made durable.
+class AvisoConEspera final : public services::Aviso {
+ public:
+  AvisoConEspera(std::unique_ptr<services::Aviso> aviso, services::Escritorio& escritorio)
+      : aviso_(std::move(aviso)), escritorio_(escritorio) {}
+
+  int Mostrar(const std::string& texto, int flags, const std::string& titulo) override {
+    int respuesta = 0;
+    escritorio_.Esperar([&] { respuesta = aviso_->Mostrar(texto, flags, titulo); });
+    return respuesta;
+  }
+
+ private:
+  std::unique_ptr<services::Aviso> aviso_;
+  services::Escritorio& escritorio_;
+};
+
+}  // namespace
+
+DatosComunes::DatosComunes(const services::Plataforma& plataforma)
+    : plataforma_(plataforma), escritorio_(plataforma) {
+  escritorio_.AlTerminarEvento = [this] { TerminarUnidades(); };
+}
+
+DatosComunes::~DatosComunes() = default;
+
+void DatosComunes::RecibirSesion(Ref<services::IDatosClase> datos) {
+  if (!datos) {
+    throw ErrorEjecucion(error::ObjetoNoEstablecido,
+                         "Cargar necesita el objeto de contexto del anfitrión");
+  }
+  DatosClase_ = std::move(datos);
+  if (!valores_.RsSesion13) valores_.RsSesion13 = services::Crear<services::Recordset>();
+  if (!valores_.RsTextos) valores_.RsTextos = services::Crear<services::Recordset>();
+  if (!valores_.RsSesion11) valores_.RsSesion11 = services::Crear<services::Recordset>();
+
+  Valores v = valores_;
+  Ref<IUnknown> principal = FrmPrincipal_;
+  Ref<IUnknown> marco = FrmMarco_;
+  const services::HRESULT resultado = DatosClase_->EntregarSesion(
+      v.CnDatos, v.ObjSesion2, v.CnTemp, v.ObjSesion4, v.ObjSesion5, marco, principal,
+      v.AnchoReferencia, v.AltoReferencia, v.ValorSesion10, v.RsSesion11, v.RsTextos, v.RsSesion13,
+      v.ClaveBorrado, v.Usuario);
+  if (services::hr::Fallido(resultado)) {
+    throw ErrorEjecucion(resultado, MotivoDe(DatosClase_, "EntregarSesion"));
+  }
+  Ref<IForm> FrmMarco = ComoForm(marco, "FrmMarco");
+  Ref<IForm> FrmPrincipal = ComoForm(principal, "FrmPrincipal");
+  Exigir(v.CnDatos, "CnDatos", "tablas de la empresa");
+  Exigir(v.CnTemp, "CnTemp", "tablas de trabajo");
+  FrmMarco_ = std::move(FrmMarco);
+  FrmPrincipal_ = std::move(FrmPrincipal);
+  valores_ = std::move(v);
+}
+
+void DatosComunes::Repintar(FrmTesvaraGastos& pantalla) {
+  if (!DatosClase_) return;
+  const auto pedir = [this](Ref<IUnknown> form, const char* nombre) {
+    const services::HRESULT resultado = DatosClase_->RepintarForm(form);
+    if (services::hr::Fallido(resultado)) {
+      throw ErrorEjecucion(resultado, MotivoDe(DatosClase_, "RepintarForm"));
+    }
+    return ComoForm(form, nombre);
+  };
+  const Ref<IForm> devuelta = pedir(static_cast<IForm*>(&pantalla), "FrmTesvaraGastos");
+  if (devuelta.get() != &pantalla) {
+    throw ErrorEjecucion(error::InterfazNoDisponible,
+                         "El anfitrión ha devuelto otro formulario por FrmTesvaraGastos");
+  }
+  FrmPrincipal_ = pedir(FrmPrincipal_, "FrmPrincipal");
+}
+
+FrmTesvaraGastos& DatosComunes::Pantalla() {
+  FrmTesvaraGastos& pantalla = pantalla_.Pedir(*this);
+  pantalla.Load();
+  return pantalla;
+}
+
+void DatosComunes::SoltarPantalla() {
+  pantalla_.Soltar();
+}
+
+void DatosComunes::MostrarPantalla() {
+  Pantalla().Show();
+}
+
+services::Conexion& DatosComunes::CnDatos() const {
+  return Exigir(valores_.CnDatos, "CnDatos", "tablas de la empresa");
+}
+
+services::Conexion& DatosComunes::CnTemp() const {
+  return Exigir(valores_.CnTemp, "CnTemp", "tablas de trabajo");
+}
+
+void DatosComunes::AnotarBorrado(const std::string& sentencia) {
+  Utiles().AnotarBorrado(valores_.ClaveBorrado, valores_.CnDatos, sentencia);
+}
+
+services::Utiles& DatosComunes::Utiles() {
+  if (!utiles_) utiles_ = plataforma_.CrearUtiles(*this);
+  return *utiles_;
+}
+
+services::Aviso& DatosComunes::Aviso() {
+  if (!aviso_) aviso_ = std::make_unique<AvisoConEspera>(plataforma_.CrearAviso(), escritorio_);
+  return *aviso_;
+}
+
+void DatosComunes::TerminarUnidades() {
+  if (!valores_.CnDatos || !valores_.CnTemp) return;
+  try {
+    valores_.CnDatos->TerminarUnidad();
+  } catch (...) {
+    // What the working tables have since then belongs to rows that the stored ones now lack.
+    valores_.CnTemp->AbandonarUnidad();
+    throw;
+  }
+  valores_.CnTemp->TerminarUnidad();
+}
+
+}  // namespace shell

@@ -1,0 +1,86 @@
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <string>
+
+#include "services/anfitrion.h"
+#include "services/escritorio.h"
+#include "services/form.h"
+#include "services/plataforma.h"
+#include "services/sesion.h"
+
+namespace shell {
+
+class FrmTesvaraGastos;
+
+/// The session that the host hands over, and the objects that all screens share. Kept for the life
+/// of the process.
+class DatosComunes final : public services::Sesion {
+ public:
+  explicit DatosComunes(const services::Plataforma& plataforma);
+  ~DatosComunes() override;
+
+  /// Takes the session from the host's context. Throws the failure of `EntregarSesion`, 0x80004002
+  /// for a form that is none, and 91 for a connection that wasn't handed over; what the session
+  /// held before then stays.
+  void RecibirSesion(services::Ref<services::IDatosClase> datos);
+  /// Has the host draw around the main screen and its own; keeps the forms it hands back.
+  void Repintar(FrmTesvaraGastos& pantalla);
+
+  /// The main screen, made and loaded when it isn't.
+  FrmTesvaraGastos& Pantalla();
+  /// Shows it.
+  void MostrarPantalla();
+  /// Lets go of a screen that was unloaded.
+  void SoltarPantalla();
+
+  [[nodiscard]] services::Escritorio& Escritorio() { return escritorio_; }
+  [[nodiscard]] const services::Ref<services::IForm>& FrmMarco() const { return FrmMarco_; }
+  [[nodiscard]] const services::Ref<services::IForm>& FrmPrincipal() const { return FrmPrincipal_; }
+
+  [[nodiscard]] services::Conexion& CnDatos() const override;
+  [[nodiscard]] services::Conexion& CnTemp() const override;
+  [[nodiscard]] const std::string& Usuario() const override { return valores_.Usuario; }
+  void AnotarBorrado(const std::string& sentencia) override;
+  void AsegurarDatos() override { CnDatos().TerminarUnidad(); }
+  [[nodiscard]] std::int32_t AnchoReferencia() const override { return valores_.AnchoReferencia; }
+  [[nodiscard]] std::int32_t AltoReferencia() const override { return valores_.AltoReferencia; }
+  services::Utiles& Utiles() override;
+  services::Aviso& Aviso() override;
+  [[nodiscard]] services::FechaHora Ahora() const override { return plataforma_.Ahora(); }
+  [[nodiscard]] int AnchoPantalla() const override { return plataforma_.Pantalla().Ancho; }
+  [[nodiscard]] int AltoPantalla() const override { return plataforma_.Pantalla().Alto; }
+
+ private:
+  /// The fifteen values, in the order in which the host is asked for them.
+  struct Valores {
+    services::Ref<services::Conexion> CnDatos;
+    services::Ref<services::IUnknown> ObjSesion2;
+    services::Ref<services::Conexion> CnTemp;
+    services::Ref<services::IUnknown> ObjSesion4;
+    services::Ref<services::IUnknown> ObjSesion5;
+    std::int32_t AnchoReferencia = 0;
+    std::int32_t AltoReferencia = 0;
+    double ValorSesion10 = 0;
+    services::Ref<services::Recordset> RsSesion11;
+    services::Ref<services::Recordset> RsTextos;
+    services::Ref<services::Recordset> RsSesion13;
+    std::string ClaveBorrado;
+    std::string Usuario;
+  };
+
+  void TerminarUnidades();
+
+  const services::Plataforma& plataforma_;
+  services::Escritorio escritorio_;
+  services::Ref<services::IDatosClase> DatosClase_;
+  Valores valores_;
+  services::Ref<services::IForm> FrmMarco_;
+  services::Ref<services::IForm> FrmPrincipal_;
+  std::unique_ptr<services::Utiles> utiles_;
+  std::unique_ptr<services::Aviso> aviso_;
+  services::Instancia<FrmTesvaraGastos> pantalla_;
+};
+
+}  // namespace shell

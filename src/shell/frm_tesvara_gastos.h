@@ -1,0 +1,74 @@
+#pragma once
+
+#include "list/borrado.h"
+#include "list/edicion_pagado.h"
+#include "list/lista_pagos.h"
+#include "list/rejilla_pagos.h"
+#include "services/controles.h"
+#include "services/form.h"
+#include "store/rango_fechas.h"
+
+namespace shell {
+
+class DatosComunes;
+
+/// The main screen, "Tesvara de Pagos": its blocks put together, and what crosses them.
+class FrmTesvaraGastos final : public services::Form, private store::AlCambiarRango {
+ public:
+  explicit FrmTesvaraGastos(DatosComunes& datos);
+  ~FrmTesvaraGastos() override;
+
+ private:
+  DatosComunes& datos_;
+
+ public:
+  services::Cintilla Barra1;
+  services::PictureBox PicPagos;
+  services::PictureBox PicNuevo;
+  services::PictureBox PicTexto;
+  services::Label LblTitulo;
+  services::ProgressBar ProgressBar;
+  services::TextBox TxtNConcepto;
+  services::TextBox TxtBusco;
+  services::Pulsador BtnCancelar;
+  store::RangoFechas Rango;
+  list::RejillaPagos Rejilla;
+  services::Pulsador BotonNuevo;
+  services::Pulsador BotonModificar;
+  list::EdicionPagado Edicion;
+  list::ListaPagos Lista;
+  list::Borrado Borrado;
+  services::Pulsador BotonAceptar;
+  services::Pulsador BotonCancelar;
+  services::Pulsador BtnAutCaja;
+  services::Image ImgImpresora;
+
+  /// True when the list differs from the snapshot; valid right after `ComprobarCambios`.
+  bool Modificado = false;
+  /// Part of the invoice on the entry panel that was paid in cash.
+  double ImporteCaja = 0;
+
+  void ComprobarCambios();
+  /// Working copy, list and snapshot anew from the stored tables.
+  void Recargar();
+
+  void Form_Resize() override;
+  void Form_Paint() override;
+
+ private:
+  void Form_Load() override;
+  void Form_Unload() override;
+  void RangoCambiado(services::TextBox& campo) override;
+
+  void Barra1_Cerrar();
+  void BotonAceptar_Click();
+  void BotonCancelar_Click();
+  void Grabar();
+
+  [[nodiscard]] bool PreguntarSiGuardar(const char* pregunta);
+  void TomarMarco();
+  void EscalarPantalla();
+  void CentrarPaneles();
+};
+
+}  // namespace shell

@@ -1,0 +1,93 @@
+#include <atomic>
+#include <exception>
+
+#include "services/anfitrion.h"
+#include "services/automatizacion.h"
+#include "services/plataforma.h"
+#include "shell/class_tesvara.h"
+#include "shell/datos_comunes.h"
+
+// The four entry points of the in-process server.
+
+namespace {
+
+using services::GUID;
+using services::HRESULT;
+namespace hr = services::hr;
+
+std::atomic<int> bloqueos{0};
+
+/// The session of the process, made at its first use.
+shell::DatosComunes& Datos() {
+  static shell::DatosComunes datos(services::PlataformaInstalada());
+  return datos;
+}
+
+bool hayDatos = false;
+
+class Fabrica final : public services::ObjetoContado<services::IClassFactory> {
+ public:
+  HRESULT CreateInstance(services::IUnknown* exterior, const GUID& interfaz,
+                         void** objeto) noexcept override {
+    if (!objeto) return hr::PunteroNulo;
+    *objeto = nullptr;
+    if (exterior) return hr::SinAgregacion;
+    try {
+      const auto nuevo = services::Crear<shell::ClassTesvara>(Datos());
+      hayDatos = true;
+      return nuevo->QueryInterface(interfaz, objeto);
+    } catch (const std::exception&) {
+      return hr::Fallo;
+    }
+  }
+  HRESULT LockServer(bool bloquear) noexcept override {
+    bloqueos += bloquear ? 1 : -1;
+    return hr::Bien;
+  }
+};
+
+template <class Operacion>
+HRESULT ConPlataforma(Operacion operacion) noexcept {
+  try {
+    return operacion(
+        services::PlataformaInstalada(),
+        services::ClaseRegistrada{services::IClassTesvara::CLSID, services::IClassTesvara::ProgId});
+  } catch (const std::exception&) {
+    return hr::Fallo;
+  }
+}
+
+}  // namespace
+
+namespace services {
+
+HRESULT DllGetClassObject(const GUID& clase, const GUID& interfaz, void** objeto) noexcept {
+  if (!objeto) return hr::PunteroNulo;
+  *objeto = nullptr;
+  if (!(clase == IClassTesvara::CLSID)) return hr::ClaseDesconocida;
+  try {
+    return Crear<Fabrica>()->QueryInterface(interfaz, objeto);
+  } catch (const std::exception&) {
+    return hr::Fallo;
+  }
+}
+
+HRESULT DllCanUnloadNow() noexcept {
+  // The session keeps the host's objects for the life of the process: once there is one, the
+  // library stays.
+  return bloqueos == 0 && !hayDatos ? hr::Bien : hr::No;
+}
+
+HRESULT DllRegisterServer() noexcept {
+  return ConPlataforma([](const Plataforma& plataforma, const ClaseRegistrada& clase) {
+    return plataforma.Registrar(clase);
+  });
+}
+
+HRESULT DllUnregisterServer() noexcept {
+  return ConPlataforma([](const Plataforma& plataforma, const ClaseRegistrada& clase) {
+    return plataforma.Anular(clase);
+  });
+}
+
+}  // namespace services

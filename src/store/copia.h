@@ -1,0 +1,27 @@
+#pragma once
+
+#include <cstddef>
+#include <functional>
+
+#include "services/modo_reanudar.h"
+#include "services/recordset.h"
+
+namespace store {
+
+/// What a copied row gets besides the columns copied by position; `destino` is on the new row.
+using Remate = std::function<void(services::Recordset& origen, services::Recordset& destino)>;
+/// The value of a column on its way, by its position.
+using Filtro = std::function<services::Valor(std::size_t posicion, services::Valor valor)>;
+
+struct Columnas {
+  std::size_t Ultima;  ///< positions 0 to this one are copied
+  Filtro Filtrar = nullptr;
+  Remate Rematar = nullptr;
+};
+
+/// Adds a row to `destino` for each row left in `origen`. `modo` is turned on at the first `Update`
+/// and left on: a row that can't be written is dropped without a word.
+void CopiarFilas(services::Recordset& origen, services::Recordset& destino,
+                 services::ModoReanudar& modo, const Columnas& columnas);
+
+}  // namespace store

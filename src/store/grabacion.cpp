@@ -1,0 +1,164 @@
+#include "store/grabacion.h"
+
+#include "services/modo_reanudar.h"
+#include "services/recordset.h"
+#include "services/texto.h"
+#include "store/copia.h"
+#include "store/vaciado.h"
+
+namespace store {
+namespace {
+
+using services::ModoApertura;
+using services::ModoReanudar;
+using services::Recordset;
+
+/// One commit of a range, step by step.
+class Grabacion {
+ public:
+  Grabacion(services::Sesion& sesion, const std::string& desde, const std::string& hasta)
+      : sesion_(sesion),
+        desde_(sesion.Utiles().ConvertirFecha(desde, 2, "D", "R")),
+        hasta_(sesion.Utiles().ConvertirFecha(hasta, 2, "D", "R")) {}
+
+  void BorrarRango();
+  void EscribirFacturas();
+  void EscribirPrevisiones();
+  void EnlazarCaja();
+
+ private:
+  void Borrar(const std::string& sentencia);
+  void Escribir(const std::string& almacenada, const std::string& trabajo, std::size_t ultima,
+                const Remate& sellar);
+  void EnlazarApunte(Recordset& apunte);
+  void Sellar(Recordset& destino);
+
+  services::Sesion& sesion_;
+  const std::string desde_;
+  const std::string hasta_;
+  ModoReanudar modo_;
+};
+
+void Grabacion::Borrar(const std::string& sentencia) {
+  modo_.Paso([&] {
+    Recordset rs;
+    rs.Open(sentencia, sesion_.CnDatos(), ModoApertura::Optimista);
+  });
+  modo_.Paso([&] { sesion_.AnotarBorrado(sentencia); });
+}
+
+void Grabacion::BorrarRango() {
+  Recordset facturas;
+  facturas.Open(
+      "SELECT DISTINCT ProvFacturas.* FROM ProvFacturas INNER JOIN ProvVencimientos ON "
+      "(ProvFacturas.NConcepto = ProvVencimientos.NConcepto) AND (ProvFacturas.Factura = "
+      "ProvVencimientos.NFactura) WHERE ProvVencimientos.FechaVto >= '" +
+          desde_ + "' And ProvVencimientos.FechaVto <= '" + hasta_ +
+          "' Order By ProvFacturas.Fecha",
+      sesion_.CnDatos(), ModoApertura::Lectura);
+  for (; !facturas.Eof(); facturas.MoveNext()) {
+    const std::string factura(services::Trim(facturas.Collect("Factura").Texto()));
+    const std::string concepto = facturas.Collect("NConcepto").Texto();
+    const std::string anio = facturas.Collect("Año").Texto();
+    Borrar("DELETE From ProvBasesIva WHERE ProvBasesIva.NConcepto like '" + concepto +
+           "' and ProvBasesIva.Año like '" + anio +
+           "' and RTRIM(LTRIM(ProvBasesIva.NFactura)) like '" + factura + "'");
+    Borrar("DELETE From ProvVencimientos WHERE ProvVencimientos.NConcepto like '" + concepto +
+           "' and ProvVencimientos.Año like '" + anio +
+           "' and RTRIM(LTRIM(ProvVencimientos.NFactura)) like '" + factura + "'");
+    Borrar("DELETE FROM ProvFacturas WHERE RTRIM(LTRIM(ProvFacturas.Factura)) like '" + factura +
+           "' AND ProvFacturas.NConcepto like '" + concepto + "' And ProvFacturas.Año like '" +
+           anio + "'");
+  }
+}
+
+void Grabacion::Sellar(Recordset& destino) {
+  destino.Collect("Actualizado") = sesion_.Utiles().FechaActualizado(sesion_.Ahora());
+  destino.Collect("ModificadoPor") = sesion_.Usuario();
+}
+
+void Grabacion::Escribir(const std::string& almacenada, const std::string& trabajo,
+                         std::size_t ultima, const Remate& sellar) {
+  Recordset destino;
+  Recordset origen;
+  modo_.Paso([&] { destino.Open(almacenada, sesion_.CnDatos(), ModoApertura::Optimista); });
+  modo_.Paso([&] { origen.Open(trabajo, sesion_.CnTemp(), ModoApertura::Lectura); });
+  CopiarFilas(origen, destino, modo_, {ultima, nullptr, sellar});
+}
+
+void Grabacion::EscribirFacturas() {
+  const Remate sellar = [this](Recordset&, Recordset& destino) { Sellar(destino); };
+  Escribir("SELECT ProvFacturas.* FROM ProvFacturas",
+           "SELECT TempProvFacturas.* FROM TempProvFacturas", 11, sellar);
+  Escribir("SELECT ProvBasesIva.* FROM ProvBasesIva",
+           "SELECT TempProvBasesIva.* From TempProvBasesIva", 6, sellar);
+  Escribir("SELECT ProvVencimientos.* FROM ProvVencimientos",
+           "SELECT TempProvVencimientos.* From TempProvVencimientos", 6, sellar);
+}
+
+void Grabacion::EscribirPrevisiones() {
+  Borrar("DELETE FROM ProvPrevisionPagos WHERE ProvPrevisionPagos.Fecha1Vto <= '" + hasta_ + "'");
+  // The statement leaves `ModificadoPor` out, so that a forecast never gets it; its assignment
+  // fails and is passed over whether or not a row was written before.
+  const Remate sellar = [this](Recordset&, Recordset& destino) {
+    ModoReanudar sinColumna;
+    sinColumna.Activar();
+    sinColumna.Paso([&] { Sellar(destino); });
+  };
+  Escribir(
+      "SELECT ProvPrevisionPagos.NConcepto, ProvPrevisionPagos.Fecha1Vto, "
+      "ProvPrevisionPagos.Cada, ProvPrevisionPagos.Tipo, ProvPrevisionPagos.Importe, "
+      "ProvPrevisionPagos.Actualizado FROM ProvPrevisionPagos",
+      "SELECT TempProvPrevisionPagos.* From TempProvPrevisionPagos", 4, sellar);
+}
+
+void Grabacion::EnlazarCaja() {
+  Recordset apuntes;
+  modo_.Paso([&] {
+    apuntes.Open("SELECT TempCajaPagos.* From TempCajaPagos", sesion_.CnTemp(),
+                 ModoApertura::Lectura);
+  });
+  while (apuntes.State() && !apuntes.Eof()) {
+    EnlazarApunte(apuntes);
+    modo_.Limpiar();
+    apuntes.MoveNext();
+  }
+}
+
+void Grabacion::EnlazarApunte(Recordset& apunte) {
+  Recordset almacenado;
+  modo_.Paso([&] {
+    almacenado.Open("SELECT CajaPagos.* FROM CajaPagos WHERE CajaPagos.idSucursal like '" +
+                        apunte.Collect("idSucursal").Texto() + "' And CajaPagos.FechaHora like '" +
+                        apunte.Collect("FechaHora").Texto() + "' And CajaPagos.Tipo like " +
+                        apunte.Collect("Tipo").Texto(),
+                    sesion_.CnDatos(), ModoApertura::Optimista);
+  });
+  bool encontrado = false;
+  modo_.Paso([&] { encontrado = almacenado.State() && !almacenado.Eof(); });
+  if (!encontrado) return;
+  modo_.Paso([&] {
+    // Joined to an empty text: an entry without invoice is written as "", not as Null.
+    almacenado.Collect("Factura") = apunte.Collect("Factura").Texto();
+    almacenado.Collect("Año") = apunte.Collect("Año").Texto();
+    Sellar(almacenado);
+  });
+  modo_.Activar();
+  modo_.Paso([&] { almacenado.Update(); });
+  if (modo_.Numero() != 0) modo_.Paso([&] { almacenado.CancelUpdate(); });
+}
+
+}  // namespace
+
+void GrabarTemporales(services::Sesion& sesion, const std::string& desde,
+                      const std::string& hasta) {
+  Grabacion grabacion(sesion, desde, hasta);
+  grabacion.BorrarRango();
+  grabacion.EscribirFacturas();
+  grabacion.EscribirPrevisiones();
+  grabacion.EnlazarCaja();
+  sesion.AsegurarDatos();
+  VaciarTemporales(sesion.CnTemp());
+}
+
+}  // namespace store

@@ -1,0 +1,137 @@
+#include "store/rango_fechas.h"
+
+#include <optional>
+
+#include "services/fecha.h"
+#include "services/texto.h"
+
+namespace store {
+namespace {
+
+using services::TextBox;
+
+constexpr std::size_t kLargoCompleto = 10;
+
+/// Whether a text of ten characters is a date; no value for a text of another length.
+std::optional<bool> FechaCompleta(const std::string& texto) {
+  if (services::Longitud(texto) != kLargoCompleto) return std::nullopt;
+  const auto fecha = services::LeerFecha(texto);
+  return fecha && !fecha->EsCero();
+}
+
+}  // namespace
+
+RangoFechas::RangoFechas(services::Form& form, services::PictureBox& panel,
+                         services::Sesion& sesion, const services::Widget& BtnCancelar,
+                         AlCambiarRango& pantalla)
+    : LblDesde(form, "LblDesde", "Ver Pagos Desde:",
+               {.Left = 180, .Top = 200, .Width = 1500, .Height = 285, .Contenedor = &panel}),
+      TxtFPrevisionD(form, "TxtFPrevisionD",
+                     {.Left = 1740,
+                      .Top = 160,
+                      .Width = 1300,
+                      .Height = 360,
+                      .TabIndex = 0,
+                      .Contenedor = &panel,
+                      .FontSize = 10}),
+      LblHasta(form, "LblHasta", "Ver Pagos Hasta:",
+               {.Left = 3240, .Top = 200, .Width = 1500, .Height = 285, .Contenedor = &panel}),
+      TxtFPrevision(form, "TxtFPrevision",
+                    {.Left = 4800,
+                     .Top = 160,
+                     .Width = 1300,
+                     .Height = 360,
+                     .TabIndex = 1,
+                     .Contenedor = &panel,
+                     .FontSize = 10}),
+      sesion_(sesion),
+      BtnCancelar_(BtnCancelar),
+      pantalla_(pantalla) {
+  Conectar(TxtFPrevisionD);
+  Conectar(TxtFPrevision);
+  TxtFPrevisionD.Change = [this] { TxtFPrevisionD_Change(); };
+  TxtFPrevision.Change = [this] { TxtFPrevision_Change(); };
+  TxtFPrevisionD.LostFocus = [this] { TxtFPrevisionD_LostFocus(); };
+  TxtFPrevision.LostFocus = [this] { TxtFPrevision_LostFocus(); };
+}
+
+void RangoFechas::Conectar(TextBox& campo) {
+  campo.GotFocus = [this, &campo] { Recibir(campo); };
+  campo.KeyPress = [this, &campo](int& tecla) {
+    tecla = sesion_.Utiles().TeclaFecha(campo, tecla);
+  };
+}
+
+void RangoFechas::PonerMesActual() {
+  const auto hoy = services::Descomponer(sesion_.Ahora());
+  std::string mes = std::to_string(hoy.Mes);
+  if (mes.size() == 1) mes = "0" + mes;
+  const std::string resto = "/" + mes + "/" + std::to_string(hoy.Anio);
+  TxtFPrevisionD.Text = "01" + resto;
+  // Whatever the month's length: the conversion takes a day past its end for its last one.
+  TxtFPrevision.Text = "31" + resto;
+  for (TextBox* campo : {&TxtFPrevisionD, &TxtFPrevision}) {
+    campo->Text = sesion_.Utiles().ConvertirFecha(campo->Text, 1, "D", "D");
+    campo->Tag = campo->Text();
+  }
+}
+
+void RangoFechas::Recibir(TextBox& campo) {
+  campo.BackColor = services::color::ConFoco;
+  campo.Tag = campo.Text();
+  campo.SeleccionarTodo();
+}
+
+void RangoFechas::TxtFPrevisionD_Change() {
+  const auto completa = FechaCompleta(TxtFPrevisionD.Text);
+  if (!completa) return;
+  (*completa ? TxtFPrevision : TxtFPrevisionD).SetFocus();
+}
+
+void RangoFechas::TxtFPrevision_Change() {
+  // The focus stays where it is.
+  if (FechaCompleta(TxtFPrevision.Text).value_or(false)) TxtFPrevision_LostFocus();
+}
+
+void RangoFechas::TxtFPrevisionD_LostFocus() {
+  if (Normalizar(TxtFPrevisionD)) Dejar(TxtFPrevisionD);
+}
+
+void RangoFechas::TxtFPrevision_LostFocus() {
+  if (!Normalizar(TxtFPrevision)) return;
+  if (Hasta() < Desde()) {
+    // What is refused is the end before the beginning; the words say it the other way round, and
+    // users know them so.
+    Rechazar(TxtFPrevision, "Hasta Fecha no puede ser mayor que Desde Fecha");
+    return;
+  }
+  Dejar(TxtFPrevision);
+}
+
+bool RangoFechas::Normalizar(TextBox& campo) {
+  campo.BackColor = services::color::Blanco;
+  if (BtnCancelar_.Tag == "No") return false;
+  const std::size_t largo = services::Longitud(campo.Text());
+  if (largo != kLargoCompleto && largo != 8) {
+    Rechazar(campo, "Fecha incorrecta");
+    return false;
+  }
+  campo.Text = sesion_.Utiles().ConvertirFecha(campo.Text, 1, "D", "D");
+  return true;
+}
+
+void RangoFechas::Dejar(TextBox& campo) {
+  if (campo.Tag == campo.Text) return;
+  pantalla_.RangoCambiado(campo);
+}
+
+void RangoFechas::Rechazar(TextBox& campo, const char* motivo) {
+  sesion_.Aviso().Mostrar(motivo, services::mensaje::Alto, "Atención");
+  campo.SetFocus();
+}
+
+std::string RangoFechas::Almacenada(const std::string& fecha) const {
+  return sesion_.Utiles().ConvertirFecha(fecha, 2, "D", "R");
+}
+
+}  // namespace store

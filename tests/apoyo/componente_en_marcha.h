@@ -1,0 +1,96 @@
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <utility>
+
+#include "headless/entorno.h"
+#include "services/anfitrion.h"
+#include "shell/class_tesvara.h"
+#include "shell/datos_comunes.h"
+#include "shell/frm_tesvara_gastos.h"
+#include "sorvex/utiles.h"
+
+// The component as a host loads it, on two connections and without a window.
+
+namespace apoyo {
+
+class FormDeAnfitrion final : public services::ObjetoContado<services::IForm> {
+ public:
+  services::Rectangulo Geometria() noexcept override { return {0, 0, 15360, 11520}; }
+  std::int32_t WindowState() noexcept override { return 0; }
+  void PonerWindowState(std::int32_t) noexcept override {}
+  void Refresh() noexcept override {}
+  void* VentanaNativa() noexcept override { return nullptr; }
+};
+
+class ContextoDeAnfitrion final : public services::ObjetoContado<services::IDatosClase> {
+ public:
+  ContextoDeAnfitrion(services::Ref<services::Conexion> datos,
+                      services::Ref<services::Conexion> temp)
+      : datos_(std::move(datos)), temp_(std::move(temp)) {}
+
+  services::HRESULT EntregarSesion(
+      services::Ref<services::Conexion>& CnDatos, services::Ref<services::IUnknown>&,
+      services::Ref<services::Conexion>& CnTemp, services::Ref<services::IUnknown>&,
+      services::Ref<services::IUnknown>&, services::Ref<services::IUnknown>& FrmMarco,
+      services::Ref<services::IUnknown>& FrmPrincipal, std::int32_t& AnchoReferencia,
+      std::int32_t& AltoReferencia, double&, services::Ref<services::Recordset>&,
+      services::Ref<services::Recordset>&, services::Ref<services::Recordset>&,
+      std::string& ClaveBorrado, std::string& Usuario) noexcept override {
+    CnDatos = datos_;
+    CnTemp = temp_;
+    FrmMarco = services::Ref<services::IUnknown>(services::Crear<FormDeAnfitrion>());
+    FrmPrincipal = services::Ref<services::IUnknown>(services::Crear<FormDeAnfitrion>());
+    AnchoReferencia = 15360;
+    AltoReferencia = 11520;
+    ClaveBorrado = "CLAVE";
+    Usuario = "ANA";
+    return services::hr::Bien;
+  }
+  services::HRESULT RepintarForm(services::Ref<services::IUnknown>&) noexcept override {
+    return services::hr::Bien;
+  }
+
+ private:
+  services::Ref<services::Conexion> datos_;
+  services::Ref<services::Conexion> temp_;
+};
+
+class ComponenteEnMarcha {
+ public:
+  /// With its clock stopped at `ahora`. The screen isn't loaded yet.
+  ComponenteEnMarcha(services::Ref<services::Conexion> datos,
+                     services::Ref<services::Conexion> temp, services::FechaHora ahora)
+      : contexto_(services::Crear<ContextoDeAnfitrion>(std::move(datos), std::move(temp))) {
+    entorno_->PararReloj(ahora);
+    entorno_->CrearUtiles = [](services::Sesion& sesion) {
+      return std::make_unique<sorvex::Utiles>([&sesion] { return sesion.Usuario(); },
+                                              [&sesion] { return sesion.Ahora(); });
+    };
+  }
+
+  /// Shows the main screen on the current month. The text of the failure, empty for none.
+  [[nodiscard]] std::string Cargar() {
+    services::Ref<services::IDatosClase> contexto(contexto_);
+    return Motivo(clase_->Cargar(contexto));
+  }
+  [[nodiscard]] std::string Cerrar() { return Motivo(clase_->Cerrar()); }
+
+  [[nodiscard]] shell::DatosComunes& Sesion() { return sesion_; }
+  [[nodiscard]] shell::FrmTesvaraGastos& Pantalla() { return sesion_.Pantalla(); }
+
+ private:
+  [[nodiscard]] std::string Motivo(services::HRESULT resultado) {
+    return services::hr::Fallido(resultado) ? clase_->Descripcion() : "";
+  }
+
+  std::shared_ptr<headless::Entorno> entorno_ = headless::Entorno::Crear();
+  services::Plataforma plataforma_ = entorno_->Plataforma();
+  services::Ref<ContextoDeAnfitrion> contexto_;
+  shell::DatosComunes sesion_{plataforma_};
+  services::Ref<shell::ClassTesvara> clase_ = services::Crear<shell::ClassTesvara>(sesion_);
+};
+
+}  // namespace apoyo

@@ -1,0 +1,132 @@
+#include <gtest/gtest.h>
+#include <sys/wait.h>
+
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <sstream>
+#include <string>
+
+#include "guion/carpeta_temporal.h"
+#include "guion/opciones.h"
+#include "guion/texto_guion.h"
+
+namespace fs = std::filesystem;
+
+namespace {
+
+std::string Leer(const fs::path& fichero) {
+  std::ostringstream texto;
+  texto << std::ifstream(fichero).rdbuf();
+  return texto.str();
+}
+
+struct Corrida {
+  int Estado;
+  std::string Salida;
+  std::string Errores;
+};
+
+/// Runs the program itself, its temporary files in a folder of the test's own.
+class ElPrograma : public testing::Test {
+ protected:
+  guion::CarpetaTemporal carpeta{false};
+  fs::path temporales = carpeta.Ruta() / "tmp";
+  void SetUp() override { fs::create_directory(temporales); }
+
+  Corrida Correr(const std::string& opciones, const std::string& texto) {
+    std::ofstream(carpeta.Ruta() / "x.guion") << texto;
+    const std::string en = carpeta.Ruta().string();
+    const std::string orden = "cd " + en + " && TMPDIR=" + temporales.string() + " " +
+                              TESVARA_GUION + " " + opciones + " >salida 2>errores <x.guion";
+    const int estado = std::system(orden.c_str());
+    return {WEXITSTATUS(estado), Leer(carpeta.Ruta() / "salida"), Leer(carpeta.Ruta() / "errores")};
+  }
+};
+
+TEST_F(ElPrograma, TodoBienDaCeroYNoDejaNada) {
+  const Corrida corrida = Correr("x.guion", "cargar\npantallas\n");
+  EXPECT_EQ(corrida.Estado, 0);
+  EXPECT_EQ(corrida.Salida, "FrmTesvaraGastos 1\n");
+  EXPECT_EQ(corrida.Errores, "");
+  EXPECT_TRUE(fs::is_empty(temporales));
+}
+
+TEST_F(ElPrograma, LeeLaEntradaConUnGuion) {
+  EXPECT_EQ(Correr("-", "foco?\n").Salida, "ninguno\n");
+}
+
+TEST_F(ElPrograma, UnReclamoFallidoDaUno) {
+  const Corrida corrida = Correr("x.guion", "espera error 13\npantallas\nfoco?");
+  EXPECT_EQ(corrida.Estado, 1);
+  EXPECT_EQ(corrida.Salida, "FALLO line 1: esperado 13, obtenido ninguno\nninguno\n");
+}
+
+TEST_F(ElPrograma, UnTextoQueNoSeEntiendeDaDosYNoCorreNada) {
+  const Corrida corrida = Correr("x.guion", "foco?\nbailar\n");
+  EXPECT_EQ(corrida.Estado, 2);
+  EXPECT_EQ(corrida.Salida, "");
+  EXPECT_EQ(corrida.Errores, "línea 2: orden desconocida: bailar\n");
+  EXPECT_TRUE(fs::is_empty(temporales));
+}
+
+TEST_F(ElPrograma, LoQueElMotorRechazaDaDosYTampocoDejaNada) {
+  const Corrida corrida = Correr("x.guion", "foco?\ndatos INSERT INTO NoEsta VALUES (1)\nfoco?");
+  EXPECT_EQ(corrida.Estado, 2);
+  EXPECT_EQ(corrida.Salida, "ninguno\n");
+  EXPECT_EQ(corrida.Errores.substr(0, 10), "línea 2: ");
+  EXPECT_NE(corrida.Errores.find("NoEsta"), std::string::npos);
+  EXPECT_TRUE(fs::is_empty(temporales));
+}
+
+TEST_F(ElPrograma, MantenerConservaLoHechoYDiceDonde) {
+  const Corrida corrida =
+      Correr("--mantener x.guion", "datos INSERT INTO ProvConceptos VALUES ('1','Luz')");
+  EXPECT_EQ(corrida.Estado, 0);
+  ASSERT_FALSE(fs::is_empty(temporales));
+  const fs::path hecha = fs::directory_iterator(temporales)->path();
+  EXPECT_EQ(corrida.Errores, "bases de datos en " + hecha.string() + "\n");
+  const std::string ficheros = "--datos sqlite:" + (hecha / "datos.sqlite").string() + " --local " +
+                               (hecha / "local.sqlite").string() + " x.guion";
+  EXPECT_EQ(Correr(ficheros, "consulta datos SELECT * FROM ProvConceptos").Salida,
+            "1|Luz\n(1 filas)\n");
+}
+
+TEST_F(ElPrograma, UnFicheroDadoSeHaceYSeQueda) {
+  EXPECT_EQ(
+      Correr("--datos mia.db x.guion", "datos INSERT INTO ProvConceptos VALUES ('1','Luz')").Estado,
+      0);
+  EXPECT_EQ(
+      Correr("--datos mia.db x.guion", "consulta datos SELECT count(*) FROM ProvConceptos").Salida,
+      "1\n(1 filas)\n");
+  EXPECT_TRUE(fs::is_empty(temporales));
+}
+
+TEST_F(ElPrograma, LoQueNoEsUnaBaseDaDos) {
+  std::ofstream(carpeta.Ruta() / "no.db") << "esto no es una base de datos, ni lo parece";
+  const Corrida corrida = Correr("--datos no.db x.guion", "foco?");
+  EXPECT_EQ(corrida.Estado, 2);
+  EXPECT_EQ(corrida.Salida, "");
+  EXPECT_NE(corrida.Errores, "");
+}
+
+TEST_F(ElPrograma, LasOpcionesMalPuestasDanDosYElUso) {
+  for (const char* opciones : {"", "--datos", "--otra x.guion", "x.guion y.guion", "--local"}) {
+    const Corrida corrida = Correr(opciones, "foco?");
+    EXPECT_EQ(corrida.Estado, 2) << opciones;
+    EXPECT_NE(corrida.Errores.find("uso: tesvara-guion"), std::string::npos) << opciones;
+  }
+  EXPECT_EQ(Correr("noesta.guion", "foco?").Errores, "no se puede leer noesta.guion\n");
+}
+
+TEST(Opciones, UnaConexionQueNoEsFicheroSeRechazaConClaridad) {
+  EXPECT_EQ(guion::LeerOpciones({"--datos", "sqlite:a=b;c.db", "x"}).Datos, "a=b;c.db");
+  EXPECT_EQ(guion::LeerOpciones({"--datos", "/tmp/a:b.db", "x"}).Datos, "/tmp/a:b.db");
+  for (const char* texto : {"Driver=PostgreSQL;Server=x", "odbc:cosa", "postgresql://x/y"}) {
+    EXPECT_THROW(static_cast<void>(guion::LeerOpciones({"--datos", texto, "x"})),
+                 guion::NoSeEntiende)
+        << texto;
+  }
+}
+
+}  // namespace

@@ -1,0 +1,51 @@
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <string>
+
+#include "services/conexion.h"
+#include "services/error.h"
+#include "services/recordset.h"
+
+namespace pruebas {
+
+struct CuentaMotor {
+  std::size_t Preparadas = 0;
+  std::size_t Transacciones = 0;
+};
+
+/// A fresh, empty database on one engine with the stored and the working tables in it, for as long
+/// as it lives. What is true of a driver is tested through it, the same for every engine.
+class Banco {
+ public:
+  virtual ~Banco() = default;
+  /// A new connection; writes are gathered into units of work unless told otherwise.
+  [[nodiscard]] virtual services::Ref<services::Conexion> Conectar(bool unidad = true) = 0;
+  /// Runs the engine's own SQL, on a connection of its own.
+  virtual void Ejecutar(const std::string& sql) = 0;
+  [[nodiscard]] virtual CuentaMotor Cuenta(services::Conexion& conexion) const = 0;
+};
+
+struct Motor {
+  std::string Nombre;
+  std::function<std::unique_ptr<Banco>()> CrearBanco;
+};
+
+inline void PrintTo(const Motor& motor, std::ostream* salida) {
+  *salida << motor.Nombre;
+}
+
+template <class Accion>
+std::int32_t NumeroDeError(Accion&& accion) {
+  try {
+    accion();
+  } catch (const services::ErrorEjecucion& fallo) {
+    return fallo.Numero();
+  }
+  return 0;
+}
+
+[[nodiscard]] std::unique_ptr<Banco> CrearBancoSqlite();
+
+}  // namespace pruebas

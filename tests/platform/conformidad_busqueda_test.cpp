@@ -1,0 +1,144 @@
+#include "platform/conformidad.h"
+
+namespace pruebas {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+using testing::UnorderedElementsAre;
+
+class Facturas : public Conformidad {
+ protected:
+  void Guardar(std::initializer_list<const char*> facturas) {
+    auto rs = Abrir(*conexion, Vencimientos, Modo::Optimista);
+    for (const char* factura : facturas) NuevoVencimiento(*rs, "1", factura);
+  }
+  std::vector<Texto> Donde(const Texto& condicion) {
+    return Primeros("SELECT NFactura FROM TempProvVencimientos WHERE " + condicion);
+  }
+};
+
+INSTANTIATE_TEST_SUITE_P(Sqlite, Facturas, testing::Values(Motor{"sqlite", CrearBancoSqlite}));
+
+TEST_P(Facturas, LikeSinComodinesEsUnaIgualdadSinMayúsculas) {
+  Guardar({"Ñandú-1", "Ñandú-12", "nandu-1"});
+  EXPECT_THAT(Donde("NFactura like 'ÑANDÚ-1'"), ElementsAre("Ñandú-1"));
+  EXPECT_THAT(Donde("NFactura = 'ñandú-1'"), ElementsAre("Ñandú-1"));
+}
+
+TEST_P(Facturas, LikeConComodinesBuscaUnPatrónSinMayúsculas) {
+  Guardar({"Ñandú-1", "Ñandú-12", "Otra"});
+  EXPECT_THAT(Donde("NFactura like 'ñAND%'"), UnorderedElementsAre("Ñandú-1", "Ñandú-12"));
+  EXPECT_THAT(Donde("NFactura like '_andú-1'"), ElementsAre("Ñandú-1"));
+  EXPECT_THAT(Donde("NFactura not like '%1%'"), ElementsAre("Otra"));
+}
+
+TEST_P(Facturas, LosBlancosAlrededorNoCuentanRecortados) {
+  Guardar({"  A 1 "});
+  EXPECT_THAT(Donde("Trim(TempProvVencimientos.NFactura) like 'a 1'"), ElementsAre("  A 1 "));
+  EXPECT_THAT(Donde("RTRIM(LTRIM(NFactura)) like 'A 1'And NConcepto like '1'"),
+              ElementsAre("  A 1 "));
+  EXPECT_THAT(Donde("NFactura like 'A 1'"), IsEmpty());
+  EXPECT_THAT(Donde("LTrim(NFactura) = 'A 1 '"), ElementsAre("  A 1 "));
+  EXPECT_THAT(Donde("RTrim(NFactura) = '  A 1'"), ElementsAre("  A 1 "));
+}
+
+TEST_P(Facturas, UnDeleteHallaLaFacturaConBlancos) {
+  Guardar({"  A 1 ", "A 12"});
+  Abrir(*conexion,
+        "DELETE From TempProvVencimientos WHERE TempProvVencimientos.NConcepto like '1' and "
+        "TempProvVencimientos.Año like '2005' and RTRIM(LTRIM(TempProvVencimientos.NFactura)) "
+        "like 'A 1'",
+        Modo::Optimista);
+  EXPECT_THAT(Primeros("SELECT NFactura FROM TempProvVencimientos"), ElementsAre("A 12"));
+}
+
+TEST_P(Facturas, ElOrdenEsElEspañol) {
+  Guardar({"zeta", "ñu", "Nube", "árbol", "arbol", "Oca", "burro", "ARBOLES"});
+  EXPECT_THAT(Primeros("SELECT NFactura FROM TempProvVencimientos ORDER BY NFactura"),
+              ElementsAre("arbol", "árbol", "ARBOLES", "burro", "Nube", "ñu", "Oca", "zeta"));
+}
+
+TEST_P(Facturas, UnaComillaDobladaEsUnaComilla) {
+  Guardar({"O'Brien"});
+  EXPECT_THAT(Donde("NFactura like 'O''BRIEN'"), ElementsAre("O'Brien"));
+}
+
+TEST_P(Facturas, UnaFechaEnOtraFormaNoHallaNadaNiFalla) {
+  Guardar({"A"});
+  EXPECT_THAT(Donde("FechaVto like '15/03/2005'"), IsEmpty());
+  EXPECT_THAT(Donde("FechaVto >= '20050301' And FechaVto <= '20050331'"), ElementsAre("A"));
+}
+
+class Caja : public Conformidad {
+ protected:
+  void SetUp() override {
+    auto rs = Abrir(*conexion, "SELECT TempCajaPagos.* FROM TempCajaPagos", Modo::Optimista);
+    Nueva(*rs, "a", "05/03/2005 9:05:00", 12, 1.25, services::Nulo{});
+    Nueva(*rs, "b", "06/03/2005", 12, 2.5, "");
+    Nueva(*rs, "c", "07/03/2005 23:59:59", 45, 4.0, " F1 ");
+  }
+  void Nueva(services::Recordset& rs, const char* sucursal, const char* momento, int tipo,
+             double importe, const services::Valor& factura) {
+    rs.AddNew();
+    rs.Collect("idSucursal") = sucursal;
+    rs.Collect("FechaHora") = momento;
+    rs.Collect("Tipo") = tipo;
+    rs.Collect("Importe") = importe;
+    rs.Collect("Factura") = factura;
+    rs.Update();
+  }
+  std::vector<Texto> Donde(const Texto& condicion) {
+    return Primeros("SELECT TempCajaPagos.* FROM TempCajaPagos WHERE " + condicion +
+                    " ORDER BY TempCajaPagos.idSucursal");
+  }
+};
+
+INSTANTIATE_TEST_SUITE_P(Sqlite, Caja, testing::Values(Motor{"sqlite", CrearBancoSqlite}));
+
+TEST_P(Caja, LaFechaSeComparaConSuPropioTexto) {
+  EXPECT_THAT(Donde("FechaHora like '05/03/2005 9:05:00'"), ElementsAre("a"));
+  EXPECT_THAT(Donde("FechaHora = '06/03/2005'"), ElementsAre("b"));
+}
+
+TEST_P(Caja, OtroTextoDeLaMismaFechaNoHallaNada) {
+  EXPECT_THAT(Donde("FechaHora like '5/3/2005 9:05:00'"), IsEmpty());
+  EXPECT_THAT(Donde("FechaHora like '2005-03-05 09:05:00'"), IsEmpty());
+  EXPECT_THAT(Donde("FechaHora like 'mañana'"), IsEmpty());
+}
+
+TEST_P(Caja, LaFechaSeBuscaPorUnPatrónDeSuTexto) {
+  EXPECT_THAT(Donde("FechaHora like '%/03/2005 %'"), ElementsAre("a", "c"));
+}
+
+TEST_P(Caja, LaFechaEntreAlmohadillasEsMesDíaAño) {
+  EXPECT_THAT(Donde("FechaHora >= #3/6/2005 00:00:00# And FechaHora <= #3/7/2005 23:59:59#"),
+              ElementsAre("b", "c"));
+}
+
+TEST_P(Caja, UnEnteroSeComparaConComillasYSinEllas) {
+  EXPECT_THAT(Donde("Tipo like 12"), ElementsAre("a", "b"));
+  EXPECT_THAT(Donde("Tipo like '12'"), ElementsAre("a", "b"));
+  EXPECT_THAT(Donde("Tipo = 45"), ElementsAre("c"));
+  EXPECT_THAT(Donde("Tipo like 'doce'"), IsEmpty());
+  EXPECT_THAT(Donde("Tipo like '4%'"), ElementsAre("c"));
+}
+
+TEST_P(Caja, NuloYVacíoEstánPendientes) {
+  EXPECT_THAT(Donde("(TempCajaPagos.Factura Is Null OR TempCajaPagos.Factura = '')"),
+              ElementsAre("a", "b"));
+  EXPECT_THAT(Donde("Trim(TempCajaPagos.Factura) like 'f1'"), ElementsAre("c"));
+}
+
+TEST_P(Caja, LaSumaAgrupaConElNuloAparte) {
+  auto rs = Abrir(*conexion,
+                  "SELECT Sum(TempCajaPagos.Importe) AS Importe, TempCajaPagos.Factura, "
+                  "TempCajaPagos.Tipo FROM TempCajaPagos GROUP BY TempCajaPagos.Factura, "
+                  "TempCajaPagos.Tipo ORDER BY Importe");
+  EXPECT_EQ(rs->RecordCount(), 3);
+  EXPECT_EQ(rs->Fields("Importe").Value.Leer(), services::Valor(1.25));
+  EXPECT_TRUE(rs->Fields("Factura").Value.Leer().EsNulo());
+}
+
+}  // namespace
+}  // namespace pruebas

@@ -1,0 +1,233 @@
+#include "platform/conformidad.h"
+
+namespace pruebas {
+namespace {
+
+namespace error = services::error;
+using services::Valor;
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+TEST_P(Conformidad, UnaLecturaCuentaSusFilasYUnDinámicoNo) {
+  NuevoVencimiento("1", "A");
+  NuevoVencimiento("1", "B");
+  EXPECT_EQ(Abrir(*conexion, Vencimientos)->RecordCount(), 2);
+  EXPECT_EQ(Abrir(*conexion, Vencimientos, Modo::Optimista)->RecordCount(), -1);
+}
+
+TEST_P(Conformidad, UnaLecturaNoVeLoEscritoDespués) {
+  NuevoVencimiento("1", "A");
+  auto rs = Abrir(*conexion, Vencimientos);
+  NuevoVencimiento("1", "B");
+  EXPECT_EQ(rs->RecordCount(), 1);
+}
+
+TEST_P(Conformidad, LasColumnasTienenNombreTipoYLongitud) {
+  const auto columnas = conexion->Abrir(Vencimientos, Modo::Lectura)->Columnas();
+  ASSERT_EQ(columnas.size(), 10U);
+  EXPECT_EQ(columnas[1].Nombre, "NFactura");
+  EXPECT_EQ(columnas[1].Longitud, 20);
+  EXPECT_FALSE(columnas[1].AdmiteNulo);
+  EXPECT_EQ(columnas[2].Nombre, "Año");
+  EXPECT_EQ(columnas[4].Tipo, services::TipoColumna::Moneda);
+  EXPECT_TRUE(columnas[4].AdmiteNulo);
+  EXPECT_EQ(columnas[9].Tipo, services::TipoColumna::Logico);
+}
+
+TEST_P(Conformidad, UnDeleteCorreYDejaElRecordsetCerrado) {
+  NuevoVencimiento("1", "A");
+  NuevoVencimiento("2", "A");
+  const auto rs = Abrir(*conexion,
+                        "DELETE TempProvVencimientos.* FROM TempProvVencimientos WHERE "
+                        "TempProvVencimientos.NConcepto like '1'",
+                        Modo::Optimista);
+  EXPECT_FALSE(rs->State());
+  EXPECT_THAT(Primeros(Vencimientos), ElementsAre("2"));
+}
+
+TEST_P(Conformidad, LasSentenciasRechazadasNoCorren) {
+  NuevoVencimiento("1", "A");
+  EXPECT_EQ(ErrorAlAbrir("SELECT * FROM TempProvVencimientos; DELETE FROM TempProvVencimientos"),
+            error::SentenciaRechazada);
+  EXPECT_EQ(ErrorAlAbrir("DROP TABLE TempProvVencimientos"), error::SentenciaRechazada);
+  EXPECT_EQ(ErrorAlAbrir("UPDATE TempProvVencimientos SET Importe = 0"), error::SentenciaRechazada);
+  EXPECT_EQ(ErrorAlAbrir("DELETE FROM TempProvVencimientos WHERE NFactura like 'O'Brien'"),
+            error::SentenciaRechazada);
+  EXPECT_EQ(Cuantas(*conexion, "TempProvVencimientos"), 1);
+}
+
+TEST_P(Conformidad, LoQueNoExisteTieneSuNúmero) {
+  EXPECT_EQ(ErrorAlAbrir("SELECT Nada.* FROM Nada"), error::TablaDesconocida);
+  EXPECT_EQ(ErrorAlAbrir("DELETE FROM Nada"), error::TablaDesconocida);
+  EXPECT_EQ(ErrorAlAbrir("SELECT TempCajaPagos.Factura FROM TempCajaPagos WHERE "
+                         "Trim(TempCajaPagos.Fatura) like '1'"),
+            error::ColumnaDesconocida);
+}
+
+TEST_P(Conformidad, LaFilaAñadidaSePuedeLeerYCambiar) {
+  auto rs = Abrir(*conexion, Vencimientos, Modo::Pesimista);
+  EXPECT_TRUE(rs->Eof());
+  NuevoVencimiento(*rs, "1", "A");
+  EXPECT_FALSE(rs->Eof());
+  EXPECT_EQ(rs->Fields("NFactura").Value.Texto(), "A");
+  rs->Fields("Importe").Value = "7,25";
+  rs->Update();
+  EXPECT_THAT(Primeros("SELECT Importe FROM TempProvVencimientos"), ElementsAre("7,25"));
+}
+
+TEST_P(Conformidad, UnaFilaSeCambiaPorNombreYPorPosición) {
+  NuevoVencimiento("1", "A");
+  NuevoVencimiento("2", "B");
+  auto rs = Abrir(*conexion, Vencimientos, Modo::Optimista);
+  rs->MoveNext();
+  rs->Fields("Pagado").Value = 3.0;
+  rs->Fields(6).Value = "20050316";
+  rs->Update();
+  EXPECT_THAT(Primeros("SELECT Pagado FROM TempProvVencimientos"), ElementsAre("", "3"));
+  EXPECT_THAT(Primeros("SELECT Fechapago FROM TempProvVencimientos"), ElementsAre("", "20050316"));
+}
+
+TEST_P(Conformidad, UnaClaveRepetidaSinMirarMayúsculasFallaSola) {
+  auto rs = Abrir(*conexion, Vencimientos, Modo::Optimista);
+  NuevoVencimiento(*rs, "1", "ñu-a");
+  EXPECT_EQ(NumeroDeError([&] { NuevoVencimiento(*rs, "1", "ÑU-A"); }), error::RepetidoONoCabe);
+  rs->CancelUpdate();
+  NuevoVencimiento(*rs, "1", "nu-a");
+  conexion->TerminarUnidad();
+  EXPECT_THAT(Primeros("SELECT NFactura FROM TempProvVencimientos ORDER BY NFactura"),
+              ElementsAre("nu-a", "ñu-a"));
+}
+
+TEST_P(Conformidad, UnaClaveSinValorNoSeGuarda) {
+  auto rs = Abrir(*conexion, Vencimientos, Modo::Optimista);
+  rs->AddNew();
+  rs->Collect("NConcepto") = "1";
+  EXPECT_EQ(NumeroDeError([&] { rs->Update(); }), error::RepetidoONoCabe);
+  rs->CancelUpdate();
+  EXPECT_EQ(Cuantas(*conexion, "TempProvVencimientos"), 0);
+}
+
+TEST_P(Conformidad, LosValoresSeConviertenAlGuardar) {
+  auto rs = Abrir(*conexion, "SELECT CajaPagos.* FROM CajaPagos", Modo::Optimista);
+  rs->AddNew();
+  rs->Collect("idSucursal") = 3;
+  rs->Collect("FechaHora") = "5/3/2005 9:05:07";
+  rs->Collect("Tipo") = "1.045";
+  rs->Collect("Importe") = "-1.234.567,89";
+  rs->Collect("Año") = "";
+  rs->Update();
+  auto leido = Abrir(*conexion, "SELECT CajaPagos.* FROM CajaPagos");
+  EXPECT_EQ(leido->Fields("idSucursal").Value.Leer(), Valor("3"));
+  EXPECT_EQ(leido->Fields("FechaHora").Value.Leer(),
+            Valor(services::HacerFecha(2005, 3, 5, 9, 5, 7)));
+  EXPECT_EQ(leido->Fields("Tipo").Value.Leer(), Valor(1045));
+  EXPECT_EQ(leido->Fields("Importe").Value.Leer(), Valor(-1234567.89));
+  EXPECT_EQ(leido->Fields("Año").Value.Leer(), Valor(""));
+  EXPECT_TRUE(leido->Fields("Factura").Value.Leer().EsNulo());
+}
+
+TEST_P(Conformidad, ElTextoVacíoEsNuloDondeNoEsTexto) {
+  NuevoVencimiento("1", "A");
+  auto rs = Abrir(*conexion, Vencimientos, Modo::Optimista);
+  rs->Fields("Importe").Value = "";
+  rs->Fields("Visible").Value = "";
+  rs->Update();
+  rs = Abrir(*conexion, Vencimientos);
+  EXPECT_TRUE(rs->Fields("Importe").Value.Leer().EsNulo());
+  EXPECT_TRUE(rs->Fields("Visible").Value.Leer().EsNulo());
+}
+
+TEST_P(Conformidad, LoQueNoCabeNoSeGuarda) {
+  auto rs = Abrir(*conexion, Vencimientos, Modo::Optimista);
+  EXPECT_EQ(NumeroDeError([&] { NuevoVencimiento(*rs, "1", std::string(21, 'x')); }),
+            error::RepetidoONoCabe);
+  rs->CancelUpdate();
+  NuevoVencimiento(*rs, "1", "ñññññññññññññññññññ9");
+  rs->Fields("Importe").Value = "10.000.000.000.000,00";
+  EXPECT_EQ(NumeroDeError([&] { rs->Update(); }), error::RepetidoONoCabe);
+}
+
+TEST_P(Conformidad, LosLógicosSeGuardanYSeBuscan) {
+  auto rs = Abrir(*conexion, Vencimientos, Modo::Optimista);
+  NuevoVencimiento(*rs, "1", "A");
+  rs->Fields("Visible").Value = true;
+  rs->Update();
+  NuevoVencimiento(*rs, "2", "A");
+  rs->Fields("Visible").Value = "Falso";
+  rs->Update();
+  EXPECT_THAT(Primeros("SELECT TempProvVencimientos.* FROM TempProvVencimientos WHERE "
+                       "TempProvVencimientos.Visible = True"),
+              ElementsAre("1"));
+  EXPECT_EQ(Abrir(*conexion, Vencimientos)->Fields("Visible").Value.Leer(), Valor(true));
+}
+
+TEST_P(Conformidad, UnaFilaQueOtroCambióNoSePisaEnModoOptimista) {
+  NuevoVencimiento("1", "A");
+  conexion->TerminarUnidad();
+  auto mia = Abrir(*conexion, Vencimientos, Modo::Optimista);
+  EXPECT_FALSE(mia->Eof());
+  auto otra = banco->Conectar(false);
+  auto suya = Abrir(*otra, Vencimientos, Modo::Optimista);
+  suya->Fields("Pagado").Value = 5.0;
+  suya->Update();
+  mia->Fields("Pagado").Value = 6.0;
+  EXPECT_EQ(NumeroDeError([&] { mia->Update(); }), error::FilaCambiada);
+  mia->CancelUpdate();
+  mia->Fields("Descripcion").Value = "otra columna";
+  mia->Update();
+  conexion->TerminarUnidad();
+  EXPECT_THAT(Primeros("SELECT Pagado FROM TempProvVencimientos"), ElementsAre("5"));
+}
+
+TEST_P(Conformidad, UnaFilaQueOtroCambióSePisaEnModoPesimista) {
+  NuevoVencimiento("1", "A");
+  conexion->TerminarUnidad();
+  auto mia = Abrir(*conexion, Vencimientos, Modo::Pesimista);
+  EXPECT_FALSE(mia->Eof());
+  auto otra = banco->Conectar(false);
+  auto suya = Abrir(*otra, Vencimientos, Modo::Optimista);
+  suya->Fields("Pagado").Value = 5.0;
+  suya->Update();
+  mia->Fields("Pagado").Value = 6.0;
+  mia->Update();
+  EXPECT_THAT(Primeros("SELECT Pagado FROM TempProvVencimientos"), ElementsAre("6"));
+}
+
+TEST_P(Conformidad, UnaFilaBorradaEntretantoDaSuError) {
+  for (const auto modo : {Modo::Optimista, Modo::Pesimista}) {
+    NuevoVencimiento("1", "A");
+    auto rs = Abrir(*conexion, Vencimientos, modo);
+    EXPECT_FALSE(rs->Eof());
+    Abrir(*conexion, "DELETE FROM TempProvVencimientos", Modo::Optimista);
+    rs->Fields("Pagado").Value = 6.0;
+    EXPECT_EQ(NumeroDeError([&] { rs->Update(); }), error::FilaCambiada);
+  }
+}
+
+TEST_P(Conformidad, UnaFilaAñadidaYBorradaEntretantoDaSuError) {
+  auto rs = Abrir(*conexion, Vencimientos, Modo::Optimista);
+  NuevoVencimiento(*rs, "2", "B");
+  Abrir(*conexion, "DELETE FROM TempProvVencimientos", Modo::Optimista);
+  EXPECT_EQ(NumeroDeError([&] { (void)rs->Fields(0).Value.Leer(); }), error::FilaCambiada);
+}
+
+TEST_P(Conformidad, UnaFilaCambiadaDosVecesNoChocaConsigoMisma) {
+  NuevoVencimiento("1", "A");
+  auto rs = Abrir(*conexion, Vencimientos, Modo::Optimista);
+  for (const double pagado : {1.0, 2.25, 3.0}) {
+    rs->Fields("Pagado").Value = pagado;
+    rs->Update();
+  }
+  EXPECT_THAT(Primeros("SELECT Pagado FROM TempProvVencimientos"), ElementsAre("3"));
+}
+
+TEST_P(Conformidad, UnaUniónDeTablasNoDejaEscribir) {
+  auto rs = Abrir(*conexion, "SELECT DISTINCT TempProvVencimientos.* FROM TempProvVencimientos",
+                  Modo::Optimista);
+  rs->AddNew();
+  rs->Fields(0).Value = "1";
+  EXPECT_EQ(NumeroDeError([&] { rs->Update(); }), error::NoDisponible);
+}
+
+}  // namespace
+}  // namespace pruebas

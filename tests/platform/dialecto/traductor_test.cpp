@@ -1,0 +1,259 @@
+#include "dialecto/traductor.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "catalogo_de_prueba.h"
+#include "services/error.h"
+
+namespace {
+
+using dialecto::Sentencia;
+using dialecto::Traductor;
+using dialecto::Verbo;
+using services::HacerFecha;
+using services::Nulo;
+using services::Valor;
+using testing::ElementsAre;
+namespace error = services::error;
+
+class Banco {
+ public:
+  const Sentencia& Traducir(std::string_view texto, bool conOcultas = false) {
+    traductor_.Traducir(texto, conOcultas, sentencia_);
+    return sentencia_;
+  }
+  std::int32_t Error(std::string_view texto) {
+    try {
+      Traducir(texto);
+    } catch (const services::ErrorEjecucion& fallo) {
+      return fallo.Numero();
+    }
+    return 0;
+  }
+  [[nodiscard]] std::vector<dialecto::ColumnaDada> Columnas() const {
+    return traductor_.Columnas();
+  }
+
+ private:
+  pruebas::CatalogoDePrueba catalogo_;
+  Traductor traductor_{pruebas::MotorDePrueba, catalogo_};
+  Sentencia sentencia_;
+};
+
+struct Caso {
+  const char* escrita;
+  const char* traducida;
+  std::vector<Valor> parametros;
+};
+
+void PrintTo(const Caso& caso, std::ostream* salida) {
+  *salida << caso.escrita;
+}
+
+class TraduccionTest : public testing::TestWithParam<Caso> {};
+
+TEST_P(TraduccionTest, DaElTextoDelMotorYSusParametros) {
+  Banco banco;
+  const auto& sentencia = banco.Traducir(GetParam().escrita);
+  EXPECT_EQ(sentencia.Texto, GetParam().traducida);
+  EXPECT_EQ(sentencia.Parametros, GetParam().parametros);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Borrados, TraduccionTest,
+    testing::Values(
+        Caso{"DELETE Caja.* FROM Caja", "DELETE FROM \"Caja\"", {}},
+        Caso{"DELETE caja.* From CAJA", "DELETE FROM \"Caja\"", {}},
+        Caso{"DELETE * FROM Caja", "DELETE FROM \"Caja\"", {}},
+        Caso{"DELETE From Vtos WHERE Vtos.NConcepto like '5' and Vtos.Año like '2005' and "
+             "RTRIM(LTRIM(Vtos.NFactura)) like 'A 1'",
+             "DELETE FROM \"Vtos\" WHERE \"Vtos\".\"NConcepto\" = ? AND \"Vtos\".\"Año\" = ? AND "
+             "RECORTE(\"Vtos\".\"NFactura\") = ?",
+             {"5", "2005", "A 1"}},
+        Caso{"DELETE Vtos.* FROM Vtos WHERE Trim(Vtos.NFactura) like 'A'And Vtos.FechaVto like "
+             "'20050101'And Vtos.Año like '2005' ;",
+             "DELETE FROM \"Vtos\" WHERE RECORTE(\"Vtos\".\"NFactura\") = ? AND "
+             "\"Vtos\".\"FechaVto\" = ? AND \"Vtos\".\"Año\" = ?",
+             {"A", "20050101", "2005"}}));
+
+INSTANTIATE_TEST_SUITE_P(
+    Consultas, TraduccionTest,
+    testing::Values(
+        Caso{"SELECT Caja.* From Caja", "SELECT \"Caja\".* FROM \"Caja\"", {}},
+        Caso{"select * from caja", "SELECT \"Caja\".* FROM \"Caja\"", {}},
+        Caso{"SELECT Caja.Factura, [Caja].[Año] FROM Caja Order by Caja.Año desc, Factura",
+             "SELECT \"Caja\".\"Factura\", \"Caja\".\"Año\" FROM \"Caja\" ORDER BY "
+             "\"Caja\".\"Año\" DESC, \"Factura\"",
+             {}},
+        Caso{"SELECT DISTINCT Vtos.*, Conceptos.Descripcion FROM (Vtos INNER JOIN Caja ON "
+             "(Vtos.NFactura = Caja.Factura) AND (Vtos.Año = Caja.Año)) INNER JOIN Conceptos ON "
+             "Vtos.NConcepto = Conceptos.NConcepto WHERE Vtos.FechaVto >= '20050101' And "
+             "Vtos.FechaVto <= '20050131'  Order By Vtos.FechaVto",
+             "SELECT DISTINCT \"Vtos\".*, \"Conceptos\".\"Descripcion\" FROM (\"Vtos\" INNER JOIN "
+             "\"Caja\" ON (\"Vtos\".\"NFactura\" = \"Caja\".\"Factura\") AND (\"Vtos\".\"Año\" = "
+             "\"Caja\".\"Año\")) INNER JOIN \"Conceptos\" ON \"Vtos\".\"NConcepto\" = "
+             "\"Conceptos\".\"NConcepto\" WHERE \"Vtos\".\"FechaVto\" >= ? AND "
+             "\"Vtos\".\"FechaVto\" <= ? ORDER BY \"Vtos\".\"FechaVto\"",
+             {"20050101", "20050131"}},
+        Caso{"SELECT V.* FROM Vtos AS V INNER JOIN Vtos AS V_1 ON (V.NFactura = "
+             "V_1.NFactura)WHERE (((V_1.FechaVto)>='a' And (V_1.FechaVto)<='b'))",
+             "SELECT \"V\".* FROM \"Vtos\" AS \"V\" INNER JOIN \"Vtos\" AS \"V_1\" ON "
+             "(\"V\".\"NFactura\" = \"V_1\".\"NFactura\") WHERE (((\"V_1\".\"FechaVto\") >= ? AND "
+             "(\"V_1\".\"FechaVto\") <= ?))",
+             {"a", "b"}},
+        Caso{"SELECT Sum(Caja.Importe) AS Importe, Caja.Factura, Caja.Tipo FROM Caja WHERE "
+             "(Caja.Factura Is Null OR Caja.Factura = '') And Caja.FechaHora >= #1/31/2005 "
+             "00:00:00# And Caja.FechaHora <= #2/1/2005# GROUP BY Caja.Factura, Caja.Tipo",
+             "SELECT SUM(\"Caja\".\"Importe\") AS \"Importe\", \"Caja\".\"Factura\", "
+             "\"Caja\".\"Tipo\" FROM \"Caja\" WHERE (\"Caja\".\"Factura\" IS NULL OR "
+             "\"Caja\".\"Factura\" = ?) AND \"Caja\".\"FechaHora\" >= ? AND "
+             "\"Caja\".\"FechaHora\" <= ? GROUP BY \"Caja\".\"Factura\", \"Caja\".\"Tipo\"",
+             {"", HacerFecha(2005, 1, 31), HacerFecha(2005, 2, 1)}},
+        Caso{"SELECT Caja.* FROM Caja WHERE NOT Caja.Factura IS NOT NULL",
+             "SELECT \"Caja\".* FROM \"Caja\" WHERE NOT \"Caja\".\"Factura\" IS NOT NULL",
+             {}}));
+
+#define CONDICION(escrita, traducida, ...)                                                        \
+  Caso {                                                                                          \
+    "SELECT Caja.* FROM Caja WHERE " escrita, "SELECT \"Caja\".* FROM \"Caja\" WHERE " traducida, \
+    {                                                                                             \
+      __VA_ARGS__                                                                                 \
+    }                                                                                             \
+  }
+
+INSTANTIATE_TEST_SUITE_P(
+    Condiciones, TraduccionTest,
+    testing::Values(
+        CONDICION("Caja.Visible = True", "\"Caja\".\"Visible\" = ?", true),
+        CONDICION("Visible=0", "\"Visible\" = ?", false),
+        CONDICION("Caja.Tipo like 45", "\"Caja\".\"Tipo\" = ?", 45),
+        CONDICION("Caja.Tipo like '45'", "\"Caja\".\"Tipo\" = ?", 45),
+        CONDICION("Caja.Tipo = -3", "\"Caja\".\"Tipo\" = ?", -3),
+        CONDICION("Caja.Tipo like 'ab'", "\"Caja\".\"Tipo\" = ?", Nulo{}),
+        CONDICION("Caja.Tipo like '4%'", "NUM(\"Caja\".\"Tipo\") PATRON ?", "4%"),
+        CONDICION("'45' = Caja.Tipo", "? = \"Caja\".\"Tipo\"", 45),
+        CONDICION("Importe > 12.5", "\"Importe\" > ?", 12.5),
+        CONDICION("Importe > '12,5'", "\"Importe\" > ?", 12.5),
+        CONDICION("Factura = 7", "\"Factura\" = ?", "7"),
+        CONDICION("Factura like 'a%'", "\"Factura\" PATRON ?", "a%"),
+        CONDICION("Factura not like '_b'", "\"Factura\" NO PATRON ?", "_b"),
+        CONDICION("Factura not like 'b'", "\"Factura\" <> ?", "b"),
+        CONDICION("Factura = '%'", "\"Factura\" = ?", "%"),
+        CONDICION("Factura like 'O''Brien'", "\"Factura\" = ?", "O'Brien"),
+        CONDICION("trim(Factura) like 'ñ%'", "RECORTE(\"Factura\") PATRON ?", "ñ%"),
+        CONDICION("LTRIM(RTRIM(Factura))='x'", "RECORTE(\"Factura\") = ?", "x"),
+        CONDICION("RTrim(Trim(Factura))='x'", "RECORTE(\"Factura\") = ?", "x"),
+        CONDICION("LTrim(Factura)='x'", "IZQ(\"Factura\") = ?", "x"),
+        CONDICION("RTrim(Factura)='x'", "DER(\"Factura\") = ?", "x"),
+        CONDICION("FechaHora like '05/03/2005 9:05:00'", "\"FechaHora\" = ?",
+                  HacerFecha(2005, 3, 5, 9, 5, 0)),
+        CONDICION("FechaHora = '05/03/2005'", "\"FechaHora\" = ?", HacerFecha(2005, 3, 5)),
+        CONDICION("FechaHora like '5/3/2005 09:05:00'", "\"FechaHora\" = ?", Nulo{}),
+        CONDICION("FechaHora like 'ayer'", "\"FechaHora\" = ?", Nulo{}),
+        CONDICION("FechaHora like '05/03/2005%'", "FECHA(\"FechaHora\") PATRON ?", "05/03/2005%"),
+        CONDICION("FechaHora = #3/5/2005 9:5:7#", "\"FechaHora\" = ?",
+                  HacerFecha(2005, 3, 5, 9, 5, 7)),
+        CONDICION("(Caja.[Año]) <> 'a' or not (Tipo<>1)",
+                  "(\"Caja\".\"Año\") <> ? OR NOT (\"Tipo\" <> ?)", "a", 1)));
+
+class RechazoTest : public testing::TestWithParam<const char*> {};
+
+TEST_P(RechazoTest, NoSeEntiende) {
+  EXPECT_EQ(Banco().Error(GetParam()), error::SentenciaRechazada);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Sentencias, RechazoTest,
+    testing::Values(
+        "", " ", ";", "INSERT INTO Caja VALUES (1)", "UPDATE Caja SET Tipo = 1", "DROP TABLE Caja",
+        "PRAGMA table_info(Caja)", "ATTACH 'x' AS y", "WITH a AS (SELECT 1)",
+        "SELECT Caja.* FROM Caja; DELETE FROM Caja", "SELECT Caja.* FROM Caja;;",
+        "SELECT Caja.* FROM Caja -- fin", "SELECT Caja.* FROM Caja /* fin */",
+        "SELECT Caja.* FROM Caja UNION SELECT Caja.* FROM Caja",
+        "SELECT Caja.* FROM Caja WHERE Tipo = (SELECT Tipo FROM Caja)",
+        "SELECT Caja.* FROM Caja WHERE Factura like 'O'Brien'",
+        "SELECT Caja.* FROM Caja WHERE Factura like 'O'Brien' And Año like '2005'",
+        "SELECT Caja.* FROM Caja WHERE Factura like ''x''",
+        "SELECT Caja.* FROM Caja WHERE Factura like 'x", "SELECT Caja.* FROM Caja WHERE Tipo like ",
+        "SELECT Caja.* FROM Caja WHERE Tipo =  AND Año = '1'", "SELECT Caja.* FROM Caja WHERE",
+        "SELECT Caja.* FROM Caja WHERE (Tipo = 1", "SELECT Caja.* FROM Caja WHERE Tipo = 1)",
+        "SELECT Caja.* FROM Caja WHERE Tipo = 12abc", "SELECT Caja.* FROM Caja WHERE Tipo = 1 = 1",
+        "SELECT Caja.* FROM Caja WHERE FechaHora = #31/31/2005#",
+        "SELECT Caja.* FROM Caja WHERE FechaHora = #2/29/2005#",
+        "SELECT Caja.* FROM Caja WHERE FechaHora = #1/1/2005 25:00:00#",
+        "SELECT Caja.* FROM Caja WHERE FechaHora = #1/1/2005",
+        "SELECT Caja.* FROM Caja WHERE load_extension('x')", "SELECT Caja.* FROM Caja WHERE $x",
+        "SELECT Caja.* FROM Caja ORDER Tipo", "SELECT FROM Caja", "SELECT Caja.* Caja",
+        "DELETE Caja", "DELETE Caja.Tipo FROM Caja", "DELETE FROM Caja, Vtos",
+        "DELETE FROM Caja ORDER BY Tipo", "SELECT [Ca\"ja].* FROM Caja",
+        "SELECT Caja.* FROM Caja LIMIT 1"));
+
+TEST(Traductor, UnaTablaQueNoEstáTieneSuNúmero) {
+  EXPECT_EQ(Banco().Error("SELECT Nada.* FROM Nada"), error::TablaDesconocida);
+  EXPECT_EQ(Banco().Error("DELETE FROM Nada"), error::TablaDesconocida);
+}
+
+TEST(Traductor, UnaColumnaQueNoEstáTieneSuNúmero) {
+  Banco banco;
+  EXPECT_EQ(banco.Error("SELECT Caja.Fatura FROM Caja"), error::ColumnaDesconocida);
+  EXPECT_EQ(banco.Error("SELECT Caja.* FROM Caja WHERE Trim(Caja.Fatura) like 'x'"),
+            error::ColumnaDesconocida);
+  EXPECT_EQ(banco.Error("SELECT Caja.* FROM Caja WHERE Vtos.Año = '1'"), error::ColumnaDesconocida);
+  EXPECT_EQ(banco.Error("SELECT Caja.* FROM Caja WHERE Tipo like abc"), error::ColumnaDesconocida);
+}
+
+TEST(Traductor, MuchosParéntesisSeRechazanSinAgotarLaPila) {
+  const std::string abiertos(100'000, '(');
+  EXPECT_EQ(Banco().Error("SELECT Caja.* FROM Caja WHERE " + abiertos), error::SentenciaRechazada);
+  EXPECT_EQ(Banco().Error("SELECT Caja.* FROM " + abiertos + "Caja"), error::SentenciaRechazada);
+}
+
+TEST(Traductor, DosSentenciasQueSoloDifierenEnLaClaveTienenElMismoTexto) {
+  Banco banco;
+  const std::string una = banco.Traducir("SELECT Caja.* FROM Caja WHERE Factura like 'A1'").Texto;
+  EXPECT_EQ(banco.Traducir("SELECT caja.*  FROM caja where factura LIKE 'B-22'").Texto.size(),
+            una.size());
+  EXPECT_EQ(banco.Traducir("Select Caja.* from Caja WHERE Factura  Like 'B-22' ").Texto, una);
+}
+
+TEST(Traductor, SoloUnaTablaTalCualDejaEscribirEnElla) {
+  Banco banco;
+  EXPECT_NE(banco.Traducir("SELECT Caja.Factura FROM Caja ORDER BY Tipo").Unica, nullptr);
+  EXPECT_EQ(banco.Traducir("SELECT DISTINCT Caja.* FROM Caja").Unica, nullptr);
+  EXPECT_EQ(banco.Traducir("SELECT Sum(Importe) FROM Caja").Unica, nullptr);
+  EXPECT_EQ(banco.Traducir("SELECT Tipo FROM Caja GROUP BY Tipo").Unica, nullptr);
+  EXPECT_EQ(banco.Traducir("SELECT Caja.* FROM Caja, Vtos").Unica, nullptr);
+}
+
+TEST(Traductor, LoQueHallaLaFilaVaDetrásDeLasColumnas) {
+  Banco banco;
+  EXPECT_EQ(banco.Traducir("SELECT C.Factura FROM Caja AS C", true).Texto,
+            "SELECT \"C\".\"Factura\", \"C\".fila FROM \"Caja\" AS \"C\"");
+  EXPECT_EQ(banco.Traducir("SELECT DISTINCT Factura FROM Caja", true).Texto,
+            "SELECT DISTINCT \"Factura\" FROM \"Caja\"");
+}
+
+TEST(Traductor, DaLasColumnasConSuNombreYSuTipo) {
+  Banco banco;
+  const std::string escrita =
+      "SELECT Vtos.*, Caja.Tipo, Sum(Caja.Importe) AS Importe, trim(Caja.Año) FROM Caja, Vtos";
+  banco.Traducir(escrita);
+  const auto columnas = banco.Columnas();
+  std::vector<std::string> nombres;
+  for (const auto& columna : columnas) nombres.push_back(columna.Columna.Nombre);
+  EXPECT_THAT(nombres, ElementsAre("NConcepto", "NFactura", "Año", "FechaVto", "Tipo", "Importe",
+                                   "Expr1006"));
+  EXPECT_EQ(columnas[4].Columna.Tipo, services::TipoColumna::Entero);
+  EXPECT_EQ(columnas[4].Origen, "Tipo");
+  EXPECT_EQ(columnas[5].Columna.Tipo, services::TipoColumna::Numero);
+  EXPECT_EQ(columnas[5].Origen, "");
+}
+
+TEST(Traductor, DiceQuéVerboEs) {
+  Banco banco;
+  EXPECT_EQ(banco.Traducir("DELETE FROM Caja").Que, Verbo::Delete);
+  EXPECT_EQ(banco.Traducir("SELECT * FROM Caja").Que, Verbo::Select);
+}
+
+}  // namespace
