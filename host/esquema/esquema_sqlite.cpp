@@ -63,9 +63,10 @@ constexpr std::array IndicesDeTrabajo = {
 template <std::size_t N>
 void Crear(sqlite::Conexion& conexion, std::span<const Tabla> tablas,
            const std::array<const char*, N>& indices) {
-  std::string sql = "BEGIN IMMEDIATE;\n";
+  std::string sql;
   for (const Tabla& tabla : tablas) sql += TextoDeCreacion(tabla) + ";\n";
   for (const char* indice : indices) sql += std::string(indice) + ";\n";
+  conexion.Ejecutar("BEGIN IMMEDIATE");
   try {
     conexion.Ejecutar(sql + "COMMIT;");
   } catch (const services::ErrorEjecucion&) {

@@ -199,16 +199,19 @@ Traductor::Operando Traductor::Funcion() {
 
 // However the trimming functions stand one inside another, what they do together is written once.
 Traductor::Operando Traductor::Recortar() {
+  constexpr unsigned izquierdo = 1;
+  constexpr unsigned derecho = 2;
+  constexpr unsigned ambos = izquierdo | derecho;
   unsigned lados = 0;
   int abiertos = 0;
   while (Proximo().simbolo == Simbolo::Abrir && Actual().clase == ClaseToken::Nombre) {
     const auto nombre = Actual().texto;
     if (EsPalabra(nombre, "TRIM")) {
-      lados |= 3U;
+      lados |= ambos;
     } else if (EsPalabra(nombre, "LTRIM")) {
-      lados |= 1U;
+      lados |= izquierdo;
     } else if (EsPalabra(nombre, "RTRIM")) {
-      lados |= 2U;
+      lados |= derecho;
     } else {
       break;
     }
@@ -216,9 +219,9 @@ Traductor::Operando Traductor::Recortar() {
     i_ += 2;
   }
   const std::size_t desde = salida_->Texto.size();
-  const Envoltura& envoltura = lados == 3U   ? motor_.Recorte
-                               : lados == 1U ? motor_.RecorteIzquierdo
-                                             : motor_.RecorteDerecho;
+  const Envoltura& envoltura = lados == ambos       ? motor_.Recorte
+                               : lados == izquierdo ? motor_.RecorteIzquierdo
+                                                    : motor_.RecorteDerecho;
   Poner(envoltura.Antes);
   Expresion();
   for (; abiertos > 0; --abiertos) Exigir(Simbolo::Cerrar);

@@ -1,7 +1,5 @@
 #include "dialecto/traductor.h"
 
-#include <algorithm>
-
 #include "dialecto/rechazo.h"
 
 namespace dialecto {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -69,7 +70,6 @@ class Traductor {
     const Tabla* tabla = nullptr;
     int columna = -1;
   };
-  enum class Recorte { Ninguno = 0, Izquierdo = 1, Derecho = 2, Ambos = 3 };
 
   // Statements: traductor.cpp.
   void Select(bool conOcultas);
