@@ -105,10 +105,18 @@ TEST_F(Escritorio, ElErrorAlTerminarVaPorDondeIriaElDelEvento) {
   EXPECT_EQ(p.errores.size(), 1U);
 }
 
-TEST_F(Escritorio, SiFallanElEventoYSuFinSeDicenLosDos) {
-  e.AlTerminarEvento = [] { Fallar(services::error::FalloDeConexion); };
+TEST_F(Escritorio, SiFallanElEventoYSuFinPorCosasDistintasSeDicenLasDos) {
+  e.AlTerminarEvento = [] {
+    throw ErrorEjecucion(services::error::FalloDeConexion, "sin conexión");
+  };
   e.Evento([] { Fallar(13); });
   EXPECT_THAT(Errores(), ElementsAre(services::error::FalloDeConexion, 13));
+}
+
+TEST_F(Escritorio, ElMismoFalloEnElEventoYEnSuFinSeDiceUnaVez) {
+  e.AlTerminarEvento = [] { Fallar(13); };
+  e.Evento([] { Fallar(13); });
+  EXPECT_THAT(Errores(), ElementsAre(13));
 }
 
 TEST_F(Escritorio, LasVentanasSabenDelFinAunqueFalle) {
