@@ -29,11 +29,7 @@ class DosTablas final : public dialecto::Catalogo {
 constexpr dialecto::Motor Motor = {.Comilla = '"',
                                    .Recorte = {"trim(", ")"},
                                    .RecorteIzquierdo = {"ltrim(", ")"},
-                                   .RecorteDerecho = {"rtrim(", ")"},
-                                   .Patron = " LIKE ",
-                                   .NoPatron = " NOT LIKE ",
-                                   .NumeroComoTexto = {"CAST(", " AS TEXT)"},
-                                   .FechaComoTexto = {"texto_fecha(", ")"}};
+                                   .RecorteDerecho = {"rtrim(", ")"}};
 
 void Comprobar(const dialecto::Sentencia& sentencia) {
   bool entreComillas = false;

@@ -84,10 +84,12 @@ Traductor::Operando Traductor::Comparacion() {
   } else if (Tomar(Palabra::Is)) {
     EsNulo();
   } else if (Tomar(Palabra::Like)) {
-    Parecido(izquierdo, false);
+    // Every `like` of the system compares a key with a value spliced in, never with a pattern: as a
+    // pattern, deleting the invoice "A_1" would delete "AB1" too.
+    Comparar(izquierdo, Simbolo::Igual);
   } else if (Es(Palabra::Not) && Proximo().palabra == Palabra::Like) {
     i_ += 2;
-    Parecido(izquierdo, true);
+    Comparar(izquierdo, Simbolo::Distinto);
   } else {
     return izquierdo;
   }
@@ -104,23 +106,6 @@ void Traductor::Comparar(Operando& izquierdo, Simbolo operador) {
 void Traductor::EsNulo() {
   Poner(Tomar(Palabra::Not) ? " IS NOT NULL" : " IS NULL");
   Exigir(Palabra::Null);
-}
-
-// Without wildcards it is an equality, which an index serves.
-void Traductor::Parecido(Operando& izquierdo, bool negado) {
-  const bool literal = Actual().clase == ClaseToken::Texto ||
-                       Actual().clase == ClaseToken::Numero || Es(Simbolo::Menos);
-  const bool patron = Actual().clase == ClaseToken::Texto &&
-                      Actual().texto.find_first_of("%_") != std::string_view::npos;
-  if (literal && !patron) return Comparar(izquierdo, negado ? Simbolo::Distinto : Simbolo::Igual);
-  const auto tipo = izquierdo.tipo.value_or(TipoColumna::Texto);
-  if (tipo == TipoColumna::FechaHora) {
-    Envolver(izquierdo, motor_.FechaComoTexto);
-  } else if (tipo != TipoColumna::Texto) {
-    Envolver(izquierdo, motor_.NumeroComoTexto);
-  }
-  Poner(negado ? motor_.NoPatron : motor_.Patron);
-  Primario();
 }
 
 Traductor::Operando Traductor::Primario() {
@@ -262,11 +247,6 @@ void Traductor::Adaptar(const Operando& literal, const Operando& contra) {
   if (literal.parametro < 0 || !contra.tipo) return;
   Valor& valor = salida_->Parametros[static_cast<std::size_t>(literal.parametro)];
   valor = Adaptado(std::move(valor), *contra.tipo);
-}
-
-void Traductor::Envolver(const Operando& operando, const Envoltura& envoltura) {
-  salida_->Texto.insert(operando.desde, envoltura.Antes);
-  salida_->Texto += envoltura.Despues;
 }
 
 }  // namespace dialecto

@@ -95,7 +95,6 @@ class Traductor {
   Operando Negacion();
   Operando Comparacion();
   void Comparar(Operando& izquierdo, Simbolo operador);
-  void Parecido(Operando& izquierdo, bool negado);
   void EsNulo();
   Operando Primario();
   Operando Parentesis();
@@ -106,7 +105,6 @@ class Traductor {
   Operando Literal();
   Operando Parametro(services::Valor valor);
   void Adaptar(const Operando& literal, const Operando& contra);
-  void Envolver(const Operando& operando, const Envoltura& envoltura);
 
   [[nodiscard]] const Token& Actual() const { return tokens_[i_]; }
   [[nodiscard]] const Token& Proximo() const { return tokens_[std::min(i_ + 1, Ultimo())]; }
