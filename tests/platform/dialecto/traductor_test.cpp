@@ -190,6 +190,48 @@ INSTANTIATE_TEST_SUITE_P(
         "DELETE FROM Caja ORDER BY Tipo", "SELECT [Ca\"ja].* FROM Caja",
         "SELECT Caja.* FROM Caja LIMIT 1"));
 
+#define DONDE(condicion) "DELETE FROM Caja WHERE " condicion
+
+INSTANTIATE_TEST_SUITE_P(
+    CondicionesSinColumna, RechazoTest,
+    testing::Values(
+        DONDE("Factura like 'A' or '1'='1'"), DONDE("Factura like '' or 1=1 or Año like ''"),
+        DONDE("Factura like 'A' or '1' like '1'"), DONDE("Factura like 'A' or '1' not like '2'"),
+        DONDE("Factura like 'A' or 2>1"), DONDE("Factura like 'A' or -1<>1"),
+        DONDE("Factura like 'A' or True=True"),
+        DONDE("Factura like 'A' or #1/1/2005# <= #1/2/2005#"),
+        DONDE("Factura like 'A' or ('1')=(('1'))"), DONDE("Factura like 'A' or Trim('1')='1'"),
+        DONDE("Factura like 'A' or '1'=LTrim(RTrim('1'))"), DONDE("Factura like 'A' or '1'"),
+        DONDE("Factura like 'A' or 1"), DONDE("Factura like 'A' or True"),
+        DONDE("Factura like 'A' or (True)"), DONDE("Factura like 'A' or Trim('1')"),
+        DONDE("Factura like 'A' or not False"), DONDE("Factura like 'A' or not '1'='2'"),
+        DONDE("Factura like 'A' or '1' is not null"), DONDE("'1' or Factura like 'A'"),
+        DONDE("Factura like 'A' and '1'"), DONDE("'1' and Factura like 'A'"), DONDE("'1'='1'"),
+        DONDE("'1'"), DONDE("('1')"), DONDE("True"), DONDE("Sum(1)"), DONDE("Sum(1) > 0"),
+        "SELECT Caja.* FROM Caja INNER JOIN Vtos ON 1=1",
+        "SELECT Caja.* FROM Caja INNER JOIN Vtos ON True",
+        "SELECT Caja.* FROM Caja ORDER BY '1'='1'"));
+
+#undef DONDE
+
+TEST(Traductor, UnLiteralAUnSoloLadoSeEntiende) {
+  Banco banco;
+  EXPECT_EQ(banco.Error("SELECT Caja.* FROM Caja WHERE ('A') = Factura"), 0);
+  EXPECT_EQ(banco.Error("SELECT Caja.* FROM Caja WHERE Factura = Trim(' A ')"), 0);
+  EXPECT_EQ(banco.Error("SELECT Caja.* FROM Caja WHERE (Factura = 'A') = True"), 0);
+  EXPECT_EQ(banco.Error("SELECT Caja.* FROM Caja WHERE Visible"), 0);
+  EXPECT_EQ(banco.Error("SELECT 'A' AS Factura FROM Caja ORDER BY 'A'"), 0);
+}
+
+TEST(Traductor, LaCondiciónSinColumnaSeDiceDesdeDondeEmpieza) {
+  try {
+    Banco().Traducir("DELETE FROM Caja WHERE Factura like 'A' or '1'='1'");
+    FAIL();
+  } catch (const services::ErrorEjecucion& fallo) {
+    EXPECT_THAT(fallo.Descripcion(), testing::HasSubstr("ninguna columna, en «1'='1'»"));
+  }
+}
+
 TEST(Traductor, UnaTablaQueNoEstáTieneSuNúmero) {
   EXPECT_EQ(Banco().Error("SELECT Nada.* FROM Nada"), error::TablaDesconocida);
   EXPECT_EQ(Banco().Error("DELETE FROM Nada"), error::TablaDesconocida);
