@@ -3,7 +3,7 @@
 #include <filesystem>
 
 #include "services/error.h"
-#include "sqlite/funciones.h"
+#include "sqlite/orden.h"
 
 namespace sqlite {
 
@@ -43,7 +43,7 @@ void Base::Configurar(const Opciones& opciones) {
   sqlite3_extended_result_codes(Motor(), 1);
   sqlite3_busy_timeout(Motor(), opciones.EsperaMs);
   sqlite3_db_config(Motor(), SQLITE_DBCONFIG_DQS_DML, 0, nullptr);
-  RegistrarFunciones(Motor());
+  RegistrarOrden(Motor());
   if (PrimerTexto(*this, "PRAGMA journal_mode") != "wal" && !sqlite3_db_readonly(Motor(), "main")) {
     Ejecutar("PRAGMA journal_mode = WAL");
   }
