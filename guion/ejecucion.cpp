@@ -71,6 +71,8 @@ void Ejecucion::Escribir(std::string_view linea) {
 }
 
 void Ejecucion::Error(std::int32_t numero, const std::string& descripcion) {
+  // A question without an answer ends the run: the error that it leaves behind is not the system's.
+  if (Entorno().Mensajes.SinRespuesta()) return;
   ultimo_error_ = numero;
   Escribir(LineaDeError(numero, descripcion));
 }

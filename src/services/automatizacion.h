@@ -170,10 +170,11 @@ template <class Objeto, class... Argumentos>
 
 /// The four entry points that an in-process server exports.
 extern "C" {
-HRESULT DllGetClassObject(const GUID& clase, const GUID& interfaz, void** objeto) noexcept;
-HRESULT DllCanUnloadNow() noexcept;
-HRESULT DllRegisterServer() noexcept;
-HRESULT DllUnregisterServer() noexcept;
+[[gnu::visibility("default")]] HRESULT DllGetClassObject(const GUID& clase, const GUID& interfaz,
+                                                         void** objeto) noexcept;
+[[gnu::visibility("default")]] HRESULT DllCanUnloadNow() noexcept;
+[[gnu::visibility("default")]] HRESULT DllRegisterServer() noexcept;
+[[gnu::visibility("default")]] HRESULT DllUnregisterServer() noexcept;
 }
 
 }  // namespace services

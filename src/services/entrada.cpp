@@ -63,7 +63,8 @@ void PulsarCeldaAhora(MSFlexGrid& rejilla, int fila, int columna) {
 /// Puts a text in the place of the characters from `desde` on.
 void Sustituir(TextBox& caja, int desde, int cuantos, std::string_view texto) {
   const std::string antes = Izquierda(caja.Text(), static_cast<std::size_t>(desde));
-  const std::string hasta = Izquierda(caja.Text(), static_cast<std::size_t>(desde + cuantos));
+  const std::string hasta =
+      Izquierda(caja.Text(), static_cast<std::size_t>(desde) + static_cast<std::size_t>(cuantos));
   std::string nuevo = antes;
   nuevo += texto;
   nuevo += caja.Text().substr(hasta.size());

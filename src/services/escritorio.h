@@ -77,11 +77,13 @@ class Escritorio {
 
   const services::Plataforma& plataforma_;
   std::vector<Form*> cargados_;
-  std::vector<Ref<Form>> retirados_;  // unloaded in this event; let go at its end
   int profundidad_ = 0;
   Widget* foco_ = nullptr;
   bool dejando_ = false;  // inside the LostFocus handler of the last of salidas_
   std::vector<Salida> salidas_;
+  // Unloaded in this event; let go at its end. The last member, since their widgets, as they go,
+  // take themselves out of the others.
+  std::vector<Ref<Form>> retirados_;
 };
 
 }  // namespace services

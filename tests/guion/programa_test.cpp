@@ -119,6 +119,26 @@ TEST_F(ElPrograma, LasOpcionesMalPuestasDanDosYElUso) {
   EXPECT_EQ(Correr("noesta.guion", "foco?").Errores, "no se puede leer noesta.guion\n");
 }
 
+TEST_F(ElPrograma, NingunFalloDeUnaBaseTumbaLaPantalla) {
+  const std::string antes =
+      "reloj 2005-03-15 10:00:00\n"
+      "datos INSERT INTO ProvConceptos VALUES ('400','Luz')\n"
+      "datos INSERT INTO ProvFacturas (NConcepto,Factura,Año,Fecha,Total) VALUES "
+      "('400','F1','2005','20050110',10)\n"
+      "datos INSERT INTO ProvVencimientos (NConcepto,NFactura,Año,FechaVto,Importe) VALUES "
+      "('400','F1','2005','20050310',10)\ncargar\ncelda MSFPagos 1 5\n";
+  for (const char* base : {"datos", "local"}) {
+    for (int n = 1; n <= 30; ++n) {
+      const Corrida corrida = Correr(
+          "x.guion", antes + "fallo " + base + " " + std::to_string(n) +
+                         "\npulsar BotonAceptar\nresponder si\ncerrar\ncargar\ncargar\npantallas");
+      EXPECT_EQ(corrida.Estado, 0) << base << " " << n << "\n" << corrida.Errores;
+      EXPECT_TRUE(corrida.Salida.ends_with("FrmTesvaraGastos 1\n")) << base << " " << n << "\n"
+                                                                    << corrida.Salida;
+    }
+  }
+}
+
 TEST(Opciones, UnaConexionQueNoEsFicheroSeRechazaConClaridad) {
   EXPECT_EQ(guion::LeerOpciones({"--datos", "sqlite:a=b;c.db", "x"}).Datos, "a=b;c.db");
   EXPECT_EQ(guion::LeerOpciones({"--datos", "/tmp/a:b.db", "x"}).Datos, "/tmp/a:b.db");

@@ -1,0 +1,35 @@
+#include <memory>
+
+#include "automation/registro.h"
+#include "qt/plataforma_qt.h"
+#include "services/automatizacion.h"
+#include "services/plataforma.h"
+#include "services/sesion.h"
+#include "sorvex/utiles.h"
+
+// What the component is given when it runs as a library in a host with a desktop.
+
+namespace {
+
+std::unique_ptr<services::Utiles> CrearUtiles(services::Sesion& sesion) {
+  return std::make_unique<sorvex::Utiles>([&sesion] { return sesion.Usuario(); },
+                                          [&sesion] { return sesion.Ahora(); });
+}
+
+services::Plataforma CrearPlataforma() {
+  services::Plataforma plataforma = qt::CrearPlataforma();
+  plataforma.CrearUtiles = &CrearUtiles;
+  auto registro = automation::CrearRegistro(
+      automation::RutaDeBiblioteca(reinterpret_cast<const void*>(&services::DllRegisterServer)));
+  plataforma.Registrar = std::move(registro.Registrar);
+  plataforma.Anular = std::move(registro.Anular);
+  return plataforma;
+}
+
+/// In place as soon as the library is loaded, before any of its entry points is called.
+[[maybe_unused]] const bool instalada = [] {
+  services::InstalarPlataforma(CrearPlataforma());
+  return true;
+}();
+
+}  // namespace

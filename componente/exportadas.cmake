@@ -1,0 +1,14 @@
+# Fails unless BIBLIOTECA exports the four entry points of a server and nothing else.
+execute_process(COMMAND ${NM} -D --defined-only --format=posix ${BIBLIOTECA}
+  OUTPUT_VARIABLE salida COMMAND_ERROR_IS_FATAL ANY)
+string(REGEX MATCHALL "[^\n]+" lineas "${salida}")
+set(nombres)
+foreach(linea ${lineas})
+  string(REGEX REPLACE " .*" "" nombre "${linea}")
+  list(APPEND nombres ${nombre})
+endforeach()
+list(SORT nombres)
+set(esperados DllCanUnloadNow DllGetClassObject DllRegisterServer DllUnregisterServer)
+if(NOT nombres STREQUAL esperados)
+  message(FATAL_ERROR "Exporta: ${nombres}")
+endif()

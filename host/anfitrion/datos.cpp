@@ -1,0 +1,103 @@
+#include "datos.h"
+
+#include <QDateTime>
+#include <QStandardPaths>
+
+#include "esquema/esquema_sqlite.h"
+#include "muestra/muestra.h"
+#include "services/error.h"
+#include "services/fecha.h"
+#include "sqlite/conexion.h"
+
+namespace anfitrion {
+namespace {
+
+namespace fs = std::filesystem;
+
+services::FechaHora Hoy() {
+  const QDate hoy = QDate::currentDate();
+  return services::HacerFecha(hoy.year(), hoy.month(), hoy.day());
+}
+
+/// Makes a file whole or not at all: it gets its name once it is filled.
+template <class Preparar>
+void CrearFichero(const fs::path& fichero, const Preparar& preparar) {
+  fs::path enCurso = fichero;
+  enCurso += ".nuevo";
+  std::error_code sinFichero;
+  fs::remove(enCurso, sinFichero);
+  {
+    const auto conexion = sqlite::AbrirConexion(enCurso.string(), {.Crear = true});
+    preparar(*conexion);
+    conexion->TerminarUnidad();
+    conexion->Ejecutar("PRAGMA wal_checkpoint(TRUNCATE)");
+  }
+  fs::rename(enCurso, fichero);
+}
+
+services::Ref<services::Conexion> Abrir(const fs::path& fichero,
+                                        sqlite::Sincronizacion durabilidad) {
+  return sqlite::AbrirConexion(fichero.string(), {.Durabilidad = durabilidad});
+}
+
+services::Ref<services::Conexion> AbrirAlmacenados(const fs::path& fichero, bool propio) {
+  if (propio && !fs::exists(fichero)) {
+    CrearFichero(fichero, [](sqlite::Conexion& conexion) {
+      esquema::CrearAlmacenadas(conexion);
+      muestra::Llenar(conexion, Hoy());
+    });
+  }
+  return Abrir(fichero, sqlite::Sincronizacion::Completa);
+}
+
+/// The words of the user's language that the suite hands to its components.
+constexpr const char* kTextos =
+    "CREATE TABLE SorvexTextos (Pagina VARCHAR(30), Pantalla VARCHAR(30));"
+    "INSERT INTO SorvexTextos VALUES ('Página', 'Pantalla')";
+
+void PrepararDeTrabajo(sqlite::Conexion& conexion) {
+  esquema::CrearDeTrabajo(conexion);
+  conexion.Ejecutar(kTextos);
+}
+
+services::Ref<services::Conexion> AbrirDeTrabajo(const fs::path& fichero) {
+  if (!fs::exists(fichero)) CrearFichero(fichero, &PrepararDeTrabajo);
+  return Abrir(fichero, sqlite::Sincronizacion::Normal);
+}
+
+/// A connection text names a server; a file is named by its path alone.
+void ExigirFichero(const std::string& texto) {
+  if (texto.find('=') == std::string::npos) return;
+  throw services::ErrorEjecucion(
+      services::error::FalloDeConexion,
+      "Las tablas de la empresa se abren aquí desde un fichero SQLite; \"" + texto +
+          "\" parece la conexión a un servidor");
+}
+
+}  // namespace
+
+fs::path CarpetaDeDatos(const Opciones& opciones) {
+  if (!opciones.Carpeta.isEmpty()) return opciones.Carpeta.toStdString();
+  const QString general = QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation);
+  return fs::path(general.toStdString()) / "tesvara";
+}
+
+Datos AbrirDatos(const Opciones& opciones) {
+  const fs::path carpeta = CarpetaDeDatos(opciones);
+  try {
+    fs::create_directories(carpeta);
+    const bool propio = opciones.Datos.isEmpty();
+    ExigirFichero(opciones.Datos.toStdString());
+    const fs::path almacenados =
+        propio ? carpeta / "empresa.sqlite" : fs::path(opciones.Datos.toStdString());
+    const fs::path trabajo = carpeta / "trabajo.sqlite";
+    return {AbrirAlmacenados(almacenados, propio), AbrirDeTrabajo(trabajo), almacenados.string(),
+            trabajo.string()};
+  } catch (const fs::filesystem_error& fallo) {
+    throw services::ErrorEjecucion(
+        services::error::FalloDeConexion,
+        "No se puede usar la carpeta de datos " + carpeta.string() + ": " + fallo.code().message());
+  }
+}
+
+}  // namespace anfitrion

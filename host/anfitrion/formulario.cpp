@@ -1,0 +1,39 @@
+#include "formulario.h"
+
+namespace anfitrion {
+namespace {
+
+constexpr int kTwips = 15;  // of a logical pixel
+constexpr int kNormal = 0;
+constexpr int kMinimizada = 1;
+constexpr int kMaximizada = 2;
+
+}  // namespace
+
+services::Rectangulo Formulario::Geometria() noexcept {
+  if (!ventana_) return {};
+  const QPoint lugar = ventana_->mapToGlobal(QPoint());
+  return {lugar.x() * kTwips, lugar.y() * kTwips, ventana_->width() * kTwips,
+          ventana_->height() * kTwips};
+}
+
+std::int32_t Formulario::WindowState() noexcept {
+  if (!ventana_) return kNormal;
+  const QWidget* ventana = ventana_->window();
+  if (ventana->isMinimized()) return kMinimizada;
+  return ventana->isMaximized() ? kMaximizada : kNormal;
+}
+
+void Formulario::PonerWindowState(std::int32_t estado) noexcept {
+  if (!ventana_ || estado == WindowState()) return;
+  QWidget* ventana = ventana_->window();
+  if (estado == kMinimizada) return ventana->showMinimized();
+  if (estado == kMaximizada) return ventana->showMaximized();
+  ventana->showNormal();
+}
+
+void Formulario::Refresh() noexcept {
+  if (ventana_) ventana_->update();
+}
+
+}  // namespace anfitrion

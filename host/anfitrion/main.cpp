@@ -1,0 +1,104 @@
+#include <QApplication>
+#include <QDir>
+#include <QMessageBox>
+#include <QTimer>
+
+#include "automation/registro.h"
+#include "automation/servidores.h"
+#include "captura.h"
+#include "datos.h"
+#include "opciones.h"
+#include "services/anfitrion.h"
+#include "services/error.h"
+#include "ventana_principal.h"
+
+// The example suite "Sorvex": a host for the component, with a business of its own.
+
+namespace {
+
+using anfitrion::Opciones;
+
+constexpr QSize kTamanoDeCaptura(1280, 800);
+
+QTextStream& Salida() {
+  static QTextStream salida(stdout);
+  return salida;
+}
+
+QStringList Argumentos(int argc, char** argv) {
+  QStringList argumentos;
+  for (int i = 1; i < argc; ++i) argumentos << QString::fromLocal8Bit(argv[i]);
+  return argumentos;
+}
+
+/// The library beside this program, where a build or an installation puts it.
+std::filesystem::path Biblioteca() {
+  const QDir programas(QCoreApplication::applicationDirPath());
+  return programas.filePath("../lib/libtesvara.so").toStdString();
+}
+
+/// The component is put on the user's list when it isn't there, or the library it names is gone.
+void RegistrarSiFalta() {
+  const auto clase = automation::Registro().Buscar(services::IClassTesvara::ProgId);
+  if (clase && std::filesystem::exists(clase->Biblioteca)) return;
+  automation::RegistrarBiblioteca(Biblioteca());
+}
+
+int Capturar(anfitrion::VentanaPrincipal& ventana, const QString& carpeta) {
+  ventana.AlFallar = [](const QString& texto) { QTextStream(stderr) << texto << Qt::endl; };
+  ventana.resize(kTamanoDeCaptura);
+  ventana.show();
+  if (!ventana.AbrirPagos()) return EXIT_FAILURE;
+  QCoreApplication::processEvents();
+  anfitrion::EscribirLista(ventana, Salida());
+  Salida() << anfitrion::GuardarImagen(ventana, carpeta) << Qt::endl;
+  ventana.close();
+  return EXIT_SUCCESS;
+}
+
+int Trabajar(anfitrion::VentanaPrincipal& ventana) {
+  ventana.showMaximized();
+  // The frame has its size once the window is on the screen.
+  QTimer::singleShot(0, &ventana, [&ventana] { ventana.AbrirPagos(); });
+  return QApplication::exec();
+}
+
+int Iniciar(const Opciones& opciones) {
+  const anfitrion::Datos datos = anfitrion::AbrirDatos(opciones);
+  RegistrarSiFalta();
+  anfitrion::VentanaPrincipal ventana(opciones, datos);
+  return opciones.Captura.isEmpty() ? Trabajar(ventana) : Capturar(ventana, opciones.Captura);
+}
+
+void MostrarFallo(const QString& texto, bool sinPantalla) {
+  QTextStream(stderr) << texto << Qt::endl;
+  if (sinPantalla) return;
+  QMessageBox caja(QMessageBox::Critical, "Sorvex", texto);
+  caja.setTextFormat(Qt::PlainText);
+  caja.addButton("Aceptar", QMessageBox::AcceptRole);
+  caja.exec();
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  Opciones opciones;
+  try {
+    opciones = anfitrion::LeerOpciones(Argumentos(argc, argv));
+  } catch (const services::ErrorEjecucion& fallo) {
+    QTextStream(stderr) << QString::fromStdString(fallo.Descripcion()) << Qt::endl;
+    return EXIT_FAILURE;
+  }
+  if (opciones.Ayuda) {
+    Salida() << anfitrion::TextoDeAyuda() << Qt::endl;
+    return EXIT_SUCCESS;
+  }
+  if (!opciones.Captura.isEmpty()) qputenv("QT_QPA_PLATFORM", "offscreen");
+  QApplication aplicacion(argc, argv);
+  try {
+    return Iniciar(opciones);
+  } catch (const std::exception& fallo) {
+    MostrarFallo(QString::fromUtf8(fallo.what()), !opciones.Captura.isEmpty());
+    return EXIT_FAILURE;
+  }
+}

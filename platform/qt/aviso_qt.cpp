@@ -1,0 +1,89 @@
+#include "qt/aviso_qt.h"
+
+#include <QApplication>
+#include <QMessageBox>
+#include <QPushButton>
+#include <algorithm>
+#include <vector>
+
+#include "qt/conversion.h"
+
+namespace qt {
+namespace {
+
+namespace mensaje = services::mensaje;
+
+struct Boton {
+  const char* Rotulo;
+  int Respuesta;
+  QMessageBox::ButtonRole Papel;
+};
+
+/// The low bits of the flags tell the buttons, the next ones the icon.
+constexpr int kBotones = 0x0F;
+constexpr int kIcono = 0x70;
+constexpr int kPregunta = 32;
+constexpr int kExclamacion = 48;
+constexpr int kInformacion = 64;
+
+std::vector<Boton> BotonesDe(int flags) {
+  constexpr Boton kSi{"Sí", mensaje::Si, QMessageBox::YesRole};
+  constexpr Boton kNo{"No", mensaje::No, QMessageBox::NoRole};
+  // A question of yes or no has no way out but an answer: this part of the box isn't taken for one.
+  constexpr Boton kNoSolo{"No", mensaje::No, QMessageBox::DestructiveRole};
+  constexpr Boton kCancelar{"Cancelar", mensaje::Cancelar, QMessageBox::RejectRole};
+  constexpr Boton kAceptar{"Aceptar", mensaje::Aceptar, QMessageBox::AcceptRole};
+  switch (flags & kBotones) {
+    case mensaje::SiNo:
+      return {kSi, kNoSolo};
+    case mensaje::SiNoCancelar:
+      return {kSi, kNo, kCancelar};
+    default:
+      return {kAceptar};
+  }
+}
+
+QMessageBox::Icon IconoDe(int flags) {
+  switch (flags & kIcono) {
+    case mensaje::Alto:
+      return QMessageBox::Critical;
+    case kExclamacion:
+      return QMessageBox::Warning;
+    case kInformacion:
+      return QMessageBox::Information;
+    case kPregunta:
+      return QMessageBox::Question;
+    default:
+      return BotonesDe(flags).size() > 1 ? QMessageBox::Question : QMessageBox::NoIcon;
+  }
+}
+
+}  // namespace
+
+int AvisoQt::Mostrar(const std::string& texto, int flags, const std::string& titulo) {
+  QMessageBox caja(QApplication::activeWindow());
+  caja.setWindowTitle(Texto(titulo));
+  caja.setTextFormat(Qt::PlainText);
+  caja.setText(Texto(texto));
+  caja.setIcon(IconoDe(flags));
+  const std::vector<Boton> botones = BotonesDe(flags);
+  std::vector<QPushButton*> puestos;
+  for (const Boton& boton : botones) {
+    QPushButton* puesto = caja.addButton(QString::fromUtf8(boton.Rotulo), boton.Papel);
+    puesto->setShortcut(QKeySequence(puesto->text().front()));
+    puestos.push_back(puesto);
+  }
+  caja.setDefaultButton(puestos.front());
+  caja.exec();
+  const auto pulsado = std::find(puestos.begin(), puestos.end(), caja.clickedButton());
+  // None is pressed when the program ends meanwhile.
+  if (pulsado == puestos.end()) return botones.back().Respuesta;
+  return botones[static_cast<std::size_t>(pulsado - puestos.begin())].Respuesta;
+}
+
+void MostrarError(const services::ErrorEjecucion& fallo) {
+  AvisoQt().Mostrar("Nº Error: " + std::to_string(fallo.Numero()) + "\n" + fallo.Descripcion(),
+                    mensaje::Alto, "Error");
+}
+
+}  // namespace qt

@@ -1,0 +1,18 @@
+#pragma once
+
+#include "services/error.h"
+#include "services/utiles.h"
+
+namespace qt {
+
+/// The messages of the system. Buttons read in Spanish whatever the desktop's language, and answer
+/// to their first letter, to Enter and, where there is a way out, to Escape.
+class AvisoQt final : public services::Aviso {
+ public:
+  int Mostrar(const std::string& texto, int flags, const std::string& titulo) override;
+};
+
+/// Tells the user of an error that no handler caught.
+void MostrarError(const services::ErrorEjecucion& fallo);
+
+}  // namespace qt

@@ -1,0 +1,13 @@
+#pragma once
+
+#include <QPainter>
+#include <QRectF>
+#include <QString>
+
+namespace qt {
+
+/// Draws one of the drawings that the models name ("check", "impresora"), whole and undistorted in
+/// the middle of a rectangle, in lines of that colour. An unknown name draws nothing.
+void Dibujar(QPainter& pintor, const QRectF& donde, const QString& nombre, const QColor& color);
+
+}  // namespace qt

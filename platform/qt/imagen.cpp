@@ -1,0 +1,55 @@
+#include "qt/imagen.h"
+
+#include <QMouseEvent>
+#include <QPainter>
+
+#include "qt/dibujos.h"
+
+namespace qt {
+
+ImagenQt::ImagenQt(QWidget* padre) : QWidget(padre) {
+  setAttribute(Qt::WA_Hover);
+  setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+}
+
+void ImagenQt::PonerDibujo(const QString& nombre) {
+  dibujo_ = nombre;
+  update();
+}
+
+QSize ImagenQt::sizeHint() const {
+  const int lado = fontMetrics().height() + 16;
+  return {lado + 6, lado};
+}
+
+bool ImagenQt::event(QEvent* evento) {
+  if (evento->type() == QEvent::HoverEnter || evento->type() == QEvent::HoverLeave) update();
+  return QWidget::event(evento);
+}
+
+void ImagenQt::paintEvent(QPaintEvent*) {
+  QPainter pintor(this);
+  if (underMouse() && isEnabled()) {
+    pintor.setRenderHint(QPainter::Antialiasing);
+    pintor.setPen(palette().color(QPalette::Mid));
+    pintor.setBrush(palette().color(apretada_ ? QPalette::Mid : QPalette::Midlight));
+    pintor.drawRoundedRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5), 3, 3);
+  }
+  const QPalette::ColorGroup grupo = isEnabled() ? QPalette::Active : QPalette::Disabled;
+  Dibujar(pintor, QRectF(rect()).adjusted(4, 5, -4, -5), dibujo_,
+          palette().color(grupo, QPalette::WindowText));
+}
+
+void ImagenQt::mousePressEvent(QMouseEvent* evento) {
+  apretada_ = evento->button() == Qt::LeftButton;
+  update();
+}
+
+void ImagenQt::mouseReleaseEvent(QMouseEvent* evento) {
+  const bool pulsada = apretada_ && rect().contains(evento->position().toPoint());
+  apretada_ = false;
+  update();
+  if (pulsada && AlPulsar) AlPulsar();
+}
+
+}  // namespace qt

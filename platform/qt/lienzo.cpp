@@ -1,0 +1,163 @@
+#include "qt/lienzo.h"
+
+#include <QApplication>
+#include <QCloseEvent>
+#include <QPaintEvent>
+#include <QTimer>
+
+#include "qt/conversion.h"
+#include "qt/nombres.h"
+#include "qt/vinculo.h"
+#include "qt/vinculos.h"
+#include "services/controles.h"
+#include "services/entrada.h"
+#include "services/escritorio.h"
+#include "services/form.h"
+
+namespace qt {
+namespace {
+
+services::Cintilla* BarraDe(const services::Form& form) {
+  for (services::Widget* widget : form.Widgets()) {
+    if (auto* barra = dynamic_cast<services::Cintilla*>(widget)) return barra;
+  }
+  return nullptr;
+}
+
+/// The repaint of a caret or of a pressed button is no repaint of the screen.
+bool EsDeLaPantalla(const QRect& pintado, const QRect& todo) {
+  const auto area = [](const QRect& r) { return qint64(r.width()) * r.height(); };
+  return 2 * area(pintado) >= area(todo);
+}
+
+}  // namespace
+
+Lienzo::Lienzo(services::Form& form, const std::function<void(QWidget&)>& disponer) : form_(&form) {
+  disponer(*this);
+  Unir();
+}
+
+void Lienzo::Unir() {
+  Turno turno(*this);
+  for (services::Widget* modelo : form_->Widgets()) {
+    QWidget* vista = findChild<QWidget*>(NombreDeVista(*modelo));
+    if (!vista) continue;
+    if (Vinculo* vinculo = CrearVinculo(*modelo, *vista, *this)) vinculos_[modelo] = vinculo;
+  }
+  for (const auto& [modelo, vinculo] : vinculos_) vinculo->MostrarTodo();
+}
+
+void Lienzo::Soltar() {
+  form_ = nullptr;
+  for (const auto& [modelo, vinculo] : vinculos_) vinculo->Soltar();
+  vinculos_.clear();
+  if (marco_) marco_->removeEventFilter(this);
+}
+
+Vinculo* Lienzo::De(const services::Widget& modelo) const {
+  const auto donde = vinculos_.find(&modelo);
+  return donde == vinculos_.end() ? nullptr : donde->second;
+}
+
+void Lienzo::Encuadrar(QWidget* marco) {
+  if (marco_ && marco_ != marco) marco_->removeEventFilter(this);
+  if (marco && marco != parentWidget()) setParent(marco);
+  if (!marco && !isWindow()) setParent(nullptr);
+  if (!marco && !isVisible()) setParent(QApplication::activeWindow(), Qt::Dialog);
+  if (marco && marco_ != marco) marco->installEventFilter(this);
+  marco_ = marco;
+  if (marco) setGeometry(marco->rect());
+  PonerTitulo();
+}
+
+/// A window of its own has the desktop's title bar in the place of the screen's.
+void Lienzo::PonerTitulo() {
+  if (const services::Cintilla* barra = BarraDe(*form_)) {
+    setWindowTitle(Texto(barra->Caption()));
+    if (Vinculo* vinculo = De(*barra)) vinculo->Vista().setVisible(!isWindow() && barra->Visible);
+  }
+}
+
+void Lienzo::LlevarFoco() {
+  if (!form_) return;
+  Turno turno(*this);
+  const services::Widget* foco = form_->Escritorio().Foco();
+  const Vinculo* vinculo = foco ? De(*foco) : nullptr;
+  if (vinculo) {
+    vinculo->Vista().setFocus(Qt::OtherFocusReason);
+  } else if (const QWidget* actual = window()->focusWidget(); !actual || isAncestorOf(actual)) {
+    setFocus(Qt::OtherFocusReason);
+  }
+}
+
+void Lienzo::RepararFoco() {
+  const QWidget* actual = window()->focusWidget();
+  if (!actual || actual == this || isAncestorOf(actual)) LlevarFoco();
+}
+
+void Lienzo::FinDeEvento() {
+  {
+    Turno turno(*this);
+    for (const auto& [modelo, vinculo] : vinculos_) vinculo->FinDeEvento();
+  }
+  RepararFoco();
+}
+
+bool Lienzo::eventFilter(QObject* objeto, QEvent* evento) {
+  if (objeto == marco_ && evento->type() == QEvent::Resize) setGeometry(marco_->rect());
+  return QWidget::eventFilter(objeto, evento);
+}
+
+void Lienzo::paintEvent(QPaintEvent* evento) {
+  QWidget::paintEvent(evento);
+  if (EsDeLaPantalla(evento->rect(), rect())) {
+    Avisar(&services::Form::Form_Paint, pintado_pedido_);
+  }
+}
+
+void Lienzo::resizeEvent(QResizeEvent* evento) {
+  QWidget::resizeEvent(evento);
+  CentrarPaneles();
+  Avisar(&services::Form::Form_Resize, tamano_pedido_);
+}
+
+/// The handler runs once the toolkit is done: it may show a message, and what it changes would be
+/// painted from inside a painting.
+void Lienzo::Avisar(Suceso suceso, bool& pedido) {
+  if (pedido || !form_) return;
+  pedido = true;
+  QTimer::singleShot(0, this, [this, suceso, &pedido] {
+    pedido = false;
+    if (services::Form* form = form_; form && form->Visible()) {
+      form->Escritorio().Evento([&] { (form->*suceso)(); });
+    }
+  });
+}
+
+/// Panels marked `centrado` in the design lie over the middle of the screen, out of its layout.
+void Lienzo::CentrarPaneles() {
+  for (QWidget* panel : findChildren<QWidget*>(Qt::FindDirectChildrenOnly)) {
+    if (!panel->property("centrado").toBool()) continue;
+    const QSize medida = panel->sizeHint().expandedTo(panel->minimumSize()).boundedTo(size());
+    panel->setGeometry(
+        QRect(QPoint(), medida).translated(rect().center() - QRect(QPoint(), medida).center()));
+  }
+}
+
+/// Closing the window is asked of the screen, which may refuse.
+void Lienzo::closeEvent(QCloseEvent* evento) {
+  evento->ignore();
+  if (!form_) return;
+  if (services::Cintilla* barra = BarraDe(*form_)) services::entrada::CerrarBarra(*barra);
+}
+
+/// The Tab key goes by the model's order. The toolkit also asks this when it hides what has the
+/// focus, which is no business of the user's.
+bool Lienzo::focusNextPrevChild(bool siguiente) {
+  if (!form_ || Mostrando()) return true;
+  services::entrada::Tabular(*form_, !siguiente);
+  if (form_) LlevarFoco();
+  return true;
+}
+
+}  // namespace qt

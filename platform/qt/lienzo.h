@@ -1,0 +1,75 @@
+#pragma once
+
+#include <QPointer>
+#include <QWidget>
+#include <functional>
+#include <unordered_map>
+
+namespace services {
+class Form;
+class Widget;
+}  // namespace services
+
+namespace qt {
+
+class Vinculo;
+
+/// The surface of a screen: holds its widgets and what joins them to the model, and keeps the
+/// toolkit's focus where the model's is. It may outlive its form: the toolkit still has events of
+/// it on the stack when the screen is unloaded by one of them.
+class Lienzo final : public QWidget {
+ public:
+  /// `disponer` lays out the widgets; each is then joined to the model of its name.
+  Lienzo(services::Form& form, const std::function<void(QWidget&)>& disponer);
+
+  /// While it lives, what the toolkit tells comes from the model itself and isn't told back.
+  class Turno {
+   public:
+    explicit Turno(Lienzo& lienzo) : lienzo_(lienzo) { ++lienzo_.mostrando_; }
+    ~Turno() { --lienzo_.mostrando_; }
+    Turno(const Turno&) = delete;
+
+   private:
+    Lienzo& lienzo_;
+  };
+  [[nodiscard]] bool Mostrando() const { return mostrando_ > 0; }
+
+  /// Lets go of the model for good.
+  void Soltar();
+  /// The form, null after `Soltar`.
+  [[nodiscard]] services::Form* Formulario() const { return form_; }
+  /// What shows a widget of the model; null for one that has nothing to show it.
+  [[nodiscard]] Vinculo* De(const services::Widget& modelo) const;
+
+  /// Fills a widget of the host and follows its size, or is a window of its own when null.
+  void Encuadrar(QWidget* marco);
+  /// Gives the toolkit's focus to what has the model's, and to the bare surface when none has.
+  void LlevarFoco();
+  /// The same unless the user is working outside of this screen.
+  void RepararFoco();
+  void FinDeEvento();
+
+  bool eventFilter(QObject* objeto, QEvent* evento) override;
+
+ protected:
+  void paintEvent(QPaintEvent* evento) override;
+  void resizeEvent(QResizeEvent* evento) override;
+  void closeEvent(QCloseEvent* evento) override;
+  bool focusNextPrevChild(bool siguiente) override;
+
+ private:
+  using Suceso = void (services::Form::*)();
+  void Unir();
+  void Avisar(Suceso suceso, bool& pedido);
+  void CentrarPaneles();
+  void PonerTitulo();
+
+  services::Form* form_;
+  std::unordered_map<const services::Widget*, Vinculo*> vinculos_;
+  QPointer<QWidget> marco_;
+  int mostrando_ = 0;
+  bool pintado_pedido_ = false;
+  bool tamano_pedido_ = false;
+};
+
+}  // namespace qt

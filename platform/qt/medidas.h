@@ -1,0 +1,20 @@
+#pragma once
+
+#include <QFont>
+
+// The models measure in twips and points for a desktop of plain size; the window follows the
+// desktop's own font and scale.
+
+namespace qt {
+
+/// Twips of a logical pixel.
+inline constexpr int kTwips = 15;
+
+/// Logical pixels of a measure in twips, grown with the desktop's font.
+[[nodiscard]] int Pixeles(int twips);
+
+/// The desktop's font at the size of so many points of the model. No text comes out smaller than
+/// the desktop's own: what the models shrink to fit a small screen, the layouts fit by themselves.
+[[nodiscard]] QFont Fuente(double puntos, bool negrita);
+
+}  // namespace qt

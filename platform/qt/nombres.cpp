@@ -1,0 +1,35 @@
+#include "qt/nombres.h"
+
+#include <QWidget>
+#include <set>
+
+#include "qt/conversion.h"
+#include "services/form.h"
+
+namespace qt {
+
+QString NombreDeVista(const services::Widget& modelo) {
+  const QString nombre = Texto(modelo.Nombre());
+  return modelo.Indice() < 0 ? nombre
+                             : nombre + QLatin1Char('_') + QString::number(modelo.Indice());
+}
+
+std::vector<std::string> NombresSinPareja(const services::Form& form, const QWidget& pantalla) {
+  std::set<QString> modelos;
+  for (const services::Widget* modelo : form.Widgets()) modelos.insert(NombreDeVista(*modelo));
+  std::set<QString> vistas;
+  for (const QWidget* vista : pantalla.findChildren<QWidget*>()) {
+    const QString nombre = vista->objectName();
+    if (!nombre.isEmpty() && nombre.front().isUpper()) vistas.insert(nombre);
+  }
+  std::vector<std::string> solas;
+  for (const QString& nombre : modelos) {
+    if (!vistas.count(nombre)) solas.push_back(Utf8(nombre) + ": no está en la pantalla");
+  }
+  for (const QString& nombre : vistas) {
+    if (!modelos.count(nombre)) solas.push_back(Utf8(nombre) + ": no está en el modelo");
+  }
+  return solas;
+}
+
+}  // namespace qt

@@ -1,0 +1,51 @@
+#include "qt/selector_conceptos_qt.h"
+
+#include <QApplication>
+#include <QWidget>
+#include <algorithm>
+#include <vector>
+
+#include "qt/conversion.h"
+#include "qt/dialogo_conceptos.h"
+#include "services/controles.h"
+#include "services/escritorio.h"
+#include "services/form.h"
+#include "services/recordset.h"
+#include "services/texto.h"
+
+namespace qt {
+namespace {
+
+std::vector<Concepto> LeerConceptos(services::Conexion& conexion) {
+  std::vector<std::pair<std::string, std::string>> leidos;
+  services::Recordset rs;
+  rs.Open("SELECT ProvConceptos.NConcepto, ProvConceptos.Descripcion FROM ProvConceptos", conexion,
+          services::ModoApertura::Lectura);
+  for (; !rs.Eof(); rs.MoveNext()) {
+    leidos.emplace_back(services::Trim(rs.Fields(0).Value.Texto()),
+                        services::Trim(rs.Fields(1).Value.Texto()));
+  }
+  std::sort(leidos.begin(), leidos.end(), [](const auto& a, const auto& b) {
+    return services::CompararTexto(a.second, b.second) < 0;
+  });
+  std::vector<Concepto> conceptos;
+  for (const auto& [codigo, nombre] : leidos) conceptos.push_back({Texto(codigo), Texto(nombre)});
+  return conceptos;
+}
+
+}  // namespace
+
+void SelectorConceptosQt::Buscar(services::Ref<services::IDatosClase>&,
+                                 services::Ref<services::Form>& form, std::string_view,
+                                 std::string_view clase, const std::string& texto, std::string_view,
+                                 bool) {
+  DialogoConceptos dialogo(LeerConceptos(sesion_.CnDatos()), clase == "Codigo", Texto(texto),
+                           QApplication::activeWindow());
+  int resultado = QDialog::Rejected;
+  form->Escritorio().Esperar([&] { resultado = dialogo.exec(); });
+  if (resultado != QDialog::Accepted) return;
+  auto* TxtBusco = dynamic_cast<services::TextBox*>(form->Buscar("TxtBusco"));
+  if (TxtBusco) TxtBusco->Text = Utf8(dialogo.Elegido());
+}
+
+}  // namespace qt

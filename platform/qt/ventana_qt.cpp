@@ -1,0 +1,94 @@
+#include "qt/ventana_qt.h"
+
+#include "qt/vinculo.h"
+#include "qt/vinculo_rejilla.h"
+#include "services/escritorio.h"
+#include "services/form.h"
+#include "services/msflexgrid.h"
+
+namespace qt {
+namespace {
+
+VinculoRejilla* Rejilla(const QPointer<Lienzo>& lienzo, const services::MSFlexGrid& modelo) {
+  return lienzo ? static_cast<VinculoRejilla*>(lienzo->De(modelo)) : nullptr;
+}
+
+}  // namespace
+
+VentanaQt::VentanaQt(services::Form& form, const std::function<void(QWidget&)>& disponer)
+    : form_(form), lienzo_(new Lienzo(form, disponer)) {}
+
+VentanaQt::~VentanaQt() {
+  if (espera_) espera_->quit();
+  if (!lienzo_) return;
+  lienzo_->Soltar();
+  lienzo_->hide();
+  // One of its own events may be what ended the screen.
+  lienzo_->deleteLater();
+}
+
+void VentanaQt::Mostrar() {
+  if (!lienzo_) return;
+  const services::Ref<services::IForm>& marco = form_.Marco;
+  lienzo_->Encuadrar(marco ? static_cast<QWidget*>(marco->VentanaNativa()) : nullptr);
+  lienzo_->show();
+  lienzo_->raise();
+  if (lienzo_->isWindow()) lienzo_->activateWindow();
+  lienzo_->LlevarFoco();
+}
+
+void VentanaQt::Ocultar() {
+  if (lienzo_) lienzo_->hide();
+  if (espera_) espera_->quit();
+}
+
+void VentanaQt::EsperarModal() {
+  if (!lienzo_ || !lienzo_->isVisible()) return;
+  if (lienzo_->isWindow()) {
+    // A window becomes modal only when it is shown.
+    lienzo_->hide();
+    lienzo_->setWindowModality(Qt::ApplicationModal);
+    lienzo_->show();
+    lienzo_->LlevarFoco();
+  }
+  QEventLoop espera;
+  espera_ = &espera;
+  QObject::connect(lienzo_, &QObject::destroyed, &espera, &QEventLoop::quit);
+  // The form, and this with it, may be gone when it returns.
+  espera.exec();
+}
+
+void VentanaQt::Refrescar() {
+  if (lienzo_) lienzo_->update();
+}
+
+void* VentanaQt::Nativa() {
+  return lienzo_.data();
+}
+
+void VentanaQt::Cambiada(services::Widget& widget, services::Aspecto aspecto) {
+  if (!lienzo_) return;
+  if (Vinculo* vinculo = lienzo_->De(widget)) vinculo->Mostrar(aspecto);
+}
+
+void VentanaQt::CeldaCambiada(services::MSFlexGrid& rejilla, int fila, int) {
+  if (VinculoRejilla* vinculo = Rejilla(lienzo_, rejilla)) vinculo->AnotarFila(fila);
+}
+
+void VentanaQt::FilasCambiadas(services::MSFlexGrid& rejilla) {
+  if (VinculoRejilla* vinculo = Rejilla(lienzo_, rejilla)) vinculo->AnotarFilas();
+}
+
+void VentanaQt::CeldaActual(services::MSFlexGrid& rejilla) {
+  if (VinculoRejilla* vinculo = Rejilla(lienzo_, rejilla)) vinculo->AnotarCeldaActual();
+}
+
+void VentanaQt::Foco(services::Widget*) {
+  if (lienzo_) lienzo_->LlevarFoco();
+}
+
+void VentanaQt::FinDeEvento() {
+  if (lienzo_) lienzo_->FinDeEvento();
+}
+
+}  // namespace qt

@@ -1,0 +1,42 @@
+#pragma once
+
+#include <QEventLoop>
+#include <QPointer>
+#include <functional>
+
+#include "qt/lienzo.h"
+#include "services/ventana.h"
+
+namespace services {
+class Form;
+}  // namespace services
+
+namespace qt {
+
+/// Shows a form. By the time it is destroyed the widgets of the model are gone already.
+class VentanaQt final : public services::Ventana {
+ public:
+  VentanaQt(services::Form& form, const std::function<void(QWidget&)>& disponer);
+  ~VentanaQt() override;
+  VentanaQt(const VentanaQt&) = delete;
+
+  void Mostrar() override;
+  void Ocultar() override;
+  void EsperarModal() override;
+  void Refrescar() override;
+  void* Nativa() override;
+
+  void Cambiada(services::Widget& widget, services::Aspecto aspecto) override;
+  void CeldaCambiada(services::MSFlexGrid& rejilla, int fila, int columna) override;
+  void FilasCambiadas(services::MSFlexGrid& rejilla) override;
+  void CeldaActual(services::MSFlexGrid& rejilla) override;
+  void Foco(services::Widget* widget) override;
+  void FinDeEvento() override;
+
+ private:
+  services::Form& form_;
+  QPointer<Lienzo> lienzo_;
+  QPointer<QEventLoop> espera_;
+};
+
+}  // namespace qt

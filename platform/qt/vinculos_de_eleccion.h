@@ -1,0 +1,60 @@
+#pragma once
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QScrollBar>
+
+#include "qt/vinculo.h"
+#include "services/controles.h"
+
+// What the user ticks, chooses, presses or moves.
+
+namespace qt {
+
+class VinculoCasilla final : public VinculoDe<services::CheckBox, QCheckBox> {
+ public:
+  VinculoCasilla(services::CheckBox& modelo, QCheckBox& vista, Lienzo& lienzo);
+
+ protected:
+  void MostrarPropio(services::Aspecto aspecto) override;
+};
+
+class VinculoOpcion final : public VinculoDe<services::OptionButton, QRadioButton> {
+ public:
+  VinculoOpcion(services::OptionButton& modelo, QRadioButton& vista, Lienzo& lienzo);
+
+ protected:
+  void MostrarPropio(services::Aspecto aspecto) override;
+};
+
+class VinculoPulsador final : public VinculoDe<services::Pulsador, QPushButton> {
+ public:
+  VinculoPulsador(services::Pulsador& modelo, QPushButton& vista, Lienzo& lienzo);
+
+ protected:
+  void MostrarPropio(services::Aspecto aspecto) override;
+};
+
+class VinculoLista final : public VinculoDe<services::ComboBox, QComboBox> {
+ public:
+  VinculoLista(services::ComboBox& modelo, QComboBox& vista, Lienzo& lienzo);
+  bool eventFilter(QObject* objeto, QEvent* evento) override;
+
+ protected:
+  void MostrarPropio(services::Aspecto aspecto) override;
+  void MostrarColores() override { PintarCon(QPalette::Base, QPalette::Text); }
+  bool PulsarTecla(QKeyEvent& evento) override;
+};
+
+class VinculoBarra final : public VinculoDe<services::VScrollBar, QScrollBar> {
+ public:
+  VinculoBarra(services::VScrollBar& modelo, QScrollBar& vista, Lienzo& lienzo);
+
+ protected:
+  void MostrarPropio(services::Aspecto aspecto) override;
+  bool PulsarTecla(QKeyEvent& evento) override;
+};
+
+}  // namespace qt

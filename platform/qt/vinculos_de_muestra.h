@@ -1,0 +1,59 @@
+#pragma once
+
+#include <QFrame>
+#include <QLabel>
+#include <QProgressBar>
+
+#include "qt/cintilla.h"
+#include "qt/imagen.h"
+#include "qt/vinculo.h"
+#include "services/controles.h"
+
+// What the user reads, and clicks without giving it the focus.
+
+namespace qt {
+
+class VinculoEtiqueta final : public VinculoDe<services::Label, QLabel> {
+ public:
+  VinculoEtiqueta(services::Label& modelo, QLabel& vista, Lienzo& lienzo);
+  bool eventFilter(QObject* objeto, QEvent* evento) override;
+
+ protected:
+  void MostrarPropio(services::Aspecto aspecto) override;
+};
+
+class VinculoCintilla final : public VinculoDe<services::Cintilla, CintillaQt> {
+ public:
+  VinculoCintilla(services::Cintilla& modelo, CintillaQt& vista, Lienzo& lienzo);
+
+ protected:
+  void MostrarPropio(services::Aspecto aspecto) override;
+  /// The strip has the colours of a title, whatever those of the screen.
+  void MostrarColores() override {}
+};
+
+class VinculoImagen final : public VinculoDe<services::Image, ImagenQt> {
+ public:
+  VinculoImagen(services::Image& modelo, ImagenQt& vista, Lienzo& lienzo);
+
+ protected:
+  void MostrarPropio(services::Aspecto aspecto) override;
+};
+
+class VinculoProgreso final : public VinculoDe<services::ProgressBar, QProgressBar> {
+ public:
+  using VinculoDe::VinculoDe;
+
+ protected:
+  void MostrarPropio(services::Aspecto aspecto) override;
+};
+
+class VinculoPanel final : public VinculoDe<services::Widget, QFrame> {
+ public:
+  using VinculoDe::VinculoDe;
+
+ protected:
+  void MostrarPropio(services::Aspecto) override {}
+};
+
+}  // namespace qt

@@ -1,0 +1,88 @@
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <string>
+#include <vector>
+
+#include "jornada/partida.h"
+
+// A working day in which the N-th driver call fails, for every N.
+
+namespace {
+
+using jornada::Partida;
+
+#if defined(__SANITIZE_ADDRESS__)
+constexpr int kPaso = 13;  // each run costs some ten times more under the sanitizers
+#else
+constexpr int kPaso = 1;
+#endif
+
+/// What a healthy day prints of the stored tables at its end.
+std::string TablasDeUnDiaSano() {
+  Partida partida;
+  EXPECT_EQ(partida.Jugar(jornada::kEmpresa + jornada::kTrabajo).Salida, "");
+  return partida.Jugar(jornada::kTablas).Salida;
+}
+
+/// The same day after a failure has passed: everything is typed and saved again, with no error.
+void ExigirQueSePuedeSeguir(Partida& partida, const std::string& caso) {
+  const Partida::Jugada fin = partida.Jugar(
+      "responder no no no no\ncerrar\ncargar\ncelda MSFPagos 1 5\npulsar BotonAceptar\ncerrar\n");
+  EXPECT_EQ(fin.Estado, 0) << caso << fin.Errores;
+  // The first `cerrar` may still find a screen that fails; what follows it may not.
+  const auto primera = fin.Salida.find('\n');
+  const bool soloLaPrimera = fin.Salida.empty() || primera + 1 == fin.Salida.size();
+  EXPECT_TRUE(soloLaPrimera) << caso << fin.Salida;
+}
+
+/// Plays the day with `fallos` asked for, and tells whether it noticed: an error or a message that a
+/// healthy day doesn't show, or other tables at the end.
+bool SeNota(const std::string& fallos, const std::string& sano, const std::string& caso) {
+  Partida partida;
+  EXPECT_EQ(partida.Jugar(jornada::kEmpresa).Estado, 0);
+  const Partida::Jugada dia = partida.Jugar(fallos + jornada::kTrabajo);
+  // 2 is an answer that ran out, as when a failure leaves more to ask.
+  EXPECT_NE(dia.Estado, 1) << caso;
+  const std::string avisos = partida.Jugar("avisos\n").Salida;
+  const bool otrasTablas = partida.Jugar(jornada::kTablas).Salida != sano;
+  ExigirQueSePuedeSeguir(partida, caso);
+  return !dia.Salida.empty() || otrasTablas || avisos.find("Nº Error:") != std::string::npos;
+}
+
+class Fallos : public testing::TestWithParam<const char*> {};
+
+TEST_P(Fallos, CadaLlamadaPuedeFallarUnaVezYSeSigue) {
+  const std::string base = GetParam();
+  const std::string sano = TablasDeUnDiaSano();
+  int notados = 0;
+  int seguidos = 0;
+  int n = 1;
+  // The day is over when a failure asked for never comes.
+  for (; seguidos < 60 && n < 3000; n += kPaso) {
+    const std::string caso = base + " " + std::to_string(n) + ": ";
+    const bool nota = SeNota("fallo " + base + " " + std::to_string(n) + "\n", sano, caso);
+    notados += nota ? 1 : 0;
+    seguidos = nota ? 0 : seguidos + 1;
+  }
+  EXPECT_GT(n, 100);
+  EXPECT_GT(notados, 100 / kPaso);
+}
+
+TEST_P(Fallos, DesdeCadaLlamadaPuedeFallarTodoYSeSigueDespues) {
+  const std::string base = GetParam();
+  for (int n = 1; n < 400; n += 5 * kPaso) {
+    std::string fallos;
+    for (int i = n; i < n + 600; ++i) fallos += "fallo " + base + " " + std::to_string(i) + "\n";
+    Partida partida;
+    ASSERT_EQ(partida.Jugar(jornada::kEmpresa).Estado, 0);
+    const Partida::Jugada dia = partida.Jugar(fallos + jornada::kTrabajo);
+    EXPECT_NE(dia.Estado, 1) << base << " " << n;
+    EXPECT_NE(dia.Salida, "") << base << " " << n;
+  }
+}
+
+INSTANTIATE_TEST_SUITE_P(EnCadaBase, Fallos, testing::Values("datos", "local"),
+                         [](const auto& cual) { return std::string(cual.param); });
+
+}  // namespace

@@ -1,0 +1,102 @@
+#pragma once
+
+#include <sstream>
+#include <string>
+
+#include "guion/bases.h"
+#include "guion/ejecucion.h"
+#include "guion/gramatica.h"
+#include "guion/mundo.h"
+#include "shell/class_tesvara.h"
+#include "shell/datos_comunes.h"
+
+// Scenarios played inside the test's own process, so that a failure at every one of some hundred
+// driver calls can be tried in seconds.
+
+namespace jornada {
+
+/// A component with databases of its own, over which texts are played one after the other.
+class Partida {
+ public:
+  explicit Partida(const guion::Opciones& opciones = {}) : bases_(opciones) {}
+
+  struct Jugada {
+    int Estado;
+    std::string Salida;
+    std::string Errores;
+  };
+  Jugada Jugar(const std::string& texto) {
+    std::ostringstream salida;
+    std::ostringstream errores;
+    const int estado =
+        guion::Ejecucion(mundo_, salida, errores).Correr(guion::Analizar(texto));
+    return {estado, salida.str(), errores.str()};
+  }
+
+ private:
+  guion::Bases bases_;
+  guion::Mundo mundo_{bases_.Datos(), bases_.Local(), [this] {
+                        return services::Ref<services::IClassTesvara>(
+                            services::Crear<shell::ClassTesvara>(datos_));
+                      }};
+  services::Plataforma plataforma_ = mundo_.Plataforma();
+  shell::DatosComunes datos_{plataforma_};
+};
+
+/// A business of a few invoices in March 2005, forecasts and cash entries.
+inline const std::string kEmpresa = R"(
+reloj 2005-03-15 10:00:00
+datos INSERT INTO ProvConceptos VALUES('12','Papelería Núñez'),('20','Alquiler'),('31','Ñandú, S.A.')
+datos INSERT INTO ProvFacturas VALUES('12','F1','2005','20050301',116,'2',2,9,0,0,0,10,'x','y'),('12','F2','2005','20050302',232,'1',1,0,NULL,NULL,NULL,0,'x','y'),('31',' F3 ','2005','20050303',50,'1',1,0,50,15,7.5,0,'x','y'),('31','F4','2005','20050228',30,'2',3,0,0,0,0,30,'x','y')
+datos INSERT INTO ProvBasesIva VALUES('12','F1','2005','1',100,16,0,'x','y'),('12','F2','2005','1',200,32,0,'x','y'),('31',' F3 ','2005','0',0,0,50,'x','y')
+datos INSERT INTO ProvVencimientos VALUES('12','F1','2005','20050310',58,NULL,'','x','y'),('12','F1','2005','20050320',58,NULL,'','x','y'),('12','F2','2005','20050312',232,32,'20050305','x','y'),('31',' F3 ','2005','20050325',50,50,'20050310','x','y'),('31','F4','2005','20050228',10,10,'20050228','x','y'),('31','F4','2005','20050330',10,NULL,'','x','y'),('31','F4','2005','20050429',10,NULL,'','x','y')
+datos INSERT INTO ProvPrevisionPagos VALUES('20','20050105',7,1,600,'x','y'),('12','20050401',1,2,10.5,'x','y')
+datos INSERT INTO CajaPagos VALUES('1','2005-03-02 09:30:00',12,232,NULL,'F2','2005','EVA','x','y'),('1','2005-03-04 12:00:00',12,8.4,'sobres',NULL,NULL,'EVA','x','y'),('2','2005-03-05 17:45:10',31,20,NULL,'','','EVA','x','y')
+)";
+
+/// A day of work: payments in full and in part, one taken back, a line deleted, the order and the
+/// filters changed, another range without and with saving, and the end.
+inline const std::string kTrabajo = R"(
+responder no no si si si si si si
+cargar
+celda MSFPagos 2 5
+celda MSFPagos 5 4
+doble MSFPagos 5 4
+teclear TxtMsf "20,50"
+tecla Intro
+tecla Escape
+celda MSFPagos 3 5
+celda MSFPagos 3 5
+celda MSFPagos 9 3
+pulsar BotonBorrar
+celda MSFPagos 4 3
+pulsar BotonBorrar
+pulsar BotonAceptar
+pulsar OptConcepto
+pulsar ChkPagados
+pulsar ChkPagados
+pulsar OptFecha
+celda MSFPagos 3 5
+teclear TxtFPrevision "30/04/2005"
+foco MSFPagos
+celda MSFPagos 1 3
+pulsar BotonBorrar
+pulsar BotonCancelar
+celda MSFPagos 3 5
+pulsar BotonAceptar
+celda MSFPagos 3 5
+ocultar
+cargar
+cerrar
+)";
+
+/// All stored tables as texts.
+inline const std::string kTablas = R"(
+consulta datos SELECT * FROM ProvFacturas ORDER BY NConcepto, Factura, Año
+consulta datos SELECT * FROM ProvBasesIva ORDER BY NConcepto, NFactura, Año, Tipo
+consulta datos SELECT * FROM ProvVencimientos ORDER BY NConcepto, NFactura, Año, FechaVto
+consulta datos SELECT * FROM ProvPrevisionPagos ORDER BY NConcepto
+consulta datos SELECT * FROM CajaPagos ORDER BY idSucursal, FechaHora, Tipo
+)";
+
+}  // namespace jornada
