@@ -46,7 +46,8 @@ void Borrado::Ejecutar(const std::string& sentencia) {
 void Borrado::BotonBorrar_Click() {
   if (PicNuevo_.Visible) return;
   edicion_.CerrarEdicionPago();
-  if (Celda(0).empty()) return;
+  // After a list that couldn't be built only the header is left.
+  if (rejilla_.MSFPagos.Row == 0 || Celda(0).empty()) return;
   rejilla_.EsPagable(rejilla_.MSFPagos.Row) ? BorrarDeFactura() : BorrarDePrevision();
 }
 

@@ -12,9 +12,15 @@ using services::Mascara;
 using services::Valor;
 namespace tecla = services::tecla;
 
-/// The number that a typed amount gives once it is rounded by its mask.
+/// The number that a typed amount gives once it is rounded by its mask; throws 13 where it is none.
 double Redondeado(const std::string& texto) {
   return services::Numero(Mascara(Valor("0" + texto)));
+}
+
+/// A typed amount under its mask: empty stays empty, and a lone comma is as good as a zero.
+std::string Enmascarado(const std::string& texto) {
+  return texto.empty() || services::EsNumero(texto) ? Mascara(Valor(texto))
+                                                    : Mascara(Redondeado(texto));
 }
 
 /// Sets a guard for as long as it lives.
@@ -145,7 +151,7 @@ void EdicionPagado::ComprometerImporte() {
   } else {
     MSFPagos_.CellPicture = "";
     rejilla_.TotalPendiente += rejilla_.ImporteDe(fila, columna::Pagado);
-    const std::string pagado = Mascara(Valor(tecleado));
+    const std::string pagado = Enmascarado(tecleado);
     MSFPagos_.TextMatrix(fila, columna::Pagado, pagado.empty() ? "0" : pagado);
     rejilla_.TotalPendiente -= rejilla_.ImporteDe(fila, columna::Pagado);
   }
@@ -153,18 +159,21 @@ void EdicionPagado::ComprometerImporte() {
 }
 
 void EdicionPagado::MoverAMarca() {
+  // What is no amount has to fail before anything moves, or the next try would find another cell.
+  static_cast<void>(Redondeado(TxtMsf.Text));
   const Mientras moviendo(rejilla_.MoviendoColumna);
   MSFPagos_.Col = columna::Marca;
 }
 
 void EdicionPagado::MSFPagos_LeaveCell() {
   if (rejilla_.GridOcupado || rejilla_.MoviendoColumna) return;
+  static_cast<void>(Redondeado(TxtMsf.Text));
   DespintarFila();
   if (TxtMsf.Text->empty()) return;
   const int fila = MSFPagos_.Row;
   if (rejilla_.EsPagable(fila) && MSFPagos_.Col != columna::Marca) MoverAMarca();
   if (MSFPagos_.Col == columna::Pagado && TxtMsf.Visible && !SuperaElRecibo(fila)) {
-    MSFPagos_.TextMatrix(fila, columna::Pagado, Mascara(Valor(TxtMsf.Text())));
+    MSFPagos_.TextMatrix(fila, columna::Pagado, Enmascarado(TxtMsf.Text));
   }
 }
 

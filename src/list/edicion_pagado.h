@@ -29,8 +29,11 @@ class EdicionPagado {
   void AbrirEdicionPagado();
   /// The same, by a key, which is not looked at.
   void ActivarEdicionPagado(int tecla);
-  /// Takes the amount of an open editor into the row and hides it.
+  /// Takes the amount of an open editor into the row and hides it. A text that is no amount throws
+  /// 13, and row and editor stay as they are.
   void CerrarEdicionPago();
+  /// Empties and hides the editor; what was typed is dropped.
+  void Ocultar();
 
  private:
   void MSFPagos_Click();
@@ -55,7 +58,6 @@ class EdicionPagado {
   [[nodiscard]] bool TieneFacturaYFecha(int fila) const;
   [[nodiscard]] bool SuperaElRecibo(int fila) const;
   void AvisarQueSupera();
-  void Ocultar();
 
   services::Sesion& sesion_;
   RejillaPagos& rejilla_;

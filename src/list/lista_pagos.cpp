@@ -98,6 +98,8 @@ void ListaPagos::Chk_Click(const services::CheckBox& filtro) {
 }
 
 void ListaPagos::CargarGrip() {
+  // Its cell is about to go.
+  edicion_.Ocultar();
   rejilla_.MSFPagos.Rows = 1;
   rejilla_.GridOcupado = true;
   rejilla_.TotalPendiente = 0;

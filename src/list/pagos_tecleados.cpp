@@ -3,6 +3,7 @@
 #include <string>
 
 #include "services/error.h"
+#include "services/formato.h"
 #include "services/numero.h"
 #include "services/recordset.h"
 #include "services/texto.h"
@@ -26,6 +27,8 @@ class Escritura {
 
  private:
   [[nodiscard]] bool HaCambiado(int fila) const;
+  [[nodiscard]] bool EsLaMismaLinea(int fila) const;
+  [[nodiscard]] bool YaLoTiene(Recordset& vencimiento, int fila) const;
   [[nodiscard]] std::string Sentencia(int fila) const;
   [[nodiscard]] bool EscribirFila(Recordset& vencimiento, int fila);
   void Asignar(Recordset& vencimiento, const std::string& pagado);
@@ -56,10 +59,24 @@ bool Escritura::Hacer() {
   return true;
 }
 
-/// A snapshot of another length is no use: every row counts as changed then.
+/// A snapshot of another length is no use: every row counts as changed then. So does, until its
+/// own due date is looked at, a row where the snapshot has another line, as after a change of
+/// order.
 bool Escritura::HaCambiado(int fila) const {
-  return !mismasFilas_ ||
+  return !mismasFilas_ || !EsLaMismaLinea(fila) ||
          Celda(fila, columna::Pagado) != rejilla_.MsfPagos2.TextMatrix(fila, columna::Pagado);
+}
+
+bool Escritura::EsLaMismaLinea(int fila) const {
+  for (const int c : {0, 1, columna::NFactura, columna::NConcepto, columna::Anio}) {
+    if (Celda(fila, c) != rejilla_.MsfPagos2.TextMatrix(fila, c)) return false;
+  }
+  return true;
+}
+
+bool Escritura::YaLoTiene(Recordset& vencimiento, int fila) const {
+  return mismasFilas_ && !EsLaMismaLinea(fila) &&
+         services::Mascara(vencimiento.Collect("Pagado")) == Celda(fila, columna::Pagado);
 }
 
 std::string Escritura::Sentencia(int fila) const {
@@ -73,6 +90,7 @@ std::string Escritura::Sentencia(int fila) const {
 }
 
 bool Escritura::EscribirFila(Recordset& vencimiento, int fila) {
+  if (YaLoTiene(vencimiento, fila)) return true;
   const std::string& pagado = Celda(fila, columna::Pagado);
   Asignar(vencimiento, pagado);
   const services::Valor importe = vencimiento.Collect("Importe");

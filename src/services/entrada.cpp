@@ -52,12 +52,18 @@ void PulsarAhora(Widget& widget) {
   Widget::Disparar(widget.MouseUp);
 }
 
-void PulsarCeldaAhora(MSFlexGrid& rejilla, int fila, int columna) {
+/// Whether the click reached a row.
+bool PulsarCeldaAhora(MSFlexGrid& rejilla, int fila, int columna) {
   Widget::Disparar(rejilla.MouseDown);
-  if (!LlevarFoco(rejilla)) return;
-  if (fila > 0) rejilla.MoverA(fila, columna);
-  Widget::Disparar(rejilla.Click);
+  if (!LlevarFoco(rejilla)) return false;
+  // The handler of the widget that was left may have dropped the row.
+  const bool enDatos = fila > 0 && fila < rejilla.Rows;
+  if (enDatos) {
+    rejilla.MoverA(fila, columna);
+    Widget::Disparar(rejilla.Click);
+  }
   Widget::Disparar(rejilla.MouseUp);
+  return enDatos;
 }
 
 /// Puts a text in the place of the characters from `desde` on.
@@ -214,8 +220,8 @@ void PulsarCelda(MSFlexGrid& rejilla, int fila, int columna) {
 void DoblePulsarCelda(MSFlexGrid& rejilla, int fila, int columna) {
   if (!rejilla.Alcanzable()) return;
   Evento(rejilla, [&] {
-    PulsarCeldaAhora(rejilla, fila, columna);
-    if (rejilla.TieneFoco()) Widget::Disparar(rejilla.DblClick);
+    if (PulsarCeldaAhora(rejilla, fila, columna) && rejilla.TieneFoco())
+      Widget::Disparar(rejilla.DblClick);
   });
 }
 

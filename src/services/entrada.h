@@ -38,7 +38,7 @@ namespace entrada {
 /// `Click`, `MouseUp`. Nothing on what is hidden or disabled.
 void Pulsar(Widget& widget);
 /// A click on a cell: focus to the grid, the current cell moves, `Click`. Row and column from 0;
-/// a click on the header row moves nothing.
+/// a click on the header row, or on a row that has gone meanwhile, goes no further than the focus.
 void PulsarCelda(MSFlexGrid& rejilla, int fila, int columna);
 /// A click, and then `DblClick`.
 void DoblePulsarCelda(MSFlexGrid& rejilla, int fila, int columna);

@@ -21,6 +21,8 @@ void Escritorio::Informar(const std::function<void()>& accion) {
     plataforma_.ErrorNoControlado(fallo);
   } catch (const std::exception& fallo) {
     plataforma_.ErrorNoControlado(ErrorEjecucion(error::Interno, fallo.what()));
+  } catch (...) {
+    plataforma_.ErrorNoControlado(ErrorEjecucion(error::Interno, "Error interno"));
   }
 }
 
@@ -119,9 +121,11 @@ Widget* Escritorio::Dejar(Widget& destino) {
   try {
     if (!yaSale) Widget::Disparar(foco_->LostFocus);
   } catch (...) {
+    // An error doesn't hold the user back: the focus goes on, or no click would ever get past it.
     const Salida salida = acabar();
-    foco_ = salida.viejo && salida.viejo->Alcanzable() ? salida.viejo : nullptr;
+    foco_ = salida.destino && salida.destino->Alcanzable() ? salida.destino : nullptr;
     MostrarFoco();
+    if (foco_) Widget::Disparar(foco_->GotFocus);
     throw;
   }
   return acabar().destino;
@@ -153,6 +157,12 @@ void Escritorio::OlvidarFoco(const Widget& widget) {
     if (salida.viejo == &widget) salida.viejo = nullptr;
     if (salida.destino == &widget) salida.destino = nullptr;
   }
+}
+
+void Escritorio::RecuperarFoco(Widget& widget) {
+  if (foco_ || !widget.Alcanzable()) return;
+  foco_ = &widget;
+  MostrarFoco();
 }
 
 void Escritorio::Registrar(Form& form) {

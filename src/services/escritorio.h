@@ -42,14 +42,17 @@ class Escritorio {
   /// Moves the focus: `LostFocus` of the old widget, then `GotFocus` of the new. Nothing when the
   /// new one can't be reached or has it already. When the `LostFocus` handler gives the focus to
   /// another, that one takes the place of `widget`, which gets no event; when it gives it back to
-  /// the old one, that one gets `GotFocus` again. An error of that handler comes out, and the focus
-  /// stays where it was. Whether the focus is on `widget` at the end.
+  /// the old one, that one gets `GotFocus` again. An error of that handler comes out once the
+  /// focus has gone on. Whether the focus is on `widget` at the end.
   bool DarFoco(Widget& widget);
   /// Takes the focus from a widget that was hidden or disabled: its `LostFocus`, and no widget has
   /// it.
   void QuitarFoco();
   /// The same with no event, for one that is going away.
   void OlvidarFoco(const Widget& widget);
+
+  /// Puts the focus back, with no event, on a widget of a screen that comes to sight again.
+  void RecuperarFoco(Widget& widget);
 
   /// Loaded screens in the order of their loading.
   [[nodiscard]] const std::vector<Form*>& Cargados() const { return cargados_; }

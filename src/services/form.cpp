@@ -38,6 +38,7 @@ void Form::Show() {
   if (!vista_) vista_ = escritorio_.Plataforma().CrearVentana(*this);
   visible_ = true;
   vista_->Mostrar();
+  if (enfocado_) escritorio_.RecuperarFoco(*std::exchange(enfocado_, nullptr));
 }
 
 void Form::ShowModal() {
@@ -51,6 +52,7 @@ void Form::ShowModal() {
 void Form::Hide() {
   if (!visible_) return;
   visible_ = false;
+  if (Widget* foco = escritorio_.Foco(); foco && &foco->Formulario() == this) enfocado_ = foco;
   OlvidarFoco();
   vista_->Ocultar();
 }
@@ -75,6 +77,7 @@ void Form::Retirar() {
   cargado_ = false;
   descargado_ = true;
   escritorio_.Retirar(*this);
+  Form_Terminate();
 }
 
 void Form::OlvidarFoco() {

@@ -37,6 +37,7 @@ class Form : public ObjetoContado<IForm>, public Dueno {
   void Show();
   /// The same, and returns when it has been hidden or unloaded.
   void ShowModal();
+  /// Hidden, it keeps its focus for the next `Show`; neither fires an event.
   void Hide();
   /// Runs `Form_Unload` and takes the screen away, also when that fails; the object lives on until
   /// the user's event is over.
@@ -70,6 +71,8 @@ class Form : public ObjetoContado<IForm>, public Dueno {
  protected:
   virtual void Form_Load() {}
   virtual void Form_Unload() {}
+  /// The screen is gone, and whoever keeps it can let go.
+  virtual void Form_Terminate() {}
 
  private:
   friend class Widget;
@@ -81,6 +84,7 @@ class Form : public ObjetoContado<IForm>, public Dueno {
   std::string nombre_;
   std::vector<Widget*> widgets_;
   std::unique_ptr<Ventana> vista_;
+  Widget* enfocado_ = nullptr;  // had the focus when the screen was hidden
   bool cargado_ = false;
   bool visible_ = false;
   bool descargando_ = false;

@@ -23,8 +23,6 @@ class Sesion {
   [[nodiscard]] virtual const std::string& Usuario() const = 0;
   /// Tells the suite of a DELETE that ran on the stored tables, by its exact text.
   virtual void AnotarBorrado(const std::string& sentencia) = 0;
-  /// Makes durable what has been written to the stored tables so far.
-  virtual void AsegurarDatos() = 0;
   /// Twips, like the next.
   [[nodiscard]] virtual std::int32_t AnchoReferencia() const = 0;
   [[nodiscard]] virtual std::int32_t AltoReferencia() const = 0;

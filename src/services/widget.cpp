@@ -27,6 +27,7 @@ Widget::Widget(Form& form, std::string nombre, const Diseno& diseno)
 Widget::~Widget() {
   form_.Escritorio().OlvidarFoco(*this);
   std::erase(form_.widgets_, this);
+  if (form_.enfocado_ == this) form_.enfocado_ = nullptr;
 }
 
 std::string Widget::NombreCompleto() const {

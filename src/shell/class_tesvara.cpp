@@ -44,6 +44,10 @@ HRESULT ClassTesvara::Hacer(const std::function<void()>& operacion) noexcept {
     numero_ = hr::Fallo;
     descripcion_ = fallo.what();
     return hr::Fallo;
+  } catch (...) {
+    numero_ = hr::Fallo;
+    descripcion_ = "Error interno";
+    return hr::Fallo;
   }
 }
 

@@ -43,7 +43,6 @@ class DatosComunes final : public services::Sesion {
   [[nodiscard]] services::Conexion& CnTemp() const override;
   [[nodiscard]] const std::string& Usuario() const override { return valores_.Usuario; }
   void AnotarBorrado(const std::string& sentencia) override;
-  void AsegurarDatos() override { CnDatos().TerminarUnidad(); }
   [[nodiscard]] std::int32_t AnchoReferencia() const override { return valores_.AnchoReferencia; }
   [[nodiscard]] std::int32_t AltoReferencia() const override { return valores_.AltoReferencia; }
   services::Utiles& Utiles() override;

@@ -105,13 +105,15 @@ void FrmTesvaraGastos::Form_Load() {
 }
 
 void FrmTesvaraGastos::Form_Unload() {
-  // Once it has started the unload goes through, and a later load begins with another screen.
-  datos_.SoltarPantalla();
   ComprobarCambios();
   if (Modificado && PreguntarSiGuardar("¿Desea guardar los cambios?")) {
     services::Widget::Disparar(BotonAceptar.Click);
   }
   store::VaciarTemporales(datos_.CnTemp());
+}
+
+void FrmTesvaraGastos::Form_Terminate() {
+  datos_.SoltarPantalla();
 }
 
 void FrmTesvaraGastos::RangoCambiado(services::TextBox& campo) {
@@ -168,7 +170,7 @@ void FrmTesvaraGastos::Grabar() {
   if (!list::EscribirPagados(datos_, Rejilla, Lista.OrdenElegido())) return;
   const auto avanzar = [this] { ProgressBar.Value = ProgressBar.Value + 1; };
   avanzar();
-  store::GrabarTemporales(datos_, Rango.TxtFPrevisionD.Tag, Rango.TxtFPrevision.Tag);
+  store::GrabarTemporales(datos_, Rango);
   avanzar();
   store::CargarTemporales(datos_, Rango);
   avanzar();

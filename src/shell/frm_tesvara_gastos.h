@@ -58,6 +58,7 @@ class FrmTesvaraGastos final : public services::Form, private store::AlCambiarRa
  private:
   void Form_Load() override;
   void Form_Unload() override;
+  void Form_Terminate() override;
   void RangoCambiado(services::TextBox& campo) override;
 
   void Barra1_Cerrar();

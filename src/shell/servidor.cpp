@@ -1,5 +1,4 @@
 #include <atomic>
-#include <exception>
 
 #include "services/anfitrion.h"
 #include "services/automatizacion.h"
@@ -15,6 +14,7 @@ using services::GUID;
 using services::HRESULT;
 namespace hr = services::hr;
 
+/// Locks of the host, and class factories that it holds.
 std::atomic<int> bloqueos{0};
 
 /// The session of the process, made at its first use.
@@ -27,6 +27,8 @@ bool hayDatos = false;
 
 class Fabrica final : public services::ObjetoContado<services::IClassFactory> {
  public:
+  Fabrica() { ++bloqueos; }
+  ~Fabrica() override { --bloqueos; }
   HRESULT CreateInstance(services::IUnknown* exterior, const GUID& interfaz,
                          void** objeto) noexcept override {
     if (!objeto) return hr::PunteroNulo;
@@ -36,7 +38,7 @@ class Fabrica final : public services::ObjetoContado<services::IClassFactory> {
       const auto nuevo = services::Crear<shell::ClassTesvara>(Datos());
       hayDatos = true;
       return nuevo->QueryInterface(interfaz, objeto);
-    } catch (const std::exception&) {
+    } catch (...) {
       return hr::Fallo;
     }
   }
@@ -52,7 +54,7 @@ HRESULT ConPlataforma(Operacion operacion) noexcept {
     return operacion(
         services::PlataformaInstalada(),
         services::ClaseRegistrada{services::IClassTesvara::CLSID, services::IClassTesvara::ProgId});
-  } catch (const std::exception&) {
+  } catch (...) {
     return hr::Fallo;
   }
 }
@@ -67,7 +69,7 @@ HRESULT DllGetClassObject(const GUID& clase, const GUID& interfaz, void** objeto
   if (!(clase == IClassTesvara::CLSID)) return hr::ClaseDesconocida;
   try {
     return Crear<Fabrica>()->QueryInterface(interfaz, objeto);
-  } catch (const std::exception&) {
+  } catch (...) {
     return hr::Fallo;
   }
 }

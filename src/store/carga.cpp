@@ -159,7 +159,8 @@ void Carga::CajaPendiente() {
 
 }  // namespace
 
-void CargarTemporales(services::Sesion& sesion, const RangoFechas& rango) {
+void CargarTemporales(services::Sesion& sesion, RangoFechas& rango) {
+  rango.OlvidarCarga();
   VaciarTemporales(sesion.CnTemp());
   Carga carga(sesion, rango);
   carga.Facturas();
@@ -169,6 +170,8 @@ void CargarTemporales(services::Sesion& sesion, const RangoFechas& rango) {
   carga.CajaDeFacturas();
   carga.FinDelTramo();
   carga.CajaPendiente();
+  sesion.CnTemp().TerminarUnidad();
+  rango.AnotarCarga({rango.Desde(), rango.Hasta()});
 }
 
 }  // namespace store

@@ -1,5 +1,6 @@
 #include "store/grabacion.h"
 
+#include "services/error.h"
 #include "services/modo_reanudar.h"
 #include "services/recordset.h"
 #include "services/texto.h"
@@ -16,15 +17,16 @@ using services::Recordset;
 /// One commit of a range, step by step.
 class Grabacion {
  public:
-  Grabacion(services::Sesion& sesion, const std::string& desde, const std::string& hasta)
-      : sesion_(sesion),
-        desde_(sesion.Utiles().ConvertirFecha(desde, 2, "D", "R")),
-        hasta_(sesion.Utiles().ConvertirFecha(hasta, 2, "D", "R")) {}
+  Grabacion(services::Sesion& sesion, const RangoFechas::Intervalo& rango)
+      : sesion_(sesion), rango_(rango) {}
 
   void BorrarRango();
   void EscribirFacturas();
   void EscribirPrevisiones();
   void EnlazarCaja();
+  void Vaciar() {
+    modo_.Paso([this] { VaciarTemporales(sesion_.CnTemp()); });
+  }
 
  private:
   void Borrar(const std::string& sentencia);
@@ -34,8 +36,7 @@ class Grabacion {
   void Sellar(Recordset& destino);
 
   services::Sesion& sesion_;
-  const std::string desde_;
-  const std::string hasta_;
+  const RangoFechas::Intervalo rango_;
   ModoReanudar modo_;
 };
 
@@ -53,7 +54,7 @@ void Grabacion::BorrarRango() {
       "SELECT DISTINCT ProvFacturas.* FROM ProvFacturas INNER JOIN ProvVencimientos ON "
       "(ProvFacturas.NConcepto = ProvVencimientos.NConcepto) AND (ProvFacturas.Factura = "
       "ProvVencimientos.NFactura) WHERE ProvVencimientos.FechaVto >= '" +
-          desde_ + "' And ProvVencimientos.FechaVto <= '" + hasta_ +
+          rango_.Desde + "' And ProvVencimientos.FechaVto <= '" + rango_.Hasta +
           "' Order By ProvFacturas.Fecha",
       sesion_.CnDatos(), ModoApertura::Lectura);
   for (; !facturas.Eof(); facturas.MoveNext()) {
@@ -97,7 +98,8 @@ void Grabacion::EscribirFacturas() {
 }
 
 void Grabacion::EscribirPrevisiones() {
-  Borrar("DELETE FROM ProvPrevisionPagos WHERE ProvPrevisionPagos.Fecha1Vto <= '" + hasta_ + "'");
+  Borrar("DELETE FROM ProvPrevisionPagos WHERE ProvPrevisionPagos.Fecha1Vto <= '" + rango_.Hasta +
+         "'");
   // The statement leaves `ModificadoPor` out, so that a forecast never gets it; its assignment
   // fails and is passed over whether or not a row was written before.
   const Remate sellar = [this](Recordset&, Recordset& destino) {
@@ -150,15 +152,21 @@ void Grabacion::EnlazarApunte(Recordset& apunte) {
 
 }  // namespace
 
-void GrabarTemporales(services::Sesion& sesion, const std::string& desde,
-                      const std::string& hasta) {
-  Grabacion grabacion(sesion, desde, hasta);
+void GrabarTemporales(services::Sesion& sesion, RangoFechas& rango) {
+  if (!rango.Cargado()) {
+    throw services::ErrorEjecucion(
+        services::error::ObjetoNoEstablecido,
+        "La copia de trabajo no está completa y no se puede grabar. Pulse Cancelar para volver a "
+        "cargarla");
+  }
+  Grabacion grabacion(sesion, *rango.Cargado());
   grabacion.BorrarRango();
   grabacion.EscribirFacturas();
   grabacion.EscribirPrevisiones();
   grabacion.EnlazarCaja();
-  sesion.AsegurarDatos();
-  VaciarTemporales(sesion.CnTemp());
+  sesion.CnDatos().TerminarUnidad();
+  rango.OlvidarCarga();
+  grabacion.Vaciar();
 }
 
 }  // namespace store

@@ -1,20 +1,19 @@
 #pragma once
 
-#include <string>
-
 #include "services/sesion.h"
+#include "store/rango_fechas.h"
 
 namespace store {
 
 /// Replaces the stored rows of a range by the working tables: every stored invoice with a due date
-/// between `desde` and `hasta` goes, with its bases and due dates, and every invoice of the working
-/// copy is written; the same with the forecasts that begin no later than `hasta`; the cash entries
-/// take the invoice links of the working copy. Then the working tables are emptied. The dates are
-/// in display form, those of the range last loaded.
+/// in the range that was loaded goes, with its bases and due dates, and every invoice of the
+/// working copy is written; the same with the forecasts that begin no later than its end; the cash
+/// entries take the invoice links of the working copy. Then the working tables are emptied.
 ///
+/// Throws 91, with nothing touched, when there is no whole working copy to write back.
 /// A failure before the first row is written goes to the caller, with part of the range deleted;
 /// after it, a row that can't be written is dropped without a message. The working tables are
 /// emptied only once the stored ones are durable; when they can't be, the error goes to the caller.
-void GrabarTemporales(services::Sesion& sesion, const std::string& desde, const std::string& hasta);
+void GrabarTemporales(services::Sesion& sesion, RangoFechas& rango);
 
 }  // namespace store

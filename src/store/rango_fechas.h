@@ -1,6 +1,8 @@
 #pragma once
 
+#include <optional>
 #include <string>
+#include <utility>
 
 #include "services/controles.h"
 #include "services/sesion.h"
@@ -39,6 +41,16 @@ class RangoFechas {
   [[nodiscard]] std::string Desde() const { return Almacenada(TxtFPrevisionD.Text); }
   [[nodiscard]] std::string Hasta() const { return Almacenada(TxtFPrevision.Text); }
 
+  /// Two dates in the stored form, both of them part of the range.
+  struct Intervalo {
+    std::string Desde;
+    std::string Hasta;
+  };
+  /// The range that the working copy belongs to, none while there is no whole copy.
+  [[nodiscard]] const std::optional<Intervalo>& Cargado() const { return cargado_; }
+  void AnotarCarga(Intervalo rango) { cargado_ = std::move(rango); }
+  void OlvidarCarga() { cargado_.reset(); }
+
  private:
   void TxtFPrevisionD_Change();
   void TxtFPrevision_Change();
@@ -55,6 +67,7 @@ class RangoFechas {
   services::Sesion& sesion_;
   const services::Widget& BtnCancelar_;
   AlCambiarRango& pantalla_;
+  std::optional<Intervalo> cargado_;
 };
 
 }  // namespace store

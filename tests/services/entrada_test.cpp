@@ -91,12 +91,21 @@ TEST_F(Raton, PulsarLaCeldaActualSoloDisparaClick) {
   EXPECT_THAT(sucesos.Tomar(), ElementsAre("Msf.MouseDown", "Msf.Click", "Msf.MouseUp"));
 }
 
-TEST_F(Raton, PulsarLaCabeceraNoMueveLaCelda) {
+TEST_F(Raton, PulsarLaCabeceraNoLlegaANingunaFila) {
   PonerFoco(f.Msf);
-  entrada::PulsarCelda(f.Msf, 0, 3);
-  EXPECT_THAT(sucesos.Tomar(), ElementsAre("Msf.MouseDown", "Msf.Click", "Msf.MouseUp"));
+  entrada::DoblePulsarCelda(f.Msf, 0, 3);
+  EXPECT_THAT(sucesos.Tomar(), ElementsAre("Msf.MouseDown", "Msf.MouseUp"));
   EXPECT_EQ(f.Msf.Row, 1);
   EXPECT_EQ(f.Msf.Col, 0);
+}
+
+TEST_F(Raton, PulsarUnaFilaQueSeFueAlDejarOtroCampoNoLlegaANingunaFila) {
+  PonerFoco(f.TxtA);
+  f.TxtA.LostFocus = [this] { f.Msf.Rows = 2; };
+  entrada::PulsarCelda(f.Msf, 2, 0);
+  EXPECT_TRUE(p.errores.empty());
+  EXPECT_THAT(sucesos.Tomar(), testing::Not(testing::Contains("Msf.Click")));
+  EXPECT_TRUE(f.Msf.TieneFoco());
 }
 
 TEST_F(Raton, ElDobleClicAnadeDblClick) {

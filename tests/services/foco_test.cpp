@@ -135,18 +135,18 @@ TEST_F(Foco, AlPerderloPorOcultarseNoSePuedeDevolver) {
   EXPECT_EQ(p.escritorio.Foco(), nullptr);
 }
 
-TEST_F(Foco, ElErrorDeLostFocusSaleYElFocoSeQuedaDondeEstaba) {
+TEST_F(Foco, ElErrorDeLostFocusSaleYElFocoSigueSuCamino) {
   f.TxtA.LostFocus = [] { throw ErrorEjecucion(services::error::TiposNoCoinciden, ""); };
   EXPECT_THROW(f.TxtB.SetFocus(), ErrorEjecucion);
-  EXPECT_THAT(sucesos.Tomar(), IsEmpty());
-  EXPECT_TRUE(f.TxtA.TieneFoco());
+  EXPECT_THAT(sucesos.Tomar(), ElementsAre("TxtB.GotFocus"));
+  EXPECT_TRUE(f.TxtB.TieneFoco());
 }
 
 TEST_F(Foco, TrasElErrorDeLostFocusLaVentanaSabeDondeEstaElFoco) {
   f.TxtA.LostFocus = [] { throw ErrorEjecucion(services::error::TiposNoCoinciden, ""); };
   (void)p.ventanas.Tomar();
   entrada::Enfocar(f.TxtB);
-  EXPECT_THAT(p.ventanas.Tomar(), ElementsAre("Pantalla: Foco TxtA", "Pantalla: FinDeEvento"));
+  EXPECT_THAT(p.ventanas.Tomar(), ElementsAre("Pantalla: Foco TxtB", "Pantalla: FinDeEvento"));
 }
 
 TEST_F(Foco, TrasUnErrorDeLostFocusElFocoVuelveAMoverse) {
@@ -157,13 +157,14 @@ TEST_F(Foco, TrasUnErrorDeLostFocusElFocoVuelveAMoverse) {
   };
   EXPECT_THROW(f.TxtB.SetFocus(), ErrorEjecucion);
   falla = false;
+  f.TxtA.SetFocus();
   f.TxtB.SetFocus();
   EXPECT_TRUE(f.Chk.TieneFoco());
 }
 
-TEST_F(Foco, SiLostFocusSeOcultaYFallaNadieTieneElFoco) {
+TEST_F(Foco, SiLostFocusOcultaElDestinoYFallaNadieTieneElFoco) {
   f.TxtA.LostFocus = [this] {
-    f.TxtA.Visible = false;
+    f.TxtB.Visible = false;
     throw ErrorEjecucion(services::error::TiposNoCoinciden, "");
   };
   EXPECT_THROW(f.TxtB.SetFocus(), ErrorEjecucion);
