@@ -43,10 +43,9 @@ class SesionSinPantalla {
   void Cargar() {
     Operacion([&] { store::CargarTemporales(Sesion(), form_->Rango); });
   }
+  /// Only after a load, whose range it replaces.
   void Grabar() {
-    const std::string desde = form_->Rango.TxtFPrevisionD.Text;
-    const std::string hasta = form_->Rango.TxtFPrevision.Text;
-    Operacion([&] { store::GrabarTemporales(Sesion(), desde, hasta); });
+    Operacion([&] { store::GrabarTemporales(Sesion(), form_->Rango); });
   }
 
  private:
