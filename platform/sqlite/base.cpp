@@ -49,6 +49,9 @@ void Base::Configurar(const Opciones& opciones) {
   }
   const bool completa = opciones.Durabilidad == Sincronizacion::Completa;
   Ejecutar(completa ? "PRAGMA synchronous = FULL" : "PRAGMA synchronous = NORMAL");
+  // A commit of thousands of invoices goes back and forth over the indexes, and with the engine's
+  // own 2 MB writes and reads again what it has just let go of. Memory is taken as pages are read.
+  Ejecutar("PRAGMA cache_size = -65536");
   Ejecutar("PRAGMA temp_store = MEMORY; SELECT count(*) FROM sqlite_schema");
   preparadas_ = 0;
 }
