@@ -26,10 +26,15 @@ services::Plataforma CrearPlataforma() {
   return plataforma;
 }
 
-/// In place as soon as the library is loaded, before any of its entry points is called.
+/// In place as soon as the library is loaded, before any of its entry points is called. Where that
+/// fails the host goes on: the entry points then answer with a failure.
 [[maybe_unused]] const bool instalada = [] {
-  services::InstalarPlataforma(CrearPlataforma());
-  return true;
+  try {
+    services::InstalarPlataforma(CrearPlataforma());
+    return true;
+  } catch (...) {
+    return false;
+  }
 }();
 
 }  // namespace

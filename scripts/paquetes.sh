@@ -1,7 +1,7 @@
 # Debian packages that the two commands need; sourced by them.
 
 paquetes_construir="g++ cmake ninja-build qt6-base-dev libsqlite3-dev fonts-dejavu-core"
-paquetes_probar="libgtest-dev libgmock-dev clang-format"
+paquetes_probar="git libgtest-dev libgmock-dev clang-format"
 paquetes_medir="libbenchmark-dev"
 
 # instalar PACKAGE...: installs those that are missing, and asks for rights only then.
@@ -12,7 +12,10 @@ instalar() {
   done
   [ ${#faltan[@]} -eq 0 ] && return 0
   echo "Se instalan: ${faltan[*]}"
-  [ "$(id -u)" -eq 0 ] || como=(sudo)
+  if [ "$(id -u)" -ne 0 ]; then
+    command -v sudo >/dev/null || { echo "Hace falta ser root para instalarlas." >&2; return 1; }
+    como=(sudo)
+  fi
   "${como[@]}" apt-get update -qq
   "${como[@]}" env DEBIAN_FRONTEND=noninteractive apt-get install -y -qq "${faltan[@]}" >/dev/null
 }

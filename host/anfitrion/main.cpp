@@ -37,11 +37,14 @@ std::filesystem::path Biblioteca() {
   return programas.filePath("../lib/libtesvara.so").toStdString();
 }
 
-/// The component is put on the user's list when it isn't there, or the library it names is gone.
+/// The component is put on the user's list unless it is there with this very library: another build
+/// of it would not understand this program.
 void RegistrarSiFalta() {
   const auto clase = automation::Registro().Buscar(services::IClassTesvara::ProgId);
-  if (clase && std::filesystem::exists(clase->Biblioteca)) return;
-  automation::RegistrarBiblioteca(Biblioteca());
+  const std::filesystem::path biblioteca = Biblioteca();
+  std::error_code distinta;
+  if (clase && std::filesystem::equivalent(clase->Biblioteca, biblioteca, distinta)) return;
+  automation::RegistrarBiblioteca(biblioteca);
 }
 
 int Capturar(anfitrion::VentanaPrincipal& ventana, const QString& carpeta) {

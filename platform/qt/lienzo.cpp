@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QCloseEvent>
 #include <QPaintEvent>
+#include <QPointer>
 #include <QTimer>
 
 #include "qt/conversion.h"
@@ -129,10 +130,12 @@ void Lienzo::Avisar(Suceso suceso, bool& pedido) {
   if (pedido || !form_) return;
   pedido = true;
   QTimer::singleShot(0, this, [this, suceso, &pedido] {
-    pedido = false;
+    // Asked for until it is done: the message of one that fails repaints the screen behind it.
+    const QPointer<Lienzo> vivo(this);
     if (services::Form* form = form_; form && form->Visible()) {
       form->Escritorio().Evento([&] { (form->*suceso)(); });
     }
+    if (vivo) pedido = false;
   });
 }
 

@@ -21,6 +21,7 @@ class Lienzo final : public QWidget {
  public:
   /// `disponer` lays out the widgets; each is then joined to the model of its name.
   Lienzo(services::Form& form, const std::function<void(QWidget&)>& disponer);
+  ~Lienzo() override { Soltar(); }
 
   /// While it lives, what the toolkit tells comes from the model itself and isn't told back.
   class Turno {

@@ -19,6 +19,8 @@ VentanaQt::VentanaQt(services::Form& form, const std::function<void(QWidget&)>& 
     : form_(form), lienzo_(new Lienzo(form, disponer)) {}
 
 VentanaQt::~VentanaQt() {
+  // The toolkit may have ended before the session.
+  if (!qApp) return;
   if (espera_) espera_->quit();
   if (!lienzo_) return;
   lienzo_->Soltar();

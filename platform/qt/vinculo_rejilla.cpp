@@ -9,11 +9,19 @@
 #include "qt/conversion.h"
 #include "qt/dibujo_celda.h"
 #include "qt/lienzo.h"
+#include "qt/teclado.h"
 #include "services/entrada.h"
 #include "services/escritorio.h"
 #include "services/form.h"
 
 namespace qt {
+namespace {
+
+bool EsDeMover(int tecla) {
+  return tecla >= Qt::Key_Home && tecla <= Qt::Key_PageDown;
+}
+
+}  // namespace
 
 using services::Aspecto;
 
@@ -92,6 +100,10 @@ bool VinculoRejilla::eventFilter(QObject* objeto, QEvent* evento) {
   if (Suelto()) return VinculoDe::eventFilter(objeto, evento);
   if (objeto == editor_) {
     if (evento->type() == QEvent::Show) ColocarEditor();
+    if (evento->type() == QEvent::Hide) {
+      QMetaObject::invokeMethod(
+          this, [this] { VolverDelEditor(); }, Qt::QueuedConnection);
+    }
     return false;
   }
   if (objeto != Vista().viewport()) return VinculoDe::eventFilter(objeto, evento);
@@ -111,6 +123,12 @@ bool VinculoRejilla::eventFilter(QObject* objeto, QEvent* evento) {
     default:
       return false;
   }
+}
+
+/// Whoever closed the editor by its keys goes on with the grid's.
+void VinculoRejilla::VolverDelEditor() {
+  if (Suelto() || Modelo().Formulario().Escritorio().Foco()) return;
+  services::entrada::Enfocar(Modelo());
 }
 
 bool VinculoRejilla::PulsarRaton(QMouseEvent& evento) {
@@ -135,13 +153,42 @@ bool VinculoRejilla::PulsarTecla(QKeyEvent& evento) {
   if (evento.modifiers() & (Qt::AltModifier | Qt::MetaModifier)) {
     return VinculoDe::PulsarTecla(evento);
   }
+  if (EsDeMover(evento.key()) && EntrarALaVista()) return true;
   if (MoverPorTecla(evento.key())) return true;
+  if (EscribirEnCelda(evento)) return true;
   const bool tomada = VinculoDe::PulsarTecla(evento);
   if (Suelto() || !Modelo().TieneFoco()) return tomada;
   // What the mouse does to a cell, for who has none.
   if (evento.key() == Qt::Key_Space) PulsarActual(false);
   if (evento.key() == Qt::Key_Return || evento.key() == Qt::Key_Enter) PulsarActual(true);
   return tomada;
+}
+
+/// A list made anew leaves its current cell in a hidden column of the last row. The first key that
+/// moves takes it to where the user looks.
+bool VinculoRejilla::EntrarALaVista() {
+  services::MSFlexGrid& rejilla = Modelo();
+  if (rejilla.Rows < 2 || rejilla.ColWidth(rejilla.Col) > 0) return false;
+  int columna = 0;
+  while (columna < rejilla.Cols() && rejilla.ColWidth(columna) == 0) ++columna;
+  if (columna == rejilla.Cols()) return false;
+  const int fila = std::clamp(rejilla.TopRow(), 1, rejilla.Rows - 1);
+  rejilla.Formulario().Escritorio().Evento([&] { rejilla.MoverA(fila, columna); });
+  return true;
+}
+
+/// Who starts typing over a cell means its editor: what a double click opens takes the characters.
+bool VinculoRejilla::EscribirEnCelda(QKeyEvent& evento) {
+  const std::u32string caracteres = teclado::Caracteres(evento);
+  if (caracteres.empty() || caracteres.front() <= U' ' || Modelo().ColWidth(Modelo().Col) == 0) {
+    return false;
+  }
+  services::Escritorio& escritorio = Modelo().Formulario().Escritorio();
+  PulsarActual(true);
+  services::Widget* abierto = escritorio.Foco();
+  if (!abierto || abierto == &Modelo()) return true;
+  for (const char32_t caracter : caracteres) services::entrada::Escribir(*abierto, caracter);
+  return true;
 }
 
 void VinculoRejilla::PulsarActual(bool doble) {

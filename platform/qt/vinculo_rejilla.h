@@ -39,10 +39,13 @@ class VinculoRejilla final : public VinculoDe<services::MSFlexGrid, RejillaQt> {
   bool PulsarRaton(QMouseEvent& evento);
   bool DoblePulsarRaton(QMouseEvent& evento);
   bool MoverPorTecla(int tecla);
+  bool EntrarALaVista();
+  bool EscribirEnCelda(QKeyEvent& evento);
   void PulsarActual(bool doble);
   [[nodiscard]] QModelIndex CeldaActual() const;
   void MostrarActual();
   void ColocarEditor();
+  void VolverDelEditor();
   void TomarPrimera();
 
   ModeloRejilla* datos_;

@@ -43,9 +43,9 @@ struct IDatosClase : IUnknown {
   static constexpr GUID IID{
       0x5E0C8D14, 0x92AF, 0x4B7C, {0xB6, 0x2E, 0x41, 0xF0, 0x9D, 0x38, 0xE5, 0x6A}};
 
-  /// Fills the session. The recordsets come in as live, closed objects, which may be opened or
-  /// replaced; the two forms come in as whatever was there before and must go out as objects that
-  /// offer `IForm`.
+  /// Fills the session. The recordsets come in as live objects, closed the first time and later as
+  /// the host left them, which may be opened or replaced; the two forms come in as whatever was
+  /// there before and must go out as objects that offer `IForm`.
   virtual HRESULT EntregarSesion(Ref<Conexion>& CnDatos, Ref<IUnknown>& ObjSesion2,
                                  Ref<Conexion>& CnTemp, Ref<IUnknown>& ObjSesion4,
                                  Ref<IUnknown>& ObjSesion5, Ref<IUnknown>& FrmMarco,
@@ -73,7 +73,8 @@ struct IClassTesvara : IUnknown {
 
   /// Takes the session from the context and shows the main screen, loading it when it isn't.
   virtual HRESULT Cargar(Ref<IDatosClase>& datos) noexcept = 0;
-  /// Hides the main screen, with all that is in it.
+  /// Hides the main screen, with all that is in it. This and the next make and load the screen
+  /// first when there is none, as any use of it does; without a session that fails.
   virtual HRESULT Ocultar() noexcept = 0;
   /// Unloads the main screen.
   virtual HRESULT Cerrar() noexcept = 0;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <atomic>
+#include <concepts>
 #include <cstdint>
 #include <cstring>
 #include <utility>
@@ -89,7 +90,7 @@ class Ref {
   Ref(const Ref& otra) : Ref(otra.objeto_) {}
   Ref(Ref&& otra) noexcept : objeto_(std::exchange(otra.objeto_, nullptr)) {}
   template <class Derivada>
-  Ref(const Ref<Derivada>& otra) : Ref(static_cast<I*>(otra.get())) {}
+  requires std::convertible_to<Derivada*, I*> Ref(const Ref<Derivada>& otra) : Ref(otra.get()) {}
   ~Ref() {
     if (objeto_) objeto_->Release();
   }

@@ -45,12 +45,14 @@ void Escritorio::Correr(const std::function<void()>& accion) {
 }
 
 void Escritorio::FinTrasError(const std::string& yaDicho) {
-  try {
-    FinDeEvento();
-  } catch (const ErrorEjecucion& fallo) {
-    // A unit that was lost by the same failure has nothing to add to it.
-    if (fallo.Descripcion() != yaDicho) plataforma_.ErrorNoControlado(fallo);
-  }
+  Informar([&] {
+    try {
+      FinDeEvento();
+    } catch (const ErrorEjecucion& fallo) {
+      // A unit that was lost by the same failure has nothing to add to it.
+      if (fallo.Descripcion() != yaDicho) throw;
+    }
+  });
 }
 
 void Escritorio::FinDeEvento() {
@@ -66,7 +68,8 @@ void Escritorio::Rematar() {
   for (Form* form : cargados_) {
     if (form->Vista()) form->Vista()->FinDeEvento();
   }
-  std::exchange(retirados_, {});
+  // A handler of a screen that was unloaded may still be on the stack of a wait.
+  if (esperas_ == 0) std::exchange(retirados_, {});
 }
 
 void Escritorio::Esperar(const std::function<void()>& espera) {
@@ -76,12 +79,11 @@ void Escritorio::Esperar(const std::function<void()>& espera) {
   for (Form* form : cargados_) {
     if (form->Vista()) form->Vista()->FinDeEvento();
   }
-  // Screens unloaded before the wait may still have a handler on the stack.
-  std::vector<Ref<Form>> guardados = std::exchange(retirados_, {});
+  ++esperas_;
   const auto volver = [&] {
+    --esperas_;
     profundidad_ = antes;
     dejando_ = dejaba;
-    std::move(guardados.begin(), guardados.end(), std::back_inserter(retirados_));
   };
   try {
     espera();

@@ -81,6 +81,7 @@ class Escritorio {
   const services::Plataforma& plataforma_;
   std::vector<Form*> cargados_;
   int profundidad_ = 0;
+  int esperas_ = 0;
   Widget* foco_ = nullptr;
   bool dejando_ = false;  // inside the LostFocus handler of the last of salidas_
   std::vector<Salida> salidas_;

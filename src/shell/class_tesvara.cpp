@@ -41,13 +41,13 @@ HRESULT ClassTesvara::Hacer(const std::function<void()>& operacion) noexcept {
     descripcion_ = fallo.Descripcion();
     return comoResultado(fallo.Numero());
   } catch (const std::exception& fallo) {
-    numero_ = hr::Fallo;
+    numero_ = services::error::Interno;
     descripcion_ = fallo.what();
-    return hr::Fallo;
+    return comoResultado(numero_);
   } catch (...) {
-    numero_ = hr::Fallo;
+    numero_ = services::error::Interno;
     descripcion_ = "Error interno";
-    return hr::Fallo;
+    return comoResultado(numero_);
   }
 }
 

@@ -72,7 +72,6 @@ void DatosComunes::RecibirSesion(Ref<services::IDatosClase> datos) {
     throw ErrorEjecucion(error::ObjetoNoEstablecido,
                          "Cargar necesita el objeto de contexto del anfitrión");
   }
-  DatosClase_ = std::move(datos);
   if (!valores_.RsSesion13) valores_.RsSesion13 = services::Crear<services::Recordset>();
   if (!valores_.RsTextos) valores_.RsTextos = services::Crear<services::Recordset>();
   if (!valores_.RsSesion11) valores_.RsSesion11 = services::Crear<services::Recordset>();
@@ -80,12 +79,12 @@ void DatosComunes::RecibirSesion(Ref<services::IDatosClase> datos) {
   Valores v = valores_;
   Ref<IUnknown> principal = FrmPrincipal_;
   Ref<IUnknown> marco = FrmMarco_;
-  const services::HRESULT resultado = DatosClase_->EntregarSesion(
-      v.CnDatos, v.ObjSesion2, v.CnTemp, v.ObjSesion4, v.ObjSesion5, marco, principal,
-      v.AnchoReferencia, v.AltoReferencia, v.ValorSesion10, v.RsSesion11, v.RsTextos, v.RsSesion13,
-      v.ClaveBorrado, v.Usuario);
+  const services::HRESULT resultado =
+      datos->EntregarSesion(v.CnDatos, v.ObjSesion2, v.CnTemp, v.ObjSesion4, v.ObjSesion5, marco,
+                            principal, v.AnchoReferencia, v.AltoReferencia, v.ValorSesion10,
+                            v.RsSesion11, v.RsTextos, v.RsSesion13, v.ClaveBorrado, v.Usuario);
   if (services::hr::Fallido(resultado)) {
-    throw ErrorEjecucion(resultado, MotivoDe(DatosClase_, "EntregarSesion"));
+    throw ErrorEjecucion(resultado, MotivoDe(datos, "EntregarSesion"));
   }
   Ref<IForm> FrmMarco = ComoForm(marco, "FrmMarco");
   Ref<IForm> FrmPrincipal = ComoForm(principal, "FrmPrincipal");
@@ -93,6 +92,7 @@ void DatosComunes::RecibirSesion(Ref<services::IDatosClase> datos) {
   Exigir(v.CnTemp, "CnTemp", "tablas de trabajo");
   FrmMarco_ = std::move(FrmMarco);
   FrmPrincipal_ = std::move(FrmPrincipal);
+  DatosClase_ = std::move(datos);
   valores_ = std::move(v);
 }
 
@@ -124,7 +124,9 @@ void DatosComunes::SoltarPantalla() {
 }
 
 void DatosComunes::MostrarPantalla() {
-  Pantalla().Show();
+  FrmTesvaraGastos& pantalla = Pantalla();
+  pantalla.Marco = FrmMarco_;
+  pantalla.Show();
 }
 
 services::Conexion& DatosComunes::CnDatos() const {

@@ -74,7 +74,6 @@ FrmTesvaraGastos::FrmTesvaraGastos(DatosComunes& datos)
                     .Height = 480,
                     .Contenedor = &PicPagos,
                     .Enabled = false}) {
-  Marco = datos.FrmMarco();
   BtnCancelar.TomaFoco = false;
   Barra1.Cerrar = [this] { Barra1_Cerrar(); };
   BotonAceptar.Click = [this] { BotonAceptar_Click(); };

@@ -17,13 +17,14 @@ namespace hr = services::hr;
 /// Locks of the host, and class factories that it holds.
 std::atomic<int> bloqueos{0};
 
-/// The session of the process, made at its first use.
+/// The session of the process, made at its first use and never destroyed: what it keeps belongs to
+/// a host that may be gone by then.
 shell::DatosComunes& Datos() {
-  static shell::DatosComunes datos(services::PlataformaInstalada());
+  static auto& datos = *new shell::DatosComunes(services::PlataformaInstalada());
   return datos;
 }
 
-bool hayDatos = false;
+std::atomic<bool> hayDatos{false};
 
 class Fabrica final : public services::ObjetoContado<services::IClassFactory> {
  public:

@@ -28,6 +28,8 @@ class Carga {
   void CajaDeFacturas();
   void CajaPendiente();
   void FinDelTramo() { modo_.Desactivar(); }
+  /// Whether every table could be opened; a row that is missing doesn't count.
+  [[nodiscard]] bool Entera() const { return entera_; }
 
  private:
   void Copiar(const std::string& origen, const std::string& destino, const Columnas& columnas);
@@ -41,6 +43,7 @@ class Carga {
   services::Sesion& sesion_;
   const RangoFechas& rango_;
   ModoReanudar modo_;
+  bool entera_ = true;
   Recordset origen_;
   Recordset destino_;
 };
@@ -53,6 +56,7 @@ void Carga::Copiar(const std::string& origen, const std::string& destino,
                    const Columnas& columnas) {
   modo_.Paso([&] { origen_.Open(origen, sesion_.CnDatos(), ModoApertura::Lectura); });
   modo_.Paso([&] { destino_.Open(destino, sesion_.CnTemp(), ModoApertura::Optimista); });
+  if (!origen_.State() || !destino_.State()) entera_ = false;
   CopiarFilas(origen_, destino_, modo_, columnas);
   Cerrar(origen_);
   Cerrar(destino_);
@@ -171,7 +175,7 @@ void CargarTemporales(services::Sesion& sesion, RangoFechas& rango) {
   carga.FinDelTramo();
   carga.CajaPendiente();
   sesion.CnTemp().TerminarUnidad();
-  rango.AnotarCarga({rango.Desde(), rango.Hasta()});
+  if (carga.Entera()) rango.AnotarCarga({rango.Desde(), rango.Hasta()});
 }
 
 }  // namespace store

@@ -8,6 +8,7 @@
 #include <csignal>
 #include <filesystem>
 #include <fstream>
+#include <stdexcept>
 #include <string>
 #include <thread>
 
@@ -34,8 +35,9 @@ class Proceso {
  public:
   Proceso(const fs::path& carpeta, const fs::path& guion) {
     std::array<int, 2> tubo{};
-    if (::pipe(tubo.data()) != 0) return;
+    if (::pipe(tubo.data()) != 0) throw std::runtime_error("pipe");
     hijo_ = ::fork();
+    if (hijo_ < 0) throw std::runtime_error("fork");
     if (hijo_ == 0) {
       ::dup2(tubo[1], STDOUT_FILENO);
       const std::string datos = (carpeta / "datos.sqlite").string();

@@ -205,6 +205,34 @@ TEST_F(RejillaEnPantalla, TreintaMilFilasSeAbrenYSeDesplazanAlMomento) {
   EXPECT_EQ(Dato(30000, 0), "fila 30000");
 }
 
+TEST_F(RejillaEnPantalla, LaPrimeraTeclaLlevaALaVistaLaCeldaQueQuedoOculta) {
+  escena.Llenar(40);
+  Pulsar(2, 1);
+  rejilla.MoverA(40, 3);
+  QTest::keyClick(&vista, Qt::Key_Down);
+  EXPECT_EQ(rejilla.Row, rejilla.TopRow);
+  EXPECT_EQ(rejilla.Col, 0);
+  QTest::keyClick(&vista, Qt::Key_Down);
+  EXPECT_EQ(rejilla.Row, rejilla.TopRow + 1);
+}
+
+TEST_F(RejillaEnPantalla, QuienEmpiezaAEscribirAbreElEditorDeLaCelda) {
+  escena.Llenar(5);
+  Pulsar(2, 1);
+  auto& editor = escena.form->TxtCelda;
+  rejilla.DblClick = [&] {
+    editor.Text = "viejo";
+    editor.Visible = true;
+    editor.SetFocus();
+    editor.SeleccionarTodo();
+  };
+  QTest::keyClick(&vista, Qt::Key_7);
+  EXPECT_EQ(editor.Text, "7");
+  editor.Visible = false;
+  QCoreApplication::processEvents();
+  EXPECT_TRUE(rejilla.TieneFoco());
+}
+
 TEST_F(RejillaEnPantalla, EspacioEIntroHacenLoQueElRaton) {
   escena.Llenar(5);
   Pulsar(2, 1);
