@@ -1,11 +1,13 @@
 #include <cstdint>
 #include <cstdlib>
+#include <string>
 
 #include "dialecto/traductor.h"
 #include "services/error.h"
 
 // Any bytes at all are either refused with an error of the system or become one statement of the
-// engine, with no literal left in it and a value for each of its parameters.
+// engine, with no literal left in it, a value for each of its parameters, and no two of them
+// compared with each other.
 
 namespace {
 
@@ -29,21 +31,20 @@ class DosTablas final : public dialecto::Catalogo {
 constexpr dialecto::Motor Motor = {.Comilla = '"',
                                    .Recorte = {"trim(", ")"},
                                    .RecorteIzquierdo = {"ltrim(", ")"},
-                                   .RecorteDerecho = {"rtrim(", ")"},
-                                   .Patron = " LIKE ",
-                                   .NoPatron = " NOT LIKE ",
-                                   .NumeroComoTexto = {"CAST(", " AS TEXT)"},
-                                   .FechaComoTexto = {"texto_fecha(", ")"}};
+                                   .RecorteDerecho = {"rtrim(", ")"}};
 
 void Comprobar(const dialecto::Sentencia& sentencia) {
   bool entreComillas = false;
   std::size_t huecos = 0;
+  std::string sinNombres;
   for (const char c : sentencia.Texto) {
     if (c == '"') entreComillas = !entreComillas;
     if (entreComillas) continue;
+    sinNombres += c;
     huecos += c == '?' ? 1 : 0;
     if (c == '\'' || c == ';' || c == '#' || (c >= '0' && c <= '9')) std::abort();
   }
+  if (sinNombres.find("? = ?") != std::string::npos) std::abort();
   if (entreComillas || huecos != sentencia.Parametros.size()) std::abort();
 }
 

@@ -55,6 +55,8 @@ void Ejecucion::Ejecutar(const Orden& orden) {
   } catch (const headless::PreguntaSinRespuesta&) {
     // Told below: on other ways the exception may have been swallowed.
   }
+  // Whoever reads along knows at once how far the run has come.
+  salida_.flush();
   const auto& pregunta = Entorno().Mensajes.SinRespuesta();
   if (pregunta) Romper(orden.Linea, *pregunta);
 }

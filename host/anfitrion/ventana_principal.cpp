@@ -85,9 +85,10 @@ bool VentanaPrincipal::AbrirPagos() {
   return Comprobar(pagos_->Cargar(contexto_));
 }
 
-/// Before the component was ever opened there is nothing to hide or close.
+/// Asked to hide or close a screen that isn't there, the component would make one first.
 bool VentanaPrincipal::Hacer(Operacion operacion) {
-  return !pagos_ || Comprobar((pagos_.get()->*operacion)());
+  const bool hayPantalla = marco_->findChild<QWidget*>() != nullptr;
+  return !pagos_ || !hayPantalla || Comprobar((pagos_.get()->*operacion)());
 }
 
 bool VentanaPrincipal::Comprobar(services::HRESULT resultado) {

@@ -34,13 +34,17 @@ std::string TipoDe(const Columna& columna) {
 // by a range of due dates; from there by concept and number without the year, which the keys
 // serve; by the trimmed number, whatever blanks are stored around it; and, for cash entries, by
 // having no invoice yet. The range's index carries the invoice with it, so that the table itself
-// isn't read.
+// isn't read. Those by the trimmed number end in the number as stored: they then hold all that a
+// DELETE looks at, as the key does, and the engine no longer takes the key, of which it knows the
+// concept alone.
 constexpr std::array IndicesAlmacenados = {
     "CREATE INDEX VencimientosPorFecha ON ProvVencimientos (FechaVto, NConcepto, NFactura)",
     "CREATE INDEX VencimientosPorFactura ON ProvVencimientos "
-    "(trim(NFactura) COLLATE ES, NConcepto, Año)",
-    "CREATE INDEX BasesPorFactura ON ProvBasesIva (trim(NFactura) COLLATE ES, NConcepto, Año)",
-    "CREATE INDEX FacturasPorNumero ON ProvFacturas (trim(Factura) COLLATE ES, NConcepto, Año)",
+    "(trim(NFactura) COLLATE ES, NConcepto, Año, NFactura)",
+    "CREATE INDEX BasesPorFactura ON ProvBasesIva (trim(NFactura) COLLATE ES, NConcepto, Año, "
+    "NFactura)",
+    "CREATE INDEX FacturasPorNumero ON ProvFacturas (trim(Factura) COLLATE ES, NConcepto, Año, "
+    "Factura)",
     "CREATE INDEX PrevisionPorFecha ON ProvPrevisionPagos (Fecha1Vto)",
     "CREATE INDEX CajaPorFactura ON CajaPagos (trim(Factura) COLLATE ES, Tipo, Año)",
     "CREATE INDEX CajaPendiente ON CajaPagos (Factura)",
@@ -50,11 +54,11 @@ constexpr std::array IndicesAlmacenados = {
 
 constexpr std::array IndicesDeTrabajo = {
     "CREATE INDEX TempVencimientosPorFactura ON TempProvVencimientos "
-    "(trim(NFactura) COLLATE ES, NConcepto, Año)",
+    "(trim(NFactura) COLLATE ES, NConcepto, Año, NFactura)",
     "CREATE INDEX TempBasesPorFactura ON TempProvBasesIva "
-    "(trim(NFactura) COLLATE ES, NConcepto, Año)",
+    "(trim(NFactura) COLLATE ES, NConcepto, Año, NFactura)",
     "CREATE INDEX TempFacturasPorNumero ON TempProvFacturas "
-    "(trim(Factura) COLLATE ES, NConcepto, Año)",
+    "(trim(Factura) COLLATE ES, NConcepto, Año, Factura)",
     "CREATE INDEX TempCajaPorFactura ON TempCajaPagos (trim(Factura) COLLATE ES, Tipo, Año)",
     "CREATE INDEX TempCajaPorTipo ON TempCajaPagos (Tipo, FechaHora)",
     "CREATE INDEX TempBorrarPorConcepto ON TempTesvaraBorrar (NConcepto)",

@@ -44,12 +44,17 @@ bool EsPalabra(std::string_view texto, std::string_view mayusculas) {
 
 }  // namespace
 
+void Traductor::Condicion() {
+  ExigirColumna(Expresion());
+}
+
 Traductor::Operando Traductor::Expresion() {
   if (++profundidad_ > ProfundidadMaxima) Rechazar("demasiados paréntesis", sentencia_);
   Operando operando = Conjuncion();
   while (Tomar(Palabra::Or)) {
+    ExigirColumna(operando);
     Poner(" OR ");
-    Conjuncion();
+    ExigirColumna(Conjuncion());
     operando = {operando.desde};
   }
   --profundidad_;
@@ -59,8 +64,9 @@ Traductor::Operando Traductor::Expresion() {
 Traductor::Operando Traductor::Conjuncion() {
   Operando operando = Negacion();
   while (Tomar(Palabra::And)) {
+    ExigirColumna(operando);
     Poner(" AND ");
-    Negacion();
+    ExigirColumna(Negacion());
     operando = {operando.desde};
   }
   return operando;
@@ -74,7 +80,9 @@ Traductor::Operando Traductor::Negacion() {
     negada = true;
   }
   const Operando operando = Comparacion();
-  return negada ? Operando{desde} : operando;
+  if (!negada) return operando;
+  ExigirColumna(operando);
+  return {desde};
 }
 
 Traductor::Operando Traductor::Comparacion() {
@@ -82,12 +90,14 @@ Traductor::Operando Traductor::Comparacion() {
   if (!TextoDe(Actual().simbolo).empty()) {
     Comparar(izquierdo, tokens_[i_++].simbolo);
   } else if (Tomar(Palabra::Is)) {
-    EsNulo();
+    EsNulo(izquierdo);
   } else if (Tomar(Palabra::Like)) {
-    Parecido(izquierdo, false);
+    // Every `like` of the system compares a key with a value spliced in, never with a pattern: as a
+    // pattern, deleting the invoice "A_1" would delete "AB1" too.
+    Comparar(izquierdo, Simbolo::Igual);
   } else if (Es(Palabra::Not) && Proximo().palabra == Palabra::Like) {
     i_ += 2;
-    Parecido(izquierdo, true);
+    Comparar(izquierdo, Simbolo::Distinto);
   } else {
     return izquierdo;
   }
@@ -97,30 +107,15 @@ Traductor::Operando Traductor::Comparacion() {
 void Traductor::Comparar(Operando& izquierdo, Simbolo operador) {
   Poner(TextoDe(operador));
   const Operando derecho = Primario();
+  if (derecho.literales >= 0) ExigirColumna(izquierdo);
   Adaptar(derecho, izquierdo);
   Adaptar(izquierdo, derecho);
 }
 
-void Traductor::EsNulo() {
+void Traductor::EsNulo(const Operando& operando) {
+  ExigirColumna(operando);
   Poner(Tomar(Palabra::Not) ? " IS NOT NULL" : " IS NULL");
   Exigir(Palabra::Null);
-}
-
-// Without wildcards it is an equality, which an index serves.
-void Traductor::Parecido(Operando& izquierdo, bool negado) {
-  const bool literal = Actual().clase == ClaseToken::Texto ||
-                       Actual().clase == ClaseToken::Numero || Es(Simbolo::Menos);
-  const bool patron = Actual().clase == ClaseToken::Texto &&
-                      Actual().texto.find_first_of("%_") != std::string_view::npos;
-  if (literal && !patron) return Comparar(izquierdo, negado ? Simbolo::Distinto : Simbolo::Igual);
-  const auto tipo = izquierdo.tipo.value_or(TipoColumna::Texto);
-  if (tipo == TipoColumna::FechaHora) {
-    Envolver(izquierdo, motor_.FechaComoTexto);
-  } else if (tipo != TipoColumna::Texto) {
-    Envolver(izquierdo, motor_.NumeroComoTexto);
-  }
-  Poner(negado ? motor_.NoPatron : motor_.Patron);
-  Primario();
 }
 
 Traductor::Operando Traductor::Primario() {
@@ -191,10 +186,10 @@ Traductor::Operando Traductor::Funcion() {
   i_ += 2;
   const std::size_t desde = salida_->Texto.size();
   Poner("SUM(");
-  Expresion();
+  const int literales = Expresion().literales;
   Exigir(Simbolo::Cerrar);
   Poner(")");
-  return {desde, TipoColumna::Numero};
+  return {desde, TipoColumna::Numero, -1, nullptr, -1, literales};
 }
 
 // However the trimming functions stand one inside another, what they do together is written once.
@@ -223,10 +218,10 @@ Traductor::Operando Traductor::Recortar() {
                                : lados == izquierdo ? motor_.RecorteIzquierdo
                                                     : motor_.RecorteDerecho;
   Poner(envoltura.Antes);
-  Expresion();
+  const int literales = Expresion().literales;
   for (; abiertos > 0; --abiertos) Exigir(Simbolo::Cerrar);
   Poner(envoltura.Despues);
-  return {desde, TipoColumna::Texto};
+  return {desde, TipoColumna::Texto, -1, nullptr, -1, literales};
 }
 
 Traductor::Operando Traductor::Literal() {
@@ -255,18 +250,21 @@ Traductor::Operando Traductor::Parametro(Valor valor) {
   const std::size_t desde = salida_->Texto.size();
   Poner("?");
   salida_->Parametros.push_back(std::move(valor));
-  return {desde, {}, static_cast<int>(salida_->Parametros.size()) - 1};
+  const int parametro = static_cast<int>(salida_->Parametros.size()) - 1;
+  return {desde, {}, parametro, nullptr, -1, static_cast<int>(i_) - 1};
+}
+
+void Traductor::ExigirColumna(const Operando& operando) const {
+  if (operando.literales < 0) return;
+  const auto token = tokens_[static_cast<std::size_t>(operando.literales)].texto;
+  const auto desde = static_cast<std::size_t>(token.data() - sentencia_.data());
+  Rechazar("una condición que no mira ninguna columna", sentencia_.substr(desde));
 }
 
 void Traductor::Adaptar(const Operando& literal, const Operando& contra) {
   if (literal.parametro < 0 || !contra.tipo) return;
   Valor& valor = salida_->Parametros[static_cast<std::size_t>(literal.parametro)];
   valor = Adaptado(std::move(valor), *contra.tipo);
-}
-
-void Traductor::Envolver(const Operando& operando, const Envoltura& envoltura) {
-  salida_->Texto.insert(operando.desde, envoltura.Antes);
-  salida_->Texto += envoltura.Despues;
 }
 
 }  // namespace dialecto

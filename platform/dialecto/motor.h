@@ -22,12 +22,6 @@ struct Motor {
   /// The two halves of that, for a statement that asks for one side alone.
   Envoltura RecorteIzquierdo;
   Envoltura RecorteDerecho;
-  /// Case-blind match of an expression against a pattern with `%` and `_`, which follows.
-  std::string_view Patron = " LIKE ";
-  std::string_view NoPatron = " NOT LIKE ";
-  /// A number as a text, and a date with its time as its own text dd/mm/yyyy h:nn:ss.
-  Envoltura NumeroComoTexto;
-  Envoltura FechaComoTexto;
 };
 
 }  // namespace dialecto

@@ -207,14 +207,14 @@ void Traductor::Juntas() {
     UnaFuente();
     Exigir(Palabra::On);
     Poner(" ON ");
-    Expresion();
+    Condicion();
   }
 }
 
 void Traductor::Where() {
   if (!Tomar(Palabra::Where)) return;
   Poner(" WHERE ");
-  Expresion();
+  Condicion();
 }
 
 void Traductor::GroupBy() {

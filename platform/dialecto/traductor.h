@@ -38,6 +38,8 @@ struct ColumnaDada {
 /// Turns statements of the system into those of an engine. It understands one SELECT or one
 /// DELETE, in either of the two dialects that the system writes, and throws 0x80040E14 for
 /// anything else, 0x80040E37 for an unknown table and 0x80040E10 for an unknown column.
+/// A condition made of literals alone is refused too: the system writes none, but a value with
+/// quotes spliced into a statement, such as `A' or '1'='1`, brings one.
 /// It keeps its buffers from one statement to the next and serves one at a time.
 class Traductor {
  public:
@@ -69,6 +71,7 @@ class Traductor {
     int parametro = -1;  ///< its place among the parameters, when it is a literal alone
     const Tabla* tabla = nullptr;
     int columna = -1;
+    int literales = -1;  ///< the token where it begins, when it is made of literals alone
   };
 
   // Statements: traductor.cpp.
@@ -90,13 +93,14 @@ class Traductor {
   void Final();
 
   // Expressions: expresion.cpp.
+  void Condicion();
   Operando Expresion();
   Operando Conjuncion();
   Operando Negacion();
   Operando Comparacion();
   void Comparar(Operando& izquierdo, Simbolo operador);
-  void Parecido(Operando& izquierdo, bool negado);
-  void EsNulo();
+  void EsNulo(const Operando& operando);
+  void ExigirColumna(const Operando& operando) const;
   Operando Primario();
   Operando Parentesis();
   Operando Nombre();
@@ -106,7 +110,6 @@ class Traductor {
   Operando Literal();
   Operando Parametro(services::Valor valor);
   void Adaptar(const Operando& literal, const Operando& contra);
-  void Envolver(const Operando& operando, const Envoltura& envoltura);
 
   [[nodiscard]] const Token& Actual() const { return tokens_[i_]; }
   [[nodiscard]] const Token& Proximo() const { return tokens_[std::min(i_ + 1, Ultimo())]; }

@@ -13,6 +13,9 @@ struct Pareja {
   QColor Texto;
 };
 
+/// How much darker than its background the line at the right of a column is, in hundredths.
+inline constexpr int kLineaDeColumna = 112;
+
 /// White, black and the negative numbers are what the models hold when nobody told them a colour:
 /// they stand for the desktop's own.
 [[nodiscard]] bool EsDelEscritorio(int color);

@@ -73,7 +73,7 @@ void DibujoCelda::paint(QPainter* pintor, const QStyleOptionViewItem& opcion,
                                    rejilla_->ColorDe(fila, celda.column()), opcion.palette);
   pintor->save();
   pintor->fillRect(opcion.rect, colores.Fondo);
-  pintor->setPen(colores.Fondo.darker(112));
+  pintor->setPen(colores.Fondo.darker(kLineaDeColumna));
   pintor->drawLine(opcion.rect.topRight(), opcion.rect.bottomRight());
   Escribir(*pintor, opcion.rect, celda, colores);
   PonerDibujo(*pintor, opcion.rect, celda, colores);

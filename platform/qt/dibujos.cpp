@@ -18,13 +18,11 @@ void Marca(QPainter& pintor) {
 }
 
 void Impresora(QPainter& pintor) {
-  pintor.drawRoundedRect(QRectF(1.5, 6, 13, 6), 1, 1);
   pintor.drawPolyline(QPolygonF({{4, 6}, {4, 1.5}, {12, 1.5}, {12, 6}}));
-  pintor.setBrush(pintor.pen().color());
-  pintor.drawEllipse(QPointF(12.3, 8), 0.4, 0.4);
-  pintor.setBrush(Qt::white);
+  pintor.drawPolyline(QPolygonF({{4, 12}, {1.5, 12}, {1.5, 6}, {14.5, 6}, {14.5, 12}, {12, 12}}));
   pintor.drawRect(QRectF(4, 9.5, 8, 5));
   pintor.drawLine(QPointF(6, 12), QPointF(10, 12));
+  pintor.drawPoint(QPointF(12.3, 8));
 }
 
 }  // namespace

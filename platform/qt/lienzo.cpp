@@ -82,9 +82,11 @@ void Lienzo::LlevarFoco() {
   if (!form_) return;
   Turno turno(*this);
   const services::Widget* foco = form_->Escritorio().Foco();
-  const Vinculo* vinculo = foco ? De(*foco) : nullptr;
+  Vinculo* vinculo = foco ? De(*foco) : nullptr;
   if (vinculo) {
-    vinculo->Vista().setFocus(Qt::OtherFocusReason);
+    vinculo->Vista().setFocus(motivo_);
+    // A line edit selects its text by itself when the Tab key brings the focus.
+    vinculo->Mostrar(services::Aspecto::Seleccion);
   } else if (const QWidget* actual = window()->focusWidget(); !actual || isAncestorOf(actual)) {
     setFocus(Qt::OtherFocusReason);
   }
@@ -138,6 +140,7 @@ void Lienzo::Avisar(Suceso suceso, bool& pedido) {
 void Lienzo::CentrarPaneles() {
   for (QWidget* panel : findChildren<QWidget*>(Qt::FindDirectChildrenOnly)) {
     if (!panel->property("centrado").toBool()) continue;
+    panel->raise();
     const QSize medida = panel->sizeHint().expandedTo(panel->minimumSize()).boundedTo(size());
     panel->setGeometry(
         QRect(QPoint(), medida).translated(rect().center() - QRect(QPoint(), medida).center()));
@@ -155,8 +158,11 @@ void Lienzo::closeEvent(QCloseEvent* evento) {
 /// focus, which is no business of the user's.
 bool Lienzo::focusNextPrevChild(bool siguiente) {
   if (!form_ || Mostrando()) return true;
+  // Told so, the toolkit marks what has the focus for who works by keyboard.
+  motivo_ = siguiente ? Qt::TabFocusReason : Qt::BacktabFocusReason;
   services::entrada::Tabular(*form_, !siguiente);
   if (form_) LlevarFoco();
+  motivo_ = Qt::OtherFocusReason;
   return true;
 }
 

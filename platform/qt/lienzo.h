@@ -67,6 +67,7 @@ class Lienzo final : public QWidget {
   services::Form* form_;
   std::unordered_map<const services::Widget*, Vinculo*> vinculos_;
   QPointer<QWidget> marco_;
+  Qt::FocusReason motivo_ = Qt::OtherFocusReason;
   int mostrando_ = 0;
   bool pintado_pedido_ = false;
   bool tamano_pedido_ = false;

@@ -61,9 +61,6 @@ QVariant ListaConceptos::data(const QModelIndex& celda, int papel) const {
     const Concepto& concepto = En(celda.row());
     return celda.column() == 0 ? concepto.Codigo : concepto.Nombre;
   }
-  if (papel == Qt::TextAlignmentRole && celda.column() == 0) {
-    return QVariant::fromValue(Qt::Alignment(Qt::AlignRight | Qt::AlignVCenter));
-  }
   return {};
 }
 

@@ -3,7 +3,7 @@
 #include <filesystem>
 
 #include "services/error.h"
-#include "sqlite/funciones.h"
+#include "sqlite/orden.h"
 
 namespace sqlite {
 
@@ -43,12 +43,15 @@ void Base::Configurar(const Opciones& opciones) {
   sqlite3_extended_result_codes(Motor(), 1);
   sqlite3_busy_timeout(Motor(), opciones.EsperaMs);
   sqlite3_db_config(Motor(), SQLITE_DBCONFIG_DQS_DML, 0, nullptr);
-  RegistrarFunciones(Motor());
+  RegistrarOrden(Motor());
   if (PrimerTexto(*this, "PRAGMA journal_mode") != "wal" && !sqlite3_db_readonly(Motor(), "main")) {
     Ejecutar("PRAGMA journal_mode = WAL");
   }
   const bool completa = opciones.Durabilidad == Sincronizacion::Completa;
   Ejecutar(completa ? "PRAGMA synchronous = FULL" : "PRAGMA synchronous = NORMAL");
+  // A commit of thousands of invoices goes back and forth over the indexes, and with the engine's
+  // own 2 MB writes and reads again what it has just let go of. Memory is taken as pages are read.
+  Ejecutar("PRAGMA cache_size = -65536");
   Ejecutar("PRAGMA temp_store = MEMORY; SELECT count(*) FROM sqlite_schema");
   preparadas_ = 0;
 }

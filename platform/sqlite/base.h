@@ -20,8 +20,7 @@ using Preparada = std::unique_ptr<sqlite3_stmt, CerrarSentencia>;
 [[noreturn]] void Lanzar(sqlite3* base);
 [[noreturn]] void Lanzar(int codigo, std::string_view texto);
 
-/// An open database file with what every connection needs registered on it: the collation `ES`,
-/// the case-blind `LIKE` and `texto_fecha`.
+/// An open database file with what every connection needs registered on it: the collation `ES`.
 class Base {
  public:
   /// Throws 0x80004005 for a file that isn't there, is no database or can't be read.

@@ -8,10 +8,6 @@ namespace sqlite {
 inline constexpr dialecto::Motor DialectoSqlite = {.Comilla = '"',
                                                    .Recorte = {"trim(", ") COLLATE ES"},
                                                    .RecorteIzquierdo = {"ltrim(", ") COLLATE ES"},
-                                                   .RecorteDerecho = {"rtrim(", ") COLLATE ES"},
-                                                   .Patron = " LIKE ",
-                                                   .NoPatron = " NOT LIKE ",
-                                                   .NumeroComoTexto = {"CAST(", " AS TEXT)"},
-                                                   .FechaComoTexto = {"texto_fecha(", ")"}};
+                                                   .RecorteDerecho = {"rtrim(", ") COLLATE ES"}};
 
 }  // namespace sqlite

@@ -2,7 +2,6 @@
 
 #include <sqlite3.h>
 
-#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -15,8 +14,6 @@
 namespace sqlite {
 
 [[nodiscard]] std::string Iso(services::FechaHora momento);
-/// No value where the text is no such date; the time, or its seconds, may be left out.
-[[nodiscard]] std::optional<services::FechaHora> LeerIso(std::string_view texto);
 
 /// The column that a declaration such as `VARCHAR(20)` tells; an expression, which has none, is a
 /// number.

@@ -134,30 +134,4 @@ int CompararTexto(std::string_view a, std::string_view b) noexcept {
   return a.empty() ? -1 : 1;
 }
 
-bool Coincide(std::string_view texto, std::string_view patron) {
-  // A mismatch goes back to the last `%` alone and lets it take one character more.
-  std::string_view tras_comodin;
-  std::string_view intento;
-  bool hay_comodin = false;
-  while (!texto.empty() || !patron.empty()) {
-    if (!patron.empty() && patron[0] == '%') {
-      patron.remove_prefix(1);
-      tras_comodin = patron;
-      intento = texto;
-      hay_comodin = true;
-      continue;
-    }
-    if (!texto.empty() && !patron.empty()) {
-      const Codigo pedido = Extraer(patron);
-      const Codigo hallado = Extraer(texto);
-      if (pedido == '_' || Minuscula(pedido) == Minuscula(hallado)) continue;
-    }
-    if (!hay_comodin || intento.empty()) return false;
-    Extraer(intento);
-    texto = intento;
-    patron = tras_comodin;
-  }
-  return true;
-}
-
 }  // namespace services

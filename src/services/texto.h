@@ -22,7 +22,5 @@ namespace services {
 [[nodiscard]] inline bool MismoTexto(std::string_view a, std::string_view b) noexcept {
   return CompararTexto(a, b) == 0;
 }
-/// Case-blind match against a pattern where `%` stands for any run and `_` for one character.
-[[nodiscard]] bool Coincide(std::string_view texto, std::string_view patron);
 
 }  // namespace services

@@ -71,6 +71,11 @@ class ComponenteEnMarcha {
     };
   }
 
+  /// Takes the session without a screen.
+  shell::DatosComunes& RecibirSesion() {
+    sesion_.RecibirSesion(services::Ref<services::IDatosClase>(contexto_));
+    return sesion_;
+  }
   /// Shows the main screen on the current month. The text of the failure, empty for none.
   [[nodiscard]] std::string Cargar() {
     services::Ref<services::IDatosClase> contexto(contexto_);

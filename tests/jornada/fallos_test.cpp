@@ -25,19 +25,20 @@ std::string TablasDeUnDiaSano() {
   return partida.Jugar(jornada::kTablas).Salida;
 }
 
-/// The same day after a failure has passed: everything is typed and saved again, with no error.
+/// After the failure the screen is closed, opened, worked in and saved. What is left to fail may
+/// fail while the screen is closed and opened a few times; the work after that may not.
 void ExigirQueSePuedeSeguir(Partida& partida, const std::string& caso) {
+  std::string reposo = "responder no no no no\ncerrar\n";
+  for (int i = 0; i < 10; ++i) reposo += "cargar\ncerrar\n";
+  static_cast<void>(partida.Jugar(reposo));
   const Partida::Jugada fin = partida.Jugar(
-      "responder no no no no\ncerrar\ncargar\ncelda MSFPagos 1 5\npulsar BotonAceptar\ncerrar\n");
+      "responder no no no no\ncargar\ncelda MSFPagos 2 5\npulsar BotonAceptar\ncerrar\n");
   EXPECT_EQ(fin.Estado, 0) << caso << fin.Errores;
-  // The first `cerrar` may still find a screen that fails; what follows it may not.
-  const auto primera = fin.Salida.find('\n');
-  const bool soloLaPrimera = fin.Salida.empty() || primera + 1 == fin.Salida.size();
-  EXPECT_TRUE(soloLaPrimera) << caso << fin.Salida;
+  EXPECT_EQ(fin.Salida, "") << caso;
 }
 
-/// Plays the day with `fallos` asked for, and tells whether it noticed: an error or a message that a
-/// healthy day doesn't show, or other tables at the end.
+/// Plays the day with `fallos` asked for, and tells whether it noticed: an error or a message that
+/// a healthy day doesn't show, or other tables at the end.
 bool SeNota(const std::string& fallos, const std::string& sano, const std::string& caso) {
   Partida partida;
   EXPECT_EQ(partida.Jugar(jornada::kEmpresa).Estado, 0);
@@ -71,15 +72,18 @@ TEST_P(Fallos, CadaLlamadaPuedeFallarUnaVezYSeSigue) {
 
 TEST_P(Fallos, DesdeCadaLlamadaPuedeFallarTodoYSeSigueDespues) {
   const std::string base = GetParam();
-  for (int n = 1; n < 400; n += 5 * kPaso) {
+  int n = 1;
+  for (; n < 3000; n += 5 * kPaso) {
     std::string fallos;
     for (int i = n; i < n + 600; ++i) fallos += "fallo " + base + " " + std::to_string(i) + "\n";
     Partida partida;
     ASSERT_EQ(partida.Jugar(jornada::kEmpresa).Estado, 0);
     const Partida::Jugada dia = partida.Jugar(fallos + jornada::kTrabajo);
     EXPECT_NE(dia.Estado, 1) << base << " " << n;
-    EXPECT_NE(dia.Salida, "") << base << " " << n;
+    // The day was over before the first failure came.
+    if (dia.Salida.empty()) break;
   }
+  EXPECT_GT(n, 100);
 }
 
 INSTANTIATE_TEST_SUITE_P(EnCadaBase, Fallos, testing::Values("datos", "local"),

@@ -28,17 +28,16 @@ class Partida {
   Jugada Jugar(const std::string& texto) {
     std::ostringstream salida;
     std::ostringstream errores;
-    const int estado =
-        guion::Ejecucion(mundo_, salida, errores).Correr(guion::Analizar(texto));
+    const int estado = guion::Ejecucion(mundo_, salida, errores).Correr(guion::Analizar(texto));
     return {estado, salida.str(), errores.str()};
   }
 
  private:
   guion::Bases bases_;
-  guion::Mundo mundo_{bases_.Datos(), bases_.Local(), [this] {
-                        return services::Ref<services::IClassTesvara>(
-                            services::Crear<shell::ClassTesvara>(datos_));
-                      }};
+  guion::Mundo mundo_{
+      bases_.Datos(), bases_.Local(), [this] {
+        return services::Ref<services::IClassTesvara>(services::Crear<shell::ClassTesvara>(datos_));
+      }};
   services::Plataforma plataforma_ = mundo_.Plataforma();
   shell::DatosComunes datos_{plataforma_};
 };

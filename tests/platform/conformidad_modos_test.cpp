@@ -53,6 +53,8 @@ TEST_P(Conformidad, LasSentenciasRechazadasNoCorren) {
   EXPECT_EQ(ErrorAlAbrir("UPDATE TempProvVencimientos SET Importe = 0"), error::SentenciaRechazada);
   EXPECT_EQ(ErrorAlAbrir("DELETE FROM TempProvVencimientos WHERE NFactura like 'O'Brien'"),
             error::SentenciaRechazada);
+  EXPECT_EQ(ErrorAlAbrir("DELETE FROM TempProvVencimientos WHERE NFactura like 'B' or '1'='1'"),
+            error::SentenciaRechazada);
   EXPECT_EQ(Cuantas(*conexion, "TempProvVencimientos"), 1);
 }
 

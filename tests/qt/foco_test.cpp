@@ -38,6 +38,17 @@ TEST_F(Foco, ElTabuladorSigueElOrdenDelModelo) {
   EXPECT_EQ(escena.Enfocada(), "Rejilla");
 }
 
+TEST_F(Foco, ElTabuladorMarcaLoEnfocadoYNoSeleccionaPorSuCuenta) {
+  escena.form->TxtFecha.Text = "01/02/2003";
+  escena.marco.activateWindow();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(&escena.marco));
+  Tab();
+  EXPECT_TRUE(escena.marco.testAttribute(Qt::WA_KeyboardFocusChange));
+  QLineEdit& fecha = escena.Vista<QLineEdit>("TxtFecha");
+  EXPECT_EQ(fecha.selectedText(), "");
+  EXPECT_EQ(fecha.cursorPosition(), escena.form->TxtFecha.SelStart());
+}
+
 TEST_F(Foco, UnClicDaPrimeroLostFocusYLuegoGotFocus) {
   escena.form->TxtFecha.SetFocus();
   escena.form->sucesos.clear();

@@ -56,10 +56,11 @@ TEST_F(PantallaDePagos, CabeEnUnaPantallaAlDobleDeEscala) {
   EXPECT_LE(lienzo.minimumSizeHint().height(), 440);
 }
 
-TEST_F(PantallaDePagos, ElPanelDeGrabacionQuedaEnElCentro) {
-  form->PicTexto.Visible = true;
+TEST_F(PantallaDePagos, ElPanelDeGrabacionQuedaEnElCentroYEncimaDeTodo) {
   lienzo.show();
   auto* panel = lienzo.findChild<QWidget*>("PicTexto");
+  panel->show();
+  EXPECT_EQ(lienzo.childAt(panel->geometry().topLeft() + QPoint(3, 3)), panel);
   EXPECT_LE((panel->geometry().center() - lienzo.rect().center()).manhattanLength(), 2);
   EXPECT_GE(panel->width(), panel->sizeHint().width());
 }

@@ -169,6 +169,28 @@ TEST_F(RejillaEnPantalla, ElEditorCubreLaCeldaYSigueElDesplazamiento) {
   EXPECT_FALSE(vista.viewport()->rect().intersects(editor.geometry()));
 }
 
+TEST_F(RejillaEnPantalla, LasFranjasSiguenHastaAbajo) {
+  escena.Llenar(4);
+  escena.form->Escritorio().Evento([this] {
+    for (int f = 1; f <= 4; ++f) {
+      rejilla.Row = f;
+      for (int c = 0; c < 4; ++c) {
+        rejilla.Col = c;
+        rejilla.CellBackColor = f % 2 ? 0x0000FF : 0x00FF00;
+      }
+    }
+    rejilla.Row = 1;
+  });
+  const QImage imagen = vista.viewport()->grab().toImage();
+  const auto color = [&](int fila) {
+    return imagen.pixelColor(40,
+                             vista.rowViewportPosition(3) + (fila - 4) * vista.rowHeight(3) + 2);
+  };
+  EXPECT_EQ(color(4), QColor(0, 255, 0));
+  EXPECT_EQ(color(5), QColor(255, 0, 0));
+  EXPECT_EQ(color(6), QColor(0, 255, 0));
+}
+
 TEST_F(RejillaEnPantalla, TreintaMilFilasSeAbrenYSeDesplazanAlMomento) {
   escena.Llenar(30000);
   EXPECT_EQ(vista.model()->rowCount(), 30000);

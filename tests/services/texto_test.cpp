@@ -6,7 +6,6 @@
 #include <string>
 #include <vector>
 
-using services::Coincide;
 using services::CompararTexto;
 using services::Izquierda;
 using services::Longitud;
@@ -148,36 +147,6 @@ TEST(Texto, LaComparacionEsTransitiva) {
       }
     }
   }
-}
-
-TEST(Texto, CoincideConComodines) {
-  EXPECT_TRUE(Coincide("Factura", "fact%"));
-  EXPECT_TRUE(Coincide("Factura", "%RA"));
-  EXPECT_TRUE(Coincide("Factura", "%t_r%"));
-  EXPECT_TRUE(Coincide("Factura", "%"));
-  EXPECT_TRUE(Coincide("", "%%"));
-  EXPECT_TRUE(Coincide("", ""));
-  EXPECT_TRUE(Coincide("AÑO", "a_o"));
-  EXPECT_TRUE(Coincide("aab", "%ab"));
-  EXPECT_TRUE(Coincide("abcabd", "%ab_"));
-}
-
-TEST(Texto, NoCoincideLoQueSobraOFalta) {
-  EXPECT_FALSE(Coincide("Factura", "fact"));
-  EXPECT_FALSE(Coincide("fact", "factura"));
-  EXPECT_FALSE(Coincide("", "_"));
-  EXPECT_FALSE(Coincide("a", ""));
-  EXPECT_FALSE(Coincide("año", "ano"));
-  EXPECT_FALSE(Coincide("ácido", "acido"));
-  EXPECT_FALSE(Coincide("abc", "%b"));
-}
-
-TEST(Texto, CoincideNoSeDisparaConMuchosComodines) {
-  const std::string largo(2000, 'a');
-  std::string patron;
-  for (int i = 0; i < 50; ++i) patron += "%a";
-  EXPECT_TRUE(Coincide(largo, patron));
-  EXPECT_FALSE(Coincide(largo, patron + "b"));
 }
 
 }  // namespace

@@ -38,10 +38,6 @@ class CatalogoDePrueba final : public dialecto::Catalogo {
 inline constexpr dialecto::Motor MotorDePrueba = {.Comilla = '"',
                                                   .Recorte = {"RECORTE(", ")"},
                                                   .RecorteIzquierdo = {"IZQ(", ")"},
-                                                  .RecorteDerecho = {"DER(", ")"},
-                                                  .Patron = " PATRON ",
-                                                  .NoPatron = " NO PATRON ",
-                                                  .NumeroComoTexto = {"NUM(", ")"},
-                                                  .FechaComoTexto = {"FECHA(", ")"}};
+                                                  .RecorteDerecho = {"DER(", ")"}};
 
 }  // namespace pruebas

@@ -124,38 +124,39 @@ INSTANTIATE_TEST_SUITE_P(
 
 INSTANTIATE_TEST_SUITE_P(
     Condiciones, TraduccionTest,
-    testing::Values(
-        CONDICION("Caja.Visible = True", "\"Caja\".\"Visible\" = ?", true),
-        CONDICION("Visible=0", "\"Visible\" = ?", false),
-        CONDICION("Caja.Tipo like 45", "\"Caja\".\"Tipo\" = ?", 45),
-        CONDICION("Caja.Tipo like '45'", "\"Caja\".\"Tipo\" = ?", 45),
-        CONDICION("Caja.Tipo = -3", "\"Caja\".\"Tipo\" = ?", -3),
-        CONDICION("Caja.Tipo like 'ab'", "\"Caja\".\"Tipo\" = ?", Nulo{}),
-        CONDICION("Caja.Tipo like '4%'", "NUM(\"Caja\".\"Tipo\") PATRON ?", "4%"),
-        CONDICION("'45' = Caja.Tipo", "? = \"Caja\".\"Tipo\"", 45),
-        CONDICION("Importe > 12.5", "\"Importe\" > ?", 12.5),
-        CONDICION("Importe > '12,5'", "\"Importe\" > ?", 12.5),
-        CONDICION("Factura = 7", "\"Factura\" = ?", "7"),
-        CONDICION("Factura like 'a%'", "\"Factura\" PATRON ?", "a%"),
-        CONDICION("Factura not like '_b'", "\"Factura\" NO PATRON ?", "_b"),
-        CONDICION("Factura not like 'b'", "\"Factura\" <> ?", "b"),
-        CONDICION("Factura = '%'", "\"Factura\" = ?", "%"),
-        CONDICION("Factura like 'O''Brien'", "\"Factura\" = ?", "O'Brien"),
-        CONDICION("trim(Factura) like 'ñ%'", "RECORTE(\"Factura\") PATRON ?", "ñ%"),
-        CONDICION("LTRIM(RTRIM(Factura))='x'", "RECORTE(\"Factura\") = ?", "x"),
-        CONDICION("RTrim(Trim(Factura))='x'", "RECORTE(\"Factura\") = ?", "x"),
-        CONDICION("LTrim(Factura)='x'", "IZQ(\"Factura\") = ?", "x"),
-        CONDICION("RTrim(Factura)='x'", "DER(\"Factura\") = ?", "x"),
-        CONDICION("FechaHora like '05/03/2005 9:05:00'", "\"FechaHora\" = ?",
-                  HacerFecha(2005, 3, 5, 9, 5, 0)),
-        CONDICION("FechaHora = '05/03/2005'", "\"FechaHora\" = ?", HacerFecha(2005, 3, 5)),
-        CONDICION("FechaHora like '5/3/2005 09:05:00'", "\"FechaHora\" = ?", Nulo{}),
-        CONDICION("FechaHora like 'ayer'", "\"FechaHora\" = ?", Nulo{}),
-        CONDICION("FechaHora like '05/03/2005%'", "FECHA(\"FechaHora\") PATRON ?", "05/03/2005%"),
-        CONDICION("FechaHora = #3/5/2005 9:5:7#", "\"FechaHora\" = ?",
-                  HacerFecha(2005, 3, 5, 9, 5, 7)),
-        CONDICION("(Caja.[Año]) <> 'a' or not (Tipo<>1)",
-                  "(\"Caja\".\"Año\") <> ? OR NOT (\"Tipo\" <> ?)", "a", 1)));
+    testing::Values(CONDICION("Caja.Visible = True", "\"Caja\".\"Visible\" = ?", true),
+                    CONDICION("Visible=0", "\"Visible\" = ?", false),
+                    CONDICION("Caja.Tipo like 45", "\"Caja\".\"Tipo\" = ?", 45),
+                    CONDICION("Caja.Tipo like '45'", "\"Caja\".\"Tipo\" = ?", 45),
+                    CONDICION("Caja.Tipo = -3", "\"Caja\".\"Tipo\" = ?", -3),
+                    CONDICION("Caja.Tipo like 'ab'", "\"Caja\".\"Tipo\" = ?", Nulo{}),
+                    CONDICION("Caja.Tipo like '4%'", "\"Caja\".\"Tipo\" = ?", Nulo{}),
+                    CONDICION("'45' = Caja.Tipo", "? = \"Caja\".\"Tipo\"", 45),
+                    CONDICION("Importe > 12.5", "\"Importe\" > ?", 12.5),
+                    CONDICION("Importe > '12,5'", "\"Importe\" > ?", 12.5),
+                    CONDICION("Factura = 7", "\"Factura\" = ?", "7"),
+                    CONDICION("Factura like 'a%'", "\"Factura\" = ?", "a%"),
+                    CONDICION("Factura not like '_b'", "\"Factura\" <> ?", "_b"),
+                    CONDICION("Factura not like 'b'", "\"Factura\" <> ?", "b"),
+                    CONDICION("Factura = '%'", "\"Factura\" = ?", "%"),
+                    CONDICION("Factura like 'O''Brien'", "\"Factura\" = ?", "O'Brien"),
+                    CONDICION("trim(Factura) like 'ñ%'", "RECORTE(\"Factura\") = ?", "ñ%"),
+                    CONDICION("LTRIM(RTRIM(Factura))='x'", "RECORTE(\"Factura\") = ?", "x"),
+                    CONDICION("RTrim(Trim(Factura))='x'", "RECORTE(\"Factura\") = ?", "x"),
+                    CONDICION("LTrim(Factura)='x'", "IZQ(\"Factura\") = ?", "x"),
+                    CONDICION("RTrim(Factura)='x'", "DER(\"Factura\") = ?", "x"),
+                    CONDICION("FechaHora like '05/03/2005 9:05:00'", "\"FechaHora\" = ?",
+                              HacerFecha(2005, 3, 5, 9, 5, 0)),
+                    CONDICION("FechaHora = '05/03/2005'", "\"FechaHora\" = ?",
+                              HacerFecha(2005, 3, 5)),
+                    CONDICION("FechaHora like '5/3/2005 09:05:00'", "\"FechaHora\" = ?", Nulo{}),
+                    CONDICION("FechaHora like 'ayer'", "\"FechaHora\" = ?", Nulo{}),
+                    CONDICION("FechaHora like '05/03/2005%'", "\"FechaHora\" = ?", Nulo{}),
+                    CONDICION("Factura like Caja.Año", "\"Factura\" = \"Caja\".\"Año\""),
+                    CONDICION("FechaHora = #3/5/2005 9:5:7#", "\"FechaHora\" = ?",
+                              HacerFecha(2005, 3, 5, 9, 5, 7)),
+                    CONDICION("(Caja.[Año]) <> 'a' or not (Tipo<>1)",
+                              "(\"Caja\".\"Año\") <> ? OR NOT (\"Tipo\" <> ?)", "a", 1)));
 
 class RechazoTest : public testing::TestWithParam<const char*> {};
 
@@ -188,6 +189,48 @@ INSTANTIATE_TEST_SUITE_P(
         "DELETE Caja", "DELETE Caja.Tipo FROM Caja", "DELETE FROM Caja, Vtos",
         "DELETE FROM Caja ORDER BY Tipo", "SELECT [Ca\"ja].* FROM Caja",
         "SELECT Caja.* FROM Caja LIMIT 1"));
+
+#define DONDE(condicion) "DELETE FROM Caja WHERE " condicion
+
+INSTANTIATE_TEST_SUITE_P(
+    CondicionesSinColumna, RechazoTest,
+    testing::Values(
+        DONDE("Factura like 'A' or '1'='1'"), DONDE("Factura like '' or 1=1 or Año like ''"),
+        DONDE("Factura like 'A' or '1' like '1'"), DONDE("Factura like 'A' or '1' not like '2'"),
+        DONDE("Factura like 'A' or 2>1"), DONDE("Factura like 'A' or -1<>1"),
+        DONDE("Factura like 'A' or True=True"),
+        DONDE("Factura like 'A' or #1/1/2005# <= #1/2/2005#"),
+        DONDE("Factura like 'A' or ('1')=(('1'))"), DONDE("Factura like 'A' or Trim('1')='1'"),
+        DONDE("Factura like 'A' or '1'=LTrim(RTrim('1'))"), DONDE("Factura like 'A' or '1'"),
+        DONDE("Factura like 'A' or 1"), DONDE("Factura like 'A' or True"),
+        DONDE("Factura like 'A' or (True)"), DONDE("Factura like 'A' or Trim('1')"),
+        DONDE("Factura like 'A' or not False"), DONDE("Factura like 'A' or not '1'='2'"),
+        DONDE("Factura like 'A' or '1' is not null"), DONDE("'1' or Factura like 'A'"),
+        DONDE("Factura like 'A' and '1'"), DONDE("'1' and Factura like 'A'"), DONDE("'1'='1'"),
+        DONDE("'1'"), DONDE("('1')"), DONDE("True"), DONDE("Sum(1)"), DONDE("Sum(1) > 0"),
+        "SELECT Caja.* FROM Caja INNER JOIN Vtos ON 1=1",
+        "SELECT Caja.* FROM Caja INNER JOIN Vtos ON True",
+        "SELECT Caja.* FROM Caja ORDER BY '1'='1'"));
+
+#undef DONDE
+
+TEST(Traductor, UnLiteralAUnSoloLadoSeEntiende) {
+  Banco banco;
+  EXPECT_EQ(banco.Error("SELECT Caja.* FROM Caja WHERE ('A') = Factura"), 0);
+  EXPECT_EQ(banco.Error("SELECT Caja.* FROM Caja WHERE Factura = Trim(' A ')"), 0);
+  EXPECT_EQ(banco.Error("SELECT Caja.* FROM Caja WHERE (Factura = 'A') = True"), 0);
+  EXPECT_EQ(banco.Error("SELECT Caja.* FROM Caja WHERE Visible"), 0);
+  EXPECT_EQ(banco.Error("SELECT 'A' AS Factura FROM Caja ORDER BY 'A'"), 0);
+}
+
+TEST(Traductor, LaCondiciónSinColumnaSeDiceDesdeDondeEmpieza) {
+  try {
+    Banco().Traducir("DELETE FROM Caja WHERE Factura like 'A' or '1'='1'");
+    FAIL();
+  } catch (const services::ErrorEjecucion& fallo) {
+    EXPECT_THAT(fallo.Descripcion(), testing::HasSubstr("ninguna columna, en «1'='1'»"));
+  }
+}
 
 TEST(Traductor, UnaTablaQueNoEstáTieneSuNúmero) {
   EXPECT_EQ(Banco().Error("SELECT Nada.* FROM Nada"), error::TablaDesconocida);

@@ -98,6 +98,25 @@ TEST_P(PlanTest, BuscaPorÍndiceYNoRecorreNingunaTabla) {
   EXPECT_THAT(plan, testing::Not(testing::HasSubstr("SCAN"))) << plan;
 }
 
+class PlanDeUnaFacturaTest : public PlanTest {};
+
+TEST_P(PlanDeUnaFacturaTest, NoRecorreLasDemásDelMismoConcepto) {
+  const auto plan = Plan(GetParam());
+  EXPECT_THAT(plan, testing::HasSubstr("(<expr>=? AND NConcepto=? AND Año=?)")) << plan;
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Grabacion, PlanDeUnaFacturaTest,
+    testing::Values(
+        "DELETE From ProvBasesIva WHERE ProvBasesIva.NConcepto like '5' and ProvBasesIva.Año "
+        "like '2005' and RTRIM(LTRIM(ProvBasesIva.NFactura)) like 'A1'",
+        "DELETE From ProvVencimientos WHERE ProvVencimientos.NConcepto like '5' and "
+        "ProvVencimientos.Año like '2005' and RTRIM(LTRIM(ProvVencimientos.NFactura)) like 'A1'",
+        "DELETE FROM ProvFacturas WHERE RTRIM(LTRIM(ProvFacturas.Factura)) like 'A1' AND "
+        "ProvFacturas.NConcepto like '5' And ProvFacturas.Año like '2005'",
+        "DELETE TempProvBasesIva.* FROM TempProvBasesIva WHERE Trim(TempProvBasesIva.NFactura) "
+        "like 'A1'And TempProvBasesIva.NConcepto like '5' and TempProvBasesIva.Año like '2005'"));
+
 INSTANTIATE_TEST_SUITE_P(
     Carga, PlanTest,
     testing::Values(
@@ -138,12 +157,6 @@ INSTANTIATE_TEST_SUITE_P(
         "(ProvFacturas.NConcepto = ProvVencimientos.NConcepto) AND (ProvFacturas.Factura = "
         "ProvVencimientos.NFactura) WHERE ProvVencimientos.FechaVto >= '20050301' And "
         "ProvVencimientos.FechaVto <= '20050331' Order By ProvFacturas.Fecha",
-        "DELETE From ProvBasesIva WHERE ProvBasesIva.NConcepto like '5' and ProvBasesIva.Año "
-        "like '2005' and RTRIM(LTRIM(ProvBasesIva.NFactura)) like 'A1'",
-        "DELETE From ProvVencimientos WHERE ProvVencimientos.NConcepto like '5' and "
-        "ProvVencimientos.Año like '2005' and RTRIM(LTRIM(ProvVencimientos.NFactura)) like 'A1'",
-        "DELETE FROM ProvFacturas WHERE RTRIM(LTRIM(ProvFacturas.Factura)) like 'A1' AND "
-        "ProvFacturas.NConcepto like '5' And ProvFacturas.Año like '2005'",
         "DELETE FROM ProvPrevisionPagos WHERE ProvPrevisionPagos.Fecha1Vto <= '20050331'",
         "SELECT CajaPagos.* FROM CajaPagos WHERE CajaPagos.idSucursal like '1' And "
         "CajaPagos.FechaHora like '15/03/2005 10:00:00' And CajaPagos.Tipo like 45"));
@@ -154,8 +167,6 @@ INSTANTIATE_TEST_SUITE_P(
         "SELECT ProvConceptos.* From ProvConceptos WHERE trim(ProvConceptos.Descripcion) like "
         "'LUZ'",
         "SELECT ProvConceptos.* From ProvConceptos WHERE trim(ProvConceptos.NConcepto) like '5'",
-        "DELETE TempProvBasesIva.* FROM TempProvBasesIva WHERE Trim(TempProvBasesIva.NFactura) "
-        "like 'A1'And TempProvBasesIva.NConcepto like '5' and TempProvBasesIva.Año like '2005'",
         "SELECT TempProvFacturas.* FROM TempProvFacturas WHERE "
         "RTRIM(LTRIM(TempProvFacturas.Factura)) like 'A1' And TempProvFacturas.NConcepto like "
         "'5' And TempProvFacturas.Año like '2005'",

@@ -1,0 +1,83 @@
+#include <string>
+
+#include "apoyo/sesion_sin_pantalla.h"
+#include "copia_directa.h"
+#include "medida.h"
+
+// The load of a range against the same rows copied by the engine alone.
+
+namespace medidas {
+namespace {
+
+struct Trabajo {
+  double Segundos = 0;
+  sqlite::Estadistica Datos;
+  sqlite::Estadistica Temp;
+};
+
+Trabajo CargarPorElComponente(const apoyo::NegocioDePrueba& negocio) {
+  auto datos = negocio.AbrirDatos();
+  auto temp = negocio.AbrirTemp();
+  apoyo::SesionSinPantalla sesion(services::Ref<services::Conexion>(datos),
+                                  services::Ref<services::Conexion>(temp), apoyo::kMarzo);
+  Trabajo trabajo;
+  trabajo.Segundos = Segundos([&] { sesion.Cargar(); });
+  trabajo.Datos = datos->Cuenta();
+  trabajo.Temp = temp->Cuenta();
+  return trabajo;
+}
+
+/// Rows of the working tables, and what their amounts add up to.
+std::string Resumen(const apoyo::NegocioDePrueba& negocio) {
+  const auto filas =
+      negocio.AbrirTemp()
+          ->Consultar(
+              "SELECT (SELECT count(*) || ' ' || total(Total) FROM TempProvFacturas), "
+              "(SELECT count(*) || ' ' || total(Base) FROM TempProvBasesIva), "
+              "(SELECT count(*) || ' ' || total(Pagado) FROM TempProvVencimientos), "
+              "(SELECT count(*) || ' ' || total(Importe) FROM TempCajaPagos)")
+          .Filas;
+  return filas.En(0, 0).Texto() + ", " + filas.En(0, 1).Texto() + ", " + filas.En(0, 2).Texto() +
+         ", " + filas.En(0, 3).Texto();
+}
+
+void Carga(benchmark::State& state) {
+  const auto facturas = state.range(0);
+  const apoyo::NegocioDePrueba negocio(apoyo::Tamano{static_cast<int>(facturas), kApuntes});
+  const apoyo::NegocioDePrueba referencia(Referencia(facturas));
+  Tiempos componente;
+  Tiempos directa;
+  Tiempos pequena;
+  Trabajo trabajo;
+  for (auto vuelta : state) {
+    (void)vuelta;
+    for (int i = 0; i < Repeticiones(facturas); ++i) {
+      const apoyo::NegocioDePrueba una(negocio);
+      const apoyo::NegocioDePrueba otra(negocio);
+      trabajo = CargarPorElComponente(una);
+      componente.Anadir(trabajo.Segundos);
+      {
+        CopiaDirecta copia(otra);
+        directa.Anadir(Segundos([&] { copia.Cargar(); }));
+      }
+      pequena.Anadir(CargarPorElComponente(apoyo::NegocioDePrueba(referencia)).Segundos);
+      if (Resumen(una) != Resumen(otra)) {
+        state.SkipWithError(
+            ("no son las mismas filas: " + Resumen(una) + " / " + Resumen(otra)).c_str());
+      }
+    }
+    state.SetIterationTime(componente.Mediana());
+  }
+  state.counters["razon"] = componente.Mediana() / directa.Mediana();
+  state.counters["por_factura_sobre_1000"] = componente.Mediana() * kFacturasDeReferencia /
+                                             (pequena.Mediana() * static_cast<double>(facturas));
+  state.counters["sql_ms"] = directa.Mediana() * 1000;
+  state.counters["preparadas"] =
+      static_cast<double>(trabajo.Datos.Preparadas + trabajo.Temp.Preparadas);
+  state.counters["transacciones"] =
+      static_cast<double>(trabajo.Datos.Transacciones + trabajo.Temp.Transacciones);
+}
+BENCHMARK(Carga)->Apply(Tamanos);
+
+}  // namespace
+}  // namespace medidas

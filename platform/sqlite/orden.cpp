@@ -1,0 +1,29 @@
+#include "sqlite/orden.h"
+
+#include <cstring>
+
+#include "services/texto.h"
+#include "sqlite/base.h"
+
+namespace sqlite {
+
+namespace {
+
+// Most comparisons of a key search are of equal texts, which need no letter looked at.
+int Comparar(void*, int bytesA, const void* a, int bytesB, const void* b) {
+  if (bytesA == bytesB && std::memcmp(a, b, static_cast<std::size_t>(bytesA)) == 0) return 0;
+  return services::CompararTexto({static_cast<const char*>(a), static_cast<std::size_t>(bytesA)},
+                                 {static_cast<const char*>(b), static_cast<std::size_t>(bytesB)});
+}
+
+void Exigir(sqlite3* base, int codigo) {
+  if (codigo != SQLITE_OK) Lanzar(base);
+}
+
+}  // namespace
+
+void RegistrarOrden(sqlite3* base) {
+  Exigir(base, sqlite3_create_collation(base, "ES", SQLITE_UTF8, nullptr, Comparar));
+}
+
+}  // namespace sqlite
