@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <string>
 
 #include "services/anfitrion.h"
@@ -36,6 +37,10 @@ class Anfitrion final
 
   /// Twips; the work area is the whole of it.
   void PonerPantalla(int ancho, int alto);
+  /// What is done with a form that is to be repainted, and what is handed back for it.
+  std::function<void(services::Ref<services::IUnknown>&)> AlRepintar;
+  [[nodiscard]] FormAnfitrion& FrmMarco() { return *marco_; }
+  [[nodiscard]] FormAnfitrion& FrmPrincipal() { return *principal_; }
 
   services::HRESULT EntregarSesion(
       services::Ref<services::Conexion>& CnDatos, services::Ref<services::IUnknown>& ObjSesion2,
@@ -46,8 +51,9 @@ class Anfitrion final
       services::Ref<services::Recordset>& RsSesion11, services::Ref<services::Recordset>& RsTextos,
       services::Ref<services::Recordset>& RsSesion13, std::string& ClaveBorrado,
       std::string& Usuario) noexcept override;
-  /// Draws nothing and hands the same form back.
-  services::HRESULT RepintarForm(services::Ref<services::IUnknown>&) noexcept override {
+  /// Draws nothing and, without `AlRepintar`, hands the same form back.
+  services::HRESULT RepintarForm(services::Ref<services::IUnknown>& form) noexcept override {
+    if (AlRepintar) AlRepintar(form);
     return services::hr::Bien;
   }
 

@@ -78,18 +78,30 @@ void ListaPagos::VerTodo() {
 }
 
 void ListaPagos::OptFecha_Click() {
-  if (OptFecha.Value) ReordenarPor(PorFecha);
+  if (OptFecha.Value) ReordenarPor(PorFecha, OptFecha);
 }
 
 void ListaPagos::OptConcepto_Click() {
-  if (OptConcepto.Value) ReordenarPor(PorConcepto);
+  if (OptConcepto.Value) ReordenarPor(PorConcepto, OptConcepto);
 }
 
-void ListaPagos::ReordenarPor(const Orden& orden) {
+void ListaPagos::ReordenarPor(const Orden& orden, services::OptionButton& elegido) {
+  try {
+    edicion_.CerrarEdicionPago();
+  } catch (...) {
+    // A typed amount that is none keeps the list as it is, and so the chosen order too: payments
+    // are looked up by the date in its column.
+    if (enUso_ && enUso_ != &elegido) {
+      elegido.Value = false;
+      enUso_->Value.PonerEnSilencio(true);
+      enUso_->Widget::Cambiada(services::Aspecto::Value);
+    }
+    throw;
+  }
+  enUso_ = &elegido;
   rejilla_.MSFPagos.CellFontSize = 12;
   rejilla_.MSFPagos.CellFontBold = true;
   rejilla_.PonerOrden(orden);
-  edicion_.CerrarEdicionPago();
   CargarGrip();
 }
 

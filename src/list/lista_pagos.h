@@ -34,7 +34,7 @@ class ListaPagos {
  private:
   void OptFecha_Click();
   void OptConcepto_Click();
-  void ReordenarPor(const Orden& orden);
+  void ReordenarPor(const Orden& orden, services::OptionButton& elegido);
   void Chk_Click(const services::CheckBox& filtro);
 
   [[nodiscard]] bool ReunirVencimientos(services::Recordset& lista);
@@ -53,6 +53,7 @@ class ListaPagos {
   RejillaPagos& rejilla_;
   EdicionPagado& edicion_;
   const store::RangoFechas& rango_;
+  services::OptionButton* enUso_ = nullptr;  // of the order that the list is in
   bool FilaAlterna_ = false;
 };
 

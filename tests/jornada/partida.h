@@ -1,6 +1,7 @@
 #pragma once
 
 #include <sstream>
+#include <stdexcept>
 #include <string>
 
 #include "guion/bases.h"
@@ -9,6 +10,7 @@
 #include "guion/mundo.h"
 #include "shell/class_tesvara.h"
 #include "shell/datos_comunes.h"
+#include "shell/frm_tesvara_gastos.h"
 
 // Scenarios played inside the test's own process, so that a failure at every one of some hundred
 // driver calls can be tried in seconds.
@@ -31,6 +33,14 @@ class Partida {
     const int estado = guion::Ejecucion(mundo_, salida, errores).Correr(guion::Analizar(texto));
     return {estado, salida.str(), errores.str()};
   }
+
+  /// The loaded main screen; throws when there is none.
+  [[nodiscard]] shell::FrmTesvaraGastos& Pantalla() {
+    services::Form* form = mundo_.Entorno().Buscar("FrmTesvaraGastos");
+    if (!form) throw std::logic_error("la pantalla no está cargada");
+    return dynamic_cast<shell::FrmTesvaraGastos&>(*form);
+  }
+  [[nodiscard]] guion::Anfitrion& Anfitrion() { return mundo_.Anfitrion(); }
 
  private:
   guion::Bases bases_;
