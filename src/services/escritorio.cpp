@@ -84,6 +84,7 @@ void Escritorio::Esperar(const std::function<void()>& espera) {
     --esperas_;
     profundidad_ = antes;
     dejando_ = dejaba;
+    if (profundidad_ == 0 && esperas_ == 0) std::exchange(retirados_, {});
   };
   try {
     espera();

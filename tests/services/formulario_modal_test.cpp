@@ -43,6 +43,23 @@ TEST_F(FormularioModal, ShowModalVuelveAlDescargarseAunqueSeSuelteLaUltimaRefere
   EXPECT_THAT(sucesos.Tomar(), ElementsAre("Form_Load", "Form_Unload", "vuelve", "destruida"));
 }
 
+TEST_F(FormularioModal, LoDescargadoDuranteUnaEsperaDuraHastaQueVuelveQuienEsperaba) {
+  form->Show();
+  PantallaContada* crudo = form.get();
+  crudo->Btn.Click = [&] {
+    p.escritorio.Esperar([&] {
+      p.escritorio.Operacion([&] {
+        form->Unload();
+        form = nullptr;
+      });
+    });
+    crudo->Btn.Caption = "sigue";
+    sucesos("sigue");
+  };
+  entrada::Pulsar(crudo->Btn);
+  EXPECT_THAT(sucesos.Tomar(), ElementsAre("Form_Load", "Form_Unload", "sigue", "destruida"));
+}
+
 TEST_F(FormularioModal, LoDescargadoAntesDeUnaEsperaDuraHastaSuEvento) {
   const auto modal = Crear<PantallaContada>(p.escritorio, sucesos);
   form->Show();
