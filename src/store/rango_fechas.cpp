@@ -112,12 +112,12 @@ bool RangoFechas::Normalizar(TextBox& campo) {
   campo.BackColor = services::color::Blanco;
   if (BtnCancelar_.Tag == "No") return false;
   const std::size_t largo = services::Longitud(campo.Text());
-  if (largo != kLargoCompleto && largo != 8) {
-    Rechazar(campo, "Fecha incorrecta");
-    return false;
-  }
-  campo.Text = sesion_.Utiles().ConvertirFecha(campo.Text, 1, "D", "D");
-  return true;
+  const bool completa = largo == kLargoCompleto || largo == 8;
+  if (completa) campo.Text = sesion_.Utiles().ConvertirFecha(campo.Text, 1, "D", "D");
+  // A text as long as a date that is none would stand for the beginning of time.
+  if (completa && !Almacenada(campo.Text).empty()) return true;
+  Rechazar(campo, "Fecha incorrecta");
+  return false;
 }
 
 void RangoFechas::Dejar(TextBox& campo) {
