@@ -11,14 +11,9 @@
 
 namespace {
 
-std::unique_ptr<services::Utiles> CrearUtiles(services::Sesion& sesion) {
-  return std::make_unique<sorvex::Utiles>([&sesion] { return sesion.Usuario(); },
-                                          [&sesion] { return sesion.Ahora(); });
-}
-
 services::Plataforma CrearPlataforma() {
   services::Plataforma plataforma = qt::CrearPlataforma();
-  plataforma.CrearUtiles = &CrearUtiles;
+  plataforma.CrearUtiles = &sorvex::CrearUtiles;
   auto registro = automation::CrearRegistro(
       automation::RutaDeBiblioteca(reinterpret_cast<const void*>(&services::DllRegisterServer)));
   plataforma.Registrar = std::move(registro.Registrar);

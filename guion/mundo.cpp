@@ -28,10 +28,7 @@ Mundo::Mundo(Base& datos, Base& local, Fabrica fabrica)
                                                    Vigilar(local, vigia_local_))),
       datos_clase_(anfitrion_) {
   entorno_->CrearUtiles = [registro = registro_](services::Sesion& sesion) {
-    return std::make_unique<UtilesVigilados>(
-        std::make_unique<sorvex::Utiles>([&sesion] { return sesion.Usuario(); },
-                                         [&sesion] { return sesion.Ahora(); }),
-        registro);
+    return std::make_unique<UtilesVigilados>(sorvex::CrearUtiles(sesion), registro);
   };
 }
 

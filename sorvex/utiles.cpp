@@ -67,4 +67,9 @@ std::string Utiles::FechaActualizado(services::FechaHora momento) {
   return texto.data();
 }
 
+std::unique_ptr<services::Utiles> CrearUtiles(services::Sesion& sesion) {
+  return std::make_unique<Utiles>([&sesion] { return sesion.Usuario(); },
+                                  [&sesion] { return sesion.Ahora(); });
+}
+
 }  // namespace sorvex

@@ -1,9 +1,11 @@
 #pragma once
 
 #include <functional>
+#include <memory>
 #include <string>
 #include <string_view>
 
+#include "services/sesion.h"
 #include "services/utiles.h"
 
 namespace sorvex {
@@ -39,5 +41,8 @@ class Utiles final : public services::Utiles {
   std::function<std::string()> usuario_;
   std::function<services::FechaHora()> ahora_;
 };
+
+/// Made for a session, whose user and clock they ask.
+[[nodiscard]] std::unique_ptr<services::Utiles> CrearUtiles(services::Sesion& sesion);
 
 }  // namespace sorvex

@@ -45,22 +45,22 @@ void TextBox::Cambiada(Aspecto aspecto) {
   if (aspecto == Aspecto::Text) Disparar(Change);
 }
 
-Label::Label(Form& form, std::string nombre, std::string caption, const Diseno& diseno)
+ConCaption::ConCaption(Form& form, std::string nombre, std::string caption, const Diseno& diseno)
     : Widget(form, std::move(nombre), diseno),
       Caption(*this, Aspecto::Caption, std::move(caption)) {}
 
-std::optional<Valor> Label::Leer(Aspecto aspecto) const {
+std::optional<Valor> ConCaption::Leer(Aspecto aspecto) const {
   return aspecto == Aspecto::Caption ? Valor(Caption()) : Widget::Leer(aspecto);
 }
 
+Label::Label(Form& form, std::string nombre, std::string caption, const Diseno& diseno)
+    : ConCaption(form, std::move(nombre), std::move(caption), diseno) {}
+
 CheckBox::CheckBox(Form& form, std::string nombre, std::string caption, const Diseno& diseno)
-    : Widget(form, std::move(nombre), diseno),
-      Caption(*this, Aspecto::Caption, std::move(caption)) {}
+    : ConCaption(form, std::move(nombre), std::move(caption), diseno) {}
 
 std::optional<Valor> CheckBox::Leer(Aspecto aspecto) const {
-  if (aspecto == Aspecto::Caption) return Caption();
-  if (aspecto == Aspecto::Value) return Value();
-  return Widget::Leer(aspecto);
+  return aspecto == Aspecto::Value ? Valor(Value()) : ConCaption::Leer(aspecto);
 }
 
 void CheckBox::Cambiada(Aspecto aspecto) {
@@ -70,13 +70,10 @@ void CheckBox::Cambiada(Aspecto aspecto) {
 
 OptionButton::OptionButton(Form& form, std::string nombre, std::string caption,
                            const Diseno& diseno)
-    : Widget(form, std::move(nombre), diseno),
-      Caption(*this, Aspecto::Caption, std::move(caption)) {}
+    : ConCaption(form, std::move(nombre), std::move(caption), diseno) {}
 
 std::optional<Valor> OptionButton::Leer(Aspecto aspecto) const {
-  if (aspecto == Aspecto::Caption) return Caption();
-  if (aspecto == Aspecto::Value) return Value();
-  return Widget::Leer(aspecto);
+  return aspecto == Aspecto::Value ? Valor(Value()) : ConCaption::Leer(aspecto);
 }
 
 void OptionButton::Cambiada(Aspecto aspecto) {
@@ -147,20 +144,10 @@ void ComboBox::Cambiada(Aspecto aspecto) {
 }
 
 Pulsador::Pulsador(Form& form, std::string nombre, std::string caption, const Diseno& diseno)
-    : Widget(form, std::move(nombre), diseno),
-      Caption(*this, Aspecto::Caption, std::move(caption)) {}
-
-std::optional<Valor> Pulsador::Leer(Aspecto aspecto) const {
-  return aspecto == Aspecto::Caption ? Valor(Caption()) : Widget::Leer(aspecto);
-}
+    : ConCaption(form, std::move(nombre), std::move(caption), diseno) {}
 
 Cintilla::Cintilla(Form& form, std::string nombre, std::string caption, const Diseno& diseno)
-    : Widget(form, std::move(nombre), diseno),
-      Caption(*this, Aspecto::Caption, std::move(caption)) {}
-
-std::optional<Valor> Cintilla::Leer(Aspecto aspecto) const {
-  return aspecto == Aspecto::Caption ? Valor(Caption()) : Widget::Leer(aspecto);
-}
+    : ConCaption(form, std::move(nombre), std::move(caption), diseno) {}
 
 Image::Image(Form& form, std::string nombre, std::string imagen, const Diseno& diseno)
     : Widget(form, std::move(nombre), diseno),

@@ -44,21 +44,28 @@ class TextBox : public Widget {
   [[nodiscard]] bool TieneFondo() const override { return true; }
 };
 
-/// A text that the user reads.
-class Label : public Widget {
+/// A widget with a caption: what the user reads on it or beside it.
+class ConCaption : public Widget {
  public:
-  Label(Form& form, std::string nombre, std::string caption, const Diseno& diseno);
   Propiedad<std::string> Caption;
   [[nodiscard]] std::optional<Valor> Leer(Aspecto aspecto) const override;
+
+ protected:
+  ConCaption(Form& form, std::string nombre, std::string caption, const Diseno& diseno);
+};
+
+/// A text that the user reads.
+class Label : public ConCaption {
+ public:
+  Label(Form& form, std::string nombre, std::string caption, const Diseno& diseno);
 
  protected:
   [[nodiscard]] bool TieneFondo() const override { return true; }
 };
 
-class CheckBox : public Widget {
+class CheckBox : public ConCaption {
  public:
   CheckBox(Form& form, std::string nombre, std::string caption, const Diseno& diseno);
-  Propiedad<std::string> Caption;
   /// Ticked or not. Fires `Click`.
   Propiedad<bool> Value{*this, Aspecto::Value};
   [[nodiscard]] bool AdmiteFoco() const override { return true; }
@@ -70,10 +77,9 @@ class CheckBox : public Widget {
 };
 
 /// One of a group of which at most one is on: the options of the same panel, or of the form itself.
-class OptionButton : public Widget {
+class OptionButton : public ConCaption {
  public:
   OptionButton(Form& form, std::string nombre, std::string caption, const Diseno& diseno);
-  Propiedad<std::string> Caption;
   /// To True, the others of its group go False silently, and then `Click` fires. To False it fires
   /// nothing.
   Propiedad<bool> Value{*this, Aspecto::Value};
@@ -116,24 +122,20 @@ class ComboBox : public Widget {
 };
 
 /// The push button of the suite.
-class Pulsador : public Widget {
+class Pulsador : public ConCaption {
  public:
   Pulsador(Form& form, std::string nombre, std::string caption, const Diseno& diseno);
-  Propiedad<std::string> Caption;
   /// Whether a click takes the focus to it. `BtnCancelar` doesn't, so that the field being left
   /// raises no complaint.
   bool TomaFoco = true;
   [[nodiscard]] bool AdmiteFoco() const override { return TomaFoco; }
-  [[nodiscard]] std::optional<Valor> Leer(Aspecto aspecto) const override;
 };
 
 /// The title bar of the suite's screens.
-class Cintilla : public Widget {
+class Cintilla : public ConCaption {
  public:
   Cintilla(Form& form, std::string nombre, std::string caption, const Diseno& diseno);
-  Propiedad<std::string> Caption;
   Evento Cerrar;
-  [[nodiscard]] std::optional<Valor> Leer(Aspecto aspecto) const override;
 };
 
 class Image : public Widget {

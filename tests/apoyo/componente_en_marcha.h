@@ -65,10 +65,7 @@ class ComponenteEnMarcha {
                      services::Ref<services::Conexion> temp, services::FechaHora ahora)
       : contexto_(services::Crear<ContextoDeAnfitrion>(std::move(datos), std::move(temp))) {
     entorno_->PararReloj(ahora);
-    entorno_->CrearUtiles = [](services::Sesion& sesion) {
-      return std::make_unique<sorvex::Utiles>([&sesion] { return sesion.Usuario(); },
-                                              [&sesion] { return sesion.Ahora(); });
-    };
+    entorno_->CrearUtiles = &sorvex::CrearUtiles;
   }
 
   /// Takes the session without a screen.

@@ -13,6 +13,7 @@
 #include "guion/carpeta_temporal.h"
 #include "jornada/partida.h"
 #include "qt/plataforma_qt.h"
+#include "sorvex/utiles.h"
 #include "sqlite/conexion.h"
 
 // A working day with keys and mouse alone, on the real screen.
@@ -50,10 +51,7 @@ class DiaEnPantalla : public testing::Test {
     opciones.Local = (carpeta.Ruta() / "local.sqlite").string();
     plataforma.Ahora = [] { return services::HacerFecha(2005, 3, 15, 10, 0, 0); };
     plataforma.Pantalla = [] { return services::MedidaPantalla{15360, 11520}; };
-    plataforma.CrearUtiles = [](services::Sesion& de) {
-      return std::make_unique<sorvex::Utiles>([&de] { return de.Usuario(); },
-                                              [&de] { return de.Ahora(); });
-    };
+    plataforma.CrearUtiles = &sorvex::CrearUtiles;
     plataforma.ErrorNoControlado = [](const services::ErrorEjecucion& fallo) {
       ADD_FAILURE() << fallo.Descripcion();
     };

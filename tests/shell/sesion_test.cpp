@@ -95,10 +95,7 @@ class Contexto final
 class Sesion : public testing::Test {
  protected:
   Sesion() {
-    entorno->CrearUtiles = [](services::Sesion& s) {
-      return std::make_unique<sorvex::Utiles>([&s] { return s.Usuario(); },
-                                              [&s] { return s.Ahora(); });
-    };
+    entorno->CrearUtiles = &sorvex::CrearUtiles;
     contexto->datos = Ref<Conexion>(rota);
     contexto->temp = Ref<Conexion>(rota);
   }
