@@ -144,8 +144,7 @@ bool VinculoRejilla::DoblePulsarRaton(QMouseEvent& evento) {
   if (evento.button() != Qt::LeftButton || !Modelo().TieneFoco()) return true;
   const QModelIndex celda = Vista().indexAt(evento.position().toPoint());
   if (celda != CeldaActual()) return true;
-  services::MSFlexGrid& rejilla = Modelo();
-  rejilla.Formulario().Escritorio().Evento([&] { services::Widget::Disparar(rejilla.DblClick); });
+  services::entrada::SegundaPulsacion(Modelo());
   return true;
 }
 
@@ -172,8 +171,7 @@ bool VinculoRejilla::EntrarALaVista() {
   int columna = 0;
   while (columna < rejilla.Cols() && rejilla.ColWidth(columna) == 0) ++columna;
   if (columna == rejilla.Cols()) return false;
-  const int fila = std::clamp(rejilla.TopRow(), 1, rejilla.Rows - 1);
-  rejilla.Formulario().Escritorio().Evento([&] { rejilla.MoverA(fila, columna); });
+  services::entrada::LlevarCelda(rejilla, rejilla.TopRow, columna);
   return true;
 }
 
@@ -221,9 +219,7 @@ bool VinculoRejilla::MoverPorTecla(int tecla) {
     default:
       return false;
   }
-  if (ultima < 1) return true;
-  rejilla.Formulario().Escritorio().Evento(
-      [&] { rejilla.MoverA(std::clamp(fila, 1, ultima), rejilla.Col); });
+  services::entrada::LlevarCelda(rejilla, fila, rejilla.Col);
   return true;
 }
 

@@ -225,6 +225,19 @@ void DoblePulsarCelda(MSFlexGrid& rejilla, int fila, int columna) {
   });
 }
 
+void SegundaPulsacion(MSFlexGrid& rejilla) {
+  if (!rejilla.Alcanzable() || !rejilla.TieneFoco()) return;
+  Evento(rejilla, [&] { Widget::Disparar(rejilla.DblClick); });
+}
+
+void LlevarCelda(MSFlexGrid& rejilla, int fila, int columna) {
+  if (!rejilla.Alcanzable() || rejilla.Rows < 2) return;
+  const int ultima = rejilla.Rows - 1;
+  Evento(rejilla, [&] {
+    rejilla.MoverA(std::clamp(fila, 1, ultima), std::clamp(columna, 0, rejilla.Cols() - 1));
+  });
+}
+
 void Enfocar(Widget& widget) {
   Evento(widget, [&] { LlevarFoco(widget); });
 }

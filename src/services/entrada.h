@@ -42,6 +42,11 @@ void Pulsar(Widget& widget);
 void PulsarCelda(MSFlexGrid& rejilla, int fila, int columna);
 /// A click, and then `DblClick`.
 void DoblePulsarCelda(MSFlexGrid& rejilla, int fila, int columna);
+/// The second press of a double click, the first of which was told as a click: `DblClick`.
+void SegundaPulsacion(MSFlexGrid& rejilla);
+/// A key of the window, such as the page keys, takes the current cell to another one. A cell that
+/// isn't there is the nearest one of the data.
+void LlevarCelda(MSFlexGrid& rejilla, int fila, int columna);
 /// The user goes to a widget.
 void Enfocar(Widget& widget);
 

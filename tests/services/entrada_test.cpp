@@ -99,6 +99,20 @@ TEST_F(Raton, PulsarLaCabeceraNoLlegaANingunaFila) {
   EXPECT_EQ(f.Msf.Col, 0);
 }
 
+TEST_F(Raton, LaSegundaPulsacionSoloAnadeElDobleClic) {
+  PonerFoco(f.Msf);
+  entrada::SegundaPulsacion(f.Msf);
+  EXPECT_THAT(sucesos.Tomar(), ElementsAre("Msf.DblClick"));
+}
+
+TEST_F(Raton, LlevarLaCeldaMasAllaLaDejaEnLaUltima) {
+  PonerFoco(f.Msf);
+  entrada::LlevarCelda(f.Msf, 99, 0);
+  EXPECT_EQ(f.Msf.Row, f.Msf.Rows - 1);
+  entrada::LlevarCelda(f.Msf, -5, 0);
+  EXPECT_EQ(f.Msf.Row, 1);
+}
+
 TEST_F(Raton, PulsarUnaFilaQueSeFueAlDejarOtroCampoNoLlegaANingunaFila) {
   PonerFoco(f.TxtA);
   f.TxtA.LostFocus = [this] { f.Msf.Rows = 2; };
