@@ -19,8 +19,6 @@ class Unidad {
   Unidad(Base& base, Almacen& almacen, bool agrupa)
       : base_(base), almacen_(almacen), agrupa_(agrupa) {}
 
-  /// Begins the unit with the first write. It takes the writer's lock at once, and so may wait.
-  void AntesDeEscribir();
   /// Runs a statement that writes; a failure leaves what was written before it.
   void Escribir(sqlite3_stmt* sentencia);
   void Terminar();
@@ -30,6 +28,8 @@ class Unidad {
 
  private:
   void Paso(std::string_view texto);
+  /// Begins the unit with the first write. It takes the writer's lock at once, and so may wait.
+  void AntesDeEscribir();
   /// Runs a step of the unit; an error of the file's loses it.
   template <class Accion>
   void Intentar(Accion accion);

@@ -24,7 +24,8 @@ class ListaPagos {
   services::CheckBox ChkPrevisiones;
 
   /// Rebuilds the list from the working tables. After a line that couldn't be written, and its
-  /// message, the grid stays at its header and its events stay off until the next rebuild.
+  /// message, the grid stays at its header; after that, and after an error that comes out (13 for a
+  /// negative amount), its events stay off until the next rebuild.
   void CargarGrip();
   /// By date when `OptFecha` is chosen, by concept when not.
   [[nodiscard]] Orden OrdenElegido() const { return OptFecha.Value ? PorFecha : PorConcepto; }

@@ -33,7 +33,6 @@ class Filas {
 
   /// The whole number of a cell that was added by `AnadirEntero`; not cut to 32 bits.
   [[nodiscard]] std::int64_t Entero(std::size_t fila, std::size_t columna) const;
-  void Reservar(std::size_t filas) { celdas_.reserve(filas * columnas_); }
 
  private:
   enum class Clase : std::uint8_t { Nulo, Logico, Entero, Numero, Fecha, Texto };

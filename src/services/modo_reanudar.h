@@ -14,7 +14,6 @@ class ModoReanudar {
  public:
   void Activar() noexcept { activo_ = true; }
   void Desactivar() noexcept { activo_ = false; }
-  [[nodiscard]] bool Activo() const noexcept { return activo_; }
 
   template <class Accion>
   void Paso(Accion&& accion) {
