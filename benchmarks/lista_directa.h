@@ -3,7 +3,7 @@
 #include <cstddef>
 
 #include "apoyo/negocio_de_prueba.h"
-#include "sqlite/base.h"
+#include "sqlite/fichero.h"
 
 // The list's rows written to its table and read back in order, with prepared statements and no
 // more. It is what the rebuild of the list is compared with.

@@ -29,10 +29,15 @@ function(tesvara_piso nombre)
   target_link_libraries(${nombre} PUBLIC ${P_ENLAZA} PRIVATE tesvara_avisos ${P_PRIVADO})
 endfunction()
 
-# tesvara_prueba(NAME ENLAZA target...): one test program out of the current folder's sources.
+# tesvara_prueba(NAME ENLAZA target... [CARPETAS folder...]): one test program out of the sources of
+# the current folder and of those folders of it.
 function(tesvara_prueba nombre)
-  cmake_parse_arguments(P "" "" "ENLAZA" ${ARGN})
-  file(GLOB fuentes CONFIGURE_DEPENDS *.cpp *.h)
+  cmake_parse_arguments(P "" "" "ENLAZA;CARPETAS" ${ARGN})
+  set(patrones *.cpp *.h)
+  foreach(carpeta ${P_CARPETAS})
+    list(APPEND patrones ${carpeta}/*.cpp ${carpeta}/*.h)
+  endforeach()
+  file(GLOB fuentes CONFIGURE_DEPENDS ${patrones})
   add_executable(${nombre} ${fuentes})
   target_include_directories(${nombre} PRIVATE ${PROJECT_SOURCE_DIR}/tests)
   target_link_libraries(${nombre} PRIVATE ${P_ENLAZA} tesvara_avisos GTest::gmock GTest::gtest_main)

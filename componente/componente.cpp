@@ -1,11 +1,11 @@
 #include <memory>
 
-#include "automation/registro.h"
+#include "automation/registro_clases.h"
 #include "qt/plataforma_qt.h"
 #include "services/automatizacion.h"
 #include "services/plataforma.h"
 #include "services/sesion.h"
-#include "sorvex/utiles.h"
+#include "sorvex/utiles_sorvex.h"
 
 // What the component is given when it runs as a library in a host with a desktop.
 

@@ -3,7 +3,7 @@
 #include <string>
 
 #include "dialecto/traductor.h"
-#include "services/error.h"
+#include "valores/error.h"
 
 // Any bytes at all are either refused with an error of the system or become one statement of the
 // engine, with no literal left in it, a value for each of its parameters, and no two of them

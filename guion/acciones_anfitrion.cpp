@@ -2,7 +2,7 @@
 
 #include "guion/acciones.h"
 #include "guion/ejecucion.h"
-#include "services/error.h"
+#include "valores/error.h"
 
 // What the host does before and around the component.
 

@@ -1,9 +1,9 @@
 #include <array>
 
+#include "forms/msflexgrid.h"
 #include "guion/acciones.h"
 #include "guion/ejecucion.h"
 #include "guion/salida.h"
-#include "services/msflexgrid.h"
 
 // Claims: what is expected against what there is.
 

@@ -1,10 +1,10 @@
 #include <array>
 #include <utility>
 
+#include "forms/msflexgrid.h"
 #include "guion/acciones.h"
 #include "guion/ejecucion.h"
 #include "guion/salida.h"
-#include "services/msflexgrid.h"
 
 // What is printed of what can be seen.
 

@@ -1,12 +1,12 @@
 #include <algorithm>
 #include <array>
 
+#include "forms/controles.h"
+#include "forms/entrada.h"
+#include "forms/msflexgrid.h"
 #include "guion/acciones.h"
 #include "guion/ejecucion.h"
-#include "services/controles.h"
-#include "services/entrada.h"
-#include "services/msflexgrid.h"
-#include "services/texto.h"
+#include "valores/texto.h"
 
 // What the host's menu and the user do. As on a real screen, nothing comes of working on what can't
 // be reached: a widget hidden or disabled, a screen hidden or behind a modal one.

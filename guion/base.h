@@ -3,7 +3,7 @@
 #include <string>
 #include <vector>
 
-#include "services/conexion.h"
+#include "datos/conexion.h"
 
 namespace guion {
 

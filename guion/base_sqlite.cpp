@@ -2,7 +2,7 @@
 
 #include "guion/salida.h"
 #include "guion/texto_guion.h"
-#include "services/error.h"
+#include "valores/error.h"
 
 namespace guion {
 namespace {

@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "guion/base.h"
-#include "sqlite/conexion.h"
+#include "sqlite/conexion_sqlite.h"
 
 namespace guion {
 

@@ -6,7 +6,7 @@
 
 #include "guion/base.h"
 #include "guion/carpeta_temporal.h"
-#include "guion/opciones.h"
+#include "guion/opciones_guion.h"
 
 namespace guion {
 

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <utility>
 
-#include "services/error.h"
+#include "valores/error.h"
 
 namespace guion {
 namespace {

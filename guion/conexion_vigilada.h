@@ -5,8 +5,8 @@
 #include <string>
 #include <vector>
 
-#include "guion/registro.h"
-#include "services/conexion.h"
+#include "datos/conexion.h"
+#include "guion/peticiones.h"
 
 namespace guion {
 

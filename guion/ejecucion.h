@@ -8,11 +8,11 @@
 #include <string_view>
 #include <vector>
 
+#include "forms/form.h"
+#include "forms/widget.h"
 #include "guion/gramatica.h"
 #include "guion/mundo.h"
-#include "services/error.h"
-#include "services/form.h"
-#include "services/widget.h"
+#include "valores/error.h"
 
 namespace guion {
 

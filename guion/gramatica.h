@@ -7,9 +7,9 @@
 #include <string_view>
 #include <vector>
 
+#include "forms/propiedad.h"
 #include "guion/texto_guion.h"
-#include "services/fecha.h"
-#include "services/propiedad.h"
+#include "valores/fecha.h"
 
 // The words of the scenarios and what each takes.
 

@@ -5,7 +5,7 @@
 #include "guion/texto_guion.h"
 #include "guion/utiles_vigilados.h"
 #include "services/sesion.h"
-#include "sorvex/utiles.h"
+#include "sorvex/utiles_sorvex.h"
 
 namespace guion {
 namespace {

@@ -4,10 +4,10 @@
 #include <memory>
 #include <string>
 
-#include "guion/anfitrion.h"
+#include "guion/anfitrion_guion.h"
 #include "guion/base.h"
 #include "guion/conexion_vigilada.h"
-#include "guion/registro.h"
+#include "guion/peticiones.h"
 #include "headless/entorno.h"
 #include "services/anfitrion.h"
 

@@ -5,7 +5,7 @@
 
 #include "guion/bases.h"
 #include "guion/ejecucion.h"
-#include "guion/opciones.h"
+#include "guion/opciones_guion.h"
 
 namespace guion {
 namespace {

@@ -5,12 +5,12 @@
 #include <string_view>
 #include <vector>
 
+#include "forms/msflexgrid.h"
+#include "forms/widget.h"
 #include "headless/informe_grabado.h"
 #include "headless/mensajes.h"
-#include "services/fecha.h"
-#include "services/msflexgrid.h"
-#include "services/valor.h"
-#include "services/widget.h"
+#include "valores/fecha.h"
+#include "valores/valor.h"
 
 // What is printed, to the blank: texts that don't depend on the engine nor on the machine.
 

@@ -1,6 +1,6 @@
 #include "guion/textos.h"
 
-#include "services/error.h"
+#include "valores/error.h"
 
 namespace guion {
 namespace {

@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "services/conexion.h"
+#include "datos/conexion.h"
 
 namespace guion {
 

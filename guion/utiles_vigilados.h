@@ -3,7 +3,7 @@
 #include <memory>
 #include <utility>
 
-#include "guion/registro.h"
+#include "guion/peticiones.h"
 #include "services/utiles.h"
 
 namespace guion {

@@ -1,8 +1,8 @@
 #include <algorithm>
 #include <array>
 
+#include "forms/entrada.h"
 #include "guion/gramatica.h"
-#include "services/entrada.h"
 #include "services/utiles.h"
 
 namespace guion {

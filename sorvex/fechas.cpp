@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <optional>
 
-#include "services/fecha.h"
-#include "services/texto.h"
+#include "valores/fecha.h"
+#include "valores/texto.h"
 
 namespace sorvex {
 namespace {

@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <string_view>
 
-#include "services/entrada.h"
-#include "services/texto.h"
+#include "forms/entrada.h"
+#include "valores/texto.h"
 
 namespace sorvex {
 namespace {

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "services/controles.h"
+#include "forms/controles.h"
 
 namespace sorvex {
 

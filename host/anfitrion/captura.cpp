@@ -7,7 +7,7 @@
 #include <QTableView>
 #include <QWidget>
 
-#include "services/error.h"
+#include "valores/error.h"
 
 namespace anfitrion {
 namespace {

@@ -1,6 +1,6 @@
 #include "contexto.h"
 
-#include "services/error.h"
+#include "valores/error.h"
 
 namespace anfitrion {
 

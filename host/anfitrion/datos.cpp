@@ -5,9 +5,9 @@
 
 #include "esquema/esquema_sqlite.h"
 #include "muestra/muestra.h"
-#include "services/error.h"
-#include "services/fecha.h"
-#include "sqlite/conexion.h"
+#include "sqlite/conexion_sqlite.h"
+#include "valores/error.h"
+#include "valores/fecha.h"
 
 namespace anfitrion {
 namespace {

@@ -3,9 +3,9 @@
 #include <filesystem>
 #include <string>
 
-#include "opciones.h"
-#include "services/automatizacion.h"
-#include "services/conexion.h"
+#include "datos/conexion.h"
+#include "opciones_suite.h"
+#include "valores/objeto.h"
 
 namespace anfitrion {
 

@@ -3,13 +3,13 @@
 #include <QMessageBox>
 #include <QTimer>
 
-#include "automation/registro.h"
+#include "automation/registro_clases.h"
 #include "automation/servidores.h"
 #include "captura.h"
 #include "datos.h"
-#include "opciones.h"
+#include "opciones_suite.h"
 #include "services/anfitrion.h"
-#include "services/error.h"
+#include "valores/error.h"
 #include "ventana_principal.h"
 
 // The example suite "Sorvex": a host for the component, with a business of its own.

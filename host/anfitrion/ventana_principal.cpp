@@ -14,7 +14,7 @@
 #include "automation/servidores.h"
 #include "contexto.h"
 #include "formulario.h"
-#include "services/error.h"
+#include "valores/error.h"
 
 namespace anfitrion {
 namespace {

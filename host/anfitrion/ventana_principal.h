@@ -4,7 +4,7 @@
 #include <functional>
 
 #include "datos.h"
-#include "opciones.h"
+#include "opciones_suite.h"
 #include "services/anfitrion.h"
 
 namespace anfitrion {

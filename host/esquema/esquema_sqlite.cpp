@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <array>
 
-#include "services/error.h"
+#include "valores/error.h"
 
 namespace esquema {
 

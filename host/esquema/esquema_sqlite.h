@@ -3,7 +3,7 @@
 #include <string>
 
 #include "esquema/tablas.h"
-#include "sqlite/conexion.h"
+#include "sqlite/conexion_sqlite.h"
 
 namespace esquema {
 

@@ -3,7 +3,7 @@
 #include <span>
 #include <string_view>
 
-#include "services/conexion.h"
+#include "datos/conexion.h"
 
 // The tables of both databases, told once for every engine.
 

@@ -2,9 +2,9 @@
 
 #include <string>
 
+#include "datos/conexion.h"
+#include "datos/recordset.h"
 #include "muestra/negocio.h"
-#include "services/conexion.h"
-#include "services/recordset.h"
 
 namespace muestra {
 

@@ -2,12 +2,12 @@
 
 #include <array>
 
+#include "datos/recordset.h"
 #include "muestra/caja.h"
 #include "muestra/conceptos.h"
 #include "muestra/escritura.h"
 #include "muestra/facturas.h"
 #include "muestra/previsiones.h"
-#include "services/recordset.h"
 
 namespace muestra {
 

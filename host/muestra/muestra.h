@@ -1,7 +1,7 @@
 #pragma once
 
-#include "services/conexion.h"
-#include "services/fecha.h"
+#include "datos/conexion.h"
+#include "valores/fecha.h"
 
 // A sample business for whoever opens the suite for the first time.
 

@@ -6,7 +6,7 @@
 #include <string_view>
 #include <vector>
 
-#include "services/fecha.h"
+#include "valores/fecha.h"
 
 // The sample business as plain values, before any of it is written.
 

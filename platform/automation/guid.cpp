@@ -2,7 +2,7 @@
 #include <charconv>
 #include <cstddef>
 
-#include "automation/registro.h"
+#include "automation/registro_clases.h"
 
 namespace automation {
 namespace {

@@ -5,7 +5,7 @@
 #include <map>
 #include <string>
 
-#include "automation/registro.h"
+#include "automation/registro_clases.h"
 
 namespace automation {
 namespace {

@@ -6,7 +6,7 @@
 #include <string_view>
 
 #include "services/automatizacion.h"
-#include "services/error.h"
+#include "valores/error.h"
 
 // What a host asks of the automation runtime. All of it from one thread. Failures are
 // `ErrorEjecucion`s.

@@ -1,6 +1,6 @@
 #include "dialecto/catalogo.h"
 
-#include "services/texto.h"
+#include "valores/texto.h"
 
 namespace dialecto {
 

@@ -4,7 +4,7 @@
 #include <string_view>
 #include <vector>
 
-#include "services/conexion.h"
+#include "datos/conexion.h"
 
 namespace dialecto {
 

@@ -7,8 +7,8 @@
 #include <optional>
 
 #include "dialecto/rechazo.h"
-#include "services/numero.h"
-#include "services/texto.h"
+#include "valores/numero.h"
+#include "valores/texto.h"
 
 namespace dialecto {
 

@@ -2,8 +2,8 @@
 
 #include <string_view>
 
-#include "services/conexion.h"
-#include "services/valor.h"
+#include "datos/conexion.h"
+#include "valores/valor.h"
 
 namespace dialecto {
 

@@ -3,7 +3,7 @@
 #include <string>
 #include <string_view>
 
-#include "services/error.h"
+#include "valores/error.h"
 
 namespace dialecto {
 

@@ -9,7 +9,7 @@
 #include "dialecto/catalogo.h"
 #include "dialecto/motor.h"
 #include "dialecto/token.h"
-#include "services/valor.h"
+#include "valores/valor.h"
 
 namespace dialecto {
 

@@ -4,10 +4,10 @@
 #include <ctime>
 #include <utility>
 
+#include "forms/escritorio.h"
+#include "forms/form.h"
 #include "headless/selector_conceptos.h"
 #include "headless/ventana_headless.h"
-#include "services/escritorio.h"
-#include "services/form.h"
 #include "services/utiles.h"
 
 namespace headless {

@@ -9,8 +9,8 @@
 
 #include "headless/informe_grabado.h"
 #include "headless/mensajes.h"
-#include "services/fecha.h"
 #include "services/plataforma.h"
+#include "valores/fecha.h"
 
 namespace services {
 class Escritorio;

@@ -1,6 +1,6 @@
 #include "headless/informe_grabado.h"
 
-#include "services/texto.h"
+#include "valores/texto.h"
 
 namespace headless {
 namespace {

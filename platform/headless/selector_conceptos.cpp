@@ -2,9 +2,9 @@
 
 #include <optional>
 
+#include "forms/controles.h"
+#include "forms/form.h"
 #include "headless/entorno.h"
-#include "services/controles.h"
-#include "services/form.h"
 
 namespace headless {
 

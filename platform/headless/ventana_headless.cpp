@@ -1,7 +1,7 @@
 #include "headless/ventana_headless.h"
 
+#include "forms/form.h"
 #include "headless/entorno.h"
-#include "services/form.h"
 
 namespace headless {
 

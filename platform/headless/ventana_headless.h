@@ -3,7 +3,7 @@
 #include <memory>
 #include <utility>
 
-#include "services/ventana.h"
+#include "forms/ventana.h"
 
 namespace services {
 class Form;

@@ -6,7 +6,7 @@
 #include <algorithm>
 #include <vector>
 
-#include "qt/conversion.h"
+#include "qt/textos_qt.h"
 
 namespace qt {
 namespace {

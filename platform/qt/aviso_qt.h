@@ -1,7 +1,7 @@
 #pragma once
 
-#include "services/error.h"
 #include "services/utiles.h"
+#include "valores/error.h"
 
 namespace qt {
 

@@ -3,7 +3,7 @@
 #include <cmath>
 #include <utility>
 
-#include "services/widget.h"
+#include "forms/widget.h"
 
 namespace qt {
 namespace {

@@ -2,9 +2,9 @@
 
 #include <QPainter>
 
+#include "forms/msflexgrid.h"
 #include "qt/dibujos.h"
 #include "qt/modelo_rejilla.h"
-#include "services/msflexgrid.h"
 
 namespace qt {
 namespace {

@@ -3,9 +3,9 @@
 #include <QContextMenuEvent>
 #include <QMenu>
 
-#include "qt/conversion.h"
+#include "forms/entrada.h"
+#include "qt/textos_qt.h"
 #include "qt/vinculo_texto.h"
-#include "services/entrada.h"
 
 // What changes a text other than by typing.
 

@@ -6,14 +6,14 @@
 #include <QPointer>
 #include <QTimer>
 
-#include "qt/conversion.h"
+#include "forms/controles.h"
+#include "forms/entrada.h"
+#include "forms/escritorio.h"
+#include "forms/form.h"
 #include "qt/nombres.h"
+#include "qt/textos_qt.h"
 #include "qt/vinculo.h"
 #include "qt/vinculos.h"
-#include "services/controles.h"
-#include "services/entrada.h"
-#include "services/escritorio.h"
-#include "services/form.h"
 
 namespace qt {
 namespace {

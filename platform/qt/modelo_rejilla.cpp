@@ -3,10 +3,10 @@
 #include <algorithm>
 #include <limits>
 
-#include "qt/conversion.h"
+#include "forms/msflexgrid.h"
 #include "qt/medidas.h"
-#include "services/msflexgrid.h"
-#include "services/numero.h"
+#include "qt/textos_qt.h"
+#include "valores/numero.h"
 
 namespace qt {
 namespace {

@@ -3,8 +3,8 @@
 #include <QWidget>
 #include <set>
 
-#include "qt/conversion.h"
-#include "services/form.h"
+#include "forms/form.h"
+#include "qt/textos_qt.h"
 
 namespace qt {
 

@@ -6,12 +6,12 @@
 #include <QScreen>
 #include <utility>
 
+#include "forms/form.h"
 #include "qt/aviso_qt.h"
-#include "qt/conversion.h"
 #include "qt/medidas.h"
 #include "qt/selector_conceptos_qt.h"
+#include "qt/textos_qt.h"
 #include "qt/ventana_qt.h"
-#include "services/form.h"
 
 namespace qt {
 namespace {

@@ -4,9 +4,9 @@
 #include <QPainter>
 #include <algorithm>
 
+#include "forms/msflexgrid.h"
 #include "qt/colores.h"
 #include "qt/medidas.h"
-#include "services/msflexgrid.h"
 
 namespace qt {
 namespace {

@@ -5,13 +5,13 @@
 #include <algorithm>
 #include <vector>
 
-#include "qt/conversion.h"
+#include "datos/recordset.h"
+#include "forms/controles.h"
+#include "forms/escritorio.h"
+#include "forms/form.h"
 #include "qt/dialogo_conceptos.h"
-#include "services/controles.h"
-#include "services/escritorio.h"
-#include "services/form.h"
-#include "services/recordset.h"
-#include "services/texto.h"
+#include "qt/textos_qt.h"
+#include "valores/texto.h"
 
 namespace qt {
 namespace {

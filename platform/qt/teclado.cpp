@@ -2,7 +2,7 @@
 
 #include <QKeyEvent>
 
-#include "services/entrada.h"
+#include "forms/entrada.h"
 
 namespace qt::teclado {
 namespace {

@@ -1,10 +1,10 @@
 #include "qt/ventana_qt.h"
 
+#include "forms/escritorio.h"
+#include "forms/form.h"
+#include "forms/msflexgrid.h"
 #include "qt/vinculo.h"
 #include "qt/vinculo_rejilla.h"
-#include "services/escritorio.h"
-#include "services/form.h"
-#include "services/msflexgrid.h"
 
 namespace qt {
 namespace {

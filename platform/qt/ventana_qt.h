@@ -4,8 +4,8 @@
 #include <QPointer>
 #include <functional>
 
+#include "forms/ventana.h"
 #include "qt/lienzo.h"
-#include "services/ventana.h"
 
 namespace services {
 class Form;

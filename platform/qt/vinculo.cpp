@@ -2,11 +2,11 @@
 
 #include <QKeyEvent>
 
+#include "forms/entrada.h"
 #include "qt/colores.h"
 #include "qt/lienzo.h"
 #include "qt/medidas.h"
 #include "qt/teclado.h"
-#include "services/entrada.h"
 
 namespace qt {
 

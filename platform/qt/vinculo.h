@@ -3,7 +3,7 @@
 #include <QObject>
 #include <QWidget>
 
-#include "services/widget.h"
+#include "forms/widget.h"
 
 class QKeyEvent;
 

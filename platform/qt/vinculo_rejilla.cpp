@@ -6,13 +6,13 @@
 #include <QScrollBar>
 #include <algorithm>
 
-#include "qt/conversion.h"
+#include "forms/entrada.h"
+#include "forms/escritorio.h"
+#include "forms/form.h"
 #include "qt/dibujo_celda.h"
 #include "qt/lienzo.h"
 #include "qt/teclado.h"
-#include "services/entrada.h"
-#include "services/escritorio.h"
-#include "services/form.h"
+#include "qt/textos_qt.h"
 
 namespace qt {
 namespace {

@@ -3,10 +3,10 @@
 #include <QLineEdit>
 #include <QPointer>
 
+#include "forms/msflexgrid.h"
 #include "qt/modelo_rejilla.h"
 #include "qt/rejilla_qt.h"
 #include "qt/vinculo.h"
-#include "services/msflexgrid.h"
 
 class QMouseEvent;
 

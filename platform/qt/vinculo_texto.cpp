@@ -5,9 +5,9 @@
 #include <QMenu>
 #include <QMouseEvent>
 
-#include "qt/conversion.h"
+#include "forms/entrada.h"
 #include "qt/lienzo.h"
-#include "services/entrada.h"
+#include "qt/textos_qt.h"
 
 namespace qt {
 

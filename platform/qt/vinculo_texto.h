@@ -2,9 +2,9 @@
 
 #include <QLineEdit>
 
+#include "forms/controles.h"
 #include "qt/historial.h"
 #include "qt/vinculo.h"
-#include "services/controles.h"
 
 class QContextMenuEvent;
 class QInputMethodEvent;

@@ -2,13 +2,13 @@
 
 #include <QLineEdit>
 
+#include "forms/controles.h"
+#include "forms/msflexgrid.h"
 #include "qt/rejilla_qt.h"
 #include "qt/vinculo_rejilla.h"
 #include "qt/vinculo_texto.h"
 #include "qt/vinculos_de_eleccion.h"
 #include "qt/vinculos_de_muestra.h"
-#include "services/controles.h"
-#include "services/msflexgrid.h"
 
 namespace qt {
 namespace {

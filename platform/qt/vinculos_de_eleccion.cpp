@@ -3,10 +3,10 @@
 #include <QKeyEvent>
 #include <algorithm>
 
-#include "qt/conversion.h"
+#include "forms/entrada.h"
 #include "qt/lienzo.h"
 #include "qt/teclado.h"
-#include "services/entrada.h"
+#include "qt/textos_qt.h"
 
 namespace qt {
 

@@ -6,8 +6,8 @@
 #include <QRadioButton>
 #include <QScrollBar>
 
+#include "forms/controles.h"
 #include "qt/vinculo.h"
-#include "services/controles.h"
 
 // What the user ticks, chooses, presses or moves.
 

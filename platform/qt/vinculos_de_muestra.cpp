@@ -4,9 +4,9 @@
 #include <QShortcut>
 #include <algorithm>
 
-#include "qt/conversion.h"
+#include "forms/entrada.h"
 #include "qt/lienzo.h"
-#include "services/entrada.h"
+#include "qt/textos_qt.h"
 
 namespace qt {
 

@@ -4,10 +4,10 @@
 #include <QLabel>
 #include <QProgressBar>
 
+#include "forms/controles.h"
 #include "qt/cintilla.h"
 #include "qt/imagen.h"
 #include "qt/vinculo.h"
-#include "services/controles.h"
 
 // What the user reads, and clicks without giving it the focus.
 

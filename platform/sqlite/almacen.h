@@ -8,7 +8,7 @@
 #include <vector>
 
 #include "dialecto/traductor.h"
-#include "sqlite/base.h"
+#include "sqlite/fichero.h"
 
 namespace sqlite {
 

@@ -2,8 +2,8 @@
 
 #include <algorithm>
 
-#include "services/error.h"
-#include "sqlite/valores.h"
+#include "sqlite/celdas.h"
+#include "valores/error.h"
 
 namespace sqlite {
 

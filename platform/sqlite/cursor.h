@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "sqlite/conexion.h"
+#include "sqlite/conexion_sqlite.h"
 
 namespace sqlite {
 

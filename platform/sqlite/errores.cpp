@@ -1,5 +1,5 @@
-#include "services/error.h"
-#include "sqlite/base.h"
+#include "sqlite/fichero.h"
+#include "valores/error.h"
 
 namespace sqlite {
 

@@ -2,8 +2,8 @@
 
 #include <cstring>
 
-#include "services/texto.h"
-#include "sqlite/base.h"
+#include "sqlite/fichero.h"
+#include "valores/texto.h"
 
 namespace sqlite {
 

@@ -2,9 +2,9 @@
 
 #include <optional>
 
-#include "services/error.h"
 #include "sqlite/almacen.h"
-#include "sqlite/base.h"
+#include "sqlite/fichero.h"
+#include "valores/error.h"
 
 namespace sqlite {
 

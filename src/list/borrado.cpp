@@ -1,9 +1,9 @@
 #include "list/borrado.h"
 
+#include "datos/recordset.h"
 #include "list/color_lista.h"
-#include "services/formato.h"
-#include "services/numero.h"
-#include "services/recordset.h"
+#include "valores/formato.h"
+#include "valores/numero.h"
 
 namespace list {
 namespace {

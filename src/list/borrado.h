@@ -2,10 +2,10 @@
 
 #include <string>
 
+#include "forms/controles.h"
 #include "list/edicion_pagado.h"
 #include "list/lista_pagos.h"
 #include "list/rejilla_pagos.h"
-#include "services/controles.h"
 #include "services/sesion.h"
 
 namespace list {

@@ -1,9 +1,9 @@
 #include "list/edicion_pagado.h"
 
+#include "forms/entrada.h"
 #include "list/color_lista.h"
-#include "services/entrada.h"
-#include "services/formato.h"
-#include "services/numero.h"
+#include "valores/formato.h"
+#include "valores/numero.h"
 
 namespace list {
 namespace {

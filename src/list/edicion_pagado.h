@@ -2,8 +2,8 @@
 
 #include <string_view>
 
+#include "forms/controles.h"
 #include "list/rejilla_pagos.h"
-#include "services/controles.h"
 #include "services/sesion.h"
 
 namespace list {

@@ -2,9 +2,9 @@
 
 #include "list/color_lista.h"
 #include "list/prevision.h"
-#include "services/error.h"
-#include "services/formato.h"
-#include "services/texto.h"
+#include "valores/error.h"
+#include "valores/formato.h"
+#include "valores/texto.h"
 
 namespace list {
 namespace {

@@ -2,10 +2,10 @@
 
 #include <string>
 
+#include "datos/recordset.h"
+#include "forms/controles.h"
 #include "list/edicion_pagado.h"
 #include "list/rejilla_pagos.h"
-#include "services/controles.h"
-#include "services/recordset.h"
 #include "services/sesion.h"
 #include "store/rango_fechas.h"
 

@@ -2,11 +2,11 @@
 
 #include <string>
 
-#include "services/error.h"
-#include "services/formato.h"
-#include "services/numero.h"
-#include "services/recordset.h"
-#include "services/texto.h"
+#include "datos/recordset.h"
+#include "valores/error.h"
+#include "valores/formato.h"
+#include "valores/numero.h"
+#include "valores/texto.h"
 
 namespace list {
 namespace {

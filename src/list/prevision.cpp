@@ -1,6 +1,6 @@
 #include "list/prevision.h"
 
-#include "services/fecha.h"
+#include "valores/fecha.h"
 
 namespace list {
 namespace {

@@ -1,7 +1,7 @@
 #include "list/rejilla_pagos.h"
 
-#include "services/formato.h"
-#include "services/numero.h"
+#include "valores/formato.h"
+#include "valores/numero.h"
 
 namespace list {
 namespace {

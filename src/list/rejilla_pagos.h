@@ -3,8 +3,8 @@
 #include <string>
 #include <string_view>
 
-#include "services/controles.h"
-#include "services/msflexgrid.h"
+#include "forms/controles.h"
+#include "forms/msflexgrid.h"
 #include "services/sesion.h"
 
 namespace list {

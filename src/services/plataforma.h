@@ -5,19 +5,18 @@
 #include <string>
 #include <vector>
 
+#include "forms/plataforma_forms.h"
 #include "services/automatizacion.h"
-#include "services/error.h"
-#include "services/fecha.h"
+#include "valores/error.h"
+#include "valores/fecha.h"
 
 namespace services {
 
 class Aviso;
 class DestinoInforme;
-class Form;
 class SelectorConceptos;
 class Sesion;
 class Utiles;
-class Ventana;
 
 /// A class that an in-process server offers, as the automation runtime keeps it.
 struct ClaseRegistrada {
@@ -33,13 +32,10 @@ struct MedidaPantalla {
 
 /// What is made for the component by whoever links it. Every member must be set before the first
 /// screen loads.
-struct Plataforma {
-  std::function<std::unique_ptr<Ventana>(Form&)> CrearVentana;
+struct Plataforma : PlataformaDeForms {
   std::function<std::unique_ptr<Aviso>()> CrearAviso;
   std::function<std::unique_ptr<Utiles>(Sesion&)> CrearUtiles;
   std::function<std::unique_ptr<SelectorConceptos>(Sesion&)> CrearSelectorConceptos;
-  /// An error that no handler caught.
-  std::function<void(const ErrorEjecucion&)> ErrorNoControlado;
   std::function<FechaHora()> Ahora;
   std::function<MedidaPantalla()> Pantalla;
   /// Device names of the printers, in order, and a report's way to one of them.

@@ -4,8 +4,8 @@
 #include <string>
 
 #include "services/anfitrion.h"
-#include "services/fecha.h"
 #include "services/utiles.h"
+#include "valores/fecha.h"
 
 namespace services {
 

@@ -5,8 +5,8 @@
 #include <string_view>
 
 #include "services/anfitrion.h"
-#include "services/automatizacion.h"
-#include "services/fecha.h"
+#include "valores/fecha.h"
+#include "valores/objeto.h"
 
 // The closed services of the suite, as the component needs them.
 

@@ -2,8 +2,8 @@
 
 #include <exception>
 
-#include "services/error.h"
 #include "shell/frm_tesvara_gastos.h"
+#include "valores/error.h"
 
 namespace shell {
 

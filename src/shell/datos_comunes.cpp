@@ -2,8 +2,8 @@
 
 #include <utility>
 
-#include "services/error.h"
 #include "shell/frm_tesvara_gastos.h"
+#include "valores/error.h"
 
 namespace shell {
 namespace {

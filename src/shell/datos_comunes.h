@@ -4,9 +4,9 @@
 #include <memory>
 #include <string>
 
+#include "forms/escritorio.h"
+#include "forms/form.h"
 #include "services/anfitrion.h"
-#include "services/escritorio.h"
-#include "services/form.h"
 #include "services/plataforma.h"
 #include "services/sesion.h"
 

@@ -1,7 +1,7 @@
 #include "shell/escala.h"
 
-#include "services/controles.h"
-#include "services/error.h"
+#include "forms/controles.h"
+#include "valores/error.h"
 
 namespace shell {
 namespace {

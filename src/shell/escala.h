@@ -1,6 +1,6 @@
 #pragma once
 
-#include "services/form.h"
+#include "forms/form.h"
 
 namespace shell {
 

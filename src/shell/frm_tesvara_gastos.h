@@ -1,11 +1,11 @@
 #pragma once
 
+#include "forms/controles.h"
+#include "forms/form.h"
 #include "list/borrado.h"
 #include "list/edicion_pagado.h"
 #include "list/lista_pagos.h"
 #include "list/rejilla_pagos.h"
-#include "services/controles.h"
-#include "services/form.h"
 #include "store/rango_fechas.h"
 
 namespace shell {

@@ -2,11 +2,11 @@
 
 #include <string>
 
-#include "services/modo_reanudar.h"
-#include "services/recordset.h"
-#include "services/texto.h"
+#include "datos/recordset.h"
 #include "store/copia.h"
 #include "store/vaciado.h"
+#include "valores/modo_reanudar.h"
+#include "valores/texto.h"
 
 namespace store {
 namespace {

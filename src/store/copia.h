@@ -3,8 +3,8 @@
 #include <cstddef>
 #include <functional>
 
-#include "services/modo_reanudar.h"
-#include "services/recordset.h"
+#include "datos/recordset.h"
+#include "valores/modo_reanudar.h"
 
 namespace store {
 

@@ -2,8 +2,8 @@
 
 #include <optional>
 
-#include "services/fecha.h"
-#include "services/texto.h"
+#include "valores/fecha.h"
+#include "valores/texto.h"
 
 namespace store {
 namespace {

@@ -4,7 +4,7 @@
 #include <string>
 #include <utility>
 
-#include "services/controles.h"
+#include "forms/controles.h"
 #include "services/sesion.h"
 
 namespace store {

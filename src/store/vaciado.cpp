@@ -1,6 +1,6 @@
 #include "store/vaciado.h"
 
-#include "services/recordset.h"
+#include "datos/recordset.h"
 
 namespace store {
 

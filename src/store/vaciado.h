@@ -1,6 +1,6 @@
 #pragma once
 
-#include "services/conexion.h"
+#include "datos/conexion.h"
 
 namespace store {
 

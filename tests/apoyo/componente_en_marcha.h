@@ -10,7 +10,7 @@
 #include "shell/class_tesvara.h"
 #include "shell/datos_comunes.h"
 #include "shell/frm_tesvara_gastos.h"
-#include "sorvex/utiles.h"
+#include "sorvex/utiles_sorvex.h"
 
 // The component as a host loads it, on two connections and without a window.
 

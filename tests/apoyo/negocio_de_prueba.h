@@ -5,8 +5,8 @@
 
 #include "esquema/esquema_sqlite.h"
 #include "platform/carpeta_temporal.h"
-#include "services/fecha.h"
-#include "sqlite/conexion.h"
+#include "sqlite/conexion_sqlite.h"
+#include "valores/fecha.h"
 
 // A business of any size, for what is counted or measured.
 

@@ -7,10 +7,10 @@
 #include <string>
 
 #include "apoyo/plataforma_de_prueba.h"
-#include "services/controles.h"
-#include "services/entrada.h"
-#include "services/error.h"
-#include "services/matriz_controles.h"
+#include "forms/controles.h"
+#include "forms/entrada.h"
+#include "forms/matriz_controles.h"
+#include "valores/error.h"
 
 namespace apoyo {
 

@@ -4,7 +4,7 @@
 #include <gtest/gtest.h>
 
 #include "apoyo/sucesos.h"
-#include "services/entrada.h"
+#include "forms/entrada.h"
 
 namespace apoyo {
 

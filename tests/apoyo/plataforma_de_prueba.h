@@ -6,11 +6,10 @@
 #include <utility>
 #include <vector>
 
-#include "services/escritorio.h"
-#include "services/form.h"
-#include "services/msflexgrid.h"
-#include "services/plataforma.h"
-#include "services/ventana.h"
+#include "forms/escritorio.h"
+#include "forms/form.h"
+#include "forms/msflexgrid.h"
+#include "forms/ventana.h"
 
 // A platform for tests of models: its windows show nothing and write down what they are told.
 
@@ -85,7 +84,7 @@ class PlataformaDePrueba {
   std::vector<services::ErrorEjecucion> errores;
 
  private:
-  services::Plataforma plataforma_;
+  services::PlataformaDeForms plataforma_;
 
  public:
   services::Escritorio escritorio{plataforma_};

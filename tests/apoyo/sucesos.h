@@ -3,8 +3,8 @@
 #include <string>
 
 #include "apoyo/plataforma_de_prueba.h"
-#include "services/controles.h"
-#include "services/msflexgrid.h"
+#include "forms/controles.h"
+#include "forms/msflexgrid.h"
 
 namespace apoyo {
 

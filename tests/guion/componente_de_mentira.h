@@ -4,13 +4,13 @@
 #include <string>
 #include <utility>
 
+#include "datos/recordset.h"
+#include "forms/controles.h"
+#include "forms/escritorio.h"
+#include "forms/form.h"
+#include "forms/msflexgrid.h"
 #include "services/anfitrion.h"
-#include "services/controles.h"
-#include "services/escritorio.h"
-#include "services/form.h"
-#include "services/msflexgrid.h"
 #include "services/plataforma.h"
-#include "services/recordset.h"
 #include "services/utiles.h"
 
 // A component of two screens, with which the runner can be tried without the real one.

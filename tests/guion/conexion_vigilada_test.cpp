@@ -3,9 +3,9 @@
 #include <gtest/gtest.h>
 
 #include "base_de_mentira.h"
+#include "datos/recordset.h"
 #include "guion/utiles_vigilados.h"
-#include "services/error.h"
-#include "services/recordset.h"
+#include "valores/error.h"
 
 using services::ErrorEjecucion;
 using services::ModoApertura;

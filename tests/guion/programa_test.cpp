@@ -8,7 +8,7 @@
 #include <string>
 
 #include "guion/carpeta_temporal.h"
-#include "guion/opciones.h"
+#include "guion/opciones_guion.h"
 #include "guion/texto_guion.h"
 
 namespace fs = std::filesystem;

@@ -2,10 +2,10 @@
 
 #include <gtest/gtest.h>
 
+#include "forms/controles.h"
+#include "forms/escritorio.h"
+#include "forms/form.h"
 #include "headless/entorno.h"
-#include "services/controles.h"
-#include "services/escritorio.h"
-#include "services/form.h"
 #include "services/utiles.h"
 
 using guion::Entrecomillar;

@@ -6,7 +6,7 @@
 
 #include "guion/carpeta_temporal.h"
 #include "jornada/partida.h"
-#include "sqlite/conexion.h"
+#include "sqlite/conexion_sqlite.h"
 
 // "Grabar" while the stored file can't be written: a clear message, nothing lost, and the next try
 // works.

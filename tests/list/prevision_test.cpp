@@ -5,8 +5,8 @@
 #include <string>
 #include <vector>
 
-#include "services/error.h"
-#include "sorvex/utiles.h"
+#include "sorvex/utiles_sorvex.h"
+#include "valores/error.h"
 
 namespace {
 

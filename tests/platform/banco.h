@@ -4,9 +4,9 @@
 #include <memory>
 #include <string>
 
-#include "services/conexion.h"
-#include "services/error.h"
-#include "services/recordset.h"
+#include "datos/conexion.h"
+#include "datos/recordset.h"
+#include "valores/error.h"
 
 namespace pruebas {
 

@@ -1,7 +1,7 @@
 #include "esquema/esquema_sqlite.h"
 #include "platform/banco.h"
 #include "platform/carpeta_temporal.h"
-#include "sqlite/conexion.h"
+#include "sqlite/conexion_sqlite.h"
 
 namespace pruebas {
 

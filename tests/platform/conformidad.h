@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "platform/banco.h"
-#include "services/texto.h"
+#include "valores/texto.h"
 
 namespace pruebas {
 

@@ -3,8 +3,8 @@
 #include <gtest/gtest.h>
 
 #include "apoyo/plataforma_de_prueba.h"
-#include "services/controles.h"
-#include "services/error.h"
+#include "forms/controles.h"
+#include "valores/error.h"
 
 namespace {
 

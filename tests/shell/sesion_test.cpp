@@ -6,10 +6,10 @@
 
 #include "headless/entorno.h"
 #include "services/anfitrion.h"
-#include "services/error.h"
 #include "shell/class_tesvara.h"
 #include "shell/datos_comunes.h"
-#include "sorvex/utiles.h"
+#include "sorvex/utiles_sorvex.h"
+#include "valores/error.h"
 
 // What a host can hand over wrong, and what comes of it.
 

@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "services/fecha.h"
+#include "valores/fecha.h"
 
 using sorvex::ConvertirFecha;
 

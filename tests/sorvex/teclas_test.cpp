@@ -5,7 +5,7 @@
 #include <string>
 
 #include "apoyo/plataforma_de_prueba.h"
-#include "services/entrada.h"
+#include "forms/entrada.h"
 
 namespace {
 

@@ -4,7 +4,7 @@
 #include <gtest/gtest.h>
 
 #include "catalogo_de_prueba.h"
-#include "services/error.h"
+#include "valores/error.h"
 
 namespace {
 

@@ -1,0 +1,47 @@
+#include "sqlite/catalogo_sqlite.h"
+
+#include "sqlite/celdas.h"
+
+namespace sqlite {
+
+namespace {
+
+std::string Texto(sqlite3_stmt* sentencia, int indice) {
+  return reinterpret_cast<const char*>(sqlite3_column_text(sentencia, indice));
+}
+
+}  // namespace
+
+const dialecto::Tabla* Catalogo::Buscar(std::string_view nombre) {
+  for (const auto& tabla : tablas_) {
+    if (dialecto::MismoNombre(tabla->Nombre, nombre)) return tabla.get();
+  }
+  auto tabla = Leer(nombre);
+  if (!tabla) return nullptr;
+  return tablas_.emplace_back(std::move(tabla)).get();
+}
+
+std::unique_ptr<dialecto::Tabla> Catalogo::Leer(std::string_view nombre) {
+  const Preparada sentencia = base_.Preparar(
+      "SELECT m.name, c.name, c.type, c.\"notnull\" FROM sqlite_schema AS m "
+      "JOIN pragma_table_info(m.name) AS c "
+      "WHERE m.type = 'table' AND m.name = ? COLLATE ES ORDER BY c.cid");
+  sqlite3_bind_text(sentencia.get(), 1, nombre.data(), static_cast<int>(nombre.size()),
+                    SQLITE_STATIC);
+  std::unique_ptr<dialecto::Tabla> tabla;
+  int codigo = SQLITE_OK;
+  while ((codigo = sqlite3_step(sentencia.get())) == SQLITE_ROW) {
+    if (!tabla) {
+      tabla = std::make_unique<dialecto::Tabla>();
+      tabla->Nombre = Texto(sentencia.get(), 0);
+      tabla->Ocultas = {"rowid"};
+    }
+    auto columna = ColumnaDeclarada(Texto(sentencia.get(), 1), Texto(sentencia.get(), 2));
+    columna.AdmiteNulo = sqlite3_column_int(sentencia.get(), 3) == 0;
+    tabla->Columnas.push_back(std::move(columna));
+  }
+  if (codigo != SQLITE_DONE) Lanzar(base_.Motor());
+  return tabla;
+}
+
+}  // namespace sqlite

@@ -1,0 +1,159 @@
+#include "sqlite/celdas.h"
+
+#include <algorithm>
+#include <array>
+#include <charconv>
+#include <cstdio>
+#include <optional>
+
+namespace sqlite {
+
+using services::Columna;
+using services::FechaHora;
+using services::Filas;
+using services::TipoColumna;
+using services::Valor;
+
+namespace {
+
+struct Declaracion {
+  std::string_view nombre;
+  TipoColumna tipo;
+};
+
+constexpr std::array Declaraciones = {
+    Declaracion{"VARCHAR", TipoColumna::Texto},  Declaracion{"CHAR", TipoColumna::Texto},
+    Declaracion{"TEXT", TipoColumna::Texto},     Declaracion{"INTEGER", TipoColumna::Entero},
+    Declaracion{"INT", TipoColumna::Entero},     Declaracion{"DECIMAL", TipoColumna::Moneda},
+    Declaracion{"BOOLEAN", TipoColumna::Logico}, Declaracion{"DATETIME", TipoColumna::FechaHora},
+};
+
+char Mayuscula(char c) {
+  return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c;
+}
+
+int Entero(std::string_view texto) {
+  int valor = -1;
+  const auto [fin, fallo] = std::from_chars(texto.data(), texto.data() + texto.size(), valor);
+  return fallo == std::errc() && fin == texto.data() + texto.size() ? valor : -1;
+}
+
+std::string_view Texto(sqlite3_stmt* sentencia, int indice) {
+  const auto* texto = reinterpret_cast<const char*>(sqlite3_column_text(sentencia, indice));
+  return {texto ? texto : "", static_cast<std::size_t>(sqlite3_column_bytes(sentencia, indice))};
+}
+
+// No value where the text is no such date; the time, or its seconds, may be left out.
+std::optional<FechaHora> LeerIso(std::string_view texto) {
+  if (texto.size() != 10 && texto.size() != 16 && texto.size() != 19) return {};
+  if (texto[4] != '-' || texto[7] != '-') return {};
+  const int anio = Entero(texto.substr(0, 4));
+  const int mes = Entero(texto.substr(5, 2));
+  const int dia = Entero(texto.substr(8, 2));
+  const int hora = texto.size() > 10 ? Entero(texto.substr(11, 2)) : 0;
+  const int minuto = texto.size() > 10 ? Entero(texto.substr(14, 2)) : 0;
+  const int segundo = texto.size() > 16 ? Entero(texto.substr(17, 2)) : 0;
+  const bool existe = anio >= 100 && mes >= 1 && mes <= 12 && dia >= 1 &&
+                      dia <= services::DiasDelMes(anio, mes) && hora >= 0 && hora < 24 &&
+                      minuto >= 0 && minuto < 60 && segundo >= 0 && segundo < 60;
+  if (!existe) return {};
+  return services::HacerFecha(anio, mes, dia, hora, minuto, segundo);
+}
+
+void AnadirFechaOTexto(std::string_view texto, Filas& filas) {
+  if (const auto momento = LeerIso(texto)) {
+    filas.AnadirFecha(*momento);
+  } else {
+    filas.AnadirTexto(texto);
+  }
+}
+
+void AnadirEntero(sqlite3_stmt* sentencia, int indice, TipoColumna tipo, Filas& filas) {
+  const std::int64_t valor = sqlite3_column_int64(sentencia, indice);
+  if (tipo == TipoColumna::Logico) {
+    filas.AnadirLogico(valor != 0);
+  } else if (tipo == TipoColumna::Moneda || tipo == TipoColumna::Numero) {
+    filas.AnadirNumero(static_cast<double>(valor));
+  } else {
+    filas.AnadirEntero(valor);
+  }
+}
+
+// A cell keeps what it holds when it isn't of its column's type: the engine lets other programs
+// write such values, and a reader's conversion then says what is wrong with them.
+void AnadirCelda(sqlite3_stmt* sentencia, int indice, TipoColumna tipo, Filas& filas) {
+  switch (sqlite3_column_type(sentencia, indice)) {
+    case SQLITE_NULL:
+      return filas.AnadirNulo();
+    case SQLITE_INTEGER:
+      if (tipo == TipoColumna::Texto) return filas.AnadirTexto(Texto(sentencia, indice));
+      return AnadirEntero(sentencia, indice, tipo, filas);
+    case SQLITE_FLOAT:
+      return filas.AnadirNumero(sqlite3_column_double(sentencia, indice));
+    default:
+      if (tipo == TipoColumna::FechaHora) {
+        return AnadirFechaOTexto(Texto(sentencia, indice), filas);
+      }
+      return filas.AnadirTexto(Texto(sentencia, indice));
+  }
+}
+
+}  // namespace
+
+std::string Iso(FechaHora momento) {
+  const auto dia = services::Descomponer(momento);
+  const int segundos = momento.Segundos;
+  std::array<char, 64> texto{};
+  const int largo =
+      std::snprintf(texto.data(), texto.size(), "%04d-%02d-%02d %02d:%02d:%02d", dia.Anio, dia.Mes,
+                    dia.Dia, segundos / 3600, segundos / 60 % 60, segundos % 60);
+  return {texto.data(), static_cast<std::size_t>(largo)};
+}
+
+Columna ColumnaDeclarada(std::string nombre, std::string_view declarado) {
+  const auto parentesis = std::min(declarado.find('('), declarado.size());
+  std::string tipo(declarado.substr(0, parentesis));
+  std::transform(tipo.begin(), tipo.end(), tipo.begin(), Mayuscula);
+  Columna columna{std::move(nombre), TipoColumna::Numero};
+  for (const auto& declaracion : Declaraciones) {
+    if (tipo == declaracion.nombre) columna.Tipo = declaracion.tipo;
+  }
+  if (columna.Tipo == TipoColumna::Texto && parentesis < declarado.size()) {
+    const auto cierre = declarado.find(')');
+    const int longitud = Entero(declarado.substr(parentesis + 1, cierre - parentesis - 1));
+    columna.Longitud = std::max(longitud, 0);
+  }
+  return columna;
+}
+
+void Enlazar(sqlite3_stmt* sentencia, int indice, const Valor& valor) {
+  if (const auto* texto = valor.Si<std::string>()) {
+    sqlite3_bind_text(sentencia, indice, texto->data(), static_cast<int>(texto->size()),
+                      SQLITE_STATIC);
+  } else if (const auto* numero = valor.Si<double>()) {
+    sqlite3_bind_double(sentencia, indice, *numero);
+  } else if (const auto* entero = valor.Si<std::int32_t>()) {
+    sqlite3_bind_int(sentencia, indice, *entero);
+  } else if (const auto* logico = valor.Si<bool>()) {
+    sqlite3_bind_int(sentencia, indice, *logico ? 1 : 0);
+  } else if (const auto* momento = valor.Si<FechaHora>()) {
+    const std::string iso = Iso(*momento);
+    sqlite3_bind_text(sentencia, indice, iso.data(), static_cast<int>(iso.size()),
+                      SQLITE_TRANSIENT);
+  } else {
+    sqlite3_bind_null(sentencia, indice);
+  }
+}
+
+void AnadirFila(sqlite3_stmt* sentencia, const std::vector<Columna>& columnas, Filas& filas) {
+  const auto cuantas = static_cast<int>(filas.Columnas());
+  const auto conTipo = std::min(cuantas, static_cast<int>(columnas.size()));
+  for (int i = 0; i < conTipo; ++i) {
+    AnadirCelda(sentencia, i, columnas[static_cast<std::size_t>(i)].Tipo, filas);
+  }
+  for (int i = conTipo; i < cuantas; ++i) {
+    AnadirCelda(sentencia, i, TipoColumna::Entero, filas);
+  }
+}
+
+}  // namespace sqlite

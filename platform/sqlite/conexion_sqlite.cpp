@@ -1,0 +1,76 @@
+#include "sqlite/conexion_sqlite.h"
+
+#include "sqlite/celdas.h"
+#include "sqlite/cursor.h"
+#include "sqlite/dialecto_sqlite.h"
+#include "valores/error.h"
+
+namespace sqlite {
+
+Conexion::Conexion(const std::string& fichero, const Opciones& opciones)
+    : base_(fichero, opciones),
+      unidad_(base_, almacen_, opciones.UnidadDeTrabajo),
+      traductor_(DialectoSqlite, catalogo_) {}
+
+Conexion::~Conexion() {
+  unidad_.Abandonar();
+}
+
+std::unique_ptr<services::Cursor> Conexion::Abrir(std::string_view sentencia,
+                                                  services::ModoApertura modo) {
+  const bool conOcultas = modo != services::ModoApertura::Lectura;
+  traductor_.Traducir(sentencia, conOcultas, sentencia_);
+  auto entrada = EntradaDe(sentencia_);
+  if (sentencia_.Que == dialecto::Verbo::Delete) {
+    const Prestada borrado = almacen_.Tomar(entrada);
+    int indice = 0;
+    for (const auto& valor : sentencia_.Parametros) Enlazar(borrado.get(), ++indice, valor);
+    unidad_.Escribir(borrado.get());
+    return nullptr;
+  }
+  return std::make_unique<Cursor>(*this, std::move(entrada), std::move(sentencia_.Parametros),
+                                  modo);
+}
+
+std::shared_ptr<Entrada> Conexion::EntradaDe(const dialecto::Sentencia& sentencia) {
+  if (auto entrada = almacen_.Buscar(sentencia.Texto)) return entrada;
+  auto entrada = almacen_.Crear(sentencia.Texto);
+  if (sentencia.Que == dialecto::Verbo::Delete) return entrada;
+  if (sentencia.Unica) entrada->Tabla = sentencia.Unica->Nombre;
+  for (auto& dada : traductor_.Columnas()) {
+    entrada->Columnas.push_back(std::move(dada.Columna));
+    entrada->Origenes.push_back(std::move(dada.Origen));
+  }
+  return entrada;
+}
+
+// Its tables may be others afterwards.
+void Conexion::Ejecutar(const std::string& sql) {
+  almacen_.Olvidar();
+  catalogo_.Olvidar();
+  base_.Ejecutar(sql);
+}
+
+Resultado Conexion::Consultar(std::string_view sql) {
+  const Preparada sentencia = base_.Preparar(sql);
+  Resultado resultado;
+  const int cuantas = sqlite3_column_count(sentencia.get());
+  for (int i = 0; i < cuantas; ++i) {
+    const char* declarado = sqlite3_column_decltype(sentencia.get(), i);
+    resultado.Columnas.push_back(
+        ColumnaDeclarada(sqlite3_column_name(sentencia.get(), i), declarado ? declarado : ""));
+  }
+  resultado.Filas = services::Filas(static_cast<std::size_t>(cuantas));
+  int codigo = SQLITE_OK;
+  while ((codigo = sqlite3_step(sentencia.get())) == SQLITE_ROW) {
+    AnadirFila(sentencia.get(), resultado.Columnas, resultado.Filas);
+  }
+  if (codigo != SQLITE_DONE) Lanzar(base_.Motor());
+  return resultado;
+}
+
+services::Ref<Conexion> AbrirConexion(const std::string& fichero, const Opciones& opciones) {
+  return services::Crear<Conexion>(fichero, opciones);
+}
+
+}  // namespace sqlite

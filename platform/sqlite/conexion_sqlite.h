@@ -1,0 +1,57 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "datos/conexion.h"
+#include "sqlite/almacen.h"
+#include "sqlite/catalogo_sqlite.h"
+#include "sqlite/fichero.h"
+#include "sqlite/unidad.h"
+
+namespace sqlite {
+
+/// What `Consultar` finds.
+struct Resultado {
+  std::vector<services::Columna> Columnas;
+  services::Filas Filas;
+};
+
+/// A connection to one file of the embedded engine. Serves one thread.
+class Conexion final : public services::ObjetoContado<services::Conexion> {
+ public:
+  Conexion(const std::string& fichero, const Opciones& opciones);
+  ~Conexion() override;
+
+  [[nodiscard]] std::unique_ptr<services::Cursor> Abrir(std::string_view sentencia,
+                                                        services::ModoApertura modo) override;
+  void TerminarUnidad() override { unidad_.Terminar(); }
+  void AbandonarUnidad() noexcept override { unidad_.Abandonar(); }
+
+  /// Runs the engine's own SQL, any number of statements, in the unit under way if there is one.
+  void Ejecutar(const std::string& sql);
+  /// Runs one statement of the engine's own SQL and gives its rows, the columns typed as their
+  /// tables declare them.
+  [[nodiscard]] Resultado Consultar(std::string_view sql);
+
+  [[nodiscard]] Estadistica Cuenta() const { return {base_.Preparadas(), unidad_.Transacciones()}; }
+
+ private:
+  friend class Cursor;
+  [[nodiscard]] std::shared_ptr<Entrada> EntradaDe(const dialecto::Sentencia& sentencia);
+
+  Base base_;
+  Almacen almacen_{base_};
+  Unidad unidad_;
+  Catalogo catalogo_{base_};
+  dialecto::Traductor traductor_;
+  dialecto::Sentencia sentencia_;
+};
+
+/// Opens a file. Throws 0x80004005 for one that isn't there and isn't to be created, is a folder,
+/// is no database or can't be read.
+[[nodiscard]] services::Ref<Conexion> AbrirConexion(const std::string& fichero,
+                                                    const Opciones& opciones = {});
+
+}  // namespace sqlite

@@ -1,0 +1,73 @@
+#include "sqlite/fichero.h"
+
+#include <filesystem>
+
+#include "sqlite/orden.h"
+#include "valores/error.h"
+
+namespace sqlite {
+
+namespace {
+
+sqlite3* Abrir(const std::string& fichero, bool crear) {
+  std::error_code fallo;
+  const auto estado = std::filesystem::status(fichero, fallo);
+  if (!crear && !std::filesystem::exists(estado)) {
+    Lanzar(SQLITE_CANTOPEN, "no existe " + fichero);
+  }
+  sqlite3* base = nullptr;
+  const int modo = SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX | (crear ? SQLITE_OPEN_CREATE : 0);
+  const int codigo = sqlite3_open_v2(fichero.c_str(), &base, modo, nullptr);
+  if (codigo == SQLITE_OK) return base;
+  const std::string texto = base ? sqlite3_errmsg(base) : sqlite3_errstr(codigo);
+  sqlite3_close_v2(base);
+  Lanzar(codigo, texto + ": " + fichero);
+}
+
+std::string PrimerTexto(Base& base, std::string_view sql) {
+  const Preparada sentencia = base.Preparar(sql);
+  if (sqlite3_step(sentencia.get()) != SQLITE_ROW) Lanzar(base.Motor());
+  return reinterpret_cast<const char*>(sqlite3_column_text(sentencia.get(), 0));
+}
+
+}  // namespace
+
+Base::Base(const std::string& fichero, const Opciones& opciones)
+    : base_(Abrir(fichero, opciones.Crear)) {
+  Configurar(opciones);
+}
+
+// The journal's mode stays in the file, so it is only set where it isn't yet: setting it takes a
+// lock that nobody else may hold.
+void Base::Configurar(const Opciones& opciones) {
+  sqlite3_extended_result_codes(Motor(), 1);
+  sqlite3_busy_timeout(Motor(), opciones.EsperaMs);
+  sqlite3_db_config(Motor(), SQLITE_DBCONFIG_DQS_DML, 0, nullptr);
+  RegistrarOrden(Motor());
+  if (PrimerTexto(*this, "PRAGMA journal_mode") != "wal" && !sqlite3_db_readonly(Motor(), "main")) {
+    Ejecutar("PRAGMA journal_mode = WAL");
+  }
+  const bool completa = opciones.Durabilidad == Sincronizacion::Completa;
+  Ejecutar(completa ? "PRAGMA synchronous = FULL" : "PRAGMA synchronous = NORMAL");
+  // A commit of thousands of invoices goes back and forth over the indexes, and with the engine's
+  // own 2 MB writes and reads again what it has just let go of. Memory is taken as pages are read.
+  Ejecutar("PRAGMA cache_size = -65536");
+  Ejecutar("PRAGMA temp_store = MEMORY; SELECT count(*) FROM sqlite_schema");
+  preparadas_ = 0;
+}
+
+Preparada Base::Preparar(std::string_view texto) {
+  sqlite3_stmt* sentencia = nullptr;
+  ++preparadas_;
+  if (sqlite3_prepare_v3(Motor(), texto.data(), static_cast<int>(texto.size()),
+                         SQLITE_PREPARE_PERSISTENT, &sentencia, nullptr) != SQLITE_OK) {
+    Lanzar(Motor());
+  }
+  return Preparada(sentencia);
+}
+
+void Base::Ejecutar(const std::string& sql) {
+  if (sqlite3_exec(Motor(), sql.c_str(), nullptr, nullptr, nullptr) != SQLITE_OK) Lanzar(Motor());
+}
+
+}  // namespace sqlite

@@ -1,0 +1,48 @@
+#pragma once
+
+#include <sqlite3.h>
+
+#include <memory>
+#include <string>
+#include <string_view>
+
+#include "sqlite/opciones_sqlite.h"
+
+namespace sqlite {
+
+struct CerrarSentencia {
+  void operator()(sqlite3_stmt* sentencia) const noexcept { sqlite3_finalize(sentencia); }
+};
+using Preparada = std::unique_ptr<sqlite3_stmt, CerrarSentencia>;
+
+/// Throws the error that the engine's last failed call left behind: a sentence for the user first,
+/// the engine's own code and text at the end.
+[[noreturn]] void Lanzar(sqlite3* base);
+[[noreturn]] void Lanzar(int codigo, std::string_view texto);
+
+/// An open database file with what every connection needs registered on it: the collation `ES`.
+class Base {
+ public:
+  /// Throws 0x80004005 for a file that isn't there, is no database or can't be read.
+  Base(const std::string& fichero, const Opciones& opciones);
+
+  [[nodiscard]] sqlite3* Motor() const { return base_.get(); }
+  [[nodiscard]] Preparada Preparar(std::string_view texto);
+  /// Runs the engine's own SQL, any number of statements.
+  void Ejecutar(const std::string& sql);
+  /// Whether a transaction is under way.
+  [[nodiscard]] bool EnTransaccion() const { return sqlite3_get_autocommit(Motor()) == 0; }
+  [[nodiscard]] std::size_t Preparadas() const { return preparadas_; }
+
+ private:
+  struct Cerrar {
+    void operator()(sqlite3* base) const noexcept { sqlite3_close_v2(base); }
+  };
+
+  void Configurar(const Opciones& opciones);
+
+  std::unique_ptr<sqlite3, Cerrar> base_;
+  std::size_t preparadas_ = 0;
+};
+
+}  // namespace sqlite

@@ -1,0 +1,98 @@
+#pragma once
+
+#include <memory>
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "datos/filas.h"
+#include "valores/objeto.h"
+#include "valores/valor.h"
+
+// What a database driver implements. The rules of recordsets live in `Recordset`, once; a driver
+// only understands a statement, fetches its rows, and inserts and updates them one by one.
+// Everything here fails by throwing `ErrorEjecucion`, its description ending in the engine's own
+// code and text.
+
+namespace services {
+
+enum class TipoColumna {
+  Texto,
+  Entero,  ///< 32 bits
+  Moneda,  ///< decimal with 2 places, a Double here
+  Numero,  ///< any other number, such as a sum
+  Logico,
+  FechaHora,
+};
+
+struct Columna {
+  std::string Nombre;
+  TipoColumna Tipo = TipoColumna::Texto;
+  int Longitud = 0;  ///< most characters of a text; 0 for no limit
+  bool AdmiteNulo = true;
+};
+
+/// Static read-only; dynamic with optimistic locking; dynamic with pessimistic locking.
+enum class ModoApertura { Lectura, Optimista, Pesimista };
+
+/// One value on its way to a column, by its position in `Cursor::Columnas`. Already of the
+/// column's type, or Null.
+struct Asignacion {
+  std::size_t Posicion;
+  const Valor* Nuevo;
+};
+
+/// An open SELECT.
+class Cursor {
+ public:
+  virtual ~Cursor() = default;
+
+  /// The columns that the statement selects, in its order. Known from the opening on.
+  [[nodiscard]] virtual const std::vector<Columna>& Columnas() const = 0;
+
+  /// Runs the statement and fetches all its rows as they are at this moment; later writes don't
+  /// show in them. Each row has a cell per column and may have more behind them, by which the
+  /// driver finds the row again.
+  [[nodiscard]] virtual Filas Leer() = 0;
+
+  /// Adds a row to the one table that the statement selects from; columns not assigned take their
+  /// default. Throws 0x80040E21 for a key that repeats or a value that doesn't fit, and the row
+  /// then isn't there; rows written before stay.
+  virtual void Insertar(std::span<const Asignacion> valores) = 0;
+
+  /// The row that the last successful `Insertar` added, as `Leer` gives rows: its defaults filled
+  /// in, and fit for `Actualizar`. Throws 0x80040E38 when it is gone.
+  [[nodiscard]] virtual Filas LeerInsertada() = 0;
+
+  /// Changes row `fila` of `filas`, which came from `Leer` or `LeerInsertada` of this cursor, its
+  /// cells of columns perhaps changed since to what was written in them. Throws 0x80040E38 when
+  /// the row is gone or, with optimistic locking, when one of the columns assigned no longer holds
+  /// what `filas` tells.
+  virtual void Actualizar(const Filas& filas, std::size_t fila,
+                          std::span<const Asignacion> valores) = 0;
+};
+
+/// A connection to a database. Counted: whoever keeps it holds a count.
+class Conexion : public IUnknown {
+ public:
+  static constexpr GUID IID{
+      0x2A4E9C10, 0x7D3B, 0x4F6E, {0xA1, 0x0C, 0x55, 0x9E, 0x83, 0x21, 0x6B, 0x04}};
+
+  /// Takes one SELECT or one DELETE. A SELECT is understood but not yet run, and gives its cursor;
+  /// a DELETE runs at once and gives none. Anything else is 0x80040E14, an unknown table
+  /// 0x80040E37, an unknown column 0x80040E10, and nothing runs.
+  [[nodiscard]] virtual std::unique_ptr<Cursor> Abrir(std::string_view sentencia,
+                                                      ModoApertura modo) = 0;
+
+  /// Makes durable what has been written since the last call: the end of one unit of work. Costs
+  /// nothing when nothing was written. When it fails the writes of the unit are gone.
+  virtual void TerminarUnidad() = 0;
+  /// Drops what has been written since the last end of a unit.
+  virtual void AbandonarUnidad() noexcept = 0;
+
+ protected:
+  ~Conexion() = default;
+};
+
+}  // namespace services

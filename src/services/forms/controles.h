@@ -1,0 +1,192 @@
+#pragma once
+
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "forms/widget.h"
+
+// The widgets of the screens, one class a kind. What an assignment fires is told at each property;
+// an assignment of the value already held fires nothing.
+
+namespace services {
+
+/// A panel: a container of other widgets.
+class PictureBox : public Widget {
+ public:
+  PictureBox(Form& form, std::string nombre, const Diseno& diseno);
+
+ protected:
+  [[nodiscard]] bool TieneFondo() const override { return true; }
+};
+
+/// A line of text that the user edits.
+class TextBox : public Widget {
+ public:
+  TextBox(Form& form, std::string nombre, const Diseno& diseno);
+
+  /// Fires `Change`.
+  Propiedad<std::string> Text{*this, Aspecto::Text};
+  /// The selected stretch, in characters from 0.
+  Propiedad<int> SelStart{*this, Aspecto::Seleccion};
+  Propiedad<int> SelLength{*this, Aspecto::Seleccion};
+  Evento Change;
+
+  void SeleccionarTodo();
+  [[nodiscard]] bool AdmiteFoco() const override { return true; }
+  [[nodiscard]] std::optional<Valor> Leer(Aspecto aspecto) const override;
+  void Cambiada(Aspecto aspecto) override;
+
+  /// The least height, in twips, that shows a line of that many points.
+  [[nodiscard]] static int AltoDeLinea(double puntos);
+
+ protected:
+  [[nodiscard]] bool TieneFondo() const override { return true; }
+};
+
+/// A widget with a caption: what the user reads on it or beside it.
+class ConCaption : public Widget {
+ public:
+  Propiedad<std::string> Caption;
+  [[nodiscard]] std::optional<Valor> Leer(Aspecto aspecto) const override;
+
+ protected:
+  ConCaption(Form& form, std::string nombre, std::string caption, const Diseno& diseno);
+};
+
+/// A text that the user reads.
+class Label : public ConCaption {
+ public:
+  Label(Form& form, std::string nombre, std::string caption, const Diseno& diseno);
+
+ protected:
+  [[nodiscard]] bool TieneFondo() const override { return true; }
+};
+
+class CheckBox : public ConCaption {
+ public:
+  CheckBox(Form& form, std::string nombre, std::string caption, const Diseno& diseno);
+  /// Ticked or not. Fires `Click`.
+  Propiedad<bool> Value{*this, Aspecto::Value};
+  [[nodiscard]] bool AdmiteFoco() const override { return true; }
+  [[nodiscard]] std::optional<Valor> Leer(Aspecto aspecto) const override;
+  void Cambiada(Aspecto aspecto) override;
+
+ protected:
+  [[nodiscard]] bool TieneFondo() const override { return true; }
+};
+
+/// One of a group of which at most one is on: the options of the same panel, or of the form itself.
+class OptionButton : public ConCaption {
+ public:
+  OptionButton(Form& form, std::string nombre, std::string caption, const Diseno& diseno);
+  /// To True, the others of its group go False silently, and then `Click` fires. To False it fires
+  /// nothing.
+  Propiedad<bool> Value{*this, Aspecto::Value};
+  [[nodiscard]] bool AdmiteFoco() const override { return true; }
+  [[nodiscard]] std::optional<Valor> Leer(Aspecto aspecto) const override;
+  void Cambiada(Aspecto aspecto) override;
+
+ protected:
+  [[nodiscard]] bool TieneFondo() const override { return true; }
+
+ private:
+  void ApagarLasDemas();
+};
+
+/// A closed list of items of which one may be chosen.
+class ComboBox : public Widget {
+ public:
+  ComboBox(Form& form, std::string nombre, std::vector<std::string> elementos,
+           const Diseno& diseno);
+
+  /// The chosen item from 0, -1 for none. Fires `Click`; `Text` follows. Throws 0x800A0BB9 for an
+  /// item that isn't there.
+  Propiedad<int> ListIndex{*this, Aspecto::ListIndex, -1};
+  /// The chosen item's text, empty for none. Assigning chooses the item of that text; a text that
+  /// none has throws 0x800A0BB9.
+  Propiedad<std::string> Text{*this, Aspecto::Text};
+  [[nodiscard]] const std::vector<std::string>& Elementos() const { return elementos_; }
+  void AddItem(std::string texto);
+  void Clear();
+
+  [[nodiscard]] bool AdmiteFoco() const override { return true; }
+  [[nodiscard]] std::optional<Valor> Leer(Aspecto aspecto) const override;
+  void Cambiada(Aspecto aspecto) override;
+
+ protected:
+  [[nodiscard]] bool TieneFondo() const override { return true; }
+
+ private:
+  std::vector<std::string> elementos_;
+};
+
+/// The push button of the suite.
+class Pulsador : public ConCaption {
+ public:
+  Pulsador(Form& form, std::string nombre, std::string caption, const Diseno& diseno);
+  /// Whether a click takes the focus to it. `BtnCancelar` doesn't, so that the field being left
+  /// raises no complaint.
+  bool TomaFoco = true;
+  [[nodiscard]] bool AdmiteFoco() const override { return TomaFoco; }
+};
+
+/// The title bar of the suite's screens.
+class Cintilla : public ConCaption {
+ public:
+  Cintilla(Form& form, std::string nombre, std::string caption, const Diseno& diseno);
+  Evento Cerrar;
+};
+
+class Image : public Widget {
+ public:
+  Image(Form& form, std::string nombre, std::string imagen, const Diseno& diseno);
+  /// Name of the drawing; empty for none.
+  Propiedad<std::string> Picture;
+  Propiedad<bool> Stretch{*this, Aspecto::Stretch};
+};
+
+class Shape : public Widget {
+ public:
+  Shape(Form& form, std::string nombre, const Diseno& diseno);
+
+ protected:
+  [[nodiscard]] bool TieneFondo() const override { return true; }
+};
+
+/// A drawn line; it has its two ends, in twips, in the place of a position and a size.
+class Line : public Widget {
+ public:
+  Line(Form& form, std::string nombre, int x1, int y1, int x2, int y2);
+  Propiedad<int> X1;
+  Propiedad<int> Y1;
+  Propiedad<int> X2;
+  Propiedad<int> Y2;
+};
+
+class VScrollBar : public Widget {
+ public:
+  VScrollBar(Form& form, std::string nombre, const Diseno& diseno);
+  Propiedad<int> Min{*this, Aspecto::Min, 0};
+  Propiedad<int> Max{*this, Aspecto::Max, 32767};
+  /// Kept between `Min` and `Max`. Fires `Change`.
+  Propiedad<int> Value{*this, Aspecto::Value, 0};
+  Evento Change;
+  [[nodiscard]] bool AdmiteFoco() const override { return true; }
+  [[nodiscard]] std::optional<Valor> Leer(Aspecto aspecto) const override;
+  void Cambiada(Aspecto aspecto) override;
+
+ private:
+  int mostrado_ = 0;  // the value that `Change` last told of
+};
+
+class ProgressBar : public Widget {
+ public:
+  ProgressBar(Form& form, std::string nombre, const Diseno& diseno);
+  Propiedad<int> Min{*this, Aspecto::Min, 0};
+  Propiedad<int> Max{*this, Aspecto::Max, 100};
+  Propiedad<int> Value{*this, Aspecto::Value, 0};
+  [[nodiscard]] std::optional<Valor> Leer(Aspecto aspecto) const override;
+};
+
+}  // namespace services

@@ -1,0 +1,179 @@
+#include "forms/escritorio.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "forms/form.h"
+#include "forms/widget.h"
+
+namespace services {
+
+void Escritorio::Evento(const std::function<void()>& accion) {
+  if (profundidad_ > 0) return Correr(accion);
+  Informar([&] { Correr(accion); });
+}
+
+void Escritorio::Informar(const std::function<void()>& accion) {
+  try {
+    accion();
+  } catch (const ErrorEjecucion& fallo) {
+    plataforma_.ErrorNoControlado(fallo);
+  } catch (const std::exception& fallo) {
+    plataforma_.ErrorNoControlado(ErrorEjecucion(error::Interno, fallo.what()));
+  } catch (...) {
+    plataforma_.ErrorNoControlado(ErrorEjecucion(error::Interno, "Error interno"));
+  }
+}
+
+void Escritorio::Operacion(const std::function<void()>& accion) {
+  Correr(accion);
+}
+
+void Escritorio::Correr(const std::function<void()>& accion) {
+  ++profundidad_;
+  try {
+    accion();
+  } catch (const ErrorEjecucion& fallo) {
+    if (--profundidad_ == 0) FinTrasError(fallo.Descripcion());
+    throw;
+  } catch (...) {
+    if (--profundidad_ == 0) FinTrasError("");
+    throw;
+  }
+  if (--profundidad_ == 0) FinDeEvento();
+}
+
+void Escritorio::FinTrasError(const std::string& yaDicho) {
+  Informar([&] {
+    try {
+      FinDeEvento();
+    } catch (const ErrorEjecucion& fallo) {
+      // A unit that was lost by the same failure has nothing to add to it.
+      if (fallo.Descripcion() != yaDicho) throw;
+    }
+  });
+}
+
+void Escritorio::FinDeEvento() {
+  // The windows repaint and the unloaded screens go, whatever comes of the end of the unit.
+  struct Final {
+    Escritorio& yo;
+    ~Final() { yo.Rematar(); }
+  } final{*this};
+  if (AlTerminarEvento) AlTerminarEvento();
+}
+
+void Escritorio::Rematar() {
+  for (Form* form : cargados_) {
+    if (form->Vista()) form->Vista()->FinDeEvento();
+  }
+  // A handler of a screen that was unloaded may still be on the stack of a wait.
+  if (esperas_ == 0) std::exchange(retirados_, {});
+}
+
+void Escritorio::Esperar(const std::function<void()>& espera) {
+  if (AlTerminarEvento) AlTerminarEvento();
+  const int antes = std::exchange(profundidad_, 0);
+  const bool dejaba = std::exchange(dejando_, false);
+  for (Form* form : cargados_) {
+    if (form->Vista()) form->Vista()->FinDeEvento();
+  }
+  ++esperas_;
+  const auto volver = [&] {
+    --esperas_;
+    profundidad_ = antes;
+    dejando_ = dejaba;
+    if (profundidad_ == 0 && esperas_ == 0) std::exchange(retirados_, {});
+  };
+  try {
+    espera();
+  } catch (...) {
+    volver();
+    throw;
+  }
+  volver();
+}
+
+bool Escritorio::DarFoco(Widget& widget) {
+  if (!widget.AdmiteFoco() || !widget.Alcanzable()) return false;
+  if (dejando_) {
+    salidas_.back().destino = &widget;
+    return false;
+  }
+  if (foco_ == &widget) return true;
+  Widget* llegada = foco_ ? Dejar(widget) : &widget;
+  // The handler may have unloaded, hidden or disabled where the focus was going.
+  foco_ = llegada && llegada->Alcanzable() ? llegada : nullptr;
+  MostrarFoco();
+  if (foco_) Widget::Disparar(foco_->GotFocus);
+  return foco_ == &widget;
+}
+
+Widget* Escritorio::Dejar(Widget& destino) {
+  // A widget whose handler waits for the user, as in a modal screen, is not left a second time.
+  const bool yaSale = EstaSaliendo(*foco_);
+  salidas_.push_back({foco_, &destino});
+  dejando_ = true;
+  const auto acabar = [this] {
+    dejando_ = false;
+    const Salida salida = salidas_.back();
+    salidas_.pop_back();
+    return salida;
+  };
+  try {
+    if (!yaSale) Widget::Disparar(foco_->LostFocus);
+  } catch (...) {
+    // An error doesn't hold the user back: the focus goes on, or no click would ever get past it.
+    const Salida salida = acabar();
+    foco_ = salida.destino && salida.destino->Alcanzable() ? salida.destino : nullptr;
+    MostrarFoco();
+    if (foco_) Widget::Disparar(foco_->GotFocus);
+    throw;
+  }
+  return acabar().destino;
+}
+
+bool Escritorio::EstaSaliendo(const Widget& widget) const {
+  return std::any_of(salidas_.begin(), salidas_.end(),
+                     [&](const Salida& salida) { return salida.viejo == &widget; });
+}
+
+void Escritorio::MostrarFoco() {
+  for (Form* form : cargados_) {
+    if (!form->Vista()) continue;
+    form->Vista()->Foco(foco_ && &foco_->Formulario() == form ? foco_ : nullptr);
+  }
+}
+
+void Escritorio::QuitarFoco() {
+  Widget* viejo = foco_;
+  if (!viejo || EstaSaliendo(*viejo)) return;
+  foco_ = nullptr;
+  if (Ventana* vista = viejo->Formulario().Vista()) vista->Foco(nullptr);
+  Widget::Disparar(viejo->LostFocus);
+}
+
+void Escritorio::OlvidarFoco(const Widget& widget) {
+  if (foco_ == &widget) foco_ = nullptr;
+  for (Salida& salida : salidas_) {
+    if (salida.viejo == &widget) salida.viejo = nullptr;
+    if (salida.destino == &widget) salida.destino = nullptr;
+  }
+}
+
+void Escritorio::RecuperarFoco(Widget& widget) {
+  if (foco_ || !widget.Alcanzable()) return;
+  foco_ = &widget;
+  MostrarFoco();
+}
+
+void Escritorio::Registrar(Form& form) {
+  cargados_.push_back(&form);
+}
+
+void Escritorio::Retirar(Form& form) {
+  std::erase(cargados_, &form);
+  retirados_.emplace_back(&form);
+}
+
+}  // namespace services

@@ -1,0 +1,93 @@
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "forms/plataforma_forms.h"
+#include "valores/objeto.h"
+
+namespace services {
+
+class Form;
+class Widget;
+
+/// The runtime that all screens of the component share: which are loaded, where the focus is, and
+/// where one event of the user ends and the next begins.
+class Escritorio {
+ public:
+  explicit Escritorio(const PlataformaDeForms& plataforma) : plataforma_(plataforma) {}
+  Escritorio(const Escritorio&) = delete;
+  Escritorio& operator=(const Escritorio&) = delete;
+
+  [[nodiscard]] const PlataformaDeForms& Plataforma() const { return plataforma_; }
+
+  /// What runs when an event of the user is over, and before the user is waited for. It may throw:
+  /// the error goes the way of the event's own.
+  std::function<void()> AlTerminarEvento;
+
+  /// Runs the handlers of one thing that the user did. An error that leaves them goes to
+  /// `PlataformaDeForms::ErrorNoControlado`, an exception of another kind as error 51; none comes
+  /// out. Inside another event it runs as part of it.
+  void Evento(const std::function<void()>& accion);
+  /// The same for an operation that the host asks for: the error comes out.
+  void Operacion(const std::function<void()>& accion);
+  /// Waits for the user, in a message or a modal screen, from inside an event. What the user does
+  /// meanwhile are events of their own.
+  void Esperar(const std::function<void()>& espera);
+
+  /// The widget with the focus, null for none.
+  [[nodiscard]] Widget* Foco() const { return foco_; }
+  /// Moves the focus: `LostFocus` of the old widget, then `GotFocus` of the new. Nothing when the
+  /// new one can't be reached or has it already. When the `LostFocus` handler gives the focus to
+  /// another, that one takes the place of `widget`, which gets no event; when it gives it back to
+  /// the old one, that one gets `GotFocus` again. An error of that handler comes out once the
+  /// focus has gone on. Whether the focus is on `widget` at the end.
+  bool DarFoco(Widget& widget);
+  /// Takes the focus from a widget that was hidden or disabled: its `LostFocus`, and no widget has
+  /// it.
+  void QuitarFoco();
+  /// The same with no event, for one that is going away.
+  void OlvidarFoco(const Widget& widget);
+
+  /// Puts the focus back, with no event, on a widget of a screen that comes to sight again.
+  void RecuperarFoco(Widget& widget);
+
+  /// Loaded screens in the order of their loading.
+  [[nodiscard]] const std::vector<Form*>& Cargados() const { return cargados_; }
+
+ private:
+  friend class Form;
+  void Registrar(Form& form);
+  void Retirar(Form& form);
+
+  /// A widget whose LostFocus handler runs, and where the focus goes after it; null where the
+  /// widget is gone.
+  struct Salida {
+    Widget* viejo;
+    Widget* destino;
+  };
+
+  void Rematar();
+  void FinDeEvento();
+  void FinTrasError(const std::string& yaDicho);
+  void Informar(const std::function<void()>& accion);
+  void Correr(const std::function<void()>& accion);
+  [[nodiscard]] Widget* Dejar(Widget& destino);
+  [[nodiscard]] bool EstaSaliendo(const Widget& widget) const;
+  void MostrarFoco();
+
+  const PlataformaDeForms& plataforma_;
+  std::vector<Form*> cargados_;
+  int profundidad_ = 0;
+  int esperas_ = 0;
+  Widget* foco_ = nullptr;
+  bool dejando_ = false;  // inside the LostFocus handler of the last of salidas_
+  std::vector<Salida> salidas_;
+  // Unloaded in this event; let go at its end. The last member, since their widgets, as they go,
+  // take themselves out of the others.
+  std::vector<Ref<Form>> retirados_;
+};
+
+}  // namespace services

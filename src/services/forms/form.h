@@ -1,0 +1,112 @@
+#pragma once
+
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "forms/escritorio.h"
+#include "forms/iform.h"
+#include "forms/propiedad.h"
+#include "forms/ventana.h"
+#include "forms/widget.h"
+#include "valores/objeto.h"
+
+namespace services {
+
+/// A screen: the widgets that name it as their form, and its start and end. Loaded by its first
+/// `Show` or by `Load`, gone at `Unload`; a screen unloaded is not loaded again, another one is
+/// made in its place (`Instancia`).
+class Form : public ObjetoContado<IForm>, public Dueno {
+ public:
+  Form(services::Escritorio& escritorio, std::string nombre, int ancho, int alto);
+  ~Form() override;
+
+  [[nodiscard]] const std::string& Nombre() const { return nombre_; }
+  [[nodiscard]] services::Escritorio& Escritorio() const { return escritorio_; }
+
+  Propiedad<int> Left{*this, Aspecto::Geometria};
+  Propiedad<int> Top{*this, Aspecto::Geometria};
+  Propiedad<int> Width;
+  Propiedad<int> Height;
+
+  /// Runs `Form_Load`, once. An error in it comes out, and the form then counts as unloaded. Throws
+  /// 364 for a form that was unloaded before.
+  void Load();
+  /// Loads it if need be and brings it to sight, unless its load has unloaded it.
+  void Show();
+  /// The same, and returns when it has been hidden or unloaded.
+  void ShowModal();
+  /// Hidden, it keeps its focus for the next `Show`; neither fires an event.
+  void Hide();
+  /// Runs `Form_Unload` and takes the screen away, also when that fails; the object lives on until
+  /// the user's event is over.
+  void Unload();
+  [[nodiscard]] bool Cargado() const { return cargado_; }
+  [[nodiscard]] bool Visible() const { return visible_; }
+  /// Whether it was unloaded, or failed to load: another one has to take its place.
+  [[nodiscard]] bool Descargado() const { return descargado_; }
+
+  [[nodiscard]] const std::vector<Widget*>& Widgets() const { return widgets_; }
+  /// By name, or `W(2)` for an element of a control array; case counts. Null when there is none.
+  [[nodiscard]] Widget* Buscar(std::string_view nombre) const;
+  /// Those that the Tab key visits, in their order.
+  [[nodiscard]] std::vector<Widget*> OrdenDeTabulacion() const;
+
+  /// The host's form whose area this screen fills; null for a window of its own.
+  Ref<IForm> Marco;
+  [[nodiscard]] Ventana* Vista() const { return vista_.get(); }
+
+  virtual void Form_Resize() {}
+  virtual void Form_Paint() {}
+
+  Rectangulo Geometria() noexcept override { return {Left, Top, Width, Height}; }
+  std::int32_t WindowState() noexcept override { return 0; }
+  void PonerWindowState(std::int32_t) noexcept override {}
+  void Refresh() noexcept override;
+  void* VentanaNativa() noexcept override { return vista_ ? vista_->Nativa() : nullptr; }
+
+  void Cambiada(Aspecto aspecto) override;
+
+ protected:
+  virtual void Form_Load() {}
+  virtual void Form_Unload() {}
+  /// The screen is gone, and whoever keeps it can let go.
+  virtual void Form_Terminate() {}
+
+ private:
+  friend class Widget;
+
+  void OlvidarFoco();
+  void Retirar();
+
+  services::Escritorio& escritorio_;
+  std::string nombre_;
+  std::vector<Widget*> widgets_;
+  std::unique_ptr<Ventana> vista_;
+  Widget* enfocado_ = nullptr;  // had the focus when the screen was hidden
+  bool cargado_ = false;
+  bool visible_ = false;
+  bool descargando_ = false;
+  bool descargado_ = false;
+};
+
+/// The one shared instance of a screen: made at its first use, and made anew after it was unloaded.
+template <class F>
+class Instancia {
+ public:
+  template <class... Argumentos>
+  F& Pedir(Argumentos&&... argumentos) {
+    if (!Si()) form_ = Crear<F>(std::forward<Argumentos>(argumentos)...);
+    return *form_;
+  }
+  /// Null when it isn't made yet, or was unloaded.
+  [[nodiscard]] F* Si() const { return form_ && !form_->Descargado() ? form_.get() : nullptr; }
+  /// Lets go of it; its `Unload` is its caller's business.
+  void Soltar() { form_ = nullptr; }
+
+ private:
+  Ref<F> form_;
+};
+
+}  // namespace services

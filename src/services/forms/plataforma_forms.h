@@ -1,0 +1,20 @@
+#pragma once
+
+#include <functional>
+#include <memory>
+
+#include "valores/error.h"
+
+namespace services {
+
+class Form;
+class Ventana;
+
+/// What the forms runtime needs made for it.
+struct PlataformaDeForms {
+  std::function<std::unique_ptr<Ventana>(Form&)> CrearVentana;
+  /// An error that no handler caught.
+  std::function<void(const ErrorEjecucion&)> ErrorNoControlado;
+};
+
+}  // namespace services

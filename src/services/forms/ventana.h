@@ -1,0 +1,37 @@
+#pragma once
+
+#include "forms/propiedad.h"
+
+namespace services {
+
+class MSFlexGrid;
+class Widget;
+
+/// What shows a form: it reads the form's widgets and is told what changes in them. None of its
+/// operations throws. Changes come one by one as they are made; a window that has much to repaint
+/// gathers them until `FinDeEvento`.
+class Ventana {
+ public:
+  virtual ~Ventana() = default;
+
+  virtual void Mostrar() = 0;
+  virtual void Ocultar() = 0;
+  /// Lets the user work, in this form alone, until it is hidden or unloaded.
+  virtual void EsperarModal() = 0;
+  virtual void Refrescar() = 0;
+  /// The toolkit's own window, null where there is none.
+  virtual void* Nativa() = 0;
+
+  virtual void Cambiada(Widget& widget, Aspecto aspecto) = 0;
+  /// Text, colours, drawing or font of a cell.
+  virtual void CeldaCambiada(MSFlexGrid& rejilla, int fila, int columna) = 0;
+  /// Rows came or went.
+  virtual void FilasCambiadas(MSFlexGrid& rejilla) = 0;
+  virtual void CeldaActual(MSFlexGrid& rejilla) = 0;
+  /// The focus is on that widget, or on none.
+  virtual void Foco(Widget* widget) = 0;
+  /// The user's event is over, with all that its handlers did.
+  virtual void FinDeEvento() = 0;
+};
+
+}  // namespace services

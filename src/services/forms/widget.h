@@ -1,0 +1,124 @@
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <optional>
+#include <string>
+
+#include "forms/propiedad.h"
+#include "valores/valor.h"
+
+namespace services {
+
+class Form;
+class PictureBox;
+
+/// Colours are platform integers with blue in the high byte; a negative one is a colour of the
+/// desktop.
+namespace color {
+inline constexpr int Blanco = 0xFFFFFF;
+inline constexpr int Negro = 0;
+/// The field with the focus, and a disabled field.
+inline constexpr int ConFoco = 10865355;
+inline constexpr int Inhabilitado = 13887721;
+/// The desktop's colours for panels and their text.
+inline constexpr int Panel = static_cast<int>(0x8000000F);
+inline constexpr int TextoPanel = static_cast<int>(0x80000012);
+}  // namespace color
+
+/// Where a widget stands on its form as designed, in twips, and how.
+struct Diseno {
+  int Left = 0;
+  int Top = 0;
+  int Width = 0;
+  int Height = 0;
+  /// Place in the order of the Tab key; -1 keeps it out.
+  int TabIndex = -1;
+  PictureBox* Contenedor = nullptr;  ///< the panel it lies in; the form itself when null
+  bool Visible = true;
+  bool Enabled = true;
+  double FontSize = 8.25;  ///< points
+  bool FontBold = false;
+};
+
+/// What all widgets of a screen have: a name, a place, state, and one slot for each event. A model
+/// without a window; whoever shows it reads it and is told of changes.
+///
+/// An event's slot runs in the caller's stack: its error comes out of the assignment that fired it.
+class Widget : public Dueno {
+ public:
+  using Evento = std::function<void()>;
+  /// The handler may change the key, or consume it by setting it to 0.
+  using EventoTecla = std::function<void(int& tecla)>;
+
+  Widget(Form& form, std::string nombre, const Diseno& diseno);
+  virtual ~Widget();
+  Widget(const Widget&) = delete;
+  Widget& operator=(const Widget&) = delete;
+
+  [[nodiscard]] const std::string& Nombre() const { return nombre_; }
+  /// Place in its control array, from 0; -1 for a widget that is in none.
+  [[nodiscard]] int Indice() const { return indice_; }
+  /// `W`, or `W(2)` in a control array.
+  [[nodiscard]] std::string NombreCompleto() const;
+  [[nodiscard]] services::Form& Formulario() const { return form_; }
+  [[nodiscard]] PictureBox* Contenedor() const { return contenedor_; }
+  [[nodiscard]] const Diseno& Disenado() const { return diseno_; }
+
+  Propiedad<std::string> Tag{*this, Aspecto::Tag};
+  Propiedad<bool> Enabled;
+  Propiedad<bool> Visible;
+  Propiedad<int> BackColor{*this, Aspecto::BackColor, color::Panel};
+  Propiedad<int> ForeColor{*this, Aspecto::ForeColor, color::TextoPanel};
+  Propiedad<int> Left;  ///< twips, like the next three
+  Propiedad<int> Top;
+  Propiedad<int> Width;
+  Propiedad<int> Height;
+  Propiedad<double> FontSize;  ///< points
+  Propiedad<bool> FontBold;
+  Propiedad<int> TabIndex;
+  Propiedad<bool> TabStop{*this, Aspecto::Enabled, true};
+
+  Evento Click;
+  Evento DblClick;
+  Evento GotFocus;
+  Evento LostFocus;
+  Evento MouseDown;
+  Evento MouseUp;
+  EventoTecla KeyDown;
+  EventoTecla KeyPress;
+
+  /// Gives it the focus; nothing when it is hidden, disabled or has it already. The order of the
+  /// events is told in `Escritorio::DarFoco`.
+  void SetFocus();
+  [[nodiscard]] bool TieneFoco() const;
+  /// Whether its kind takes the focus at all.
+  [[nodiscard]] virtual bool AdmiteFoco() const { return false; }
+  /// Shown and in use, and so are the panels it lies in and its form.
+  [[nodiscard]] bool Alcanzable() const;
+
+  /// The value of a property, none where its kind hasn't it.
+  [[nodiscard]] virtual std::optional<Valor> Leer(Aspecto aspecto) const;
+
+  void Cambiada(Aspecto aspecto) override;
+
+  static void Disparar(const Evento& evento) {
+    if (evento) evento();
+  }
+
+ protected:
+  /// Whether the kind shows a back colour of its own.
+  [[nodiscard]] virtual bool TieneFondo() const { return false; }
+
+ private:
+  template <class>
+  friend class MatrizControles;
+
+  Form& form_;
+  std::string nombre_;
+  int indice_ = -1;
+  Diseno diseno_;
+  PictureBox* contenedor_;
+};
+
+}  // namespace services

@@ -1,0 +1,137 @@
+#include "automation/servidores.h"
+
+#include <dlfcn.h>
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <string>
+
+#include "automation/registro_clases.h"
+#include "platform/automation/carpeta_de_datos.h"
+#include "platform/automation/contador.h"
+
+namespace {
+
+using automation::CrearObjeto;
+using automation::Registro;
+using pruebas::IContador;
+using pruebas::NumeroDeError;
+
+constexpr services::GUID kAjena{0xABCDEF01, 0x2345, 0x6789, {1, 2, 3, 4, 5, 6, 7, 8}};
+
+bool EstaCargada(const char* biblioteca) {
+  void* cargada = dlopen(biblioteca, RTLD_NOW | RTLD_NOLOAD);
+  if (cargada) dlclose(cargada);
+  return cargada != nullptr;
+}
+
+std::string DescripcionDeError(const std::function<void()>& accion) {
+  try {
+    accion();
+  } catch (const services::ErrorEjecucion& fallo) {
+    return fallo.Descripcion();
+  }
+  return "";
+}
+
+class ServidoresTest : public testing::Test {
+ protected:
+  ~ServidoresTest() override { automation::LiberarBibliotecas(); }
+
+  pruebas::CarpetaDeDatos datos;
+};
+
+TEST_F(ServidoresTest, UnaBibliotecaRegistradaDaObjetosDeSuClase) {
+  automation::RegistrarBiblioteca(BIBLIOTECA_SERVIDOR);
+  const auto uno = CrearObjeto<IContador>(IContador::ProgId);
+  const auto otro = CrearObjeto<IContador>(IContador::ProgId);
+  EXPECT_EQ(uno->Siguiente(), 1);
+  EXPECT_EQ(uno->Siguiente(), 2);
+  EXPECT_EQ(otro->Siguiente(), 1);
+}
+
+TEST_F(ServidoresTest, LaBibliotecaSeRegistraConSuRutaCompleta) {
+  const auto aqui = std::filesystem::current_path();
+  automation::RegistrarBiblioteca(std::filesystem::relative(BIBLIOTECA_SERVIDOR, aqui));
+  const auto clase = Registro().Buscar(IContador::ProgId);
+  ASSERT_TRUE(clase);
+  EXPECT_EQ(clase->Biblioteca, std::filesystem::canonical(BIBLIOTECA_SERVIDOR));
+}
+
+TEST_F(ServidoresTest, ElObjetoTraeUnaSolaCuenta) {
+  automation::RegistrarBiblioteca(BIBLIOTECA_SERVIDOR);
+  auto objeto = CrearObjeto<IContador>(IContador::ProgId);
+  EXPECT_EQ(objeto->AddRef(), 2U);
+  EXPECT_EQ(objeto->Release(), 1U);
+}
+
+TEST_F(ServidoresTest, UnaClaseSinRegistrarLoDice) {
+  EXPECT_EQ(NumeroDeError([] { (void)CrearObjeto<IContador>("No.Existe"); }),
+            services::error::Numero(0x80040154));
+  EXPECT_EQ(DescripcionDeError([] { (void)CrearObjeto<IContador>("No.Existe"); }),
+            "La clase No.Existe no está registrada");
+}
+
+TEST_F(ServidoresTest, UnaBibliotecaAnuladaDejaDeOfrecerSuClase) {
+  automation::RegistrarBiblioteca(BIBLIOTECA_SERVIDOR);
+  automation::AnularBiblioteca(BIBLIOTECA_SERVIDOR);
+  EXPECT_EQ(NumeroDeError([] { (void)CrearObjeto<IContador>(IContador::ProgId); }),
+            automation::error::ClaseNoRegistrada);
+}
+
+TEST_F(ServidoresTest, UnaBibliotecaQueFaltaLoDice) {
+  Registro().Poner({IContador::CLSID, IContador::ProgId, "/no/existe.so"});
+  const auto crear = [] { (void)CrearObjeto<IContador>(IContador::ProgId); };
+  EXPECT_EQ(NumeroDeError(crear), automation::error::SinBiblioteca);
+  EXPECT_THAT(DescripcionDeError(crear),
+              testing::StartsWith("No se puede cargar la biblioteca /no/existe.so: "));
+  EXPECT_EQ(NumeroDeError([] { automation::RegistrarBiblioteca("/no/existe.so"); }),
+            automation::error::SinBiblioteca);
+  EXPECT_EQ(automation::LiberarBibliotecas(), 0U);
+}
+
+TEST_F(ServidoresTest, UnaBibliotecaSinEntradasLoDice) {
+  const auto registrar = [] { automation::RegistrarBiblioteca(BIBLIOTECA_SIN_ENTRADAS); };
+  EXPECT_EQ(NumeroDeError(registrar), automation::error::SinEntrada);
+  EXPECT_EQ(DescripcionDeError(registrar), "La biblioteca no exporta la función DllRegisterServer");
+  Registro().Poner({IContador::CLSID, IContador::ProgId, BIBLIOTECA_SIN_ENTRADAS});
+  EXPECT_EQ(DescripcionDeError([] { (void)CrearObjeto<IContador>(IContador::ProgId); }),
+            "La biblioteca no exporta la función DllGetClassObject");
+}
+
+TEST_F(ServidoresTest, UnaClaseQueLaBibliotecaNoTieneDaElNumeroDeLaBiblioteca) {
+  Registro().Poner({kAjena, "Pruebas.Ajena", BIBLIOTECA_SERVIDOR});
+  EXPECT_EQ(NumeroDeError([] { (void)CrearObjeto<IContador>("Pruebas.Ajena"); }),
+            services::hr::ClaseDesconocida);
+}
+
+TEST_F(ServidoresTest, UnaInterfazQueLaClaseNoTieneDaElNumeroDeLaBiblioteca) {
+  automation::RegistrarBiblioteca(BIBLIOTECA_SERVIDOR);
+  EXPECT_EQ(NumeroDeError([] { (void)CrearObjeto(IContador::ProgId, kAjena); }),
+            services::hr::SinInterfaz);
+}
+
+TEST_F(ServidoresTest, SiNoSePuedeEscribirLaListaElRegistroFalla) {
+  datos.Poner("XDG_DATA_HOME", "/proc/no-se-puede");
+  EXPECT_EQ(NumeroDeError([] { automation::RegistrarBiblioteca(BIBLIOTECA_SERVIDOR); }),
+            services::hr::Fallo);
+}
+
+TEST_F(ServidoresTest, LaBibliotecaConObjetosVivosNoSeDescarga) {
+  automation::RegistrarBiblioteca(BIBLIOTECA_SERVIDOR);
+  auto objeto = CrearObjeto<IContador>(IContador::ProgId);
+  EXPECT_EQ(automation::LiberarBibliotecas(), 0U);
+  EXPECT_EQ(objeto->Siguiente(), 1);
+  objeto = nullptr;
+  EXPECT_EQ(automation::LiberarBibliotecas(), 1U);
+  EXPECT_FALSE(EstaCargada(BIBLIOTECA_SERVIDOR));
+}
+
+TEST_F(ServidoresTest, TrasDescargarlaSeVuelveACargar) {
+  automation::RegistrarBiblioteca(BIBLIOTECA_SERVIDOR);
+  EXPECT_EQ(automation::LiberarBibliotecas(), 1U);
+  EXPECT_EQ(CrearObjeto<IContador>(IContador::ProgId)->Siguiente(), 1);
+  EXPECT_TRUE(EstaCargada(BIBLIOTECA_SERVIDOR));
+}
+
+}  // namespace

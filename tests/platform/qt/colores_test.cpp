@@ -1,0 +1,68 @@
+#include "qt/colores.h"
+
+#include <gmock/gmock.h>
+
+#include <QLineEdit>
+
+#include "platform/qt/frm_prueba.h"
+
+// Told colours stay readable whatever the desktop's theme.
+
+namespace {
+
+using pruebas::Escena;
+
+QPalette Oscura() {
+  QPalette paleta(QColor(40, 40, 40));
+  paleta.setColor(QPalette::Base, QColor(25, 25, 25));
+  paleta.setColor(QPalette::Text, Qt::white);
+  return paleta;
+}
+
+TEST(Colores, SinColorDichoMandaElEscritorio) {
+  const qt::Pareja pareja =
+      qt::Emparejar(services::color::Blanco, services::color::Negro, Oscura());
+  EXPECT_EQ(pareja.Fondo, QColor(25, 25, 25));
+  EXPECT_EQ(pareja.Texto, QColor(Qt::white));
+}
+
+TEST(Colores, UnFondoDichoTraeSuTexto) {
+  const qt::Pareja pareja =
+      qt::Emparejar(services::color::ConFoco, services::color::Negro, Oscura());
+  EXPECT_EQ(pareja.Fondo, QColor(203, 202, 165));
+  EXPECT_EQ(pareja.Texto, QColor(Qt::black));
+}
+
+TEST(Colores, UnTextoDichoTraeSuFondo) {
+  const qt::Pareja pareja = qt::Emparejar(services::color::Blanco, 0xd11405, Oscura());
+  EXPECT_EQ(pareja.Fondo, QColor(Qt::white));
+  EXPECT_EQ(pareja.Texto, QColor(5, 20, 209));
+}
+
+TEST(Colores, ElTextoDelPanelSeLeeSobreUnFondoDicho) {
+  const qt::Pareja pareja = qt::Emparejar(0x400000, services::color::TextoPanel, Oscura());
+  EXPECT_GE(qt::Contraste(pareja.Fondo, pareja.Texto), 7);
+}
+
+TEST(Colores, ElCampoConFocoSeLeeEnUnTemaOscuro) {
+  const QPalette antes = QApplication::palette();
+  QApplication::setPalette(Oscura());
+  {
+    Escena escena;
+    QLineEdit& fecha = escena.Vista<QLineEdit>("TxtFecha");
+    const auto contraste = [&fecha] {
+      return qt::Contraste(fecha.palette().color(QPalette::Base),
+                           fecha.palette().color(QPalette::Text));
+    };
+    EXPECT_GE(contraste(), 7);
+    escena.form->TxtFecha.BackColor = services::color::ConFoco;
+    EXPECT_EQ(fecha.palette().color(QPalette::Base), QColor(203, 202, 165));
+    EXPECT_GE(contraste(), 7);
+    escena.form->TxtFecha.BackColor = services::color::Blanco;
+    EXPECT_EQ(fecha.palette().color(QPalette::Base), QColor(25, 25, 25));
+    EXPECT_GE(contraste(), 7);
+  }
+  QApplication::setPalette(antes);
+}
+
+}  // namespace

@@ -1,0 +1,158 @@
+#include <gmock/gmock.h>
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QRadioButton>
+
+#include "platform/qt/frm_prueba.h"
+
+// Focus by keys and clicks, and what is chosen with it.
+
+namespace {
+
+using pruebas::Escena;
+using testing::ElementsAre;
+
+class Foco : public testing::Test {
+ protected:
+  void Tab(Qt::KeyboardModifiers con = Qt::NoModifier) {
+    QTest::keyClick(escena.marco.focusWidget(), con ? Qt::Key_Backtab : Qt::Key_Tab, con);
+  }
+
+  Escena escena;
+};
+
+TEST_F(Foco, ElTabuladorSigueElOrdenDelModelo) {
+  std::vector<QString> visitados;
+  for (int i = 0; i < 8; ++i) {
+    Tab();
+    visitados.push_back(escena.Enfocada());
+  }
+  EXPECT_THAT(visitados, ElementsAre("TxtFecha", "ChkUno", "TxtImporte", "OptA", "OptB", "Lista",
+                                     "BotonGrabar", "Rejilla"));
+  Tab();
+  EXPECT_EQ(escena.Enfocada(), "TxtFecha");
+  Tab(Qt::ShiftModifier);
+  EXPECT_EQ(escena.Enfocada(), "Rejilla");
+}
+
+TEST_F(Foco, ElTabuladorMarcaLoEnfocadoYNoSeleccionaPorSuCuenta) {
+  escena.form->TxtFecha.Text = "01/02/2003";
+  escena.marco.activateWindow();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(&escena.marco));
+  Tab();
+  EXPECT_TRUE(escena.marco.testAttribute(Qt::WA_KeyboardFocusChange));
+  QLineEdit& fecha = escena.Vista<QLineEdit>("TxtFecha");
+  EXPECT_EQ(fecha.selectedText(), "");
+  EXPECT_EQ(fecha.cursorPosition(), escena.form->TxtFecha.SelStart());
+}
+
+TEST_F(Foco, UnClicDaPrimeroLostFocusYLuegoGotFocus) {
+  escena.form->TxtFecha.SetFocus();
+  escena.form->sucesos.clear();
+  QTest::mouseClick(&escena.Vista<QPushButton>("BotonGrabar"), Qt::LeftButton);
+  EXPECT_THAT(escena.form->sucesos,
+              ElementsAre("TxtFecha_LostFocus", "BotonGrabar_GotFocus", "BotonGrabar_Click"));
+}
+
+TEST_F(Foco, QuienSaleManoPorVolverPierdeElClicDelOtro) {
+  auto& form = *escena.form;
+  form.TxtFecha.SetFocus();
+  form.TxtFecha.LostFocus = [&form] { form.TxtFecha.SetFocus(); };
+  form.sucesos.clear();
+  QTest::mouseClick(&escena.Vista<QPushButton>("BotonGrabar"), Qt::LeftButton);
+  EXPECT_THAT(form.sucesos, ElementsAre("TxtFecha_GotFocus"));
+  EXPECT_EQ(escena.Enfocada(), "TxtFecha");
+  form.TxtFecha.LostFocus = nullptr;
+}
+
+TEST_F(Foco, CancelarNoSeLlevaElFoco) {
+  escena.form->TxtFecha.SetFocus();
+  escena.form->sucesos.clear();
+  QTest::mouseClick(&escena.Vista<QPushButton>("BtnCancelar"), Qt::LeftButton);
+  EXPECT_THAT(escena.form->sucesos, ElementsAre("BtnCancelar_Click"));
+  EXPECT_EQ(escena.Enfocada(), "TxtFecha");
+}
+
+TEST_F(Foco, OcultarLoEnfocadoNoPasaElFocoAlVecino) {
+  escena.form->TxtImporte.SetFocus();
+  escena.form->sucesos.clear();
+  escena.form->TxtImporte.Visible = false;
+  EXPECT_THAT(escena.form->sucesos, ElementsAre("TxtImporte_LostFocus"));
+  EXPECT_EQ(escena.Enfocada(), "FrmPrueba");
+  Tab();
+  EXPECT_EQ(escena.Enfocada(), "TxtFecha");
+}
+
+TEST_F(Foco, InhabilitarLoEnfocadoTampoco) {
+  escena.form->ChkUno.SetFocus();
+  escena.form->PicPanel.Enabled = false;
+  EXPECT_EQ(escena.Enfocada(), "FrmPrueba");
+}
+
+TEST_F(Foco, ElFocoQueTraeElEscritorioLlegaAlModelo) {
+  escena.marco.activateWindow();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(&escena.marco));
+  escena.Vista<QLineEdit>("TxtImporte").setFocus(Qt::OtherFocusReason);
+  EXPECT_TRUE(escena.form->TxtImporte.TieneFoco());
+}
+
+TEST_F(Foco, LaBarraEspaciadoraMarcaLaCasilla) {
+  escena.form->ChkUno.SetFocus();
+  QCheckBox& casilla = escena.Vista<QCheckBox>("ChkUno");
+  escena.form->sucesos.clear();
+  QTest::keyClick(&casilla, Qt::Key_Space);
+  EXPECT_TRUE(escena.form->ChkUno.Value);
+  EXPECT_TRUE(casilla.isChecked());
+  QTest::keyClick(&casilla, Qt::Key_Space);
+  EXPECT_FALSE(casilla.isChecked());
+  EXPECT_THAT(escena.form->sucesos, ElementsAre("ChkUno_Click", "ChkUno_Click"));
+}
+
+TEST_F(Foco, UnClicMarcaUnaVez) {
+  QCheckBox& casilla = escena.Vista<QCheckBox>("ChkUno");
+  QTest::mouseClick(&casilla, Qt::LeftButton, {}, QPoint(8, casilla.height() / 2));
+  EXPECT_TRUE(escena.form->ChkUno.Value);
+  EXPECT_TRUE(casilla.isChecked());
+}
+
+TEST_F(Foco, DeUnGrupoHayUnaSolaOpcion) {
+  QRadioButton& a = escena.Vista<QRadioButton>("OptA");
+  QRadioButton& b = escena.Vista<QRadioButton>("OptB");
+  QTest::mouseClick(&a, Qt::LeftButton, {}, QPoint(8, a.height() / 2));
+  QTest::mouseClick(&b, Qt::LeftButton, {}, QPoint(8, b.height() / 2));
+  EXPECT_FALSE(a.isChecked());
+  EXPECT_TRUE(b.isChecked());
+  QTest::mouseClick(&b, Qt::LeftButton, {}, QPoint(8, b.height() / 2));
+  EXPECT_TRUE(b.isChecked());
+}
+
+TEST_F(Foco, LasFlechasEligenEnUnaLista) {
+  escena.form->Lista.SetFocus();
+  QComboBox& lista = escena.Vista<QComboBox>("Lista");
+  QTest::keyClick(&lista, Qt::Key_Down);
+  QTest::keyClick(&lista, Qt::Key_Down);
+  EXPECT_EQ(escena.form->Lista.Text(), "dos");
+  EXPECT_EQ(lista.currentText(), "dos");
+}
+
+TEST_F(Foco, LaRuedaNoCambiaUnaLista) {
+  escena.form->Lista.SetFocus();
+  escena.form->Lista.ListIndex = 1;
+  QComboBox& lista = escena.Vista<QComboBox>("Lista");
+  QWheelEvent rueda(QPointF(5, 5), lista.mapToGlobal(QPointF(5, 5)), {}, QPoint(0, -120),
+                    Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase, false);
+  QApplication::sendEvent(&lista, &rueda);
+  EXPECT_EQ(escena.form->Lista.ListIndex(), 1);
+}
+
+TEST_F(Foco, IntroPulsaElBoton) {
+  escena.form->BotonGrabar.SetFocus();
+  escena.form->sucesos.clear();
+  QTest::keyClick(&escena.Vista<QPushButton>("BotonGrabar"), Qt::Key_Return);
+  EXPECT_THAT(escena.form->sucesos, ElementsAre("BotonGrabar_Click"));
+}
+
+}  // namespace

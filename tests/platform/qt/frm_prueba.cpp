@@ -1,0 +1,82 @@
+#include "platform/qt/frm_prueba.h"
+
+#include "ui_FrmPrueba.h"
+
+namespace pruebas {
+
+using services::Diseno;
+
+FrmPrueba::FrmPrueba(services::Escritorio& escritorio)
+    : Form(escritorio, "FrmPrueba", 12000, 9000),
+      Barra1(*this, "Barra1", "Prueba & error", {}),
+      PicPanel(*this, "PicPanel", {}),
+      LblFecha(*this, "LblFecha", "Fecha:", {.Contenedor = &PicPanel}),
+      TxtFecha(*this, "TxtFecha", {.TabIndex = 0, .Contenedor = &PicPanel}),
+      TxtImporte(*this, "TxtImporte", {.TabIndex = 2, .Contenedor = &PicPanel}),
+      ChkUno(*this, "ChkUno", "Una", {.TabIndex = 1, .Contenedor = &PicPanel}),
+      OptA(*this, "OptA", "A", {.TabIndex = 3, .Contenedor = &PicPanel}),
+      OptB(*this, "OptB", "B", {.TabIndex = 4, .Contenedor = &PicPanel}),
+      Lista(*this, "Lista", {"uno", "dos", "tres"}, {.TabIndex = 5, .Contenedor = &PicPanel}),
+      BotonGrabar(*this, "BotonGrabar", "Grabar & salir", {.TabIndex = 6, .Contenedor = &PicPanel}),
+      BtnCancelar(*this, "BtnCancelar", "Cancelar", {.Contenedor = &PicPanel}),
+      Desplazar(*this, "Desplazar", {.Contenedor = &PicPanel}),
+      Rejilla(*this, "Rejilla", 4, {.TabIndex = 7, .Contenedor = &PicPanel}),
+      TxtCelda(*this, "TxtCelda", {.Contenedor = &PicPanel, .Visible = false}),
+      Progreso(*this, "Progreso", {.Contenedor = &PicPanel}),
+      ImgMarca(*this, "ImgMarca", "check", {.Contenedor = &PicPanel}) {
+  BtnCancelar.TomaFoco = false;
+  for (services::Widget* widget : Widgets()) Anotar(*widget);
+  TxtFecha.Change = [this] { sucesos.push_back("TxtFecha_Change " + TxtFecha.Text()); };
+  Rejilla.LeaveCell = [this] { sucesos.push_back("Rejilla_LeaveCell"); };
+  Rejilla.RowColChange = [this] { sucesos.push_back("Rejilla_RowColChange"); };
+  Barra1.Cerrar = [this] { Unload(); };
+}
+
+void FrmPrueba::Anotar(services::Widget& widget) {
+  const auto suceso = [this, nombre = widget.Nombre()](const char* cual) {
+    return [this, nombre, cual] { sucesos.push_back(nombre + "_" + cual); };
+  };
+  widget.Click = suceso("Click");
+  widget.DblClick = suceso("DblClick");
+  widget.GotFocus = suceso("GotFocus");
+  widget.LostFocus = suceso("LostFocus");
+}
+
+Escena::Escena() {
+  plataforma_ = qt::CrearPlataforma(
+      {{"FrmPrueba", [](QWidget& pantalla) { Ui::FrmPrueba().setupUi(&pantalla); }}});
+  plataforma_.ErrorNoControlado = [this](const services::ErrorEjecucion& fallo) {
+    errores.push_back(fallo);
+  };
+  escritorio_ = std::make_unique<services::Escritorio>(plataforma_);
+  form = services::Crear<FrmPrueba>(*escritorio_);
+  form->Marco = services::Crear<MarcoDePrueba>(marco);
+  for (int c = 0; c < form->Rejilla.Cols(); ++c) {
+    form->Rejilla.TextMatrix(0, c, "Columna " + std::to_string(c));
+  }
+  marco.resize(900, 700);
+  marco.show();
+  form->Show();
+}
+
+Escena::~Escena() {
+  if (form) form->Unload();
+  form = nullptr;
+  QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+}
+
+QString Escena::Enfocada() const {
+  return marco.focusWidget() ? marco.focusWidget()->objectName() : QString();
+}
+
+void Escena::Llenar(int filas) {
+  form->Escritorio().Evento([&] {
+    form->Rejilla.Rows = 1;
+    for (int f = 1; f <= filas; ++f) {
+      form->Rejilla.AddItem("fila " + std::to_string(f) + "\ttexto\t" + std::to_string(f) +
+                            ",50\t");
+    }
+  });
+}
+
+}  // namespace pruebas
