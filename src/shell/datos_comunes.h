@@ -12,8 +12,6 @@
 
 namespace shell {
 
-class FrmTesvaraGastos;
-
 /// The session that the host hands over, and the objects that all screens share. Kept for the life
 /// of the process.
 class DatosComunes final : public services::Sesion {
@@ -26,14 +24,7 @@ class DatosComunes final : public services::Sesion {
   /// held before then stays.
   void RecibirSesion(services::Ref<services::IDatosClase> datos);
   /// Has the host draw around the main screen and its own; keeps the forms it hands back.
-  void Repintar(FrmTesvaraGastos& pantalla);
-
-  /// The main screen, made and loaded when it isn't.
-  FrmTesvaraGastos& Pantalla();
-  /// Shows it.
-  void MostrarPantalla();
-  /// Lets go of a screen that was unloaded.
-  void SoltarPantalla();
+  void Repintar(services::Form& pantalla);
 
   [[nodiscard]] services::Escritorio& Escritorio() { return escritorio_; }
   [[nodiscard]] const services::Ref<services::IForm>& FrmMarco() const { return FrmMarco_; }
@@ -79,7 +70,6 @@ class DatosComunes final : public services::Sesion {
   services::Ref<services::IForm> FrmPrincipal_;
   std::unique_ptr<services::Utiles> utiles_;
   std::unique_ptr<services::Aviso> aviso_;
-  services::Instancia<FrmTesvaraGastos> pantalla_;
 };
 
 }  // namespace shell

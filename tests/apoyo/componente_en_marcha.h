@@ -81,7 +81,7 @@ class ComponenteEnMarcha {
   [[nodiscard]] std::string Cerrar() { return Motivo(clase_->Cerrar()); }
 
   [[nodiscard]] shell::DatosComunes& Sesion() { return sesion_; }
-  [[nodiscard]] shell::FrmTesvaraGastos& Pantalla() { return sesion_.Pantalla(); }
+  [[nodiscard]] shell::FrmTesvaraGastos& Pantalla() { return pantallas_.Principal(); }
 
  private:
   [[nodiscard]] std::string Motivo(services::HRESULT resultado) {
@@ -92,7 +92,9 @@ class ComponenteEnMarcha {
   services::Plataforma plataforma_ = entorno_->Plataforma();
   services::Ref<ContextoDeAnfitrion> contexto_;
   shell::DatosComunes sesion_{plataforma_};
-  services::Ref<shell::ClassTesvara> clase_ = services::Crear<shell::ClassTesvara>(sesion_);
+  shell::Pantallas pantallas_{sesion_};
+  services::Ref<shell::ClassTesvara> clase_ =
+      services::Crear<shell::ClassTesvara>(sesion_, pantallas_);
 };
 
 }  // namespace apoyo
