@@ -45,6 +45,13 @@ void Exigir(HRESULT resultado, const std::string& que) {
   if (services::hr::Fallido(resultado)) throw ErrorEjecucion(resultado, que);
 }
 
+/// What a call of a library handed out. One that calls null a success is taken for a failure.
+void* Exigir(HRESULT resultado, void* objeto, const std::string& que) {
+  Exigir(resultado, que);
+  if (!objeto) throw ErrorEjecucion(services::hr::PunteroNulo, que);
+  return objeto;
+}
+
 bool SePuedeDescargar(void* biblioteca) {
   void* direccion = dlsym(biblioteca, "DllCanUnloadNow");
   if (!direccion) return true;
@@ -56,10 +63,16 @@ services::Ref<services::IClassFactory> PedirFabrica(const Clase& clase) {
   void* biblioteca = Cargar(clase.Biblioteca);
   auto* pedir = Entrada<decltype(services::DllGetClassObject)>(biblioteca, "DllGetClassObject");
   void* fabrica = nullptr;
-  Exigir(pedir(clase.Clsid, services::IClassFactory::IID, &fabrica),
-         "La biblioteca " + clase.Biblioteca + " no ofrece la clase " + clase.ProgId);
-  return services::Ref<services::IClassFactory>::Adoptar(
-      static_cast<services::IClassFactory*>(fabrica));
+  const HRESULT resultado = pedir(clase.Clsid, services::IClassFactory::IID, &fabrica);
+  return services::Ref<services::IClassFactory>::Adoptar(static_cast<services::IClassFactory*>(
+      Exigir(resultado, fabrica,
+             "La biblioteca " + clase.Biblioteca + " no ofrece la clase " + clase.ProgId)));
+}
+
+/// A library tells by a number alone that it couldn't write the list: what is wrong with it is said
+/// here, before it is asked.
+void ComprobarLista() {
+  (void)Registro().Clases();
 }
 
 }  // namespace
@@ -67,12 +80,16 @@ services::Ref<services::IClassFactory> PedirFabrica(const Clase& clase) {
 void RegistrarBiblioteca(const std::filesystem::path& biblioteca) {
   auto* registrar =
       Entrada<decltype(services::DllRegisterServer)>(Cargar(biblioteca), "DllRegisterServer");
-  Exigir(registrar(), "La biblioteca " + biblioteca.string() + " no ha podido registrarse");
+  ComprobarLista();
+  Exigir(registrar(), "La biblioteca " + biblioteca.string() +
+                          " no ha podido registrarse en la lista de clases " +
+                          FicheroDeClases().string());
 }
 
 void AnularBiblioteca(const std::filesystem::path& biblioteca) {
   auto* anular =
       Entrada<decltype(services::DllUnregisterServer)>(Cargar(biblioteca), "DllUnregisterServer");
+  ComprobarLista();
   Exigir(anular(), "La biblioteca " + biblioteca.string() + " no ha podido anular su registro");
 }
 
@@ -84,9 +101,8 @@ void* CrearObjeto(std::string_view progId, const services::GUID& interfaz) {
   }
   const auto fabrica = PedirFabrica(*clase);
   void* objeto = nullptr;
-  Exigir(fabrica->CreateInstance(nullptr, interfaz, &objeto),
-         "No se puede crear un objeto de la clase " + clase->ProgId);
-  return objeto;
+  const HRESULT resultado = fabrica->CreateInstance(nullptr, interfaz, &objeto);
+  return Exigir(resultado, objeto, "No se puede crear un objeto de la clase " + clase->ProgId);
 }
 
 std::size_t LiberarBibliotecas() {
