@@ -14,7 +14,10 @@ namespace automation {
 namespace {
 
 using services::ErrorEjecucion;
+using services::ModeloDeHilos;
 
+constexpr std::string_view kHiloUnico = "unico";
+constexpr std::string_view kHiloLibre = "libre";
 /// Of no class.
 constexpr services::GUID kSinGuid{};
 
@@ -67,11 +70,14 @@ std::optional<Clase> LeerLinea(std::string_view linea) {
   if (columnas.size() < 3) return std::nullopt;
   const std::optional<services::GUID> clsid = LeerGuid(columnas[0]);
   if (!clsid || *clsid == kSinGuid) return std::nullopt;
-  return Clase{*clsid, std::string(columnas[1]), std::string(columnas[2])};
+  const bool libre = columnas.size() > 3 && columnas[3] == kHiloLibre;
+  return Clase{*clsid, std::string(columnas[1]), std::string(columnas[2]),
+               libre ? ModeloDeHilos::Libre : ModeloDeHilos::Unico};
 }
 
 std::string Linea(const Clase& clase) {
-  return TextoDeGuid(clase.Clsid) + '\t' + clase.ProgId + '\t' + clase.Biblioteca;
+  return TextoDeGuid(clase.Clsid) + '\t' + clase.ProgId + '\t' + clase.Biblioteca + '\t' +
+         std::string(clase.Hilos == ModeloDeHilos::Libre ? kHiloLibre : kHiloUnico);
 }
 
 void Comprobar(const Clase& clase) {
@@ -159,7 +165,7 @@ void Registro::Quitar(const services::GUID& clsid) const {
 FuncionesDeRegistro CrearRegistro(const std::filesystem::path& biblioteca) {
   return {[biblioteca](const services::ClaseRegistrada& clase) {
             return SinExcepciones([&] {
-              Registro().Poner({clase.Clsid, clase.ProgId, biblioteca.string()});
+              Registro().Poner({clase.Clsid, clase.ProgId, biblioteca.string(), clase.Hilos});
             });
           },
           [](const services::ClaseRegistrada& clase) {

@@ -12,8 +12,9 @@
 #include "services/plataforma.h"
 
 // The list of classes that in-process servers offer on this account: one text file, a line a class:
-// CLSID, ProgId and the library's path, split by tabs. Lines that tell no class, such as comments,
-// stay where they are.
+// CLSID, ProgId, the library's path, and `unico` or `libre` for its threads, split by tabs. A line
+// of three columns is `unico`, as is one with another word there. Lines that tell no class, such as
+// comments, stay where they are.
 
 namespace automation {
 
@@ -26,6 +27,7 @@ struct Clase {
   services::GUID Clsid;
   std::string ProgId;
   std::string Biblioteca;
+  services::ModeloDeHilos Hilos = services::ModeloDeHilos::Unico;
 };
 
 /// The file under the user's data folder: `$XDG_DATA_HOME`, or `~/.local/share`. Throws

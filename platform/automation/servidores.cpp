@@ -3,7 +3,9 @@
 #include <dlfcn.h>
 
 #include <map>
+#include <mutex>
 #include <string>
+#include <thread>
 
 #include "automation/registro_clases.h"
 
@@ -13,19 +15,31 @@ namespace {
 using services::ErrorEjecucion;
 using services::HRESULT;
 
+struct Cargada {
+  void* Biblioteca;
+  std::thread::id Hilo;
+};
+
 /// The libraries loaded here, by their full path.
-std::map<std::string, void*>& Cargadas() {
-  static std::map<std::string, void*> cargadas;
+struct Cargadas {
+  std::recursive_mutex Turno;
+  std::map<std::string, Cargada> PorRuta;
+};
+Cargadas& LasCargadas() {
+  static Cargadas cargadas;
   return cargadas;
 }
 
-void* Cargar(const std::filesystem::path& biblioteca) {
+/// The lock is recursive: a library may load another as it is loaded itself.
+Cargada Cargar(const std::filesystem::path& biblioteca) {
   const std::string ruta = std::filesystem::weakly_canonical(biblioteca).string();
-  void*& cargada = Cargadas()[ruta];
-  if (!cargada) cargada = dlopen(ruta.c_str(), RTLD_NOW | RTLD_LOCAL);
-  if (cargada) return cargada;
+  auto& [turno, porRuta] = LasCargadas();
+  const std::lock_guard mio(turno);
+  if (const auto ya = porRuta.find(ruta); ya != porRuta.end()) return ya->second;
+  if (void* nueva = dlopen(ruta.c_str(), RTLD_NOW | RTLD_LOCAL)) {
+    return porRuta.insert_or_assign(ruta, Cargada{nueva, std::this_thread::get_id()}).first->second;
+  }
   const char* motivo = dlerror();
-  Cargadas().erase(ruta);
   throw ErrorEjecucion(error::SinBiblioteca, "No se puede cargar la biblioteca " + ruta + ": " +
                                                  (motivo ? motivo : "sin motivo conocido"));
 }
@@ -60,7 +74,12 @@ bool SePuedeDescargar(void* biblioteca) {
 }
 
 services::Ref<services::IClassFactory> PedirFabrica(const Clase& clase) {
-  void* biblioteca = Cargar(clase.Biblioteca);
+  const auto [biblioteca, hilo] = Cargar(clase.Biblioteca);
+  if (clase.Hilos == services::ModeloDeHilos::Unico && hilo != std::this_thread::get_id()) {
+    throw ErrorEjecucion(error::OtroHilo, "La clase " + clase.ProgId +
+                                              " sólo se puede usar desde el hilo que cargó su "
+                                              "biblioteca");
+  }
   auto* pedir = Entrada<decltype(services::DllGetClassObject)>(biblioteca, "DllGetClassObject");
   void* fabrica = nullptr;
   const HRESULT resultado = pedir(clase.Clsid, services::IClassFactory::IID, &fabrica);
@@ -78,8 +97,8 @@ void ComprobarLista() {
 }  // namespace
 
 void RegistrarBiblioteca(const std::filesystem::path& biblioteca) {
-  auto* registrar =
-      Entrada<decltype(services::DllRegisterServer)>(Cargar(biblioteca), "DllRegisterServer");
+  auto* registrar = Entrada<decltype(services::DllRegisterServer)>(Cargar(biblioteca).Biblioteca,
+                                                                   "DllRegisterServer");
   ComprobarLista();
   Exigir(registrar(), "La biblioteca " + biblioteca.string() +
                           " no ha podido registrarse en la lista de clases " +
@@ -87,8 +106,8 @@ void RegistrarBiblioteca(const std::filesystem::path& biblioteca) {
 }
 
 void AnularBiblioteca(const std::filesystem::path& biblioteca) {
-  auto* anular =
-      Entrada<decltype(services::DllUnregisterServer)>(Cargar(biblioteca), "DllUnregisterServer");
+  auto* anular = Entrada<decltype(services::DllUnregisterServer)>(Cargar(biblioteca).Biblioteca,
+                                                                  "DllUnregisterServer");
   ComprobarLista();
   Exigir(anular(), "La biblioteca " + biblioteca.string() + " no ha podido anular su registro");
 }
@@ -106,8 +125,11 @@ void* CrearObjeto(std::string_view progId, const services::GUID& interfaz) {
 }
 
 std::size_t LiberarBibliotecas() {
-  return std::erase_if(Cargadas(), [](const auto& cargada) {
-    return SePuedeDescargar(cargada.second) && dlclose(cargada.second) == 0;
+  auto& [turno, porRuta] = LasCargadas();
+  const std::lock_guard mio(turno);
+  return std::erase_if(porRuta, [](const auto& cargada) {
+    void* biblioteca = cargada.second.Biblioteca;
+    return SePuedeDescargar(biblioteca) && dlclose(biblioteca) == 0;
   });
 }
 

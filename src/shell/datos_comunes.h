@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <memory>
 #include <string>
+#include <thread>
 
 #include "forms/escritorio.h"
 #include "forms/form.h"
@@ -34,6 +35,9 @@ class DatosComunes final : public services::Sesion {
   void MostrarPantalla();
   /// Lets go of a screen that was unloaded.
   void SoltarPantalla();
+
+  /// Whether the thread that asks is the one that made the session: no other may use it.
+  [[nodiscard]] bool EnSuHilo() const { return hilo_ == std::this_thread::get_id(); }
 
   [[nodiscard]] services::Escritorio& Escritorio() { return escritorio_; }
   [[nodiscard]] const services::Ref<services::IForm>& FrmMarco() const { return FrmMarco_; }
@@ -71,6 +75,7 @@ class DatosComunes final : public services::Sesion {
 
   void TerminarUnidades();
 
+  const std::thread::id hilo_ = std::this_thread::get_id();
   const services::Plataforma& plataforma_;
   services::Escritorio escritorio_;
   services::Ref<services::IDatosClase> DatosClase_;

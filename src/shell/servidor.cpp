@@ -36,6 +36,7 @@ class Fabrica final : public services::ObjetoContado<services::IClassFactory> {
     *objeto = nullptr;
     if (exterior) return hr::SinAgregacion;
     try {
+      if (!Datos().EnSuHilo()) return hr::OtroHilo;
       const auto nuevo = services::Crear<shell::ClassTesvara>(Datos());
       hayDatos = true;
       return nuevo->QueryInterface(interfaz, objeto);
@@ -54,7 +55,8 @@ HRESULT ConPlataforma(Operacion operacion) noexcept {
   try {
     return operacion(
         services::PlataformaInstalada(),
-        services::ClaseRegistrada{services::IClassTesvara::CLSID, services::IClassTesvara::ProgId});
+        services::ClaseRegistrada{services::IClassTesvara::CLSID, services::IClassTesvara::ProgId,
+                                  services::ModeloDeHilos::Unico});
   } catch (...) {
     return hr::Fallo;
   }

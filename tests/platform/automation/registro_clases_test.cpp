@@ -41,7 +41,7 @@ class RegistroTest : public testing::Test {
 };
 
 const std::string kLineaDeOtra =
-    "{ABCDEF01-2345-6789-0A0B-0C0D0E0F0102}\tPruebas.Otra\t/lib/otra.so";
+    "{ABCDEF01-2345-6789-0A0B-0C0D0E0F0102}\tPruebas.Otra\t/lib/otra.so\tunico";
 
 TEST(GuidTest, ElTextoVuelveASerElMismoGuid) {
   EXPECT_EQ(automation::TextoDeGuid(kOtra), "{ABCDEF01-2345-6789-0A0B-0C0D0E0F0102}");
@@ -147,7 +147,7 @@ TEST_F(RegistroTest, LoQueNoEsUnaClaseQuedaEnSuSitioAlEscribir) {
   Registro().Quitar(kOtra);
   EXPECT_EQ(Texto(),
             "# De Ana\n\n{no}\tA\t/b.so\nsin fin de línea\n"
-            "{7A1C0B53-44E1-4D7B-8319-6C0EA5923BF0}\tPruebas.Contador\t/lib/a.so\n");
+            "{7A1C0B53-44E1-4D7B-8319-6C0EA5923BF0}\tPruebas.Contador\t/lib/a.so\tunico\n");
 }
 
 TEST_F(RegistroTest, LosFinesDeLineaYLaMarcaDeOtrosSistemasNoEscondenUnaClase) {
@@ -156,6 +156,20 @@ TEST_F(RegistroTest, LosFinesDeLineaYLaMarcaDeOtrosSistemasNoEscondenUnaClase) {
   EXPECT_EQ(Registro().Buscar("Pruebas.Otra")->Biblioteca, "/lib/otra.so");
   Registro().Poner({kOtra, "Pruebas.Otra", "/lib/otra.so"});
   EXPECT_EQ(Texto(), "# De Ana\n" + kLineaDeOtra + "\n");
+}
+
+TEST_F(RegistroTest, LosHilosDeUnaClaseSonUnoSiNoSeDiceOtraCosa) {
+  using services::ModeloDeHilos;
+  const std::string clase = "{ABCDEF01-2345-6789-0A0B-0C0D0E0F0102}\tPruebas.Otra\t/lib/otra.so";
+  for (const char* columna : {"", "\tunico", "\tapartamento"}) {
+    Escribir(clase + columna + "\n");
+    ASSERT_TRUE(Registro().Buscar("Pruebas.Otra")) << columna;
+    EXPECT_EQ(Registro().Buscar("Pruebas.Otra")->Hilos, ModeloDeHilos::Unico) << columna;
+    EXPECT_EQ(Registro().Buscar("Pruebas.Otra")->Biblioteca, "/lib/otra.so") << columna;
+  }
+  Registro().Poner({kOtra, "Pruebas.Otra", "/lib/otra.so", ModeloDeHilos::Libre});
+  EXPECT_EQ(Texto(), clase + "\tlibre\n");
+  EXPECT_EQ(Registro().Buscar("Pruebas.Otra")->Hilos, ModeloDeHilos::Libre);
 }
 
 TEST_F(RegistroTest, DeUnaListaQueEscribenOtrosSeAvisa) {

@@ -4,6 +4,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <future>
 #include <string>
 
 #include "automation/registro_clases.h"
@@ -144,6 +145,28 @@ TEST_F(ServidoresTest, UnaClaseSinIdentificadorNoSeRegistra) {
   EXPECT_EQ(NumeroDeError([] { automation::RegistrarBiblioteca(BIBLIOTECA_VACIA); }),
             services::hr::Fallo);
   EXPECT_TRUE(Registro().Clases().empty());
+}
+
+TEST_F(ServidoresTest, UnaClaseDeUnSoloHiloNoSeDaAOtro) {
+  automation::RegistrarBiblioteca(BIBLIOTECA_SERVIDOR);
+  const auto crear = [] { (void)CrearObjeto<IContador>(IContador::ProgId); };
+  const auto enOtroHilo = [&] {
+    return std::async(std::launch::async, [&] { return DescripcionDeError(crear); }).get();
+  };
+  EXPECT_EQ(enOtroHilo(),
+            "La clase Pruebas.Contador sólo se puede usar desde el hilo que cargó su biblioteca");
+  EXPECT_EQ(NumeroDeError(crear), 0);
+  auto libre = *Registro().Buscar(IContador::ProgId);
+  libre.Hilos = services::ModeloDeHilos::Libre;
+  Registro().Poner(libre);
+  EXPECT_EQ(enOtroHilo(), "");
+}
+
+TEST_F(ServidoresTest, ElHiloDeUnaClaseEsElQueCargaSuBiblioteca) {
+  Registro().Poner({IContador::CLSID, IContador::ProgId, BIBLIOTECA_SERVIDOR});
+  const auto crear = [] { (void)CrearObjeto<IContador>(IContador::ProgId); };
+  EXPECT_EQ(std::async(std::launch::async, [&] { return NumeroDeError(crear); }).get(), 0);
+  EXPECT_EQ(NumeroDeError(crear), automation::error::OtroHilo);
 }
 
 TEST_F(ServidoresTest, LaBibliotecaConObjetosVivosNoSeDescarga) {
