@@ -87,6 +87,9 @@ class ComponenteEnMarcha {
   [[nodiscard]] std::string Cerrar() { return Motivo(clase_->Cerrar()); }
 
   [[nodiscard]] shell::DatosComunes& Sesion() { return sesion_; }
+  [[nodiscard]] shell::ClassTesvara& Clase() { return *clase_; }
+  [[nodiscard]] ContextoDeAnfitrion& Contexto() { return *contexto_; }
+  [[nodiscard]] headless::Entorno& Entorno() { return *entorno_; }
   [[nodiscard]] shell::FrmTesvaraGastos& Pantalla() { return sesion_.Pantalla(); }
 
  private:

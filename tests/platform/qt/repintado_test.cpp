@@ -1,12 +1,7 @@
 #include <gmock/gmock.h>
 
-#include "apoyo/componente_en_marcha.h"
-#include "esquema/esquema_sqlite.h"
-#include "guion/carpeta_temporal.h"
+#include "platform/qt/componente_en_ventana.h"
 #include "platform/qt/frm_prueba.h"
-#include "qt/plataforma_qt.h"
-#include "sorvex/utiles_sorvex.h"
-#include "sqlite/conexion_sqlite.h"
 #include "valores/error.h"
 
 // A screen is told of each of its repaints, and whatever the host does then comes to an end.
@@ -18,7 +13,7 @@ using services::IUnknown;
 using services::Ref;
 namespace hr = services::hr;
 
-constexpr int kReposo = 150;  // ms, many times what a round of events takes
+using pruebas::kReposo;
 
 class Repintado : public testing::Test {
  protected:
@@ -114,49 +109,7 @@ TEST_F(Repintado, UnaPantallaQueSeDescargaAlPintarseSeVa) {
   EXPECT_EQ(form.pintados, 1);
 }
 
-/// The component's own screen, in a frame of the host.
-class RepintadoDelAnfitrion : public testing::Test {
- protected:
-  RepintadoDelAnfitrion() {
-    plataforma.CrearUtiles = &sorvex::CrearUtiles;
-    plataforma.ErrorNoControlado = [this](const services::ErrorEjecucion& fallo) {
-      errores.push_back(fallo.Descripcion());
-    };
-    contexto->Marco = Ref<IUnknown>(services::Crear<pruebas::MarcoDePrueba>(marco));
-    contexto->Principal = contexto->Marco;
-    marco.resize(1024, 700);
-    marco.show();
-  }
-  ~RepintadoDelAnfitrion() override {
-    EXPECT_EQ(clase->Cerrar(), hr::Bien) << clase->Descripcion();
-    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-  }
-
-  services::Ref<services::Conexion> Abrir(const char* fichero,
-                                          void (*crearTablas)(sqlite::Conexion&)) {
-    auto conexion = sqlite::AbrirConexion((carpeta.Ruta() / fichero).string(), {.Crear = true});
-    crearTablas(*conexion);
-    return conexion;
-  }
-  void Cargar() {
-    Ref<services::IDatosClase> como(contexto);
-    ASSERT_EQ(clase->Cargar(como), hr::Bien) << clase->Descripcion();
-    QTest::qWait(kReposo);
-  }
-  void Repintar() {
-    sesion.Pantalla().Refresh();
-    QTest::qWait(kReposo);
-  }
-
-  guion::CarpetaTemporal carpeta{false};
-  services::Plataforma plataforma = qt::CrearPlataforma();
-  Ref<apoyo::ContextoDeAnfitrion> contexto = services::Crear<apoyo::ContextoDeAnfitrion>(
-      Abrir("datos", &esquema::CrearAlmacenadas), Abrir("trabajo", &esquema::CrearDeTrabajo));
-  std::vector<std::string> errores;
-  QWidget marco;
-  shell::DatosComunes sesion{plataforma};
-  Ref<shell::ClassTesvara> clase = services::Crear<shell::ClassTesvara>(sesion);
-};
+using RepintadoDelAnfitrion = pruebas::ComponenteEnVentana;
 
 TEST_F(RepintadoDelAnfitrion, UnoQueRefrescaSusFormulariosAcaba) {
   int veces = 0;
