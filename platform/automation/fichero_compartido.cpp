@@ -7,7 +7,6 @@
 
 #include <array>
 #include <cerrno>
-#include <chrono>
 #include <thread>
 
 #include "valores/error.h"
@@ -15,7 +14,6 @@
 namespace automation {
 namespace {
 
-constexpr auto kEspera = std::chrono::seconds(10);
 constexpr auto kPausa = std::chrono::milliseconds(5);
 constexpr int kEnlaces = 40;
 constexpr mode_t kDeOtros = S_IWGRP | S_IWOTH;
@@ -47,6 +45,8 @@ std::string Motivo(int numero) {
       return "no queda sitio en el disco";
     case ELOOP:
       return "sus enlaces no llevan a ningún fichero";
+    case EWOULDBLOCK:
+      return "otro programa la tiene ocupada";
     case ENOTDIR:
     case EEXIST:
       return "en su ruta hay un fichero donde tenía que haber una carpeta";
@@ -90,20 +90,22 @@ std::filesystem::path Destino(std::filesystem::path ruta) {
   return ruta;
 }
 
-bool Bloquear(int cerrojo) {
-  const auto limite = std::chrono::steady_clock::now() + kEspera;
+/// 0, or the number of the failure: `EWOULDBLOCK` where another holds it all the time.
+int Bloquear(int cerrojo, std::chrono::milliseconds espera) {
+  const auto limite = std::chrono::steady_clock::now() + espera;
   while (flock(cerrojo, LOCK_EX | LOCK_NB) != 0) {
-    if (errno != EWOULDBLOCK && errno != EINTR) return false;
-    if (std::chrono::steady_clock::now() > limite) return false;
+    if (errno != EWOULDBLOCK && errno != EINTR) return errno;
+    if (std::chrono::steady_clock::now() > limite) return EWOULDBLOCK;
     std::this_thread::sleep_for(kPausa);
   }
-  return true;
+  return 0;
 }
 
 }  // namespace
 
-FicheroCompartido::FicheroCompartido(std::filesystem::path ruta, std::string que)
-    : ruta_(std::move(ruta)), que_(std::move(que)) {}
+FicheroCompartido::FicheroCompartido(std::filesystem::path ruta, std::string que,
+                                     std::chrono::milliseconds espera)
+    : ruta_(std::move(ruta)), que_(std::move(que)), espera_(espera) {}
 
 void FicheroCompartido::Fallar(const char* accion, const std::string& motivo) const {
   throw services::ErrorEjecucion(
@@ -134,9 +136,8 @@ void FicheroCompartido::Cambiar(
   // Beside the file and left there: the file itself is another one after each change.
   const Descriptor cerrojo(destino.string() + ".bloqueo", O_RDWR | O_CREAT | O_NOFOLLOW, 0644);
   if (!cerrojo.Abierto()) Fallar("escribir", Motivo(errno));
-  if (!Bloquear(cerrojo.Numero())) {
-    Fallar("escribir", errno == EWOULDBLOCK ? "otro programa no la suelta" : Motivo(errno));
-  }
+  const int motivo = Bloquear(cerrojo.Numero(), espera_);
+  if (motivo != 0) Fallar("escribir", Motivo(motivo));
   Sustituir(destino, cambio(Leer()));
 }
 

@@ -113,7 +113,7 @@ std::filesystem::path FicheroDeClases() {
 }
 
 Registro::Registro(const std::filesystem::path& fichero)
-    : ruta_(fichero), fichero_(fichero, "la lista de clases") {}
+    : fichero_(fichero, "la lista de clases") {}
 
 std::vector<Clase> Registro::Clases() const {
   std::vector<Clase> clases;
@@ -125,7 +125,8 @@ std::vector<Clase> Registro::Clases() const {
 
 std::optional<Clase> Registro::Buscar(std::string_view progId) const {
   if (fichero_.LoEscribenOtros()) {
-    std::cerr << "Aviso: otros usuarios pueden escribir la lista de clases " << ruta_.string()
+    std::cerr << "Aviso: otros usuarios pueden escribir la lista de clases "
+              << fichero_.Ruta().string()
               << ", y con ella elegir qué bibliotecas carga este programa\n";
   }
   for (Clase& clase : Clases()) {

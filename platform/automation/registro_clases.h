@@ -53,7 +53,6 @@ class Registro {
   void Quitar(const services::GUID& clsid) const;
 
  private:
-  std::filesystem::path ruta_;
   FicheroCompartido fichero_;
 };
 

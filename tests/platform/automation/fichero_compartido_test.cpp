@@ -137,6 +137,18 @@ TEST_F(FicheroCompartidoTest, LoQueDejoUnProgramaMuertoNoEstorba) {
   EXPECT_EQ(Texto(ruta), "a\nb\n");
 }
 
+TEST_F(FicheroCompartidoTest, OtroQueNoLoSueltaEsUnFalloYNoUnaEsperaSinFin) {
+  Escribir(ruta, "a\n");
+  const FicheroCompartido impaciente(ruta, "la lista", std::chrono::milliseconds(20));
+  std::string fallo;
+  fichero.Cambiar([&](const std::string& texto) {
+    fallo = DescripcionDeError([&] { impaciente.Cambiar([](const std::string&) { return ""; }); });
+    return texto + "b\n";
+  });
+  EXPECT_EQ(fallo, Fallo("escribir", "otro programa la tiene ocupada"));
+  EXPECT_EQ(Texto(ruta), "a\nb\n");
+}
+
 TEST_F(FicheroCompartidoTest, LosHilosDeUnProgramaEsperanUnosAOtros) {
   std::vector<std::thread> hilos;
   for (int i = 0; i < 8; ++i) {
