@@ -101,6 +101,22 @@ TEST_F(Repintado, ElMensajeDeUnFalloNoTraeOtro) {
   EXPECT_EQ(mensajes, 1);
 }
 
+TEST_F(Repintado, NoTocaLoQueElUsuarioTieneSeleccionado) {
+  auto& texto = escena.Vista<QLineEdit>("TxtFecha");
+  QTest::mouseClick(&texto, Qt::LeftButton);
+  QTest::keyClicks(&texto, "12345");
+  QTest::keyClick(&texto, Qt::Key_Left, Qt::ShiftModifier);
+  QTest::keyClick(&texto, Qt::Key_Left, Qt::ShiftModifier);
+  QTest::qWait(kReposo);
+  form.pintados = 0;
+  form.Refresh();
+  QTest::qWait(kReposo);
+  EXPECT_GE(form.pintados, 1);
+  // From the right still, as it was begun.
+  QTest::keyClick(&texto, Qt::Key_Left, Qt::ShiftModifier);
+  EXPECT_EQ(texto.selectedText(), "345");
+}
+
 TEST_F(Repintado, UnaPantallaQueSeDescargaAlPintarseSeVa) {
   form.AlPintar = [this] { form.Unload(); };
   form.Refresh();
