@@ -117,6 +117,7 @@ TEST_F(AnfitrionDeLaPantalla, ElSegundoCargarConUnMarcoQueNoLoEsDejaTodoComoEsta
     EXPECT_EQ(componente.Pantalla().Marco, marco);
     EXPECT_TRUE(componente.Pantalla().Visible());
   }
+  componente.Contexto().Marco = nullptr;  // it would keep itself alive
   EXPECT_EQ(componente.Cerrar(), "");
 }
 

@@ -53,6 +53,7 @@ TEST_F(MarcoDelAnfitrion, ConUnMarcoQueNoLoEsSigueEnElSuyo) {
     EXPECT_EQ(Ventana().parentWidget(), &marco);
     EXPECT_TRUE(Ventana().isVisible());
   }
+  contexto->Marco = nullptr;  // it would keep itself alive
 }
 
 }  // namespace
