@@ -30,6 +30,8 @@ HRESULT ClassTesvara::Hacer(const std::function<void()>& operacion) noexcept {
     return hr::Fallido(numero) ? numero
                                : hr::Codigo(0x800A0000U | static_cast<std::uint32_t>(numero));
   };
+  // The text of the last failure belongs to that thread too.
+  if (!datos_.EnSuHilo()) return hr::OtroHilo;
   numero_ = 0;
   descripcion_.clear();
   try {

@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <memory>
 #include <string>
+#include <thread>
 
 #include "forms/escritorio.h"
 #include "forms/form.h"
@@ -25,6 +26,9 @@ class DatosComunes final : public services::Sesion {
   void RecibirSesion(services::Ref<services::IDatosClase> datos);
   /// Has the host draw around the main screen and its own; keeps the forms it hands back.
   void Repintar(services::Form& pantalla);
+
+  /// Whether the thread that asks is the one that made the session: no other may use it.
+  [[nodiscard]] bool EnSuHilo() const { return hilo_ == std::this_thread::get_id(); }
 
   [[nodiscard]] services::Escritorio& Escritorio() { return escritorio_; }
   [[nodiscard]] const services::Ref<services::IForm>& FrmMarco() const { return FrmMarco_; }
@@ -62,6 +66,7 @@ class DatosComunes final : public services::Sesion {
 
   void TerminarUnidades();
 
+  const std::thread::id hilo_ = std::this_thread::get_id();
   const services::Plataforma& plataforma_;
   services::Escritorio escritorio_;
   services::Ref<services::IDatosClase> DatosClase_;

@@ -41,6 +41,7 @@ class Fabrica final : public services::ObjetoContado<services::IClassFactory> {
     *objeto = nullptr;
     if (exterior) return hr::SinAgregacion;
     try {
+      if (!ElProceso().Datos.EnSuHilo()) return hr::OtroHilo;
       const auto nuevo =
           services::Crear<shell::ClassTesvara>(ElProceso().Datos, ElProceso().Pantallas);
       hayDatos = true;
@@ -60,7 +61,8 @@ HRESULT ConPlataforma(Operacion operacion) noexcept {
   try {
     return operacion(
         services::PlataformaInstalada(),
-        services::ClaseRegistrada{services::IClassTesvara::CLSID, services::IClassTesvara::ProgId});
+        services::ClaseRegistrada{services::IClassTesvara::CLSID, services::IClassTesvara::ProgId,
+                                  services::ModeloDeHilos::Unico});
   } catch (...) {
     return hr::Fallo;
   }

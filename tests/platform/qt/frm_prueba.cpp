@@ -47,6 +47,7 @@ Escena::Escena() {
       {{"FrmPrueba", [](QWidget& pantalla) { Ui::FrmPrueba().setupUi(&pantalla); }}});
   plataforma_.ErrorNoControlado = [this](const services::ErrorEjecucion& fallo) {
     errores.push_back(fallo);
+    if (AlFallar) AlFallar();
   };
   escritorio_ = std::make_unique<services::Escritorio>(plataforma_);
   form = services::Crear<FrmPrueba>(*escritorio_);
