@@ -4,6 +4,7 @@ from datetime import datetime
 from decimal import Decimal
 
 from fechas import DESDE, HASTA
+from lista import COLUMNAS
 from negocio import Escueto
 from pagos import EDITOR, REJILLA
 from pantalla import Pantalla
@@ -191,6 +192,11 @@ class Jornada:
 
     def paso_rejilla(self):
         self.decir(f"rejilla {REJILLA}", self.pantalla.rejilla.texto())
+
+    def paso_colores(self, fila):
+        if fila < len(self.pantalla.rejilla.celdas):
+            fondo, letra = self.pantalla.rejilla.colores[fila]
+            self.decir(f"colores {REJILLA} {fila}", ["|".join([f"{fondo}/{letra}"] * COLUMNAS)])
 
     def paso_totales(self):
         pendiente, total = self.pantalla.mirar()

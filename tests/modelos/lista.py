@@ -5,6 +5,7 @@ from dataclasses import dataclass
 from valores import a_vista, en_linea, leer_fecha, mascara, orden, recortar, sumar, igual
 
 COLUMNAS = 8
+FRANJA_A, FRANJA_B, PREVISTO, ELEGIDA = 0xD3E8E9, 0xFCDDDA, 0xD11405, (14794931, 0xFFFFFF)
 
 
 @dataclass
@@ -78,12 +79,14 @@ def fundir(local, desde, hasta, con_previsiones, por_fecha):
 
 
 class Rejilla:
-    """Cells and check marks; row 0 is the header. `por_fecha` tells where the dates stand."""
+    """Cells, check marks and colours (back and fore, one for a whole row); row 0 is the header.
+    `por_fecha` tells where the dates stand."""
 
     def __init__(self, reposo):
         self.reposo = reposo
         self.por_fecha = True
         self.celdas, self.marcas = [[""] * COLUMNAS], [False]
+        self.colores = [None]
         self.fila = self.columna = 0
 
     def llenar(self, lineas, por_fecha):
@@ -95,6 +98,9 @@ class Rejilla:
         while len(self.celdas) < self.reposo:
             self.celdas.append([""] * COLUMNAS)
             self.marcas.append(False)
+        self.colores = [None] + [(FRANJA_B if n % 2 else FRANJA_A, PREVISTO) for n in range(len(self.celdas) - 1)]
+        for n, linea in enumerate(lineas, 1):
+            self.colores[n] = self.colores[n][0], PREVISTO if linea.prevision else 0
         self.al_final()
 
     def al_final(self):
@@ -102,10 +108,27 @@ class Rejilla:
         self.fila, self.columna = len(self.celdas) - 1, COLUMNAS - 1
 
     def quitar(self, fila):
-        del self.celdas[fila], self.marcas[fila]
-        self.celdas.append([""] * COLUMNAS)
-        self.marcas.append(False)
+        """Takes a row out and puts a blank one at the end; from there down the stripes swap, and
+        the blank one goes on with them."""
+        for parte, vacia in ((self.celdas, [""] * COLUMNAS), (self.marcas, False), (self.colores, (None, 0))):
+            del parte[fila]
+            parte.append(vacia)
+        for n in range(fila, len(self.celdas)):
+            antes = self.colores[n - 1 if n == len(self.celdas) - 1 else n]
+            self.colores[n] = FRANJA_B if antes and antes[0] == FRANJA_A else FRANJA_A, self._letra(n)
         self.al_final()
+
+    def _letra(self, fila):
+        return 0 if self.pagable(fila) else PREVISTO
+
+    def despintar(self):
+        """The current row takes its stripe again, by the row above it."""
+        arriba = self.colores[self.fila - 1]
+        franja = FRANJA_B if self.fila > 1 and arriba[0] == FRANJA_A else FRANJA_A
+        self.colores[self.fila] = franja, self._letra(self.fila)
+
+    def elegir(self):
+        self.colores[self.fila] = ELEGIDA
 
     def fecha(self, fila):
         return self.celdas[fila][0 if self.por_fecha else 1]

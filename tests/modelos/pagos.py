@@ -1,16 +1,13 @@
 """Payments in the grid: its current cell and events, the editor laid over it, the check marks."""
 
-from contextlib import contextmanager
-
 from mensajes import EXCESO_AL_TECLEAR
-from valores import ErrorEjecucion, mascara, numero
+from valores import mascara, numero
 
 EDITOR, REJILLA = "TxtMsf", "MSFPagos"
 
 
 class Pagos:
-    """Part of the screen. `editor` is the typed text; `moviendo` says that the current cell is on
-    its way to column 5, where the typed amount is taken, and its events are still."""
+    """Part of the screen. `editor` is the text typed in the box over the cell."""
 
     # Current cell.
 
@@ -23,11 +20,14 @@ class Pagos:
         self._llegar_a_celda()
 
     def _salir_de_celda(self):
+        rejilla = self.rejilla
+        if self.editor != "":
+            self._dejar_importe(rejilla)
+        rejilla.despintar()
+
+    def _dejar_importe(self, rejilla):
         """Only a filler row that the click passes through on its way to the first one meets the
         second rule: an editor with zero in it leaves its zero there."""
-        rejilla = self.rejilla
-        if self.moviendo or self.editor == "":
-            return
         celdas = rejilla.celdas[rejilla.fila]
         if rejilla.pagable(rejilla.fila) and rejilla.columna != 5:
             self._llevar_importe()
@@ -42,36 +42,25 @@ class Pagos:
                 self.ir(primera, rejilla.columna)
         if self.editor_visible:
             self.abrir_edicion()
-
-    @contextmanager
-    def _moviendo(self):
-        """Column 5 is current while the typed amount is taken; a refused one leaves all in place."""
-        columna, self.moviendo = self.rejilla.columna, True
-        self.rejilla.columna = 5
-        try:
-            yield
-        except ErrorEjecucion:
-            self.rejilla.columna = columna
-            raise
-        finally:
-            self.moviendo = False
+        rejilla.elegir()
 
     def _llevar_importe(self):
-        """Takes the editor's amount into the row, mark and pending total."""
-        with self._moviendo():
-            fila = self.rejilla.fila
-            celdas = self.rejilla.celdas[fila]
-            tecleado = mascara(numero(self.editor))
-            if numero(celdas[3]) == numero(tecleado):
-                self.rejilla.marcas[fila] = True
-                self.pendiente = self.pendiente + numero(celdas[4]) - numero(celdas[3])
-                celdas[4] = celdas[3]
-            else:
-                self.rejilla.marcas[fila] = False
-                self.pendiente += numero(celdas[4])
-                celdas[4] = tecleado if self.editor else "0"
-                self.pendiente -= numero(celdas[4])
-            self.rotular()
+        """Takes the editor's amount into the row, mark and pending total, and leaves column 5
+        current; what is no amount leaves all in place."""
+        fila = self.rejilla.fila
+        celdas = self.rejilla.celdas[fila]
+        tecleado = mascara(numero(self.editor))
+        self.rejilla.columna = 5
+        if numero(celdas[3]) == numero(tecleado):
+            self.rejilla.marcas[fila] = True
+            self.pendiente = self.pendiente + numero(celdas[4]) - numero(celdas[3])
+            celdas[4] = celdas[3]
+        else:
+            self.rejilla.marcas[fila] = False
+            self.pendiente += numero(celdas[4])
+            celdas[4] = tecleado if self.editor else "0"
+            self.pendiente -= numero(celdas[4])
+        self.rotular()
 
     def rotular(self):
         self.rotulo = "Total Pendiente: " + mascara(self.pendiente)

@@ -27,7 +27,6 @@ class Pantalla(Fechas, Pagos, Borrado):
         self.dejando, self.desvio = False, None
         self.editor, self.editor_visible = "", False
         self.por_fecha = self.pagados = self.previsiones = True
-        self.moviendo = False
         self.pendiente, self.rotulo, self.rotulo_visible, self.total = 0.0, "Total Pendiente:", True, ""
         self.rejilla = self.foto = Rejilla(puesto.reposo)
         self.recargar()

@@ -27,7 +27,7 @@ class Usuario:
             return self.en_el_editor()
         elegir = self.azar.choices(
             [self.celda, self.doble, self.flecha, self.boton, self.filtro, self.orden, self.fecha, self.cerrar,
-             self.ocultar, self.reloj, self.ajeno], [30, 20, 4, 18, 5, 4, 7, 3, 1, 2, 3])[0]
+             self.ocultar, self.reloj, self.ajeno], [30, 20, 4, 18, 5, 7, 7, 3, 1, 2, 3])[0]
         return elegir()
 
     def miradas(self):
@@ -37,6 +37,10 @@ class Usuario:
             yield ("rejilla",)
         if self.azar.randrange(10) < 6:
             yield ("totales",)
+        if self.azar.randrange(3) == 0:
+            rejilla = self.jornada.pantalla.rejilla
+            yield ("colores", max(1, rejilla.fila))
+            yield ("colores", self.azar.randrange(1, len(rejilla.celdas)))
         if self.azar.randrange(12) == 0:
             yield ("trabajo", self.azar.choice(list(DE_TRABAJO)))
         if self.azar.randrange(12) == 0:
@@ -120,7 +124,8 @@ class Usuario:
         if pantalla.foco != EDITOR or azar.randrange(10) < 5:
             return ("importe", self.importe())
         return azar.choice([("tecla", "Intro"), ("tecla", "Intro"), ("tecla", "Abajo"), ("tecla", "Arriba"),
-                            ("tecla", "Escape"), self.celda()])
+                            ("tecla", "Escape"), self.celda(), self.celda(), self.boton(), self.fecha(),
+                            self.cerrar(), self.filtro()])
 
     def importe(self):
         azar, rejilla = self.azar, self.jornada.pantalla.rejilla
