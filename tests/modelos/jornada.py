@@ -50,7 +50,7 @@ class Jornada:
         self.reloj, self.reposo = negocio.reloj, negocio.reposo
         self.almacen, self.local = negocio.abrir()
         self.lineas, self.esperado = [], []
-        self.avisos, self.respuesta, self.preguntada = [], "no", None
+        self.avisos, self.respuesta, self.dadas = [], "no", []
         self.decir(f"reloj {self.reloj}")
         self.decir("pantalla 15360 11520" if self.reposo == 22 else "pantalla 12800 9600")
         for base, tabla in TABLAS.values():
@@ -66,9 +66,10 @@ class Jornada:
         self._mensaje(texto, 16, "aceptar")
 
     def preguntar(self, texto, flags):
-        self.preguntada = "no" if flags == 4 and self.respuesta == "cancelar" else self.respuesta
-        self._mensaje(texto, flags, self.preguntada)
-        return self.preguntada
+        respuesta = "no" if flags == 4 and self.respuesta == "cancelar" else self.respuesta
+        self.dadas.append(respuesta)
+        self._mensaje(texto, flags, respuesta)
+        return respuesta
 
     def _mensaje(self, texto, flags, respuesta):
         texto = texto.replace("\n", "\\n")
@@ -86,14 +87,14 @@ class Jornada:
                    f"VALUES ({','.join(literal(v) for v in fila.values())})")
 
     def _hacer(self, linea, accion, *argumentos):
-        """One event of the user: its answer goes before it, its error after it."""
-        self.preguntada, salida = None, []
+        """One event of the user: its answers go before it, its error after it."""
+        self.dadas, salida = [], []
         try:
             accion(*argumentos)
         except ErrorEjecucion as error:
             salida.append(f"error {error.numero}")
-        if self.preguntada:
-            self.decir(f"responder {self.preguntada}")
+        if self.dadas:
+            self.decir("responder " + " ".join(self.dadas))
         self.decir(linea, salida)
         return not salida
 

@@ -131,6 +131,7 @@ class Inventor:
         for _ in range(veces):
             importe = self.importe()
             pagado = self.pagado(importe)
+            importe = None if self.uno_de(40) else importe
             cuando = f"{self.cerca(30):%Y%m%d}" if pagado else azar.choice([None, ""])
             self.obra.poner("vencimientos", NConcepto=codigo, NFactura=numero, Año=anno, FechaVto=f"{vence:%Y%m%d}",
                             Importe=importe, Pagado=pagado, Fechapago=cuando)
@@ -160,7 +161,7 @@ class Inventor:
         if "previsiones" in self.con and self.uno_de(6):
             cada, tipo, texto = azar.choice([(0, tipo, texto), (None, tipo, texto), (-1, tipo, texto),
                                              (cada, None, texto), (cada, 3, "99981231"), (cada, tipo, "")])
-        importe = self.importe()
+        importe = None if self.uno_de(30) else self.importe()
         self.obra.poner("previsiones", NConcepto=codigo, Fecha1Vto=texto, Cada=cada, Tipo=tipo, Importe=importe)
         for _ in range(azar.choice([0, 0, 1, 3])):
             fecha = sumar(primera, {1: "d", 2: "m"}.get(tipo, "yyyy"), (cada or 1) * azar.randrange(12))

@@ -124,8 +124,9 @@ class Pagos:
     # Clicks on the grid.
 
     def celda(self, fila, columna):
-        """A click; False when it was lost to a date field that keeps the focus."""
-        if not self.enfocar(REJILLA):
+        """A click; False when it was lost: to a date field that keeps the focus, or with the row,
+        which the leaving of a date field took away."""
+        if not self.enfocar(REJILLA) or fila >= len(self.rejilla.celdas):
             return False
         self.ir(fila, columna)
         celdas = self.rejilla.celdas[self.rejilla.fila]
