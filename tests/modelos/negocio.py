@@ -59,7 +59,7 @@ class Inventor:
         dia = date(2004, 1, 1) + timedelta(days=azar.randrange(1100))
         reloj = datetime(dia.year, dia.month, dia.day, azar.randrange(24), azar.randrange(60), azar.randrange(60))
         self.obra = Negocio(reloj, 16 if self.uno_de(5) else 22)
-        self.dia = dia
+        self.dia, self.numeros = dia, {}
         codigos = azar.sample(["400", "401", "12", "7", "1000", "99", "402", "403"], azar.randint(1, 6))
         for codigo in codigos:
             if not self.uno_de(40):  # Else a concept that its own table lacks.
@@ -114,6 +114,8 @@ class Inventor:
             numero = "N-" + "7" * 24
         if self.uno_de(8):
             numero = azar.choice([" {}", "{} ", " {} "]).format(numero)
+        # Two numbers that differ in blanks alone would be one and the same to the statements.
+        numero = self.numeros.setdefault((codigo, numero.strip(" ")), numero)
         fecha = self.cerca(70)
         anno, total = str(fecha.year), self.importe()
         tipo = azar.choice([None, 0, 1, 15])

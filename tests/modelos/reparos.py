@@ -7,7 +7,7 @@ from valores import a_guardada
 RAREZAS = {
     "editor": "filters, dates and closing over an open editor",
     "devolver": "a payment taken back in a row that the snapshot has elsewhere",
-    "cierre": "closing a list that has outgrown its snapshot",
+    "cierre": "closing that ends in an error: a list that has outgrown its snapshot, a quote",
     "comillas": "invoice numbers with a quote",
     "previsiones": "forecasts that can't be stepped",
     "momentos": "cash entries whose stored moment lacks its time or seconds",
@@ -23,7 +23,7 @@ def calla(paso, pantalla, con):
         return "devolver" not in con and paso[2] == 5 and _movida(paso[1], pantalla)
     crecida = len(pantalla.rejilla.celdas) > len(pantalla.foto.celdas)
     if clase == "cerrar":
-        return _sobre_el_editor(pantalla, con) or crecida and "cierre" not in con
+        return _sobre_el_editor(pantalla, con) or "cierre" not in con and (crecida or "comillas" in con)
     if clase == "pulsar":
         return paso[1].startswith("Chk") and _sobre_el_editor(pantalla, con)
     if clase == "fecha":
