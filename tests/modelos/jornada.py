@@ -77,9 +77,9 @@ class Jornada:
 
     # Scenario and what it prints.
 
-    def decir(self, linea, salida=()):
-        self.lineas.append(linea)
-        self.esperado += [(len(self.lineas), texto) for texto in salida]
+    def decir(self, orden, salida=()):
+        self.lineas.append(orden)
+        self.esperado += [(len(self.lineas), linea) for texto in salida for linea in texto.split("\n")]
 
     def _insertar(self, tabla, fila):
         base, nombre = TABLAS[tabla]
