@@ -35,6 +35,10 @@ class Conexion final : public services::ObjetoContado<services::Conexion> {
   /// tables declare them.
   [[nodiscard]] Resultado Consultar(std::string_view sql);
 
+  [[nodiscard]] bool TieneTabla(std::string_view nombre) {
+    return catalogo_.Buscar(nombre) != nullptr;
+  }
+
   [[nodiscard]] Estadistica Cuenta() const { return {base_.Preparadas(), unidad_.Transacciones()}; }
 
  private:
@@ -50,7 +54,7 @@ class Conexion final : public services::ObjetoContado<services::Conexion> {
 };
 
 /// Opens a file. Throws 0x80004005 for one that isn't there and isn't to be created, is a folder,
-/// is no database or can't be read.
+/// is no database, can't be read, or is to be exclusive and is in use.
 [[nodiscard]] services::Ref<Conexion> AbrirConexion(const std::string& fichero,
                                                     const Opciones& opciones = {});
 
