@@ -83,9 +83,10 @@ constexpr std::array ColumnasCaja = {Codigo("idSucursal"),
 
 constexpr std::array ColumnasConceptos = {Concepto, Descripcion};
 
-constexpr std::array ColumnasBorrados = {Texto("Clave", 30),
+// The suite's own record takes whatever it is told: a deletion must not fail by it.
+constexpr std::array ColumnasBorrados = {Texto("Clave", 0),
                                          Columna{"Momento", TipoColumna::FechaHora},
-                                         Texto("Usuario", 30), Texto("Sentencia", 0)};
+                                         Texto("Usuario", 0), Texto("Sentencia", 0)};
 
 constexpr std::array ColumnasLista = {
     Texto("Concepto", 60), Codigo("FechaVto"), NFactura, Moneda("Importe"),

@@ -28,6 +28,8 @@ class Conexion final : public services::ObjetoContado<services::Conexion> {
                                                         services::ModoApertura modo) override;
   void TerminarUnidad() override { unidad_.Terminar(); }
   void AbandonarUnidad() noexcept override { unidad_.Abandonar(); }
+  /// `Opciones::UnidadDeTrabajo` from now on; the unit under way ends.
+  void AgruparEnUnidades(bool agrupa) { unidad_.Agrupar(agrupa); }
 
   /// Runs the engine's own SQL, any number of statements, in the unit under way if there is one.
   void Ejecutar(const std::string& sql);

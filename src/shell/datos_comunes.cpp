@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "shell/frm_tesvara_gastos.h"
+#include "store/firma.h"
 #include "valores/error.h"
 
 namespace shell {
@@ -63,6 +64,7 @@ class AvisoConEspera final : public services::Aviso {
 DatosComunes::DatosComunes(const services::Plataforma& plataforma)
     : plataforma_(plataforma), escritorio_(plataforma) {
   escritorio_.AlTerminarEvento = [this] { TerminarUnidades(); };
+  escritorio_.AlFallarEvento = [this] { DeshacerAlmacenado(); };
 }
 
 DatosComunes::~DatosComunes() = default;
@@ -90,6 +92,7 @@ void DatosComunes::RecibirSesion(Ref<services::IDatosClase> datos) {
   Ref<IForm> FrmPrincipal = ComoForm(principal, "FrmPrincipal");
   Exigir(v.CnDatos, "CnDatos", "tablas de la empresa");
   Exigir(v.CnTemp, "CnTemp", "tablas de trabajo");
+  store::ExigirFirma(*v.CnDatos, v.Usuario);
   FrmMarco_ = std::move(FrmMarco);
   FrmPrincipal_ = std::move(FrmPrincipal);
   DatosClase_ = std::move(datos);
@@ -161,6 +164,12 @@ void DatosComunes::TerminarUnidades() {
     throw;
   }
   valores_.CnTemp->TerminarUnidad();
+}
+
+// The working tables keep what was written to them: they are what the user goes on with.
+void DatosComunes::DeshacerAlmacenado() {
+  if (valores_.CnDatos) valores_.CnDatos->AbandonarUnidad();
+  if (valores_.CnTemp) valores_.CnTemp->TerminarUnidad();
 }
 
 }  // namespace shell

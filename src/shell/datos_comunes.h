@@ -22,8 +22,8 @@ class DatosComunes final : public services::Sesion {
   ~DatosComunes() override;
 
   /// Takes the session from the host's context. Throws the failure of `EntregarSesion`, 0x80004002
-  /// for a form that is none, and 91 for a connection that wasn't handed over; what the session
-  /// held before then stays.
+  /// for a form that is none, 91 for a connection that wasn't handed over, and 0x80040E21 for a
+  /// user whose name the stored tables can't hold; what the session held before then stays.
   void RecibirSesion(services::Ref<services::IDatosClase> datos);
   /// Has the host draw around the main screen and its own; keeps the forms it hands back.
   void Repintar(FrmTesvaraGastos& pantalla);
@@ -70,6 +70,7 @@ class DatosComunes final : public services::Sesion {
   };
 
   void TerminarUnidades();
+  void DeshacerAlmacenado();
 
   const services::Plataforma& plataforma_;
   services::Escritorio escritorio_;

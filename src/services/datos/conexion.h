@@ -85,6 +85,9 @@ class Conexion : public IUnknown {
   [[nodiscard]] virtual std::unique_ptr<Cursor> Abrir(std::string_view sentencia,
                                                       ModoApertura modo) = 0;
 
+  /// The columns of a table, which is not looked into any further. The same errors.
+  [[nodiscard]] virtual std::vector<Columna> ColumnasDe(std::string_view tabla);
+
   /// Makes durable what has been written since the last call: the end of one unit of work. Costs
   /// nothing when nothing was written. When it fails the writes of the unit are gone.
   virtual void TerminarUnidad() = 0;
