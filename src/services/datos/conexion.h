@@ -29,7 +29,8 @@ enum class TipoColumna {
 struct Columna {
   std::string Nombre;
   TipoColumna Tipo = TipoColumna::Texto;
-  int Longitud = 0;  ///< most characters of a text; 0 for no limit
+  /// Most characters of a text, as its table declares them; 0 where it tells no limit.
+  int Longitud = 0;
   bool AdmiteNulo = true;
 };
 

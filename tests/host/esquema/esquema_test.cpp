@@ -42,6 +42,15 @@ TEST_F(EsquemaTest, LaFacturaTieneSuOrdenYSuCopiaLasTrecePrimeras) {
   EXPECT_EQ(Columnas("TempProvFacturas"), esperadas);
 }
 
+TEST_F(EsquemaTest, LasTablasDeTrabajoNoTienenLimites) {
+  for (const esquema::Tabla& tabla : esquema::DeTrabajo()) {
+    for (const esquema::Columna& columna : tabla.Columnas) {
+      EXPECT_EQ(columna.Longitud, 0) << tabla.Nombre << "." << columna.Nombre;
+    }
+    EXPECT_EQ(esquema::TextoDeCreacion(tabla).find_first_of("0123456789"), std::string::npos);
+  }
+}
+
 TEST_F(EsquemaTest, LaCopiaDeBasesTieneLasSiete) {
   auto esperadas = Columnas("ProvBasesIva");
   ASSERT_EQ(esperadas.size(), 9U);
