@@ -47,7 +47,8 @@ TEST_F(EsquemaTest, LasTablasDeTrabajoNoTienenLimites) {
     for (const esquema::Columna& columna : tabla.Columnas) {
       EXPECT_EQ(columna.Longitud, 0) << tabla.Nombre << "." << columna.Nombre;
     }
-    EXPECT_EQ(esquema::TextoDeCreacion(tabla).find_first_of("0123456789"), std::string::npos);
+    EXPECT_EQ(esquema::TextoDeCreacion(tabla).find("VARCHAR"), std::string::npos);
+    EXPECT_EQ(esquema::TextoDeCreacion(tabla).find("DECIMAL("), std::string::npos);
   }
 }
 
