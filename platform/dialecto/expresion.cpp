@@ -105,11 +105,33 @@ Traductor::Operando Traductor::Comparacion() {
 }
 
 void Traductor::Comparar(Operando& izquierdo, Simbolo operador) {
+  const std::size_t antes = salida_->Texto.size();
   Poner(TextoDe(operador));
   const Operando derecho = Primario();
   if (derecho.literales >= 0) ExigirColumna(izquierdo);
   Adaptar(derecho, izquierdo);
   Adaptar(izquierdo, derecho);
+  const bool conMomento = izquierdo.tipo == TipoColumna::FechaHora && derecho.parametro >= 0;
+  if (conMomento && motor_.FormasDeMomento) CompararMomento(izquierdo.desde, antes, operador);
+}
+
+// The column stands in the text from `desde` to `hasta`, the literal is the last parameter.
+void Traductor::CompararMomento(std::size_t desde, std::size_t hasta, Simbolo operador) {
+  std::string& texto = salida_->Texto;
+  if (operador != Simbolo::Igual && operador != Simbolo::Distinto) {
+    texto.insert(hasta, motor_.Momento.Despues);
+    texto.insert(desde, motor_.Momento.Antes);
+    return;
+  }
+  texto.resize(hasta);
+  Poner(operador == Simbolo::Igual ? " IN (" : " NOT IN (");
+  const Valor momento = std::move(salida_->Parametros.back());
+  salida_->Parametros.pop_back();
+  for (Valor& forma : motor_.FormasDeMomento(momento)) {
+    Poner(texto.back() == '(' ? "?" : ", ?");
+    salida_->Parametros.push_back(std::move(forma));
+  }
+  Poner(")");
 }
 
 void Traductor::EsNulo(const Operando& operando) {

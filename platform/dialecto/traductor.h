@@ -99,6 +99,7 @@ class Traductor {
   Operando Negacion();
   Operando Comparacion();
   void Comparar(Operando& izquierdo, Simbolo operador);
+  void CompararMomento(std::size_t desde, std::size_t hasta, Simbolo operador);
   void EsNulo(const Operando& operando);
   void ExigirColumna(const Operando& operando) const;
   Operando Primario();

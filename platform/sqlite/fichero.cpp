@@ -2,6 +2,7 @@
 
 #include <filesystem>
 
+#include "sqlite/funciones.h"
 #include "sqlite/orden.h"
 #include "valores/error.h"
 
@@ -59,6 +60,7 @@ void Base::Configurar(const std::string& fichero, const Opciones& opciones) {
   sqlite3_busy_timeout(Motor(), opciones.EsperaMs);
   sqlite3_db_config(Motor(), SQLITE_DBCONFIG_DQS_DML, 0, nullptr);
   RegistrarOrden(Motor());
+  RegistrarFunciones(Motor());
   if (PrimerTexto(*this, "PRAGMA journal_mode") != "wal" && !sqlite3_db_readonly(Motor(), "main")) {
     Ejecutar("PRAGMA journal_mode = WAL");
   }

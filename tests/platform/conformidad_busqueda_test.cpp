@@ -117,10 +117,15 @@ TEST_P(Caja, LaFechaSeComparaConSuPropioTexto) {
   EXPECT_THAT(Donde("FechaHora = '06/03/2005'"), ElementsAre("b"));
 }
 
-TEST_P(Caja, OtroTextoDeLaMismaFechaNoHallaNada) {
-  EXPECT_THAT(Donde("FechaHora like '5/3/2005 9:05:00'"), IsEmpty());
-  EXPECT_THAT(Donde("FechaHora like '2005-03-05 09:05:00'"), IsEmpty());
+TEST_P(Caja, OtroTextoDelMismoMomentoEsElMismo) {
+  EXPECT_THAT(Donde("FechaHora like '5/3/2005 9:05'"), ElementsAre("a"));
+  EXPECT_THAT(Donde("FechaHora <> '6/3/2005 0:00:00'"), ElementsAre("a", "c"));
+}
+
+TEST_P(Caja, UnTextoQueNoEsMomentoNoHallaNada) {
   EXPECT_THAT(Donde("FechaHora like 'mañana'"), IsEmpty());
+  EXPECT_THAT(Donde("FechaHora like '05/03/2005 9:0'"), IsEmpty());
+  EXPECT_THAT(Donde("FechaHora like '05/03/2005'"), IsEmpty());
 }
 
 TEST_P(Caja, UnComodínEnUnaFechaNoHallaNada) {

@@ -108,6 +108,18 @@ TEST_P(PlanTest, BuscaPorÍndiceYNoRecorreNingunaTabla) {
   EXPECT_THAT(plan, testing::Not(testing::HasSubstr("SCAN"))) << plan;
 }
 
+class PlanDeUnApunteTest : public PlanTest {};
+
+TEST_P(PlanDeUnApunteTest, VaASuMomentoYNoRecorreLosDeLaSucursal) {
+  const auto plan = Plan(GetParam());
+  EXPECT_THAT(plan, testing::HasSubstr("(idSucursal=? AND FechaHora=? AND Tipo=?)")) << plan;
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Grabacion, PlanDeUnApunteTest,
+    testing::Values("SELECT CajaPagos.* FROM CajaPagos WHERE CajaPagos.idSucursal like '1' And "
+                    "CajaPagos.FechaHora like '15/03/2005 10:00:00' And CajaPagos.Tipo like 45"));
+
 class PlanDeUnaFacturaTest : public PlanTest {};
 
 TEST_P(PlanDeUnaFacturaTest, NoRecorreLasDemásDelMismoConcepto) {
