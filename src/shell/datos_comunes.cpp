@@ -133,6 +133,7 @@ void DatosComunes::MostrarPantalla() {
 }
 
 services::Conexion& DatosComunes::CnDatos() const {
+  if (perdida_) throw ErrorEjecucion(*perdida_);
   return Exigir(valores_.CnDatos, "CnDatos", "tablas de la empresa");
 }
 
@@ -141,7 +142,18 @@ services::Conexion& DatosComunes::CnTemp() const {
 }
 
 void DatosComunes::AnotarBorrado(const std::string& sentencia) {
-  Utiles().AnotarBorrado(valores_.ClaveBorrado, valores_.CnDatos, sentencia);
+  Ref<services::Conexion> devuelta = valores_.CnDatos;
+  Utiles().AnotarBorrado(valores_.ClaveBorrado, devuelta, sentencia);
+  Exigir(devuelta, "CnDatos", "tras anotar un borrado");
+  if (devuelta.get() == valores_.CnDatos.get()) return;
+  // What the old one wrote holds the new one off, until it is durable.
+  try {
+    valores_.CnDatos->TerminarUnidad();
+  } catch (const ErrorEjecucion& fallo) {
+    perdida_ = fallo;
+    throw;
+  }
+  valores_.CnDatos = std::move(devuelta);
 }
 
 services::Utiles& DatosComunes::Utiles() {
@@ -157,6 +169,7 @@ services::Aviso& DatosComunes::Aviso() {
 void DatosComunes::TerminarUnidades() {
   if (!valores_.CnDatos || !valores_.CnTemp) return;
   try {
+    if (perdida_) throw ErrorEjecucion(*std::exchange(perdida_, {}));
     valores_.CnDatos->TerminarUnidad();
   } catch (...) {
     // What the working tables have since then belongs to rows that the stored ones now lack.
@@ -168,6 +181,7 @@ void DatosComunes::TerminarUnidades() {
 
 // The working tables keep what was written to them: they are what the user goes on with.
 void DatosComunes::DeshacerAlmacenado() {
+  perdida_.reset();
   if (valores_.CnDatos) valores_.CnDatos->AbandonarUnidad();
   if (valores_.CnTemp) valores_.CnTemp->TerminarUnidad();
 }

@@ -76,6 +76,9 @@ class DatosComunes final : public services::Sesion {
   services::Escritorio escritorio_;
   services::Ref<services::IDatosClase> DatosClase_;
   Valores valores_;
+  /// Why the writes of the event under way are gone, with a connection that another took the place
+  /// of. Nothing more is written in it: no half of it must stay.
+  std::optional<services::ErrorEjecucion> perdida_;
   services::Ref<services::IForm> FrmMarco_;
   services::Ref<services::IForm> FrmPrincipal_;
   std::unique_ptr<services::Utiles> utiles_;
