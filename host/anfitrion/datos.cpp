@@ -1,11 +1,10 @@
-#include "datos.h"
+#include "anfitrion/datos.h"
 
 #include <QDateTime>
 #include <QStandardPaths>
 
 #include "esquema/esquema_sqlite.h"
 #include "muestra/muestra.h"
-#include "sqlite/conexion_sqlite.h"
 #include "valores/error.h"
 #include "valores/fecha.h"
 
@@ -53,7 +52,7 @@ constexpr const char* kTextos =
 
 /// The working file belongs to one running program, also while its tables are made. They come last:
 /// a file that has them is whole.
-services::Ref<services::Conexion> AbrirDeTrabajo(const fs::path& fichero) {
+services::Ref<sqlite::Conexion> AbrirDeTrabajo(const fs::path& fichero) {
   const auto conexion = sqlite::AbrirConexion(
       fichero.string(),
       {.Durabilidad = sqlite::Sincronizacion::Normal, .Crear = true, .Exclusiva = true});
@@ -79,6 +78,19 @@ fs::path CarpetaDeDatos(const Opciones& opciones) {
   if (!opciones.Carpeta.isEmpty()) return opciones.Carpeta.toStdString();
   const QString general = QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation);
   return fs::path(general.toStdString()) / "tesvara";
+}
+
+fs::path ApartarDeTrabajo(const Datos& datos) {
+  const fs::path fichero = datos.NombreDeTrabajo;
+  const std::string ahora =
+      QDateTime::currentDateTime().toString("yyyy-MM-dd-HHmmss").toStdString();
+  fs::path aparte = fichero;
+  aparte.replace_filename(fichero.stem().string() + "-" + ahora + fichero.extension().string());
+  // The component keeps its connection to the end of the program, so the file is copied by the
+  // engine, which leaves nothing behind in a journal.
+  datos.DeTrabajo->TerminarUnidad();
+  datos.DeTrabajo->CopiarEn(aparte.string());
+  return aparte;
 }
 
 Datos AbrirDatos(const Opciones& opciones) {

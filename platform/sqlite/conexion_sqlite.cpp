@@ -51,6 +51,13 @@ void Conexion::Ejecutar(const std::string& sql) {
   base_.Ejecutar(sql);
 }
 
+void Conexion::CopiarEn(const std::string& fichero) {
+  const Preparada copia = base_.Preparar("VACUUM INTO ?");
+  sqlite3_bind_text(copia.get(), 1, fichero.data(), static_cast<int>(fichero.size()),
+                    SQLITE_STATIC);
+  if (sqlite3_step(copia.get()) != SQLITE_DONE) Lanzar(base_.Motor());
+}
+
 Resultado Conexion::Consultar(std::string_view sql) {
   const Preparada sentencia = base_.Preparar(sql);
   Resultado resultado;

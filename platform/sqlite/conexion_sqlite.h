@@ -33,6 +33,8 @@ class Conexion final : public services::ObjetoContado<services::Conexion> {
 
   /// Runs the engine's own SQL, any number of statements, in the unit under way if there is one.
   void Ejecutar(const std::string& sql);
+  /// Writes the whole file, as it is outside any unit under way, to another that isn't there yet.
+  void CopiarEn(const std::string& fichero);
   /// Runs one statement of the engine's own SQL and gives its rows, the columns typed as their
   /// tables declare them.
   [[nodiscard]] Resultado Consultar(std::string_view sql);
