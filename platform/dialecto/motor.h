@@ -14,8 +14,8 @@ struct Envoltura {
 };
 
 /// What tells one database engine from another, as far as a statement's text goes. Literals are
-/// always `?`, equality of texts is always `=`: an engine whose columns don't compare without
-/// regard to case by themselves declares them so in its schema.
+/// always `?`, equality of texts is always `=`, a pattern is always `LIKE`: an engine whose columns
+/// don't compare without regard to case by themselves declares them so in its schema.
 struct Motor {
   /// The quote around names; the same on both sides.
   char Comilla = '"';

@@ -72,6 +72,8 @@ class Traductor {
     const Tabla* tabla = nullptr;
     int columna = -1;
     int literales = -1;  ///< the token where it begins, when it is made of literals alone
+    /// Whether its texts are looked up by patterns.
+    bool conPatrones = false;
   };
 
   // Statements: traductor.cpp.
@@ -98,7 +100,8 @@ class Traductor {
   Operando Conjuncion();
   Operando Negacion();
   Operando Comparacion();
-  void Comparar(Operando& izquierdo, Simbolo operador);
+  void Comparar(const Operando& izquierdo, Simbolo operador);
+  void Parecer(const Operando& izquierdo, bool negado);
   void CompararMomento(std::size_t desde, std::size_t hasta, Simbolo operador);
   void EsNulo(const Operando& operando);
   void ExigirColumna(const Operando& operando) const;

@@ -215,6 +215,25 @@ INSTANTIATE_TEST_SUITE_P(
 
 #undef DONDE
 
+TEST(Traductor, SoloUnaDescripciónSeBuscaPorPatrones) {
+  Banco banco;
+  const auto donde = [&](const std::string& condicion) {
+    const std::string comienzo = "SELECT \"Conceptos\".* FROM \"Conceptos\" WHERE ";
+    const auto& dicha =
+        banco.Traducir("SELECT Conceptos.* From Conceptos WHERE " + condicion).Texto;
+    EXPECT_TRUE(dicha.starts_with(comienzo)) << dicha;
+    return dicha.substr(comienzo.size());
+  };
+  const std::string recortada = "RECORTE(\"Conceptos\".\"Descripcion\")";
+  EXPECT_EQ(donde("trim(Conceptos.Descripcion) like 'lu%'"), recortada + " LIKE ?");
+  EXPECT_EQ(donde("trim(Conceptos.Descripcion) like '_uz'"), recortada + " LIKE ?");
+  EXPECT_EQ(donde("Descripcion not like '%z'"), "\"Descripcion\" NOT LIKE ?");
+  EXPECT_EQ(donde("trim(Conceptos.Descripcion) like 'luz'"), recortada + " = ?");
+  EXPECT_EQ(donde("trim(Conceptos.Descripcion) = 'lu%'"), recortada + " = ?");
+  EXPECT_EQ(donde("trim(Conceptos.NConcepto) like '4%'"),
+            "RECORTE(\"Conceptos\".\"NConcepto\") = ?");
+}
+
 TEST(Traductor, UnLiteralAUnSoloLadoSeEntiende) {
   Banco banco;
   EXPECT_EQ(banco.Error("SELECT Caja.* FROM Caja WHERE ('A') = Factura"), 0);
