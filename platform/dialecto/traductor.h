@@ -49,6 +49,10 @@ class Traductor {
   /// own columns.
   void Traducir(std::string_view texto, bool conOcultas, Sentencia& sentencia);
 
+  /// Throws 0x80040E14 when the statement last translated isn't one of the system's, while its text
+  /// is alive.
+  void ExigirDelSistema() const;
+
   /// The columns of the SELECT last translated, while its text is alive.
   [[nodiscard]] std::vector<ColumnaDada> Columnas() const;
 

@@ -52,6 +52,7 @@ class Conexion final : public services::ObjetoContado<services::Conexion> {
   Base base_;
   Almacen almacen_{base_};
   Unidad unidad_;
+  bool cualquierSentencia_;
   Catalogo catalogo_{base_};
   dialecto::Traductor traductor_;
   dialecto::Sentencia sentencia_;

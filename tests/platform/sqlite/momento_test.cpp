@@ -34,8 +34,8 @@ class Momento : public testing::Test {
   }
 
   pruebas::CarpetaTemporal carpeta;
-  services::Ref<sqlite::Conexion> conexion =
-      sqlite::AbrirConexion(carpeta.Fichero("datos.db"), {.Crear = true});
+  services::Ref<sqlite::Conexion> conexion = sqlite::AbrirConexion(
+      carpeta.Fichero("datos.db"), {.Crear = true, .CualquierSentencia = true});
 };
 
 TEST_F(Momento, DeMedianocheSeHallaEnTodasSusFormas) {
