@@ -49,21 +49,12 @@ std::string TextoPlano(double numero) {
   return plano == "-0" ? "0" : std::string(plano);
 }
 
-std::string TextoPlano(services::FechaHora momento) {
-  const services::Calendario fecha = services::Descomponer(momento);
-  std::array<char, 64> texto{};
-  std::snprintf(texto.data(), texto.size(), "%04d-%02d-%02d %02d:%02d:%02d", fecha.Anio, fecha.Mes,
-                fecha.Dia, momento.Segundos / 3600, momento.Segundos / 60 % 60,
-                momento.Segundos % 60);
-  return texto.data();
-}
-
 std::string TextoPlano(const services::Valor& valor) {
   if (valor.EsNulo()) return "NULL";
   if (const bool* logico = valor.Si<bool>()) return *logico ? "1" : "0";
   if (const auto* entero = valor.Si<std::int32_t>()) return std::to_string(*entero);
   if (const double* numero = valor.Si<double>()) return TextoPlano(*numero);
-  if (const auto* momento = valor.Si<services::FechaHora>()) return TextoPlano(*momento);
+  if (const auto* momento = valor.Si<services::FechaHora>()) return services::TextoIso(*momento);
   return *valor.Si<std::string>();
 }
 

@@ -20,9 +20,7 @@ namespace guion {
 [[nodiscard]] std::string Entrecomillar(std::string_view texto);
 /// Decimal point and as few decimals as 15 significant figures need; never an exponent.
 [[nodiscard]] std::string TextoPlano(double numero);
-/// `2005-03-15 10:00:00`
-[[nodiscard]] std::string TextoPlano(services::FechaHora momento);
-/// Null as `NULL`, Booleans 0 or 1, texts as they are.
+/// Null as `NULL`, Booleans 0 or 1, a moment as `2005-03-15 10:00:00`, texts as they are.
 [[nodiscard]] std::string TextoPlano(const services::Valor& valor);
 
 /// The name and what its kind has of the visible properties.

@@ -13,7 +13,6 @@ using services::Calendario;
 
 constexpr std::string_view kGuardada = "R";
 constexpr int kPrimerAnio = 100;
-constexpr int kPrimerAnioDelSigloXX = 30;
 
 constexpr bool EsCifra(char c) {
   return c >= '0' && c <= '9';
@@ -46,7 +45,7 @@ std::optional<int> LeerAnio(std::string_view texto) {
   if ((texto.size() != 2 && texto.size() != 4) || !SonCifras(texto)) return std::nullopt;
   const int anio = NumeroDe(texto);
   if (texto.size() == 4) return anio;
-  return anio < kPrimerAnioDelSigloXX ? 2000 + anio : 1900 + anio;
+  return services::AnioDeDosCifras(anio);
 }
 
 /// The day of the calendar that three numbers tell, its day brought inside the month.

@@ -1,7 +1,5 @@
 #include "sorvex/utiles_sorvex.h"
 
-#include <array>
-#include <cstdio>
 #include <utility>
 
 #include "datos/recordset.h"
@@ -58,13 +56,7 @@ void Utiles::AnotarBorrado(const std::string& clave, services::Ref<services::Con
 }
 
 std::string Utiles::FechaActualizado(services::FechaHora momento) {
-  const services::Calendario fecha = services::Descomponer(momento);
-  const int hora = momento.Segundos / 3600;
-  const int minuto = momento.Segundos / 60 % 60;
-  std::array<char, 80> texto{};
-  std::snprintf(texto.data(), texto.size(), "%04d-%02d-%02d %02d:%02d:%02d", fecha.Anio, fecha.Mes,
-                fecha.Dia, hora, minuto, momento.Segundos % 60);
-  return texto.data();
+  return services::TextoIso(momento);
 }
 
 std::unique_ptr<services::Utiles> CrearUtiles(services::Sesion& sesion) {

@@ -34,8 +34,7 @@ std::string Anio(FechaHora dia) {
 
 /// Rows look last changed in the evening of a day.
 std::string Actualizado(FechaHora dia) {
-  const auto d = services::Descomponer(dia);
-  return Escrito("%04d-%02d-%02d 19:00:00", d.Anio, d.Mes, d.Dia);
+  return services::TextoIso({dia.Dias, 19 * 3600});
 }
 
 void Sellar(Recordset& rs, FechaHora dia, std::string_view usuario = kUsuario) {

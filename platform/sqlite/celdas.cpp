@@ -110,7 +110,7 @@ void Enlazar(sqlite3_stmt* sentencia, int indice, const Valor& valor) {
   } else if (const auto* logico = valor.Si<bool>()) {
     sqlite3_bind_int(sentencia, indice, *logico ? 1 : 0);
   } else if (const auto* momento = valor.Si<FechaHora>()) {
-    const std::string iso = Iso(*momento);
+    const std::string iso = services::TextoIso(*momento);
     sqlite3_bind_text(sentencia, indice, iso.data(), static_cast<int>(iso.size()),
                       SQLITE_TRANSIENT);
   } else {

@@ -19,7 +19,7 @@ void Momento(sqlite3_context* contexto, int, sqlite3_value** argumentos) {
   const bool esTexto = sqlite3_value_type(argumentos[0]) == SQLITE_TEXT;
   const auto momento = esTexto ? LeerMomento(Texto(argumentos[0])) : std::nullopt;
   if (!momento) return sqlite3_result_value(contexto, argumentos[0]);
-  const std::string iso = Iso(*momento);
+  const std::string iso = services::TextoIso(*momento);
   sqlite3_result_text(contexto, iso.data(), static_cast<int>(iso.size()), SQLITE_TRANSIENT);
 }
 

@@ -1,8 +1,6 @@
 #include "sqlite/momento.h"
 
-#include <array>
 #include <charconv>
-#include <cstdio>
 
 namespace sqlite {
 
@@ -48,16 +46,6 @@ std::string ConT(std::string iso) {
 
 }  // namespace
 
-std::string Iso(FechaHora momento) {
-  const auto dia = services::Descomponer(momento);
-  const int segundos = momento.Segundos;
-  std::array<char, 64> texto{};
-  const int largo =
-      std::snprintf(texto.data(), texto.size(), "%04d-%02d-%02d %02d:%02d:%02d", dia.Anio, dia.Mes,
-                    dia.Dia, segundos / 3600, segundos / 60 % 60, segundos % 60);
-  return {texto.data(), static_cast<std::size_t>(largo)};
-}
-
 std::optional<FechaHora> LeerMomento(std::string_view texto) {
   return TieneFormaIso(texto) ? LeerIso(texto) : services::LeerFecha(texto);
 }
@@ -65,7 +53,7 @@ std::optional<FechaHora> LeerMomento(std::string_view texto) {
 std::vector<Valor> FormasDeMomento(const Valor& valor) {
   const auto* momento = valor.Si<FechaHora>();
   if (!momento) return std::vector<Valor>(kFormas);
-  const std::string iso = Iso(*momento);
+  const std::string iso = services::TextoIso(*momento);
   // A form that this moment hasn't stands as its full text once more.
   const std::string minutos = momento->Segundos % 60 == 0 ? iso.substr(0, kMinutos) : iso;
   const std::string dia = momento->Segundos == 0 ? iso.substr(0, kDia) : iso;

@@ -11,11 +11,9 @@
 
 namespace sqlite {
 
-/// How it is written here: `yyyy-mm-dd hh:nn:ss`.
-[[nodiscard]] std::string Iso(services::FechaHora momento);
-
-/// The moment that a stored text tells: the text above, also with a `T` for the blank and without
-/// its seconds or its time, or a date as users write it. No value for any other text.
+/// The moment that a stored text tells: `yyyy-mm-dd hh:nn:ss`, as it is written here, also with a
+/// `T` for the blank and without its seconds or its time, or a date as users write it. No value for
+/// any other text.
 [[nodiscard]] std::optional<services::FechaHora> LeerMomento(std::string_view texto);
 
 /// The texts under which a moment may be stored, always as many, so that an index finds them all.

@@ -62,10 +62,6 @@ Recordset::Campo Recordset::Fields(std::string_view nombre) {
   return {*this, Exigir().Posicion(nombre)};
 }
 
-std::size_t Recordset::CuantosFields() const {
-  return Exigir().Columnas().size();
-}
-
 Recordset::Campo::Acceso Recordset::Collect(std::string_view nombre) {
   return {*this, Exigir().Posicion(nombre)};
 }

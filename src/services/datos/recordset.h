@@ -102,7 +102,6 @@ class Recordset final : public ObjetoContado<IUnknown> {
   [[nodiscard]] Campo Fields(std::size_t posicion);
   /// By name, without regard to case.
   [[nodiscard]] Campo Fields(std::string_view nombre);
-  [[nodiscard]] std::size_t CuantosFields() const;
 
   /// By-name access to a value; the assignment fails with 0x800A0CC1 for a name that the statement
   /// doesn't select. Assigning on a static recordset throws 0x800A0CB3.

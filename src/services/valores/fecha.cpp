@@ -4,6 +4,7 @@
 #include <array>
 #include <charconv>
 #include <chrono>
+#include <cstdio>
 
 #include "valores/error.h"
 #include "valores/texto.h"
@@ -90,7 +91,7 @@ std::optional<int> LeerAnio(std::string_view texto) {
   const std::optional<int> anio = TomarNumero(texto, 2, 4);
   if (!anio || !texto.empty() || cifras == 3) return std::nullopt;
   if (cifras == 4) return anio;
-  return *anio < 30 ? 2000 + *anio : 1900 + *anio;
+  return AnioDeDosCifras(*anio);
 }
 
 std::optional<std::int32_t> LeerDias(std::string_view texto) {
@@ -190,6 +191,15 @@ std::string TextoDeFecha(FechaHora momento) {
   if (momento.Dias == 0) return TextoDeHora(momento.Segundos);
   if (momento.Segundos == 0) return TextoDeDia(momento);
   return TextoDeDia(momento) + ' ' + TextoDeHora(momento.Segundos);
+}
+
+std::string TextoIso(FechaHora momento) {
+  const Calendario dia = Descomponer(momento);
+  const int segundos = momento.Segundos;
+  std::array<char, 64> texto{};
+  std::snprintf(texto.data(), texto.size(), "%04d-%02d-%02d %02d:%02d:%02d", dia.Anio, dia.Mes,
+                dia.Dia, segundos / 3600, segundos / 60 % 60, segundos % 60);
+  return texto.data();
 }
 
 std::string FechaLarga(FechaHora momento) {

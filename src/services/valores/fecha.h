@@ -32,6 +32,11 @@ struct Calendario {
 /// 28 to 31.
 [[nodiscard]] int DiasDelMes(int anio, int mes);
 
+/// The year that two figures tell: 00-29 are 20xx, 30-99 are 19xx.
+[[nodiscard]] constexpr int AnioDeDosCifras(int cifras) {
+  return cifras < 30 ? 2000 + cifras : 1900 + cifras;
+}
+
 /// Calendar addition. `unidad` is "d", "m" or "yyyy", case-blind; months and years keep the day
 /// where the month has it and take its last day where it doesn't. Throws 13 for another unit and
 /// 5 for a result outside the years 100 to 9999.
@@ -48,6 +53,8 @@ struct Calendario {
 /// The default text: `dd/mm/yyyy`, with ` h:nn:ss` unless it is midnight; `0:00:00` for the zero
 /// moment, and the time alone for any other moment of day 0.
 [[nodiscard]] std::string TextoDeFecha(FechaHora momento);
+/// `yyyy-mm-dd hh:nn:ss`, whose order as text is that of the moments.
+[[nodiscard]] std::string TextoIso(FechaHora momento);
 /// `martes, 15 de marzo de 2005`
 [[nodiscard]] std::string FechaLarga(FechaHora momento);
 

@@ -52,7 +52,6 @@ TEST_F(RecordsetTest, CerradoRechazaLoQuePideUnaFila) {
   EXPECT_EQ(NumeroDeError([&] { (void)rs.Fields(0); }), error::RecordsetCerrado);
   EXPECT_EQ(NumeroDeError([&] { (void)rs.Fields("NConcepto"); }), error::RecordsetCerrado);
   EXPECT_EQ(NumeroDeError([&] { (void)rs.Collect("NConcepto"); }), error::RecordsetCerrado);
-  EXPECT_EQ(NumeroDeError([&] { (void)rs.CuantosFields(); }), error::RecordsetCerrado);
   EXPECT_EQ(NumeroDeError([&] { (void)rs.RecordCount(); }), error::RecordsetCerrado);
   EXPECT_EQ(NumeroDeError([&] { (void)rs.AbsolutePosition(); }), error::RecordsetCerrado);
 }
@@ -121,7 +120,6 @@ TEST_F(RecordsetTest, LosCamposSeNombranSinMirarMayúsculas) {
   Abrir(ModoApertura::Lectura);
   EXPECT_EQ(rs.Fields("nconcepto").Value.Texto(), "1");
   EXPECT_EQ(rs.Fields("AÑO").Name(), "Año");
-  EXPECT_EQ(rs.CuantosFields(), 4U);
 }
 
 TEST_F(RecordsetTest, UnCampoQueNoEstáEsUnError) {
