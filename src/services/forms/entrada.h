@@ -45,16 +45,20 @@ void DoblePulsarCelda(MSFlexGrid& rejilla, int fila, int columna);
 /// The second press of a double click, the first of which was told as a click: `DblClick`.
 void SegundaPulsacion(MSFlexGrid& rejilla);
 /// A key of the window, such as the page keys, takes the current cell to another one. A cell that
-/// isn't there is the nearest one of the data.
+/// isn't there is the nearest one of the data; out of a column that isn't shown it goes to the
+/// first cell on sight, as with the arrows.
 void LlevarCelda(MSFlexGrid& rejilla, int fila, int columna);
 /// The user goes to a widget.
 void Enfocar(Widget& widget);
 
 /// A key that isn't a character of text, one of `tecla`, in the widget with the focus: `KeyDown`,
-/// `KeyPress` for those that have a character, and then what the key does there.
+/// `KeyPress` for those that have a character, and then what the key does there. In a grid the
+/// blank clicks the current cell, Enter double clicks it, and an arrow moves it; among options the
+/// arrows go to the next one and choose it.
 void Tecla(Widget& widget, int codigo);
 /// A character typed: `KeyDown` with the key of a figure or letter, the letter's capital, or else
-/// with `tecla::OtroCaracter`; `KeyPress`; and it takes the place of the selection.
+/// with `tecla::OtroCaracter`; `KeyPress`; and it takes the place of the selection. In a grid it
+/// fires `DblClick`, and goes to the editor that this opens.
 void Escribir(Widget& widget, char32_t caracter);
 /// The text changed in a way other than by keys, as by pasting.
 void CambiarTexto(TextBox& caja, std::string_view texto);
@@ -66,7 +70,8 @@ void Elegir(ComboBox& lista, int elemento);
 void Mover(VScrollBar& barra, int valor);
 /// The close event of a title bar.
 void CerrarBarra(Cintilla& barra);
-/// Tab or, backwards, Shift and Tab.
+/// Tab or, backwards, Shift and Tab: `KeyDown` of the widget with the focus, which may consume it
+/// or move the focus itself, and then the focus goes to the next widget in the designed order.
 void Tabular(Form& form, bool atras);
 
 }  // namespace entrada
