@@ -39,7 +39,7 @@ VentanaPrincipal::VentanaPrincipal(const Opciones& opciones, const Datos& datos)
     : marco_(new QWidget(this)) {
   setWindowTitle("Sorvex");
   marco_->setObjectName("marco");
-  marco_->setMinimumSize(760, 420);
+  marco_->setMinimumSize(620, 320);
   setCentralWidget(marco_);
   ComponerMenu();
   ComponerEstado(opciones, datos);

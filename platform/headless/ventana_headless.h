@@ -31,6 +31,7 @@ class VentanaHeadless final : public services::Ventana {
   void CeldaActual(services::MSFlexGrid&) override {}
   void Foco(services::Widget*) override {}
   void FinDeEvento() override {}
+  void EnEspera() override {}
 
  private:
   std::shared_ptr<Entorno> entorno_;

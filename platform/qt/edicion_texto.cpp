@@ -68,12 +68,12 @@ void VinculoTexto::BorrarHasta(void (QLineEdit::*extender)(bool)) {
   Eliminar();
 }
 
-void VinculoTexto::Accion(QMenu& menu, const QString& rotulo, QKeySequence::StandardKey tecla,
-                          bool posible, void (VinculoTexto::*hacer)()) {
-  QAction* accion = menu.addAction(rotulo, this, [this, hacer] {
+/// The key is part of the words: the toolkit would name it in the desktop's language.
+void VinculoTexto::Accion(QMenu& menu, const char* rotulo, bool posible,
+                          void (VinculoTexto::*hacer)()) {
+  QAction* accion = menu.addAction(QString::fromUtf8(rotulo), this, [this, hacer] {
     if (!Suelto()) (this->*hacer)();
   });
-  accion->setShortcut(tecla);
   accion->setEnabled(posible);
 }
 
@@ -82,16 +82,16 @@ bool VinculoTexto::AbrirMenu(QContextMenuEvent& evento) {
   if (Suelto() || !Modelo().TieneFoco()) return true;
   const bool hay = Vista().hasSelectedText();
   QMenu menu(&Vista());
-  Accion(menu, "Deshacer", QKeySequence::Undo, historial_.HayAnterior(), &VinculoTexto::Deshacer);
-  Accion(menu, "Rehacer", QKeySequence::Redo, historial_.HaySiguiente(), &VinculoTexto::Rehacer);
+  const bool hayPegable = !QApplication::clipboard()->text().isEmpty();
+  Accion(menu, "Deshacer\tCtrl+Z", historial_.HayAnterior(), &VinculoTexto::Deshacer);
+  Accion(menu, "Rehacer\tCtrl+Mayús+Z", historial_.HaySiguiente(), &VinculoTexto::Rehacer);
   menu.addSeparator();
-  Accion(menu, "Cortar", QKeySequence::Cut, hay, &VinculoTexto::Cortar);
-  Accion(menu, "Copiar", QKeySequence::Copy, hay, &VinculoTexto::Copiar);
-  Accion(menu, "Pegar", QKeySequence::Paste, !QApplication::clipboard()->text().isEmpty(),
-         &VinculoTexto::Pegar);
-  Accion(menu, "Eliminar", QKeySequence::Delete, hay, &VinculoTexto::Eliminar);
+  Accion(menu, "Cortar\tCtrl+X", hay, &VinculoTexto::Cortar);
+  Accion(menu, "Copiar\tCtrl+C", hay, &VinculoTexto::Copiar);
+  Accion(menu, "Pegar\tCtrl+V", hayPegable, &VinculoTexto::Pegar);
+  Accion(menu, "Eliminar\tSupr", hay, &VinculoTexto::Eliminar);
   menu.addSeparator();
-  Accion(menu, "Seleccionar todo", QKeySequence::SelectAll, !Vista().text().isEmpty(),
+  Accion(menu, "Seleccionar todo\tCtrl+A", !Vista().text().isEmpty(),
          &VinculoTexto::SeleccionarTodo);
   menu.exec(evento.globalPos());
   return true;

@@ -10,6 +10,7 @@
 #include "forms/entrada.h"
 #include "forms/escritorio.h"
 #include "forms/form.h"
+#include "qt/colores.h"
 #include "qt/nombres.h"
 #include "qt/textos_qt.h"
 #include "qt/vinculo.h"
@@ -34,6 +35,7 @@ bool EsDeLaPantalla(const QRect& pintado, const QRect& todo) {
 }  // namespace
 
 Lienzo::Lienzo(services::Form& form, const std::function<void(QWidget&)>& disponer) : form_(&form) {
+  setPalette(Legible(QApplication::palette()));
   disponer(*this);
   Unir();
 }
@@ -106,9 +108,26 @@ void Lienzo::FinDeEvento() {
   RepararFoco();
 }
 
+void Lienzo::TraerALaVista() {
+  Turno turno(*this);
+  for (const auto& [modelo, vinculo] : vinculos_) vinculo->TraerALaVista();
+}
+
+void Lienzo::EmpezarFoco() {
+  if (!form_ || !form_->Visible() || form_->Escritorio().Foco()) return;
+  services::entrada::Tabular(*form_, false);
+}
+
 bool Lienzo::eventFilter(QObject* objeto, QEvent* evento) {
   if (objeto == marco_ && evento->type() == QEvent::Resize) setGeometry(marco_->rect());
   return QWidget::eventFilter(objeto, evento);
+}
+
+void Lienzo::changeEvent(QEvent* evento) {
+  if (evento->type() == QEvent::ApplicationPaletteChange) {
+    setPalette(Legible(QApplication::palette()));
+  }
+  QWidget::changeEvent(evento);
 }
 
 void Lienzo::paintEvent(QPaintEvent* evento) {

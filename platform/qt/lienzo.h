@@ -49,10 +49,14 @@ class Lienzo final : public QWidget {
   /// The same unless the user is working outside of this screen.
   void RepararFoco();
   void FinDeEvento();
+  void TraerALaVista();
+  /// Takes the user to the first widget when none has the focus.
+  void EmpezarFoco();
 
   bool eventFilter(QObject* objeto, QEvent* evento) override;
 
  protected:
+  void changeEvent(QEvent* evento) override;
   void paintEvent(QPaintEvent* evento) override;
   void resizeEvent(QResizeEvent* evento) override;
   void closeEvent(QCloseEvent* evento) override;

@@ -10,7 +10,7 @@ namespace qt {
 namespace {
 
 VinculoRejilla* Rejilla(const QPointer<Lienzo>& lienzo, const services::MSFlexGrid& modelo) {
-  return lienzo ? static_cast<VinculoRejilla*>(lienzo->De(modelo)) : nullptr;
+  return lienzo ? dynamic_cast<VinculoRejilla*>(lienzo->De(modelo)) : nullptr;
 }
 
 }  // namespace
@@ -37,6 +37,8 @@ void VentanaQt::Mostrar() {
   lienzo_->raise();
   if (lienzo_->isWindow()) lienzo_->activateWindow();
   lienzo_->LlevarFoco();
+  // A screen that comes back has its own focus again right after this.
+  QMetaObject::invokeMethod(lienzo_, &Lienzo::EmpezarFoco, Qt::QueuedConnection);
 }
 
 void VentanaQt::Ocultar() {
@@ -91,6 +93,10 @@ void VentanaQt::Foco(services::Widget*) {
 
 void VentanaQt::FinDeEvento() {
   if (lienzo_) lienzo_->FinDeEvento();
+}
+
+void VentanaQt::EnEspera() {
+  if (lienzo_) lienzo_->TraerALaVista();
 }
 
 }  // namespace qt

@@ -33,8 +33,7 @@ class VinculoTexto final : public VinculoDe<services::TextBox, QLineEdit> {
   bool PulsarRaton(QMouseEvent& evento);
   bool Componer(QInputMethodEvent& evento);
   bool AbrirMenu(QContextMenuEvent& evento);
-  void Accion(QMenu& menu, const QString& rotulo, QKeySequence::StandardKey tecla, bool posible,
-              void (VinculoTexto::*hacer)());
+  void Accion(QMenu& menu, const char* rotulo, bool posible, void (VinculoTexto::*hacer)());
 
   bool Editar(QKeyEvent& evento);
   void Cortar();

@@ -57,6 +57,7 @@ class VentanaDePrueba final : public services::Ventana {
     Anotar("Foco " + (widget ? widget->NombreCompleto() : "ninguno"));
   }
   void FinDeEvento() override { Anotar("FinDeEvento"); }
+  void EnEspera() override { Anotar("EnEspera"); }
 
  private:
   void Anotar(const std::string& que) { registro_(form_.Nombre() + ": " + que); }

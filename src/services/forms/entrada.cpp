@@ -45,9 +45,11 @@ void Pulsar(Widget& widget) {
   Evento(widget, [&] { pulsacion::Pulsar(widget); });
 }
 
-void PulsarCelda(MSFlexGrid& rejilla, int fila, int columna) {
-  if (!rejilla.Alcanzable()) return;
-  Evento(rejilla, [&] { pulsacion::PulsarCelda(rejilla, fila, columna); });
+bool PulsarCelda(MSFlexGrid& rejilla, int fila, int columna) {
+  bool llega = false;
+  if (!rejilla.Alcanzable()) return false;
+  Evento(rejilla, [&] { llega = pulsacion::PulsarCelda(rejilla, fila, columna); });
+  return llega;
 }
 
 void DoblePulsarCelda(MSFlexGrid& rejilla, int fila, int columna) {

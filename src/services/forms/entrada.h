@@ -39,7 +39,8 @@ namespace entrada {
 void Pulsar(Widget& widget);
 /// A click on a cell: focus to the grid, the current cell moves, `Click`. Row and column from 0;
 /// a click on the header row, or on a row that has gone meanwhile, goes no further than the focus.
-void PulsarCelda(MSFlexGrid& rejilla, int fila, int columna);
+/// Whether it reached a row.
+bool PulsarCelda(MSFlexGrid& rejilla, int fila, int columna);
 /// A click, and then `DblClick`.
 void DoblePulsarCelda(MSFlexGrid& rejilla, int fila, int columna);
 /// The second press of a double click, the first of which was told as a click: `DblClick`.

@@ -76,7 +76,9 @@ void Escritorio::Esperar(const std::function<void()>& espera) {
   const int antes = std::exchange(profundidad_, 0);
   const bool dejaba = std::exchange(dejando_, false);
   for (Form* form : cargados_) {
-    if (form->Vista()) form->Vista()->FinDeEvento();
+    if (!form->Vista()) continue;
+    form->Vista()->FinDeEvento();
+    form->Vista()->EnEspera();
   }
   ++esperas_;
   const auto volver = [&] {

@@ -1,8 +1,11 @@
 #include <gmock/gmock.h>
 
 #include <QClipboard>
+#include <QContextMenuEvent>
 #include <QInputMethodEvent>
 #include <QLineEdit>
+#include <QMenu>
+#include <QTimer>
 
 #include "platform/qt/frm_prueba.h"
 #include "qt/textos_qt.h"
@@ -151,6 +154,24 @@ TEST_F(CajaDeTexto, ElClicQueTraeElFocoGuardaLoSeleccionado) {
   QTest::qWait(QApplication::doubleClickInterval() + 50);
   QTest::mouseClick(&importe, Qt::LeftButton);
   EXPECT_EQ(importe.selectedText(), "");
+}
+
+TEST_F(CajaDeTexto, ElMenuHablaEnCastellano) {
+  QStringList rotulos;
+  QTimer::singleShot(0, [&rotulos] {
+    auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+    if (!menu) return;
+    for (const QAction* accion : menu->actions()) {
+      EXPECT_TRUE(accion->shortcut().isEmpty()) << "el escritorio la nombraría a su manera";
+      if (!accion->isSeparator()) rotulos << accion->text();
+    }
+    menu->close();
+  });
+  QContextMenuEvent pide(QContextMenuEvent::Mouse, QPoint(5, 5), fecha.mapToGlobal(QPoint(5, 5)));
+  QApplication::sendEvent(&fecha, &pide);
+  EXPECT_EQ(rotulos, QStringList({"Deshacer\tCtrl+Z", "Rehacer\tCtrl+Mayús+Z", "Cortar\tCtrl+X",
+                                  "Copiar\tCtrl+C", "Pegar\tCtrl+V", "Eliminar\tSupr",
+                                  "Seleccionar todo\tCtrl+A"}));
 }
 
 TEST(Conversion, CuentaCaracteresYNoUnidades) {
