@@ -1,42 +1,16 @@
 #include <gmock/gmock.h>
 
 #include <QElapsedTimer>
-#include <QHeaderView>
-#include <QHelpEvent>
-#include <QLineEdit>
-#include <QScrollBar>
-#include <QToolTip>
+#include <QPushButton>
 
-#include "platform/qt/frm_prueba.h"
-#include "qt/dibujo_celda.h"
+#include "platform/qt/rejilla_en_pantalla.h"
 
-// The grid and its in-place editor.
+// The grid.
 
 namespace {
 
-using pruebas::Escena;
+using pruebas::RejillaEnPantalla;
 using testing::ElementsAre;
-
-class RejillaEnPantalla : public testing::Test {
- protected:
-  RejillaEnPantalla() {
-    for (int c = 0; c < 3; ++c) rejilla.ColWidth(c, c == 1 ? 6000 : 1600);
-    rejilla.ColWidth(3, 0);
-  }
-  [[nodiscard]] QPoint Centro(int fila, int columna) const {
-    return vista.visualRect(vista.model()->index(fila - 1, columna)).center();
-  }
-  void Pulsar(int fila, int columna) {
-    QTest::mouseClick(vista.viewport(), Qt::LeftButton, {}, Centro(fila, columna));
-  }
-  [[nodiscard]] QString Dato(int fila, int columna) const {
-    return vista.model()->index(fila - 1, columna).data().toString();
-  }
-
-  Escena escena;
-  services::MSFlexGrid& rejilla = escena.form->Rejilla;
-  qt::RejillaQt& vista = escena.Vista<qt::RejillaQt>("Rejilla");
-};
 
 TEST_F(RejillaEnPantalla, LaFilaCeroEsLaCabecera) {
   escena.Llenar(3);
@@ -158,36 +132,6 @@ TEST_F(RejillaEnPantalla, LosImportesVanALaDerecha) {
   EXPECT_TRUE(alineacion(1) & Qt::AlignLeft);
 }
 
-TEST_F(RejillaEnPantalla, ElEditorCubreLaCeldaYSigueElDesplazamiento) {
-  escena.Llenar(200);
-  Pulsar(5, 2);
-  escena.form->TxtCelda.Visible = true;
-  QLineEdit& editor = escena.Vista<QLineEdit>("TxtCelda");
-  const auto enLaTabla = [&] {
-    return QRect(vista.viewport()->mapFromGlobal(editor.mapToGlobal(QPoint())), editor.size());
-  };
-  const auto celda = [this] { return vista.visualRect(vista.model()->index(4, 2)); };
-  const auto cubre = [&] { return enLaTabla().adjusted(-1, -1, 1, 1).contains(celda()); };
-  EXPECT_TRUE(editor.isVisible());
-  EXPECT_TRUE(cubre());
-  vista.verticalScrollBar()->setValue(3);
-  EXPECT_TRUE(cubre());
-  vista.verticalScrollBar()->setValue(100);
-  EXPECT_TRUE(editor.isVisible()) << "oculto perdería el foco";
-  EXPECT_TRUE(editor.visibleRegion().isEmpty());
-}
-
-TEST_F(RejillaEnPantalla, LoQueSeTecleaFueraDeLaVistaVuelveAEntrarEnElla) {
-  escena.Llenar(200);
-  Pulsar(5, 2);
-  escena.form->TxtCelda.Visible = true;
-  escena.form->TxtCelda.SetFocus();
-  vista.verticalScrollBar()->setValue(100);
-  QTest::keyClick(&escena.Vista<QLineEdit>("TxtCelda"), Qt::Key_7);
-  EXPECT_TRUE(vista.viewport()->rect().contains(Centro(5, 2)));
-  EXPECT_FALSE(escena.Vista<QLineEdit>("TxtCelda").visibleRegion().isEmpty());
-}
-
 TEST_F(RejillaEnPantalla, UnaTeclaTraeALaVistaLaCeldaAunqueNoLaMueva) {
   escena.Llenar(200);
   Pulsar(1, 2);
@@ -207,62 +151,6 @@ TEST_F(RejillaEnPantalla, UnaPreguntaTraeALaVistaLaFilaActual) {
   };
   QTest::mouseClick(&escena.Vista<QPushButton>("BotonGrabar"), Qt::LeftButton);
   EXPECT_TRUE(aLaVista) << "también si la celda está en una columna que no se ve";
-}
-
-TEST_F(RejillaEnPantalla, LaRuedaSobreElEditorDesplazaLaLista) {
-  escena.Llenar(200);
-  Pulsar(5, 2);
-  escena.form->TxtCelda.Visible = true;
-  QLineEdit& editor = escena.Vista<QLineEdit>("TxtCelda");
-  QWheelEvent rueda(QPointF(5, 5), editor.mapToGlobal(QPointF(5, 5)), {}, QPoint(0, -120),
-                    Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase, false);
-  QApplication::sendEvent(&editor, &rueda);
-  EXPECT_GT(vista.verticalScrollBar()->value(), 0);
-}
-
-/// What is shown under the mouse when it rests on a cell.
-QString Globo(QTableView& vista, const QModelIndex& celda) {
-  const QPoint donde = vista.visualRect(celda).center();
-  QHelpEvent pide(QEvent::ToolTip, donde, vista.viewport()->mapToGlobal(donde));
-  QApplication::sendEvent(vista.viewport(), &pide);
-  return QToolTip::text();
-}
-
-TEST_F(RejillaEnPantalla, UnTextoCortadoSeLeeEnteroBajoElRaton) {
-  escena.marco.resize(500, 600);
-  escena.Llenar(3);
-  escena.form->Escritorio().Evento([this] {
-    rejilla.TextMatrix(1, 0, "F-2005/000000000123 <de Ñandú>");
-    rejilla.TextMatrix(2, 0, "F1");
-  });
-  EXPECT_EQ(Globo(vista, vista.model()->index(1, 0)), "");
-  EXPECT_EQ(Globo(vista, vista.model()->index(0, 0)),
-            QStringLiteral("F-2005/000000000123 &lt;de Ñandú&gt;"));
-}
-
-TEST_F(RejillaEnPantalla, DondeHaySitioLasColumnasTomanElQueSusTextosPiden) {
-  const int disenado = vista.columnWidth(0);
-  const auto llenar = [this] {
-    escena.form->Escritorio().Evento([this] {
-      rejilla.Rows = 1;
-      rejilla.AddItem("F-2005/000000000123\ttexto\t1,00\t");
-    });
-  };
-  escena.marco.resize(9200 / 15, 600);
-  llenar();
-  EXPECT_EQ(vista.columnWidth(0), disenado) << "al tamaño diseñado, el ancho diseñado";
-  escena.marco.resize(1300, 600);
-  QCoreApplication::processEvents();
-  EXPECT_GT(vista.columnWidth(0), disenado);
-  EXPECT_EQ(vista.columnWidth(2), disenado) << "la que tiene bastante se queda como está";
-  EXPECT_EQ(Globo(vista, vista.model()->index(0, 0)), "");
-}
-
-TEST_F(RejillaEnPantalla, UnImporteDeMillonesCabeEnSuColumna) {
-  EXPECT_GE(vista.columnWidth(2),
-            QFontMetrics(vista.model()->index(0, 2).data(Qt::FontRole).value<QFont>())
-                    .horizontalAdvance("1.234.567,00") +
-                2 * qt::DibujoCelda::kMargen);
 }
 
 TEST_F(RejillaEnPantalla, LaSegundaPulsacionCuentaAunqueLaPrimeraLleveAOtraCelda) {
@@ -324,20 +212,6 @@ TEST_F(RejillaEnPantalla, LaPrimeraTeclaLlevaALaVistaLaCeldaQueQuedoOculta) {
   EXPECT_EQ(rejilla.Col, 0);
   QTest::keyClick(&vista, Qt::Key_Down);
   EXPECT_EQ(rejilla.Row, rejilla.TopRow + 1);
-}
-
-TEST_F(RejillaEnPantalla, QuienEmpiezaAEscribirAbreElEditorDeLaCelda) {
-  escena.Llenar(5);
-  Pulsar(2, 1);
-  auto& editor = escena.form->TxtCelda;
-  rejilla.DblClick = [&] {
-    editor.Text = "viejo";
-    editor.Visible = true;
-    editor.SetFocus();
-    editor.SeleccionarTodo();
-  };
-  QTest::keyClick(&vista, Qt::Key_7);
-  EXPECT_EQ(editor.Text, "7");
 }
 
 TEST_F(RejillaEnPantalla, EspacioEIntroHacenLoQueElRaton) {
