@@ -22,6 +22,11 @@ services::MedidaPantalla MedirPantalla() {
   return {puntos.width() * kTwips, puntos.height() * kTwips};
 }
 
+void MostrarEspera(bool ocupado) {
+  ocupado ? QGuiApplication::setOverrideCursor(Qt::WaitCursor)
+          : QGuiApplication::restoreOverrideCursor();
+}
+
 std::vector<std::string> Impresoras() {
   std::vector<std::string> nombres;
   for (const QString& nombre : QPrinterInfo::availablePrinterNames()) {
@@ -56,6 +61,7 @@ services::Plataforma CrearPlataforma(Disenos disenos) {
     return std::make_unique<SelectorConceptosQt>(sesion);
   };
   plataforma.ErrorNoControlado = &MostrarError;
+  plataforma.Ocupado = &MostrarEspera;
   plataforma.Ahora = &Ahora;
   plataforma.Pantalla = &MedirPantalla;
   plataforma.Printers = &Impresoras;

@@ -83,6 +83,7 @@ FrmTesvaraGastos::FrmTesvaraGastos(DatosComunes& datos)
 FrmTesvaraGastos::~FrmTesvaraGastos() = default;
 
 void FrmTesvaraGastos::Form_Load() {
+  const services::Escritorio::Ocupacion ocupacion(Escritorio());
   TxtNConcepto.Text = "";
   TxtBusco.Text = "";
   ImporteCaja = 0;
@@ -134,6 +135,7 @@ void FrmTesvaraGastos::ComprobarCambios() {
 }
 
 void FrmTesvaraGastos::Recargar() {
+  const services::Escritorio::Ocupacion ocupacion(Escritorio());
   store::CargarTemporales(datos_, Rango);
   Lista.CargarGrip();
   Rejilla.CopiarGrip();
@@ -164,6 +166,7 @@ void FrmTesvaraGastos::BotonAceptar_Click() {
 }
 
 void FrmTesvaraGastos::Grabar() {
+  const services::Escritorio::Ocupacion ocupacion(Escritorio());
   // A refused amount leaves the panel on the screen, with the bar at 0: that is how users see that
   // nothing was saved.
   if (!list::EscribirPagados(datos_, Rejilla, Lista.OrdenElegido())) return;

@@ -77,12 +77,14 @@ class PlataformaDePrueba {
     plataforma_.ErrorNoControlado = [this](const services::ErrorEjecucion& fallo) {
       errores.push_back(fallo);
     };
+    plataforma_.Ocupado = [this](bool ocupado) { ocupaciones.push_back(ocupado); };
   }
   PlataformaDePrueba(const PlataformaDePrueba&) = delete;
 
   Registro ventanas;
   Espera espera;
   std::vector<services::ErrorEjecucion> errores;
+  std::vector<bool> ocupaciones;  // each time the user was told of a wait, or of its end
 
  private:
   services::PlataformaDeForms plataforma_;

@@ -81,8 +81,12 @@ void Escritorio::Esperar(const std::function<void()>& espera) {
     form->Vista()->EnEspera();
   }
   ++esperas_;
+  const int ocupaciones = std::exchange(ocupaciones_, 0);
+  if (ocupaciones > 0) Decir(false);
   const auto volver = [&] {
     --esperas_;
+    ocupaciones_ = ocupaciones;
+    if (ocupaciones > 0) Decir(true);
     profundidad_ = antes;
     dejando_ = dejaba;
     if (profundidad_ == 0 && esperas_ == 0) std::exchange(retirados_, {});

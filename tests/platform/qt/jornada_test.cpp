@@ -75,6 +75,24 @@ TEST_F(DiaEnPantalla, ConTeclasYRatonDejaLasMismasTablasQueElGuion) {
   EXPECT_EQ(Partida(opciones).Jugar(jornada::kTablas).Salida, esperadas);
 }
 
+TEST_F(DiaEnPantalla, ElCursorDiceQueSeEspera) {
+  std::vector<Qt::CursorShape> cursores;
+  plataforma.Ocupado = [&cursores, ocupado = plataforma.Ocupado](bool si) {
+    ocupado(si);
+    const QCursor* cursor = QApplication::overrideCursor();
+    cursores.push_back(cursor ? cursor->shape() : Qt::ArrowCursor);
+  };
+  ASSERT_EQ(Partida(opciones).Jugar(jornada::kEmpresa).Estado, 0);
+  Abrir();
+  EXPECT_EQ(cursores, (std::vector{Qt::WaitCursor, Qt::ArrowCursor})) << "al cargar";
+  Boton("BotonCancelar");
+  EXPECT_EQ(cursores.size(), 4U) << "al recargar";
+  Boton("BotonAceptar");
+  EXPECT_EQ(cursores.size(), 6U) << "y al grabar";
+  EXPECT_EQ(cursores.back(), Qt::ArrowCursor);
+  Cerrar();
+}
+
 /// Ten thousand invoices of three receipts, all in the month.
 const std::string kTreintaMil = R"(
 datos INSERT INTO ProvConceptos VALUES('12','Papelería Núñez')
