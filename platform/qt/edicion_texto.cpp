@@ -2,6 +2,7 @@
 #include <QClipboard>
 #include <QContextMenuEvent>
 #include <QMenu>
+#include <algorithm>
 
 #include "forms/entrada.h"
 #include "qt/textos_qt.h"
@@ -11,8 +12,16 @@
 
 namespace qt {
 
-void VinculoTexto::Sustituir(const QString& texto) {
-  if (Suelto()) return;
+QString VinculoTexto::LoQueCabe(const QString& texto) const {
+  if (Modelo().MaxLength <= 0) return texto;
+  const auto largo = [](const QString& t) { return Caracteres(t, static_cast<int>(t.size())); };
+  const int queda = largo(Vista().text()) - largo(Vista().selectedText());
+  return texto.left(Unidades(texto, std::max(0, Modelo().MaxLength - queda)));
+}
+
+void VinculoTexto::Sustituir(const QString& entero) {
+  if (Suelto() || Modelo().Locked) return;
+  const QString texto = LoQueCabe(entero);
   const QString antes = Vista().text();
   const int desde = Vista().hasSelectedText() ? Vista().selectionStart() : Vista().cursorPosition();
   const int cuantas = Vista().hasSelectedText() ? Vista().selectionLength() : 0;
@@ -81,15 +90,16 @@ bool VinculoTexto::AbrirMenu(QContextMenuEvent& evento) {
   if (!Modelo().TieneFoco()) services::entrada::Enfocar(Modelo());
   if (Suelto() || !Modelo().TieneFoco()) return true;
   const bool hay = Vista().hasSelectedText();
+  const bool editable = !Modelo().Locked;
   QMenu menu(&Vista());
-  const bool hayPegable = !QApplication::clipboard()->text().isEmpty();
+  const bool hayPegable = editable && !QApplication::clipboard()->text().isEmpty();
   Accion(menu, "Deshacer\tCtrl+Z", historial_.HayAnterior(), &VinculoTexto::Deshacer);
   Accion(menu, "Rehacer\tCtrl+Mayús+Z", historial_.HaySiguiente(), &VinculoTexto::Rehacer);
   menu.addSeparator();
-  Accion(menu, "Cortar\tCtrl+X", hay, &VinculoTexto::Cortar);
+  Accion(menu, "Cortar\tCtrl+X", hay && editable, &VinculoTexto::Cortar);
   Accion(menu, "Copiar\tCtrl+C", hay, &VinculoTexto::Copiar);
   Accion(menu, "Pegar\tCtrl+V", hayPegable, &VinculoTexto::Pegar);
-  Accion(menu, "Eliminar\tSupr", hay, &VinculoTexto::Eliminar);
+  Accion(menu, "Eliminar\tSupr", hay && editable, &VinculoTexto::Eliminar);
   menu.addSeparator();
   Accion(menu, "Seleccionar todo\tCtrl+A", !Vista().text().isEmpty(),
          &VinculoTexto::SeleccionarTodo);

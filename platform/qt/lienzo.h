@@ -42,6 +42,11 @@ class Lienzo final : public QWidget {
   /// What shows a widget of the model; null for one that has nothing to show it.
   [[nodiscard]] Vinculo* De(const services::Widget& modelo) const;
 
+  /// An element of a control array came at run time: it gets a widget like element 0's, behind the
+  /// one before it. Or it is about to go, and its widget with it.
+  void Anadir(services::Widget& modelo);
+  void Quitar(const services::Widget& modelo);
+
   /// Fills a widget of the host and follows its size, or is a window of its own when null.
   void Encuadrar(QWidget* marco);
   /// Gives the toolkit's focus to what has the model's, and to the bare surface when none has.
@@ -63,9 +68,11 @@ class Lienzo final : public QWidget {
   bool focusNextPrevChild(bool siguiente) override;
 
  private:
-  using Suceso = void (services::Form::*)();
+  using Suceso = void (Lienzo::*)(services::Form&);
   void Unir();
   void Avisar(Suceso suceso, bool& pedido);
+  void Redimensionado(services::Form& form);
+  void Pintado(services::Form& form);
   void CentrarPaneles();
   void PonerTitulo();
 
@@ -75,6 +82,7 @@ class Lienzo final : public QWidget {
   Qt::FocusReason motivo_ = Qt::OtherFocusReason;
   int mostrando_ = 0;
   bool pintado_pedido_ = false;
+  bool pintado_fallido_ = false;
   bool tamano_pedido_ = false;
 };
 

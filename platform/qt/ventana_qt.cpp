@@ -75,6 +75,14 @@ void VentanaQt::Cambiada(services::Widget& widget, services::Aspecto aspecto) {
   if (Vinculo* vinculo = lienzo_->De(widget)) vinculo->Mostrar(aspecto);
 }
 
+void VentanaQt::Anadido(services::Widget& widget) {
+  if (lienzo_) lienzo_->Anadir(widget);
+}
+
+void VentanaQt::Quitado(services::Widget& widget) {
+  if (lienzo_) lienzo_->Quitar(widget);
+}
+
 void VentanaQt::CeldaCambiada(services::MSFlexGrid& rejilla, int fila, int) {
   if (VinculoRejilla* vinculo = Rejilla(lienzo_, rejilla)) vinculo->AnotarFila(fila);
 }

@@ -3,12 +3,32 @@
 #include <QMouseEvent>
 #include <QShortcut>
 #include <algorithm>
+#include <cmath>
 
 #include "forms/entrada.h"
 #include "qt/lienzo.h"
+#include "qt/medidas.h"
 #include "qt/textos_qt.h"
 
 namespace qt {
+namespace {
+
+int Boton(Qt::MouseButtons botones) {
+  return (botones & Qt::LeftButton ? services::Raton::Izquierdo : 0) +
+         (botones & Qt::RightButton ? services::Raton::Derecho : 0);
+}
+
+/// While the mouse moves, `botones` are those that are held; otherwise the one it is about.
+services::Raton DelRaton(const QMouseEvent& evento, Qt::MouseButtons botones) {
+  const Qt::KeyboardModifiers con = evento.modifiers();
+  return {.Boton = Boton(botones),
+          .Mayusculas = (con & Qt::ShiftModifier ? 1 : 0) + (con & Qt::ControlModifier ? 2 : 0) +
+                        (con & Qt::AltModifier ? 4 : 0),
+          .X = Twips(evento.position().x()),
+          .Y = Twips(evento.position().y())};
+}
+
+}  // namespace
 
 using services::Aspecto;
 
@@ -36,6 +56,25 @@ VinculoCintilla::VinculoCintilla(services::Cintilla& modelo, CintillaQt& vista, 
   };
 }
 
+bool VinculoCintilla::eventFilter(QObject* objeto, QEvent* evento) {
+  if (!Atento()) return VinculoDe::eventFilter(objeto, evento);
+  const auto raton = [evento] { return static_cast<const QMouseEvent*>(evento); };
+  switch (evento->type()) {
+    case QEvent::MouseButtonPress:
+    case QEvent::MouseButtonDblClick:
+      services::entrada::PulsarBarra(Modelo(), DelRaton(*raton(), raton()->button()));
+      return true;
+    case QEvent::MouseMove:
+      services::entrada::MoverEnBarra(Modelo(), DelRaton(*raton(), raton()->buttons()));
+      return true;
+    case QEvent::MouseButtonRelease:
+      services::entrada::SoltarBarra(Modelo(), DelRaton(*raton(), raton()->button()));
+      return true;
+    default:
+      return VinculoDe::eventFilter(objeto, evento);
+  }
+}
+
 void VinculoCintilla::MostrarPropio(Aspecto aspecto) {
   if (aspecto == Aspecto::Caption) Vista().PonerTitulo(Texto(Modelo().Caption()));
 }
@@ -55,12 +94,15 @@ void VinculoImagen::MostrarPropio(Aspecto aspecto) {
   if (aspecto == Aspecto::Picture) Vista().PonerDibujo(Texto(Modelo().Picture()));
 }
 
+/// The bounds are any numbers; the bar on the screen goes in thousandths of the way.
 void VinculoProgreso::MostrarPropio(Aspecto aspecto) {
-  if (aspecto == Aspecto::Min || aspecto == Aspecto::Max) {
-    Vista().setRange(Modelo().Min, std::max(Modelo().Min(), Modelo().Max()));
-  }
+  constexpr int kTodo = 1000;
+  if (aspecto != Aspecto::Min && aspecto != Aspecto::Max && aspecto != Aspecto::Value) return;
+  const double camino = Modelo().Max - Modelo().Min;
+  const double hecho = camino > 0 ? (Modelo().Value - Modelo().Min) / camino : 0;
+  Vista().setRange(0, kTodo);
+  Vista().setValue(static_cast<int>(std::lround(std::clamp(hecho, 0.0, 1.0) * kTodo)));
   if (aspecto != Aspecto::Value) return;
-  Vista().setValue(Modelo().Value);
   // The work that it tells of goes on without coming back to the toolkit.
   if (Vista().isVisible()) Vista().parentWidget()->repaint();
 }

@@ -87,9 +87,12 @@ void Escribir(Widget& widget, char32_t caracter) {
 }
 
 void CambiarTexto(TextBox& caja, std::string_view texto) {
-  if (!caja.Alcanzable() || caja.Text == texto) return;
+  if (!caja.Alcanzable() || caja.Locked) return;
+  const auto limite = static_cast<std::size_t>(caja.MaxLength());
+  const std::string nuevo = limite > 0 ? Izquierda(texto, limite) : std::string(texto);
+  if (caja.Text == nuevo) return;
   Evento(caja,
-         [&] { pulsacion::Sustituir(caja, 0, static_cast<int>(Longitud(caja.Text())), texto); });
+         [&] { pulsacion::Sustituir(caja, 0, static_cast<int>(Longitud(caja.Text())), nuevo); });
 }
 
 void Seleccionar(TextBox& caja, int desde, int cuantos) {
@@ -112,6 +115,26 @@ void Mover(VScrollBar& barra, int valor) {
 
 void CerrarBarra(Cintilla& barra) {
   Evento(barra, [&] { Widget::Disparar(barra.Cerrar); });
+}
+
+namespace {
+
+void DelRaton(Cintilla& barra, const Cintilla::EventoRaton& suceso, const Raton& raton) {
+  if (barra.Alcanzable() && suceso) Evento(barra, [&] { suceso(raton); });
+}
+
+}  // namespace
+
+void PulsarBarra(Cintilla& barra, const Raton& raton) {
+  DelRaton(barra, barra.Pulsada, raton);
+}
+
+void MoverEnBarra(Cintilla& barra, const Raton& raton) {
+  DelRaton(barra, barra.Movida, raton);
+}
+
+void SoltarBarra(Cintilla& barra, const Raton& raton) {
+  DelRaton(barra, barra.Soltada, raton);
 }
 
 void Tabular(Form& form, bool atras) {

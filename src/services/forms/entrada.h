@@ -15,6 +15,7 @@ class MSFlexGrid;
 class TextBox;
 class VScrollBar;
 class Cintilla;
+struct Raton;
 
 namespace tecla {
 inline constexpr int Borrar = 8;
@@ -58,10 +59,12 @@ void Enfocar(Widget& widget);
 /// arrows go to the next one and choose it.
 void Tecla(Widget& widget, int codigo);
 /// A character typed: `KeyDown` with the key of a figure or letter, the letter's capital, or else
-/// with `tecla::OtroCaracter`; `KeyPress`; and it takes the place of the selection. In a grid it
-/// fires `DblClick`, and goes to the editor that this opens.
+/// with `tecla::OtroCaracter`; `KeyPress`; and it takes the place of the selection. A box that is
+/// full at its `MaxLength` swallows it then. In a grid it fires `DblClick`, and goes to the editor
+/// that this opens.
 void Escribir(Widget& widget, char32_t caracter);
-/// The text changed in a way other than by keys, as by pasting.
+/// The text changed in a way other than by keys, as by pasting; what is past its `MaxLength` falls
+/// off. A `Locked` box keeps its text, whatever comes.
 void CambiarTexto(TextBox& caja, std::string_view texto);
 /// Where the user put the caret and the selection, in characters from 0.
 void Seleccionar(TextBox& caja, int desde, int cuantos);
@@ -69,8 +72,11 @@ void Seleccionar(TextBox& caja, int desde, int cuantos);
 void Elegir(ComboBox& lista, int elemento);
 /// Moves a scroll bar.
 void Mover(VScrollBar& barra, int valor);
-/// The close event of a title bar.
+/// The close event of a title bar, and what the mouse does on it.
 void CerrarBarra(Cintilla& barra);
+void PulsarBarra(Cintilla& barra, const Raton& raton);
+void MoverEnBarra(Cintilla& barra, const Raton& raton);
+void SoltarBarra(Cintilla& barra, const Raton& raton);
 /// Tab or, backwards, Shift and Tab: `KeyDown` of the widget with the focus, which may consume it
 /// or move the focus itself, and then the focus goes to the next widget in the designed order.
 void Tabular(Form& form, bool atras);

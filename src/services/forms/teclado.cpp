@@ -34,10 +34,14 @@ int ColumnaVisible(const MSFlexGrid& rejilla, int desde, int paso) {
 }
 
 void Insertar(TextBox& caja, std::string_view texto) {
+  if (caja.Locked) return;
+  const auto queda = Longitud(caja.Text()) - static_cast<std::size_t>(caja.SelLength());
+  if (caja.MaxLength > 0 && queda >= static_cast<std::size_t>(caja.MaxLength())) return;
   Sustituir(caja, caja.SelStart, caja.SelLength, texto);
 }
 
 void BorrarEn(TextBox& caja, bool haciaAtras) {
+  if (caja.Locked) return;
   if (caja.SelLength > 0) return Sustituir(caja, caja.SelStart, caja.SelLength, "");
   if (haciaAtras && caja.SelStart > 0) return Sustituir(caja, caja.SelStart - 1, 1, "");
   if (!haciaAtras && caja.SelStart < static_cast<int>(Longitud(caja.Text()))) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QTest>
+#include <functional>
 #include <memory>
 #include <string>
 #include <vector>
@@ -9,6 +10,7 @@
 #include "forms/entrada.h"
 #include "forms/escritorio.h"
 #include "forms/form.h"
+#include "forms/matriz_controles.h"
 #include "forms/msflexgrid.h"
 #include "qt/plataforma_qt.h"
 #include "qt/rejilla_qt.h"
@@ -36,12 +38,18 @@ class FrmPrueba : public services::Form {
   services::TextBox TxtCelda;
   services::ProgressBar Progreso;
   services::Image ImgMarca;
+  services::MatrizControles<services::TextBox> TxtNumero;
 
   std::vector<std::string> sucesos;
   int pintados = 0;
   int redimensionados = 0;
 
-  void Form_Paint() override { ++pintados; }
+  /// What the screen does when it is repainted.
+  std::function<void()> AlPintar;
+  void Form_Paint() override {
+    ++pintados;
+    if (AlPintar) AlPintar();
+  }
   void Form_Resize() override { ++redimensionados; }
 
  private:
@@ -66,6 +74,8 @@ class Escena {
 
   QWidget marco;
   std::vector<services::ErrorEjecucion> errores;
+  /// What is done with an error, once it has been written down.
+  std::function<void()> AlFallar;
 
  private:
   services::Plataforma plataforma_;

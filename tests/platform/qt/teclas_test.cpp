@@ -60,7 +60,7 @@ class Teclas : public DiaEnPantalla {
     SCOPED_TRACE(linea);
     EXPECT_EQ(runner.Jugar(linea + "\n").Errores, "");
     EnPantalla(linea);
-    EXPECT_EQ(Estado(dynamic_cast<shell::FrmTesvaraGastos&>(sesion->Pantalla())),
+    EXPECT_EQ(Estado(dynamic_cast<shell::FrmTesvaraGastos&>(pantallas->Principal())),
               Estado(runner.Pantalla()));
   }
 

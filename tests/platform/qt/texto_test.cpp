@@ -174,6 +174,35 @@ TEST_F(CajaDeTexto, ElMenuHablaEnCastellano) {
                                   "Seleccionar todo\tCtrl+A"}));
 }
 
+TEST_F(CajaDeTexto, LoPegadoSeCortaEnLoQueCabe) {
+  escena.form->TxtFecha.MaxLength = 5;
+  QTest::keyClicks(&fecha, "ab");
+  QTest::keyClick(&fecha, Qt::Key_Left);
+  QApplication::clipboard()->setText("12345");
+  QTest::keySequence(&fecha, QKeySequence::Paste);
+  EXPECT_EQ(escena.form->TxtFecha.Text(), "a123b") << "y lo que había detrás se queda";
+  QTest::keyClicks(&fecha, "x");
+  EXPECT_EQ(fecha.text(), "a123b");
+}
+
+TEST_F(CajaDeTexto, UnaCajaBloqueadaSeCopiaYNoSeCambia) {
+  escena.form->TxtFecha.Text = "fijo";
+  escena.form->TxtFecha.Locked = true;
+  EXPECT_TRUE(fecha.isReadOnly());
+  QTest::keyClicks(&fecha, "x");
+  QApplication::clipboard()->setText("otro");
+  QTest::keySequence(&fecha, QKeySequence::Paste);
+  QTest::keySequence(&fecha, QKeySequence::SelectAll);
+  QTest::keySequence(&fecha, QKeySequence::Cut);
+  EXPECT_EQ(fecha.text(), "fijo");
+  QTest::keySequence(&fecha, QKeySequence::SelectAll);
+  QTest::keySequence(&fecha, QKeySequence::Copy);
+  EXPECT_EQ(QApplication::clipboard()->text(), "fijo");
+  EXPECT_EQ(escena.form->TxtFecha.Text(), "fijo");
+  escena.form->TxtFecha.Locked = false;
+  EXPECT_FALSE(fecha.isReadOnly());
+}
+
 TEST(Conversion, CuentaCaracteresYNoUnidades) {
   const QString texto = QString::fromUtf8("a😀b");
   EXPECT_EQ(qt::Unidades(texto, 2), 3);
