@@ -1,6 +1,7 @@
 #include "sorvex/teclas.h"
 
 #include <algorithm>
+#include <string>
 #include <string_view>
 
 #include "forms/entrada.h"
@@ -8,6 +9,8 @@
 
 namespace sorvex {
 namespace {
+
+constexpr std::size_t kCifrasDeMiles = 3;
 
 bool SiemprePasa(int tecla) {
   return tecla == services::tecla::Borrar || tecla == services::tecla::Intro ||
@@ -37,6 +40,47 @@ bool AdmiteSigno(const services::TextBox& caja) {
   return !tieneSigno || caja.SelLength > 0;
 }
 
+/// What stands before and behind what is typed now.
+struct Entorno {
+  std::string Antes;
+  std::string Despues;
+};
+
+Entorno EntornoDe(const services::TextBox& caja) {
+  const std::string& texto = caja.Text();
+  const std::string hasta =
+      services::Izquierda(texto, static_cast<std::size_t>(caja.SelStart + caja.SelLength));
+  return {services::Izquierda(texto, static_cast<std::size_t>(caja.SelStart())),
+          texto.substr(hasta.size())};
+}
+
+/// Whether a comma typed now would be the only one, with no thousands' point behind it.
+bool AdmiteComa(const services::TextBox& caja) {
+  const Entorno entorno = EntornoDe(caja);
+  return entorno.Antes.find(',') == std::string::npos &&
+         entorno.Despues.find_first_of(",.") == std::string::npos;
+}
+
+/// Behind a comma and just three figures, at the end of the text, that comma turns out to be the
+/// thousands' point: makes it one. Whether it was.
+bool PasarAMiles(services::TextBox& caja) {
+  const Entorno entorno = EntornoDe(caja);
+  const std::size_t coma = entorno.Antes.find(',');
+  if (coma == std::string::npos || !entorno.Despues.empty()) return false;
+  const std::string_view detras = std::string_view(entorno.Antes).substr(coma + 1);
+  if (detras.size() != kCifrasDeMiles || !std::all_of(detras.begin(), detras.end(), EsCifra)) {
+    return false;
+  }
+  const int desde = caja.SelStart;
+  const int cuantos = caja.SelLength;
+  std::string texto = caja.Text;
+  texto.replace(coma, 1, ".");
+  caja.Text = texto;
+  caja.SelStart = desde;
+  caja.SelLength = cuantos;
+  return true;
+}
+
 }  // namespace
 
 int TeclaFecha(services::TextBox& caja, int tecla) {
@@ -49,10 +93,10 @@ int TeclaFecha(services::TextBox& caja, int tecla) {
   return tecla;
 }
 
-int TeclaImporte(const services::TextBox& caja, int tecla, bool soloEnteros) {
+int TeclaImporte(services::TextBox& caja, int tecla, bool soloEnteros) {
   if (SiemprePasa(tecla) || EsCifra(tecla)) return tecla;
-  if (soloEnteros) return 0;
-  if (tecla == ',' || tecla == '.') return ',';
+  if (soloEnteros) return tecla == ',' && AdmiteComa(caja) ? tecla : 0;
+  if (tecla == ',' || tecla == '.') return AdmiteComa(caja) || PasarAMiles(caja) ? ',' : 0;
   return tecla == '-' && AdmiteSigno(caja) ? tecla : 0;
 }
 

@@ -12,8 +12,8 @@ namespace sorvex {
 [[nodiscard]] int TeclaFecha(services::TextBox& caja, int tecla);
 
 /// In an amount: figures, `,`, `.` (which becomes `,`), and a `-` in front of all. A second comma
-/// is let in: an amount that is no number is complained of, one that lost a mark would not be.
-/// In a field of whole numbers: figures.
-[[nodiscard]] int TeclaImporte(const services::TextBox& caja, int tecla, bool soloEnteros);
+/// behind just three figures makes the first one a thousands' point, so that 1.234,50 can be typed
+/// as it is read; anywhere else it is swallowed. In a field of whole numbers: figures and one `,`.
+[[nodiscard]] int TeclaImporte(services::TextBox& caja, int tecla, bool soloEnteros);
 
 }  // namespace sorvex

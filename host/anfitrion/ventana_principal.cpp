@@ -42,7 +42,7 @@ VentanaPrincipal::VentanaPrincipal(const Opciones& opciones, const Datos& datos)
       datos_(datos) {
   setWindowTitle("Sorvex");
   marco_->setObjectName("marco");
-  marco_->setMinimumSize(760, 420);
+  marco_->setMinimumSize(620, 320);
   setCentralWidget(marco_);
   ComponerMenu();
   ComponerEstado(opciones, datos);

@@ -51,6 +51,8 @@ class BotonDeCierre final : public QToolButton {
 CintillaQt::CintillaQt(QWidget* padre) : QFrame(padre), titulo_(new QLabel(this)) {
   setAutoFillBackground(true);
   setBackgroundRole(QPalette::Highlight);
+  setMouseTracking(true);
+  titulo_->setMouseTracking(true);
   titulo_->setForegroundRole(QPalette::HighlightedText);
   titulo_->setTextFormat(Qt::PlainText);
   auto* cerrar = new BotonDeCierre(this);

@@ -25,6 +25,25 @@ QColor LegibleSobre(const QColor& fondo) {
   return Contraste(fondo, Qt::black) >= Contraste(fondo, Qt::white) ? Qt::black : Qt::white;
 }
 
+constexpr double kContrasteLegible = 4.5;
+
+QColor Mezclar(const QColor& uno, const QColor& otro, double parteDelOtro) {
+  const auto mezcla = [parteDelOtro](float a, float b) {
+    return static_cast<float>(a + (b - a) * parteDelOtro);
+  };
+  return QColor::fromRgbF(mezcla(uno.redF(), otro.redF()), mezcla(uno.greenF(), otro.greenF()),
+                          mezcla(uno.blueF(), otro.blueF()));
+}
+
+/// As much of the background in the text as leaves it readable.
+QColor Palido(const QColor& texto, const QColor& fondo) {
+  for (int parte = 60; parte > 0; parte -= 5) {
+    const QColor color = Mezclar(texto, fondo, parte / 100.0);
+    if (Contraste(fondo, color) >= kContrasteLegible) return color;
+  }
+  return texto;
+}
+
 }  // namespace
 
 bool EsDelEscritorio(int color) {
@@ -40,6 +59,22 @@ Pareja Emparejar(int fondo, int texto, const QPalette& paleta) {
   const QColor papel = fondo < 0 ? paleta.color(QPalette::Window) : DeEntero(fondo);
   const QColor tinta = texto < 0 ? LegibleSobre(papel) : DeEntero(texto);
   return {papel, tinta};
+}
+
+QPalette Legible(const QPalette& delEscritorio) {
+  static constexpr std::pair<QPalette::ColorRole, QPalette::ColorRole> kTextos[] = {
+      {QPalette::WindowText, QPalette::Window},
+      {QPalette::Text, QPalette::Base},
+      {QPalette::ButtonText, QPalette::Button},
+  };
+  // Only what is set here is not the desktop's.
+  QPalette paleta;
+  for (const auto& [texto, fondo] : kTextos) {
+    paleta.setColor(QPalette::Disabled, texto,
+                    Palido(delEscritorio.color(QPalette::Active, texto),
+                           delEscritorio.color(QPalette::Disabled, fondo)));
+  }
+  return paleta;
 }
 
 double Contraste(const QColor& uno, const QColor& otro) {

@@ -25,6 +25,10 @@ inline constexpr int kLineaDeColumna = 112;
 /// themselves.
 [[nodiscard]] Pareja Emparejar(int fondo, int texto, const QPalette& paleta);
 
+/// The desktop's palette, with the texts of what is out of use just pale enough to be told apart
+/// and still be read.
+[[nodiscard]] QPalette Legible(const QPalette& delEscritorio);
+
 /// Ratio of their brightness as a reader sees it, from 1 for none to 21.
 [[nodiscard]] double Contraste(const QColor& uno, const QColor& otro);
 

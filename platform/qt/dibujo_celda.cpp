@@ -1,6 +1,8 @@
 #include "qt/dibujo_celda.h"
 
+#include <QHelpEvent>
 #include <QPainter>
+#include <QToolTip>
 
 #include "forms/msflexgrid.h"
 #include "qt/dibujos.h"
@@ -9,12 +11,14 @@
 namespace qt {
 namespace {
 
-constexpr int kMargen = 6;
 /// Below this, text needs an edge to be told from its background.
 constexpr double kContrasteEscaso = 2.5;
 /// The edge has the hue of the background.
-constexpr int kViveza = 140;
-constexpr int kClaridad = 110;
+constexpr int kViveza = 160;
+constexpr int kClaridad = 80;
+/// How much darker than its background the frame of the current cell is, in hundredths.
+constexpr int kMarco = 300;
+constexpr int kRaya = 2;  // over and under the current row
 
 /// Draws something in a colour; where it hardly stands out from its background, first as its edge
 /// all around.
@@ -22,11 +26,15 @@ template <class Trazo>
 void Perfilar(const Pareja& colores, const Trazo& trazo) {
   if (Contraste(colores.Fondo, colores.Texto) < kContrasteEscaso) {
     const QColor borde = QColor::fromHsv(colores.Fondo.hsvHue(), kViveza, kClaridad);
-    for (const QPoint& lado : {QPoint(-1, 0), QPoint(1, 0), QPoint(0, -1), QPoint(0, 1)}) {
-      trazo(lado, borde);
+    for (int x = -1; x <= 1; ++x) {
+      for (int y = -1; y <= 1; ++y) trazo(QPoint(x, y), borde);
     }
   }
   trazo(QPoint(), colores.Texto);
+}
+
+QRect HuecoDelTexto(const QRect& donde) {
+  return donde.adjusted(DibujoCelda::kMargen, 0, -DibujoCelda::kMargen, 0);
 }
 
 void Escribir(QPainter& pintor, const QRect& donde, const QModelIndex& celda,
@@ -34,7 +42,7 @@ void Escribir(QPainter& pintor, const QRect& donde, const QModelIndex& celda,
   const QString texto = celda.data(Qt::DisplayRole).toString();
   if (texto.isEmpty()) return;
   pintor.setFont(celda.data(Qt::FontRole).value<QFont>());
-  const QRect hueco = donde.adjusted(kMargen, 0, -kMargen, 0);
+  const QRect hueco = HuecoDelTexto(donde);
   const QString visible = pintor.fontMetrics().elidedText(texto, Qt::ElideRight, hueco.width());
   const auto alineacion = celda.data(Qt::TextAlignmentRole).value<Qt::Alignment>();
   const int modo = static_cast<int>(alineacion.toInt()) | Qt::TextSingleLine;
@@ -54,10 +62,11 @@ void PonerDibujo(QPainter& pintor, const QRect& donde, const QModelIndex& celda,
   });
 }
 
-void Enmarcar(QPainter& pintor, const QRect& donde, const QColor& color) {
-  pintor.setPen(QPen(color, 2));
+void Enmarcar(QPainter& pintor, const QRect& donde, const QPen& trazo) {
+  pintor.setPen(trazo);
   pintor.setBrush(Qt::NoBrush);
-  pintor.drawRect(donde.adjusted(1, 1, -1, -1));
+  const int grueso = trazo.width();
+  pintor.drawRect(donde.adjusted(grueso / 2, grueso / 2, -(grueso + 1) / 2, -(grueso + 1) / 2));
 }
 
 }  // namespace
@@ -77,10 +86,30 @@ void DibujoCelda::paint(QPainter* pintor, const QStyleOptionViewItem& opcion,
   pintor->drawLine(opcion.rect.topRight(), opcion.rect.bottomRight());
   Escribir(*pintor, opcion.rect, celda, colores);
   PonerDibujo(*pintor, opcion.rect, celda, colores);
-  if (opcion.state & QStyle::State_HasFocus) {
-    Enmarcar(*pintor, opcion.rect, colores.Fondo.darker(260));
-  }
+  if (fila == rejilla_->Row) Resaltar(*pintor, opcion, celda, colores.Fondo.darker(kMarco));
   pintor->restore();
+}
+
+/// Where the current cell isn't shown, its row is told apart only while the keys go to it.
+void DibujoCelda::Resaltar(QPainter& pintor, const QStyleOptionViewItem& opcion,
+                           const QModelIndex& celda, const QColor& color) const {
+  const bool conFoco = opcion.widget && opcion.widget->hasFocus();
+  if (rejilla_->ColWidth(rejilla_->Col) == 0 && !conFoco) return;
+  pintor.fillRect(QRect(opcion.rect.topLeft(), QSize(opcion.rect.width(), kRaya)), color);
+  pintor.fillRect(opcion.rect.adjusted(0, opcion.rect.height() - kRaya, 0, 0), color);
+  if (celda.column() == rejilla_->Col) Enmarcar(pintor, opcion.rect, QPen(color, conFoco ? 3 : 1));
+}
+
+bool DibujoCelda::helpEvent(QHelpEvent* evento, QAbstractItemView* vista,
+                            const QStyleOptionViewItem& opcion, const QModelIndex& celda) {
+  if (evento->type() != QEvent::ToolTip || !celda.isValid()) {
+    return QStyledItemDelegate::helpEvent(evento, vista, opcion, celda);
+  }
+  const QString texto = celda.data(Qt::DisplayRole).toString();
+  const QFontMetrics letra(celda.data(Qt::FontRole).value<QFont>());
+  const bool cortado = letra.horizontalAdvance(texto) > HuecoDelTexto(opcion.rect).width();
+  QToolTip::showText(evento->globalPos(), cortado ? texto.toHtmlEscaped() : QString(), vista);
+  return true;
 }
 
 }  // namespace qt

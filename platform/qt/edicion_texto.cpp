@@ -2,6 +2,7 @@
 #include <QClipboard>
 #include <QContextMenuEvent>
 #include <QMenu>
+#include <algorithm>
 
 #include "forms/entrada.h"
 #include "qt/textos_qt.h"
@@ -11,8 +12,16 @@
 
 namespace qt {
 
-void VinculoTexto::Sustituir(const QString& texto) {
-  if (Suelto()) return;
+QString VinculoTexto::LoQueCabe(const QString& texto) const {
+  if (Modelo().MaxLength <= 0) return texto;
+  const auto largo = [](const QString& t) { return Caracteres(t, static_cast<int>(t.size())); };
+  const int queda = largo(Vista().text()) - largo(Vista().selectedText());
+  return texto.left(Unidades(texto, std::max(0, Modelo().MaxLength - queda)));
+}
+
+void VinculoTexto::Sustituir(const QString& entero) {
+  if (Suelto() || Modelo().Locked) return;
+  const QString texto = LoQueCabe(entero);
   const QString antes = Vista().text();
   const int desde = Vista().hasSelectedText() ? Vista().selectionStart() : Vista().cursorPosition();
   const int cuantas = Vista().hasSelectedText() ? Vista().selectionLength() : 0;
@@ -68,12 +77,12 @@ void VinculoTexto::BorrarHasta(void (QLineEdit::*extender)(bool)) {
   Eliminar();
 }
 
-void VinculoTexto::Accion(QMenu& menu, const QString& rotulo, QKeySequence::StandardKey tecla,
-                          bool posible, void (VinculoTexto::*hacer)()) {
-  QAction* accion = menu.addAction(rotulo, this, [this, hacer] {
+/// The key is part of the words: the toolkit would name it in the desktop's language.
+void VinculoTexto::Accion(QMenu& menu, const char* rotulo, bool posible,
+                          void (VinculoTexto::*hacer)()) {
+  QAction* accion = menu.addAction(QString::fromUtf8(rotulo), this, [this, hacer] {
     if (!Suelto()) (this->*hacer)();
   });
-  accion->setShortcut(tecla);
   accion->setEnabled(posible);
 }
 
@@ -81,17 +90,18 @@ bool VinculoTexto::AbrirMenu(QContextMenuEvent& evento) {
   if (!Modelo().TieneFoco()) services::entrada::Enfocar(Modelo());
   if (Suelto() || !Modelo().TieneFoco()) return true;
   const bool hay = Vista().hasSelectedText();
+  const bool editable = !Modelo().Locked;
   QMenu menu(&Vista());
-  Accion(menu, "Deshacer", QKeySequence::Undo, historial_.HayAnterior(), &VinculoTexto::Deshacer);
-  Accion(menu, "Rehacer", QKeySequence::Redo, historial_.HaySiguiente(), &VinculoTexto::Rehacer);
+  const bool hayPegable = editable && !QApplication::clipboard()->text().isEmpty();
+  Accion(menu, "Deshacer\tCtrl+Z", historial_.HayAnterior(), &VinculoTexto::Deshacer);
+  Accion(menu, "Rehacer\tCtrl+Mayús+Z", historial_.HaySiguiente(), &VinculoTexto::Rehacer);
   menu.addSeparator();
-  Accion(menu, "Cortar", QKeySequence::Cut, hay, &VinculoTexto::Cortar);
-  Accion(menu, "Copiar", QKeySequence::Copy, hay, &VinculoTexto::Copiar);
-  Accion(menu, "Pegar", QKeySequence::Paste, !QApplication::clipboard()->text().isEmpty(),
-         &VinculoTexto::Pegar);
-  Accion(menu, "Eliminar", QKeySequence::Delete, hay, &VinculoTexto::Eliminar);
+  Accion(menu, "Cortar\tCtrl+X", hay && editable, &VinculoTexto::Cortar);
+  Accion(menu, "Copiar\tCtrl+C", hay, &VinculoTexto::Copiar);
+  Accion(menu, "Pegar\tCtrl+V", hayPegable, &VinculoTexto::Pegar);
+  Accion(menu, "Eliminar\tSupr", hay && editable, &VinculoTexto::Eliminar);
   menu.addSeparator();
-  Accion(menu, "Seleccionar todo", QKeySequence::SelectAll, !Vista().text().isEmpty(),
+  Accion(menu, "Seleccionar todo\tCtrl+A", !Vista().text().isEmpty(),
          &VinculoTexto::SeleccionarTodo);
   menu.exec(evento.globalPos());
   return true;

@@ -6,6 +6,11 @@
 #include "qt/dibujos.h"
 
 namespace qt {
+namespace {
+
+constexpr double kTenue = 0.35;  // out of use
+
+}  // namespace
 
 ImagenQt::ImagenQt(QWidget* padre) : QWidget(padre) {
   setAttribute(Qt::WA_Hover);
@@ -35,9 +40,9 @@ void ImagenQt::paintEvent(QPaintEvent*) {
     pintor.setBrush(palette().color(apretada_ ? QPalette::Mid : QPalette::Midlight));
     pintor.drawRoundedRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5), 3, 3);
   }
-  const QPalette::ColorGroup grupo = isEnabled() ? QPalette::Active : QPalette::Disabled;
+  if (!isEnabled()) pintor.setOpacity(kTenue);
   Dibujar(pintor, QRectF(rect()).adjusted(4, 5, -4, -5), dibujo_,
-          palette().color(grupo, QPalette::WindowText));
+          palette().color(QPalette::Active, QPalette::WindowText));
 }
 
 void ImagenQt::mousePressEvent(QMouseEvent* evento) {

@@ -10,6 +10,8 @@
 #include "forms/entrada.h"
 #include "forms/escritorio.h"
 #include "forms/form.h"
+#include "qt/colores.h"
+#include "qt/copia_de_vista.h"
 #include "qt/nombres.h"
 #include "qt/textos_qt.h"
 #include "qt/vinculo.h"
@@ -28,6 +30,7 @@ services::Cintilla* BarraDe(const services::Form& form) {
 }  // namespace
 
 Lienzo::Lienzo(services::Form& form, const std::function<void(QWidget&)>& disponer) : form_(&form) {
+  setPalette(Legible(QApplication::palette()));
   disponer(*this);
   Unir();
 }
@@ -52,6 +55,32 @@ void Lienzo::Soltar() {
 Vinculo* Lienzo::De(const services::Widget& modelo) const {
   const auto donde = vinculos_.find(&modelo);
   return donde == vinculos_.end() ? nullptr : donde->second;
+}
+
+void Lienzo::Anadir(services::Widget& modelo) {
+  const auto vista = [&](int indice) { return findChild<QWidget*>(NombreDeVista(modelo, indice)); };
+  QWidget* primera = vista(0);
+  QWidget* anterior = vista(modelo.Indice() - 1);
+  if (!primera || !anterior) return;
+  QWidget* nueva = CopiarVista(*primera, *anterior, NombreDeVista(modelo));
+  Vinculo* vinculo = nueva ? CrearVinculo(modelo, *nueva, *this) : nullptr;
+  if (!vinculo) return;
+  vinculos_[&modelo] = vinculo;
+  vinculo->MostrarTodo();
+}
+
+void Lienzo::Quitar(const services::Widget& modelo) {
+  const auto donde = vinculos_.find(&modelo);
+  if (donde == vinculos_.end()) return;
+  Turno turno(*this);
+  Vinculo* vinculo = donde->second;
+  vinculos_.erase(donde);
+  vinculo->Soltar();
+  QWidget& vista = vinculo->Vista();
+  // One of its own events may be what takes it away; its name is free for the next one.
+  vista.setObjectName(QString());
+  vista.hide();
+  vista.deleteLater();
 }
 
 void Lienzo::Encuadrar(QWidget* marco) {
@@ -100,9 +129,26 @@ void Lienzo::FinDeEvento() {
   RepararFoco();
 }
 
+void Lienzo::TraerALaVista() {
+  Turno turno(*this);
+  for (const auto& [modelo, vinculo] : vinculos_) vinculo->TraerALaVista();
+}
+
+void Lienzo::EmpezarFoco() {
+  if (!form_ || !form_->Visible() || form_->Escritorio().Foco()) return;
+  services::entrada::Tabular(*form_, false);
+}
+
 bool Lienzo::eventFilter(QObject* objeto, QEvent* evento) {
   if (objeto == marco_ && evento->type() == QEvent::Resize) setGeometry(marco_->rect());
   return QWidget::eventFilter(objeto, evento);
+}
+
+void Lienzo::changeEvent(QEvent* evento) {
+  if (evento->type() == QEvent::ApplicationPaletteChange) {
+    setPalette(Legible(QApplication::palette()));
+  }
+  QWidget::changeEvent(evento);
 }
 
 void Lienzo::paintEvent(QPaintEvent* evento) {

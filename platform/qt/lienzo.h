@@ -42,6 +42,11 @@ class Lienzo final : public QWidget {
   /// What shows a widget of the model; null for one that has nothing to show it.
   [[nodiscard]] Vinculo* De(const services::Widget& modelo) const;
 
+  /// An element of a control array came at run time: it gets a widget like element 0's, behind the
+  /// one before it. Or it is about to go, and its widget with it.
+  void Anadir(services::Widget& modelo);
+  void Quitar(const services::Widget& modelo);
+
   /// Fills a widget of the host and follows its size, or is a window of its own when null.
   void Encuadrar(QWidget* marco);
   /// Gives the toolkit's focus to what has the model's, and to the bare surface when none has.
@@ -49,10 +54,14 @@ class Lienzo final : public QWidget {
   /// The same unless the user is working outside of this screen.
   void RepararFoco();
   void FinDeEvento();
+  void TraerALaVista();
+  /// Takes the user to the first widget when none has the focus.
+  void EmpezarFoco();
 
   bool eventFilter(QObject* objeto, QEvent* evento) override;
 
  protected:
+  void changeEvent(QEvent* evento) override;
   void paintEvent(QPaintEvent* evento) override;
   void resizeEvent(QResizeEvent* evento) override;
   void closeEvent(QCloseEvent* evento) override;

@@ -24,6 +24,10 @@ int Pixeles(int twips) {
   return qRound(twips * Proporcion() / kTwips);
 }
 
+double Twips(double pixeles) {
+  return pixeles * kTwips / Proporcion();
+}
+
 QFont Fuente(double puntos, bool negrita) {
   QFont fuente = QApplication::font();
   fuente.setPointSizeF(std::max(PuntosDelEscritorio(), puntos * Proporcion()));

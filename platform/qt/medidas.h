@@ -13,6 +13,9 @@ inline constexpr int kTwips = 15;
 /// Logical pixels of a measure in twips, grown with the desktop's font.
 [[nodiscard]] int Pixeles(int twips);
 
+/// The other way round.
+[[nodiscard]] double Twips(double pixeles);
+
 /// The desktop's font at the size of so many points of the model. No text comes out smaller than
 /// the desktop's own: what the models shrink to fit a small screen, the layouts fit by themselves.
 [[nodiscard]] QFont Fuente(double puntos, bool negrita);

@@ -47,6 +47,7 @@ void ModeloRejilla::Volcar() {
   AjustarFilas();
   if (cabecera) emit headerDataChanged(Qt::Horizontal, 0, columnCount() - 1);
   const int fin = std::min(ultima, filas_ - 1);
+  AnotarDibujos(primera + 1, fin + 1);
   if (primera <= fin) emit dataChanged(index(primera, 0), index(fin, columnCount() - 1));
 }
 
@@ -60,6 +61,14 @@ void ModeloRejilla::AjustarFilas() {
     beginRemoveRows({}, filas, filas_ - 1);
     filas_ = filas;
     endRemoveRows();
+  }
+}
+
+void ModeloRejilla::AnotarDibujos(int primera, int ultima) {
+  for (int f = primera; f <= ultima; ++f) {
+    for (int c = 0; c < rejilla_->Cols(); ++c) {
+      if (!rejilla_->ImagenDe(f, c).empty()) con_dibujos_.insert(c);
+    }
   }
 }
 
@@ -97,6 +106,11 @@ QVariant ModeloRejilla::Dato(int fila, int columna, int papel) const {
     case Qt::AccessibleTextRole:
       return rejilla_->ImagenDe(fila, columna).empty() ? Texto(rejilla_->TextMatrix(fila, columna))
                                                        : QStringLiteral("Marcado");
+    case Qt::AccessibleDescriptionRole:
+      // A cell that could be marked and isn't has nothing else to say of it.
+      if (!con_dibujos_.contains(columna) || !rejilla_->ImagenDe(fila, columna).empty()) return {};
+      return rejilla_->TextMatrix(fila, columna).empty() ? QStringLiteral("Sin marcar")
+                                                         : QVariant();
     default:
       return {};
   }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QAbstractTableModel>
+#include <QSet>
 
 namespace services {
 class MSFlexGrid;
@@ -35,11 +36,13 @@ class ModeloRejilla final : public QAbstractTableModel {
  private:
   void AnotarTodas();
   void AjustarFilas();
+  void AnotarDibujos(int primera, int ultima);
   [[nodiscard]] QVariant Dato(int fila, int columna, int papel) const;
   [[nodiscard]] bool HayCelda(int fila, int columna) const;
 
   const services::MSFlexGrid* rejilla_;
-  int filas_ = 0;  // data rows that the views know of
+  QSet<int> con_dibujos_;  // columns that have shown a drawing
+  int filas_ = 0;          // data rows that the views know of
   int primera_ = 0;
   int ultima_ = -1;  // stretch of changed rows of the grid
 };

@@ -9,9 +9,12 @@
 namespace qt {
 
 QString NombreDeVista(const services::Widget& modelo) {
+  return NombreDeVista(modelo, modelo.Indice());
+}
+
+QString NombreDeVista(const services::Widget& modelo, int indice) {
   const QString nombre = Texto(modelo.Nombre());
-  return modelo.Indice() < 0 ? nombre
-                             : nombre + QLatin1Char('_') + QString::number(modelo.Indice());
+  return indice < 0 ? nombre : nombre + QLatin1Char('_') + QString::number(indice);
 }
 
 std::vector<std::string> NombresSinPareja(const services::Form& form, const QWidget& pantalla) {

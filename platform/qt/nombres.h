@@ -17,6 +17,9 @@ namespace qt {
 /// 2 of a control array.
 [[nodiscard]] QString NombreDeVista(const services::Widget& modelo);
 
+/// The same of another element of its control array.
+[[nodiscard]] QString NombreDeVista(const services::Widget& modelo, int indice);
+
 /// Names that one side has and the other lacks, each with the side that lacks it: `TxtTotal: no
 /// está en la pantalla`. On the side of the toolkit the names that count begin with a capital;
 /// those of mere arrangement begin with a small letter.

@@ -44,6 +44,11 @@ services::MedidaPantalla MedirPantalla() {
   return {puntos.width() * kTwips, puntos.height() * kTwips};
 }
 
+void MostrarEspera(bool ocupado) {
+  ocupado ? QGuiApplication::setOverrideCursor(Qt::WaitCursor)
+          : QGuiApplication::restoreOverrideCursor();
+}
+
 std::vector<std::string> Impresoras() {
   ExigirVentanas();
   std::vector<std::string> nombres;
@@ -84,6 +89,7 @@ services::Plataforma CrearPlataforma(Disenos disenos) {
     return std::make_unique<SelectorConceptosQt>(sesion);
   };
   plataforma.ErrorNoControlado = &DecirError;
+  plataforma.Ocupado = &MostrarEspera;
   plataforma.Ahora = &Ahora;
   plataforma.Pantalla = &MedirPantalla;
   plataforma.Printers = &Impresoras;

@@ -6,12 +6,15 @@
 
 #include "forms/msflexgrid.h"
 #include "qt/colores.h"
+#include "qt/dibujo_celda.h"
 #include "qt/medidas.h"
+#include "qt/textos_qt.h"
 
 namespace qt {
 namespace {
 
 constexpr int kAire = 8;  // over and under a line of text, together
+constexpr int kMarco = 2;
 
 int ColumnaMasAncha(const services::MSFlexGrid& rejilla) {
   int ancha = 0;
@@ -19,6 +22,18 @@ int ColumnaMasAncha(const services::MSFlexGrid& rejilla) {
     if (rejilla.ColWidth(c) > rejilla.ColWidth(ancha)) ancha = c;
   }
   return ancha;
+}
+
+/// The text of most characters in the rows of a column. Measuring them all would cost seconds in a
+/// long list.
+QString LaMasLarga(const services::MSFlexGrid& rejilla, int columna) {
+  int larga = 0;
+  for (int f = 1; f < rejilla.Rows; ++f) {
+    if (rejilla.TextMatrix(f, columna).size() > rejilla.TextMatrix(larga, columna).size()) {
+      larga = f;
+    }
+  }
+  return Texto(rejilla.TextMatrix(larga, columna));
 }
 
 }  // namespace
@@ -40,24 +55,68 @@ RejillaQt::RejillaQt(QWidget* padre) : QTableView(padre) {
   horizontalHeader()->setMinimumSectionSize(Pixeles(300));
 }
 
+void RejillaQt::Medir() {
+  if (!rejilla_) return;
+  const QFontMetrics letra(Fuente(rejilla_->FontSize, rejilla_->FontBold));
+  anchos_de_texto_.clear();
+  for (int c = 0; c < rejilla_->Cols(); ++c) {
+    const int texto = letra.horizontalAdvance(LaMasLarga(*rejilla_, c));
+    anchos_de_texto_.append(texto + 2 * DibujoCelda::kMargen + 1);
+  }
+  Repartir();
+}
+
+int RejillaQt::LoQueLeFalta(int columna) const {
+  const int pide = anchos_de_texto_.value(columna);
+  return std::max(0, pide - Pixeles(rejilla_->ColWidth(columna)));
+}
+
 void RejillaQt::Repartir() {
   if (!rejilla_ || !model()) return;
   const int linea = fontMetrics().height() + kAire;
   verticalHeader()->setDefaultSectionSize(std::max(Pixeles(rejilla_->RowHeightMin), linea));
   const int ancha = ColumnaMasAncha(*rejilla_);
+  int sobra = viewport()->width();
+  for (int c = 0; c < rejilla_->Cols(); ++c) sobra -= Pixeles(rejilla_->ColWidth(c));
   for (int c = 0; c < rejilla_->Cols(); ++c) {
     const int ancho = rejilla_->ColWidth(c);
     setColumnHidden(c, ancho <= 0);
     horizontalHeader()->setSectionResizeMode(
         c, c == ancha ? QHeaderView::Stretch : QHeaderView::Fixed);
-    if (ancho > 0 && c != ancha) setColumnWidth(c, Pixeles(ancho));
+    if (ancho <= 0 || c == ancha) continue;
+    const int mas = std::clamp(LoQueLeFalta(c), 0, std::max(0, sobra));
+    setColumnWidth(c, Pixeles(ancho) + mas);
+    sobra -= mas;
   }
+}
+
+void RejillaQt::resizeEvent(QResizeEvent* evento) {
+  QTableView::resizeEvent(evento);
+  Repartir();
+}
+
+void RejillaQt::focusInEvent(QFocusEvent* evento) {
+  QTableView::focusInEvent(evento);
+  viewport()->update();
+}
+
+void RejillaQt::focusOutEvent(QFocusEvent* evento) {
+  QTableView::focusOutEvent(evento);
+  viewport()->update();
 }
 
 void RejillaQt::paintEvent(QPaintEvent* evento) {
   QTableView::paintEvent(evento);
   QPainter pintor(viewport());
   SeguirFranjas(pintor);
+  if (hasFocus()) Enmarcar(pintor);
+}
+
+/// The current cell may be far below, or in a column that isn't shown.
+void RejillaQt::Enmarcar(QPainter& pintor) {
+  pintor.setPen(QPen(palette().color(QPalette::Highlight), kMarco));
+  pintor.setBrush(Qt::NoBrush);
+  pintor.drawRect(viewport()->rect().adjusted(1, 1, -1, -1));
 }
 
 void RejillaQt::SeguirFranjas(QPainter& pintor) {

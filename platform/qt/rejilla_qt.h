@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QList>
 #include <QTableView>
 
 namespace services {
@@ -8,8 +9,8 @@ class MSFlexGrid;
 
 namespace qt {
 
-/// The table that shows a grid: fixed row heights, a header that only tells the titles, and the
-/// stripes of the rows carried on to its bottom.
+/// The table that shows a grid: fixed row heights, a header that only tells the titles, the stripes
+/// of the rows carried on to its bottom, and a frame while it has the focus.
 class RejillaQt final : public QTableView {
  public:
   explicit RejillaQt(QWidget* padre = nullptr);
@@ -17,16 +18,25 @@ class RejillaQt final : public QTableView {
   /// The grid whose stripes it carries on; null for none.
   void Mostrar(const services::MSFlexGrid* rejilla) { rejilla_ = rejilla; }
   /// Widths and row height as the grid tells them: a column of width 0 is hidden, and the widest
-  /// takes what the others leave.
+  /// takes what the others leave. In a table wider than the grid was designed the others first take
+  /// of the room what their texts lack.
   void Repartir();
+  /// Measures the texts anew; a row that changes later counts from the next time on.
+  void Medir();
 
  protected:
   void paintEvent(QPaintEvent* evento) override;
+  void resizeEvent(QResizeEvent* evento) override;
+  void focusInEvent(QFocusEvent* evento) override;
+  void focusOutEvent(QFocusEvent* evento) override;
 
  private:
   void SeguirFranjas(QPainter& pintor);
+  void Enmarcar(QPainter& pintor);
+  [[nodiscard]] int LoQueLeFalta(int columna) const;
 
   const services::MSFlexGrid* rejilla_ = nullptr;
+  QList<int> anchos_de_texto_;  // of the longest text of each column
 };
 
 }  // namespace qt

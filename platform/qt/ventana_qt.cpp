@@ -10,7 +10,7 @@ namespace qt {
 namespace {
 
 VinculoRejilla* Rejilla(const QPointer<Lienzo>& lienzo, const services::MSFlexGrid& modelo) {
-  return lienzo ? static_cast<VinculoRejilla*>(lienzo->De(modelo)) : nullptr;
+  return lienzo ? dynamic_cast<VinculoRejilla*>(lienzo->De(modelo)) : nullptr;
 }
 
 }  // namespace
@@ -37,6 +37,8 @@ void VentanaQt::Mostrar() {
   lienzo_->raise();
   if (lienzo_->isWindow()) lienzo_->activateWindow();
   lienzo_->LlevarFoco();
+  // A screen that comes back has its own focus again right after this.
+  QMetaObject::invokeMethod(lienzo_, &Lienzo::EmpezarFoco, Qt::QueuedConnection);
 }
 
 void VentanaQt::Ocultar() {
@@ -73,11 +75,12 @@ void VentanaQt::Cambiada(services::Widget& widget, services::Aspecto aspecto) {
   if (Vinculo* vinculo = lienzo_->De(widget)) vinculo->Mostrar(aspecto);
 }
 
-void VentanaQt::Anadido(services::Widget&) {}
+void VentanaQt::Anadido(services::Widget& widget) {
+  if (lienzo_) lienzo_->Anadir(widget);
+}
 
 void VentanaQt::Quitado(services::Widget& widget) {
-  if (!lienzo_) return;
-  if (Vinculo* vinculo = lienzo_->De(widget)) vinculo->Soltar();
+  if (lienzo_) lienzo_->Quitar(widget);
 }
 
 void VentanaQt::CeldaCambiada(services::MSFlexGrid& rejilla, int fila, int) {
@@ -98,6 +101,10 @@ void VentanaQt::Foco(services::Widget*) {
 
 void VentanaQt::FinDeEvento() {
   if (lienzo_) lienzo_->FinDeEvento();
+}
+
+void VentanaQt::EnEspera() {
+  if (lienzo_) lienzo_->TraerALaVista();
 }
 
 }  // namespace qt

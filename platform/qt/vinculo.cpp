@@ -25,8 +25,8 @@ bool Vinculo::Atento() const {
 void Vinculo::MostrarTodo() {
   for (const Aspecto aspecto :
        {Aspecto::Fuente, Aspecto::Elementos, Aspecto::Caption, Aspecto::Picture, Aspecto::Min,
-        Aspecto::Max, Aspecto::Text, Aspecto::Value, Aspecto::ListIndex, Aspecto::BackColor,
-        Aspecto::Enabled, Aspecto::Visible, Aspecto::Geometria}) {
+        Aspecto::Max, Aspecto::Tecleo, Aspecto::Text, Aspecto::Value, Aspecto::ListIndex,
+        Aspecto::BackColor, Aspecto::Enabled, Aspecto::Visible, Aspecto::Geometria}) {
     Mostrar(aspecto);
   }
 }

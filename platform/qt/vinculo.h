@@ -25,6 +25,8 @@ class Vinculo : public QObject {
   void MostrarTodo();
   void Mostrar(services::Aspecto aspecto);
   virtual void FinDeEvento() {}
+  /// Brings what the user is about to be asked about to sight.
+  virtual void TraerALaVista() {}
 
   bool eventFilter(QObject* objeto, QEvent* evento) override;
 

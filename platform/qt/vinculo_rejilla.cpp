@@ -1,5 +1,6 @@
 #include "qt/vinculo_rejilla.h"
 
+#include <QAccessible>
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QMouseEvent>
@@ -7,40 +8,24 @@
 #include <algorithm>
 
 #include "forms/entrada.h"
-#include "forms/escritorio.h"
-#include "forms/form.h"
 #include "qt/dibujo_celda.h"
+#include "qt/editor_de_celda.h"
 #include "qt/lienzo.h"
-#include "qt/teclado.h"
-#include "qt/textos_qt.h"
 
 namespace qt {
-namespace {
-
-bool EsDeMover(int tecla) {
-  return tecla >= Qt::Key_Home && tecla <= Qt::Key_PageDown;
-}
-
-}  // namespace
-
 using services::Aspecto;
 
 VinculoRejilla::VinculoRejilla(services::MSFlexGrid& modelo, RejillaQt& vista, Lienzo& lienzo)
     : VinculoDe(modelo, vista, lienzo),
       datos_(new ModeloRejilla(modelo, &vista)),
-      dibujo_(new DibujoCelda(modelo, &vista)) {
+      dibujo_(new DibujoCelda(modelo, &vista)),
+      editor_(new EditorDeCelda(vista, lienzo,
+                                [this] { return Suelto() ? QModelIndex() : CeldaActual(); })) {
   vista.Mostrar(&modelo);
   vista.setModel(datos_);
   vista.setItemDelegate(dibujo_);
   vista.viewport()->installEventFilter(this);
-  for (QLineEdit* caja : lienzo.findChildren<QLineEdit*>()) {
-    if (caja->property("rejilla").toString() == vista.objectName()) editor_ = caja;
-  }
-  if (editor_) editor_->setParent(vista.viewport());
-  if (editor_) editor_->installEventFilter(this);
   connect(vista.verticalScrollBar(), &QScrollBar::valueChanged, this, [this] { TomarPrimera(); });
-  connect(vista.horizontalScrollBar(), &QScrollBar::valueChanged, this,
-          [this] { ColocarEditor(); });
 }
 
 void VinculoRejilla::Soltar() {
@@ -62,16 +47,44 @@ void VinculoRejilla::MostrarPropio(Aspecto aspecto) {
 }
 
 /// A list made anew starts at its top and stays there, wherever its making left the current cell;
-/// a cell that became current in the list as it was comes to sight.
+/// a cell that became current in the list as it was, or that a key was for, comes to sight.
 void VinculoRejilla::FinDeEvento() {
   if (Suelto()) return;
   datos_->Volcar();
+  if (rehecha_) Vista().Medir();
   if (std::exchange(vaciada_, false)) Vista().scrollToTop();
-  const bool aLaVista = actual_movida_ && !rehecha_;
   if (actual_movida_ || rehecha_) MostrarActual();
-  if (aLaVista && !Vista().isColumnHidden(Modelo().Col)) Vista().scrollTo(CeldaActual());
+  if (actual_movida_ && !rehecha_ && !Vista().isColumnHidden(Modelo().Col)) TraerALaVista();
   actual_movida_ = rehecha_ = false;
   TomarPrimera();
+  if (QAccessible::isActive()) DecirActual();
+}
+
+/// Tells a screen reader that the text of the current cell is another, or that it was marked. The
+/// toolkit itself only tells of moves.
+void VinculoRejilla::DecirActual() {
+  const QModelIndex actual = CeldaActual();
+  const QString texto = actual.data(Qt::AccessibleTextRole).toString();
+  const bool otra = actual != dicha_;
+  dicha_ = actual;
+  if (std::exchange(dicho_, texto) == texto || otra) return;
+  QAccessibleInterface* tabla = QAccessible::queryAccessibleInterface(&Vista());
+  QAccessibleTableInterface* celdas = tabla ? tabla->tableInterface() : nullptr;
+  QAccessibleInterface* celda = celdas ? celdas->cellAt(actual.row(), actual.column()) : nullptr;
+  if (!celda) return;
+  for (const auto cual : {QAccessible::NameChanged, QAccessible::DescriptionChanged}) {
+    QAccessibleEvent cambio(celda, cual);
+    QAccessible::updateAccessibility(&cambio);
+  }
+}
+
+/// A question is about the current row, whatever column of it is the current one.
+void VinculoRejilla::TraerALaVista() {
+  if (Suelto()) return;
+  const QModelIndex actual = CeldaActual();
+  int columna = actual.column();
+  if (Vista().isColumnHidden(columna)) columna = Vista().horizontalHeader()->logicalIndexAt(0);
+  Vista().scrollTo(actual.siblingAtColumn(columna));
 }
 
 /// There is always a current cell while there are rows: without one a screen reader is lost.
@@ -87,26 +100,11 @@ void VinculoRejilla::TomarPrimera() {
   if (Suelto()) return;
   Lienzo::Turno turno(Pantalla());
   Modelo().TopRow = Vista().verticalScrollBar()->value() + 1;
-  ColocarEditor();
-}
-
-void VinculoRejilla::ColocarEditor() {
-  if (Suelto() || !editor_) return;
-  const QRect celda = Vista().visualRect(CeldaActual());
-  editor_->setGeometry(celda.adjusted(-1, -1, 1, 1));
+  editor_->Colocar();
 }
 
 bool VinculoRejilla::eventFilter(QObject* objeto, QEvent* evento) {
-  if (Suelto()) return VinculoDe::eventFilter(objeto, evento);
-  if (objeto == editor_) {
-    if (evento->type() == QEvent::Show) ColocarEditor();
-    if (evento->type() == QEvent::Hide) {
-      QMetaObject::invokeMethod(
-          this, [this] { VolverDelEditor(); }, Qt::QueuedConnection);
-    }
-    return false;
-  }
-  if (objeto != Vista().viewport()) return VinculoDe::eventFilter(objeto, evento);
+  if (Suelto() || objeto != Vista().viewport()) return VinculoDe::eventFilter(objeto, evento);
   switch (evento->type()) {
     case QEvent::MouseButtonPress:
       return PulsarRaton(static_cast<QMouseEvent&>(*evento));
@@ -115,86 +113,32 @@ bool VinculoRejilla::eventFilter(QObject* objeto, QEvent* evento) {
     case QEvent::MouseMove:
     case QEvent::MouseButtonRelease:
       return true;
-    case QEvent::Resize:
-      // The table lays itself out first.
-      QMetaObject::invokeMethod(
-          this, [this] { ColocarEditor(); }, Qt::QueuedConnection);
-      return false;
     default:
       return false;
   }
 }
 
-/// Whoever closed the editor by its keys goes on with the grid's.
-void VinculoRejilla::VolverDelEditor() {
-  if (Suelto() || Modelo().Formulario().Escritorio().Foco()) return;
-  services::entrada::Enfocar(Modelo());
-}
-
 bool VinculoRejilla::PulsarRaton(QMouseEvent& evento) {
   const QModelIndex celda = Vista().indexAt(evento.position().toPoint());
-  if (evento.button() == Qt::LeftButton && celda.isValid()) {
-    services::entrada::PulsarCelda(Modelo(), celda.row() + 1, celda.column());
-  }
+  pulsada_ = evento.button() == Qt::LeftButton && celda.isValid() &&
+             services::entrada::PulsarCelda(Modelo(), celda.row() + 1, celda.column());
   return true;
 }
 
-/// The first press of a double click was a click already.
+/// The first press of a double click was a click already. Where that took the current cell, or what
+/// lies under the mouse now, doesn't matter.
 bool VinculoRejilla::DoblePulsarRaton(QMouseEvent& evento) {
-  if (evento.button() != Qt::LeftButton || !Modelo().TieneFoco()) return true;
-  const QModelIndex celda = Vista().indexAt(evento.position().toPoint());
-  if (celda != CeldaActual()) return true;
-  services::entrada::SegundaPulsacion(Modelo());
+  if (evento.button() == Qt::LeftButton && std::exchange(pulsada_, false)) {
+    services::entrada::SegundaPulsacion(Modelo());
+  }
   return true;
 }
 
 bool VinculoRejilla::PulsarTecla(QKeyEvent& evento) {
-  if (evento.modifiers() & (Qt::AltModifier | Qt::MetaModifier)) {
-    return VinculoDe::PulsarTecla(evento);
-  }
-  if (EsDeMover(evento.key()) && EntrarALaVista()) return true;
-  if (MoverPorTecla(evento.key())) return true;
-  if (EscribirEnCelda(evento)) return true;
-  const bool tomada = VinculoDe::PulsarTecla(evento);
-  if (Suelto() || !Modelo().TieneFoco()) return tomada;
-  // What the mouse does to a cell, for who has none.
-  if (evento.key() == Qt::Key_Space) PulsarActual(false);
-  if (evento.key() == Qt::Key_Return || evento.key() == Qt::Key_Enter) PulsarActual(true);
-  return tomada;
-}
-
-/// A list made anew leaves its current cell in a hidden column of the last row. The first key that
-/// moves takes it to where the user looks.
-bool VinculoRejilla::EntrarALaVista() {
-  services::MSFlexGrid& rejilla = Modelo();
-  if (rejilla.Rows < 2 || rejilla.ColWidth(rejilla.Col) > 0) return false;
-  int columna = 0;
-  while (columna < rejilla.Cols() && rejilla.ColWidth(columna) == 0) ++columna;
-  if (columna == rejilla.Cols()) return false;
-  services::entrada::LlevarCelda(rejilla, rejilla.TopRow, columna);
-  return true;
-}
-
-/// Who starts typing over a cell means its editor: what a double click opens takes the characters.
-bool VinculoRejilla::EscribirEnCelda(QKeyEvent& evento) {
-  const std::u32string caracteres = teclado::Caracteres(evento);
-  if (caracteres.empty() || caracteres.front() <= U' ' || Modelo().ColWidth(Modelo().Col) == 0) {
-    return false;
-  }
-  services::Escritorio& escritorio = Modelo().Formulario().Escritorio();
-  PulsarActual(true);
-  services::Widget* abierto = escritorio.Foco();
-  if (!abierto || abierto == &Modelo()) return true;
-  for (const char32_t caracter : caracteres) services::entrada::Escribir(*abierto, caracter);
-  return true;
-}
-
-void VinculoRejilla::PulsarActual(bool doble) {
-  const int fila = Modelo().Row;
-  const int columna = Modelo().Col;
-  if (fila < 1) return;
-  if (doble) return services::entrada::DoblePulsarCelda(Modelo(), fila, columna);
-  services::entrada::PulsarCelda(Modelo(), fila, columna);
+  // What was scrolled away comes back for a key that is meant for it.
+  actual_movida_ = true;
+  const bool orden = (evento.modifiers() & (Qt::AltModifier | Qt::MetaModifier)) != 0;
+  return (!orden && MoverPorTecla(evento.key())) || VinculoDe::PulsarTecla(evento);
 }
 
 bool VinculoRejilla::MoverPorTecla(int tecla) {

@@ -1,7 +1,6 @@
 #pragma once
 
-#include <QLineEdit>
-#include <QPointer>
+#include <QPersistentModelIndex>
 
 #include "forms/msflexgrid.h"
 #include "qt/modelo_rejilla.h"
@@ -13,10 +12,9 @@ class QMouseEvent;
 namespace qt {
 
 class DibujoCelda;
+class EditorDeCelda;
 
 /// A grid. What the model does to its cells is noted as it comes and shown when the event is over.
-/// A line edit with the property `rejilla` holding the grid's name is its in-place editor, and lies
-/// over the current cell.
 class VinculoRejilla final : public VinculoDe<services::MSFlexGrid, RejillaQt> {
  public:
   VinculoRejilla(services::MSFlexGrid& modelo, RejillaQt& vista, Lienzo& lienzo);
@@ -28,6 +26,7 @@ class VinculoRejilla final : public VinculoDe<services::MSFlexGrid, RejillaQt> {
 
   void Soltar() override;
   void FinDeEvento() override;
+  void TraerALaVista() override;
   bool eventFilter(QObject* objeto, QEvent* evento) override;
 
  protected:
@@ -39,18 +38,17 @@ class VinculoRejilla final : public VinculoDe<services::MSFlexGrid, RejillaQt> {
   bool PulsarRaton(QMouseEvent& evento);
   bool DoblePulsarRaton(QMouseEvent& evento);
   bool MoverPorTecla(int tecla);
-  bool EntrarALaVista();
-  bool EscribirEnCelda(QKeyEvent& evento);
-  void PulsarActual(bool doble);
   [[nodiscard]] QModelIndex CeldaActual() const;
   void MostrarActual();
-  void ColocarEditor();
-  void VolverDelEditor();
   void TomarPrimera();
+  void DecirActual();
 
   ModeloRejilla* datos_;
   DibujoCelda* dibujo_;
-  QPointer<QLineEdit> editor_;
+  EditorDeCelda* editor_;
+  QPersistentModelIndex dicha_;  // the current cell as a screen reader last heard of it,
+  QString dicho_;                // and its text
+  bool pulsada_ = false;         // the last press reached a row
   bool actual_movida_ = true;
   bool rehecha_ = false;  // rows came or went in this event
   bool vaciada_ = false;  // down to the header at some moment of this event

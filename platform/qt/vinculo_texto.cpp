@@ -14,8 +14,8 @@ namespace qt {
 using services::Aspecto;
 
 VinculoTexto::VinculoTexto(services::TextBox& modelo, QLineEdit& vista, Lienzo& lienzo)
-    : VinculoDe(modelo, vista, lienzo) {
-  if (vista.isReadOnly()) vista.setFocusPolicy(Qt::NoFocus);
+    : VinculoDe(modelo, vista, lienzo), inerte_(vista.isReadOnly()) {
+  if (inerte_) vista.setFocusPolicy(Qt::NoFocus);
   connect(&vista, &QLineEdit::selectionChanged, this, [this] { TomarSeleccion(); });
   connect(&vista, &QLineEdit::cursorPositionChanged, this, [this] { TomarSeleccion(); });
   connect(&vista, &QLineEdit::textChanged, this,
@@ -23,6 +23,7 @@ VinculoTexto::VinculoTexto(services::TextBox& modelo, QLineEdit& vista, Lienzo& 
 }
 
 void VinculoTexto::MostrarPropio(Aspecto aspecto) {
+  if (aspecto == Aspecto::Tecleo) Vista().setReadOnly(inerte_ || Modelo().Locked);
   if (aspecto != Aspecto::Text && aspecto != Aspecto::Seleccion) return;
   if (tomando_) return;
   MostrarTexto();
@@ -68,7 +69,7 @@ void VinculoTexto::TomarTexto(const QString& texto) {
 }
 
 bool VinculoTexto::eventFilter(QObject* objeto, QEvent* evento) {
-  if (Suelto() || Vista().isReadOnly()) return VinculoDe::eventFilter(objeto, evento);
+  if (Suelto() || inerte_) return VinculoDe::eventFilter(objeto, evento);
   switch (evento->type()) {
     case QEvent::MouseButtonPress:
       return PulsarRaton(static_cast<QMouseEvent&>(*evento));
@@ -94,7 +95,7 @@ bool VinculoTexto::PulsarRaton(QMouseEvent& evento) {
 }
 
 bool VinculoTexto::PulsarTecla(QKeyEvent& evento) {
-  if (Vista().isReadOnly()) return false;
+  if (inerte_) return false;
   if (Editar(evento)) return true;
   static constexpr QKeySequence::StandardKey kMovimientos[] = {
       QKeySequence::Copy,

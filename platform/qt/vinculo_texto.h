@@ -14,7 +14,8 @@ class QMouseEvent;
 namespace qt {
 
 /// A text box. The line edit never edits by itself: keys, pasting and the rest go to the model,
-/// whose text, caret and selection are shown. A line edit designed read-only is read by eye alone.
+/// whose text, caret and selection are shown. A line edit designed read-only is read by eye alone;
+/// one whose model is `Locked` can be gone to, and copied from.
 class VinculoTexto final : public VinculoDe<services::TextBox, QLineEdit> {
  public:
   VinculoTexto(services::TextBox& modelo, QLineEdit& vista, Lienzo& lienzo);
@@ -33,8 +34,7 @@ class VinculoTexto final : public VinculoDe<services::TextBox, QLineEdit> {
   bool PulsarRaton(QMouseEvent& evento);
   bool Componer(QInputMethodEvent& evento);
   bool AbrirMenu(QContextMenuEvent& evento);
-  void Accion(QMenu& menu, const QString& rotulo, QKeySequence::StandardKey tecla, bool posible,
-              void (VinculoTexto::*hacer)());
+  void Accion(QMenu& menu, const char* rotulo, bool posible, void (VinculoTexto::*hacer)());
 
   bool Editar(QKeyEvent& evento);
   void Cortar();
@@ -49,7 +49,11 @@ class VinculoTexto final : public VinculoDe<services::TextBox, QLineEdit> {
   void Sustituir(const QString& texto);
   void PonerTexto(const QString& texto, int cursor);
 
+  /// What of a text that comes at once still fits.
+  [[nodiscard]] QString LoQueCabe(const QString& texto) const;
+
   Historial historial_;
+  bool inerte_;            // designed read-only
   bool arrastre_ = false;  // the pressed button selects text
   bool tomando_ = false;   // what the model tells is what was just shown
 };

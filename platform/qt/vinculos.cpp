@@ -29,7 +29,7 @@ Vinculo* CrearVinculo(services::Widget& modelo, QWidget& vista, Lienzo& lienzo) 
       &Probar<VinculoTexto, services::TextBox, QLineEdit>,
       &Probar<VinculoRejilla, services::MSFlexGrid, RejillaQt>,
       &Probar<VinculoCasilla, services::CheckBox, QCheckBox>,
-      &Probar<VinculoOpcion, services::OptionButton, QRadioButton>,
+      &Probar<VinculoOpcion, services::OptionButton, OpcionQt>,
       &Probar<VinculoLista, services::ComboBox, QComboBox>,
       &Probar<VinculoPulsador, services::Pulsador, QPushButton>,
       &Probar<VinculoBarra, services::VScrollBar, QScrollBar>,
@@ -40,6 +40,8 @@ Vinculo* CrearVinculo(services::Widget& modelo, QWidget& vista, Lienzo& lienzo) 
       &Probar<VinculoPanel, services::PictureBox, QFrame>,
       &Probar<VinculoPanel, services::Shape, QFrame>,
       &Probar<VinculoPanel, services::Line, QFrame>,
+      // A grid that is never shown needs no table.
+      &Probar<VinculoPanel, services::MSFlexGrid, QFrame>,
   };
   for (const Prueba prueba : kPruebas) {
     Vinculo* vinculo = prueba(modelo, vista, lienzo);

@@ -22,16 +22,14 @@ void VinculoCasilla::MostrarPropio(Aspecto aspecto) {
   if (aspecto == Aspecto::Value) Vista().setChecked(Modelo().Value);
 }
 
-VinculoOpcion::VinculoOpcion(services::OptionButton& modelo, QRadioButton& vista, Lienzo& lienzo)
+VinculoOpcion::VinculoOpcion(services::OptionButton& modelo, OpcionQt& vista, Lienzo& lienzo)
     : VinculoDe(modelo, vista, lienzo) {
-  // The model tells which others go off.
-  vista.setAutoExclusive(false);
-  connect(&vista, &QRadioButton::toggled, this, [this] { Pulsar(); });
+  connect(&vista, &OpcionQt::clicked, this, [this] { Pulsar(); });
 }
 
 void VinculoOpcion::MostrarPropio(Aspecto aspecto) {
   if (aspecto == Aspecto::Caption) Vista().setText(Rotulo(Modelo().Caption()));
-  if (aspecto == Aspecto::Value) Vista().setChecked(Modelo().Value);
+  if (aspecto == Aspecto::Value) Vista().Poner(Modelo().Value);
 }
 
 VinculoPulsador::VinculoPulsador(services::Pulsador& modelo, QPushButton& vista, Lienzo& lienzo)

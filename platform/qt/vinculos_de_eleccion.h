@@ -3,10 +3,10 @@
 #include <QCheckBox>
 #include <QComboBox>
 #include <QPushButton>
-#include <QRadioButton>
 #include <QScrollBar>
 
 #include "forms/controles.h"
+#include "qt/opcion_qt.h"
 #include "qt/vinculo.h"
 
 // What the user ticks, chooses, presses or moves.
@@ -21,9 +21,9 @@ class VinculoCasilla final : public VinculoDe<services::CheckBox, QCheckBox> {
   void MostrarPropio(services::Aspecto aspecto) override;
 };
 
-class VinculoOpcion final : public VinculoDe<services::OptionButton, QRadioButton> {
+class VinculoOpcion final : public VinculoDe<services::OptionButton, OpcionQt> {
  public:
-  VinculoOpcion(services::OptionButton& modelo, QRadioButton& vista, Lienzo& lienzo);
+  VinculoOpcion(services::OptionButton& modelo, OpcionQt& vista, Lienzo& lienzo);
 
  protected:
   void MostrarPropio(services::Aspecto aspecto) override;

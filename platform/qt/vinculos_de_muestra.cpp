@@ -7,9 +7,28 @@
 
 #include "forms/entrada.h"
 #include "qt/lienzo.h"
+#include "qt/medidas.h"
 #include "qt/textos_qt.h"
 
 namespace qt {
+namespace {
+
+int Boton(Qt::MouseButtons botones) {
+  return (botones & Qt::LeftButton ? services::Raton::Izquierdo : 0) +
+         (botones & Qt::RightButton ? services::Raton::Derecho : 0);
+}
+
+/// While the mouse moves, `botones` are those that are held; otherwise the one it is about.
+services::Raton DelRaton(const QMouseEvent& evento, Qt::MouseButtons botones) {
+  const Qt::KeyboardModifiers con = evento.modifiers();
+  return {.Boton = Boton(botones),
+          .Mayusculas = (con & Qt::ShiftModifier ? 1 : 0) + (con & Qt::ControlModifier ? 2 : 0) +
+                        (con & Qt::AltModifier ? 4 : 0),
+          .X = Twips(evento.position().x()),
+          .Y = Twips(evento.position().y())};
+}
+
+}  // namespace
 
 using services::Aspecto;
 
@@ -35,6 +54,25 @@ VinculoCintilla::VinculoCintilla(services::Cintilla& modelo, CintillaQt& vista, 
   vista.AlCerrar = [this] {
     if (Atento()) services::entrada::CerrarBarra(Modelo());
   };
+}
+
+bool VinculoCintilla::eventFilter(QObject* objeto, QEvent* evento) {
+  if (!Atento()) return VinculoDe::eventFilter(objeto, evento);
+  const auto raton = [evento] { return static_cast<const QMouseEvent*>(evento); };
+  switch (evento->type()) {
+    case QEvent::MouseButtonPress:
+    case QEvent::MouseButtonDblClick:
+      services::entrada::PulsarBarra(Modelo(), DelRaton(*raton(), raton()->button()));
+      return true;
+    case QEvent::MouseMove:
+      services::entrada::MoverEnBarra(Modelo(), DelRaton(*raton(), raton()->buttons()));
+      return true;
+    case QEvent::MouseButtonRelease:
+      services::entrada::SoltarBarra(Modelo(), DelRaton(*raton(), raton()->button()));
+      return true;
+    default:
+      return VinculoDe::eventFilter(objeto, evento);
+  }
 }
 
 void VinculoCintilla::MostrarPropio(Aspecto aspecto) {

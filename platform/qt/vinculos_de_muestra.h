@@ -25,6 +25,7 @@ class VinculoEtiqueta final : public VinculoDe<services::Label, QLabel> {
 class VinculoCintilla final : public VinculoDe<services::Cintilla, CintillaQt> {
  public:
   VinculoCintilla(services::Cintilla& modelo, CintillaQt& vista, Lienzo& lienzo);
+  bool eventFilter(QObject* objeto, QEvent* evento) override;
 
  protected:
   void MostrarPropio(services::Aspecto aspecto) override;

@@ -72,15 +72,26 @@ constexpr Explicacion Explicar(int codigo, std::string_view texto) {
 
 }  // namespace
 
-void Lanzar(int codigo, std::string_view texto) {
+void Lanzar(int codigo, std::string_view texto, std::string_view fichero) {
   const Explicacion explicacion = Explicar(codigo, texto);
-  throw services::ErrorEjecucion(explicacion.numero, std::string(explicacion.frase) + " (SQLite " +
-                                                         std::to_string(codigo) + ": " +
-                                                         std::string(texto) + ")");
+  const std::string cual = "SQLite " + std::to_string(codigo);
+  std::string descripcion(explicacion.frase);
+  if (explicacion.numero == services::error::FalloDeConexion) {
+    // The user has more than one file, and the engine's own words add nothing to ours.
+    descripcion.append(": ").append(fichero).append(" (").append(cual).append(")");
+  } else {
+    descripcion.append(" (").append(cual).append(": ").append(texto).append(")");
+  }
+  throw services::ErrorEjecucion(explicacion.numero, descripcion);
 }
 
 void Lanzar(sqlite3* base) {
-  Lanzar(sqlite3_extended_errcode(base), sqlite3_errmsg(base));
+  Lanzar(base, sqlite3_extended_errcode(base), sqlite3_errmsg(base));
+}
+
+void Lanzar(sqlite3* base, int codigo, std::string_view texto) {
+  const char* fichero = sqlite3_db_filename(base, "main");
+  Lanzar(codigo, texto, fichero ? fichero : "");
 }
 
 }  // namespace sqlite

@@ -14,15 +14,14 @@ sqlite3* Abrir(const std::string& fichero, bool crear) {
   std::error_code fallo;
   const auto estado = std::filesystem::status(fichero, fallo);
   if (!crear && !std::filesystem::exists(estado)) {
-    Lanzar(SQLITE_CANTOPEN, "no existe " + fichero);
+    Lanzar(SQLITE_CANTOPEN, "", "no existe " + fichero);
   }
   sqlite3* base = nullptr;
   const int modo = SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX | (crear ? SQLITE_OPEN_CREATE : 0);
   const int codigo = sqlite3_open_v2(fichero.c_str(), &base, modo, nullptr);
   if (codigo == SQLITE_OK) return base;
-  const std::string texto = base ? sqlite3_errmsg(base) : sqlite3_errstr(codigo);
   sqlite3_close_v2(base);
-  Lanzar(codigo, texto + ": " + fichero);
+  Lanzar(codigo, sqlite3_errstr(codigo), fichero);
 }
 
 std::string PrimerTexto(Base& base, std::string_view sql) {

@@ -16,9 +16,12 @@ struct CerrarSentencia {
 using Preparada = std::unique_ptr<sqlite3_stmt, CerrarSentencia>;
 
 /// Throws the error that the engine's last failed call left behind: a sentence for the user first,
-/// the engine's own code and text at the end.
+/// the engine's own code at the end. What is wrong with a file names it; what is wrong with a
+/// statement has the engine's own text.
 [[noreturn]] void Lanzar(sqlite3* base);
-[[noreturn]] void Lanzar(int codigo, std::string_view texto);
+/// The same, of a code and a text that were kept.
+[[noreturn]] void Lanzar(sqlite3* base, int codigo, std::string_view texto);
+[[noreturn]] void Lanzar(int codigo, std::string_view texto, std::string_view fichero);
 
 /// An open database file with what every connection needs registered on it: the collation `ES`.
 class Base {

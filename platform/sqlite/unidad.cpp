@@ -52,7 +52,7 @@ void Unidad::Escribir(sqlite3_stmt* sentencia) {
   const int codigo = sqlite3_extended_errcode(base_.Motor());
   const std::string texto = sqlite3_errmsg(base_.Motor());
   sqlite3_reset(sentencia);
-  Intentar([&] { Lanzar(codigo, texto); });
+  Intentar([&] { Lanzar(base_.Motor(), codigo, texto); });
 }
 
 void Unidad::Terminar() {

@@ -137,6 +137,10 @@ void EdicionPagado::ActivarEdicionPagado(int) {
 }
 
 void EdicionPagado::TxtMsf_KeyDown(int& codigo) {
+  if (codigo == tecla::Tabulador) {
+    SuperaElRecibo(MSFPagos_.Row) ? AvisarQueSupera() : CerrarEdicionPago();
+    codigo = 0;
+  }
   if (codigo != tecla::Arriba && codigo != tecla::Abajo) return;
   MoverFilaPago(codigo == tecla::Arriba ? "Arr" : "Aba");
   codigo = 0;
@@ -197,7 +201,9 @@ void EdicionPagado::AvisarQueSupera() {
 }
 
 void EdicionPagado::Ocultar() {
+  const bool tenia = TxtMsf.TieneFoco();
   Cerrar(TxtMsf);
+  if (tenia) MSFPagos_.SetFocus();
 }
 
 }  // namespace list

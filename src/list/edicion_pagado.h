@@ -31,7 +31,8 @@ class EdicionPagado {
   /// Takes the amount of an open editor into the row and hides it. A text that is no amount throws
   /// 13, and row and editor stay as they are.
   void CerrarEdicionPago();
-  /// Empties and hides the editor; what was typed is dropped.
+  /// Empties and hides the editor; what was typed is dropped. The focus that it had goes to the
+  /// list, for who works by keyboard.
   void Ocultar();
 
  private:

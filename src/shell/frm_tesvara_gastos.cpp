@@ -55,6 +55,7 @@ FrmTesvaraGastos::FrmTesvaraGastos(DatosComunes& datos)
 FrmTesvaraGastos::~FrmTesvaraGastos() = default;
 
 void FrmTesvaraGastos::Form_Load() {
+  const services::Escritorio::Ocupacion ocupacion(Escritorio());
   TxtNConcepto.Text = "";
   TxtBusco.Text = "";
   ImporteCaja = 0;
@@ -107,6 +108,7 @@ void FrmTesvaraGastos::ComprobarCambios() {
 }
 
 void FrmTesvaraGastos::Recargar() {
+  const services::Escritorio::Ocupacion ocupacion(Escritorio());
   copia_.Cargar(Rango.Intervalo());
   Lista.CargarGrip();
   Rejilla.CopiarGrip();
@@ -132,6 +134,7 @@ void FrmTesvaraGastos::BotonAceptar_Click() {
 }
 
 void FrmTesvaraGastos::Grabar() {
+  const services::Escritorio::Ocupacion ocupacion(Escritorio());
   // A refused amount leaves the panel on the screen, with the bar at 0: that is how users see that
   // nothing was saved.
   if (!list::EscribirPagados(datos_, Rejilla)) return;

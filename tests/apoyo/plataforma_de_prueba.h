@@ -59,6 +59,7 @@ class VentanaDePrueba final : public services::Ventana {
     Anotar("Foco " + (widget ? widget->NombreCompleto() : "ninguno"));
   }
   void FinDeEvento() override { Anotar("FinDeEvento"); }
+  void EnEspera() override { Anotar("EnEspera"); }
 
  private:
   void Anotar(const std::string& que) { registro_(form_.Nombre() + ": " + que); }
@@ -78,12 +79,14 @@ class PlataformaDePrueba {
     plataforma_.ErrorNoControlado = [this](const services::ErrorEjecucion& fallo) {
       errores.push_back(fallo);
     };
+    plataforma_.Ocupado = [this](bool ocupado) { ocupaciones.push_back(ocupado); };
   }
   PlataformaDePrueba(const PlataformaDePrueba&) = delete;
 
   Registro ventanas;
   Espera espera;
   std::vector<services::ErrorEjecucion> errores;
+  std::vector<bool> ocupaciones;  // each time the user was told of a wait, or of its end
 
  private:
   services::PlataformaDeForms plataforma_;

@@ -65,7 +65,7 @@ TEST_F(Teclas, CadaCampoTomaSoloSusCaracteres) {
     EXPECT_EQ(sorvex::TeclaImporte(f.TxtImporte, t, false),
               cifra || t == ',' || t == '.' || t == '-' ? importe : 0)
         << t;
-    EXPECT_EQ(sorvex::TeclaImporte(f.TxtEntero, t, true), cifra ? t : 0) << t;
+    EXPECT_EQ(sorvex::TeclaImporte(f.TxtEntero, t, true), cifra || t == ',' ? t : 0) << t;
   }
 }
 
@@ -113,15 +113,48 @@ TEST_F(Teclas, LaBarraPuestaCorreElEventoDeCambio) {
 TEST_F(Teclas, UnaTeclaRechazadaNoCambiaElTexto) {
   EXPECT_EQ(Teclear(f.TxtFecha, "15a"), "15");
   EXPECT_EQ(Teclear(f.TxtImporte, "1x2"), "12");
-  EXPECT_EQ(Teclear(f.TxtEntero, "1,-2."), "12");
+  EXPECT_EQ(Teclear(f.TxtEntero, "1-2."), "12");
 }
 
 TEST_F(Teclas, ElPuntoDelTecladoEsLaComaDecimal) {
   EXPECT_EQ(Teclear(f.TxtImporte, "12.5"), "12,5");
 }
 
-TEST_F(Teclas, UnaSegundaComaSeDejaVer) {
-  EXPECT_EQ(Teclear(f.TxtImporte, "1.234,5"), "1,234,5");
+TEST_F(Teclas, UnImporteSeTecleaConSusPuntosDeMiles) {
+  EXPECT_EQ(Teclear(f.TxtImporte, "1.234,50"), "1.234,50");
+  f.TxtImporte.Text = "";
+  EXPECT_EQ(Teclear(f.TxtImporte, "1.234.567.89"), "1.234.567,89");
+}
+
+TEST_F(Teclas, UnaSegundaComaQueNoVaTrasTresCifrasSeTraga) {
+  for (const auto& [teclas, queda] : std::vector<std::pair<std::string, std::string>>{
+           {"1.2.3", "1,23"}, {"1,,5", "1,5"}, {"1,2345,6", "1,23456"}, {",", ","}, {",,", ","}}) {
+    f.TxtImporte.Text = "";
+    EXPECT_EQ(Teclear(f.TxtImporte, teclas), queda);
+  }
+}
+
+TEST_F(Teclas, UnaComaDelanteDeOtraSeTraga) {
+  Poner(f.TxtImporte, "12,345", 1, 0);
+  EXPECT_EQ(Teclear(f.TxtImporte, ","), "12,345");
+  Poner(f.TxtImporte, "1.234", 1, 0);
+  EXPECT_EQ(Teclear(f.TxtImporte, ","), "1.234") << "ni delante de un punto de miles";
+  Poner(f.TxtImporte, "1,234", 5, 0);
+  entrada::Seleccionar(f.TxtImporte, 2, 0);
+  EXPECT_EQ(Teclear(f.TxtImporte, "."), "1,234");
+}
+
+TEST_F(Teclas, UnaComaTomaElLugarDeLoSeleccionado) {
+  Poner(f.TxtImporte, "1,5", 0, 3);
+  EXPECT_EQ(Teclear(f.TxtImporte, ","), ",");
+  Poner(f.TxtImporte, "1,2347", 5, 1);
+  EXPECT_EQ(Teclear(f.TxtImporte, ","), "1.234,");
+}
+
+TEST_F(Teclas, UnCampoDeEnterosTieneUnaSolaComa) {
+  EXPECT_EQ(Teclear(f.TxtEntero, "7,5,"), "7,5");
+  f.TxtEntero.Text = "";
+  EXPECT_EQ(Teclear(f.TxtEntero, "1,234,5"), "1,2345");
 }
 
 TEST_F(Teclas, ElSignoVaSoloDelante) {

@@ -91,6 +91,19 @@ void OptionButton::ApagarLasDemas() {
   }
 }
 
+std::vector<OptionButton*> OptionButton::Grupo() const {
+  std::vector<OptionButton*> grupo;
+  for (Widget* w : Formulario().Widgets()) {
+    auto* opcion = dynamic_cast<OptionButton*>(w);
+    if (!opcion || opcion->Contenedor() != Contenedor() || !opcion->Alcanzable()) continue;
+    grupo.push_back(opcion);
+  }
+  std::stable_sort(grupo.begin(), grupo.end(), [](const OptionButton* a, const OptionButton* b) {
+    return a->TabIndex() < b->TabIndex();
+  });
+  return grupo;
+}
+
 ComboBox::ComboBox(Sitio sitio, std::string nombre, std::vector<std::string> elementos,
                    const Diseno& diseno)
     : Widget(sitio, std::move(nombre), diseno), elementos_(std::move(elementos)) {

@@ -87,6 +87,8 @@ class OptionButton : public ConCaption {
   /// To True, the others of its group go False silently, and then `Click` fires. To False it fires
   /// nothing.
   Propiedad<bool> Value{*this, Aspecto::Value};
+  /// Those of its group that can be reached, itself among them, in the order of the Tab key.
+  [[nodiscard]] std::vector<OptionButton*> Grupo() const;
   [[nodiscard]] bool AdmiteFoco() const override { return true; }
   [[nodiscard]] std::optional<Valor> Leer(Aspecto aspecto) const override;
   void Cambiada(Aspecto aspecto) override;

@@ -40,23 +40,28 @@ namespace entrada {
 void Pulsar(Widget& widget);
 /// A click on a cell: focus to the grid, the current cell moves, `Click`. Row and column from 0;
 /// a click on the header row, or on a row that has gone meanwhile, goes no further than the focus.
-void PulsarCelda(MSFlexGrid& rejilla, int fila, int columna);
+/// Whether it reached a row.
+bool PulsarCelda(MSFlexGrid& rejilla, int fila, int columna);
 /// A click, and then `DblClick`.
 void DoblePulsarCelda(MSFlexGrid& rejilla, int fila, int columna);
 /// The second press of a double click, the first of which was told as a click: `DblClick`.
 void SegundaPulsacion(MSFlexGrid& rejilla);
 /// A key of the window, such as the page keys, takes the current cell to another one. A cell that
-/// isn't there is the nearest one of the data.
+/// isn't there is the nearest one of the data; out of a column that isn't shown it goes to the
+/// first cell on sight, as with the arrows.
 void LlevarCelda(MSFlexGrid& rejilla, int fila, int columna);
 /// The user goes to a widget.
 void Enfocar(Widget& widget);
 
 /// A key that isn't a character of text, one of `tecla`, in the widget with the focus: `KeyDown`,
-/// `KeyPress` for those that have a character, and then what the key does there.
+/// `KeyPress` for those that have a character, and then what the key does there. In a grid the
+/// blank clicks the current cell, Enter double clicks it, and an arrow moves it; among options the
+/// arrows go to the next one and choose it.
 void Tecla(Widget& widget, int codigo);
 /// A character typed: `KeyDown` with the key of a figure or letter, the letter's capital, or else
 /// with `tecla::OtroCaracter`; `KeyPress`; and it takes the place of the selection. A box that is
-/// full at its `MaxLength` swallows it then.
+/// full at its `MaxLength` swallows it then. In a grid it fires `DblClick`, and goes to the editor
+/// that this opens.
 void Escribir(Widget& widget, char32_t caracter);
 /// The text changed in a way other than by keys, as by pasting; what is past its `MaxLength` falls
 /// off. A `Locked` box keeps its text, whatever comes.
@@ -72,7 +77,8 @@ void CerrarBarra(Cintilla& barra);
 void PulsarBarra(Cintilla& barra, const Raton& raton);
 void MoverEnBarra(Cintilla& barra, const Raton& raton);
 void SoltarBarra(Cintilla& barra, const Raton& raton);
-/// Tab or, backwards, Shift and Tab.
+/// Tab or, backwards, Shift and Tab: `KeyDown` of the widget with the focus, which may consume it
+/// or move the focus itself, and then the focus goes to the next widget in the designed order.
 void Tabular(Form& form, bool atras);
 
 }  // namespace entrada

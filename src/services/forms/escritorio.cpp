@@ -76,11 +76,17 @@ void Escritorio::Esperar(const std::function<void()>& espera) {
   const int antes = std::exchange(profundidad_, 0);
   const bool dejaba = std::exchange(dejando_, false);
   for (Form* form : cargados_) {
-    if (form->Vista()) form->Vista()->FinDeEvento();
+    if (!form->Vista()) continue;
+    form->Vista()->FinDeEvento();
+    form->Vista()->EnEspera();
   }
   ++esperas_;
+  const int ocupaciones = std::exchange(ocupaciones_, 0);
+  if (ocupaciones > 0) Decir(false);
   const auto volver = [&] {
     --esperas_;
+    ocupaciones_ = ocupaciones;
+    if (ocupaciones > 0) Decir(true);
     profundidad_ = antes;
     dejando_ = dejaba;
     if (profundidad_ == 0 && esperas_ == 0) std::exchange(retirados_, {});

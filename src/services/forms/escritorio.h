@@ -40,6 +40,22 @@ class Escritorio {
   /// meanwhile are events of their own.
   void Esperar(const std::function<void()>& espera);
 
+  /// Work that may take long: the user is told for as long as it lives, but while asked something.
+  class Ocupacion {
+   public:
+    explicit Ocupacion(Escritorio& escritorio) : escritorio_(escritorio) {
+      if (escritorio_.ocupaciones_++ == 0) escritorio_.Decir(true);
+    }
+    ~Ocupacion() {
+      if (--escritorio_.ocupaciones_ == 0) escritorio_.Decir(false);
+    }
+    Ocupacion(const Ocupacion&) = delete;
+    Ocupacion& operator=(const Ocupacion&) = delete;
+
+   private:
+    Escritorio& escritorio_;
+  };
+
   /// The widget with the focus, null for none.
   [[nodiscard]] Widget* Foco() const { return foco_; }
   /// Moves the focus: `LostFocus` of the old widget, then `GotFocus` of the new. Nothing when the
@@ -72,6 +88,9 @@ class Escritorio {
     Widget* destino;
   };
 
+  void Decir(bool ocupado) const {
+    if (plataforma_.Ocupado) plataforma_.Ocupado(ocupado);
+  }
   void Rematar();
   void FinDeEvento(const std::function<void()>& cierre);
   void FinTrasError(const std::string& yaDicho);
@@ -85,6 +104,7 @@ class Escritorio {
   std::vector<Form*> cargados_;
   int profundidad_ = 0;
   int esperas_ = 0;
+  int ocupaciones_ = 0;
   Widget* foco_ = nullptr;
   bool dejando_ = false;  // inside the LostFocus handler of the last of salidas_
   std::vector<Salida> salidas_;

@@ -15,6 +15,8 @@ struct PlataformaDeForms {
   std::function<std::unique_ptr<Ventana>(Form&)> CrearVentana;
   /// An error that no handler caught.
   std::function<void(const ErrorEjecucion&)> ErrorNoControlado;
+  /// The user is kept waiting, or no longer. May be left out.
+  std::function<void(bool)> Ocupado;
 };
 
 }  // namespace services

@@ -65,4 +65,25 @@ TEST(Colores, ElCampoConFocoSeLeeEnUnTemaOscuro) {
   QApplication::setPalette(antes);
 }
 
+TEST(Colores, LoInhabilitadoSeLeeEnClaroYEnOscuro) {
+  const QPalette antes = QApplication::palette();
+  for (const QPalette& tema : {antes, Oscura()}) {
+    QApplication::setPalette(tema);
+    Escena escena;
+    escena.form->BotonGrabar.Enabled = false;
+    escena.form->TxtFecha.Enabled = false;
+    const QPalette boton = escena.Vista<QWidget>("BotonGrabar").palette();
+    EXPECT_GE(qt::Contraste(boton.color(QPalette::Disabled, QPalette::ButtonText),
+                            boton.color(QPalette::Disabled, QPalette::Button)),
+              4.5);
+    EXPECT_NE(boton.color(QPalette::Disabled, QPalette::ButtonText),
+              boton.color(QPalette::Active, QPalette::ButtonText));
+    const QPalette campo = escena.Vista<QWidget>("TxtFecha").palette();
+    EXPECT_GE(qt::Contraste(campo.color(QPalette::Disabled, QPalette::Text),
+                            campo.color(QPalette::Disabled, QPalette::Base)),
+              4.5);
+  }
+  QApplication::setPalette(antes);
+}
+
 }  // namespace

@@ -55,7 +55,7 @@ TEST(Enlace, TodoLoQueTomaElFocoTieneNombreAccesible) {
   Escena escena;
   for (const services::Widget* modelo : escena.form->Widgets()) {
     if (!modelo->AdmiteFoco()) continue;
-    QWidget& vista = escena.Vista<QWidget>(modelo->Nombre().c_str());
+    QWidget& vista = escena.Vista<QWidget>(qPrintable(qt::NombreDeVista(*modelo)));
     QAccessibleInterface* accesible = QAccessible::queryAccessibleInterface(&vista);
     ASSERT_NE(accesible, nullptr);
     EXPECT_FALSE(accesible->text(QAccessible::Name).isEmpty()) << modelo->Nombre();

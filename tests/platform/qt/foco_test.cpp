@@ -155,4 +155,35 @@ TEST_F(Foco, IntroPulsaElBoton) {
   EXPECT_THAT(escena.form->sucesos, ElementsAre("BotonGrabar_Click"));
 }
 
+TEST_F(Foco, AlAbrirseLaPantallaElFocoEstaEnElPrimero) {
+  QCoreApplication::processEvents();
+  EXPECT_TRUE(escena.form->TxtFecha.TieneFoco());
+  EXPECT_EQ(escena.Enfocada(), "TxtFecha");
+}
+
+TEST_F(Foco, AlAbrirseNoSeLeQuitaAQuienLoTiene) {
+  escena.form->BotonGrabar.SetFocus();
+  QCoreApplication::processEvents();
+  EXPECT_EQ(escena.Enfocada(), "BotonGrabar");
+}
+
+TEST_F(Foco, LasFlechasVanDeUnaOpcionAOtraYLaEligen) {
+  escena.form->OptA.SetFocus();
+  QTest::keyClick(&escena.Vista<QRadioButton>("OptA"), Qt::Key_Down);
+  EXPECT_EQ(escena.Enfocada(), "OptB");
+  EXPECT_TRUE(escena.Vista<QRadioButton>("OptB").isChecked());
+  QTest::keyClick(&escena.Vista<QRadioButton>("OptB"), Qt::Key_Right);
+  EXPECT_EQ(escena.Enfocada(), "OptA");
+  EXPECT_FALSE(escena.Vista<QRadioButton>("OptB").isChecked());
+}
+
+TEST_F(Foco, UnaOpcionRechazadaNoSeVeElegida) {
+  escena.form->OptA.Value = true;
+  escena.form->OptB.Click = [this] { escena.form->OptA.Value = true; };
+  QRadioButton& b = escena.Vista<QRadioButton>("OptB");
+  QTest::mouseClick(&b, Qt::LeftButton, {}, QPoint(8, b.height() / 2));
+  EXPECT_FALSE(b.isChecked());
+  EXPECT_TRUE(escena.Vista<QRadioButton>("OptA").isChecked());
+}
+
 }  // namespace

@@ -23,7 +23,8 @@ FrmPrueba::FrmPrueba(services::Escritorio& escritorio)
       Rejilla(PicPanel, "Rejilla", 4, {.TabIndex = 7}),
       TxtCelda(PicPanel, "TxtCelda", {.Visible = false}),
       Progreso(PicPanel, "Progreso", {}),
-      ImgMarca(PicPanel, "ImgMarca", "check", {}) {
+      ImgMarca(PicPanel, "ImgMarca", "check", {}),
+      TxtNumero(PicPanel, "TxtNumero") {
   BtnCancelar.TomaFoco = false;
   for (services::Widget* widget : Widgets()) Anotar(*widget);
   TxtFecha.Change = [this] { sucesos.push_back("TxtFecha_Change " + TxtFecha.Text()); };

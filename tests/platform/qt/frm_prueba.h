@@ -10,6 +10,7 @@
 #include "forms/entrada.h"
 #include "forms/escritorio.h"
 #include "forms/form.h"
+#include "forms/matriz_controles.h"
 #include "forms/msflexgrid.h"
 #include "qt/plataforma_qt.h"
 #include "qt/rejilla_qt.h"
@@ -37,6 +38,7 @@ class FrmPrueba : public services::Form {
   services::TextBox TxtCelda;
   services::ProgressBar Progreso;
   services::Image ImgMarca;
+  services::MatrizControles<services::TextBox> TxtNumero;
 
   std::vector<std::string> sucesos;
   int pintados = 0;

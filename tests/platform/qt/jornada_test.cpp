@@ -9,18 +9,15 @@
 #include <QTimer>
 #include <memory>
 
-#include "apoyo/componente_en_marcha.h"
-#include "guion/carpeta_temporal.h"
 #include "jornada/partida.h"
-#include "qt/plataforma_qt.h"
-#include "sorvex/utiles_sorvex.h"
-#include "sqlite/conexion_sqlite.h"
+#include "platform/qt/dia_en_pantalla.h"
 
 // A working day with keys and mouse alone, on the real screen.
 
 namespace {
 
 using jornada::Partida;
+using pruebas::DiaEnPantalla;
 
 /// The same day as the keys and clicks below, for the runner.
 const std::string kDia = R"(
@@ -43,84 +40,6 @@ celda MSFPagos 1 5
 pulsar BotonAceptar
 cerrar
 )";
-
-class DiaEnPantalla : public testing::Test {
- protected:
-  DiaEnPantalla() {
-    opciones.Datos = (carpeta.Ruta() / "datos.sqlite").string();
-    opciones.Local = (carpeta.Ruta() / "local.sqlite").string();
-    plataforma.Ahora = [] { return services::HacerFecha(2005, 3, 15, 10, 0, 0); };
-    plataforma.Pantalla = [] { return services::MedidaPantalla{15360, 11520}; };
-    plataforma.CrearUtiles = &sorvex::CrearUtiles;
-    plataforma.ErrorNoControlado = [](const services::ErrorEjecucion& fallo) {
-      ADD_FAILURE() << fallo.Descripcion();
-    };
-  }
-
-  void Abrir() {
-    sesion = std::make_unique<shell::DatosComunes>(plataforma);
-    pantallas = std::make_unique<shell::Pantallas>(*sesion);
-    clase = services::Crear<shell::ClassTesvara>(*sesion, *pantallas);
-    contexto = services::Ref<services::IDatosClase>(services::Crear<apoyo::ContextoDeAnfitrion>(
-        services::Ref<services::Conexion>(sqlite::AbrirConexion(opciones.Datos)),
-        services::Ref<services::Conexion>(sqlite::AbrirConexion(opciones.Local))));
-    ASSERT_EQ(clase->Cargar(contexto), services::hr::Bien) << clase->Descripcion();
-    ventana = static_cast<QWidget*>(pantallas->Principal().VentanaNativa());
-    ASSERT_NE(ventana, nullptr);
-    ventana->resize(1024, 700);
-    ASSERT_TRUE(QTest::qWaitForWindowExposed(ventana));
-  }
-  void Cerrar() {
-    EXPECT_EQ(clase->Cerrar(), services::hr::Bien);
-    QCoreApplication::processEvents();
-    // The session lets go of the files: the working one belongs to whoever opens it next.
-    clase = nullptr;
-    contexto = nullptr;
-    sesion = nullptr;
-  }
-
-  template <class W>
-  [[nodiscard]] W& Vista(const char* nombre) const {
-    return *ventana->findChild<W*>(nombre);
-  }
-  [[nodiscard]] QPoint Centro(int fila, int columna) const {
-    auto& lista = Vista<QTableView>("MSFPagos");
-    return lista.visualRect(lista.model()->index(fila - 1, columna)).center();
-  }
-  void Celda(int fila, int columna) {
-    QTest::mouseClick(Vista<QTableView>("MSFPagos").viewport(), Qt::LeftButton, {},
-                      Centro(fila, columna));
-  }
-  void DobleCelda(int fila, int columna) {
-    auto* donde = Vista<QTableView>("MSFPagos").viewport();
-    Celda(fila, columna);
-    QTest::mouseDClick(donde, Qt::LeftButton, {}, Centro(fila, columna));
-  }
-  void Boton(const char* nombre) {
-    QTest::mouseClick(&Vista<QAbstractButton>(nombre), Qt::LeftButton);
-  }
-  /// Answers the next message by its key.
-  void Responder(Qt::Key tecla) {
-    auto* espera = new QTimer(ventana);
-    QObject::connect(espera, &QTimer::timeout, ventana, [espera, tecla] {
-      QWidget* mensaje = QApplication::activeModalWidget();
-      if (!mensaje) return;
-      espera->deleteLater();
-      espera->stop();
-      QTest::keyClick(mensaje, tecla);
-    });
-    espera->start(10);
-  }
-
-  guion::CarpetaTemporal carpeta{false};
-  guion::Opciones opciones;
-  services::Plataforma plataforma = qt::CrearPlataforma();
-  std::unique_ptr<shell::DatosComunes> sesion;
-  std::unique_ptr<shell::Pantallas> pantallas;
-  services::Ref<shell::ClassTesvara> clase;
-  services::Ref<services::IDatosClase> contexto;
-  QWidget* ventana = nullptr;
-};
 
 TEST_F(DiaEnPantalla, ConTeclasYRatonDejaLasMismasTablasQueElGuion) {
   Partida otra;
@@ -154,6 +73,24 @@ TEST_F(DiaEnPantalla, ConTeclasYRatonDejaLasMismasTablasQueElGuion) {
   Cerrar();
 
   EXPECT_EQ(Partida(opciones).Jugar(jornada::kTablas).Salida, esperadas);
+}
+
+TEST_F(DiaEnPantalla, ElCursorDiceQueSeEspera) {
+  std::vector<Qt::CursorShape> cursores;
+  plataforma.Ocupado = [&cursores, ocupado = plataforma.Ocupado](bool si) {
+    ocupado(si);
+    const QCursor* cursor = QApplication::overrideCursor();
+    cursores.push_back(cursor ? cursor->shape() : Qt::ArrowCursor);
+  };
+  ASSERT_EQ(Partida(opciones).Jugar(jornada::kEmpresa).Estado, 0);
+  Abrir();
+  EXPECT_EQ(cursores, (std::vector{Qt::WaitCursor, Qt::ArrowCursor})) << "al cargar";
+  Boton("BotonCancelar");
+  EXPECT_EQ(cursores.size(), 4U) << "al recargar";
+  Boton("BotonAceptar");
+  EXPECT_EQ(cursores.size(), 6U) << "y al grabar";
+  EXPECT_EQ(cursores.back(), Qt::ArrowCursor);
+  Cerrar();
 }
 
 /// Ten thousand invoices of three receipts, all in the month.

@@ -16,52 +16,109 @@ using testing::IsEmpty;
 
 class PantallaDePagos : public testing::Test {
  protected:
-  PantallaDePagos() { lienzo.resize(1024, 700); }
-  ~PantallaDePagos() override { lienzo.Soltar(); }
+  PantallaDePagos() { Rehacer(); }
+  ~PantallaDePagos() override { lienzo->Soltar(); }
+
+  /// Shows the form as it is now: one that isn't loaded tells no window of its changes.
+  void Rehacer() {
+    if (lienzo) lienzo->Soltar();
+    lienzo = std::make_unique<qt::Lienzo>(*form, qt::DisenosDeTesvara().at("FrmTesvaraGastos"));
+    lienzo->resize(1024, 700);
+  }
 
   services::Plataforma plataforma = qt::CrearPlataforma();
   shell::DatosComunes datos{plataforma};
   services::Ref<shell::FrmTesvaraGastos> form = services::Crear<shell::FrmTesvaraGastos>(datos);
-  qt::Lienzo lienzo{*form, qt::DisenosDeTesvara().at("FrmTesvaraGastos")};
+  std::unique_ptr<qt::Lienzo> lienzo;
 };
 
 TEST_F(PantallaDePagos, CadaNombreEstaEnLosDosLados) {
-  EXPECT_THAT(qt::NombresSinPareja(*form, lienzo), IsEmpty());
+  EXPECT_THAT(qt::NombresSinPareja(*form, *lienzo), IsEmpty());
 }
 
 TEST_F(PantallaDePagos, CadaControlTieneQuienLoMuestre) {
   for (const services::Widget* modelo : form->Widgets()) {
-    EXPECT_NE(lienzo.De(*modelo), nullptr) << modelo->Nombre();
+    EXPECT_NE(lienzo->De(*modelo), nullptr) << modelo->Nombre();
   }
+}
+
+QString Nombre(QWidget& vista) {
+  return QAccessible::queryAccessibleInterface(&vista)->text(QAccessible::Name);
 }
 
 TEST_F(PantallaDePagos, TodoTieneNombreAccesible) {
+  form->BtnAutCaja.Caption = "Fra.Autom.Caja";
+  Rehacer();
   for (const services::Widget* modelo : form->Widgets()) {
-    auto* vista = lienzo.findChild<QWidget*>(QString::fromStdString(modelo->Nombre()));
+    auto* vista = lienzo->findChild<QWidget*>(QString::fromStdString(modelo->Nombre()));
     ASSERT_NE(vista, nullptr) << modelo->Nombre();
-    EXPECT_FALSE(QAccessible::queryAccessibleInterface(vista)->text(QAccessible::Name).isEmpty())
-        << modelo->Nombre();
+    EXPECT_FALSE(Nombre(*vista).isEmpty()) << modelo->Nombre();
   }
 }
 
-TEST_F(PantallaDePagos, ElEditorDePagosEstaSobreLaLista) {
-  auto* editor = lienzo.findChild<QWidget*>("TxtMsf");
-  auto* lista = lienzo.findChild<QTableView*>("MSFPagos");
-  EXPECT_EQ(editor->parentWidget(), lista->viewport());
+TEST_F(PantallaDePagos, LoQueSeLeeEsLoQueSeDice) {
+  for (services::Widget* modelo : form->Widgets()) {
+    auto* rotulado = dynamic_cast<services::ConCaption*>(modelo);
+    if (rotulado) rotulado->Caption = modelo->Nombre() + ": 1.234,50";
+  }
+  Rehacer();
+  for (const services::Widget* modelo : form->Widgets()) {
+    const auto* rotulado = dynamic_cast<const services::ConCaption*>(modelo);
+    if (!rotulado) continue;
+    EXPECT_EQ(Nombre(*lienzo->findChild<QWidget*>(QString::fromStdString(modelo->Nombre())))
+                  .toStdString(),
+              rotulado->Caption());
+  }
+}
+
+TEST_F(PantallaDePagos, LosDosOrdenesSeAnuncianComoOpciones) {
+  for (const char* nombre : {"OptFecha", "OptConcepto"}) {
+    auto* opcion = QAccessible::queryAccessibleInterface(lienzo->findChild<QWidget*>(nombre));
+    EXPECT_EQ(opcion->role(), QAccessible::RadioButton) << nombre;
+  }
+}
+
+TEST_F(PantallaDePagos, LaCopiaDeLaListaNoEstaALaVista) {
+  lienzo->show();
+  auto* copia = QAccessible::queryAccessibleInterface(lienzo->findChild<QWidget*>("MsfPagos2"));
+  EXPECT_TRUE(copia->state().invisible);
+}
+
+TEST_F(PantallaDePagos, ElEditorDePagosEstaEnElArbolDeAccesibilidad) {
+  form->Edicion.TxtMsf.Visible = true;
+  Rehacer();
+  lienzo->show();
+  auto* editor = QAccessible::queryAccessibleInterface(lienzo->findChild<QWidget*>("TxtMsf"));
+  auto* panel = QAccessible::queryAccessibleInterface(lienzo->findChild<QWidget*>("PicPagos"));
+  EXPECT_GE(panel->indexOfChild(editor), 0);
+  EXPECT_FALSE(editor->state().invisible);
+}
+
+TEST_F(PantallaDePagos, CabeEnUnaPantallaDe1024ConLetraDeUnaVezYMedia) {
+  const QFont antes = QApplication::font();
+  QFont grande = antes;
+  grande.setPointSizeF(13.5);
+  QApplication::setFont(grande);
+  form->BtnAutCaja.Caption = "Fra.Autom.Caja";
+  form->Rejilla.LblPendiente.Caption = "Total Pendiente: 1.234.567,89";
+  Rehacer();
+  EXPECT_LE(lienzo->minimumSizeHint().width(), 1024);
+  EXPECT_LE(lienzo->minimumSizeHint().height(), 620);
+  QApplication::setFont(antes);
 }
 
 TEST_F(PantallaDePagos, CabeEnUnaPantallaAlDobleDeEscala) {
   // What a screen of 1920 by 1080 has at 200 %, less the title bar, menu and status bar of a host.
-  EXPECT_LE(lienzo.minimumSizeHint().width(), 960);
-  EXPECT_LE(lienzo.minimumSizeHint().height(), 440);
+  EXPECT_LE(lienzo->minimumSizeHint().width(), 960);
+  EXPECT_LE(lienzo->minimumSizeHint().height(), 440);
 }
 
 TEST_F(PantallaDePagos, ElPanelDeGrabacionQuedaEnElCentroYEncimaDeTodo) {
-  lienzo.show();
-  auto* panel = lienzo.findChild<QWidget*>("PicTexto");
+  lienzo->show();
+  auto* panel = lienzo->findChild<QWidget*>("PicTexto");
   panel->show();
-  EXPECT_EQ(lienzo.childAt(panel->geometry().topLeft() + QPoint(3, 3)), panel);
-  EXPECT_LE((panel->geometry().center() - lienzo.rect().center()).manhattanLength(), 2);
+  EXPECT_EQ(lienzo->childAt(panel->geometry().topLeft() + QPoint(3, 3)), panel);
+  EXPECT_LE((panel->geometry().center() - lienzo->rect().center()).manhattanLength(), 2);
   EXPECT_GE(panel->width(), panel->sizeHint().width());
 }
 

@@ -1,39 +1,16 @@
 #include <gmock/gmock.h>
 
 #include <QElapsedTimer>
-#include <QHeaderView>
-#include <QLineEdit>
-#include <QScrollBar>
+#include <QPushButton>
 
-#include "platform/qt/frm_prueba.h"
+#include "platform/qt/rejilla_en_pantalla.h"
 
-// The grid and its in-place editor.
+// The grid.
 
 namespace {
 
-using pruebas::Escena;
+using pruebas::RejillaEnPantalla;
 using testing::ElementsAre;
-
-class RejillaEnPantalla : public testing::Test {
- protected:
-  RejillaEnPantalla() {
-    for (int c = 0; c < 3; ++c) rejilla.ColWidth(c, c == 1 ? 6000 : 1600);
-    rejilla.ColWidth(3, 0);
-  }
-  [[nodiscard]] QPoint Centro(int fila, int columna) const {
-    return vista.visualRect(vista.model()->index(fila - 1, columna)).center();
-  }
-  void Pulsar(int fila, int columna) {
-    QTest::mouseClick(vista.viewport(), Qt::LeftButton, {}, Centro(fila, columna));
-  }
-  [[nodiscard]] QString Dato(int fila, int columna) const {
-    return vista.model()->index(fila - 1, columna).data().toString();
-  }
-
-  Escena escena;
-  services::MSFlexGrid& rejilla = escena.form->Rejilla;
-  qt::RejillaQt& vista = escena.Vista<qt::RejillaQt>("Rejilla");
-};
 
 TEST_F(RejillaEnPantalla, LaFilaCeroEsLaCabecera) {
   escena.Llenar(3);
@@ -155,18 +132,39 @@ TEST_F(RejillaEnPantalla, LosImportesVanALaDerecha) {
   EXPECT_TRUE(alineacion(1) & Qt::AlignLeft);
 }
 
-TEST_F(RejillaEnPantalla, ElEditorCubreLaCeldaYSigueElDesplazamiento) {
+TEST_F(RejillaEnPantalla, UnaTeclaTraeALaVistaLaCeldaAunqueNoLaMueva) {
   escena.Llenar(200);
-  Pulsar(5, 2);
-  escena.form->TxtCelda.Visible = true;
-  QLineEdit& editor = escena.Vista<QLineEdit>("TxtCelda");
-  const auto celda = [this] { return vista.visualRect(vista.model()->index(4, 2)); };
-  EXPECT_TRUE(editor.isVisible());
-  EXPECT_EQ(editor.geometry().center(), celda().center());
-  vista.verticalScrollBar()->setValue(3);
-  EXPECT_EQ(editor.geometry().center(), celda().center());
+  Pulsar(1, 2);
   vista.verticalScrollBar()->setValue(100);
-  EXPECT_FALSE(vista.viewport()->rect().intersects(editor.geometry()));
+  QTest::keyClick(&vista, Qt::Key_Space);
+  EXPECT_TRUE(vista.viewport()->rect().contains(Centro(1, 2)));
+}
+
+TEST_F(RejillaEnPantalla, UnaPreguntaTraeALaVistaLaFilaActual) {
+  escena.Llenar(200);
+  rejilla.MoverA(150, 3);
+  vista.verticalScrollBar()->setValue(0);
+  bool aLaVista = false;
+  escena.form->BotonGrabar.Click = [&] {
+    escena.form->Escritorio().Esperar(
+        [&] { aLaVista = vista.viewport()->rect().contains(Centro(150, 0)); });
+  };
+  QTest::mouseClick(&escena.Vista<QPushButton>("BotonGrabar"), Qt::LeftButton);
+  EXPECT_TRUE(aLaVista) << "también si la celda está en una columna que no se ve";
+}
+
+TEST_F(RejillaEnPantalla, LaSegundaPulsacionCuentaAunqueLaPrimeraLleveAOtraCelda) {
+  escena.Llenar(10);
+  rejilla.RowColChange = [this] {
+    if (rejilla.Row == 8) rejilla.Row = 2;
+  };
+  int dobles = 0;
+  rejilla.DblClick = [&] { ++dobles; };
+  const QPoint donde = Centro(8, 1);
+  QTest::mouseClick(vista.viewport(), Qt::LeftButton, {}, donde);
+  QTest::mouseDClick(vista.viewport(), Qt::LeftButton, {}, donde);
+  EXPECT_EQ(rejilla.Row(), 2);
+  EXPECT_EQ(dobles, 1);
 }
 
 TEST_F(RejillaEnPantalla, LasFranjasSiguenHastaAbajo) {
@@ -214,23 +212,6 @@ TEST_F(RejillaEnPantalla, LaPrimeraTeclaLlevaALaVistaLaCeldaQueQuedoOculta) {
   EXPECT_EQ(rejilla.Col, 0);
   QTest::keyClick(&vista, Qt::Key_Down);
   EXPECT_EQ(rejilla.Row, rejilla.TopRow + 1);
-}
-
-TEST_F(RejillaEnPantalla, QuienEmpiezaAEscribirAbreElEditorDeLaCelda) {
-  escena.Llenar(5);
-  Pulsar(2, 1);
-  auto& editor = escena.form->TxtCelda;
-  rejilla.DblClick = [&] {
-    editor.Text = "viejo";
-    editor.Visible = true;
-    editor.SetFocus();
-    editor.SeleccionarTodo();
-  };
-  QTest::keyClick(&vista, Qt::Key_7);
-  EXPECT_EQ(editor.Text, "7");
-  editor.Visible = false;
-  QCoreApplication::processEvents();
-  EXPECT_TRUE(rejilla.TieneFoco());
 }
 
 TEST_F(RejillaEnPantalla, EspacioEIntroHacenLoQueElRaton) {

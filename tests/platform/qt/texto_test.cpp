@@ -1,8 +1,11 @@
 #include <gmock/gmock.h>
 
 #include <QClipboard>
+#include <QContextMenuEvent>
 #include <QInputMethodEvent>
 #include <QLineEdit>
+#include <QMenu>
+#include <QTimer>
 
 #include "platform/qt/frm_prueba.h"
 #include "qt/textos_qt.h"
@@ -151,6 +154,53 @@ TEST_F(CajaDeTexto, ElClicQueTraeElFocoGuardaLoSeleccionado) {
   QTest::qWait(QApplication::doubleClickInterval() + 50);
   QTest::mouseClick(&importe, Qt::LeftButton);
   EXPECT_EQ(importe.selectedText(), "");
+}
+
+TEST_F(CajaDeTexto, ElMenuHablaEnCastellano) {
+  QStringList rotulos;
+  QTimer::singleShot(0, [&rotulos] {
+    auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+    if (!menu) return;
+    for (const QAction* accion : menu->actions()) {
+      EXPECT_TRUE(accion->shortcut().isEmpty()) << "el escritorio la nombraría a su manera";
+      if (!accion->isSeparator()) rotulos << accion->text();
+    }
+    menu->close();
+  });
+  QContextMenuEvent pide(QContextMenuEvent::Mouse, QPoint(5, 5), fecha.mapToGlobal(QPoint(5, 5)));
+  QApplication::sendEvent(&fecha, &pide);
+  EXPECT_EQ(rotulos, QStringList({"Deshacer\tCtrl+Z", "Rehacer\tCtrl+Mayús+Z", "Cortar\tCtrl+X",
+                                  "Copiar\tCtrl+C", "Pegar\tCtrl+V", "Eliminar\tSupr",
+                                  "Seleccionar todo\tCtrl+A"}));
+}
+
+TEST_F(CajaDeTexto, LoPegadoSeCortaEnLoQueCabe) {
+  escena.form->TxtFecha.MaxLength = 5;
+  QTest::keyClicks(&fecha, "ab");
+  QTest::keyClick(&fecha, Qt::Key_Left);
+  QApplication::clipboard()->setText("12345");
+  QTest::keySequence(&fecha, QKeySequence::Paste);
+  EXPECT_EQ(escena.form->TxtFecha.Text(), "a123b") << "y lo que había detrás se queda";
+  QTest::keyClicks(&fecha, "x");
+  EXPECT_EQ(fecha.text(), "a123b");
+}
+
+TEST_F(CajaDeTexto, UnaCajaBloqueadaSeCopiaYNoSeCambia) {
+  escena.form->TxtFecha.Text = "fijo";
+  escena.form->TxtFecha.Locked = true;
+  EXPECT_TRUE(fecha.isReadOnly());
+  QTest::keyClicks(&fecha, "x");
+  QApplication::clipboard()->setText("otro");
+  QTest::keySequence(&fecha, QKeySequence::Paste);
+  QTest::keySequence(&fecha, QKeySequence::SelectAll);
+  QTest::keySequence(&fecha, QKeySequence::Cut);
+  EXPECT_EQ(fecha.text(), "fijo");
+  QTest::keySequence(&fecha, QKeySequence::SelectAll);
+  QTest::keySequence(&fecha, QKeySequence::Copy);
+  EXPECT_EQ(QApplication::clipboard()->text(), "fijo");
+  EXPECT_EQ(escena.form->TxtFecha.Text(), "fijo");
+  escena.form->TxtFecha.Locked = false;
+  EXPECT_FALSE(fecha.isReadOnly());
 }
 
 TEST(Conversion, CuentaCaracteresYNoUnidades) {

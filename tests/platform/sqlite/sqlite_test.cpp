@@ -19,6 +19,7 @@ using pruebas::NumeroDeError;
 using services::ModoApertura;
 using testing::EndsWith;
 using testing::HasSubstr;
+using testing::MatchesRegex;
 using testing::StartsWith;
 namespace error = services::error;
 
@@ -67,7 +68,7 @@ TEST_F(SqliteTest, UnaCarpetaNoEsUnaBaseDeDatos) {
 
 TEST_F(SqliteTest, UnFicheroQueNoEsBaseDeDatosSeDice) {
   std::ofstream(fichero) << std::string(4096, 'x');
-  EXPECT_THAT(AlAbrir(fichero), StartsWith("El fichero no es una base de datos"));
+  EXPECT_EQ(AlAbrir(fichero), "El fichero no es una base de datos: " + fichero + " (SQLite 26)");
 }
 
 TEST_F(SqliteTest, UnFicheroDañadoSeDice) {
@@ -83,7 +84,8 @@ TEST_F(SqliteTest, UnFicheroDañadoSeDice) {
   roto << std::string(std::filesystem::file_size(fichero) - 4096, '\xEE');
   roto.close();
   EXPECT_THAT(Descripcion([&] { Cuantos(*sqlite::AbrirConexion(fichero)); }),
-              StartsWith("El fichero de la base de datos está dañado (SQLite 11"));
+              MatchesRegex("El fichero de la base de datos está dañado: " + fichero +
+                           " \\(SQLite [0-9]+\\)"));
 }
 
 TEST_F(SqliteTest, UnoBloqueadoEsperaYLuegoLoDice) {
@@ -95,7 +97,7 @@ TEST_F(SqliteTest, UnoBloqueadoEsperaYLuegoLoDice) {
   const auto descripcion = Descripcion([&] { Anadir(*conexion, "2"); });
   EXPECT_GE(std::chrono::steady_clock::now() - antes, std::chrono::milliseconds(100));
   EXPECT_THAT(descripcion, StartsWith("La base de datos está bloqueada por otro programa"));
-  EXPECT_THAT(descripcion, EndsWith("(SQLite 5: database is locked)"));
+  EXPECT_THAT(descripcion, EndsWith(": " + fichero + " (SQLite 5)"));
   ocupante->TerminarUnidad();
   // What wasn't written is missing from the unit, so the unit doesn't end well, listened to or not.
   EXPECT_EQ(Descripcion([&] { Anadir(*conexion, "2"); }), descripcion);

@@ -200,4 +200,24 @@ TEST_F(Escritorio, LasPantallasCargadasVanEnElOrdenDeSuCarga) {
   EXPECT_THAT(e.Cargados(), ElementsAre(form.get(), una.get()));
 }
 
+TEST_F(Escritorio, LaOcupacionSeDiceUnaVezYHastaElFinal) {
+  {
+    const services::Escritorio::Ocupacion fuera(e);
+    const services::Escritorio::Ocupacion dentro(e);
+    EXPECT_THAT(p.ocupaciones, ElementsAre(true));
+  }
+  EXPECT_THAT(p.ocupaciones, ElementsAre(true, false));
+}
+
+TEST_F(Escritorio, MientrasSePreguntaNoSeEstaOcupado) {
+  e.Evento([this] {
+    const services::Escritorio::Ocupacion ocupacion(e);
+    e.Esperar([this] {
+      EXPECT_THAT(p.ocupaciones, ElementsAre(true, false));
+      const services::Escritorio::Ocupacion otra(e);
+    });
+  });
+  EXPECT_THAT(p.ocupaciones, ElementsAre(true, false, true, false, true, false));
+}
+
 }  // namespace

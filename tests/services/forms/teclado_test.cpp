@@ -179,4 +179,91 @@ TEST_F(Teclado, LasFlechasSaltanLasColumnasSinAncho) {
   EXPECT_EQ(f.Msf.Col, 2);
 }
 
+TEST_F(Teclado, EspacioPulsaLaCeldaActualEIntroLaPulsaDosVeces) {
+  PonerFoco(f.Msf);
+  entrada::Tecla(f.Msf, tecla::Espacio);
+  EXPECT_THAT(sucesos.Tomar(), ElementsAre("Msf.MouseDown", "Msf.Click", "Msf.MouseUp"));
+  entrada::Tecla(f.Msf, tecla::Intro);
+  EXPECT_THAT(sucesos.Tomar(),
+              ElementsAre("Msf.MouseDown", "Msf.Click", "Msf.MouseUp", "Msf.DblClick"));
+}
+
+TEST_F(Teclado, TeclearEnUnaCeldaEscribeEnElEditorQueAbre) {
+  PonerFoco(f.Msf);
+  f.Msf.DblClick = [this] {
+    f.TxtA.Text = "viejo";
+    f.TxtA.SetFocus();
+    f.TxtA.SeleccionarTodo();
+  };
+  f.TxtA.KeyPress = [](int& t) { t = t == 'x' ? 0 : t; };
+  entrada::Escribir(f.Msf, U'x');
+  EXPECT_EQ(f.TxtA.Text, "viejo") << "las teclas del editor se filtran como siempre";
+  PonerFoco(f.Msf);
+  entrada::Escribir(f.Msf, U'ñ');
+  EXPECT_EQ(f.TxtA.Text, "ñ");
+}
+
+TEST_F(Teclado, TeclearEnUnaCeldaNoEscribeEnOtroPanel) {
+  PonerFoco(f.Msf);
+  f.Msf.DblClick = [this] { f.TxtDentro.SetFocus(); };
+  entrada::Escribir(f.Msf, U'7');
+  EXPECT_EQ(f.TxtDentro.Text, "");
+}
+
+TEST_F(Teclado, TeclearEnUnaColumnaSinAnchoNoHaceNada) {
+  f.Msf.ColWidth(0, 0);
+  PonerFoco(f.Msf);
+  entrada::Escribir(f.Msf, U'7');
+  EXPECT_THAT(sucesos.Tomar(), IsEmpty());
+}
+
+TEST_F(Teclado, DesdeUnaColumnaSinAnchoLaPrimeraFlechaLlevaALoQueSeVe) {
+  f.Msf.ColWidth(0, 0);
+  f.Msf.MoverA(4, 0);
+  f.Msf.TopRow = 2;
+  PonerFoco(f.Msf);
+  entrada::Tecla(f.Msf, tecla::Abajo);
+  EXPECT_THAT(sucesos.Tomar(), ElementsAre("Msf.LeaveCell 4 0", "Msf.RowColChange 2 1"));
+  entrada::Tecla(f.Msf, tecla::Abajo);
+  EXPECT_EQ(f.Msf.Row, 3);
+}
+
+TEST_F(Teclado, LasFlechasEligenEntreLasOpcionesDelGrupo) {
+  f.OptUno.Value = true;
+  PonerFoco(f.OptUno);
+  entrada::Tecla(f.OptUno, tecla::Abajo);
+  EXPECT_THAT(sucesos.Tomar(), ElementsAre("OptDos.MouseDown", "OptUno.LostFocus",
+                                           "OptDos.GotFocus", "OptDos.Click", "OptDos.MouseUp"));
+  EXPECT_TRUE(f.OptDos.Value);
+  entrada::Tecla(f.OptDos, tecla::Derecha);
+  EXPECT_TRUE(f.OptUno.Value) << "tras la última va la primera";
+  entrada::Tecla(f.OptUno, tecla::Izquierda);
+  EXPECT_EQ(Foco(), &f.OptDos);
+  EXPECT_FALSE(f.OptDentro.Value) << "la de otro panel es de otro grupo";
+}
+
+TEST_F(Teclado, LasFlechasPasanDeLargoUnaOpcionInhabilitada) {
+  f.OptDos.Enabled = false;
+  PonerFoco(f.OptUno);
+  entrada::Tecla(f.OptUno, tecla::Arriba);
+  EXPECT_THAT(sucesos.Tomar(), ElementsAre());
+  EXPECT_EQ(Foco(), &f.OptUno);
+}
+
+TEST_F(Teclado, ElTabuladorPasaPorKeyDown) {
+  Esperar("1");
+  entrada::Tecla(f.TxtA, tecla::Tabulador);
+  EXPECT_THAT(sucesos.Tomar(), ElementsAre("TxtA.KeyDown 9", "TxtA.LostFocus", "TxtB.GotFocus"));
+}
+
+TEST_F(Teclado, KeyDownSeQuedaConElTabulador) {
+  Esperar("1");
+  f.TxtA.KeyDown = [](int& t) { t = 0; };
+  entrada::Tabular(f, true);
+  EXPECT_EQ(Foco(), &f.TxtA);
+  f.TxtA.KeyDown = [this](int&) { f.Btn.SetFocus(); };
+  entrada::Tabular(f, false);
+  EXPECT_EQ(Foco(), &f.Btn) << "o lo lleva él a otro sitio";
+}
+
 }  // namespace

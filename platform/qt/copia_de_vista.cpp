@@ -1,0 +1,77 @@
+#include "qt/copia_de_vista.h"
+
+#include <QBoxLayout>
+#include <QCheckBox>
+#include <QComboBox>
+#include <QGridLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QVariant>
+
+#include "qt/opcion_qt.h"
+
+namespace qt {
+namespace {
+
+template <class V>
+QWidget* Otra(const QWidget& modelo, QWidget* padre) {
+  return dynamic_cast<const V*>(&modelo) ? new V(padre) : nullptr;
+}
+
+QWidget* DelMismoTipo(const QWidget& modelo, QWidget* padre) {
+  using Hacer = QWidget* (*)(const QWidget&, QWidget*);
+  static constexpr Hacer kTipos[] = {&Otra<QLineEdit>, &Otra<QLabel>,      &Otra<QCheckBox>,
+                                     &Otra<OpcionQt>,  &Otra<QPushButton>, &Otra<QComboBox>};
+  for (const Hacer hacer : kTipos) {
+    if (QWidget* otra = hacer(modelo, padre)) return otra;
+  }
+  return nullptr;
+}
+
+/// What the designer gave it, and not what it shows: that is told by its own model.
+void CopiarDiseno(const QWidget& modelo, QWidget& otra) {
+  for (const char* propiedad : {"minimumSize", "maximumSize", "sizePolicy", "alignment", "frame",
+                                "readOnly", "accessibleName", "toolTip"}) {
+    const QVariant valor = modelo.property(propiedad);
+    if (valor.isValid()) otra.setProperty(propiedad, valor);
+  }
+}
+
+/// Whether that layout, or one in it, holds `anterior`, and so took `nueva` too.
+bool Insertar(QLayout* donde, QWidget& anterior, QWidget& nueva) {
+  if (!donde) return false;
+  const int lugar = donde->indexOf(&anterior);
+  if (auto* fila = qobject_cast<QBoxLayout*>(donde); fila && lugar >= 0) {
+    fila->insertWidget(lugar + 1, &nueva);
+    return true;
+  }
+  if (auto* rejilla = qobject_cast<QGridLayout*>(donde); rejilla && lugar >= 0) {
+    int fila = 0;
+    int columna = 0;
+    int filas = 0;
+    int columnas = 0;
+    rejilla->getItemPosition(lugar, &fila, &columna, &filas, &columnas);
+    rejilla->addWidget(&nueva, fila + filas, columna, filas, columnas);
+    return true;
+  }
+  for (int i = 0; i < donde->count(); ++i) {
+    if (Insertar(donde->itemAt(i)->layout(), anterior, nueva)) return true;
+  }
+  return false;
+}
+
+}  // namespace
+
+QWidget* CopiarVista(const QWidget& modelo, QWidget& anterior, const QString& nombre) {
+  QWidget* nueva = DelMismoTipo(modelo, anterior.parentWidget());
+  if (!nueva) return nullptr;
+  nueva->setObjectName(nombre);
+  CopiarDiseno(modelo, *nueva);
+  if (!Insertar(anterior.parentWidget()->layout(), anterior, *nueva)) {
+    nueva->setGeometry(anterior.geometry().translated(0, anterior.height()));
+  }
+  return nueva;
+}
+
+}  // namespace qt

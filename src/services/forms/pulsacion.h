@@ -1,0 +1,22 @@
+#pragma once
+
+#include "forms/widget.h"
+
+// What the mouse does, as part of an event of the user that is already under way.
+
+namespace services {
+
+class MSFlexGrid;
+
+namespace pulsacion {
+
+/// Moves the focus to where the user went; false when it didn't arrive.
+bool LlevarFoco(Widget& widget);
+/// `MouseDown`, the focus, the value and `Click`, `MouseUp`; lost when the focus doesn't arrive.
+void Pulsar(Widget& widget);
+/// Whether the click reached a row.
+bool PulsarCelda(MSFlexGrid& rejilla, int fila, int columna);
+void DoblePulsarCelda(MSFlexGrid& rejilla, int fila, int columna);
+
+}  // namespace pulsacion
+}  // namespace services
