@@ -19,7 +19,8 @@ Trabajo CargarPorElComponente(const apoyo::NegocioDePrueba& negocio) {
   auto datos = negocio.AbrirDatos();
   auto temp = negocio.AbrirTemp();
   apoyo::SesionSinPantalla sesion(services::Ref<services::Conexion>(datos),
-                                  services::Ref<services::Conexion>(temp), apoyo::kMarzo);
+                                  services::Ref<services::Conexion>(temp), apoyo::kMarzo,
+                                  apoyo::kRangoDeMarzo);
   Trabajo trabajo;
   trabajo.Segundos = Segundos([&] { sesion.Cargar(); });
   trabajo.Datos = datos->Cuenta();

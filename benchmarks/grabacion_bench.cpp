@@ -14,7 +14,7 @@ namespace {
 double GrabarPorElComponente(const apoyo::NegocioDePrueba& negocio) {
   apoyo::SesionSinPantalla sesion(services::Ref<services::Conexion>(negocio.AbrirDatos()),
                                   services::Ref<services::Conexion>(negocio.AbrirTemp()),
-                                  apoyo::kMarzo);
+                                  apoyo::kMarzo, apoyo::kRangoDeMarzo);
   sesion.Cargar();
   return Segundos([&] { sesion.Grabar(); });
 }

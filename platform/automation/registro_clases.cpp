@@ -1,11 +1,10 @@
 #include "automation/registro_clases.h"
 
 #include <dlfcn.h>
-#include <unistd.h>
 
 #include <algorithm>
 #include <cstdlib>
-#include <fstream>
+#include <iostream>
 #include <utility>
 
 #include "valores/error.h"
@@ -15,6 +14,12 @@ namespace automation {
 namespace {
 
 using services::ErrorEjecucion;
+using services::ModeloDeHilos;
+
+constexpr std::string_view kHiloUnico = "unico";
+constexpr std::string_view kHiloLibre = "libre";
+/// Of no class.
+constexpr services::GUID kSinGuid{};
 
 [[noreturn]] void Fallar(const std::string& descripcion) {
   throw ErrorEjecucion(services::hr::Fallo, descripcion);
@@ -27,19 +32,62 @@ std::optional<std::filesystem::path> CarpetaDe(const char* variable) {
   return valor;
 }
 
-std::optional<Clase> LeerLinea(std::string_view linea) {
-  const std::size_t primero = linea.find('\t');
-  if (primero == std::string_view::npos) return std::nullopt;
-  const std::size_t segundo = linea.find('\t', primero + 1);
-  if (segundo == std::string_view::npos) return std::nullopt;
-  const std::optional<services::GUID> clsid = LeerGuid(linea.substr(0, primero));
-  if (!clsid) return std::nullopt;
-  return Clase{*clsid, std::string(linea.substr(primero + 1, segundo - primero - 1)),
-               std::string(linea.substr(segundo + 1))};
+using Lineas = std::vector<std::string>;
+
+/// Lines may end as other systems end them, and a mark of the encoding may come before the first.
+Lineas LineasDe(std::string_view texto) {
+  constexpr std::string_view kMarca = "\xEF\xBB\xBF";
+  if (texto.starts_with(kMarca)) texto.remove_prefix(kMarca.size());
+  Lineas lineas;
+  while (!texto.empty()) {
+    const std::size_t fin = std::min(texto.find('\n'), texto.size());
+    std::string_view linea = texto.substr(0, fin);
+    if (linea.ends_with('\r')) linea.remove_suffix(1);
+    lineas.emplace_back(linea);
+    texto.remove_prefix(std::min(fin + 1, texto.size()));
+  }
+  return lineas;
 }
 
-bool CabeEnUnaLinea(std::string_view texto) {
-  return texto.find_first_of("\t\n") == std::string_view::npos;
+std::string TextoDe(const Lineas& lineas) {
+  std::string texto;
+  for (const std::string& linea : lineas) texto.append(linea).push_back('\n');
+  return texto;
+}
+
+std::vector<std::string_view> Columnas(std::string_view linea) {
+  std::vector<std::string_view> columnas;
+  for (std::size_t desde = 0; desde <= linea.size();) {
+    const std::size_t hasta = std::min(linea.find('\t', desde), linea.size());
+    columnas.push_back(linea.substr(desde, hasta - desde));
+    desde = hasta + 1;
+  }
+  return columnas;
+}
+
+std::optional<Clase> LeerLinea(std::string_view linea) {
+  const std::vector<std::string_view> columnas = Columnas(linea);
+  if (columnas.size() < 3) return std::nullopt;
+  const std::optional<services::GUID> clsid = LeerGuid(columnas[0]);
+  if (!clsid || *clsid == kSinGuid) return std::nullopt;
+  const bool libre = columnas.size() > 3 && columnas[3] == kHiloLibre;
+  return Clase{*clsid, std::string(columnas[1]), std::string(columnas[2]),
+               libre ? ModeloDeHilos::Libre : ModeloDeHilos::Unico};
+}
+
+std::string Linea(const Clase& clase) {
+  return TextoDeGuid(clase.Clsid) + '\t' + clase.ProgId + '\t' + clase.Biblioteca + '\t' +
+         std::string(clase.Hilos == ModeloDeHilos::Libre ? kHiloLibre : kHiloUnico);
+}
+
+void Comprobar(const Clase& clase) {
+  const auto cabe = [](std::string_view texto) {
+    return texto.find_first_of("\t\r\n") == std::string_view::npos;
+  };
+  if (!cabe(clase.ProgId) || !cabe(clase.Biblioteca)) {
+    Fallar("Hay un tabulador o un fin de línea en la clase o en la ruta de su biblioteca");
+  }
+  if (clase.Clsid == kSinGuid) Fallar("La clase " + clase.ProgId + " no tiene identificador");
 }
 
 template <class Accion>
@@ -64,18 +112,23 @@ std::filesystem::path FicheroDeClases() {
   return *datos / "tesvara" / "clases.tsv";
 }
 
-Registro::Registro(std::filesystem::path fichero) : fichero_(std::move(fichero)) {}
+Registro::Registro(const std::filesystem::path& fichero)
+    : fichero_(fichero, "la lista de clases") {}
 
 std::vector<Clase> Registro::Clases() const {
-  std::ifstream entrada(fichero_);
   std::vector<Clase> clases;
-  for (std::string linea; std::getline(entrada, linea);) {
+  for (const std::string& linea : LineasDe(fichero_.Leer())) {
     if (std::optional<Clase> clase = LeerLinea(linea)) clases.push_back(std::move(*clase));
   }
   return clases;
 }
 
 std::optional<Clase> Registro::Buscar(std::string_view progId) const {
+  if (fichero_.LoEscribenOtros()) {
+    std::cerr << "Aviso: otros usuarios pueden escribir la lista de clases "
+              << fichero_.Ruta().string()
+              << ", y con ella elegir qué bibliotecas carga este programa\n";
+  }
   for (Clase& clase : Clases()) {
     if (services::MismoTexto(clase.ProgId, progId)) return std::move(clase);
   }
@@ -83,42 +136,37 @@ std::optional<Clase> Registro::Buscar(std::string_view progId) const {
 }
 
 void Registro::Poner(const Clase& clase) const {
-  if (!CabeEnUnaLinea(clase.ProgId) || !CabeEnUnaLinea(clase.Biblioteca)) {
-    Fallar("Hay un tabulador o un fin de línea en la clase o en la ruta de su biblioteca");
-  }
-  std::vector<Clase> clases = Clases();
-  std::erase_if(clases, [&](const Clase& otra) {
-    return otra.Clsid == clase.Clsid || services::MismoTexto(otra.ProgId, clase.ProgId);
+  Comprobar(clase);
+  fichero_.Cambiar([&](const std::string& texto) {
+    Lineas lineas = LineasDe(texto);
+    std::erase_if(lineas, [&](const std::string& linea) {
+      const std::optional<Clase> otra = LeerLinea(linea);
+      return otra &&
+             (otra->Clsid == clase.Clsid || services::MismoTexto(otra->ProgId, clase.ProgId));
+    });
+    lineas.push_back(Linea(clase));
+    return TextoDe(lineas);
   });
-  clases.push_back(clase);
-  Escribir(clases);
 }
 
 void Registro::Quitar(const services::GUID& clsid) const {
-  std::vector<Clase> clases = Clases();
-  if (std::erase_if(clases, [&](const Clase& clase) { return clase.Clsid == clsid; }) == 0) return;
-  Escribir(clases);
-}
-
-void Registro::Escribir(const std::vector<Clase>& clases) const {
-  std::error_code fallo;
-  std::filesystem::create_directories(fichero_.parent_path(), fallo);
-  const std::filesystem::path nuevo = fichero_.string() + "." + std::to_string(getpid());
-  std::ofstream salida(nuevo, std::ios::trunc);
-  for (const Clase& clase : clases) {
-    salida << TextoDeGuid(clase.Clsid) << '\t' << clase.ProgId << '\t' << clase.Biblioteca << '\n';
-  }
-  salida.close();
-  if (salida) std::filesystem::rename(nuevo, fichero_, fallo);
-  if (salida && !fallo) return;
-  std::filesystem::remove(nuevo, fallo);
-  Fallar("No se puede escribir la lista de clases " + fichero_.string());
+  const auto esEsa = [&](const Clase& clase) { return clase.Clsid == clsid; };
+  const std::vector<Clase> clases = Clases();
+  if (std::none_of(clases.begin(), clases.end(), esEsa)) return;
+  fichero_.Cambiar([&](const std::string& texto) {
+    Lineas lineas = LineasDe(texto);
+    std::erase_if(lineas, [&](const std::string& linea) {
+      const std::optional<Clase> clase = LeerLinea(linea);
+      return clase && esEsa(*clase);
+    });
+    return TextoDe(lineas);
+  });
 }
 
 FuncionesDeRegistro CrearRegistro(const std::filesystem::path& biblioteca) {
   return {[biblioteca](const services::ClaseRegistrada& clase) {
             return SinExcepciones([&] {
-              Registro().Poner({clase.Clsid, clase.ProgId, biblioteca.string()});
+              Registro().Poner({clase.Clsid, clase.ProgId, biblioteca.string(), clase.Hilos});
             });
           },
           [](const services::ClaseRegistrada& clase) {

@@ -7,11 +7,14 @@
 #include <string_view>
 #include <vector>
 
+#include "automation/fichero_compartido.h"
 #include "services/automatizacion.h"
 #include "services/plataforma.h"
 
 // The list of classes that in-process servers offer on this account: one text file, a line a class:
-// CLSID, ProgId and the library's path, split by tabs.
+// CLSID, ProgId, the library's path, and `unico` or `libre` for its threads, split by tabs. A line
+// of three columns is `unico`, as is one with another word there. Lines that tell no class, such as
+// comments, stay where they are.
 
 namespace automation {
 
@@ -24,6 +27,7 @@ struct Clase {
   services::GUID Clsid;
   std::string ProgId;
   std::string Biblioteca;
+  services::ModeloDeHilos Hilos = services::ModeloDeHilos::Unico;
 };
 
 /// The file under the user's data folder: `$XDG_DATA_HOME`, or `~/.local/share`. Throws
@@ -31,25 +35,25 @@ struct Clase {
 [[nodiscard]] std::filesystem::path FicheroDeClases();
 
 /// The list as a file holds it. Each operation reads the file anew, since other programs write it.
-/// A file that isn't there is an empty list, and a line that isn't understood is no class.
+/// A file that isn't there is an empty list, and a line that isn't understood is no class. All
+/// throw 0x80004005, with a text that names the file, where it can't be read.
 class Registro {
  public:
-  explicit Registro(std::filesystem::path fichero = FicheroDeClases());
+  explicit Registro(const std::filesystem::path& fichero = FicheroDeClases());
 
   [[nodiscard]] std::vector<Clase> Clases() const;
-  /// Without regard to case.
+  /// Without regard to case. Whoever may write the list chooses what is loaded here: when others
+  /// may, the standard error says so.
   [[nodiscard]] std::optional<Clase> Buscar(std::string_view progId) const;
-  /// Adds a class, in the place of those of the same CLSID or ProgId. A reader sees the list before
-  /// or after, never half of it. Throws 0x80004005 where the file can't be written or a text has a
-  /// tab or a line end in it; the file then is as it was.
+  /// Adds a class, in the place of those of the same CLSID or ProgId; all other lines stay. Throws
+  /// 0x80004005 where the file can't be written, a text has a tab or a line end in it, or the CLSID
+  /// is all zeros; the file then is as it was.
   void Poner(const Clase& clase) const;
   /// Takes a class off the list; nothing when it isn't on it.
   void Quitar(const services::GUID& clsid) const;
 
  private:
-  void Escribir(const std::vector<Clase>& clases) const;
-
-  std::filesystem::path fichero_;
+  FicheroCompartido fichero_;
 };
 
 /// What a library gives its `Plataforma` to be put on the user's list and taken off it. Both answer

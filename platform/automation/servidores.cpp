@@ -3,7 +3,9 @@
 #include <dlfcn.h>
 
 #include <map>
+#include <mutex>
 #include <string>
+#include <thread>
 
 #include "automation/registro_clases.h"
 
@@ -13,19 +15,31 @@ namespace {
 using services::ErrorEjecucion;
 using services::HRESULT;
 
+struct Cargada {
+  void* Biblioteca;
+  std::thread::id Hilo;
+};
+
 /// The libraries loaded here, by their full path.
-std::map<std::string, void*>& Cargadas() {
-  static std::map<std::string, void*> cargadas;
+struct Cargadas {
+  std::recursive_mutex Turno;
+  std::map<std::string, Cargada> PorRuta;
+};
+Cargadas& LasCargadas() {
+  static Cargadas cargadas;
   return cargadas;
 }
 
-void* Cargar(const std::filesystem::path& biblioteca) {
+/// The lock is recursive: a library may load another as it is loaded itself.
+Cargada Cargar(const std::filesystem::path& biblioteca) {
   const std::string ruta = std::filesystem::weakly_canonical(biblioteca).string();
-  void*& cargada = Cargadas()[ruta];
-  if (!cargada) cargada = dlopen(ruta.c_str(), RTLD_NOW | RTLD_LOCAL);
-  if (cargada) return cargada;
+  auto& [turno, porRuta] = LasCargadas();
+  const std::lock_guard mio(turno);
+  if (const auto ya = porRuta.find(ruta); ya != porRuta.end()) return ya->second;
+  if (void* nueva = dlopen(ruta.c_str(), RTLD_NOW | RTLD_LOCAL)) {
+    return porRuta.insert_or_assign(ruta, Cargada{nueva, std::this_thread::get_id()}).first->second;
+  }
   const char* motivo = dlerror();
-  Cargadas().erase(ruta);
   throw ErrorEjecucion(error::SinBiblioteca, "No se puede cargar la biblioteca " + ruta + ": " +
                                                  (motivo ? motivo : "sin motivo conocido"));
 }
@@ -45,6 +59,13 @@ void Exigir(HRESULT resultado, const std::string& que) {
   if (services::hr::Fallido(resultado)) throw ErrorEjecucion(resultado, que);
 }
 
+/// What a call of a library handed out. One that calls null a success is taken for a failure.
+void* Exigir(HRESULT resultado, void* objeto, const std::string& que) {
+  Exigir(resultado, que);
+  if (!objeto) throw ErrorEjecucion(services::hr::PunteroNulo, que);
+  return objeto;
+}
+
 bool SePuedeDescargar(void* biblioteca) {
   void* direccion = dlsym(biblioteca, "DllCanUnloadNow");
   if (!direccion) return true;
@@ -53,26 +74,41 @@ bool SePuedeDescargar(void* biblioteca) {
 }
 
 services::Ref<services::IClassFactory> PedirFabrica(const Clase& clase) {
-  void* biblioteca = Cargar(clase.Biblioteca);
+  const auto [biblioteca, hilo] = Cargar(clase.Biblioteca);
+  if (clase.Hilos == services::ModeloDeHilos::Unico && hilo != std::this_thread::get_id()) {
+    throw ErrorEjecucion(error::OtroHilo, "La clase " + clase.ProgId +
+                                              " sólo se puede usar desde el hilo que cargó su "
+                                              "biblioteca");
+  }
   auto* pedir = Entrada<decltype(services::DllGetClassObject)>(biblioteca, "DllGetClassObject");
   void* fabrica = nullptr;
-  Exigir(pedir(clase.Clsid, services::IClassFactory::IID, &fabrica),
-         "La biblioteca " + clase.Biblioteca + " no ofrece la clase " + clase.ProgId);
-  return services::Ref<services::IClassFactory>::Adoptar(
-      static_cast<services::IClassFactory*>(fabrica));
+  const HRESULT resultado = pedir(clase.Clsid, services::IClassFactory::IID, &fabrica);
+  return services::Ref<services::IClassFactory>::Adoptar(static_cast<services::IClassFactory*>(
+      Exigir(resultado, fabrica,
+             "La biblioteca " + clase.Biblioteca + " no ofrece la clase " + clase.ProgId)));
+}
+
+/// A library tells by a number alone that it couldn't write the list: what is wrong with it is said
+/// here, before it is asked.
+void ComprobarLista() {
+  (void)Registro().Clases();
 }
 
 }  // namespace
 
 void RegistrarBiblioteca(const std::filesystem::path& biblioteca) {
-  auto* registrar =
-      Entrada<decltype(services::DllRegisterServer)>(Cargar(biblioteca), "DllRegisterServer");
-  Exigir(registrar(), "La biblioteca " + biblioteca.string() + " no ha podido registrarse");
+  auto* registrar = Entrada<decltype(services::DllRegisterServer)>(Cargar(biblioteca).Biblioteca,
+                                                                   "DllRegisterServer");
+  ComprobarLista();
+  Exigir(registrar(), "La biblioteca " + biblioteca.string() +
+                          " no ha podido registrarse en la lista de clases " +
+                          FicheroDeClases().string());
 }
 
 void AnularBiblioteca(const std::filesystem::path& biblioteca) {
-  auto* anular =
-      Entrada<decltype(services::DllUnregisterServer)>(Cargar(biblioteca), "DllUnregisterServer");
+  auto* anular = Entrada<decltype(services::DllUnregisterServer)>(Cargar(biblioteca).Biblioteca,
+                                                                  "DllUnregisterServer");
+  ComprobarLista();
   Exigir(anular(), "La biblioteca " + biblioteca.string() + " no ha podido anular su registro");
 }
 
@@ -84,14 +120,16 @@ void* CrearObjeto(std::string_view progId, const services::GUID& interfaz) {
   }
   const auto fabrica = PedirFabrica(*clase);
   void* objeto = nullptr;
-  Exigir(fabrica->CreateInstance(nullptr, interfaz, &objeto),
-         "No se puede crear un objeto de la clase " + clase->ProgId);
-  return objeto;
+  const HRESULT resultado = fabrica->CreateInstance(nullptr, interfaz, &objeto);
+  return Exigir(resultado, objeto, "No se puede crear un objeto de la clase " + clase->ProgId);
 }
 
 std::size_t LiberarBibliotecas() {
-  return std::erase_if(Cargadas(), [](const auto& cargada) {
-    return SePuedeDescargar(cargada.second) && dlclose(cargada.second) == 0;
+  auto& [turno, porRuta] = LasCargadas();
+  const std::lock_guard mio(turno);
+  return std::erase_if(porRuta, [](const auto& cargada) {
+    void* biblioteca = cargada.second.Biblioteca;
+    return SePuedeDescargar(biblioteca) && dlclose(biblioteca) == 0;
   });
 }
 

@@ -26,6 +26,8 @@ class VentanaHeadless final : public services::Ventana {
   void Refrescar() override {}
   void* Nativa() override { return nullptr; }
   void Cambiada(services::Widget&, services::Aspecto) override {}
+  void Anadido(services::Widget&) override {}
+  void Quitado(services::Widget&) override {}
   void CeldaCambiada(services::MSFlexGrid&, int, int) override {}
   void FilasCambiadas(services::MSFlexGrid&) override {}
   void CeldaActual(services::MSFlexGrid&) override {}

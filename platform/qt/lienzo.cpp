@@ -25,12 +25,6 @@ services::Cintilla* BarraDe(const services::Form& form) {
   return nullptr;
 }
 
-/// The repaint of a caret or of a pressed button is no repaint of the screen.
-bool EsDeLaPantalla(const QRect& pintado, const QRect& todo) {
-  const auto area = [](const QRect& r) { return qint64(r.width()) * r.height(); };
-  return 2 * area(pintado) >= area(todo);
-}
-
 }  // namespace
 
 Lienzo::Lienzo(services::Form& form, const std::function<void(QWidget&)>& disponer) : form_(&form) {
@@ -113,15 +107,13 @@ bool Lienzo::eventFilter(QObject* objeto, QEvent* evento) {
 
 void Lienzo::paintEvent(QPaintEvent* evento) {
   QWidget::paintEvent(evento);
-  if (EsDeLaPantalla(evento->rect(), rect())) {
-    Avisar(&services::Form::Form_Paint, pintado_pedido_);
-  }
+  Avisar(&Lienzo::Pintado, pintado_pedido_);
 }
 
 void Lienzo::resizeEvent(QResizeEvent* evento) {
   QWidget::resizeEvent(evento);
   CentrarPaneles();
-  Avisar(&services::Form::Form_Resize, tamano_pedido_);
+  Avisar(&Lienzo::Redimensionado, tamano_pedido_);
 }
 
 /// The handler runs once the toolkit is done: it may show a message, and what it changes would be
@@ -130,13 +122,33 @@ void Lienzo::Avisar(Suceso suceso, bool& pedido) {
   if (pedido || !form_) return;
   pedido = true;
   QTimer::singleShot(0, this, [this, suceso, &pedido] {
-    // Asked for until it is done: the message of one that fails repaints the screen behind it.
+    // Asked for until it is done, and until what was changed meanwhile is painted: what a repaint
+    // brings about, such as the host's own refreshing of the screen, would never end otherwise.
     const QPointer<Lienzo> vivo(this);
     if (services::Form* form = form_; form && form->Visible()) {
-      form->Escritorio().Evento([&] { (form->*suceso)(); });
+      form->Escritorio().Evento([&] { (this->*suceso)(*form); });
     }
+    if (vivo) QCoreApplication::sendPostedEvents(window(), QEvent::UpdateRequest);
     if (vivo) pedido = false;
   });
+}
+
+void Lienzo::Redimensionado(services::Form& form) {
+  form.Form_Resize();
+}
+
+/// A failure is told once until a repaint goes well again: its message, as it comes and goes, has
+/// the screen behind it repainted, and the user would never get past it.
+void Lienzo::Pintado(services::Form& form) {
+  const bool yaDicho = std::exchange(pintado_fallido_, true);
+  const QPointer<Lienzo> vivo(this);
+  try {
+    form.Form_Paint();
+  } catch (...) {
+    if (!yaDicho) throw;
+    return;
+  }
+  if (vivo) pintado_fallido_ = false;
 }
 
 /// Panels marked `centrado` in the design lie over the middle of the screen, out of its layout.

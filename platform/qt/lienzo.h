@@ -59,9 +59,11 @@ class Lienzo final : public QWidget {
   bool focusNextPrevChild(bool siguiente) override;
 
  private:
-  using Suceso = void (services::Form::*)();
+  using Suceso = void (Lienzo::*)(services::Form&);
   void Unir();
   void Avisar(Suceso suceso, bool& pedido);
+  void Redimensionado(services::Form& form);
+  void Pintado(services::Form& form);
   void CentrarPaneles();
   void PonerTitulo();
 
@@ -71,6 +73,7 @@ class Lienzo final : public QWidget {
   Qt::FocusReason motivo_ = Qt::OtherFocusReason;
   int mostrando_ = 0;
   bool pintado_pedido_ = false;
+  bool pintado_fallido_ = false;
   bool tamano_pedido_ = false;
 };
 

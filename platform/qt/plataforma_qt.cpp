@@ -1,9 +1,11 @@
 #include "qt/plataforma_qt.h"
 
+#include <QApplication>
 #include <QDateTime>
-#include <QGuiApplication>
 #include <QPrinterInfo>
 #include <QScreen>
+#include <QThread>
+#include <iostream>
 #include <utility>
 
 #include "forms/form.h"
@@ -16,13 +18,34 @@
 namespace qt {
 namespace {
 
+/// Why no window can be made here, empty where one can. The toolkit itself ends the process.
+std::string SinVentanas() {
+  const auto* aplicacion = qobject_cast<QApplication*>(QCoreApplication::instance());
+  if (!aplicacion) return "El anfitrión no ha creado la aplicación de las ventanas (QApplication)";
+  if (QThread::currentThread() == aplicacion->thread()) return "";
+  return "Se ha llamado desde un hilo que no es el de las ventanas del anfitrión";
+}
+
+void ExigirVentanas() {
+  const std::string motivo = SinVentanas();
+  if (motivo.empty()) return;
+  throw services::ErrorEjecucion(services::error::ObjetoNoEstablecido, motivo);
+}
+
+void DecirError(const services::ErrorEjecucion& fallo) {
+  if (SinVentanas().empty()) return MostrarError(fallo);
+  std::cerr << "Nº Error: " << fallo.Numero() << ": " << fallo.Descripcion() << std::endl;
+}
+
 services::MedidaPantalla MedirPantalla() {
+  ExigirVentanas();
   const QScreen* pantalla = QGuiApplication::primaryScreen();
   const QSize puntos = pantalla ? pantalla->size() : QSize();
   return {puntos.width() * kTwips, puntos.height() * kTwips};
 }
 
 std::vector<std::string> Impresoras() {
+  ExigirVentanas();
   std::vector<std::string> nombres;
   for (const QString& nombre : QPrinterInfo::availablePrinterNames()) {
     nombres.push_back(Utf8(nombre));
@@ -44,6 +67,7 @@ services::FechaHora Ahora() {
 services::Plataforma CrearPlataforma(Disenos disenos) {
   services::Plataforma plataforma;
   plataforma.CrearVentana = [disenos = std::move(disenos)](services::Form& form) {
+    ExigirVentanas();
     const auto diseno = disenos.find(form.Nombre());
     if (diseno == disenos.end()) {
       throw services::ErrorEjecucion(services::error::ObjetoNoEstablecido,
@@ -51,11 +75,15 @@ services::Plataforma CrearPlataforma(Disenos disenos) {
     }
     return std::make_unique<VentanaQt>(form, diseno->second);
   };
-  plataforma.CrearAviso = [] { return std::make_unique<AvisoQt>(); };
+  plataforma.CrearAviso = [] {
+    ExigirVentanas();
+    return std::make_unique<AvisoQt>();
+  };
   plataforma.CrearSelectorConceptos = [](services::Sesion& sesion) {
+    ExigirVentanas();
     return std::make_unique<SelectorConceptosQt>(sesion);
   };
-  plataforma.ErrorNoControlado = &MostrarError;
+  plataforma.ErrorNoControlado = &DecirError;
   plataforma.Ahora = &Ahora;
   plataforma.Pantalla = &MedirPantalla;
   plataforma.Printers = &Impresoras;

@@ -73,6 +73,13 @@ void VentanaQt::Cambiada(services::Widget& widget, services::Aspecto aspecto) {
   if (Vinculo* vinculo = lienzo_->De(widget)) vinculo->Mostrar(aspecto);
 }
 
+void VentanaQt::Anadido(services::Widget&) {}
+
+void VentanaQt::Quitado(services::Widget& widget) {
+  if (!lienzo_) return;
+  if (Vinculo* vinculo = lienzo_->De(widget)) vinculo->Soltar();
+}
+
 void VentanaQt::CeldaCambiada(services::MSFlexGrid& rejilla, int fila, int) {
   if (VinculoRejilla* vinculo = Rejilla(lienzo_, rejilla)) vinculo->AnotarFila(fila);
 }

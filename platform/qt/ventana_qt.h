@@ -27,6 +27,8 @@ class VentanaQt final : public services::Ventana {
   void* Nativa() override;
 
   void Cambiada(services::Widget& widget, services::Aspecto aspecto) override;
+  void Anadido(services::Widget& widget) override;
+  void Quitado(services::Widget& widget) override;
   void CeldaCambiada(services::MSFlexGrid& rejilla, int fila, int columna) override;
   void FilasCambiadas(services::MSFlexGrid& rejilla) override;
   void CeldaActual(services::MSFlexGrid& rejilla) override;

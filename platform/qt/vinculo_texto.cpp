@@ -40,7 +40,8 @@ void VinculoTexto::MostrarTexto() {
   const int hasta = Unidades(texto, Modelo().SelStart + Modelo().SelLength);
   if (desde == hasta) {
     if (Vista().hasSelectedText()) Vista().deselect();
-    Vista().setCursorPosition(desde);
+    // Placed anew, the caret would end what an input method is composing.
+    if (Vista().cursorPosition() != desde) Vista().setCursorPosition(desde);
   } else if (Vista().selectionStart() != desde || Vista().selectionEnd() != hasta) {
     Vista().setSelection(desde, hasta - desde);
   }

@@ -3,6 +3,7 @@
 #include <QMouseEvent>
 #include <QShortcut>
 #include <algorithm>
+#include <cmath>
 
 #include "forms/entrada.h"
 #include "qt/lienzo.h"
@@ -55,12 +56,15 @@ void VinculoImagen::MostrarPropio(Aspecto aspecto) {
   if (aspecto == Aspecto::Picture) Vista().PonerDibujo(Texto(Modelo().Picture()));
 }
 
+/// The bounds are any numbers; the bar on the screen goes in thousandths of the way.
 void VinculoProgreso::MostrarPropio(Aspecto aspecto) {
-  if (aspecto == Aspecto::Min || aspecto == Aspecto::Max) {
-    Vista().setRange(Modelo().Min, std::max(Modelo().Min(), Modelo().Max()));
-  }
+  constexpr int kTodo = 1000;
+  if (aspecto != Aspecto::Min && aspecto != Aspecto::Max && aspecto != Aspecto::Value) return;
+  const double camino = Modelo().Max - Modelo().Min;
+  const double hecho = camino > 0 ? (Modelo().Value - Modelo().Min) / camino : 0;
+  Vista().setRange(0, kTodo);
+  Vista().setValue(static_cast<int>(std::lround(std::clamp(hecho, 0.0, 1.0) * kTodo)));
   if (aspecto != Aspecto::Value) return;
-  Vista().setValue(Modelo().Value);
   // The work that it tells of goes on without coming back to the toolkit.
   if (Vista().isVisible()) Vista().parentWidget()->repaint();
 }

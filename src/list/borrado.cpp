@@ -1,9 +1,6 @@
 #include "list/borrado.h"
 
 #include "datos/recordset.h"
-#include "list/color_lista.h"
-#include "valores/formato.h"
-#include "valores/numero.h"
 
 namespace list {
 namespace {
@@ -14,10 +11,10 @@ namespace mensaje = services::mensaje;
 
 }  // namespace
 
-Borrado::Borrado(services::Form& form, const services::Diseno& diseno, services::Sesion& sesion,
-                 RejillaPagos& rejilla, EdicionPagado& edicion, ListaPagos& lista,
-                 const services::Widget& PicNuevo)
-    : BotonBorrar(form, "BotonBorrar", "Borrar", diseno),
+Borrado::Borrado(services::PictureBox& panel, const services::Diseno& diseno,
+                 services::Sesion& sesion, RejillaPagos& rejilla, EdicionPagado& edicion,
+                 ListaPagos& lista, const services::Widget& PicNuevo)
+    : BotonBorrar(panel, "BotonBorrar", "Borrar", diseno),
       sesion_(sesion),
       rejilla_(rejilla),
       edicion_(edicion),
@@ -26,16 +23,8 @@ Borrado::Borrado(services::Form& form, const services::Diseno& diseno, services:
   BotonBorrar.Click = [this] { BotonBorrar_Click(); };
 }
 
-const std::string& Borrado::Celda(int columna) const {
-  return rejilla_.MSFPagos.TextMatrix(rejilla_.MSFPagos.Row, columna);
-}
-
-Borrado::Linea Borrado::LineaActual() const {
-  return {
-      .NFactura = Celda(columna::NFactura),
-      .NConcepto = Celda(columna::NConcepto),
-      .Anio = Celda(columna::Anio),
-      .FechaVto = sesion_.Utiles().ConvertirFecha(Celda(lista_.OrdenElegido().Fecha), 2, "D", "R")};
+Linea Borrado::LineaActual() const {
+  return rejilla_.LineaDe(rejilla_.MSFPagos.Row);
 }
 
 void Borrado::Ejecutar(const std::string& sentencia) {
@@ -47,8 +36,9 @@ void Borrado::BotonBorrar_Click() {
   if (PicNuevo_.Visible) return;
   edicion_.CerrarEdicionPago();
   // After a list that couldn't be built only the header is left.
-  if (rejilla_.MSFPagos.Row == 0 || Celda(0).empty()) return;
-  rejilla_.EsPagable(rejilla_.MSFPagos.Row) ? BorrarDeFactura() : BorrarDePrevision();
+  const int fila = rejilla_.MSFPagos.Row;
+  if (fila == 0 || rejilla_.MSFPagos.TextMatrix(fila, 0).empty()) return;
+  rejilla_.EsPagable(fila) ? BorrarDeFactura() : BorrarDePrevision();
 }
 
 void Borrado::BorrarDeFactura() {
@@ -61,17 +51,17 @@ void Borrado::BorrarDeFactura() {
     lista_.CargarGrip();
   } else if (respuesta == mensaje::No) {
     BorrarVencimiento(linea);
-    QuitarFila();
+    rejilla_.QuitarFila(rejilla_.MSFPagos.Row);
   }
 }
 
 void Borrado::BorrarVencimiento(const Linea& linea) {
-  const bool porFecha = lista_.OptFecha.Value;
+  const bool porFecha = rejilla_.OrdenActual() == PorFecha;
   Ejecutar(
       "DELETE TempProvVencimientos.* FROM TempProvVencimientos WHERE "
       "Trim(TempProvVencimientos.NFactura) like '" +
       linea.NFactura + "'And TempProvVencimientos.NConcepto like '" + linea.NConcepto +
-      "' And TempProvVencimientos.FechaVto like '" + linea.FechaVto +
+      "' And TempProvVencimientos.FechaVto like '" + sesion_.Utiles().Almacenada(linea.FechaVto) +
       (porFecha ? "'And TempProvVencimientos.Año like '" : "'and TempProvVencimientos.Año like '") +
       linea.Anio + (porFecha ? "'" : "' "));
 
@@ -137,12 +127,12 @@ void Borrado::BorrarDePrevision() {
     lista_.CargarGrip();
   } else if (respuesta == mensaje::No) {
     AnotarOcurrencia(LineaActual());
-    QuitarFila();
+    rejilla_.QuitarFila(rejilla_.MSFPagos.Row);
   }
 }
 
 void Borrado::BorrarPrevision() {
-  const std::string concepto = Celda(columna::NConcepto);
+  const std::string concepto = LineaActual().NConcepto;
   Ejecutar(
       "DELETE TempProvPrevisionPagos.* FROM TempProvPrevisionPagos WHERE "
       "TempProvPrevisionPagos.NConcepto like '" +
@@ -157,40 +147,10 @@ void Borrado::AnotarOcurrencia(const Linea& linea) {
   borradas.Open("SELECT TempTesvaraBorrar.* FROM TempTesvaraBorrar", sesion_.CnTemp(),
                 ModoApertura::Optimista);
   borradas.AddNew();
-  borradas.Collect("FechaVto") = linea.FechaVto;
+  borradas.Collect("FechaVto") = sesion_.Utiles().Almacenada(linea.FechaVto);
   borradas.Collect("NConcepto") = linea.NConcepto;
-  borradas.Collect("Importe") = Celda(columna::Importe);
+  borradas.Collect("Importe") = rejilla_.ReciboDe(rejilla_.MSFPagos.Row).Importe;
   borradas.Update();
-}
-
-/// Takes the current row out without a rebuild, which keeps the order and what is on sight.
-void Borrado::QuitarFila() {
-  services::MSFlexGrid& grid = rejilla_.MSFPagos;
-  const int fila = grid.Row;
-  const double importe = rejilla_.ImporteDe(fila, columna::Importe);
-  rejilla_.TotalPendiente -= importe - rejilla_.ImporteDe(fila, columna::Pagado);
-  rejilla_.MostrarPendiente();
-  rejilla_.TxtTotal.Text = services::Mascara(services::Numero(rejilla_.TxtTotal.Text) - importe);
-
-  grid.RemoveItem(fila);
-  const int ultima = grid.FondoDe(grid.Rows - 1, 0);
-  const bool seIntercambia = fila < grid.Rows;
-  rejilla_.GridOcupado = true;
-  grid.AddItem("");
-  // The new row takes the colour that the swap below turns into the stripe after the last one.
-  rejilla_.PintarFila(seIntercambia ? color::OtraFranja(ultima) : ultima, color::TextoPrevision);
-  Repintar(fila);
-  rejilla_.GridOcupado = false;
-}
-
-void Borrado::Repintar(int desde) {
-  services::MSFlexGrid& grid = rejilla_.MSFPagos;
-  for (int fila = desde; fila < grid.Rows; ++fila) {
-    grid.Row = fila;
-    rejilla_.PintarFila(color::OtraFranja(grid.CellBackColor),
-                        rejilla_.EsPagable(fila) ? color::Texto : color::TextoPrevision, "", "",
-                        true);
-  }
 }
 
 }  // namespace list

@@ -14,7 +14,7 @@ namespace list {
 /// of a forecast, or the whole forecast. It works on the working tables alone.
 class Borrado {
  public:
-  Borrado(services::Form& form, const services::Diseno& diseno, services::Sesion& sesion,
+  Borrado(services::PictureBox& panel, const services::Diseno& diseno, services::Sesion& sesion,
           RejillaPagos& rejilla, EdicionPagado& edicion, ListaPagos& lista,
           const services::Widget& PicNuevo);
 
@@ -25,14 +25,6 @@ class Borrado {
   void BorrarPrevision();
 
  private:
-  /// What the current row says of itself.
-  struct Linea {
-    std::string NFactura;
-    std::string NConcepto;
-    std::string Anio;
-    std::string FechaVto;  ///< stored form
-  };
-
   void BotonBorrar_Click();
   void BorrarDeFactura();
   void BorrarDePrevision();
@@ -41,11 +33,8 @@ class Borrado {
   void BorrarCabecera(const Linea& linea);
   void SoltarCaja(const Linea& linea, const char* columnaFactura);
   void AnotarOcurrencia(const Linea& linea);
-  void QuitarFila();
-  void Repintar(int desde);
 
   [[nodiscard]] Linea LineaActual() const;
-  [[nodiscard]] const std::string& Celda(int columna) const;
   void Ejecutar(const std::string& sentencia);
 
   services::Sesion& sesion_;

@@ -1,58 +1,25 @@
 #include "list/edicion_pagado.h"
 
 #include "forms/entrada.h"
-#include "list/color_lista.h"
+#include "list/editor_en_celda.h"
+#include "list/guarda.h"
+#include "services/largos.h"
 #include "valores/formato.h"
-#include "valores/numero.h"
 
 namespace list {
-namespace {
 
-using services::Mascara;
-using services::Valor;
 namespace tecla = services::tecla;
 
-/// The number that a typed amount gives once it is rounded by its mask; throws 13 where it is none.
-double Redondeado(const std::string& texto) {
-  return services::Numero(Mascara(Valor("0" + texto)));
-}
-
-/// A typed amount under its mask: empty stays empty, and a lone comma is as good as a zero.
-std::string Enmascarado(const std::string& texto) {
-  return texto.empty() || services::EsNumero(texto) ? Mascara(Valor(texto))
-                                                    : Mascara(Redondeado(texto));
-}
-
-/// Sets a guard for as long as it lives.
-class Mientras {
- public:
-  explicit Mientras(bool& guarda) : guarda_(guarda) { guarda_ = true; }
-  ~Mientras() { guarda_ = false; }
-  Mientras(const Mientras&) = delete;
-  Mientras& operator=(const Mientras&) = delete;
-
- private:
-  bool& guarda_;
-};
-
-}  // namespace
-
-EdicionPagado::EdicionPagado(services::Form& form, services::PictureBox& panel,
-                             services::Sesion& sesion, RejillaPagos& rejilla,
-                             const services::Widget& PicNuevo,
+EdicionPagado::EdicionPagado(services::PictureBox& panel, services::Sesion& sesion,
+                             RejillaPagos& rejilla, const services::Widget& PicNuevo,
                              const services::Widget& BotonModificar)
-    : TxtMsf(form, "TxtMsf",
-             {.Width = 1600,
-              .Height = 340,
-              .Contenedor = &panel,
-              .Visible = false,
-              .FontSize = 10,
-              .FontBold = true}),
+    : TxtMsf(panel, "TxtMsf", services::Diseno{0, 0, 1600, 340}.Cuerpo(10).Negrita().Oculto()),
       sesion_(sesion),
       rejilla_(rejilla),
       MSFPagos_(rejilla.MSFPagos),
       PicNuevo_(PicNuevo),
       BotonModificar_(BotonModificar) {
+  TxtMsf.MaxLength = services::largo::Importe;
   const auto salvoConPanel = [this](void (EdicionPagado::*evento)()) {
     return [this, evento] {
       if (!PicNuevo_.Visible) (this->*evento)();
@@ -81,24 +48,14 @@ void EdicionPagado::MSFPagos_Click() {
 
 void EdicionPagado::PagarEntera(int fila) {
   TxtMsf.Visible = false;
-  MSFPagos_.CellPicture = rejilla_.ImgCheck.Picture();
-  rejilla_.TotalPendiente +=
-      rejilla_.ImporteDe(fila, columna::Pagado) - rejilla_.ImporteDe(fila, columna::Importe);
-  MSFPagos_.TextMatrix(fila, columna::Pagado, MSFPagos_.TextMatrix(fila, columna::Importe));
-  rejilla_.MostrarPendiente();
+  const Recibo recibo = rejilla_.ReciboDe(fila);
+  rejilla_.Anotar(fila, Entrar(recibo, recibo.Importe));
   TxtMsf.Text = "";
 }
 
 void EdicionPagado::QuitarPago(int fila) {
   Ocultar();
-  MSFPagos_.CellPicture = "";
-  // A part payment that was stored before comes back; a full one goes.
-  const std::string& antes = rejilla_.MsfPagos2.TextMatrix(fila, columna::Pagado);
-  const bool entera = antes == rejilla_.MsfPagos2.TextMatrix(fila, columna::Importe);
-  MSFPagos_.TextMatrix(fila, columna::Pagado, antes.empty() || entera ? "0,00" : antes);
-  rejilla_.TotalPendiente +=
-      rejilla_.ImporteDe(fila, columna::Importe) - rejilla_.ImporteDe(fila, columna::Pagado);
-  rejilla_.MostrarPendiente();
+  rejilla_.Anotar(fila, Devolver(rejilla_.ReciboDe(fila), rejilla_.ReciboAntes(fila)));
 }
 
 void EdicionPagado::MSFPagos_DblClick() {
@@ -131,85 +88,48 @@ void EdicionPagado::ElegirFila() {
     AbrirEdicionPagado();
     TxtMsf.SeleccionarTodo();
   }
-  {
-    const Mientras ocupado(rejilla_.GridOcupado);
-    const int columna = MSFPagos_.Col;
-    rejilla_.PintarFila(color::FondoElegida, color::TextoElegida, "", "", true);
-    MSFPagos_.Col = columna;
-  }
+  rejilla_.PintarElegida(MSFPagos_.Row);
   rejilla_.FilaElegida = true;
 }
 
 void EdicionPagado::ComprometerImporte() {
   const int fila = MSFPagos_.Row;
-  const std::string tecleado = TxtMsf.Text;
-  if (rejilla_.ImporteDe(fila, columna::Importe) == Redondeado(tecleado)) {
-    MSFPagos_.CellPicture = rejilla_.ImgCheck.Picture();
-    rejilla_.TotalPendiente +=
-        rejilla_.ImporteDe(fila, columna::Pagado) - rejilla_.ImporteDe(fila, columna::Importe);
-    MSFPagos_.TextMatrix(fila, columna::Pagado, MSFPagos_.TextMatrix(fila, columna::Importe));
-  } else {
-    MSFPagos_.CellPicture = "";
-    rejilla_.TotalPendiente += rejilla_.ImporteDe(fila, columna::Pagado);
-    const std::string pagado = Enmascarado(tecleado);
-    MSFPagos_.TextMatrix(fila, columna::Pagado, pagado.empty() ? "0" : pagado);
-    rejilla_.TotalPendiente -= rejilla_.ImporteDe(fila, columna::Pagado);
-  }
-  rejilla_.MostrarPendiente();
+  rejilla_.Anotar(fila, Entrar(rejilla_.ReciboDe(fila), TxtMsf.Text));
 }
 
 void EdicionPagado::MoverAMarca() {
-  // What is no amount has to fail before anything moves, or the next try would find another cell.
-  static_cast<void>(Redondeado(TxtMsf.Text));
   const Mientras moviendo(rejilla_.MoviendoColumna);
   MSFPagos_.Col = columna::Marca;
 }
 
-void EdicionPagado::MSFPagos_LeaveCell() {
-  if (rejilla_.GridOcupado || rejilla_.MoviendoColumna) return;
-  static_cast<void>(Redondeado(TxtMsf.Text));
-  DespintarFila();
-  if (TxtMsf.Text->empty()) return;
-  const int fila = MSFPagos_.Row;
-  if (rejilla_.EsPagable(fila) && MSFPagos_.Col != columna::Marca) MoverAMarca();
-  if (MSFPagos_.Col == columna::Pagado && TxtMsf.Visible && !SuperaElRecibo(fila)) {
-    MSFPagos_.TextMatrix(fila, columna::Pagado, Enmascarado(TxtMsf.Text));
-  }
+void EdicionPagado::ExigirImporte() const {
+  static_cast<void>(Entrar({}, TxtMsf.Text));
 }
 
-/// The stripe is taken from the row above, which is never the current one.
-void EdicionPagado::DespintarFila() {
-  const Mientras ocupado(rejilla_.GridOcupado);
+void EdicionPagado::MSFPagos_LeaveCell() {
+  if (rejilla_.GridOcupado || rejilla_.MoviendoColumna) return;
+  ExigirImporte();
   const int fila = MSFPagos_.Row;
-  const int columna = MSFPagos_.Col;
-  int fondo = color::FranjaA;
-  if (fila > 1) {
-    MSFPagos_.Row = fila - 1;
-    fondo = color::OtraFranja(MSFPagos_.CellBackColor);
-    MSFPagos_.Row = fila;
-  }
-  rejilla_.PintarFila(fondo, rejilla_.EsPagable(fila) ? color::Texto : color::TextoPrevision, "",
-                      "", true);
-  MSFPagos_.Col = columna;
+  rejilla_.PintarFranja(fila);
+  if (TxtMsf.Text->empty()) return;
+  // What is typed is taken in from the column of the mark, whichever cell is being left.
+  if (rejilla_.EsPagable(fila) && MSFPagos_.Col != columna::Marca) MoverAMarca();
 }
 
 void EdicionPagado::CerrarEdicionPago() {
   if (!TxtMsf.Visible) return;
+  ExigirImporte();
   MoverAMarca();
-  MSFPagos_.TextMatrix(MSFPagos_.Row, columna::Pagado, Mascara(Valor("0" + TxtMsf.Text)));
+  // An amount that was erased reads as "0,00" from here on.
+  const int fila = MSFPagos_.Row;
+  rejilla_.Anotar(fila, Entrar(rejilla_.ReciboDe(fila), "0" + TxtMsf.Text));
   Ocultar();
   MSFPagos_.Col = columna::Pagado;
 }
 
 void EdicionPagado::AbrirEdicionPagado() {
   if (!EnPagadoDePagable()) return Ocultar();
-  TxtMsf.Text = MSFPagos_.Text();
-  TxtMsf.Top = MSFPagos_.Top + MSFPagos_.CellTop() - 20;
-  TxtMsf.Left = MSFPagos_.Left + MSFPagos_.CellLeft() - (sesion_.PantallaDeReferencia() ? 10 : 20);
-  TxtMsf.Width = MSFPagos_.CellWidth() + 30;
-  TxtMsf.Height = MSFPagos_.CellHeight() + 30;
-  TxtMsf.Visible = true;
-  TxtMsf.SetFocus();
+  AbrirSobreCelda(TxtMsf, MSFPagos_, sesion_.PantallaDeReferencia() ? 10 : 20);
 }
 
 void EdicionPagado::ActivarEdicionPagado(int) {
@@ -269,17 +189,15 @@ bool EdicionPagado::TieneFacturaYFecha(int fila) const {
 }
 
 bool EdicionPagado::SuperaElRecibo(int fila) const {
-  return services::Importe(TxtMsf.Text) > rejilla_.ImporteDe(fila, columna::Importe);
+  return Supera(rejilla_.ReciboDe(fila), TxtMsf.Text);
 }
 
 void EdicionPagado::AvisarQueSupera() {
-  sesion_.Aviso().Mostrar("El Importe Pagado no Puede ser mayor que el importe del recibo",
-                          services::mensaje::Alto, "Atención");
+  sesion_.Aviso().Rechazar("El Importe Pagado no Puede ser mayor que el importe del recibo");
 }
 
 void EdicionPagado::Ocultar() {
-  TxtMsf.Text = "";
-  TxtMsf.Visible = false;
+  Cerrar(TxtMsf);
 }
 
 }  // namespace list

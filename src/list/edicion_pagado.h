@@ -18,9 +18,8 @@ class EdicionPagado {
  public:
   /// All events do nothing while `PicNuevo` is visible. `BotonModificar` is clicked for a forecast
   /// line that is double clicked.
-  EdicionPagado(services::Form& form, services::PictureBox& panel, services::Sesion& sesion,
-                RejillaPagos& rejilla, const services::Widget& PicNuevo,
-                const services::Widget& BotonModificar);
+  EdicionPagado(services::PictureBox& panel, services::Sesion& sesion, RejillaPagos& rejilla,
+                const services::Widget& PicNuevo, const services::Widget& BotonModificar);
 
   services::TextBox TxtMsf;
 
@@ -46,9 +45,10 @@ class EdicionPagado {
   void PagarEntera(int fila);
   void QuitarPago(int fila);
   void ElegirFila();
-  void DespintarFila();
   void ComprometerImporte();
   void MoverAMarca();
+  /// What is no amount has to fail before anything moves, or the next try would find another cell.
+  void ExigirImporte() const;
   void PasarALaSiguiente();
   /// `direccion` is "Arr" or "Aba".
   void MoverFilaPago(std::string_view direccion);

@@ -9,6 +9,7 @@
 namespace list {
 namespace {
 
+using services::Diseno;
 using services::Mascara;
 using services::ModoApertura;
 using services::Recordset;
@@ -26,39 +27,20 @@ bool EsVerdadero(const Valor& valor) {
   return !valor.EsNulo() && valor.Logico();
 }
 
+/// Null counts 0.
+int EnteroDe(const Valor& valor) {
+  return valor.EsNulo() ? 0 : static_cast<int>(valor.Numero());
+}
+
 }  // namespace
 
-ListaPagos::ListaPagos(services::Form& form, services::PictureBox& panel, services::Sesion& sesion,
-                       RejillaPagos& rejilla, EdicionPagado& edicion,
-                       const store::RangoFechas& rango)
-    : OptFecha(form, "OptFecha", "Por Fecha Vencimiento",
-               {.Left = 6400,
-                .Top = 200,
-                .Width = 2300,
-                .Height = 285,
-                .TabIndex = 2,
-                .Contenedor = &panel}),
-      OptConcepto(form, "OptConcepto", "Por Concepto",
-                  {.Left = 8800,
-                   .Top = 200,
-                   .Width = 1600,
-                   .Height = 285,
-                   .TabIndex = 3,
-                   .Contenedor = &panel}),
-      ChkPagados(form, "ChkPagados", "Ver Pagados",
-                 {.Left = 10700,
-                  .Top = 200,
-                  .Width = 1600,
-                  .Height = 285,
-                  .TabIndex = 4,
-                  .Contenedor = &panel}),
-      ChkPrevisiones(form, "ChkPrevisiones", "Ver Previsiones",
-                     {.Left = 12500,
-                      .Top = 200,
-                      .Width = 1900,
-                      .Height = 285,
-                      .TabIndex = 5,
-                      .Contenedor = &panel}),
+ListaPagos::ListaPagos(services::PictureBox& panel, services::Sesion& sesion, RejillaPagos& rejilla,
+                       EdicionPagado& edicion, const RangoFechas& rango)
+    : OptFecha(panel, "OptFecha", "Por Fecha Vencimiento", Diseno{6400, 200, 2300, 285}.Tab(2)),
+      OptConcepto(panel, "OptConcepto", "Por Concepto", Diseno{8800, 200, 1600, 285}.Tab(3)),
+      ChkPagados(panel, "ChkPagados", "Ver Pagados", Diseno{10700, 200, 1600, 285}.Tab(4)),
+      ChkPrevisiones(panel, "ChkPrevisiones", "Ver Previsiones",
+                     Diseno{12500, 200, 1900, 285}.Tab(5)),
       sesion_(sesion),
       rejilla_(rejilla),
       edicion_(edicion),
@@ -78,43 +60,46 @@ void ListaPagos::VerTodo() {
 }
 
 void ListaPagos::OptFecha_Click() {
-  if (OptFecha.Value) ReordenarPor(PorFecha, OptFecha);
+  if (OptFecha.Value) ReordenarPor(PorFecha);
 }
 
 void ListaPagos::OptConcepto_Click() {
-  if (OptConcepto.Value) ReordenarPor(PorConcepto, OptConcepto);
+  if (OptConcepto.Value) ReordenarPor(PorConcepto);
 }
 
-void ListaPagos::ReordenarPor(const Orden& orden, services::OptionButton& elegido) {
-  try {
-    edicion_.CerrarEdicionPago();
-  } catch (...) {
-    // A typed amount that is none keeps the list as it is, and so the chosen order too: payments
-    // are looked up by the date in its column.
-    if (enUso_ && enUso_ != &elegido) {
-      elegido.Value = false;
-      enUso_->Value.PonerEnSilencio(true);
-      enUso_->Widget::Cambiada(services::Aspecto::Value);
-    }
-    throw;
-  }
-  enUso_ = &elegido;
+void ListaPagos::ReordenarPor(const Orden& orden) {
+  // Payments are looked up by the date in its column, so the order that shows is that of the rows.
+  CerrarEdicion([this] {
+    const bool porFecha = rejilla_.OrdenActual() == PorFecha;
+    OptFecha.Value.PonerEnSilencio(porFecha);
+    OptConcepto.Value.PonerEnSilencio(!porFecha);
+  });
   rejilla_.MSFPagos.CellFontSize = 12;
   rejilla_.MSFPagos.CellFontBold = true;
   rejilla_.PonerOrden(orden);
   CargarGrip();
 }
 
-void ListaPagos::Chk_Click(const services::CheckBox& filtro) {
-  if (filtro.Tag->empty()) CargarGrip();
+void ListaPagos::Chk_Click(services::CheckBox& filtro) {
+  if (!filtro.Tag->empty()) return;
+  CerrarEdicion([&filtro] { filtro.Value.PonerEnSilencio(!filtro.Value); });
+  CargarGrip();
+}
+
+void ListaPagos::CerrarEdicion(const std::function<void()>& deshacer) {
+  try {
+    edicion_.CerrarEdicionPago();
+  } catch (...) {
+    deshacer();
+    throw;
+  }
 }
 
 void ListaPagos::CargarGrip() {
   // Its cell is about to go.
   edicion_.Ocultar();
-  rejilla_.MSFPagos.Rows = 1;
+  rejilla_.Vaciar();
   rejilla_.GridOcupado = true;
-  rejilla_.TotalPendiente = 0;
   {
     Recordset lista;
     lista.Open("DELETE TempTesvara.* FROM TempTesvara", sesion_.CnTemp(), ModoApertura::Optimista);
@@ -124,8 +109,9 @@ void ListaPagos::CargarGrip() {
   }
   MostrarLineas();
   Rellenar();
-  Totalizar();
-  rejilla_.AjustarAnchos(OrdenElegido());
+  rejilla_.MSFPagos.MoverA(rejilla_.MSFPagos.Rows - 1, rejilla_.MSFPagos.Cols() - 1);
+  rejilla_.Totalizar();
+  rejilla_.AjustarAnchos();
   rejilla_.GridOcupado = false;
 }
 
@@ -159,8 +145,8 @@ void ListaPagos::ReunirPrevisiones() {
 void ListaPagos::ExpandirPrevision(Recordset& prevision) {
   const Recurrencia recurrencia{
       .Fecha1Vto = prevision.Collect("Fecha1Vto").Texto(),
-      .Cada = static_cast<int>(prevision.Collect("Cada").Numero()),
-      .Tipo = static_cast<int>(prevision.Collect("Tipo").Numero()),
+      .Cada = EnteroDe(prevision.Collect("Cada")),
+      .Tipo = EnteroDe(prevision.Collect("Tipo")),
   };
   const std::string concepto = prevision.Collect("NConcepto").Texto();
   Recordset borradas;
@@ -171,7 +157,7 @@ void ListaPagos::ExpandirPrevision(Recordset& prevision) {
   Recordset lista;
   lista.Open(kListaParaEscribir, sesion_.CnTemp(), ModoApertura::Optimista);
 
-  RecorrerPrevision(recurrencia, rango_.Desde(), rango_.Hasta(), sesion_.Utiles(),
+  RecorrerPrevision(recurrencia, rango_.Intervalo(), sesion_.Utiles(),
                     [&](const std::string& fecha) {
                       borradas.Filter("FechaVto = '" + fecha + "'");
                       if (!borradas.Eof()) return true;
@@ -192,13 +178,7 @@ bool ListaPagos::Escribir(Recordset& lista, const char* siNoCabe) {
     lista.Update();
     return true;
   } catch (const services::ErrorEjecucion& fallo) {
-    if (fallo.Numero() == services::error::RepetidoONoCabe) {
-      sesion_.Aviso().Mostrar(siNoCabe, services::mensaje::Alto, "Error");
-    } else {
-      sesion_.Aviso().Mostrar(
-          "Nº Error:" + std::to_string(fallo.Numero()) + "\n" + fallo.Descripcion(),
-          services::mensaje::Alto, "");
-    }
+    sesion_.Aviso().FalloAlEscribir(fallo, siNoCabe);
     lista.CancelUpdate();
     return false;
   }
@@ -206,12 +186,11 @@ bool ListaPagos::Escribir(Recordset& lista, const char* siNoCabe) {
 
 void ListaPagos::MostrarLineas() {
   Recordset linea;
-  linea.Open(OptFecha.Value ? kPorFecha : kPorConcepto, sesion_.CnTemp(), ModoApertura::Lectura);
+  linea.Open(rejilla_.OrdenActual() == PorFecha ? kPorFecha : kPorConcepto, sesion_.CnTemp(),
+             ModoApertura::Lectura);
   FilaAlterna_ = true;
-  int fila = 1;
   for (; !linea.Eof(); linea.MoveNext()) {
-    if (!SeMuestra(linea.Collect("Importe"), linea.Collect("Pagado"))) continue;
-    MostrarLinea(linea, fila++);
+    if (SeMuestra(linea.Collect("Importe"), linea.Collect("Pagado"))) MostrarLinea(linea);
   }
 }
 
@@ -222,61 +201,35 @@ bool ListaPagos::SeMuestra(const Valor& importe, const Valor& pagado) const {
   return !pagado.Texto().empty() && Mascara(pagado) != Mascara(importe);
 }
 
-void ListaPagos::MostrarLinea(Recordset& linea, int fila) {
-  const std::string fecha =
-      sesion_.Utiles().ConvertirFecha(linea.Collect("FechaVto").Texto(), 1, "R", "D");
-  const std::string concepto = linea.Collect("Concepto").Texto();
+void ListaPagos::MostrarLinea(Recordset& linea) {
   const Valor importe = linea.Collect("Importe");
   const Valor pagado = linea.Collect("Pagado");
   const bool prevision = EsVerdadero(linea.Collect("Prevision"));
 
-  const bool porFecha = OptFecha.Value;
-  services::MSFlexGrid& grid = rejilla_.MSFPagos;
-  grid.AddItem((porFecha ? fecha : concepto) + "\t" + (porFecha ? concepto : fecha) + "\t" +
-               linea.Collect("NFactura").Texto() + "\t" + Mascara(importe) + "\t" +
-               Mascara(pagado) + "\t\t\t" + linea.Collect("Año").Texto());
+  std::vector<std::string> celdas(columna::Cuantas);
+  const auto celda = [&](int c) -> std::string& { return celdas[static_cast<std::size_t>(c)]; };
+  celda(rejilla_.OrdenActual().Fecha) =
+      sesion_.Utiles().Mostrada(linea.Collect("FechaVto").Texto());
+  celda(rejilla_.OrdenActual().Concepto) = linea.Collect("Concepto").Texto();
+  celda(columna::NFactura) = linea.Collect("NFactura").Texto();
+  celda(columna::Importe) = Mascara(importe);
+  celda(columna::Pagado) = Mascara(pagado);
+  celda(columna::NConcepto) = linea.Collect("NConcepto").Texto();
+  celda(columna::Anio) = linea.Collect("Año").Texto();
+  AnadirFila(std::move(celdas), prevision ? color::TextoPrevision : color::Texto);
   if (services::Igual(importe, pagado).value_or(false) && !prevision) {
-    grid.Row = fila;
-    grid.Col = columna::Marca;
-    grid.CellPicture = rejilla_.ImgCheck.Picture();
+    rejilla_.MSFPagos.PonerImagen(rejilla_.MSFPagos.Rows - 1, columna::Marca,
+                                  rejilla_.ImgCheck.Picture);
   }
-  grid.TextMatrix(fila, columna::NConcepto, linea.Collect("NConcepto").Texto());
-  PintarSiguiente(prevision ? color::TextoPrevision : color::Texto);
 }
 
-void ListaPagos::PintarSiguiente(int texto) {
+void ListaPagos::AnadirFila(std::vector<std::string> celdas, int texto) {
   FilaAlterna_ = !FilaAlterna_;
-  rejilla_.PintarFila(FilaAlterna_ ? color::FranjaB : color::FranjaA, texto);
+  rejilla_.AnadirFila(std::move(celdas), FilaAlterna_ ? color::FranjaB : color::FranjaA, texto);
 }
 
 void ListaPagos::Rellenar() {
-  while (rejilla_.MSFPagos.Rows < rejilla_.FilasVisibles()) {
-    rejilla_.MSFPagos.AddItem("");
-    PintarSiguiente(color::TextoPrevision);
-  }
-}
-
-void ListaPagos::Totalizar() {
-  const services::MSFlexGrid& grid = rejilla_.MSFPagos;
-  services::Label& LblPendiente = rejilla_.LblPendiente;
-  if (grid.Rows < 2) {
-    LblPendiente.Caption = "0.00";
-    LblPendiente.Visible = false;
-    rejilla_.TxtTotal.Text = "0,00";
-    return;
-  }
-  double total = 0;
-  for (int fila = 1; fila < grid.Rows; ++fila) {
-    const double importe = rejilla_.ImporteDe(fila, columna::Importe);
-    total += importe;
-    rejilla_.TotalPendiente += importe - rejilla_.ImporteDe(fila, columna::Pagado);
-  }
-  if (rejilla_.TotalPendiente > 0) {
-    LblPendiente.Caption = "Total Pendiente: " + Mascara(rejilla_.TotalPendiente);
-    LblPendiente.Visible = true;
-  }
-  rejilla_.TxtTotal.Text = Mascara(total);
-  if (rejilla_.TotalPendiente < 1.0) LblPendiente.Visible = false;
+  while (rejilla_.MSFPagos.Rows < rejilla_.FilasVisibles()) AnadirFila({}, color::TextoPrevision);
 }
 
 }  // namespace list

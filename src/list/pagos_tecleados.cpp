@@ -16,18 +16,16 @@ using services::Recordset;
 /// The writing of one list's amounts.
 class Escritura {
  public:
-  Escritura(services::Sesion& sesion, const RejillaPagos& rejilla, const Orden& orden)
+  Escritura(services::Sesion& sesion, const RejillaPagos& rejilla)
       : sesion_(sesion),
         rejilla_(rejilla),
-        orden_(orden),
-        hoy_(sesion.Utiles().ConvertirFecha(services::TextoDeFecha(sesion.Ahora()), 2, "D", "R")),
+        hoy_(sesion.Utiles().Almacenada(services::TextoDeFecha(sesion.Ahora()))),
         mismasFilas_(rejilla.MsfPagos2.Rows == rejilla.MSFPagos.Rows) {}
 
   [[nodiscard]] bool Hacer();
 
  private:
   [[nodiscard]] bool HaCambiado(int fila) const;
-  [[nodiscard]] bool EsLaMismaLinea(int fila) const;
   [[nodiscard]] bool YaLoTiene(Recordset& vencimiento, int fila) const;
   [[nodiscard]] std::string Sentencia(int fila) const;
   [[nodiscard]] bool EscribirFila(Recordset& vencimiento, int fila);
@@ -36,14 +34,9 @@ class Escritura {
   [[nodiscard]] const std::string& Celda(int fila, int columna) const {
     return rejilla_.MSFPagos.TextMatrix(fila, columna);
   }
-  bool Rechazar(const std::string& texto, const std::string& titulo) {
-    sesion_.Aviso().Mostrar(texto, services::mensaje::Alto, titulo);
-    return false;
-  }
 
   services::Sesion& sesion_;
   const RejillaPagos& rejilla_;
-  const Orden orden_;
   const std::string hoy_;
   const bool mismasFilas_;
 };
@@ -63,30 +56,24 @@ bool Escritura::Hacer() {
 /// own due date is looked at, a row where the snapshot has another line, as after a change of
 /// order.
 bool Escritura::HaCambiado(int fila) const {
-  return !mismasFilas_ || !EsLaMismaLinea(fila) ||
+  return !mismasFilas_ || !rejilla_.EsLaMismaLinea(fila) ||
          Celda(fila, columna::Pagado) != rejilla_.MsfPagos2.TextMatrix(fila, columna::Pagado);
 }
 
-bool Escritura::EsLaMismaLinea(int fila) const {
-  for (const int c : {0, 1, columna::NFactura, columna::NConcepto, columna::Anio}) {
-    if (Celda(fila, c) != rejilla_.MsfPagos2.TextMatrix(fila, c)) return false;
-  }
-  return true;
-}
-
 bool Escritura::YaLoTiene(Recordset& vencimiento, int fila) const {
-  return mismasFilas_ && !EsLaMismaLinea(fila) &&
+  return mismasFilas_ && !rejilla_.EsLaMismaLinea(fila) &&
          services::Mascara(vencimiento.Collect("Pagado")) == Celda(fila, columna::Pagado);
 }
 
 std::string Escritura::Sentencia(int fila) const {
+  const Linea linea = rejilla_.LineaDe(fila);
   return "SELECT TempProvVencimientos.* FROM TempProvVencimientos WHERE "
          "TempProvVencimientos.NConcepto like '" +
-         Celda(fila, columna::NConcepto) + "' And Trim(TempProvVencimientos.NFactura) like '" +
-         std::string(services::Trim(Celda(fila, columna::NFactura))) +
+         linea.NConcepto + "' And Trim(TempProvVencimientos.NFactura) like '" +
+         std::string(services::Trim(linea.NFactura)) +
          "' AND TempProvVencimientos.FechaVto like '" +
-         sesion_.Utiles().ConvertirFecha(Celda(fila, orden_.Fecha), 2, "D", "R") +
-         "' And TempProvVencimientos.Año like '" + Celda(fila, columna::Anio) + "'";
+         sesion_.Utiles().Almacenada(linea.FechaVto) + "' And TempProvVencimientos.Año like '" +
+         linea.Anio + "'";
 }
 
 bool Escritura::EscribirFila(Recordset& vencimiento, int fila) {
@@ -95,7 +82,8 @@ bool Escritura::EscribirFila(Recordset& vencimiento, int fila) {
   Asignar(vencimiento, pagado);
   const services::Valor importe = vencimiento.Collect("Importe");
   if (!importe.EsNulo() && importe.Numero() < rejilla_.ImporteDe(fila, columna::Pagado)) {
-    return Rechazar("El Importe Pagado no puede ser mayor que el Importe del Recibo", "Atención");
+    sesion_.Aviso().Rechazar("El Importe Pagado no puede ser mayor que el Importe del Recibo");
+    return false;
   }
   return Actualizar(vencimiento);
 }
@@ -117,17 +105,16 @@ bool Escritura::Actualizar(Recordset& vencimiento) {
     vencimiento.Update();
     return true;
   } catch (const services::ErrorEjecucion& fallo) {
-    const bool noCabe = fallo.Numero() == services::error::RepetidoONoCabe;
+    sesion_.Aviso().FalloAlEscribir(fallo, "Error al grabar Línea");
     vencimiento.CancelUpdate();
-    if (noCabe) return Rechazar("Error al grabar Línea", "Error");
-    return Rechazar("Nº Error:" + std::to_string(fallo.Numero()) + "\n" + fallo.Descripcion(), "");
+    return false;
   }
 }
 
 }  // namespace
 
-bool EscribirPagados(services::Sesion& sesion, const RejillaPagos& rejilla, const Orden& orden) {
-  return Escritura(sesion, rejilla, orden).Hacer();
+bool EscribirPagados(services::Sesion& sesion, const RejillaPagos& rejilla) {
+  return Escritura(sesion, rejilla).Hacer();
 }
 
 }  // namespace list

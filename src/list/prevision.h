@@ -5,10 +5,12 @@
 #include <string_view>
 
 #include "services/utiles.h"
+#include "store/intervalo.h"
 
 namespace list {
 
-/// A recurring payment: every `Cada` units from `Fecha1Vto` on. Dates are in the stored form "R".
+/// A recurring payment: every `Cada` units from `Fecha1Vto` on. Dates are in the stored form "R";
+/// what is stored as Null is 0 here.
 struct Recurrencia {
   std::string Fecha1Vto;
   int Cada = 0;
@@ -18,15 +20,15 @@ struct Recurrencia {
 /// The unit of calendar addition of a `Tipo`: "d", "m" or "yyyy".
 [[nodiscard]] std::string_view UnidadDe(int tipo);
 
-/// Calls `visitar` with each date, in the stored form, that the list shows of a forecast between
-/// `desde` and `hasta`, until it answers false.
+/// Calls `visitar` with each date, in the stored form, that the list shows of a forecast in
+/// `rango`, until it answers false.
 ///
-/// A forecast that begins at `desde` or later shows its first date, even past `hasta`; one that
-/// began before loses its first date inside the range. After the first, a date shows when it is
-/// earlier than `hasta`, not on it. A forecast whose step doesn't go forward shows its first date
-/// at most.
-void RecorrerPrevision(const Recurrencia& prevision, const std::string& desde,
-                       const std::string& hasta, services::Utiles& utiles,
+/// A forecast that begins when the range does or later shows its first date, even past its end; one
+/// that began before loses its first date inside the range. After the first, a date shows when it
+/// is earlier than the end, not on it. A forecast that can't be stepped shows its first date at
+/// most: one whose step doesn't go forward, whose first date is none, or where the calendar ends.
+void RecorrerPrevision(const Recurrencia& prevision, const store::Intervalo& rango,
+                       services::Utiles& utiles,
                        const std::function<bool(const std::string& fecha)>& visitar);
 
 }  // namespace list

@@ -1,11 +1,16 @@
 #include "list/rejilla_pagos.h"
 
+#include <utility>
+
+#include "list/color_lista.h"
+#include "list/guarda.h"
 #include "valores/formato.h"
 #include "valores/numero.h"
 
 namespace list {
 namespace {
 
+using services::Diseno;
 using services::MSFlexGrid;
 
 constexpr int kAnchoColumna = 1600;
@@ -16,56 +21,19 @@ constexpr int kFilasPantallaMenor = 16;
 
 }  // namespace
 
-RejillaPagos::RejillaPagos(services::Form& form, services::PictureBox& panel,
-                           services::Sesion& sesion)
-    : MSFPagos(form, "MSFPagos", columna::Cuantas,
-               {.Left = 180,
-                .Top = 720,
-                .Width = 15000,
-                .Height = 7580,
-                .TabIndex = 6,
-                .Contenedor = &panel,
-                .FontSize = 10,
-                .FontBold = true}),
-      MsfPagos2(form, "MsfPagos2", columna::Cuantas,
-                {.Left = 180,
-                 .Top = 720,
-                 .Width = 15000,
-                 .Height = 600,
-                 .Contenedor = &panel,
-                 .Visible = false}),
-      ImgCheck(form, "ImgCheck", "check",
-               {.Left = 120,
-                .Top = 8400,
-                .Width = 240,
-                .Height = 240,
-                .Contenedor = &panel,
-                .Visible = false}),
-      Label14(form, "Label14", "Total Pagos: ..............................",
-              {.Left = 9300,
-               .Top = 8460,
-               .Width = 3700,
-               .Height = 285,
-               .Contenedor = &panel,
-               .FontSize = 10,
-               .FontBold = true}),
-      TxtTotal(form, "TxtTotal",
-               {.Left = 13080,
-                .Top = 8420,
-                .Width = 2100,
-                .Height = 360,
-                .Contenedor = &panel,
-                .FontSize = 10,
-                .FontBold = true}),
-      LblPendiente(form, "LblPendiente", "Total Pendiente:",
-                   {.Left = 480,
-                    .Top = 8460,
-                    .Width = 5000,
-                    .Height = 285,
-                    .Contenedor = &panel,
-                    .FontSize = 10,
-                    .FontBold = true}),
-      sesion_(sesion) {}
+RejillaPagos::RejillaPagos(services::PictureBox& panel, services::Sesion& sesion)
+    : MSFPagos(panel, "MSFPagos", columna::Cuantas,
+               Diseno{180, 720, 15000, 7580}.Tab(6).Cuerpo(10).Negrita()),
+      MsfPagos2(panel, "MsfPagos2", columna::Cuantas, Diseno{180, 720, 15000, 600}.Oculto()),
+      ImgCheck(panel, "ImgCheck", "check", Diseno{120, 8400, 240, 240}.Oculto()),
+      Label14(panel, "Label14", "Total Pagos: ..............................",
+              Diseno{9300, 8460, 3700, 285}.Cuerpo(10).Negrita()),
+      TxtTotal(panel, "TxtTotal", Diseno{13080, 8420, 2100, 360}.Cuerpo(10).Negrita()),
+      LblPendiente(panel, "LblPendiente",
+                   "Total Pendiente:", Diseno{480, 8460, 5000, 285}.Cuerpo(10).Negrita()),
+      sesion_(sesion) {
+  TxtTotal.Locked = true;
+}
 
 int RejillaPagos::FilasVisibles() const {
   return sesion_.PantallaDeReferencia() ? kFilas : kFilasPantallaMenor;
@@ -89,61 +57,125 @@ void RejillaPagos::Preparar() {
   MSFPagos.ColWidth(columna::Anio, 0);
   MSFPagos.Rows = FilasVisibles();
   PonerOrden(PorFecha);
-  AjustarAnchos(PorFecha);
+  AjustarAnchos();
 }
 
 void RejillaPagos::PonerOrden(const Orden& orden) {
+  orden_ = orden;
   MSFPagos.TextMatrix(0, orden.Fecha, "Fecha Vto");
   MSFPagos.TextMatrix(0, orden.Concepto, "Concepto");
   MSFPagos.ColWidth(orden.Fecha, kAnchoColumna);
 }
 
-void RejillaPagos::AjustarAnchos(const Orden& orden) {
+void RejillaPagos::AjustarAnchos() {
   int resto = MSFPagos.Width;
   for (int c = 0; c <= columna::Marca; ++c) {
-    if (c != orden.Concepto) resto -= MSFPagos.ColWidth(c);
+    if (c != orden_.Concepto) resto -= MSFPagos.ColWidth(c);
   }
   if (MSFPagos.Rows > FilasVisibles()) resto -= kAnchoBarra;
-  MSFPagos.ColWidth(orden.Concepto, resto);
+  MSFPagos.ColWidth(orden_.Concepto, resto);
 }
 
-void RejillaPagos::PintarFila(int fondo, int texto, std::string_view cuerpo,
-                              std::string_view alineacion, bool mantenerFila) {
-  if (!mantenerFila) MSFPagos.Row = MSFPagos.Rows - 1;
-  for (int c = 0; c < MSFPagos.Cols(); ++c) {
-    MSFPagos.Col = c;
-    MSFPagos.CellBackColor = fondo;
-    MSFPagos.CellForeColor = texto;
-    if (!alineacion.empty()) {
-      MSFPagos.CellAlignment = static_cast<int>(services::Numero(alineacion));
-    }
-    if (!cuerpo.empty()) MSFPagos.CellFontSize = services::Numero(cuerpo);
+void RejillaPagos::Vaciar() {
+  MSFPagos.Rows = 1;
+  TotalPendiente_ = 0;
+}
+
+void RejillaPagos::AnadirFila(std::vector<std::string> celdas, int fondo, int texto) {
+  MSFPagos.AnadirFila(std::move(celdas));
+  MSFPagos.PintarFila(MSFPagos.Rows - 1, fondo, texto);
+}
+
+void RejillaPagos::Totalizar() {
+  if (MSFPagos.Rows < 2) {
+    LblPendiente.Caption = "0.00";
+    LblPendiente.Visible = false;
+    TxtTotal.Text = "0,00";
+    return;
+  }
+  double total = 0;
+  for (int fila = 1; fila < MSFPagos.Rows; ++fila) {
+    const double importe = ImporteDe(fila, columna::Importe);
+    total += importe;
+    TotalPendiente_ += importe - ImporteDe(fila, columna::Pagado);
+  }
+  if (TotalPendiente_ > 0) {
+    MostrarPendiente();
+  } else {
+    LblPendiente.Visible = false;
+  }
+  TxtTotal.Text = services::Mascara(total);
+}
+
+/// The caption always changes, and the label itself shows from 1.0 on.
+void RejillaPagos::MostrarPendiente() {
+  LblPendiente.Caption = "Total Pendiente: " + services::Mascara(TotalPendiente_);
+  LblPendiente.Visible = TotalPendiente_ >= 1.0;
+}
+
+void RejillaPagos::SumarAlPendiente(double importe) {
+  TotalPendiente_ += importe;
+  MostrarPendiente();
+}
+
+void RejillaPagos::Anotar(int fila, const Pago& pago) {
+  MSFPagos.PonerImagen(fila, columna::Marca, pago.Marca ? ImgCheck.Picture() : "");
+  MSFPagos.TextMatrix(fila, columna::Pagado, pago.Pagado);
+  SumarAlPendiente(pago.Pendiente);
+}
+
+void RejillaPagos::QuitarFila(int fila) {
+  const double importe = ImporteDe(fila, columna::Importe);
+  SumarAlPendiente(ImporteDe(fila, columna::Pagado) - importe);
+  TxtTotal.Text = services::Mascara(services::Numero(TxtTotal.Text) - importe);
+
+  MSFPagos.RemoveItem(fila);
+  const int ultima = MSFPagos.FondoDe(MSFPagos.Rows - 1, 0);
+  const bool seIntercambia = fila < MSFPagos.Rows;
+  const Mientras ocupado(GridOcupado);
+  // The new row takes the colour that the swap below turns into the stripe after the last one.
+  AnadirFila({}, seIntercambia ? color::OtraFranja(ultima) : ultima, color::TextoPrevision);
+  IntercambiarFranjas(fila);
+  MSFPagos.MoverA(MSFPagos.Rows - 1, MSFPagos.Cols() - 1);
+}
+
+void RejillaPagos::IntercambiarFranjas(int desde) {
+  for (int fila = desde; fila < MSFPagos.Rows; ++fila) {
+    MSFPagos.PintarFila(fila, color::OtraFranja(MSFPagos.FondoDe(fila, 0)),
+                        EsPagable(fila) ? color::Texto : color::TextoPrevision);
   }
 }
 
-void RejillaPagos::MostrarPendiente() {
-  LblPendiente.Caption = "Total Pendiente: " + services::Mascara(TotalPendiente);
-  LblPendiente.Visible = TotalPendiente >= 1.0;
+void RejillaPagos::PintarElegida(int fila) {
+  MSFPagos.PintarFila(fila, color::FondoElegida, color::TextoElegida);
+}
+
+void RejillaPagos::PintarFranja(int fila) {
+  const int fondo =
+      fila > 1 ? color::OtraFranja(MSFPagos.FondoDe(fila - 1, MSFPagos.Col)) : color::FranjaA;
+  MSFPagos.PintarFila(fila, fondo, EsPagable(fila) ? color::Texto : color::TextoPrevision);
 }
 
 bool RejillaPagos::EsPagable(int fila) const {
   return !MSFPagos.TextMatrix(fila, columna::NFactura).empty();
 }
 
+Recibo RejillaPagos::ReciboDe(int fila) const {
+  return {MSFPagos.TextMatrix(fila, columna::Importe), MSFPagos.TextMatrix(fila, columna::Pagado)};
+}
+
 double RejillaPagos::ImporteDe(int fila, int columna) const {
   return services::Importe(MSFPagos.TextMatrix(fila, columna));
 }
 
-std::string RejillaPagos::FilaUnida(int fila) const {
-  std::string unida = MSFPagos.TextMatrix(fila, 0);
-  for (int c = 1; c < columna::Cuantas; ++c)
-    unida.append("\t").append(MSFPagos.TextMatrix(fila, c));
-  return unida;
-}
-
 void RejillaPagos::CopiarGrip() {
   MsfPagos2.Rows = 1;
-  for (int fila = 1; fila < MSFPagos.Rows; ++fila) MsfPagos2.AddItem(FilaUnida(fila));
+  for (int fila = 1; fila < MSFPagos.Rows; ++fila) {
+    std::vector<std::string> celdas;
+    for (int c = 0; c < columna::Cuantas; ++c) celdas.push_back(MSFPagos.TextMatrix(fila, c));
+    MsfPagos2.AnadirFila(std::move(celdas));
+  }
+  ordenDeLaCopia_ = orden_;
 }
 
 bool RejillaPagos::ComprobarCambios() const {
@@ -159,6 +191,20 @@ bool RejillaPagos::ComprobarCambios() const {
     }
   }
   return cambios;
+}
+
+bool RejillaPagos::EsLaMismaLinea(int fila) const {
+  return LineaDe(fila) == list::LineaDe(MsfPagos2, fila, ordenDeLaCopia_);
+}
+
+Recibo RejillaPagos::ReciboAntes(int fila) const {
+  const Linea linea = LineaDe(fila);
+  for (int otra = 1; otra < MsfPagos2.Rows; ++otra) {
+    if (list::LineaDe(MsfPagos2, otra, ordenDeLaCopia_) != linea) continue;
+    return {MsfPagos2.TextMatrix(otra, columna::Importe),
+            MsfPagos2.TextMatrix(otra, columna::Pagado)};
+  }
+  return {};
 }
 
 }  // namespace list

@@ -1,38 +1,20 @@
 #pragma once
 
 #include <string>
-#include <string_view>
+#include <vector>
 
 #include "forms/controles.h"
 #include "forms/msflexgrid.h"
+#include "list/linea.h"
+#include "list/pago.h"
 #include "services/sesion.h"
 
 namespace list {
 
-/// Columns of `MSFPagos`. What the first two hold depends on the order chosen; the last two are
-/// hidden.
-namespace columna {
-inline constexpr int NFactura = 2;
-inline constexpr int Importe = 3;
-inline constexpr int Pagado = 4;
-inline constexpr int Marca = 5;
-inline constexpr int NConcepto = 6;
-inline constexpr int Anio = 7;
-inline constexpr int Cuantas = 8;
-}  // namespace columna
-
-/// Which of the first two columns holds what.
-struct Orden {
-  int Fecha = 0;
-  int Concepto = 1;
-};
-inline constexpr Orden PorFecha{0, 1};
-inline constexpr Orden PorConcepto{1, 0};
-
 /// The grid of payments with its snapshot, its totals and the state that its events share.
 class RejillaPagos {
  public:
-  RejillaPagos(services::Form& form, services::PictureBox& panel, services::Sesion& sesion);
+  RejillaPagos(services::PictureBox& panel, services::Sesion& sesion);
 
   services::MSFlexGrid MSFPagos;
   /// Hidden copy of `MSFPagos`, taken after each full load.
@@ -50,39 +32,62 @@ class RejillaPagos {
   bool MoviendoColumna = false;
   /// A row of the list has been chosen.
   bool FilaElegida = false;
-  /// What remains to be paid of the rows on display.
-  double TotalPendiente = 0;
 
   /// Titles, widths, alignments and fonts, and the rows at rest.
   void Preparar();
   /// Titles and fixed width of the first two columns.
   void PonerOrden(const Orden& orden);
+  /// That of the rows on display.
+  [[nodiscard]] const Orden& OrdenActual() const { return orden_; }
   /// The width of the concept column: what the others leave, less the scroll bar's when there are
   /// more rows than fit.
-  void AjustarAnchos(const Orden& orden);
-
+  void AjustarAnchos();
   /// Rows that fill the grid, the header counted.
   [[nodiscard]] int FilasVisibles() const;
-  /// Paints a row cell by cell, the last one unless `mantenerFila`, and leaves its last column
-  /// current. `cuerpo` (points) and `alineacion` are numbers as text; the empty text leaves them.
-  void PintarFila(int fondo, int texto, std::string_view cuerpo = "",
-                  std::string_view alineacion = "", bool mantenerFila = false);
-  /// Shows the pending total: its caption always, and the label itself from 1.0 on.
-  void MostrarPendiente();
+
+  /// Back to the header alone, with nothing pending.
+  void Vaciar();
+  /// Appends a row of eight texts.
+  void AnadirFila(std::vector<std::string> celdas, int fondo, int texto);
+  /// Sums up the rows on display and shows both totals.
+  void Totalizar();
+  /// Takes a row out without a rebuild, which keeps the order and what is on sight: the totals go
+  /// down by it, an empty row comes at the end, and the stripes go on alternating.
+  void QuitarFila(int fila);
+  /// Writes a payment in its row: the text, the mark, and what is pending.
+  void Anotar(int fila, const Pago& pago);
+
+  /// Paints a row as the current one, or with its stripe, which follows that of the row above.
+  void PintarElegida(int fila);
+  void PintarFranja(int fila);
+
   /// Whether a row is a due date: its invoice number is not empty.
   [[nodiscard]] bool EsPagable(int fila) const;
+  [[nodiscard]] Linea LineaDe(int fila) const { return list::LineaDe(MSFPagos, fila, orden_); }
+  [[nodiscard]] Recibo ReciboDe(int fila) const;
   /// Amount of a cell; an empty one counts 0.
   [[nodiscard]] double ImporteDe(int fila, int columna) const;
-  /// The texts of a row joined by tabs.
-  [[nodiscard]] std::string FilaUnida(int fila) const;
 
   /// Takes the snapshot.
   void CopiarGrip();
   /// Whether the list differs from the snapshot. Throws 381 when the list has grown past it.
   [[nodiscard]] bool ComprobarCambios() const;
+  /// Whether the snapshot has the same line in the same row.
+  [[nodiscard]] bool EsLaMismaLinea(int fila) const;
+  /// The receipt of a row's own line as the snapshot has it, wherever that is; empty texts for a
+  /// line that it lacks.
+  [[nodiscard]] Recibo ReciboAntes(int fila) const;
 
  private:
+  void SumarAlPendiente(double importe);
+  void MostrarPendiente();
+  void IntercambiarFranjas(int desde);
+
   services::Sesion& sesion_;
+  /// What remains to be paid of the rows on display.
+  double TotalPendiente_ = 0;
+  Orden orden_ = PorFecha;
+  Orden ordenDeLaCopia_ = PorFecha;
 };
 
 }  // namespace list

@@ -38,7 +38,8 @@ struct IDatosClase : IUnknown {
 };
 
 /// The public class of the component, `Tesvara.ClassTesvara`. After a failure the object's
-/// `IDescripcionError` tells it in words.
+/// `IDescripcionError` tells it in words. It is of a single thread, the one that made its first
+/// object: from any other each operation is 0x8001010E and does nothing.
 struct IClassTesvara : IUnknown {
   static constexpr GUID IID{
       0xC3D2A870, 0x1B6E, 0x47F9, {0x95, 0xD8, 0x7A, 0x3F, 0x22, 0xE1, 0x80, 0xBC}};

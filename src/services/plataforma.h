@@ -18,10 +18,14 @@ class SelectorConceptos;
 class Sesion;
 class Utiles;
 
+/// From which threads the objects of a class may be used: the one that loaded its library, or any.
+enum class ModeloDeHilos { Unico, Libre };
+
 /// A class that an in-process server offers, as the automation runtime keeps it.
 struct ClaseRegistrada {
   GUID Clsid;
   std::string ProgId;
+  ModeloDeHilos Hilos = ModeloDeHilos::Unico;
 };
 
 /// Size of the screen, twips.

@@ -5,6 +5,7 @@
 #include <string_view>
 
 #include "services/anfitrion.h"
+#include "valores/error.h"
 #include "valores/fecha.h"
 #include "valores/objeto.h"
 
@@ -34,6 +35,16 @@ class Aviso {
   virtual ~Aviso() = default;
   /// Shows a modal message and waits. `flags` and the answer are those of `mensaje`.
   virtual int Mostrar(const std::string& texto, int flags, const std::string& titulo) = 0;
+
+  /// What the user did is refused.
+  void Rechazar(const std::string& motivo) { Mostrar(motivo, mensaje::Alto, "Atención"); }
+  /// A question of yes and no; whether it is yes.
+  [[nodiscard]] bool Preguntar(const std::string& pregunta) {
+    return Mostrar(pregunta, mensaje::SiNo, "Atención") == mensaje::Si;
+  }
+  /// A row couldn't be written: `siNoCabe` for a key that repeats or a value that doesn't fit,
+  /// number and description for any other failure.
+  void FalloAlEscribir(const ErrorEjecucion& fallo, const std::string& siNoCabe);
 };
 
 class Utiles {
@@ -52,6 +63,18 @@ class Utiles {
   [[nodiscard]] virtual std::string ConvertirFecha(std::string_view fecha, int tipo,
                                                    std::string_view desde,
                                                    std::string_view hacia) = 0;
+  /// The three ways in which dates go between fields and tables: a date as shown to its stored
+  /// form, back, and what the user typed to ten characters.
+  [[nodiscard]] std::string Almacenada(std::string_view mostrada) {
+    return ConvertirFecha(mostrada, 2, "D", "R");
+  }
+  [[nodiscard]] std::string Mostrada(std::string_view almacenada) {
+    return ConvertirFecha(almacenada, 1, "R", "D");
+  }
+  [[nodiscard]] std::string Normalizada(std::string_view tecleada) {
+    return ConvertirFecha(tecleada, 1, "D", "D");
+  }
+
   /// Told right after a DELETE ran on the stored tables, with its exact text. The connection may be
   /// replaced.
   virtual void AnotarBorrado(const std::string& clave, Ref<Conexion>& conexion,

@@ -2,7 +2,6 @@
 
 #include <exception>
 
-#include "shell/frm_tesvara_gastos.h"
 #include "valores/error.h"
 
 namespace shell {
@@ -13,16 +12,16 @@ namespace hr = services::hr;
 HRESULT ClassTesvara::Cargar(services::Ref<services::IDatosClase>& datos) noexcept {
   return Hacer([&] {
     datos_.RecibirSesion(datos);
-    datos_.MostrarPantalla();
+    pantallas_.MostrarPrincipal();
   });
 }
 
 HRESULT ClassTesvara::Ocultar() noexcept {
-  return Hacer([&] { datos_.Pantalla().Hide(); });
+  return Hacer([&] { pantallas_.Principal().Hide(); });
 }
 
 HRESULT ClassTesvara::Cerrar() noexcept {
-  return Hacer([&] { datos_.Pantalla().Unload(); });
+  return Hacer([&] { pantallas_.Principal().Unload(); });
 }
 
 HRESULT ClassTesvara::Hacer(const std::function<void()>& operacion) noexcept {
@@ -31,6 +30,8 @@ HRESULT ClassTesvara::Hacer(const std::function<void()>& operacion) noexcept {
     return hr::Fallido(numero) ? numero
                                : hr::Codigo(0x800A0000U | static_cast<std::uint32_t>(numero));
   };
+  // The text of the last failure belongs to that thread too.
+  if (!datos_.EnSuHilo()) return hr::OtroHilo;
   numero_ = 0;
   descripcion_.clear();
   try {

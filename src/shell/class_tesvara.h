@@ -6,6 +6,7 @@
 #include "services/anfitrion.h"
 #include "services/automatizacion.h"
 #include "shell/datos_comunes.h"
+#include "shell/pantallas.h"
 
 namespace shell {
 
@@ -14,7 +15,7 @@ namespace shell {
 class ClassTesvara final
     : public services::ObjetoContado<services::IClassTesvara, services::IDescripcionError> {
  public:
-  explicit ClassTesvara(DatosComunes& datos) : datos_(datos) {}
+  ClassTesvara(DatosComunes& datos, Pantallas& pantallas) : datos_(datos), pantallas_(pantallas) {}
 
   services::HRESULT Cargar(services::Ref<services::IDatosClase>& datos) noexcept override;
   services::HRESULT Ocultar() noexcept override;
@@ -26,6 +27,7 @@ class ClassTesvara final
   services::HRESULT Hacer(const std::function<void()>& operacion) noexcept;
 
   DatosComunes& datos_;
+  Pantallas& pantallas_;
   std::int32_t numero_ = 0;
   std::string descripcion_;
 };

@@ -2,7 +2,6 @@
 
 #include <utility>
 
-#include "shell/frm_tesvara_gastos.h"
 #include "store/firma.h"
 #include "valores/error.h"
 
@@ -22,12 +21,11 @@ std::string MotivoDe(const Ref<services::IDatosClase>& datos, const char* operac
   return motivo.empty() ? std::string("El anfitrión no ha completado ") + operacion : motivo;
 }
 
-Ref<IForm> ComoForm(const Ref<IUnknown>& objeto, const char* nombre) {
+Ref<IForm> ComoForm(const Ref<IUnknown>& objeto, const std::string& nombre) {
   Ref<IForm> form = objeto.Como<IForm>();
   if (!form) {
-    throw ErrorEjecucion(
-        error::InterfazNoDisponible,
-        std::string("Lo que el anfitrión entrega como ") + nombre + " no es un formulario");
+    throw ErrorEjecucion(error::InterfazNoDisponible,
+                         "Lo que el anfitrión entrega como " + nombre + " no es un formulario");
   }
   return form;
 }
@@ -99,37 +97,21 @@ void DatosComunes::RecibirSesion(Ref<services::IDatosClase> datos) {
   valores_ = std::move(v);
 }
 
-void DatosComunes::Repintar(FrmTesvaraGastos& pantalla) {
+void DatosComunes::Repintar(services::Form& pantalla) {
   if (!DatosClase_) return;
-  const auto pedir = [this](Ref<IUnknown> form, const char* nombre) {
+  const auto pedir = [this](Ref<IUnknown> form, const std::string& nombre) {
     const services::HRESULT resultado = DatosClase_->RepintarForm(form);
     if (services::hr::Fallido(resultado)) {
       throw ErrorEjecucion(resultado, MotivoDe(DatosClase_, "RepintarForm"));
     }
     return ComoForm(form, nombre);
   };
-  const Ref<IForm> devuelta = pedir(static_cast<IForm*>(&pantalla), "FrmTesvaraGastos");
+  const Ref<IForm> devuelta = pedir(static_cast<IForm*>(&pantalla), pantalla.Nombre());
   if (devuelta.get() != &pantalla) {
     throw ErrorEjecucion(error::InterfazNoDisponible,
-                         "El anfitrión ha devuelto otro formulario por FrmTesvaraGastos");
+                         "El anfitrión ha devuelto otro formulario por " + pantalla.Nombre());
   }
   FrmPrincipal_ = pedir(FrmPrincipal_, "FrmPrincipal");
-}
-
-FrmTesvaraGastos& DatosComunes::Pantalla() {
-  FrmTesvaraGastos& pantalla = pantalla_.Pedir(*this);
-  pantalla.Load();
-  return pantalla;
-}
-
-void DatosComunes::SoltarPantalla() {
-  pantalla_.Soltar();
-}
-
-void DatosComunes::MostrarPantalla() {
-  FrmTesvaraGastos& pantalla = Pantalla();
-  pantalla.Marco = FrmMarco_;
-  pantalla.Show();
 }
 
 services::Conexion& DatosComunes::CnDatos() const {

@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <memory>
 #include <string>
+#include <thread>
 
 #include "forms/escritorio.h"
 #include "forms/form.h"
@@ -11,8 +12,6 @@
 #include "services/sesion.h"
 
 namespace shell {
-
-class FrmTesvaraGastos;
 
 /// The session that the host hands over, and the objects that all screens share. Kept for the life
 /// of the process.
@@ -26,14 +25,10 @@ class DatosComunes final : public services::Sesion {
   /// user whose name the stored tables can't hold; what the session held before then stays.
   void RecibirSesion(services::Ref<services::IDatosClase> datos);
   /// Has the host draw around the main screen and its own; keeps the forms it hands back.
-  void Repintar(FrmTesvaraGastos& pantalla);
+  void Repintar(services::Form& pantalla);
 
-  /// The main screen, made and loaded when it isn't.
-  FrmTesvaraGastos& Pantalla();
-  /// Shows it.
-  void MostrarPantalla();
-  /// Lets go of a screen that was unloaded.
-  void SoltarPantalla();
+  /// Whether the thread that asks is the one that made the session: no other may use it.
+  [[nodiscard]] bool EnSuHilo() const { return hilo_ == std::this_thread::get_id(); }
 
   [[nodiscard]] services::Escritorio& Escritorio() { return escritorio_; }
   [[nodiscard]] const services::Ref<services::IForm>& FrmMarco() const { return FrmMarco_; }
@@ -72,6 +67,7 @@ class DatosComunes final : public services::Sesion {
   void TerminarUnidades();
   void DeshacerAlmacenado();
 
+  const std::thread::id hilo_ = std::this_thread::get_id();
   const services::Plataforma& plataforma_;
   services::Escritorio escritorio_;
   services::Ref<services::IDatosClase> DatosClase_;
@@ -83,7 +79,6 @@ class DatosComunes final : public services::Sesion {
   services::Ref<services::IForm> FrmPrincipal_;
   std::unique_ptr<services::Utiles> utiles_;
   std::unique_ptr<services::Aviso> aviso_;
-  services::Instancia<FrmTesvaraGastos> pantalla_;
 };
 
 }  // namespace shell

@@ -3,9 +3,6 @@
 #include "list/pagos_tecleados.h"
 #include "shell/datos_comunes.h"
 #include "shell/escala.h"
-#include "store/carga.h"
-#include "store/grabacion.h"
-#include "store/vaciado.h"
 
 namespace shell {
 namespace {
@@ -18,19 +15,8 @@ constexpr int kAlto = 11520;
 constexpr int kAltoBarra = 420;
 
 /// The row of buttons under the list, by its place from the left.
-Diseno EnBotonera(PictureBox& panel, int lugar, bool enUso) {
-  return {.Left = 180 + lugar * 1700,
-          .Top = 9000,
-          .Width = 1560,
-          .Height = 480,
-          .TabIndex = 7 + lugar,
-          .Contenedor = &panel,
-          .Enabled = enUso,
-          .FontSize = 10};
-}
-
-Diseno Oculto(PictureBox& panel) {
-  return {.Width = 600, .Height = 285, .Contenedor = &panel, .Visible = false};
+Diseno EnBotonera(int lugar) {
+  return Diseno{180 + lugar * 1700, 9000, 1560, 480}.Tab(7 + lugar).Cuerpo(10);
 }
 
 }  // namespace
@@ -38,42 +24,28 @@ Diseno Oculto(PictureBox& panel) {
 FrmTesvaraGastos::FrmTesvaraGastos(DatosComunes& datos)
     : Form(datos.Escritorio(), "FrmTesvaraGastos", kAncho, kAlto),
       datos_(datos),
-      Barra1(*this, "Barra1", "Tesvara de Pagos", {.Width = kAncho, .Height = kAltoBarra}),
-      PicPagos(*this, "PicPagos",
-               {.Top = kAltoBarra, .Width = kAncho, .Height = kAlto - kAltoBarra}),
-      PicNuevo(*this, "PicNuevo", {.Width = 11000, .Height = 8000, .Visible = false}),
-      PicTexto(*this, "PicTexto", {.Width = 5400, .Height = 1500, .Visible = false}),
-      LblTitulo(*this, "LblTitulo", "Grabando  ....",
-                {.Left = 300,
-                 .Top = 240,
-                 .Width = 4800,
-                 .Height = 285,
-                 .Contenedor = &PicTexto,
-                 .FontSize = 10}),
-      ProgressBar(*this, "ProgressBar",
-                  {.Left = 300, .Top = 720, .Width = 4800, .Height = 360, .Contenedor = &PicTexto}),
-      TxtNConcepto(*this, "TxtNConcepto", Oculto(PicNuevo)),
-      TxtBusco(*this, "TxtBusco", Oculto(PicNuevo)),
-      BtnCancelar(
-          *this, "BtnCancelar", "Cancelar",
-          {.Left = 9200, .Top = 7300, .Width = 1560, .Height = 480, .Contenedor = &PicNuevo}),
-      Rango(*this, PicPagos, datos, BtnCancelar, *this),
-      Rejilla(*this, PicPagos, datos),
-      BotonNuevo(*this, "BotonNuevo", "Nuevo", EnBotonera(PicPagos, 0, false)),
-      BotonModificar(*this, "BotonModificar", "Modificar", EnBotonera(PicPagos, 1, false)),
-      Edicion(*this, PicPagos, datos, Rejilla, PicNuevo, BotonModificar),
-      Lista(*this, PicPagos, datos, Rejilla, Edicion, Rango),
-      Borrado(*this, EnBotonera(PicPagos, 2, true), datos, Rejilla, Edicion, Lista, PicNuevo),
-      BotonAceptar(*this, "BotonAceptar", "Grabar", EnBotonera(PicPagos, 3, true)),
-      BotonCancelar(*this, "BotonCancelar", "Cancelar", EnBotonera(PicPagos, 4, true)),
-      BtnAutCaja(*this, "BtnAutCaja", "", EnBotonera(PicPagos, 5, false)),
-      ImgImpresora(*this, "ImgImpresora", "impresora",
-                   {.Left = 14500,
-                    .Top = 9000,
-                    .Width = 480,
-                    .Height = 480,
-                    .Contenedor = &PicPagos,
-                    .Enabled = false}) {
+      copia_(datos),
+      Barra1(*this, "Barra1", "Tesvara de Pagos", {0, 0, kAncho, kAltoBarra}),
+      PicPagos(*this, "PicPagos", {0, kAltoBarra, kAncho, kAlto - kAltoBarra}),
+      PicNuevo(*this, "PicNuevo", Diseno{0, 0, 11000, 8000}.Oculto()),
+      PicTexto(*this, "PicTexto", Diseno{0, 0, 5400, 1500}.Oculto()),
+      LblTitulo(PicTexto, "LblTitulo", "Grabando  ....", Diseno{300, 240, 4800, 285}.Cuerpo(10)),
+      ProgressBar(PicTexto, "ProgressBar", {300, 720, 4800, 360}),
+      TxtNConcepto(PicNuevo, "TxtNConcepto", Diseno{0, 0, 600, 285}.Oculto()),
+      TxtBusco(PicNuevo, "TxtBusco", Diseno{0, 0, 600, 285}.Oculto()),
+      BtnCancelar(PicNuevo, "BtnCancelar", "Cancelar", {9200, 7300, 1560, 480}),
+      Rango(PicPagos, datos, BtnCancelar, *this),
+      Rejilla(PicPagos, datos),
+      BotonNuevo(PicPagos, "BotonNuevo", "Nuevo", EnBotonera(0).Inhabilitado()),
+      BotonModificar(PicPagos, "BotonModificar", "Modificar", EnBotonera(1).Inhabilitado()),
+      Edicion(PicPagos, datos, Rejilla, PicNuevo, BotonModificar),
+      Lista(PicPagos, datos, Rejilla, Edicion, Rango),
+      Borrado(PicPagos, EnBotonera(2), datos, Rejilla, Edicion, Lista, PicNuevo),
+      BotonAceptar(PicPagos, "BotonAceptar", "Grabar", EnBotonera(3)),
+      BotonCancelar(PicPagos, "BotonCancelar", "Cancelar", EnBotonera(4)),
+      BtnAutCaja(PicPagos, "BtnAutCaja", "", EnBotonera(5).Inhabilitado()),
+      ImgImpresora(PicPagos, "ImgImpresora", "impresora",
+                   Diseno{14500, 9000, 480, 480}.Inhabilitado()) {
   BtnCancelar.TomaFoco = false;
   Barra1.Cerrar = [this] { Barra1_Cerrar(); };
   BotonAceptar.Click = [this] { BotonAceptar_Click(); };
@@ -91,7 +63,7 @@ void FrmTesvaraGastos::Form_Load() {
   BtnCancelar.Tag = "No";
   Rango.PonerMesActual();
   BtnCancelar.Tag = "";
-  store::CargarTemporales(datos_, Rango);
+  copia_.Cargar(Rango.Intervalo());
 
   TomarMarco();
   Rejilla.Preparar();
@@ -104,23 +76,24 @@ void FrmTesvaraGastos::Form_Load() {
 }
 
 void FrmTesvaraGastos::Form_Unload() {
+  Edicion.CerrarEdicionPago();
   ComprobarCambios();
-  if (Modificado && PreguntarSiGuardar("¿Desea guardar los cambios?")) {
-    services::Widget::Disparar(BotonAceptar.Click);
-  }
-  store::VaciarTemporales(datos_.CnTemp());
-}
-
-void FrmTesvaraGastos::Form_Terminate() {
-  datos_.SoltarPantalla();
+  if (Modificado && datos_.Aviso().Preguntar("¿Desea guardar los cambios?")) BotonAceptar_Click();
+  copia_.Vaciar();
 }
 
 void FrmTesvaraGastos::RangoCambiado(services::TextBox& campo) {
+  try {
+    Edicion.CerrarEdicionPago();
+  } catch (...) {
+    campo.Text.PonerEnSilencio(campo.Tag());
+    throw;
+  }
   ComprobarCambios();
   if (Modificado &&
-      PreguntarSiGuardar(
+      datos_.Aviso().Preguntar(
           "Si Modifica las fechas debe grabar los cambios antes. ¿Quiere Grabarlos?")) {
-    services::Widget::Disparar(BotonAceptar.Click);
+    BotonAceptar_Click();
   } else {
     Recargar();
   }
@@ -134,14 +107,9 @@ void FrmTesvaraGastos::ComprobarCambios() {
 }
 
 void FrmTesvaraGastos::Recargar() {
-  store::CargarTemporales(datos_, Rango);
+  copia_.Cargar(Rango.Intervalo());
   Lista.CargarGrip();
   Rejilla.CopiarGrip();
-}
-
-bool FrmTesvaraGastos::PreguntarSiGuardar(const char* pregunta) {
-  return datos_.Aviso().Mostrar(pregunta, services::mensaje::SiNo, "Atención") ==
-         services::mensaje::Si;
 }
 
 void FrmTesvaraGastos::Barra1_Cerrar() {
@@ -166,12 +134,12 @@ void FrmTesvaraGastos::BotonAceptar_Click() {
 void FrmTesvaraGastos::Grabar() {
   // A refused amount leaves the panel on the screen, with the bar at 0: that is how users see that
   // nothing was saved.
-  if (!list::EscribirPagados(datos_, Rejilla, Lista.OrdenElegido())) return;
+  if (!list::EscribirPagados(datos_, Rejilla)) return;
   const auto avanzar = [this] { ProgressBar.Value = ProgressBar.Value + 1; };
   avanzar();
-  store::GrabarTemporales(datos_, Rango);
+  copia_.Grabar();
   avanzar();
-  store::CargarTemporales(datos_, Rango);
+  copia_.Cargar(Rango.Intervalo());
   avanzar();
   Lista.CargarGrip();
   avanzar();

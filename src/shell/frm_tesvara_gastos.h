@@ -5,21 +5,23 @@
 #include "list/borrado.h"
 #include "list/edicion_pagado.h"
 #include "list/lista_pagos.h"
+#include "list/rango_fechas.h"
 #include "list/rejilla_pagos.h"
-#include "store/rango_fechas.h"
+#include "store/copia_de_trabajo.h"
 
 namespace shell {
 
 class DatosComunes;
 
 /// The main screen, "Tesvara de Pagos": its blocks put together, and what crosses them.
-class FrmTesvaraGastos final : public services::Form, private store::AlCambiarRango {
+class FrmTesvaraGastos final : public services::Form, private list::AlCambiarRango {
  public:
   explicit FrmTesvaraGastos(DatosComunes& datos);
   ~FrmTesvaraGastos() override;
 
  private:
   DatosComunes& datos_;
+  store::CopiaDeTrabajo copia_;
 
  public:
   services::Cintilla Barra1;
@@ -31,7 +33,7 @@ class FrmTesvaraGastos final : public services::Form, private store::AlCambiarRa
   services::TextBox TxtNConcepto;
   services::TextBox TxtBusco;
   services::Pulsador BtnCancelar;
-  store::RangoFechas Rango;
+  list::RangoFechas Rango;
   list::RejillaPagos Rejilla;
   services::Pulsador BotonNuevo;
   services::Pulsador BotonModificar;
@@ -58,7 +60,6 @@ class FrmTesvaraGastos final : public services::Form, private store::AlCambiarRa
  private:
   void Form_Load() override;
   void Form_Unload() override;
-  void Form_Terminate() override;
   void RangoCambiado(services::TextBox& campo) override;
 
   void Barra1_Cerrar();
@@ -66,7 +67,6 @@ class FrmTesvaraGastos final : public services::Form, private store::AlCambiarRa
   void BotonCancelar_Click();
   void Grabar();
 
-  [[nodiscard]] bool PreguntarSiGuardar(const char* pregunta);
   void TomarMarco();
   void EscalarPantalla();
   void CentrarPaneles();

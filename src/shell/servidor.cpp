@@ -17,11 +17,16 @@ namespace hr = services::hr;
 /// Locks of the host, and class factories that it holds.
 std::atomic<int> bloqueos{0};
 
-/// The session of the process, made at its first use and never destroyed: what it keeps belongs to
-/// a host that may be gone by then.
-shell::DatosComunes& Datos() {
-  static auto& datos = *new shell::DatosComunes(services::PlataformaInstalada());
-  return datos;
+/// The session of the process and its screens, made at their first use and never destroyed: what
+/// they keep belongs to a host that may be gone by then.
+struct Proceso {
+  shell::DatosComunes Datos{services::PlataformaInstalada()};
+  shell::Pantallas Pantallas{Datos};
+};
+
+Proceso& ElProceso() {
+  static auto& proceso = *new Proceso;
+  return proceso;
 }
 
 std::atomic<bool> hayDatos{false};
@@ -36,7 +41,9 @@ class Fabrica final : public services::ObjetoContado<services::IClassFactory> {
     *objeto = nullptr;
     if (exterior) return hr::SinAgregacion;
     try {
-      const auto nuevo = services::Crear<shell::ClassTesvara>(Datos());
+      if (!ElProceso().Datos.EnSuHilo()) return hr::OtroHilo;
+      const auto nuevo =
+          services::Crear<shell::ClassTesvara>(ElProceso().Datos, ElProceso().Pantallas);
       hayDatos = true;
       return nuevo->QueryInterface(interfaz, objeto);
     } catch (...) {
@@ -54,7 +61,8 @@ HRESULT ConPlataforma(Operacion operacion) noexcept {
   try {
     return operacion(
         services::PlataformaInstalada(),
-        services::ClaseRegistrada{services::IClassTesvara::CLSID, services::IClassTesvara::ProgId});
+        services::ClaseRegistrada{services::IClassTesvara::CLSID, services::IClassTesvara::ProgId,
+                                  services::ModeloDeHilos::Unico});
   } catch (...) {
     return hr::Fallo;
   }

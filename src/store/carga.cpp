@@ -4,6 +4,7 @@
 
 #include "datos/recordset.h"
 #include "store/copia.h"
+#include "store/tablas.h"
 #include "store/vaciado.h"
 #include "valores/modo_reanudar.h"
 #include "valores/texto.h"
@@ -19,7 +20,7 @@ using services::Valor;
 /// The load of one range: its sources, one after the other, each into its working table.
 class Carga {
  public:
-  Carga(services::Sesion& sesion, const RangoFechas& rango) : sesion_(sesion), rango_(rango) {}
+  Carga(services::Sesion& sesion, const Intervalo& rango) : sesion_(sesion), rango_(rango) {}
 
   void Facturas();
   void Bases();
@@ -41,7 +42,7 @@ class Carga {
   }
 
   services::Sesion& sesion_;
-  const RangoFechas& rango_;
+  const Intervalo& rango_;
   ModoReanudar modo_;
   bool entera_ = true;
   Recordset origen_;
@@ -65,7 +66,8 @@ void Carga::Copiar(const std::string& origen, const std::string& destino,
 /// The withholding columns of an invoice: what old rows lack becomes 0. So does a value of exactly
 /// 1, and that is meant: the rule asks whether the value is other than 1, and a Null isn't.
 Valor Retencion(std::size_t posicion, Valor valor) {
-  if (posicion < 8 || posicion > 10) return valor;
+  using tabla::ProvFacturas;
+  if (posicion < ProvFacturas::BIRPF || posicion > ProvFacturas::IRPF) return valor;
   const auto igual = services::Igual(valor, Valor(1));
   return igual && !*igual ? valor : Valor(0);
 }
@@ -76,9 +78,10 @@ void Carga::Facturas() {
       "ProvVencimientos ON (ProvFacturas.Factura = ProvVencimientos.NFactura) AND "
       "(ProvFacturas.NConcepto = ProvVencimientos.NConcepto)) INNER JOIN ProvConceptos ON "
       "ProvFacturas.NConcepto = ProvConceptos.NConcepto WHERE ProvVencimientos.FechaVto >= '" +
-          rango_.Desde() + "' And ProvVencimientos.FechaVto <= '" + rango_.Hasta() +
+          rango_.Desde + "' And ProvVencimientos.FechaVto <= '" + rango_.Hasta +
           "'  Order By ProvFacturas.Fecha",
-      "SELECT TempProvFacturas.* FROM TempProvFacturas", {12, Retencion, CopiarDescripcion});
+      "SELECT TempProvFacturas.* FROM TempProvFacturas",
+      {tabla::ProvFacturas::Actualizado, Retencion, CopiarDescripcion});
 }
 
 void Carga::Bases() {
@@ -86,13 +89,11 @@ void Carga::Bases() {
       "SELECT DISTINCT ProvBasesIva.* FROM ProvBasesIva INNER JOIN ProvVencimientos ON "
       "(ProvBasesIva.NConcepto = ProvVencimientos.NConcepto) AND (ProvBasesIva.NFactura = "
       "ProvVencimientos.NFactura)WHERE ProvVencimientos.FechaVto >= '" +
-          rango_.Desde() + "' And ProvVencimientos.FechaVto <= '" + rango_.Hasta() + "'",
-      "SELECT TempProvBasesIva.* From TempProvBasesIva", {6});
+          rango_.Desde + "' And ProvVencimientos.FechaVto <= '" + rango_.Hasta + "'",
+      "SELECT TempProvBasesIva.* From TempProvBasesIva", {tabla::ProvBasesIva::Exento});
 }
 
 void Carga::Vencimientos() {
-  const std::string desde = rango_.Desde();
-  const std::string hasta = rango_.Hasta();
   // The table joined to itself brings every due date of an invoice that has one in the range.
   Copiar(
       "SELECT DISTINCT ProvVencimientos.*, ProvConceptos.Descripcion FROM ((ProvVencimientos "
@@ -102,11 +103,11 @@ void Carga::Vencimientos() {
       "(ProvFacturas.Factura = ProvVencimientos_1.NFactura)) INNER JOIN ProvConceptos ON "
       "ProvVencimientos.NConcepto = ProvConceptos.NConcepto"
       " WHERE (((ProvVencimientos_1.FechaVto)>='" +
-          desde + "' And (ProvVencimientos_1.FechaVto)<='" + hasta + "'))",
+          rango_.Desde + "' And (ProvVencimientos_1.FechaVto)<='" + rango_.Hasta + "'))",
       "SELECT TempProvVencimientos.* From TempProvVencimientos",
-      {7, nullptr, [&](Recordset& origen, Recordset& destino) {
+      {tabla::ProvVencimientos::Actualizado, nullptr, [&](Recordset& origen, Recordset& destino) {
          const std::string vence = origen.Collect("FechaVto").Texto();
-         destino.Collect("Visible") = !(vence < desde || vence > hasta);
+         destino.Collect("Visible") = !(vence < rango_.Desde || vence > rango_.Hasta);
          CopiarDescripcion(origen, destino);
        }});
 }
@@ -118,8 +119,9 @@ void Carga::Previsiones() {
       "ProvConceptos.Descripcion FROM ProvConceptos INNER JOIN ProvPrevisionPagos ON "
       "ProvConceptos.NConcepto = ProvPrevisionPagos.NConcepto WHERE "
       "ProvPrevisionPagos.Fecha1Vto <= '" +
-          rango_.Hasta() + "'  Order By ProvPrevisionPagos.Fecha1Vto",
-      "SELECT TempProvPrevisionPagos.* From TempProvPrevisionPagos", {5});
+          rango_.Hasta + "'  Order By ProvPrevisionPagos.Fecha1Vto",
+      "SELECT TempProvPrevisionPagos.* From TempProvPrevisionPagos",
+      {tabla::TempProvPrevisionPagos::Descripcion});
 }
 
 void Carga::CajaDeFacturas() {
@@ -151,20 +153,19 @@ void Carga::CopiarCajaDe(Recordset& factura) {
   });
   if (modo_.Numero() != 0) modo_.Limpiar();
   if (!origen_.State()) return;
-  CopiarFilas(origen_, destino_, modo_, {9});
+  CopiarFilas(origen_, destino_, modo_, {tabla::CajaPagos::ModificadoPor});
   Cerrar(origen_);
 }
 
 void Carga::CajaPendiente() {
   Copiar(
       "SELECT CajaPagos.* From CajaPagos WHERE CajaPagos.Factura Is Null OR CajaPagos.Factura = ''",
-      "SELECT TempCajaPagos.* From TempCajaPagos", {9});
+      "SELECT TempCajaPagos.* From TempCajaPagos", {tabla::CajaPagos::ModificadoPor});
 }
 
 }  // namespace
 
-void CargarTemporales(services::Sesion& sesion, RangoFechas& rango) {
-  rango.OlvidarCarga();
+bool CargarTemporales(services::Sesion& sesion, const Intervalo& rango) {
   VaciarTemporales(sesion.CnTemp());
   Carga carga(sesion, rango);
   carga.Facturas();
@@ -175,7 +176,7 @@ void CargarTemporales(services::Sesion& sesion, RangoFechas& rango) {
   carga.FinDelTramo();
   carga.CajaPendiente();
   sesion.CnTemp().TerminarUnidad();
-  if (carga.Entera()) rango.AnotarCarga({rango.Desde(), rango.Hasta()});
+  return carga.Entera();
 }
 
 }  // namespace store

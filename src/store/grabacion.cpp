@@ -2,8 +2,8 @@
 
 #include "datos/recordset.h"
 #include "store/copia.h"
+#include "store/tablas.h"
 #include "store/vaciado.h"
-#include "valores/error.h"
 #include "valores/modo_reanudar.h"
 #include "valores/texto.h"
 
@@ -17,8 +17,7 @@ using services::Recordset;
 /// One commit of a range, step by step.
 class Grabacion {
  public:
-  Grabacion(services::Sesion& sesion, const RangoFechas::Intervalo& rango)
-      : sesion_(sesion), rango_(rango) {}
+  Grabacion(services::Sesion& sesion, const Intervalo& rango) : sesion_(sesion), rango_(rango) {}
 
   void BorrarRango();
   void EscribirFacturas();
@@ -36,7 +35,7 @@ class Grabacion {
   void Sellar(Recordset& destino);
 
   services::Sesion& sesion_;
-  const RangoFechas::Intervalo rango_;
+  const Intervalo& rango_;
   ModoReanudar modo_;
 };
 
@@ -90,11 +89,13 @@ void Grabacion::Escribir(const std::string& almacenada, const std::string& traba
 void Grabacion::EscribirFacturas() {
   const Remate sellar = [this](Recordset&, Recordset& destino) { Sellar(destino); };
   Escribir("SELECT ProvFacturas.* FROM ProvFacturas",
-           "SELECT TempProvFacturas.* FROM TempProvFacturas", 11, sellar);
+           "SELECT TempProvFacturas.* FROM TempProvFacturas", tabla::ProvFacturas::Cadencia,
+           sellar);
   Escribir("SELECT ProvBasesIva.* FROM ProvBasesIva",
-           "SELECT TempProvBasesIva.* From TempProvBasesIva", 6, sellar);
+           "SELECT TempProvBasesIva.* From TempProvBasesIva", tabla::ProvBasesIva::Exento, sellar);
   Escribir("SELECT ProvVencimientos.* FROM ProvVencimientos",
-           "SELECT TempProvVencimientos.* From TempProvVencimientos", 6, sellar);
+           "SELECT TempProvVencimientos.* From TempProvVencimientos",
+           tabla::ProvVencimientos::Fechapago, sellar);
 }
 
 void Grabacion::EscribirPrevisiones() {
@@ -111,7 +112,8 @@ void Grabacion::EscribirPrevisiones() {
       "SELECT ProvPrevisionPagos.NConcepto, ProvPrevisionPagos.Fecha1Vto, "
       "ProvPrevisionPagos.Cada, ProvPrevisionPagos.Tipo, ProvPrevisionPagos.Importe, "
       "ProvPrevisionPagos.Actualizado FROM ProvPrevisionPagos",
-      "SELECT TempProvPrevisionPagos.* From TempProvPrevisionPagos", 4, sellar);
+      "SELECT TempProvPrevisionPagos.* From TempProvPrevisionPagos",
+      tabla::TempProvPrevisionPagos::Importe, sellar);
 }
 
 void Grabacion::EnlazarCaja() {
@@ -152,20 +154,15 @@ void Grabacion::EnlazarApunte(Recordset& apunte) {
 
 }  // namespace
 
-void GrabarTemporales(services::Sesion& sesion, RangoFechas& rango) {
-  if (!rango.Cargado()) {
-    throw services::ErrorEjecucion(
-        services::error::ObjetoNoEstablecido,
-        "La copia de trabajo no está completa y no se puede grabar. Pulse Cancelar para volver a "
-        "cargarla");
-  }
-  Grabacion grabacion(sesion, *rango.Cargado());
+void GrabarTemporales(services::Sesion& sesion, const Intervalo& rango,
+                      const std::function<void()>& alQuedarGrabado) {
+  Grabacion grabacion(sesion, rango);
   grabacion.BorrarRango();
   grabacion.EscribirFacturas();
   grabacion.EscribirPrevisiones();
   grabacion.EnlazarCaja();
   sesion.CnDatos().TerminarUnidad();
-  rango.OlvidarCarga();
+  alQuedarGrabado();
   grabacion.Vaciar();
 }
 

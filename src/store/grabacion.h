@@ -1,19 +1,22 @@
 #pragma once
 
+#include <functional>
+
 #include "services/sesion.h"
-#include "store/rango_fechas.h"
+#include "store/intervalo.h"
 
 namespace store {
 
 /// Replaces the stored rows of a range by the working tables: every stored invoice with a due date
-/// in the range that was loaded goes, with its bases and due dates, and every invoice of the
-/// working copy is written; the same with the forecasts that begin no later than its end; the cash
-/// entries take the invoice links of the working copy. Then the working tables are emptied.
+/// in `rango`, which must be the range that was loaded, goes with its bases and due dates, and
+/// every invoice of the working copy is written; the same with the forecasts that begin no later
+/// than its end; the cash entries take the invoice links of the working copy. Then
+/// `alQuedarGrabado` is called, and the working tables are emptied.
 ///
-/// Throws 91, with nothing touched, when there is no whole working copy to write back.
 /// A failure before the first row is written goes to the caller, with part of the range deleted;
 /// after it, a row that can't be written is dropped without a message. The working tables are
 /// emptied only once the stored ones are durable; when they can't be, the error goes to the caller.
-void GrabarTemporales(services::Sesion& sesion, RangoFechas& rango);
+void GrabarTemporales(services::Sesion& sesion, const Intervalo& rango,
+                      const std::function<void()>& alQuedarGrabado);
 
 }  // namespace store

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <string>
 #include <utility>
@@ -41,17 +42,22 @@ class ContextoDeAnfitrion final : public services::ObjetoContado<services::IDato
       std::string& ClaveBorrado, std::string& Usuario) noexcept override {
     CnDatos = datos_;
     CnTemp = temp_;
-    FrmMarco = services::Ref<services::IUnknown>(services::Crear<FormDeAnfitrion>());
-    FrmPrincipal = services::Ref<services::IUnknown>(services::Crear<FormDeAnfitrion>());
+    FrmMarco = Marco;
+    FrmPrincipal = Principal;
     AnchoReferencia = 15360;
     AltoReferencia = 11520;
     ClaveBorrado = "CLAVE";
     Usuario = "ANA";
     return services::hr::Bien;
   }
-  services::HRESULT RepintarForm(services::Ref<services::IUnknown>&) noexcept override {
-    return services::hr::Bien;
+  services::HRESULT RepintarForm(services::Ref<services::IUnknown>& form) noexcept override {
+    return AlRepintar ? AlRepintar(form) : services::hr::Bien;
   }
+
+  services::Ref<services::IUnknown> Marco{services::Crear<FormDeAnfitrion>()};
+  services::Ref<services::IUnknown> Principal{services::Crear<FormDeAnfitrion>()};
+  /// What is done with a form that is to be repainted.
+  std::function<services::HRESULT(services::Ref<services::IUnknown>&)> AlRepintar;
 
  private:
   services::Ref<services::Conexion> datos_;
@@ -84,7 +90,10 @@ class ComponenteEnMarcha {
   [[nodiscard]] std::string Cerrar() { return Motivo(clase_->Cerrar()); }
 
   [[nodiscard]] shell::DatosComunes& Sesion() { return sesion_; }
-  [[nodiscard]] shell::FrmTesvaraGastos& Pantalla() { return sesion_.Pantalla(); }
+  [[nodiscard]] shell::ClassTesvara& Clase() { return *clase_; }
+  [[nodiscard]] ContextoDeAnfitrion& Contexto() { return *contexto_; }
+  [[nodiscard]] headless::Entorno& Entorno() { return *entorno_; }
+  [[nodiscard]] shell::FrmTesvaraGastos& Pantalla() { return pantallas_.Principal(); }
 
  private:
   [[nodiscard]] std::string Motivo(services::HRESULT resultado) {
@@ -95,7 +104,9 @@ class ComponenteEnMarcha {
   services::Plataforma plataforma_ = entorno_->Plataforma();
   services::Ref<ContextoDeAnfitrion> contexto_;
   shell::DatosComunes sesion_{plataforma_};
-  services::Ref<shell::ClassTesvara> clase_ = services::Crear<shell::ClassTesvara>(sesion_);
+  shell::Pantallas pantallas_{sesion_};
+  services::Ref<shell::ClassTesvara> clase_ =
+      services::Crear<shell::ClassTesvara>(sesion_, pantallas_);
 };
 
 }  // namespace apoyo

@@ -6,6 +6,7 @@
 #include "esquema/esquema_sqlite.h"
 #include "platform/carpeta_temporal.h"
 #include "sqlite/conexion_sqlite.h"
+#include "store/intervalo.h"
 #include "valores/fecha.h"
 
 // A business of any size, for what is counted or measured.
@@ -20,6 +21,7 @@ struct Tamano {
 };
 
 inline const services::FechaHora kMarzo = services::HacerFecha(2005, 3, 15, 11);
+inline const store::Intervalo kRangoDeMarzo{"20050301", "20050331"};
 
 /// The stored tables and the empty working tables, in two files with the example host's options.
 class NegocioDePrueba {

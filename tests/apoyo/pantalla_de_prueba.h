@@ -18,14 +18,14 @@ class PantallaDePrueba final : public services::Form {
   }
 
   services::PictureBox Pic{*this, "Pic", {}};
-  services::PictureBox PicDentro{*this, "PicDentro", {.Contenedor = &Pic}};
+  services::PictureBox PicDentro{Pic, "PicDentro", {}};
   services::TextBox TxtA{*this, "TxtA", {.TabIndex = 0}};
   services::TextBox TxtB{*this, "TxtB", {.TabIndex = 1}};
-  services::TextBox TxtDentro{*this, "TxtDentro", {.TabIndex = 2, .Contenedor = &PicDentro}};
+  services::TextBox TxtDentro{PicDentro, "TxtDentro", {.TabIndex = 2}};
   services::CheckBox Chk{*this, "Chk", "Ver", {.TabIndex = 3}};
   services::OptionButton OptUno{*this, "OptUno", "Uno", {.TabIndex = 4}};
   services::OptionButton OptDos{*this, "OptDos", "Dos", {.TabIndex = 5}};
-  services::OptionButton OptDentro{*this, "OptDentro", "Otro grupo", {.Contenedor = &Pic}};
+  services::OptionButton OptDentro{Pic, "OptDentro", "Otro grupo", {}};
   services::ComboBox Cbo{*this, "Cbo", {"Días", "Meses", "Años"}, {.TabIndex = 6}};
   services::Pulsador Btn{*this, "Btn", "Aceptar", {.TabIndex = 7}};
   services::Pulsador BtnCancelar{*this, "BtnCancelar", "Cancelar", {.TabIndex = 8}};

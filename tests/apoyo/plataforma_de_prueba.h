@@ -42,6 +42,8 @@ class VentanaDePrueba final : public services::Ventana {
   void Cambiada(services::Widget& widget, services::Aspecto) override {
     Anotar("Cambiada " + widget.NombreCompleto());
   }
+  void Anadido(services::Widget& widget) override { Anotar("Anadido " + widget.NombreCompleto()); }
+  void Quitado(services::Widget& widget) override { Anotar("Quitado " + widget.NombreCompleto()); }
   void CeldaCambiada(services::MSFlexGrid& rejilla, int fila, int columna) override {
     Anotar("CeldaCambiada " + rejilla.Nombre() + " " + std::to_string(fila) + " " +
            std::to_string(columna));

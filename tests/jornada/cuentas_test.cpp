@@ -52,7 +52,8 @@ class Trabajo {
   services::Ref<sqlite::Conexion> datos_ = negocio_.AbrirDatos();
   services::Ref<sqlite::Conexion> temp_ = negocio_.AbrirTemp();
   apoyo::SesionSinPantalla sesion_{services::Ref<services::Conexion>(datos_),
-                                   services::Ref<services::Conexion>(temp_), apoyo::kMarzo};
+                                   services::Ref<services::Conexion>(temp_), apoyo::kMarzo,
+                                   apoyo::kRangoDeMarzo};
 };
 
 void EsperarIguales(const Cuentas& pocas, const Cuentas& muchas) {

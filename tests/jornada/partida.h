@@ -44,12 +44,13 @@ class Partida {
 
  private:
   guion::Bases bases_;
-  guion::Mundo mundo_{
-      bases_.Datos(), bases_.Local(), [this] {
-        return services::Ref<services::IClassTesvara>(services::Crear<shell::ClassTesvara>(datos_));
-      }};
+  guion::Mundo mundo_{bases_.Datos(), bases_.Local(), [this] {
+                        return services::Ref<services::IClassTesvara>(
+                            services::Crear<shell::ClassTesvara>(datos_, pantallas_));
+                      }};
   services::Plataforma plataforma_ = mundo_.Plataforma();
   shell::DatosComunes datos_{plataforma_};
+  shell::Pantallas pantallas_{datos_};
 };
 
 /// A business of a few invoices in March 2005, forecasts and cash entries.

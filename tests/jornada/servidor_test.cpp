@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <future>
 #include <memory>
 
 #include "headless/entorno.h"
@@ -70,6 +71,20 @@ TEST(Servidor, SePuedeSoltarHastaQueHayUnObjeto) {
   ASSERT_EQ(PedirFabrica()->CreateInstance(nullptr, IClassTesvara::IID, &objeto), hr::Bien);
   auto tesvara = Ref<IClassTesvara>::Adoptar(static_cast<IClassTesvara*>(objeto));
   EXPECT_TRUE(tesvara.Como<services::IDescripcionError>());
+
+  // The session belongs to the thread that made it.
+  Ref<services::IDatosClase> nada;
+  const auto enOtroHilo = [](auto accion) { return std::async(std::launch::async, accion).get(); };
+  const auto crear = [&] {
+    return PedirFabrica()->CreateInstance(nullptr, IClassTesvara::IID, &objeto);
+  };
+  EXPECT_EQ(enOtroHilo(crear), hr::OtroHilo);
+  EXPECT_EQ(objeto, nullptr);
+  EXPECT_EQ(enOtroHilo([&] { return tesvara->Cargar(nada); }), hr::OtroHilo);
+  EXPECT_EQ(enOtroHilo([&] { return tesvara->Ocultar(); }), hr::OtroHilo);
+  EXPECT_EQ(enOtroHilo([&] { return tesvara->Cerrar(); }), hr::OtroHilo);
+  EXPECT_TRUE(entorno->Pantallas().empty());
+
   tesvara = nullptr;
   EXPECT_EQ(services::DllCanUnloadNow(), hr::No);
 }
@@ -81,6 +96,7 @@ TEST(Servidor, SeRegistraYSeAnulaEnLaPlataforma) {
   ASSERT_EQ(entorno->Registradas().size(), 1U);
   EXPECT_EQ(entorno->Registradas()[0].Clsid, IClassTesvara::CLSID);
   EXPECT_EQ(entorno->Registradas()[0].ProgId, "Tesvara.ClassTesvara");
+  EXPECT_EQ(entorno->Registradas()[0].Hilos, services::ModeloDeHilos::Unico);
   EXPECT_EQ(services::DllUnregisterServer(), hr::Bien);
   EXPECT_TRUE(entorno->Registradas().empty());
 }

@@ -6,7 +6,6 @@
 #include <vector>
 
 #include "sorvex/utiles_sorvex.h"
-#include "valores/error.h"
 
 namespace {
 
@@ -20,7 +19,7 @@ constexpr int kAnios = 3;
 Fechas Recorrer(const Recurrencia& prevision, const std::string& desde, const std::string& hasta) {
   sorvex::Utiles utiles([] { return std::string(); }, [] { return services::FechaHora{}; });
   Fechas fechas;
-  list::RecorrerPrevision(prevision, desde, hasta, utiles, [&](const std::string& fecha) {
+  list::RecorrerPrevision(prevision, {desde, hasta}, utiles, [&](const std::string& fecha) {
     fechas.push_back(fecha);
     return true;
   });
@@ -74,13 +73,21 @@ TEST(Prevision, SinPasoMuestraComoMuchoLaPrimeraFecha) {
 TEST(Prevision, QuienVisitaPuedePararla) {
   sorvex::Utiles utiles([] { return std::string(); }, [] { return services::FechaHora{}; });
   int visitas = 0;
-  list::RecorrerPrevision({"20050301", 1, kDias}, "20050301", "20050331", utiles,
+  list::RecorrerPrevision({"20050301", 1, kDias}, {"20050301", "20050331"}, utiles,
                           [&](const std::string&) { return ++visitas < 3; });
   EXPECT_EQ(visitas, 3);
 }
 
-TEST(Prevision, UnaFechaQueNoLoEsDaError) {
-  EXPECT_THROW(Recorrer({"2005", 1, kDias}, "20050301", "20050331"), services::ErrorEjecucion);
+TEST(Prevision, DesdeUnaFechaQueNoLoEsNoSeAvanza) {
+  EXPECT_EQ(Recorrer({"2005", 1, kDias}, "20050301", "20050331"), Fechas{});
+  EXPECT_EQ(Recorrer({"sin fecha", 1, kDias}, "20050301", "20050331"), (Fechas{"sin fecha"}));
+  EXPECT_EQ(Recorrer({"", 1, kMeses}, "20050301", "20050331"), Fechas{});
+}
+
+TEST(Prevision, AcabaConElCalendario) {
+  EXPECT_EQ(Recorrer({"99990101", 6, kMeses}, "99990101", "99991231"),
+            (Fechas{"99990101", "99990701"}));
+  EXPECT_EQ(Recorrer({"20050101", 9000, kAnios}, "20050301", "20050331"), Fechas{});
 }
 
 }  // namespace

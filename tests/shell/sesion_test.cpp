@@ -109,7 +109,8 @@ class Sesion : public testing::Test {
   Ref<ConexionRota> rota = services::Crear<ConexionRota>();
   Ref<Contexto> contexto = services::Crear<Contexto>();
   shell::DatosComunes datos{plataforma};
-  Ref<shell::ClassTesvara> tesvara = services::Crear<shell::ClassTesvara>(datos);
+  shell::Pantallas pantallas{datos};
+  Ref<shell::ClassTesvara> tesvara = services::Crear<shell::ClassTesvara>(datos, pantallas);
 };
 
 TEST_F(Sesion, SinContextoCargarFalla) {

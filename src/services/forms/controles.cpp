@@ -10,11 +10,11 @@
 
 namespace services {
 
-PictureBox::PictureBox(Form& form, std::string nombre, const Diseno& diseno)
-    : Widget(form, std::move(nombre), diseno) {}
+PictureBox::PictureBox(Sitio sitio, std::string nombre, const Diseno& diseno)
+    : Widget(sitio, std::move(nombre), diseno) {}
 
-TextBox::TextBox(Form& form, std::string nombre, const Diseno& diseno)
-    : Widget(form, std::move(nombre), diseno) {
+TextBox::TextBox(Sitio sitio, std::string nombre, const Diseno& diseno)
+    : Widget(sitio, std::move(nombre), diseno) {
   BackColor.PonerEnSilencio(color::Blanco);
   ForeColor.PonerEnSilencio(color::Negro);
 }
@@ -45,19 +45,19 @@ void TextBox::Cambiada(Aspecto aspecto) {
   if (aspecto == Aspecto::Text) Disparar(Change);
 }
 
-ConCaption::ConCaption(Form& form, std::string nombre, std::string caption, const Diseno& diseno)
-    : Widget(form, std::move(nombre), diseno),
+ConCaption::ConCaption(Sitio sitio, std::string nombre, std::string caption, const Diseno& diseno)
+    : Widget(sitio, std::move(nombre), diseno),
       Caption(*this, Aspecto::Caption, std::move(caption)) {}
 
 std::optional<Valor> ConCaption::Leer(Aspecto aspecto) const {
   return aspecto == Aspecto::Caption ? Valor(Caption()) : Widget::Leer(aspecto);
 }
 
-Label::Label(Form& form, std::string nombre, std::string caption, const Diseno& diseno)
-    : ConCaption(form, std::move(nombre), std::move(caption), diseno) {}
+Label::Label(Sitio sitio, std::string nombre, std::string caption, const Diseno& diseno)
+    : ConCaption(sitio, std::move(nombre), std::move(caption), diseno) {}
 
-CheckBox::CheckBox(Form& form, std::string nombre, std::string caption, const Diseno& diseno)
-    : ConCaption(form, std::move(nombre), std::move(caption), diseno) {}
+CheckBox::CheckBox(Sitio sitio, std::string nombre, std::string caption, const Diseno& diseno)
+    : ConCaption(sitio, std::move(nombre), std::move(caption), diseno) {}
 
 std::optional<Valor> CheckBox::Leer(Aspecto aspecto) const {
   return aspecto == Aspecto::Value ? Valor(Value()) : ConCaption::Leer(aspecto);
@@ -68,9 +68,9 @@ void CheckBox::Cambiada(Aspecto aspecto) {
   if (aspecto == Aspecto::Value) Disparar(Click);
 }
 
-OptionButton::OptionButton(Form& form, std::string nombre, std::string caption,
+OptionButton::OptionButton(Sitio sitio, std::string nombre, std::string caption,
                            const Diseno& diseno)
-    : ConCaption(form, std::move(nombre), std::move(caption), diseno) {}
+    : ConCaption(sitio, std::move(nombre), std::move(caption), diseno) {}
 
 std::optional<Valor> OptionButton::Leer(Aspecto aspecto) const {
   return aspecto == Aspecto::Value ? Valor(Value()) : ConCaption::Leer(aspecto);
@@ -87,13 +87,13 @@ void OptionButton::ApagarLasDemas() {
   for (Widget* w : Formulario().Widgets()) {
     auto* otra = dynamic_cast<OptionButton*>(w);
     if (!otra || otra == this || otra->Contenedor() != Contenedor()) continue;
-    if (otra->Value.PonerEnSilencio(false)) otra->Widget::Cambiada(Aspecto::Value);
+    otra->Value.PonerEnSilencio(false);
   }
 }
 
-ComboBox::ComboBox(Form& form, std::string nombre, std::vector<std::string> elementos,
+ComboBox::ComboBox(Sitio sitio, std::string nombre, std::vector<std::string> elementos,
                    const Diseno& diseno)
-    : Widget(form, std::move(nombre), diseno), elementos_(std::move(elementos)) {
+    : Widget(sitio, std::move(nombre), diseno), elementos_(std::move(elementos)) {
   BackColor.PonerEnSilencio(color::Blanco);
   ForeColor.PonerEnSilencio(color::Negro);
 }
@@ -143,28 +143,28 @@ void ComboBox::Cambiada(Aspecto aspecto) {
   Disparar(Click);
 }
 
-Pulsador::Pulsador(Form& form, std::string nombre, std::string caption, const Diseno& diseno)
-    : ConCaption(form, std::move(nombre), std::move(caption), diseno) {}
+Pulsador::Pulsador(Sitio sitio, std::string nombre, std::string caption, const Diseno& diseno)
+    : ConCaption(sitio, std::move(nombre), std::move(caption), diseno) {}
 
-Cintilla::Cintilla(Form& form, std::string nombre, std::string caption, const Diseno& diseno)
-    : ConCaption(form, std::move(nombre), std::move(caption), diseno) {}
+Cintilla::Cintilla(Sitio sitio, std::string nombre, std::string caption, const Diseno& diseno)
+    : ConCaption(sitio, std::move(nombre), std::move(caption), diseno) {}
 
-Image::Image(Form& form, std::string nombre, std::string imagen, const Diseno& diseno)
-    : Widget(form, std::move(nombre), diseno),
+Image::Image(Sitio sitio, std::string nombre, std::string imagen, const Diseno& diseno)
+    : Widget(sitio, std::move(nombre), diseno),
       Picture(*this, Aspecto::Picture, std::move(imagen)) {}
 
-Shape::Shape(Form& form, std::string nombre, const Diseno& diseno)
-    : Widget(form, std::move(nombre), diseno) {}
+Shape::Shape(Sitio sitio, std::string nombre, const Diseno& diseno)
+    : Widget(sitio, std::move(nombre), diseno) {}
 
-Line::Line(Form& form, std::string nombre, int x1, int y1, int x2, int y2)
-    : Widget(form, std::move(nombre), Diseno{}),
+Line::Line(Sitio sitio, std::string nombre, int x1, int y1, int x2, int y2)
+    : Widget(sitio, std::move(nombre), {}),
       X1(*this, Aspecto::Geometria, x1),
       Y1(*this, Aspecto::Geometria, y1),
       X2(*this, Aspecto::Geometria, x2),
       Y2(*this, Aspecto::Geometria, y2) {}
 
-VScrollBar::VScrollBar(Form& form, std::string nombre, const Diseno& diseno)
-    : Widget(form, std::move(nombre), diseno) {}
+VScrollBar::VScrollBar(Sitio sitio, std::string nombre, const Diseno& diseno)
+    : Widget(sitio, std::move(nombre), diseno) {}
 
 std::optional<Valor> VScrollBar::Leer(Aspecto aspecto) const {
   if (aspecto == Aspecto::Value) return Value();
@@ -187,8 +187,8 @@ void VScrollBar::Cambiada(Aspecto aspecto) {
   if (aspecto == Aspecto::Value) Disparar(Change);
 }
 
-ProgressBar::ProgressBar(Form& form, std::string nombre, const Diseno& diseno)
-    : Widget(form, std::move(nombre), diseno) {}
+ProgressBar::ProgressBar(Sitio sitio, std::string nombre, const Diseno& diseno)
+    : Widget(sitio, std::move(nombre), diseno) {}
 
 std::optional<Valor> ProgressBar::Leer(Aspecto aspecto) const {
   if (aspecto == Aspecto::Value) return Value();

@@ -14,7 +14,7 @@ namespace services {
 /// A panel: a container of other widgets.
 class PictureBox : public Widget {
  public:
-  PictureBox(Form& form, std::string nombre, const Diseno& diseno);
+  PictureBox(Sitio sitio, std::string nombre, const Diseno& diseno = {});
 
  protected:
   [[nodiscard]] bool TieneFondo() const override { return true; }
@@ -23,10 +23,14 @@ class PictureBox : public Widget {
 /// A line of text that the user edits.
 class TextBox : public Widget {
  public:
-  TextBox(Form& form, std::string nombre, const Diseno& diseno);
+  TextBox(Sitio sitio, std::string nombre, const Diseno& diseno = {});
 
   /// Fires `Change`.
   Propiedad<std::string> Text{*this, Aspecto::Text};
+  /// The user can't change its text; code can.
+  Propiedad<bool> Locked{*this, Aspecto::Tecleo};
+  /// The most characters that the user can make of it, 0 for any number. Code isn't held to it.
+  Propiedad<int> MaxLength{*this, Aspecto::Tecleo};
   /// The selected stretch, in characters from 0.
   Propiedad<int> SelStart{*this, Aspecto::Seleccion};
   Propiedad<int> SelLength{*this, Aspecto::Seleccion};
@@ -51,13 +55,13 @@ class ConCaption : public Widget {
   [[nodiscard]] std::optional<Valor> Leer(Aspecto aspecto) const override;
 
  protected:
-  ConCaption(Form& form, std::string nombre, std::string caption, const Diseno& diseno);
+  ConCaption(Sitio sitio, std::string nombre, std::string caption, const Diseno& diseno = {});
 };
 
 /// A text that the user reads.
 class Label : public ConCaption {
  public:
-  Label(Form& form, std::string nombre, std::string caption, const Diseno& diseno);
+  Label(Sitio sitio, std::string nombre, std::string caption, const Diseno& diseno = {});
 
  protected:
   [[nodiscard]] bool TieneFondo() const override { return true; }
@@ -65,7 +69,7 @@ class Label : public ConCaption {
 
 class CheckBox : public ConCaption {
  public:
-  CheckBox(Form& form, std::string nombre, std::string caption, const Diseno& diseno);
+  CheckBox(Sitio sitio, std::string nombre, std::string caption, const Diseno& diseno = {});
   /// Ticked or not. Fires `Click`.
   Propiedad<bool> Value{*this, Aspecto::Value};
   [[nodiscard]] bool AdmiteFoco() const override { return true; }
@@ -79,7 +83,7 @@ class CheckBox : public ConCaption {
 /// One of a group of which at most one is on: the options of the same panel, or of the form itself.
 class OptionButton : public ConCaption {
  public:
-  OptionButton(Form& form, std::string nombre, std::string caption, const Diseno& diseno);
+  OptionButton(Sitio sitio, std::string nombre, std::string caption, const Diseno& diseno = {});
   /// To True, the others of its group go False silently, and then `Click` fires. To False it fires
   /// nothing.
   Propiedad<bool> Value{*this, Aspecto::Value};
@@ -97,8 +101,8 @@ class OptionButton : public ConCaption {
 /// A closed list of items of which one may be chosen.
 class ComboBox : public Widget {
  public:
-  ComboBox(Form& form, std::string nombre, std::vector<std::string> elementos,
-           const Diseno& diseno);
+  ComboBox(Sitio sitio, std::string nombre, std::vector<std::string> elementos,
+           const Diseno& diseno = {});
 
   /// The chosen item from 0, -1 for none. Fires `Click`; `Text` follows. Throws 0x800A0BB9 for an
   /// item that isn't there.
@@ -124,23 +128,39 @@ class ComboBox : public Widget {
 /// The push button of the suite.
 class Pulsador : public ConCaption {
  public:
-  Pulsador(Form& form, std::string nombre, std::string caption, const Diseno& diseno);
+  Pulsador(Sitio sitio, std::string nombre, std::string caption, const Diseno& diseno = {});
   /// Whether a click takes the focus to it. `BtnCancelar` doesn't, so that the field being left
   /// raises no complaint.
   bool TomaFoco = true;
   [[nodiscard]] bool AdmiteFoco() const override { return TomaFoco; }
 };
 
+/// What a mouse does on a title bar. The position is that inside the bar, in twips.
+struct Raton {
+  static constexpr int Izquierdo = 1;
+  static constexpr int Derecho = 2;
+
+  int Boton = 0;
+  int Mayusculas = 0;  ///< 1 Shift, 2 Ctrl, 4 Alt, added up
+  double X = 0;
+  double Y = 0;
+};
+
 /// The title bar of the suite's screens.
 class Cintilla : public ConCaption {
  public:
-  Cintilla(Form& form, std::string nombre, std::string caption, const Diseno& diseno);
+  using EventoRaton = std::function<void(const Raton& raton)>;
+
+  Cintilla(Sitio sitio, std::string nombre, std::string caption, const Diseno& diseno = {});
   Evento Cerrar;
+  EventoRaton Pulsada;
+  EventoRaton Movida;
+  EventoRaton Soltada;
 };
 
 class Image : public Widget {
  public:
-  Image(Form& form, std::string nombre, std::string imagen, const Diseno& diseno);
+  Image(Sitio sitio, std::string nombre, std::string imagen, const Diseno& diseno = {});
   /// Name of the drawing; empty for none.
   Propiedad<std::string> Picture;
   Propiedad<bool> Stretch{*this, Aspecto::Stretch};
@@ -148,7 +168,7 @@ class Image : public Widget {
 
 class Shape : public Widget {
  public:
-  Shape(Form& form, std::string nombre, const Diseno& diseno);
+  Shape(Sitio sitio, std::string nombre, const Diseno& diseno = {});
 
  protected:
   [[nodiscard]] bool TieneFondo() const override { return true; }
@@ -157,7 +177,7 @@ class Shape : public Widget {
 /// A drawn line; it has its two ends, in twips, in the place of a position and a size.
 class Line : public Widget {
  public:
-  Line(Form& form, std::string nombre, int x1, int y1, int x2, int y2);
+  Line(Sitio sitio, std::string nombre, int x1, int y1, int x2, int y2);
   Propiedad<int> X1;
   Propiedad<int> Y1;
   Propiedad<int> X2;
@@ -166,7 +186,7 @@ class Line : public Widget {
 
 class VScrollBar : public Widget {
  public:
-  VScrollBar(Form& form, std::string nombre, const Diseno& diseno);
+  VScrollBar(Sitio sitio, std::string nombre, const Diseno& diseno = {});
   Propiedad<int> Min{*this, Aspecto::Min, 0};
   Propiedad<int> Max{*this, Aspecto::Max, 32767};
   /// Kept between `Min` and `Max`. Fires `Change`.
@@ -182,10 +202,10 @@ class VScrollBar : public Widget {
 
 class ProgressBar : public Widget {
  public:
-  ProgressBar(Form& form, std::string nombre, const Diseno& diseno);
-  Propiedad<int> Min{*this, Aspecto::Min, 0};
-  Propiedad<int> Max{*this, Aspecto::Max, 100};
-  Propiedad<int> Value{*this, Aspecto::Value, 0};
+  ProgressBar(Sitio sitio, std::string nombre, const Diseno& diseno = {});
+  Propiedad<double> Min{*this, Aspecto::Min, 0};
+  Propiedad<double> Max{*this, Aspecto::Max, 100};
+  Propiedad<double> Value{*this, Aspecto::Value, 0};
   [[nodiscard]] std::optional<Valor> Leer(Aspecto aspecto) const override;
 };
 

@@ -84,10 +84,14 @@ void Sustituir(TextBox& caja, int desde, int cuantos, std::string_view texto) {
 }
 
 void Insertar(TextBox& caja, std::string_view texto) {
+  if (caja.Locked) return;
+  const auto queda = Longitud(caja.Text()) - static_cast<std::size_t>(caja.SelLength());
+  if (caja.MaxLength > 0 && queda >= static_cast<std::size_t>(caja.MaxLength())) return;
   Sustituir(caja, caja.SelStart, caja.SelLength, texto);
 }
 
 void BorrarEn(TextBox& caja, bool haciaAtras) {
+  if (caja.Locked) return;
   if (caja.SelLength > 0) return Sustituir(caja, caja.SelStart, caja.SelLength, "");
   if (haciaAtras && caja.SelStart > 0) return Sustituir(caja, caja.SelStart - 1, 1, "");
   if (!haciaAtras && caja.SelStart < static_cast<int>(Longitud(caja.Text()))) {
@@ -259,8 +263,11 @@ void Escribir(Widget& widget, char32_t caracter) {
 }
 
 void CambiarTexto(TextBox& caja, std::string_view texto) {
-  if (!caja.Alcanzable() || caja.Text == texto) return;
-  Evento(caja, [&] { Sustituir(caja, 0, static_cast<int>(Longitud(caja.Text())), texto); });
+  if (!caja.Alcanzable() || caja.Locked) return;
+  const auto limite = static_cast<std::size_t>(caja.MaxLength());
+  const std::string nuevo = limite > 0 ? Izquierda(texto, limite) : std::string(texto);
+  if (caja.Text == nuevo) return;
+  Evento(caja, [&] { Sustituir(caja, 0, static_cast<int>(Longitud(caja.Text())), nuevo); });
 }
 
 void Seleccionar(TextBox& caja, int desde, int cuantos) {
@@ -283,6 +290,26 @@ void Mover(VScrollBar& barra, int valor) {
 
 void CerrarBarra(Cintilla& barra) {
   Evento(barra, [&] { Widget::Disparar(barra.Cerrar); });
+}
+
+namespace {
+
+void DelRaton(Cintilla& barra, const Cintilla::EventoRaton& suceso, const Raton& raton) {
+  if (barra.Alcanzable() && suceso) Evento(barra, [&] { suceso(raton); });
+}
+
+}  // namespace
+
+void PulsarBarra(Cintilla& barra, const Raton& raton) {
+  DelRaton(barra, barra.Pulsada, raton);
+}
+
+void MoverEnBarra(Cintilla& barra, const Raton& raton) {
+  DelRaton(barra, barra.Movida, raton);
+}
+
+void SoltarBarra(Cintilla& barra, const Raton& raton) {
+  DelRaton(barra, barra.Soltada, raton);
 }
 
 void Tabular(Form& form, bool atras) {

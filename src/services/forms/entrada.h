@@ -15,6 +15,7 @@ class MSFlexGrid;
 class TextBox;
 class VScrollBar;
 class Cintilla;
+struct Raton;
 
 namespace tecla {
 inline constexpr int Borrar = 8;
@@ -54,9 +55,11 @@ void Enfocar(Widget& widget);
 /// `KeyPress` for those that have a character, and then what the key does there.
 void Tecla(Widget& widget, int codigo);
 /// A character typed: `KeyDown` with the key of a figure or letter, the letter's capital, or else
-/// with `tecla::OtroCaracter`; `KeyPress`; and it takes the place of the selection.
+/// with `tecla::OtroCaracter`; `KeyPress`; and it takes the place of the selection. A box that is
+/// full at its `MaxLength` swallows it then.
 void Escribir(Widget& widget, char32_t caracter);
-/// The text changed in a way other than by keys, as by pasting.
+/// The text changed in a way other than by keys, as by pasting; what is past its `MaxLength` falls
+/// off. A `Locked` box keeps its text, whatever comes.
 void CambiarTexto(TextBox& caja, std::string_view texto);
 /// Where the user put the caret and the selection, in characters from 0.
 void Seleccionar(TextBox& caja, int desde, int cuantos);
@@ -64,8 +67,11 @@ void Seleccionar(TextBox& caja, int desde, int cuantos);
 void Elegir(ComboBox& lista, int elemento);
 /// Moves a scroll bar.
 void Mover(VScrollBar& barra, int valor);
-/// The close event of a title bar.
+/// The close event of a title bar, and what the mouse does on it.
 void CerrarBarra(Cintilla& barra);
+void PulsarBarra(Cintilla& barra, const Raton& raton);
+void MoverEnBarra(Cintilla& barra, const Raton& raton);
+void SoltarBarra(Cintilla& barra, const Raton& raton);
 /// Tab or, backwards, Shift and Tab.
 void Tabular(Form& form, bool atras);
 

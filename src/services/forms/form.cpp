@@ -63,7 +63,7 @@ void Form::Unload() {
   try {
     Form_Unload();
   } catch (...) {
-    Retirar();
+    descargando_ = false;
     throw;
   }
   Retirar();
@@ -75,7 +75,7 @@ void Form::Retirar() {
   cargado_ = false;
   descargado_ = true;
   escritorio_.Retirar(*this);
-  Form_Terminate();
+  if (AlRetirarse) AlRetirarse();
 }
 
 void Form::OlvidarFoco() {
@@ -104,7 +104,7 @@ void Form::Refresh() noexcept {
   if (vista_) vista_->Refrescar();
 }
 
-void Form::Cambiada(Aspecto) {
+void Form::Mostrar(Aspecto) {
   if (vista_) vista_->Refrescar();
 }
 

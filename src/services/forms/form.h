@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -39,8 +40,8 @@ class Form : public ObjetoContado<IForm>, public Dueno {
   void ShowModal();
   /// Hidden, it keeps its focus for the next `Show`; neither fires an event.
   void Hide();
-  /// Runs `Form_Unload` and takes the screen away, also when that fails; the object lives on until
-  /// the user's event is over.
+  /// Runs `Form_Unload` and takes the screen away; the object lives on until the user's event is
+  /// over. When that fails the error comes out, and the screen stays as it is.
   void Unload();
   [[nodiscard]] bool Cargado() const { return cargado_; }
   [[nodiscard]] bool Visible() const { return visible_; }
@@ -57,6 +58,9 @@ class Form : public ObjetoContado<IForm>, public Dueno {
   Ref<IForm> Marco;
   [[nodiscard]] Ventana* Vista() const { return vista_.get(); }
 
+  /// The screen is gone, and whoever keeps it can let go.
+  std::function<void()> AlRetirarse;
+
   virtual void Form_Resize() {}
   virtual void Form_Paint() {}
 
@@ -66,13 +70,12 @@ class Form : public ObjetoContado<IForm>, public Dueno {
   void Refresh() noexcept override;
   void* VentanaNativa() noexcept override { return vista_ ? vista_->Nativa() : nullptr; }
 
-  void Cambiada(Aspecto aspecto) override;
+  void Cambiada(Aspecto aspecto) override { Mostrar(aspecto); }
+  void Mostrar(Aspecto aspecto) override;
 
  protected:
   virtual void Form_Load() {}
   virtual void Form_Unload() {}
-  /// The screen is gone, and whoever keeps it can let go.
-  virtual void Form_Terminate() {}
 
  private:
   friend class Widget;
@@ -91,19 +94,27 @@ class Form : public ObjetoContado<IForm>, public Dueno {
   bool descargado_ = false;
 };
 
-/// The one shared instance of a screen: made at its first use, and made anew after it was unloaded.
+/// The one shared instance of a screen: made at its first use, let go when it is unloaded, and made
+/// anew after that.
 template <class F>
 class Instancia {
  public:
+  Instancia() = default;
+  Instancia(const Instancia&) = delete;
+  ~Instancia() {
+    if (form_) form_->AlRetirarse = nullptr;
+  }
+
   template <class... Argumentos>
   F& Pedir(Argumentos&&... argumentos) {
-    if (!Si()) form_ = Crear<F>(std::forward<Argumentos>(argumentos)...);
+    if (!form_) {
+      form_ = Crear<F>(std::forward<Argumentos>(argumentos)...);
+      form_->AlRetirarse = [this] { form_ = nullptr; };
+    }
     return *form_;
   }
   /// Null when it isn't made yet, or was unloaded.
-  [[nodiscard]] F* Si() const { return form_ && !form_->Descargado() ? form_.get() : nullptr; }
-  /// Lets go of it; its `Unload` is its caller's business.
-  void Soltar() { form_ = nullptr; }
+  [[nodiscard]] F* Si() const { return form_.get(); }
 
  private:
   Ref<F> form_;

@@ -4,13 +4,16 @@
 #include <utility>
 #include <vector>
 
+#include "forms/form.h"
+#include "forms/ventana.h"
 #include "forms/widget.h"
 #include "valores/error.h"
 
 namespace services {
 
 /// A control array: widgets of one kind under one name, told apart by their index from 0. Element 0
-/// is designed into the screen; the others are made at run time.
+/// is designed into the screen; the others are made, and taken away, at run time, and the screen's
+/// window follows.
 template <class W>
 class MatrizControles {
  public:
@@ -23,8 +26,18 @@ class MatrizControles {
   template <class... Argumentos>
   W& Anadir(Argumentos&&... argumentos) {
     elementos_.push_back(std::make_unique<W>(std::forward<Argumentos>(argumentos)...));
-    elementos_.back()->indice_ = UBound();
-    return *elementos_.back();
+    W& nuevo = *elementos_.back();
+    nuevo.indice_ = UBound();
+    if (Ventana* vista = nuevo.Formulario().Vista()) vista->Anadido(nuevo);
+    return nuevo;
+  }
+
+  /// Takes the last element away. Element 0 stays: throws 381 for it.
+  void QuitarUltimo() {
+    if (UBound() < 1) throw ErrorEjecucion(error::CeldaNoValida, kNoExiste);
+    W& ultimo = *elementos_.back();
+    if (Ventana* vista = ultimo.Formulario().Vista()) vista->Quitado(ultimo);
+    elementos_.pop_back();
   }
 
   [[nodiscard]] int Count() const { return static_cast<int>(elementos_.size()); }
@@ -32,12 +45,14 @@ class MatrizControles {
   /// Throws 381 for an element that isn't there.
   W& operator()(int indice) {
     if (indice < 0 || indice > UBound()) {
-      throw ErrorEjecucion(error::CeldaNoValida, "No existe el elemento de la matriz de controles");
+      throw ErrorEjecucion(error::CeldaNoValida, kNoExiste);
     }
     return *elementos_[static_cast<std::size_t>(indice)];
   }
 
  private:
+  static constexpr const char* kNoExiste = "No existe el elemento de la matriz de controles";
+
   std::vector<std::unique_ptr<W>> elementos_;
 };
 

@@ -17,8 +17,8 @@ namespace {
 
 }  // namespace
 
-MSFlexGrid::MSFlexGrid(Form& form, std::string nombre, int columnas, const Diseno& diseno)
-    : Widget(form, std::move(nombre), diseno),
+MSFlexGrid::MSFlexGrid(Sitio sitio, std::string nombre, int columnas, const Diseno& diseno)
+    : Widget(sitio, std::move(nombre), diseno),
       columnas_(columnas),
       celdas_(static_cast<std::size_t>(columnas)),
       de_columna_(static_cast<std::size_t>(columnas)) {
@@ -59,7 +59,12 @@ void MSFlexGrid::PonerRows(int filas) {
   celdas_.resize(static_cast<std::size_t>(filas) * static_cast<std::size_t>(columnas_));
   filas_ = filas;
   fila_ = std::min(fila_, filas_ - 1);
+  SalirDeLaCabecera();
   AvisarFilas();
+}
+
+void MSFlexGrid::SalirDeLaCabecera() {
+  if (fila_ == 0 && filas_ > 1) fila_ = 1;
 }
 
 void MSFlexGrid::MoverA(int fila, int columna) {
@@ -85,15 +90,20 @@ void MSFlexGrid::TextMatrix(int fila, int columna, std::string texto) {
 }
 
 void MSFlexGrid::AddItem(std::string_view texto) {
-  const std::size_t primera = celdas_.size();
-  celdas_.resize(primera + static_cast<std::size_t>(columnas_));
-  ++filas_;
-  for (std::size_t c = 0; c < static_cast<std::size_t>(columnas_); ++c) {
-    const std::size_t tabulador = texto.find('\t');
-    celdas_[primera + c].texto = texto.substr(0, tabulador);
-    if (tabulador == std::string_view::npos) break;
-    texto.remove_prefix(tabulador + 1);
+  std::vector<std::string> celdas;
+  for (std::size_t tabulador = 0; tabulador != std::string_view::npos;) {
+    tabulador = texto.find('\t');
+    celdas.emplace_back(texto.substr(0, tabulador));
+    if (tabulador != std::string_view::npos) texto.remove_prefix(tabulador + 1);
   }
+  AnadirFila(std::move(celdas));
+}
+
+void MSFlexGrid::AnadirFila(std::vector<std::string> celdas) {
+  celdas.resize(static_cast<std::size_t>(columnas_));
+  for (std::string& texto : celdas) celdas_.emplace_back().texto = std::move(texto);
+  ++filas_;
+  SalirDeLaCabecera();
   AvisarFilas();
 }
 
@@ -179,11 +189,22 @@ void MSFlexGrid::PonerCellForeColor(int valor) {
   if (std::exchange(Actual().color, valor) != valor) AvisarCelda(fila_, columna_);
 }
 
-void MSFlexGrid::PonerCellPicture(std::string imagen) {
+void MSFlexGrid::PintarFila(int fila, int fondo, int texto) {
+  for (int c = 0; c < columnas_; ++c) {
+    Celda& celda = En(fila, c);
+    if (celda.fondo == fondo && celda.color == texto) continue;
+    celda.fondo = fondo;
+    celda.color = texto;
+    AvisarCelda(fila, c);
+  }
+}
+
+void MSFlexGrid::PonerImagen(int fila, int columna, const std::string& imagen) {
+  Celda& celda = En(fila, columna);
   const auto donde = std::find(imagenes_.begin(), imagenes_.end(), imagen);
   const auto cual = static_cast<std::uint8_t>(donde - imagenes_.begin());
-  if (donde == imagenes_.end()) imagenes_.push_back(std::move(imagen));
-  if (std::exchange(Actual().imagen, cual) != cual) AvisarCelda(fila_, columna_);
+  if (donde == imagenes_.end()) imagenes_.push_back(imagen);
+  if (std::exchange(celda.imagen, cual) != cual) AvisarCelda(fila, columna);
 }
 
 void MSFlexGrid::PonerCellAlignment(int valor) {

@@ -18,7 +18,7 @@ namespace services {
 /// own target. A row or column that the grid hasn't is error 381 and nothing moves.
 class MSFlexGrid : public Widget {
  public:
-  MSFlexGrid(Form& form, std::string nombre, int columnas, const Diseno& diseno);
+  MSFlexGrid(Sitio sitio, std::string nombre, int columnas, const Diseno& diseno = {});
 
   Evento RowColChange;
   Evento LeaveCell;
@@ -37,7 +37,7 @@ class MSFlexGrid : public Widget {
   [[nodiscard]] int LeerCellForeColor() const { return ColorDe(fila_, columna_); }
   void PonerCellForeColor(int valor);
   [[nodiscard]] std::string LeerCellPicture() const { return ImagenDe(fila_, columna_); }
-  void PonerCellPicture(std::string imagen);
+  void PonerCellPicture(std::string imagen) { PonerImagen(fila_, columna_, imagen); }
   [[nodiscard]] int LeerCellAlignment() const { return AlineacionDe(fila_, columna_); }
   void PonerCellAlignment(int valor);
   [[nodiscard]] double LeerCellFontSize() const { return CuerpoDe(fila_, columna_); }
@@ -50,7 +50,8 @@ class MSFlexGrid : public Widget {
 
  public:
   /// How many rows, the header counted; at least 1. Fewer rows drop the last ones, and a current
-  /// cell below them moves inside silently; more rows come empty.
+  /// cell below them moves inside silently; more rows come empty. Once there are rows below it, the
+  /// header is not current.
   De<int, &MSFlexGrid::LeerRows, &MSFlexGrid::PonerRows> Rows{*this};
   De<int, &MSFlexGrid::LeerRow, &MSFlexGrid::PonerRow> Row{*this};
   De<int, &MSFlexGrid::LeerCol, &MSFlexGrid::PonerCol> Col{*this};
@@ -83,9 +84,16 @@ class MSFlexGrid : public Widget {
   [[nodiscard]] const std::string& TextMatrix(int fila, int columna) const;
   void TextMatrix(int fila, int columna, std::string texto);
 
+  /// Back and text colour of all cells of a row. The current cell stays where it is.
+  void PintarFila(int fila, int fondo, int texto);
+  /// The drawing of any cell; `CellPicture` is that of the current one.
+  void PonerImagen(int fila, int columna, const std::string& imagen);
+
   /// Appends a row out of a tab-joined text; texts past the last column are dropped, cells without
   /// one stay empty.
   void AddItem(std::string_view texto);
+  /// Appends a row of those texts, whatever signs they hold.
+  void AnadirFila(std::vector<std::string> celdas);
   /// Takes a row out; those below move up with all they have. The header can't be taken out.
   void RemoveItem(int fila);
 
@@ -147,6 +155,7 @@ class MSFlexGrid : public Widget {
   [[nodiscard]] Columna& DeColumna(int columna);
   void AvisarCelda(int fila, int columna);
   void AvisarFilas();
+  void SalirDeLaCabecera();
 
   int filas_ = 1;
   int columnas_;

@@ -23,6 +23,7 @@ enum class Aspecto {
   Geometria,
   Fuente,
   Seleccion,  ///< the selected stretch of a text
+  Tecleo,     ///< whether a text can be typed, and how long
   Elementos,  ///< the items of a list
   Picture,
   Stretch,
@@ -31,7 +32,10 @@ enum class Aspecto {
 /// Who is told that one of its properties was given another value.
 class Dueno {
  public:
+  /// By an assignment: it is shown, and what the assignment fires runs.
   virtual void Cambiada(Aspecto aspecto) = 0;
+  /// Without a word: it is shown, and that is all.
+  virtual void Mostrar(Aspecto aspecto) = 0;
 
  protected:
   ~Dueno() = default;
@@ -47,7 +51,7 @@ class Propiedad {
   Propiedad(const Propiedad&) = delete;
 
   Propiedad& operator=(T valor) {
-    if (PonerEnSilencio(std::move(valor))) dueno_.Cambiada(aspecto_);
+    if (Guardar(std::move(valor))) dueno_.Cambiada(aspecto_);
     return *this;
   }
   Propiedad& operator=(const Propiedad& otra) { return *this = otra.valor_; }
@@ -57,10 +61,10 @@ class Propiedad {
   const T& operator()() const { return valor_; }
   const T* operator->() const { return &valor_; }
 
-  /// Without telling the owner. Whether the value is another one.
+  /// Assigns and fires nothing. Whether the value is another one.
   bool PonerEnSilencio(T valor) {
-    if (valor_ == valor) return false;
-    valor_ = std::move(valor);
+    if (!Guardar(std::move(valor))) return false;
+    dueno_.Mostrar(aspecto_);
     return true;
   }
 
@@ -71,6 +75,12 @@ class Propiedad {
   friend bool operator==(const Propiedad& a, const Propiedad& b) { return a.valor_ == b.valor_; }
 
  private:
+  bool Guardar(T valor) {
+    if (valor_ == valor) return false;
+    valor_ = std::move(valor);
+    return true;
+  }
+
   Dueno& dueno_;
   Aspecto aspecto_;
   T valor_;

@@ -23,6 +23,9 @@ class Ventana {
   virtual void* Nativa() = 0;
 
   virtual void Cambiada(Widget& widget, Aspecto aspecto) = 0;
+  /// An element of a control array came, or is about to go.
+  virtual void Anadido(Widget& widget) = 0;
+  virtual void Quitado(Widget& widget) = 0;
   /// Text, colours, drawing or font of a cell.
   virtual void CeldaCambiada(MSFlexGrid& rejilla, int fila, int columna) = 0;
   /// Rows came or went.

@@ -7,7 +7,9 @@
 
 namespace services {
 
-Widget::Widget(Form& form, std::string nombre, const Diseno& diseno)
+Sitio::Sitio(PictureBox& panel) : Form(panel.Formulario()), Panel(&panel) {}
+
+Widget::Widget(Sitio sitio, std::string nombre, const Diseno& diseno)
     : Enabled(*this, Aspecto::Enabled, diseno.Enabled),
       Visible(*this, Aspecto::Visible, diseno.Visible),
       Left(*this, Aspecto::Geometria, diseno.Left),
@@ -17,10 +19,9 @@ Widget::Widget(Form& form, std::string nombre, const Diseno& diseno)
       FontSize(*this, Aspecto::Fuente, diseno.FontSize),
       FontBold(*this, Aspecto::Fuente, diseno.FontBold),
       TabIndex(*this, Aspecto::Enabled, diseno.TabIndex),
-      form_(form),
+      form_(sitio.Form),
       nombre_(std::move(nombre)),
-      diseno_(diseno),
-      contenedor_(diseno.Contenedor) {
+      contenedor_(sitio.Panel) {
   form_.widgets_.push_back(this);
 }
 
@@ -65,8 +66,12 @@ std::optional<Valor> Widget::Leer(Aspecto aspecto) const {
   }
 }
 
-void Widget::Cambiada(Aspecto aspecto) {
+void Widget::Mostrar(Aspecto aspecto) {
   if (Ventana* vista = form_.Vista()) vista->Cambiada(*this, aspecto);
+}
+
+void Widget::Cambiada(Aspecto aspecto) {
+  Mostrar(aspecto);
   if (aspecto != Aspecto::Enabled && aspecto != Aspecto::Visible) return;
   Escritorio& escritorio = form_.Escritorio();
   if (escritorio.Foco() && !escritorio.Foco()->Alcanzable()) escritorio.QuitarFoco();

@@ -26,7 +26,7 @@ inline constexpr int Panel = static_cast<int>(0x8000000F);
 inline constexpr int TextoPanel = static_cast<int>(0x80000012);
 }  // namespace color
 
-/// Where a widget stands on its form as designed, in twips, and how.
+/// Where a widget stands as designed, in twips, and how: `Diseno{180, 160, 1300, 360}.Tab(0)`.
 struct Diseno {
   int Left = 0;
   int Top = 0;
@@ -34,11 +34,35 @@ struct Diseno {
   int Height = 0;
   /// Place in the order of the Tab key; -1 keeps it out.
   int TabIndex = -1;
-  PictureBox* Contenedor = nullptr;  ///< the panel it lies in; the form itself when null
   bool Visible = true;
   bool Enabled = true;
   double FontSize = 8.25;  ///< points
   bool FontBold = false;
+
+  [[nodiscard]] constexpr Diseno Tab(int lugar) const { return Con(&Diseno::TabIndex, lugar); }
+  [[nodiscard]] constexpr Diseno Cuerpo(double puntos) const {
+    return Con(&Diseno::FontSize, puntos);
+  }
+  [[nodiscard]] constexpr Diseno Negrita() const { return Con(&Diseno::FontBold, true); }
+  [[nodiscard]] constexpr Diseno Oculto() const { return Con(&Diseno::Visible, false); }
+  [[nodiscard]] constexpr Diseno Inhabilitado() const { return Con(&Diseno::Enabled, false); }
+
+ private:
+  template <class T>
+  [[nodiscard]] constexpr Diseno Con(T Diseno::*miembro, T valor) const {
+    Diseno otro = *this;
+    otro.*miembro = valor;
+    return otro;
+  }
+};
+
+/// What a widget is laid on: a screen, or a panel of one.
+struct Sitio {
+  Sitio(services::Form& form) : Form(form) {}
+  Sitio(PictureBox& panel);
+
+  services::Form& Form;
+  PictureBox* Panel = nullptr;  ///< null on the screen itself
 };
 
 /// What all widgets of a screen have: a name, a place, state, and one slot for each event. A model
@@ -51,7 +75,7 @@ class Widget : public Dueno {
   /// The handler may change the key, or consume it by setting it to 0.
   using EventoTecla = std::function<void(int& tecla)>;
 
-  Widget(Form& form, std::string nombre, const Diseno& diseno);
+  Widget(Sitio sitio, std::string nombre, const Diseno& diseno);
   virtual ~Widget();
   Widget(const Widget&) = delete;
   Widget& operator=(const Widget&) = delete;
@@ -63,7 +87,6 @@ class Widget : public Dueno {
   [[nodiscard]] std::string NombreCompleto() const;
   [[nodiscard]] services::Form& Formulario() const { return form_; }
   [[nodiscard]] PictureBox* Contenedor() const { return contenedor_; }
-  [[nodiscard]] const Diseno& Disenado() const { return diseno_; }
 
   Propiedad<std::string> Tag{*this, Aspecto::Tag};
   Propiedad<bool> Enabled;
@@ -101,6 +124,7 @@ class Widget : public Dueno {
   [[nodiscard]] virtual std::optional<Valor> Leer(Aspecto aspecto) const;
 
   void Cambiada(Aspecto aspecto) override;
+  void Mostrar(Aspecto aspecto) override;
 
   static void Disparar(const Evento& evento) {
     if (evento) evento();
@@ -117,7 +141,6 @@ class Widget : public Dueno {
   Form& form_;
   std::string nombre_;
   int indice_ = -1;
-  Diseno diseno_;
   PictureBox* contenedor_;
 };
 

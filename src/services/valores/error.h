@@ -28,6 +28,8 @@ constexpr std::int32_t Numero(std::uint32_t hex) {
   return static_cast<std::int32_t>(hex);
 }
 
+/// A call whose result isn't there, such as a date past the calendar's end.
+inline constexpr std::int32_t LlamadaNoValida = 5;
 inline constexpr std::int32_t Desbordamiento = 6;
 inline constexpr std::int32_t DivisionPorCero = 11;
 inline constexpr std::int32_t TiposNoCoinciden = 13;

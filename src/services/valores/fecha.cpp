@@ -42,7 +42,7 @@ bool EsAnioValido(std::int64_t anio) {
 }
 
 [[noreturn]] void Desbordar() {
-  throw ErrorEjecucion(error::Desbordamiento, "Desbordamiento");
+  throw ErrorEjecucion(error::LlamadaNoValida, "La fecha se sale del calendario");
 }
 
 [[noreturn]] void RechazarTipo() {

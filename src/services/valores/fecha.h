@@ -34,7 +34,7 @@ struct Calendario {
 
 /// Calendar addition. `unidad` is "d", "m" or "yyyy", case-blind; months and years keep the day
 /// where the month has it and take its last day where it doesn't. Throws 13 for another unit and
-/// 6 for a result outside the years 100 to 9999.
+/// 5 for a result outside the years 100 to 9999.
 [[nodiscard]] FechaHora SumarFecha(std::string_view unidad, std::int64_t cuantos, FechaHora desde);
 
 /// A date text of the user: day, month and year of one or two, one or two, and two or four

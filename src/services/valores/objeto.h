@@ -23,6 +23,8 @@ constexpr HRESULT Codigo(std::uint32_t hex) {
 inline constexpr HRESULT SinInterfaz = Codigo(0x80004002);
 inline constexpr HRESULT PunteroNulo = Codigo(0x80004003);
 inline constexpr HRESULT Fallo = Codigo(0x80004005);
+/// The thread that asks isn't the one that the object belongs to.
+inline constexpr HRESULT OtroHilo = Codigo(0x8001010E);
 inline constexpr HRESULT SinAgregacion = Codigo(0x80040110);
 inline constexpr HRESULT ClaseDesconocida = Codigo(0x80040111);
 inline constexpr HRESULT ClaseNoRegistrada = Codigo(0x80040154);

@@ -56,4 +56,15 @@ std::int32_t NumeroDeError(Accion&& accion) {
   return 0;
 }
 
+/// The same for its text; empty when it throws none.
+template <class Accion>
+std::string DescripcionDeError(Accion&& accion) {
+  try {
+    accion();
+  } catch (const services::ErrorEjecucion& fallo) {
+    return fallo.Descripcion();
+  }
+  return "";
+}
+
 }  // namespace pruebas

@@ -2,6 +2,8 @@
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <sys/wait.h>
+#include <unistd.h>
 
 #include <fstream>
 #include <string>
@@ -26,8 +28,20 @@ class RegistroTest : public testing::Test {
     return nombres;
   }
 
+  static void Escribir(const std::string& texto) {
+    std::filesystem::create_directories(automation::FicheroDeClases().parent_path());
+    std::ofstream(automation::FicheroDeClases(), std::ios::binary) << texto;
+  }
+  static std::string Texto() {
+    std::ifstream fichero(automation::FicheroDeClases(), std::ios::binary);
+    return {std::istreambuf_iterator<char>(fichero), {}};
+  }
+
   pruebas::CarpetaDeDatos datos;
 };
+
+const std::string kLineaDeOtra =
+    "{ABCDEF01-2345-6789-0A0B-0C0D0E0F0102}\tPruebas.Otra\t/lib/otra.so\tunico";
 
 TEST(GuidTest, ElTextoVuelveASerElMismoGuid) {
   EXPECT_EQ(automation::TextoDeGuid(kOtra), "{ABCDEF01-2345-6789-0A0B-0C0D0E0F0102}");
@@ -75,9 +89,7 @@ TEST_F(RegistroTest, UnaClasePuestaSeEncuentraSinMirarMayusculas) {
 
 TEST_F(RegistroTest, ElFicheroTieneUnaLineaPorClase) {
   Registro().Poner({kOtra, "Pruebas.Otra", "/lib/otra.so"});
-  std::ifstream fichero(automation::FicheroDeClases());
-  const std::string texto{std::istreambuf_iterator<char>(fichero), {}};
-  EXPECT_EQ(texto, "{ABCDEF01-2345-6789-0A0B-0C0D0E0F0102}\tPruebas.Otra\t/lib/otra.so\n");
+  EXPECT_EQ(Texto(), kLineaDeOtra + "\n");
 }
 
 TEST_F(RegistroTest, RegistrarOtraVezCambiaLaBiblioteca) {
@@ -113,10 +125,90 @@ TEST_F(RegistroTest, UnaLineaEstropeadaNoEsUnaClase) {
 TEST_F(RegistroTest, LoQueNoCabeEnUnaLineaSeRechaza) {
   Registro().Poner({kOtra, "Pruebas.Otra", "/lib/otra.so"});
   for (const Clase& clase :
-       {Clase{IContador::CLSID, "A\tB", "/a.so"}, Clase{IContador::CLSID, "A", "/a\n.so"}}) {
+       {Clase{IContador::CLSID, "A\tB", "/a.so"}, Clase{IContador::CLSID, "A", "/a\n.so"},
+        Clase{IContador::CLSID, "A", "/a.so\r"}}) {
     EXPECT_EQ(NumeroDeError([&] { Registro().Poner(clase); }), services::hr::Fallo);
   }
   EXPECT_THAT(ProgIds(), testing::ElementsAre("Pruebas.Otra"));
+}
+
+TEST_F(RegistroTest, SinIdentificadorNoHayClase) {
+  EXPECT_EQ(pruebas::DescripcionDeError([] {
+              Registro().Poner({services::GUID{}, "Pruebas.Vacia", "/a.so"});
+            }),
+            "La clase Pruebas.Vacia no tiene identificador");
+  Escribir("{00000000-0000-0000-0000-000000000000}\tPruebas.Vacia\t/a.so\n");
+  EXPECT_FALSE(Registro().Buscar("Pruebas.Vacia"));
+}
+
+TEST_F(RegistroTest, LoQueNoEsUnaClaseQuedaEnSuSitioAlEscribir) {
+  Escribir("# De Ana\n" + kLineaDeOtra + "\n\n{no}\tA\t/b.so\nsin fin de línea");
+  Registro().Poner({IContador::CLSID, IContador::ProgId, "/lib/a.so"});
+  Registro().Quitar(kOtra);
+  EXPECT_EQ(Texto(),
+            "# De Ana\n\n{no}\tA\t/b.so\nsin fin de línea\n"
+            "{7A1C0B53-44E1-4D7B-8319-6C0EA5923BF0}\tPruebas.Contador\t/lib/a.so\tunico\n");
+}
+
+TEST_F(RegistroTest, LosFinesDeLineaYLaMarcaDeOtrosSistemasNoEscondenUnaClase) {
+  Escribir("\xEF\xBB\xBF" + kLineaDeOtra + "\r\n# De Ana\r\n");
+  ASSERT_TRUE(Registro().Buscar("Pruebas.Otra"));
+  EXPECT_EQ(Registro().Buscar("Pruebas.Otra")->Biblioteca, "/lib/otra.so");
+  Registro().Poner({kOtra, "Pruebas.Otra", "/lib/otra.so"});
+  EXPECT_EQ(Texto(), "# De Ana\n" + kLineaDeOtra + "\n");
+}
+
+TEST_F(RegistroTest, LosHilosDeUnaClaseSonUnoSiNoSeDiceOtraCosa) {
+  using services::ModeloDeHilos;
+  const std::string clase = "{ABCDEF01-2345-6789-0A0B-0C0D0E0F0102}\tPruebas.Otra\t/lib/otra.so";
+  for (const char* columna : {"", "\tunico", "\tapartamento"}) {
+    Escribir(clase + columna + "\n");
+    ASSERT_TRUE(Registro().Buscar("Pruebas.Otra")) << columna;
+    EXPECT_EQ(Registro().Buscar("Pruebas.Otra")->Hilos, ModeloDeHilos::Unico) << columna;
+    EXPECT_EQ(Registro().Buscar("Pruebas.Otra")->Biblioteca, "/lib/otra.so") << columna;
+  }
+  Registro().Poner({kOtra, "Pruebas.Otra", "/lib/otra.so", ModeloDeHilos::Libre});
+  EXPECT_EQ(Texto(), clase + "\tlibre\n");
+  EXPECT_EQ(Registro().Buscar("Pruebas.Otra")->Hilos, ModeloDeHilos::Libre);
+}
+
+TEST_F(RegistroTest, DeUnaListaQueEscribenOtrosSeAvisa) {
+  Registro().Poner({kOtra, "Pruebas.Otra", "/lib/otra.so"});
+  const auto avisos = [](std::filesystem::perms permisos) {
+    std::filesystem::permissions(automation::FicheroDeClases(), permisos);
+    testing::internal::CaptureStderr();
+    EXPECT_TRUE(Registro().Buscar("Pruebas.Otra"));
+    return testing::internal::GetCapturedStderr();
+  };
+  using std::filesystem::perms;
+  EXPECT_EQ(avisos(perms::owner_read | perms::owner_write | perms::group_read), "");
+  const std::string aviso = "Aviso: otros usuarios pueden escribir la lista de clases " +
+                            automation::FicheroDeClases().string() +
+                            ", y con ella elegir qué bibliotecas carga este programa\n";
+  EXPECT_EQ(avisos(perms::owner_read | perms::owner_write | perms::group_write), aviso);
+  EXPECT_EQ(avisos(perms::owner_read | perms::owner_write | perms::others_write), aviso);
+}
+
+TEST_F(RegistroTest, CuarentaProgramasALaVezNoPierdenNingunaClase) {
+  constexpr int kProgramas = 40;
+  std::vector<pid_t> hijos;
+  for (int i = 0; i < kProgramas; ++i) {
+    const pid_t hijo = fork();
+    ASSERT_GE(hijo, 0);
+    if (hijo == 0) {
+      services::GUID clsid = kOtra;
+      clsid.Data1 = static_cast<std::uint32_t>(i + 1);
+      const auto poner = [&] { Registro().Poner({clsid, "Clase" + std::to_string(i), "/a.so"}); };
+      _exit(NumeroDeError(poner) == 0 ? 0 : 1);
+    }
+    hijos.push_back(hijo);
+  }
+  for (const pid_t hijo : hijos) {
+    int estado = 0;
+    ASSERT_EQ(waitpid(hijo, &estado, 0), hijo);
+    EXPECT_EQ(estado, 0);
+  }
+  EXPECT_EQ(ProgIds().size(), kProgramas);
 }
 
 TEST_F(RegistroTest, NoQuedaFicheroTemporal) {
@@ -125,7 +217,8 @@ TEST_F(RegistroTest, NoQuedaFicheroTemporal) {
   for (const auto& entrada : std::filesystem::directory_iterator(datos.Ruta() / "tesvara")) {
     ficheros.push_back(entrada.path().filename());
   }
-  EXPECT_THAT(ficheros, testing::ElementsAre("clases.tsv"));
+  // The lock stays: who waits for it holds that very file.
+  EXPECT_THAT(ficheros, testing::UnorderedElementsAre("clases.tsv", "clases.tsv.bloqueo"));
 }
 
 TEST_F(RegistroTest, UnFicheroQueNoSePuedeEscribirEsUnFallo) {

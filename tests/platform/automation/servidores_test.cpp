@@ -4,6 +4,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <future>
 #include <string>
 
 #include "automation/registro_clases.h"
@@ -14,6 +15,7 @@ namespace {
 
 using automation::CrearObjeto;
 using automation::Registro;
+using pruebas::DescripcionDeError;
 using pruebas::IContador;
 using pruebas::NumeroDeError;
 
@@ -23,15 +25,6 @@ bool EstaCargada(const char* biblioteca) {
   void* cargada = dlopen(biblioteca, RTLD_NOW | RTLD_NOLOAD);
   if (cargada) dlclose(cargada);
   return cargada != nullptr;
-}
-
-std::string DescripcionDeError(const std::function<void()>& accion) {
-  try {
-    accion();
-  } catch (const services::ErrorEjecucion& fallo) {
-    return fallo.Descripcion();
-  }
-  return "";
 }
 
 class ServidoresTest : public testing::Test {
@@ -115,6 +108,65 @@ TEST_F(ServidoresTest, SiNoSePuedeEscribirLaListaElRegistroFalla) {
   datos.Poner("XDG_DATA_HOME", "/proc/no-se-puede");
   EXPECT_EQ(NumeroDeError([] { automation::RegistrarBiblioteca(BIBLIOTECA_SERVIDOR); }),
             services::hr::Fallo);
+}
+
+TEST_F(ServidoresTest, SiNoSePuedeRegistrarSeDiceEnQueLista) {
+  datos.Poner("XDG_DATA_HOME", "/proc/no-se-puede");
+  EXPECT_THAT(DescripcionDeError([] { automation::RegistrarBiblioteca(BIBLIOTECA_SERVIDOR); }),
+              testing::EndsWith("la lista de clases /proc/no-se-puede/tesvara/clases.tsv"));
+}
+
+TEST_F(ServidoresTest, UnaListaQueNoSePuedeLeerLoDiceAntesDeRegistrar) {
+  std::filesystem::create_directories(automation::FicheroDeClases());
+  const std::string texto = "No se puede leer la lista de clases " +
+                            automation::FicheroDeClases().string() + ": no es un fichero corriente";
+  EXPECT_EQ(DescripcionDeError([] { automation::RegistrarBiblioteca(BIBLIOTECA_SERVIDOR); }),
+            texto);
+  EXPECT_EQ(DescripcionDeError([] { automation::AnularBiblioteca(BIBLIOTECA_SERVIDOR); }), texto);
+  EXPECT_EQ(DescripcionDeError([] { (void)CrearObjeto<IContador>(IContador::ProgId); }), texto);
+}
+
+TEST_F(ServidoresTest, UnaFabricaNulaDadaPorBuenaEsUnFallo) {
+  Registro().Poner({kAjena, "Pruebas.Ajena", BIBLIOTECA_VACIA});
+  const auto crear = [] { (void)CrearObjeto<IContador>("Pruebas.Ajena"); };
+  EXPECT_EQ(NumeroDeError(crear), services::hr::PunteroNulo);
+  EXPECT_THAT(DescripcionDeError(crear),
+              testing::EndsWith("servidor_vacio.so no ofrece la clase Pruebas.Ajena"));
+}
+
+TEST_F(ServidoresTest, UnObjetoNuloDadoPorBuenoEsUnFallo) {
+  Registro().Poner({IContador::CLSID, IContador::ProgId, BIBLIOTECA_VACIA});
+  const auto crear = [] { (void)CrearObjeto<IContador>(IContador::ProgId); };
+  EXPECT_EQ(NumeroDeError(crear), services::hr::PunteroNulo);
+  EXPECT_EQ(DescripcionDeError(crear), "No se puede crear un objeto de la clase Pruebas.Contador");
+}
+
+TEST_F(ServidoresTest, UnaClaseSinIdentificadorNoSeRegistra) {
+  EXPECT_EQ(NumeroDeError([] { automation::RegistrarBiblioteca(BIBLIOTECA_VACIA); }),
+            services::hr::Fallo);
+  EXPECT_TRUE(Registro().Clases().empty());
+}
+
+TEST_F(ServidoresTest, UnaClaseDeUnSoloHiloNoSeDaAOtro) {
+  automation::RegistrarBiblioteca(BIBLIOTECA_SERVIDOR);
+  const auto crear = [] { (void)CrearObjeto<IContador>(IContador::ProgId); };
+  const auto enOtroHilo = [&] {
+    return std::async(std::launch::async, [&] { return DescripcionDeError(crear); }).get();
+  };
+  EXPECT_EQ(enOtroHilo(),
+            "La clase Pruebas.Contador sólo se puede usar desde el hilo que cargó su biblioteca");
+  EXPECT_EQ(NumeroDeError(crear), 0);
+  auto libre = *Registro().Buscar(IContador::ProgId);
+  libre.Hilos = services::ModeloDeHilos::Libre;
+  Registro().Poner(libre);
+  EXPECT_EQ(enOtroHilo(), "");
+}
+
+TEST_F(ServidoresTest, ElHiloDeUnaClaseEsElQueCargaSuBiblioteca) {
+  Registro().Poner({IContador::CLSID, IContador::ProgId, BIBLIOTECA_SERVIDOR});
+  const auto crear = [] { (void)CrearObjeto<IContador>(IContador::ProgId); };
+  EXPECT_EQ(std::async(std::launch::async, [&] { return NumeroDeError(crear); }).get(), 0);
+  EXPECT_EQ(NumeroDeError(crear), automation::error::OtroHilo);
 }
 
 TEST_F(ServidoresTest, LaBibliotecaConObjetosVivosNoSeDescarga) {

@@ -10,20 +10,20 @@ FrmPrueba::FrmPrueba(services::Escritorio& escritorio)
     : Form(escritorio, "FrmPrueba", 12000, 9000),
       Barra1(*this, "Barra1", "Prueba & error", {}),
       PicPanel(*this, "PicPanel", {}),
-      LblFecha(*this, "LblFecha", "Fecha:", {.Contenedor = &PicPanel}),
-      TxtFecha(*this, "TxtFecha", {.TabIndex = 0, .Contenedor = &PicPanel}),
-      TxtImporte(*this, "TxtImporte", {.TabIndex = 2, .Contenedor = &PicPanel}),
-      ChkUno(*this, "ChkUno", "Una", {.TabIndex = 1, .Contenedor = &PicPanel}),
-      OptA(*this, "OptA", "A", {.TabIndex = 3, .Contenedor = &PicPanel}),
-      OptB(*this, "OptB", "B", {.TabIndex = 4, .Contenedor = &PicPanel}),
-      Lista(*this, "Lista", {"uno", "dos", "tres"}, {.TabIndex = 5, .Contenedor = &PicPanel}),
-      BotonGrabar(*this, "BotonGrabar", "Grabar & salir", {.TabIndex = 6, .Contenedor = &PicPanel}),
-      BtnCancelar(*this, "BtnCancelar", "Cancelar", {.Contenedor = &PicPanel}),
-      Desplazar(*this, "Desplazar", {.Contenedor = &PicPanel}),
-      Rejilla(*this, "Rejilla", 4, {.TabIndex = 7, .Contenedor = &PicPanel}),
-      TxtCelda(*this, "TxtCelda", {.Contenedor = &PicPanel, .Visible = false}),
-      Progreso(*this, "Progreso", {.Contenedor = &PicPanel}),
-      ImgMarca(*this, "ImgMarca", "check", {.Contenedor = &PicPanel}) {
+      LblFecha(PicPanel, "LblFecha", "Fecha:", {}),
+      TxtFecha(PicPanel, "TxtFecha", {.TabIndex = 0}),
+      TxtImporte(PicPanel, "TxtImporte", {.TabIndex = 2}),
+      ChkUno(PicPanel, "ChkUno", "Una", {.TabIndex = 1}),
+      OptA(PicPanel, "OptA", "A", {.TabIndex = 3}),
+      OptB(PicPanel, "OptB", "B", {.TabIndex = 4}),
+      Lista(PicPanel, "Lista", {"uno", "dos", "tres"}, {.TabIndex = 5}),
+      BotonGrabar(PicPanel, "BotonGrabar", "Grabar & salir", {.TabIndex = 6}),
+      BtnCancelar(PicPanel, "BtnCancelar", "Cancelar", {}),
+      Desplazar(PicPanel, "Desplazar", {}),
+      Rejilla(PicPanel, "Rejilla", 4, {.TabIndex = 7}),
+      TxtCelda(PicPanel, "TxtCelda", {.Visible = false}),
+      Progreso(PicPanel, "Progreso", {}),
+      ImgMarca(PicPanel, "ImgMarca", "check", {}) {
   BtnCancelar.TomaFoco = false;
   for (services::Widget* widget : Widgets()) Anotar(*widget);
   TxtFecha.Change = [this] { sucesos.push_back("TxtFecha_Change " + TxtFecha.Text()); };
@@ -47,6 +47,7 @@ Escena::Escena() {
       {{"FrmPrueba", [](QWidget& pantalla) { Ui::FrmPrueba().setupUi(&pantalla); }}});
   plataforma_.ErrorNoControlado = [this](const services::ErrorEjecucion& fallo) {
     errores.push_back(fallo);
+    if (AlFallar) AlFallar();
   };
   escritorio_ = std::make_unique<services::Escritorio>(plataforma_);
   form = services::Crear<FrmPrueba>(*escritorio_);

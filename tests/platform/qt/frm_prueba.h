@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QTest>
+#include <functional>
 #include <memory>
 #include <string>
 #include <vector>
@@ -41,7 +42,12 @@ class FrmPrueba : public services::Form {
   int pintados = 0;
   int redimensionados = 0;
 
-  void Form_Paint() override { ++pintados; }
+  /// What the screen does when it is repainted.
+  std::function<void()> AlPintar;
+  void Form_Paint() override {
+    ++pintados;
+    if (AlPintar) AlPintar();
+  }
   void Form_Resize() override { ++redimensionados; }
 
  private:
@@ -66,6 +72,8 @@ class Escena {
 
   QWidget marco;
   std::vector<services::ErrorEjecucion> errores;
+  /// What is done with an error, once it has been written down.
+  std::function<void()> AlFallar;
 
  private:
   services::Plataforma plataforma_;

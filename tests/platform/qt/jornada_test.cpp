@@ -59,12 +59,13 @@ class DiaEnPantalla : public testing::Test {
 
   void Abrir() {
     sesion = std::make_unique<shell::DatosComunes>(plataforma);
-    clase = services::Crear<shell::ClassTesvara>(*sesion);
+    pantallas = std::make_unique<shell::Pantallas>(*sesion);
+    clase = services::Crear<shell::ClassTesvara>(*sesion, *pantallas);
     contexto = services::Ref<services::IDatosClase>(services::Crear<apoyo::ContextoDeAnfitrion>(
         services::Ref<services::Conexion>(sqlite::AbrirConexion(opciones.Datos)),
         services::Ref<services::Conexion>(sqlite::AbrirConexion(opciones.Local))));
     ASSERT_EQ(clase->Cargar(contexto), services::hr::Bien) << clase->Descripcion();
-    ventana = static_cast<QWidget*>(sesion->Pantalla().VentanaNativa());
+    ventana = static_cast<QWidget*>(pantallas->Principal().VentanaNativa());
     ASSERT_NE(ventana, nullptr);
     ventana->resize(1024, 700);
     ASSERT_TRUE(QTest::qWaitForWindowExposed(ventana));
@@ -115,6 +116,7 @@ class DiaEnPantalla : public testing::Test {
   guion::Opciones opciones;
   services::Plataforma plataforma = qt::CrearPlataforma();
   std::unique_ptr<shell::DatosComunes> sesion;
+  std::unique_ptr<shell::Pantallas> pantallas;
   services::Ref<shell::ClassTesvara> clase;
   services::Ref<services::IDatosClase> contexto;
   QWidget* ventana = nullptr;

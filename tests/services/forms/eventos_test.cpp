@@ -47,6 +47,22 @@ TEST_F(Asignaciones, ElTextoDeUnaCajaOcultaOInhabilitadaTambienDispara) {
   EXPECT_THAT(sucesos.Tomar(), ElementsAre("TxtA.Change"));
 }
 
+TEST_F(Asignaciones, EnSilencioNoDisparaNadaYSeVe) {
+  (void)p.ventanas.Tomar();
+  EXPECT_TRUE(f.TxtA.Text.PonerEnSilencio("uno"));
+  EXPECT_TRUE(f.Chk.Value.PonerEnSilencio(true));
+  EXPECT_FALSE(f.Chk.Value.PonerEnSilencio(true));
+  EXPECT_THAT(sucesos.Tomar(), IsEmpty());
+  EXPECT_THAT(p.ventanas.Tomar(), ElementsAre("Pantalla: Cambiada TxtA", "Pantalla: Cambiada Chk"));
+}
+
+TEST_F(Asignaciones, ElCodigoEscribeEnUnaCajaBloqueadaYMasDeLoQueCabe) {
+  f.TxtA.Locked = true;
+  f.TxtA.MaxLength = 2;
+  f.TxtA.Text = "largo";
+  EXPECT_EQ(f.TxtA.Text, "largo");
+}
+
 TEST_F(Asignaciones, LaCasillaDisparaClickAlCambiarDeValor) {
   f.Chk.Value = true;
   f.Chk.Value = true;

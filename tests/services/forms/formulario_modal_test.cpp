@@ -107,12 +107,23 @@ TEST_F(InstanciaUnica, HaceOtraTrasUnaCargaFallida) {
   EXPECT_NO_THROW(instancia.Pedir(p.escritorio, sucesos).Show());
 }
 
-TEST_F(InstanciaUnica, SoltadaNoTieneNinguna) {
+TEST_F(InstanciaUnica, SueltaLaQueSeDescarga) {
   services::Instancia<PantallaContada> instancia;
-  instancia.Pedir(p.escritorio, sucesos);
-  instancia.Soltar();
+  instancia.Pedir(p.escritorio, sucesos).Load();
+  p.escritorio.Evento([&] { instancia.Si()->Unload(); });
   EXPECT_EQ(instancia.Si(), nullptr);
-  EXPECT_THAT(sucesos.Tomar(), ElementsAre("destruida"));
+  EXPECT_THAT(sucesos.Tomar(), testing::Contains("destruida"));
+}
+
+TEST_F(InstanciaUnica, PuedeIrseAntesQueSuPantalla) {
+  services::Ref<PantallaContada> pantalla;
+  {
+    services::Instancia<PantallaContada> instancia;
+    pantalla = services::Ref<PantallaContada>(&instancia.Pedir(p.escritorio, sucesos));
+    pantalla->Load();
+  }
+  pantalla->Unload();
+  EXPECT_FALSE(pantalla->Cargado());
 }
 
 TEST_F(WidgetsPorNombre, UnWidgetSeBuscaPorSuNombre) {
@@ -132,6 +143,17 @@ TEST_F(WidgetsPorNombre, LosElementosDeUnaMatrizTienenSuIndice) {
   EXPECT_EQ(form->Buscar("DivSel(0)"), &form->DivSel(0));
   EXPECT_EQ(form->Buscar("DivSel"), nullptr);
   EXPECT_EQ(form->Txt.Indice(), -1);
+}
+
+TEST_F(WidgetsPorNombre, LaVentanaSigueALaMatrizQueCreceYMengua) {
+  form->Show();
+  (void)p.ventanas.Tomar();
+  form->DivSel.Anadir(*form, "DivSel", "", services::Diseno{});
+  EXPECT_THAT(p.ventanas.Tomar(), ElementsAre("Pantalla: Anadido DivSel(1)"));
+  form->DivSel.QuitarUltimo();
+  EXPECT_THAT(p.ventanas.Tomar(), ElementsAre("Pantalla: Quitado DivSel(1)"));
+  EXPECT_EQ(form->Buscar("DivSel(1)"), nullptr);
+  EXPECT_THROW(form->DivSel.QuitarUltimo(), ErrorEjecucion) << "el diseñado se queda";
 }
 
 TEST_F(WidgetsPorNombre, UnElementoQueLaMatrizNoTieneEsElError381) {

@@ -111,12 +111,17 @@ TEST_F(Formulario, UnloadDeUnFormSinCargarNoHaceNada) {
   EXPECT_FALSE(form->Descargado());
 }
 
-TEST_F(Formulario, SiFormUnloadFallaElFormSeVaIgual) {
+TEST_F(Formulario, SiFormUnloadFallaElFormSeQuedaComoEstaba) {
   form->Show();
+  form->Txt.SetFocus();
   form->AlDescargar = [] { Fallar(); };
   EXPECT_THROW(form->Unload(), ErrorEjecucion);
-  EXPECT_FALSE(form->Cargado());
-  EXPECT_FALSE(form->Visible());
+  EXPECT_TRUE(form->Cargado());
+  EXPECT_TRUE(form->Visible());
+  EXPECT_TRUE(form->Txt.TieneFoco());
+  form->AlDescargar = nullptr;
+  form->Unload();
+  EXPECT_FALSE(form->Cargado()) << "la próxima vez se va";
 }
 
 TEST_F(Formulario, UnSegundoUnloadMientrasCorreElPrimeroNoEsOtro) {

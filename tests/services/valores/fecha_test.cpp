@@ -79,16 +79,16 @@ TEST(Fecha, SumarLlegaALosExtremosDelCalendario) {
             HacerFecha(100, 1, 1, 23, 59, 59));
 }
 
-TEST(Fecha, SumarFueraDelCalendarioEsDesbordamiento) {
+TEST(Fecha, SumarFueraDelCalendarioEsUnaLlamadaNoValida) {
   constexpr auto kEnorme = std::numeric_limits<std::int64_t>::max();
   constexpr auto kMinimo = std::numeric_limits<std::int64_t>::min();
   for (const char* unidad : {"d", "m", "yyyy"}) {
-    EXPECT_EQ(NumeroDeError(unidad, -1, kPrimera), 6) << unidad;
-    EXPECT_EQ(NumeroDeError(unidad, 1, kUltima), 6) << unidad;
-    EXPECT_EQ(NumeroDeError(unidad, kEnorme, kPrimera), 6) << unidad;
-    EXPECT_EQ(NumeroDeError(unidad, kMinimo, kUltima), 6) << unidad;
+    EXPECT_EQ(NumeroDeError(unidad, -1, kPrimera), 5) << unidad;
+    EXPECT_EQ(NumeroDeError(unidad, 1, kUltima), 5) << unidad;
+    EXPECT_EQ(NumeroDeError(unidad, kEnorme, kPrimera), 5) << unidad;
+    EXPECT_EQ(NumeroDeError(unidad, kMinimo, kUltima), 5) << unidad;
   }
-  EXPECT_EQ(NumeroDeError("yyyy", -3000, HacerFecha(2000, 1, 1)), 6);
+  EXPECT_EQ(NumeroDeError("yyyy", -3000, HacerFecha(2000, 1, 1)), 5);
 }
 
 TEST(Fecha, OtraUnidadEsErrorDeTipos) {

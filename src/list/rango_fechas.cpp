@@ -1,16 +1,18 @@
-#include "store/rango_fechas.h"
+#include "list/rango_fechas.h"
 
 #include <optional>
 
+#include "services/largos.h"
 #include "valores/fecha.h"
 #include "valores/texto.h"
 
-namespace store {
+namespace list {
 namespace {
 
+using services::Diseno;
 using services::TextBox;
 
-constexpr std::size_t kLargoCompleto = 10;
+constexpr auto kLargoCompleto = static_cast<std::size_t>(services::largo::Fecha);
 
 /// Whether a text of ten characters is a date; no value for a text of another length.
 std::optional<bool> FechaCompleta(const std::string& texto) {
@@ -21,29 +23,12 @@ std::optional<bool> FechaCompleta(const std::string& texto) {
 
 }  // namespace
 
-RangoFechas::RangoFechas(services::Form& form, services::PictureBox& panel,
-                         services::Sesion& sesion, const services::Widget& BtnCancelar,
-                         AlCambiarRango& pantalla)
-    : LblDesde(form, "LblDesde", "Ver Pagos Desde:",
-               {.Left = 180, .Top = 200, .Width = 1500, .Height = 285, .Contenedor = &panel}),
-      TxtFPrevisionD(form, "TxtFPrevisionD",
-                     {.Left = 1740,
-                      .Top = 160,
-                      .Width = 1300,
-                      .Height = 360,
-                      .TabIndex = 0,
-                      .Contenedor = &panel,
-                      .FontSize = 10}),
-      LblHasta(form, "LblHasta", "Ver Pagos Hasta:",
-               {.Left = 3240, .Top = 200, .Width = 1500, .Height = 285, .Contenedor = &panel}),
-      TxtFPrevision(form, "TxtFPrevision",
-                    {.Left = 4800,
-                     .Top = 160,
-                     .Width = 1300,
-                     .Height = 360,
-                     .TabIndex = 1,
-                     .Contenedor = &panel,
-                     .FontSize = 10}),
+RangoFechas::RangoFechas(services::PictureBox& panel, services::Sesion& sesion,
+                         const services::Widget& BtnCancelar, AlCambiarRango& pantalla)
+    : LblDesde(panel, "LblDesde", "Ver Pagos Desde:", {180, 200, 1500, 285}),
+      TxtFPrevisionD(panel, "TxtFPrevisionD", Diseno{1740, 160, 1300, 360}.Tab(0).Cuerpo(10)),
+      LblHasta(panel, "LblHasta", "Ver Pagos Hasta:", {3240, 200, 1500, 285}),
+      TxtFPrevision(panel, "TxtFPrevision", Diseno{4800, 160, 1300, 360}.Tab(1).Cuerpo(10)),
       sesion_(sesion),
       BtnCancelar_(BtnCancelar),
       pantalla_(pantalla) {
@@ -57,6 +42,7 @@ RangoFechas::RangoFechas(services::Form& form, services::PictureBox& panel,
 
 void RangoFechas::Conectar(TextBox& campo) {
   campo.GotFocus = [this, &campo] { Recibir(campo); };
+  campo.MaxLength = services::largo::Fecha;
   campo.KeyPress = [this, &campo](int& tecla) {
     tecla = sesion_.Utiles().TeclaFecha(campo, tecla);
   };
@@ -71,7 +57,7 @@ void RangoFechas::PonerMesActual() {
   // Whatever the month's length: the conversion takes a day past its end for its last one.
   TxtFPrevision.Text = "31" + resto;
   for (TextBox* campo : {&TxtFPrevisionD, &TxtFPrevision}) {
-    campo->Text = sesion_.Utiles().ConvertirFecha(campo->Text, 1, "D", "D");
+    campo->Text = sesion_.Utiles().Normalizada(campo->Text);
     campo->Tag = campo->Text();
   }
 }
@@ -99,7 +85,7 @@ void RangoFechas::TxtFPrevisionD_LostFocus() {
 
 void RangoFechas::TxtFPrevision_LostFocus() {
   if (!Normalizar(TxtFPrevision)) return;
-  if (Hasta() < Desde()) {
+  if (const store::Intervalo rango = Intervalo(); rango.Hasta < rango.Desde) {
     // What is refused is the end before the beginning; the words say it the other way round, and
     // users know them so.
     Rechazar(TxtFPrevision, "Hasta Fecha no puede ser mayor que Desde Fecha");
@@ -113,9 +99,9 @@ bool RangoFechas::Normalizar(TextBox& campo) {
   if (BtnCancelar_.Tag == "No") return false;
   const std::size_t largo = services::Longitud(campo.Text());
   const bool completa = largo == kLargoCompleto || largo == 8;
-  if (completa) campo.Text = sesion_.Utiles().ConvertirFecha(campo.Text, 1, "D", "D");
+  if (completa) campo.Text = sesion_.Utiles().Normalizada(campo.Text);
   // A text as long as a date that is none would stand for the beginning of time.
-  if (completa && !Almacenada(campo.Text).empty()) return true;
+  if (completa && !sesion_.Utiles().Almacenada(campo.Text).empty()) return true;
   Rechazar(campo, "Fecha incorrecta");
   return false;
 }
@@ -126,12 +112,13 @@ void RangoFechas::Dejar(TextBox& campo) {
 }
 
 void RangoFechas::Rechazar(TextBox& campo, const char* motivo) {
-  sesion_.Aviso().Mostrar(motivo, services::mensaje::Alto, "Atención");
+  sesion_.Aviso().Rechazar(motivo);
   campo.SetFocus();
 }
 
-std::string RangoFechas::Almacenada(const std::string& fecha) const {
-  return sesion_.Utiles().ConvertirFecha(fecha, 2, "D", "R");
+store::Intervalo RangoFechas::Intervalo() const {
+  services::Utiles& utiles = sesion_.Utiles();
+  return {utiles.Almacenada(TxtFPrevisionD.Text), utiles.Almacenada(TxtFPrevision.Text)};
 }
 
-}  // namespace store
+}  // namespace list

@@ -1,13 +1,12 @@
 #pragma once
 
-#include <optional>
 #include <string>
-#include <utility>
 
 #include "forms/controles.h"
 #include "services/sesion.h"
+#include "store/intervalo.h"
 
-namespace store {
+namespace list {
 
 /// Told to the screen when a date of the range was changed and left: the working copy no longer
 /// belongs to what the fields say.
@@ -26,7 +25,7 @@ class AlCambiarRango {
 class RangoFechas {
  public:
   /// `BtnCancelar` holds "No" in its `Tag` while the fields must not react.
-  RangoFechas(services::Form& form, services::PictureBox& panel, services::Sesion& sesion,
+  RangoFechas(services::PictureBox& panel, services::Sesion& sesion,
               const services::Widget& BtnCancelar, AlCambiarRango& pantalla);
 
   services::Label LblDesde;
@@ -37,19 +36,8 @@ class RangoFechas {
   /// Puts the fields on the whole current month.
   void PonerMesActual();
 
-  /// The range as the fields tell it, in the stored form.
-  [[nodiscard]] std::string Desde() const { return Almacenada(TxtFPrevisionD.Text); }
-  [[nodiscard]] std::string Hasta() const { return Almacenada(TxtFPrevision.Text); }
-
-  /// Two dates in the stored form, both of them part of the range.
-  struct Intervalo {
-    std::string Desde;
-    std::string Hasta;
-  };
-  /// The range that the working copy belongs to, none while there is no whole copy.
-  [[nodiscard]] const std::optional<Intervalo>& Cargado() const { return cargado_; }
-  void AnotarCarga(Intervalo rango) { cargado_ = std::move(rango); }
-  void OlvidarCarga() { cargado_.reset(); }
+  /// The range as the fields tell it.
+  [[nodiscard]] store::Intervalo Intervalo() const;
 
  private:
   void TxtFPrevisionD_Change();
@@ -61,13 +49,11 @@ class RangoFechas {
   void Recibir(services::TextBox& campo);
   [[nodiscard]] bool Normalizar(services::TextBox& campo);
   void Dejar(services::TextBox& campo);
-  [[nodiscard]] std::string Almacenada(const std::string& fecha) const;
   void Rechazar(services::TextBox& campo, const char* motivo);
 
   services::Sesion& sesion_;
   const services::Widget& BtnCancelar_;
   AlCambiarRango& pantalla_;
-  std::optional<Intervalo> cargado_;
 };
 
-}  // namespace store
+}  // namespace list
