@@ -30,8 +30,9 @@ std::string TablasDeUnDiaSano() {
 /// that may not.
 void ExigirQueSePuedeSeguir(Partida& partida, const std::string& caso, int reposos = 2) {
   // One by one: there may be no screen to reload, and a question ends what is being played.
+  // Twice at least, which is more calls than a failure may be asked for past the end of the day.
   bool falla = true;
-  for (int i = 0; falla && i <= reposos; ++i) {
+  for (int i = 0; (falla || i < 2) && i <= reposos; ++i) {
     falla = false;
     for (const char* orden : {"cerrar\n", "cargar\n", "pulsar BotonCancelar\n", "cerrar\n"}) {
       falla |= !partida.Jugar(std::string("responder no\n") + orden).Salida.empty();
