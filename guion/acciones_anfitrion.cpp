@@ -55,6 +55,10 @@ void Concepto(Ejecucion& e, const Orden& o) {
   if (o.Texto(0) != "cancelar") e.Entorno().Concepto = o.Texto(0);
 }
 
+void Unidad(Ejecucion& e, const Orden& o) {
+  e.Mundo().De("datos").Agrupar(o.Texto(0) == "evento");
+}
+
 void Fallo(Ejecucion& e, const Orden& o) {
   const std::int32_t numero =
       o.Argumentos.size() > 2 ? o.NumeroDeError(2) : services::error::FalloDeConexion;
@@ -73,6 +77,7 @@ constexpr std::array kAcciones{
     Accion{"local", SqlEn, true},
     Accion{"responder", Responder, true},
     Accion{"concepto", Concepto, true},
+    Accion{"unidad", Unidad, true},
     Accion{"fallo", Fallo, true},
 };
 

@@ -15,6 +15,8 @@ class Base {
 
   virtual ~Base() = default;
   [[nodiscard]] virtual services::Ref<services::Conexion> Conexion() = 0;
+  /// Whether an event of the user is one unit of work there, or each statement stands by itself.
+  virtual void Agrupar(bool porEvento) = 0;
   /// One or more statements. Throws `NoSeEntiende` with the engine's words when one is refused.
   virtual void Ejecutar(const std::string& sql) = 0;
   /// The rows of one statement, each value as it is printed; throws alike.

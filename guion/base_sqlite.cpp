@@ -5,23 +5,11 @@
 #include "valores/error.h"
 
 namespace guion {
-namespace {
 
-sqlite::Opciones Creando(sqlite::Sincronizacion durabilidad) {
-  sqlite::Opciones opciones;
-  opciones.Durabilidad = durabilidad;
-  opciones.Crear = true;
-  return opciones;
-}
-
-}  // namespace
-
-BaseSqlite::BaseSqlite(const std::string& fichero, sqlite::Sincronizacion durabilidad,
+BaseSqlite::BaseSqlite(const std::string& fichero, const sqlite::Opciones& opciones,
                        std::string_view una, const std::function<void(sqlite::Conexion&)>& crear)
-    : conexion_(sqlite::AbrirConexion(fichero, Creando(durabilidad))) {
-  const std::string tabla =
-      "SELECT name FROM sqlite_master WHERE name = '" + std::string(una) + "'";
-  if (conexion_->Consultar(tabla).Filas.Cuantas() == 0) crear(*conexion_);
+    : conexion_(sqlite::AbrirConexion(fichero, opciones)) {
+  if (!conexion_->TieneTabla(una)) crear(*conexion_);
 }
 
 void BaseSqlite::FueraDeUnidad(const std::function<void()>& accion) {

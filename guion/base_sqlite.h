@@ -13,12 +13,13 @@ namespace guion {
 /// A file of the embedded engine.
 class BaseSqlite final : public Base {
  public:
-  /// Opens the file, made if it isn't there, and has its tables created unless it has `una` of
-  /// them. Throws `services::ErrorEjecucion`.
-  BaseSqlite(const std::string& fichero, sqlite::Sincronizacion durabilidad, std::string_view una,
+  /// Opens the file and has its tables created unless it has `una` of them. Throws
+  /// `services::ErrorEjecucion`.
+  BaseSqlite(const std::string& fichero, const sqlite::Opciones& opciones, std::string_view una,
              const std::function<void(sqlite::Conexion&)>& crear);
 
   [[nodiscard]] services::Ref<services::Conexion> Conexion() override { return conexion_; }
+  void Agrupar(bool porEvento) override { conexion_->AgruparEnUnidades(porEvento); }
   void Ejecutar(const std::string& sql) override;
   [[nodiscard]] std::vector<Fila> Consultar(const std::string& sql) override;
 

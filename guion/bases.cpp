@@ -8,11 +8,13 @@ namespace guion {
 Bases::Bases(const Opciones& opciones) {
   const bool conservar = opciones.Mantener;
   datos_ = std::make_unique<BaseSqlite>(Fichero(opciones.Datos, "datos.sqlite", conservar),
-                                        sqlite::Sincronizacion::Completa, "ProvFacturas",
+                                        sqlite::Opciones{.Crear = true}, "ProvFacturas",
                                         esquema::CrearAlmacenadas);
-  local_ = std::make_unique<BaseSqlite>(Fichero(opciones.Local, "local.sqlite", conservar),
-                                        sqlite::Sincronizacion::Normal, "TempProvFacturas",
-                                        esquema::CrearDeTrabajo);
+  local_ = std::make_unique<BaseSqlite>(
+      Fichero(opciones.Local, "local.sqlite", conservar),
+      sqlite::Opciones{
+          .Durabilidad = sqlite::Sincronizacion::Normal, .Crear = true, .Exclusiva = true},
+      "TempProvFacturas", esquema::CrearDeTrabajo);
 }
 
 std::string Bases::Fichero(const std::string& dado, const char* nombre, bool conservar) {

@@ -41,6 +41,10 @@ class ConexionVigilada final : public services::ObjetoContado<services::Conexion
 
   [[nodiscard]] std::unique_ptr<services::Cursor> Abrir(std::string_view sentencia,
                                                         services::ModoApertura modo) override;
+  /// No driver call: nothing is opened and nothing read.
+  [[nodiscard]] std::vector<services::Columna> ColumnasDe(std::string_view tabla) override {
+    return dentro_->ColumnasDe(tabla);
+  }
   /// A failure that was meant for this call leaves the unit as a real one does: its writes are
   /// gone.
   void TerminarUnidad() override;

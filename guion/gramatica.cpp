@@ -21,6 +21,7 @@ const std::vector<Firma>& Tabla() {
       {"local", {Sql}, 1},
       {"responder", {Respuesta}, 1, true},
       {"concepto", {Texto}, 1},
+      {"unidad", {Unidad}, 1},
       {"fallo", {Base, Positivo, NumeroDeError}, 2},
 
       {"cargar", {}, 0},
@@ -126,6 +127,8 @@ std::string_view LoQueFalta(Clase clase, const std::string& palabra) {
       return si(palabra == "Pagina" || palabra == "Pantalla", "Pagina o Pantalla");
     case Avisos:
       return si(palabra == "avisos", "avisos");
+    case Unidad:
+      return si(palabra == "evento" || palabra == "sentencia", "evento o sentencia");
     case Sql:
       return si(!palabra.empty(), "una sentencia");
   }

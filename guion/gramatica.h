@@ -32,6 +32,7 @@ enum class Clase {
   Hora,           ///< 10:00:00
   TextoDeSesion,  ///< Pagina or Pantalla
   Avisos,         ///< that very word
+  Unidad,         ///< evento or sentencia
   Sql,            ///< the rest of the line, comment marks included
 };
 

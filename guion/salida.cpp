@@ -6,6 +6,7 @@
 #include <cstdlib>
 
 #include "guion/gramatica.h"
+#include "valores/texto.h"
 
 namespace guion {
 namespace {
@@ -82,7 +83,7 @@ std::string LineaDeFila(const services::MSFlexGrid& rejilla, int fila) {
   std::string linea = std::to_string(fila) + ": ";
   for (int c = 0; c < rejilla.Cols(); ++c) {
     if (c > 0) linea += "|";
-    linea += rejilla.TextMatrix(fila, c);
+    linea += services::EnUnaLinea(rejilla.TextMatrix(fila, c));
     if (!rejilla.ImagenDe(fila, c).empty()) linea += "[x]";
   }
   return linea;

@@ -11,7 +11,7 @@
 namespace sorvex {
 
 /// The shared services of the suite that need no window.
-class Utiles final : public services::Utiles {
+class Utiles : public services::Utiles {
  public:
   /// Who the user is and what time it is, asked whenever a deletion is noted.
   Utiles(std::function<std::string()> usuario, std::function<services::FechaHora()> ahora);

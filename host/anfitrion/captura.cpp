@@ -1,4 +1,4 @@
-#include "captura.h"
+#include "anfitrion/captura.h"
 
 #include <QDir>
 #include <QLabel>

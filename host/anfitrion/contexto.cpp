@@ -1,4 +1,4 @@
-#include "contexto.h"
+#include "anfitrion/contexto.h"
 
 #include "valores/error.h"
 

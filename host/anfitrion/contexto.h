@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "datos.h"
+#include "anfitrion/datos.h"
 #include "services/anfitrion.h"
 
 namespace anfitrion {

@@ -1,11 +1,10 @@
-#include "datos.h"
+#include "anfitrion/datos.h"
 
 #include <QDateTime>
 #include <QStandardPaths>
 
 #include "esquema/esquema_sqlite.h"
 #include "muestra/muestra.h"
-#include "sqlite/conexion_sqlite.h"
 #include "valores/error.h"
 #include "valores/fecha.h"
 
@@ -35,11 +34,6 @@ void CrearFichero(const fs::path& fichero, const Preparar& preparar) {
   fs::rename(enCurso, fichero);
 }
 
-services::Ref<services::Conexion> Abrir(const fs::path& fichero,
-                                        sqlite::Sincronizacion durabilidad) {
-  return sqlite::AbrirConexion(fichero.string(), {.Durabilidad = durabilidad});
-}
-
 services::Ref<services::Conexion> AbrirAlmacenados(const fs::path& fichero, bool propio) {
   if (propio && !fs::exists(fichero)) {
     CrearFichero(fichero, [](sqlite::Conexion& conexion) {
@@ -47,22 +41,26 @@ services::Ref<services::Conexion> AbrirAlmacenados(const fs::path& fichero, bool
       muestra::Llenar(conexion, Hoy());
     });
   }
-  return Abrir(fichero, sqlite::Sincronizacion::Completa);
+  return sqlite::AbrirConexion(fichero.string());
 }
 
 /// The words of the user's language that the suite hands to its components.
 constexpr const char* kTextos =
+    "DROP TABLE IF EXISTS SorvexTextos;"
     "CREATE TABLE SorvexTextos (Pagina VARCHAR(30), Pantalla VARCHAR(30));"
     "INSERT INTO SorvexTextos VALUES ('Página', 'Pantalla')";
 
-void PrepararDeTrabajo(sqlite::Conexion& conexion) {
-  esquema::CrearDeTrabajo(conexion);
-  conexion.Ejecutar(kTextos);
-}
-
-services::Ref<services::Conexion> AbrirDeTrabajo(const fs::path& fichero) {
-  if (!fs::exists(fichero)) CrearFichero(fichero, &PrepararDeTrabajo);
-  return Abrir(fichero, sqlite::Sincronizacion::Normal);
+/// The working file belongs to one running program, also while its tables are made. They come last:
+/// a file that has them is whole.
+services::Ref<sqlite::Conexion> AbrirDeTrabajo(const fs::path& fichero) {
+  const auto conexion = sqlite::AbrirConexion(
+      fichero.string(),
+      {.Durabilidad = sqlite::Sincronizacion::Normal, .Crear = true, .Exclusiva = true});
+  if (!conexion->TieneTabla("TempProvFacturas")) {
+    conexion->Ejecutar(kTextos);
+    esquema::CrearDeTrabajo(*conexion);
+  }
+  return conexion;
 }
 
 /// A connection text names a server; a file is named by its path alone.
@@ -82,6 +80,19 @@ fs::path CarpetaDeDatos(const Opciones& opciones) {
   return fs::path(general.toStdString()) / "tesvara";
 }
 
+fs::path ApartarDeTrabajo(const Datos& datos) {
+  const fs::path fichero = datos.NombreDeTrabajo;
+  const std::string ahora =
+      QDateTime::currentDateTime().toString("yyyy-MM-dd-HHmmss").toStdString();
+  fs::path aparte = fichero;
+  aparte.replace_filename(fichero.stem().string() + "-" + ahora + fichero.extension().string());
+  // The component keeps its connection to the end of the program, so the file is copied by the
+  // engine, which leaves nothing behind in a journal.
+  datos.DeTrabajo->TerminarUnidad();
+  datos.DeTrabajo->CopiarEn(aparte.string());
+  return aparte;
+}
+
 Datos AbrirDatos(const Opciones& opciones) {
   const fs::path carpeta = CarpetaDeDatos(opciones);
   try {
@@ -91,7 +102,9 @@ Datos AbrirDatos(const Opciones& opciones) {
     const fs::path almacenados =
         propio ? carpeta / "empresa.sqlite" : fs::path(opciones.Datos.toStdString());
     const fs::path trabajo = carpeta / "trabajo.sqlite";
-    return {AbrirAlmacenados(almacenados, propio), AbrirDeTrabajo(trabajo), almacenados.string(),
+    // First, so that of two programs that start at the same time only one goes on from here.
+    auto deTrabajo = AbrirDeTrabajo(trabajo);
+    return {AbrirAlmacenados(almacenados, propio), std::move(deTrabajo), almacenados.string(),
             trabajo.string()};
   } catch (const fs::filesystem_error& fallo) {
     throw services::ErrorEjecucion(

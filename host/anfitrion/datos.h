@@ -3,8 +3,9 @@
 #include <filesystem>
 #include <string>
 
+#include "anfitrion/opciones_suite.h"
 #include "datos/conexion.h"
-#include "opciones_suite.h"
+#include "sqlite/conexion_sqlite.h"
 #include "valores/objeto.h"
 
 namespace anfitrion {
@@ -12,7 +13,7 @@ namespace anfitrion {
 /// The two databases of the session.
 struct Datos {
   services::Ref<services::Conexion> Almacenados;
-  services::Ref<services::Conexion> DeTrabajo;
+  services::Ref<sqlite::Conexion> DeTrabajo;
   /// What the status bar says of each.
   std::string NombreAlmacenados;
   std::string NombreDeTrabajo;
@@ -21,6 +22,10 @@ struct Datos {
 /// Opens both, making them at the first start: the stored ones with the sample business in them.
 /// Throws `ErrorEjecucion` with a text for the user.
 [[nodiscard]] Datos AbrirDatos(const Opciones& opciones);
+
+/// Keeps the working file as it is now beside it, under a name with the date and the time, which it
+/// gives. Throws `ErrorEjecucion` with a text for the user.
+[[nodiscard]] std::filesystem::path ApartarDeTrabajo(const Datos& datos);
 
 /// The folder of the suite's own files.
 [[nodiscard]] std::filesystem::path CarpetaDeDatos(const Opciones& opciones);

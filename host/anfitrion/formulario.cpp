@@ -1,4 +1,4 @@
-#include "formulario.h"
+#include "anfitrion/formulario.h"
 
 namespace anfitrion {
 namespace {

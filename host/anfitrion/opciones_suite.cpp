@@ -1,4 +1,4 @@
-#include "opciones_suite.h"
+#include "anfitrion/opciones_suite.h"
 
 #include "valores/error.h"
 

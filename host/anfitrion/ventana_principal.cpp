@@ -1,4 +1,4 @@
-#include "ventana_principal.h"
+#include "anfitrion/ventana_principal.h"
 
 #include <QApplication>
 #include <QCloseEvent>
@@ -6,14 +6,13 @@
 #include <QGuiApplication>
 #include <QLabel>
 #include <QMenuBar>
-#include <QMessageBox>
 #include <QPushButton>
 #include <QScreen>
 #include <QStatusBar>
 
+#include "anfitrion/contexto.h"
+#include "anfitrion/formulario.h"
 #include "automation/servidores.h"
-#include "contexto.h"
-#include "formulario.h"
 #include "valores/error.h"
 
 namespace anfitrion {
@@ -36,7 +35,11 @@ QLabel* EnEstado(const QString& texto, const QString& detalle) {
 }  // namespace
 
 VentanaPrincipal::VentanaPrincipal(const Opciones& opciones, const Datos& datos)
-    : marco_(new QWidget(this)) {
+    : CrearPagos([] {
+        return automation::CrearObjeto<services::IClassTesvara>(services::IClassTesvara::ProgId);
+      }),
+      marco_(new QWidget(this)),
+      datos_(datos) {
   setWindowTitle("Sorvex");
   marco_->setObjectName("marco");
   marco_->setMinimumSize(620, 320);
@@ -47,9 +50,9 @@ VentanaPrincipal::VentanaPrincipal(const Opciones& opciones, const Datos& datos)
   const QSize pantalla = QGuiApplication::primaryScreen()->size();
   const Opciones::Medida real{pantalla.width() * kTwips, pantalla.height() * kTwips};
   const Opciones::Medida referencia = opciones.Referencia.value_or(real);
-  contexto_ = services::Crear<Contexto>(Sesion{datos.Almacenados, datos.DeTrabajo,
-                                               ComoForm(*marco_), ComoForm(*this), referencia.Ancho,
-                                               referencia.Alto, opciones.Usuario.toStdString()});
+  contexto_ = services::Crear<Contexto>(Sesion{
+      datos.Almacenados, services::Ref<services::Conexion>(datos.DeTrabajo), ComoForm(*marco_),
+      ComoForm(*this), referencia.Ancho, referencia.Alto, opciones.Usuario.toStdString()});
 }
 
 void VentanaPrincipal::ComponerMenu() {
@@ -75,44 +78,80 @@ void VentanaPrincipal::ComponerEstado(const Opciones& opciones, const Datos& dat
 
 bool VentanaPrincipal::AbrirPagos() {
   try {
-    if (!pagos_) {
-      pagos_ = automation::CrearObjeto<services::IClassTesvara>(services::IClassTesvara::ProgId);
-    }
+    if (!pagos_) pagos_ = CrearPagos();
   } catch (const services::ErrorEjecucion& fallo) {
-    Fallo(QString::fromStdString(fallo.Descripcion()));
+    Mostrar(QMessageBox::Critical, QString::fromStdString(fallo.Descripcion()));
     return false;
   }
   return Comprobar(pagos_->Cargar(contexto_));
 }
 
 /// Asked to hide or close a screen that isn't there, the component would make one first.
+bool VentanaPrincipal::HayPantalla() const {
+  return pagos_ && marco_->findChild<QWidget*>() != nullptr;
+}
+
 bool VentanaPrincipal::Hacer(Operacion operacion) {
-  const bool hayPantalla = marco_->findChild<QWidget*>() != nullptr;
-  return !pagos_ || !hayPantalla || Comprobar((pagos_.get()->*operacion)());
+  return !HayPantalla() || Comprobar((pagos_.get()->*operacion)());
 }
 
 bool VentanaPrincipal::Comprobar(services::HRESULT resultado) {
   if (!services::hr::Fallido(resultado)) return true;
-  QString texto = "Tesvara de Pagos no ha podido completar la operación";
-  if (const auto descrito = pagos_.Como<services::IDescripcionError>()) {
-    texto = QString::fromUtf8(descrito->Descripcion());
-  }
-  Fallo(texto);
+  Mostrar(QMessageBox::Critical, MotivoDePagos());
   return false;
 }
 
-void VentanaPrincipal::Fallo(const QString& texto) {
-  if (AlFallar) return AlFallar(texto);
-  QMessageBox caja(QMessageBox::Critical, "Sorvex", texto, QMessageBox::NoButton, this);
+QString VentanaPrincipal::MotivoDePagos() {
+  if (const auto descrito = pagos_.Como<services::IDescripcionError>()) {
+    return QString::fromUtf8(descrito->Descripcion());
+  }
+  return "Tesvara de Pagos no ha podido completar la operación";
+}
+
+void VentanaPrincipal::Mostrar(QMessageBox::Icon icono, const QString& texto) {
+  if (AlMostrar) return AlMostrar(texto);
+  QMessageBox caja(icono, "Sorvex", texto, QMessageBox::NoButton, this);
   caja.setTextFormat(Qt::PlainText);
   caja.addButton("Aceptar", QMessageBox::AcceptRole);
   caja.exec();
 }
 
-/// The screen asks about unsaved changes as it goes.
+bool VentanaPrincipal::Preguntar(const QString& texto) {
+  if (AlPreguntar) return AlPreguntar(texto);
+  QMessageBox caja(QMessageBox::Question, "Sorvex", texto, QMessageBox::NoButton, this);
+  caja.setTextFormat(Qt::PlainText);
+  const QPushButton* si = caja.addButton("Sí", QMessageBox::YesRole);
+  QPushButton* no = caja.addButton("No", QMessageBox::NoRole);
+  caja.setDefaultButton(no);
+  caja.setEscapeButton(no);
+  caja.exec();
+  return caja.clickedButton() == si;
+}
+
 void VentanaPrincipal::closeEvent(QCloseEvent* evento) {
-  Hacer(&services::IClassTesvara::Cerrar);
-  evento->accept();
+  evento->setAccepted(CerrarPagos());
+}
+
+/// The screen asks about unsaved changes as it goes.
+bool VentanaPrincipal::CerrarPagos() {
+  if (!HayPantalla() || !services::hr::Fallido(pagos_->Cerrar())) return true;
+  return Preguntar("No se ha podido cerrar Tesvara de Pagos: " + MotivoDePagos() +
+                   "\n\n¿Quiere salir de todas formas? Lo que no se haya grabado se perderá; la "
+                   "copia de trabajo se guardará aparte.") &&
+         ApartarTrabajo();
+}
+
+bool VentanaPrincipal::ApartarTrabajo() {
+  try {
+    const std::string aparte = ApartarDeTrabajo(datos_).string();
+    Mostrar(QMessageBox::Information,
+            "La copia de trabajo queda guardada en " + QString::fromStdString(aparte));
+    return true;
+  } catch (const services::ErrorEjecucion& fallo) {
+    Mostrar(QMessageBox::Critical, "No se ha podido guardar aparte la copia de trabajo: " +
+                                       QString::fromStdString(fallo.Descripcion()));
+    return false;
+  }
 }
 
 }  // namespace anfitrion

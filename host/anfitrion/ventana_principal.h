@@ -1,10 +1,11 @@
 #pragma once
 
 #include <QMainWindow>
+#include <QMessageBox>
 #include <functional>
 
-#include "datos.h"
-#include "opciones_suite.h"
+#include "anfitrion/datos.h"
+#include "anfitrion/opciones_suite.h"
 #include "services/anfitrion.h"
 
 namespace anfitrion {
@@ -20,10 +21,16 @@ class VentanaPrincipal final : public QMainWindow {
   bool AbrirPagos();
   [[nodiscard]] QWidget& Marco() { return *marco_; }
 
-  /// Shows a failure to the user.
-  std::function<void(const QString&)> AlFallar;
+  /// Makes "Tesvara de Pagos", the first time that it is opened.
+  std::function<services::Ref<services::IClassTesvara>()> CrearPagos;
+  /// Tells the user something, in place of a message.
+  std::function<void(const QString&)> AlMostrar;
+  /// Whether to do what a question asks, in place of putting it to the user.
+  std::function<bool(const QString&)> AlPreguntar;
 
  protected:
+  /// When the component can't be closed the window stays, unless the user wants to leave all the
+  /// same: then the working file is kept aside first.
   void closeEvent(QCloseEvent* evento) override;
 
  private:
@@ -31,11 +38,17 @@ class VentanaPrincipal final : public QMainWindow {
 
   void ComponerMenu();
   void ComponerEstado(const Opciones& opciones, const Datos& datos);
+  [[nodiscard]] bool HayPantalla() const;
   bool Hacer(Operacion operacion);
   bool Comprobar(services::HRESULT resultado);
-  void Fallo(const QString& texto);
+  [[nodiscard]] QString MotivoDePagos();
+  void Mostrar(QMessageBox::Icon icono, const QString& texto);
+  [[nodiscard]] bool Preguntar(const QString& texto);
+  [[nodiscard]] bool CerrarPagos();
+  [[nodiscard]] bool ApartarTrabajo();
 
   QWidget* marco_;
+  Datos datos_;
   services::Ref<services::IDatosClase> contexto_;
   services::Ref<services::IClassTesvara> pagos_;
 };

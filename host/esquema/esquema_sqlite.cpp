@@ -19,7 +19,8 @@ std::string TipoDe(const Columna& columna) {
     case TipoColumna::Entero:
       return "INTEGER";
     case TipoColumna::Moneda:
-      return "DECIMAL(15,2)";
+      if (columna.Longitud == 0) return "DECIMAL";
+      return "DECIMAL(" + std::to_string(columna.Longitud) + ",2)";
     case TipoColumna::Numero:
       return "DOUBLE";
     case TipoColumna::Logico:

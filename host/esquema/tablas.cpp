@@ -15,10 +15,16 @@ constexpr Columna Codigo(std::string_view nombre) {
   return Texto(nombre, 10);
 }
 constexpr Columna Moneda(std::string_view nombre) {
-  return {nombre, TipoColumna::Moneda};
+  return {nombre, TipoColumna::Moneda, 15};
 }
 constexpr Columna Entero(std::string_view nombre) {
   return {nombre, TipoColumna::Entero};
+}
+
+template <std::size_t N>
+constexpr std::array<Columna, N> SinLimites(std::array<Columna, N> columnas) {
+  for (Columna& columna : columnas) columna.Longitud = 0;
+  return columnas;
 }
 
 constexpr Columna Concepto = Codigo("NConcepto");
@@ -37,12 +43,13 @@ constexpr std::array ColumnasFacturas = {
 constexpr std::array ColumnasTempFacturas = [] {
   auto columnas = ColumnasFacturas;
   columnas.back() = Descripcion;
-  return columnas;
+  return SinLimites(columnas);
 }();
 
 constexpr std::array ColumnasBases = {Concepto,         NFactura,       Anio,
                                       Codigo("Tipo"),   Moneda("Base"), Moneda("Importe"),
                                       Moneda("Exento"), Actualizado,    ModificadoPor};
+constexpr std::array ColumnasTempBases = SinLimites(ColumnasBases);
 
 constexpr std::array ColumnasVencimientos = {Concepto,
                                              NFactura,
@@ -53,22 +60,15 @@ constexpr std::array ColumnasVencimientos = {Concepto,
                                              Codigo("Fechapago"),
                                              Actualizado,
                                              ModificadoPor};
-constexpr std::array ColumnasTempVencimientos = {Concepto,
-                                                 NFactura,
-                                                 Anio,
-                                                 Codigo("FechaVto"),
-                                                 Moneda("Importe"),
-                                                 Moneda("Pagado"),
-                                                 Codigo("Fechapago"),
-                                                 Actualizado,
-                                                 Descripcion,
-                                                 Columna{"Visible", TipoColumna::Logico}};
+constexpr std::array ColumnasTempVencimientos = SinLimites(std::array{
+    Concepto, NFactura, Anio, Codigo("FechaVto"), Moneda("Importe"), Moneda("Pagado"),
+    Codigo("Fechapago"), Actualizado, Descripcion, Columna{"Visible", TipoColumna::Logico}});
 
 constexpr std::array ColumnasPrevision = {Concepto,       Codigo("Fecha1Vto"), Entero("Cada"),
                                           Entero("Tipo"), Moneda("Importe"),   Actualizado,
                                           ModificadoPor};
-constexpr std::array ColumnasTempPrevision = {Concepto,       Codigo("Fecha1Vto"), Entero("Cada"),
-                                              Entero("Tipo"), Moneda("Importe"),   Descripcion};
+constexpr std::array ColumnasTempPrevision = SinLimites(std::array{
+    Concepto, Codigo("Fecha1Vto"), Entero("Cada"), Entero("Tipo"), Moneda("Importe"), Descripcion});
 
 constexpr std::array ColumnasCaja = {Codigo("idSucursal"),
                                      Columna{"FechaHora", TipoColumna::FechaHora},
@@ -81,17 +81,21 @@ constexpr std::array ColumnasCaja = {Codigo("idSucursal"),
                                      Actualizado,
                                      ModificadoPor};
 
+constexpr std::array ColumnasTempCaja = SinLimites(ColumnasCaja);
+
 constexpr std::array ColumnasConceptos = {Concepto, Descripcion};
 
-constexpr std::array ColumnasBorrados = {Texto("Clave", 30),
+// The suite's own record takes whatever it is told: a deletion must not fail by it.
+constexpr std::array ColumnasBorrados = {Texto("Clave", 0),
                                          Columna{"Momento", TipoColumna::FechaHora},
-                                         Texto("Usuario", 30), Texto("Sentencia", 0)};
+                                         Texto("Usuario", 0), Texto("Sentencia", 0)};
 
-constexpr std::array ColumnasLista = {
-    Texto("Concepto", 60), Codigo("FechaVto"), NFactura, Moneda("Importe"),
-    Moneda("Pagado"),      Concepto,           Anio,     Columna{"Prevision", TipoColumna::Logico}};
+constexpr std::array ColumnasLista = SinLimites(
+    std::array{Texto("Concepto", 60), Codigo("FechaVto"), NFactura, Moneda("Importe"),
+               Moneda("Pagado"), Concepto, Anio, Columna{"Prevision", TipoColumna::Logico}});
 
-constexpr std::array ColumnasBorrar = {Concepto, Codigo("FechaVto"), Moneda("Importe")};
+constexpr std::array ColumnasBorrar =
+    SinLimites(std::array{Concepto, Codigo("FechaVto"), Moneda("Importe")});
 
 using Nombre = std::string_view;
 constexpr std::array<Nombre, 3> ClaveFacturas = {"NConcepto", "Factura", "Año"};
@@ -112,10 +116,10 @@ constexpr std::array TablasAlmacenadas = {
 
 constexpr std::array TablasDeTrabajo = {
     Tabla{"TempProvFacturas", ColumnasTempFacturas, ClaveFacturas},
-    Tabla{"TempProvBasesIva", std::span(ColumnasBases).first(7), ClaveBases},
+    Tabla{"TempProvBasesIva", std::span(ColumnasTempBases).first(7), ClaveBases},
     Tabla{"TempProvVencimientos", ColumnasTempVencimientos, ClaveVencimientos},
     Tabla{"TempProvPrevisionPagos", ColumnasTempPrevision, ClaveConcepto},
-    Tabla{"TempCajaPagos", ColumnasCaja, ClaveCaja},
+    Tabla{"TempCajaPagos", ColumnasTempCaja, ClaveCaja},
     Tabla{"TempTesvara", ColumnasLista, {}},
     Tabla{"TempTesvaraBorrar", ColumnasBorrar, {}},
 };

@@ -12,7 +12,7 @@ namespace esquema {
 struct Columna {
   std::string_view Nombre;
   services::TipoColumna Tipo = services::TipoColumna::Texto;
-  int Longitud = 0;  ///< most characters of a text; 0 for no limit
+  int Longitud = 0;  ///< most characters of a text, most figures of an amount; 0 for no limit
 };
 
 struct Tabla {
@@ -24,7 +24,8 @@ struct Tabla {
 
 /// The tables that the suite shares, and the host's own record of deletions.
 [[nodiscard]] std::span<const Tabla> Almacenadas();
-/// The tables of the working copy and of the list.
+/// The tables of the working copy and of the list. No column has a limit: they take whatever the
+/// stored ones hold.
 [[nodiscard]] std::span<const Tabla> DeTrabajo();
 
 }  // namespace esquema

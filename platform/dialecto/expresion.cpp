@@ -86,30 +86,60 @@ Traductor::Operando Traductor::Negacion() {
 }
 
 Traductor::Operando Traductor::Comparacion() {
-  Operando izquierdo = Primario();
+  const Operando izquierdo = Primario();
   if (!TextoDe(Actual().simbolo).empty()) {
     Comparar(izquierdo, tokens_[i_++].simbolo);
   } else if (Tomar(Palabra::Is)) {
     EsNulo(izquierdo);
   } else if (Tomar(Palabra::Like)) {
-    // Every `like` of the system compares a key with a value spliced in, never with a pattern: as a
-    // pattern, deleting the invoice "A_1" would delete "AB1" too.
-    Comparar(izquierdo, Simbolo::Igual);
+    Parecer(izquierdo, false);
   } else if (Es(Palabra::Not) && Proximo().palabra == Palabra::Like) {
     i_ += 2;
-    Comparar(izquierdo, Simbolo::Distinto);
+    Parecer(izquierdo, true);
   } else {
     return izquierdo;
   }
   return {izquierdo.desde};
 }
 
-void Traductor::Comparar(Operando& izquierdo, Simbolo operador) {
+// A `like` compares a key with a value spliced in, and isn't a pattern: as one, deleting the
+// invoice "A_1" would delete "AB1" too. Only a description is looked up with what a user typed.
+void Traductor::Parecer(const Operando& izquierdo, bool negado) {
+  const bool patron = izquierdo.conPatrones && Actual().clase == ClaseToken::Texto &&
+                      Actual().texto.find_first_of("%_") != std::string_view::npos;
+  if (!patron) return Comparar(izquierdo, negado ? Simbolo::Distinto : Simbolo::Igual);
+  Poner(negado ? " NOT LIKE " : " LIKE ");
+  static_cast<void>(Literal());
+}
+
+void Traductor::Comparar(const Operando& izquierdo, Simbolo operador) {
+  const std::size_t antes = salida_->Texto.size();
   Poner(TextoDe(operador));
   const Operando derecho = Primario();
   if (derecho.literales >= 0) ExigirColumna(izquierdo);
   Adaptar(derecho, izquierdo);
   Adaptar(izquierdo, derecho);
+  const bool conMomento = izquierdo.tipo == TipoColumna::FechaHora && derecho.parametro >= 0;
+  if (conMomento && motor_.FormasDeMomento) CompararMomento(izquierdo.desde, antes, operador);
+}
+
+// The column stands in the text from `desde` to `hasta`, the literal is the last parameter.
+void Traductor::CompararMomento(std::size_t desde, std::size_t hasta, Simbolo operador) {
+  std::string& texto = salida_->Texto;
+  if (operador != Simbolo::Igual && operador != Simbolo::Distinto) {
+    texto.insert(hasta, motor_.Momento.Despues);
+    texto.insert(desde, motor_.Momento.Antes);
+    return;
+  }
+  texto.resize(hasta);
+  Poner(operador == Simbolo::Igual ? " IN (" : " NOT IN (");
+  const Valor momento = std::move(salida_->Parametros.back());
+  salida_->Parametros.pop_back();
+  for (Valor& forma : motor_.FormasDeMomento(momento)) {
+    Poner(texto.back() == '(' ? "?" : ", ?");
+    salida_->Parametros.push_back(std::move(forma));
+  }
+  Poner(")");
 }
 
 void Traductor::EsNulo(const Operando& operando) {
@@ -173,7 +203,9 @@ Traductor::Operando Traductor::Columna(const Fuente& fuente, std::string_view no
   const auto& columna = fuente.tabla->Columnas[static_cast<std::size_t>(posicion)];
   const std::size_t desde = salida_->Texto.size();
   PonerNombre(columna.Nombre);
-  return {desde, columna.Tipo, -1, fuente.tabla, posicion};
+  Operando operando{desde, columna.Tipo, -1, fuente.tabla, posicion};
+  operando.conPatrones = MismoNombre(columna.Nombre, "Descripcion");
+  return operando;
 }
 
 Traductor::Operando Traductor::Funcion() {
@@ -218,10 +250,10 @@ Traductor::Operando Traductor::Recortar() {
                                : lados == izquierdo ? motor_.RecorteIzquierdo
                                                     : motor_.RecorteDerecho;
   Poner(envoltura.Antes);
-  const int literales = Expresion().literales;
+  const Operando dentro = Expresion();
   for (; abiertos > 0; --abiertos) Exigir(Simbolo::Cerrar);
   Poner(envoltura.Despues);
-  return {desde, TipoColumna::Texto, -1, nullptr, -1, literales};
+  return {desde, TipoColumna::Texto, -1, nullptr, -1, dentro.literales, dentro.conPatrones};
 }
 
 Traductor::Operando Traductor::Literal() {

@@ -46,13 +46,10 @@ Valor ComoLogico(const Valor& literal) {
   return numero.EsNulo() ? Valor() : Valor(numero.Numero() != 0.0);
 }
 
-// A date column compares with a text as if it were its text form: another way of writing the same
-// moment isn't that text.
 Valor ComoFecha(Valor literal) {
   if (const auto* texto = literal.Si<std::string>()) {
     const auto momento = services::LeerFecha(*texto);
-    const bool esSuTexto = momento && services::TextoDeFecha(*momento) == *texto;
-    return esSuTexto ? Valor(*momento) : Valor();
+    return momento ? Valor(*momento) : Valor();
   }
   return literal.Si<FechaHora>() ? std::move(literal) : Valor();
 }

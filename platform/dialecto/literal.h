@@ -15,7 +15,7 @@ namespace dialecto {
 [[nodiscard]] services::Valor LeerFecha(std::string_view entreAlmohadillas);
 
 /// The literal as a column of `tipo` must hold it to be equal to it: a number text for a column of
-/// numbers, the date that has this very text for a date column. Null where no value can be.
+/// numbers, the moment that a text tells for a date column. Null where no value can be.
 [[nodiscard]] services::Valor Adaptado(services::Valor literal, services::TipoColumna tipo);
 
 }  // namespace dialecto

@@ -1,6 +1,9 @@
 #pragma once
 
 #include <string_view>
+#include <vector>
+
+#include "valores/valor.h"
 
 namespace dialecto {
 
@@ -11,8 +14,8 @@ struct Envoltura {
 };
 
 /// What tells one database engine from another, as far as a statement's text goes. Literals are
-/// always `?`, equality of texts is always `=`: an engine whose columns don't compare without
-/// regard to case by themselves declares them so in its schema.
+/// always `?`, equality of texts is always `=`, a pattern is always `LIKE`: an engine whose columns
+/// don't compare without regard to case by themselves declares them so in its schema.
 struct Motor {
   /// The quote around names; the same on both sides.
   char Comilla = '"';
@@ -22,6 +25,11 @@ struct Motor {
   /// The two halves of that, for a statement that asks for one side alone.
   Envoltura RecorteIzquierdo;
   Envoltura RecorteDerecho;
+  /// Where moments are kept as texts: all values under which a given one may be stored, always as
+  /// many of them. Null where the engine compares moments by itself.
+  std::vector<services::Valor> (*FormasDeMomento)(const services::Valor& momento) = nullptr;
+  /// There too, what makes a stored moment comparable by order.
+  Envoltura Momento = {};
 };
 
 }  // namespace dialecto

@@ -1,5 +1,6 @@
 #include "dialecto/traductor.h"
 
+#include "dialecto/formas.h"
 #include "dialecto/rechazo.h"
 
 namespace dialecto {
@@ -28,6 +29,10 @@ void Traductor::Traducir(std::string_view texto, bool conOcultas, Sentencia& sen
   } else {
     Rechazar("no empieza por SELECT ni por DELETE", texto);
   }
+}
+
+void Traductor::ExigirDelSistema() const {
+  if (!EsDelSistema(tokens_)) Rechazar("no es de las que escribe el sistema", sentencia_);
 }
 
 void Traductor::NoEsperado() const {

@@ -49,6 +49,10 @@ class Traductor {
   /// own columns.
   void Traducir(std::string_view texto, bool conOcultas, Sentencia& sentencia);
 
+  /// Throws 0x80040E14 when the statement last translated isn't one of the system's, while its text
+  /// is alive.
+  void ExigirDelSistema() const;
+
   /// The columns of the SELECT last translated, while its text is alive.
   [[nodiscard]] std::vector<ColumnaDada> Columnas() const;
 
@@ -72,6 +76,8 @@ class Traductor {
     const Tabla* tabla = nullptr;
     int columna = -1;
     int literales = -1;  ///< the token where it begins, when it is made of literals alone
+    /// Whether its texts are looked up by patterns.
+    bool conPatrones = false;
   };
 
   // Statements: traductor.cpp.
@@ -98,7 +104,9 @@ class Traductor {
   Operando Conjuncion();
   Operando Negacion();
   Operando Comparacion();
-  void Comparar(Operando& izquierdo, Simbolo operador);
+  void Comparar(const Operando& izquierdo, Simbolo operador);
+  void Parecer(const Operando& izquierdo, bool negado);
+  void CompararMomento(std::size_t desde, std::size_t hasta, Simbolo operador);
   void EsNulo(const Operando& operando);
   void ExigirColumna(const Operando& operando) const;
   Operando Primario();

@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <array>
 #include <charconv>
-#include <cstdio>
-#include <optional>
+
+#include "sqlite/momento.h"
 
 namespace sqlite {
 
@@ -43,25 +43,8 @@ std::string_view Texto(sqlite3_stmt* sentencia, int indice) {
   return {texto ? texto : "", static_cast<std::size_t>(sqlite3_column_bytes(sentencia, indice))};
 }
 
-// No value where the text is no such date; the time, or its seconds, may be left out.
-std::optional<FechaHora> LeerIso(std::string_view texto) {
-  if (texto.size() != 10 && texto.size() != 16 && texto.size() != 19) return {};
-  if (texto[4] != '-' || texto[7] != '-') return {};
-  const int anio = Entero(texto.substr(0, 4));
-  const int mes = Entero(texto.substr(5, 2));
-  const int dia = Entero(texto.substr(8, 2));
-  const int hora = texto.size() > 10 ? Entero(texto.substr(11, 2)) : 0;
-  const int minuto = texto.size() > 10 ? Entero(texto.substr(14, 2)) : 0;
-  const int segundo = texto.size() > 16 ? Entero(texto.substr(17, 2)) : 0;
-  const bool existe = anio >= 100 && mes >= 1 && mes <= 12 && dia >= 1 &&
-                      dia <= services::DiasDelMes(anio, mes) && hora >= 0 && hora < 24 &&
-                      minuto >= 0 && minuto < 60 && segundo >= 0 && segundo < 60;
-  if (!existe) return {};
-  return services::HacerFecha(anio, mes, dia, hora, minuto, segundo);
-}
-
 void AnadirFechaOTexto(std::string_view texto, Filas& filas) {
-  if (const auto momento = LeerIso(texto)) {
+  if (const auto momento = LeerMomento(texto)) {
     filas.AnadirFecha(*momento);
   } else {
     filas.AnadirTexto(texto);
@@ -99,16 +82,6 @@ void AnadirCelda(sqlite3_stmt* sentencia, int indice, TipoColumna tipo, Filas& f
 }
 
 }  // namespace
-
-std::string Iso(FechaHora momento) {
-  const auto dia = services::Descomponer(momento);
-  const int segundos = momento.Segundos;
-  std::array<char, 64> texto{};
-  const int largo =
-      std::snprintf(texto.data(), texto.size(), "%04d-%02d-%02d %02d:%02d:%02d", dia.Anio, dia.Mes,
-                    dia.Dia, segundos / 3600, segundos / 60 % 60, segundos % 60);
-  return {texto.data(), static_cast<std::size_t>(largo)};
-}
 
 Columna ColumnaDeclarada(std::string nombre, std::string_view declarado) {
   const auto parentesis = std::min(declarado.find('('), declarado.size());

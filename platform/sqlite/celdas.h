@@ -13,8 +13,6 @@
 
 namespace sqlite {
 
-[[nodiscard]] std::string Iso(services::FechaHora momento);
-
 /// The column that a declaration such as `VARCHAR(20)` tells; an expression, which has none, is a
 /// number.
 [[nodiscard]] services::Columna ColumnaDeclarada(std::string nombre, std::string_view declarado);

@@ -10,6 +10,7 @@ namespace sqlite {
 Conexion::Conexion(const std::string& fichero, const Opciones& opciones)
     : base_(fichero, opciones),
       unidad_(base_, almacen_, opciones.UnidadDeTrabajo),
+      cualquierSentencia_(opciones.CualquierSentencia),
       traductor_(DialectoSqlite, catalogo_) {}
 
 Conexion::~Conexion() {
@@ -34,6 +35,8 @@ std::unique_ptr<services::Cursor> Conexion::Abrir(std::string_view sentencia,
 
 std::shared_ptr<Entrada> Conexion::EntradaDe(const dialecto::Sentencia& sentencia) {
   if (auto entrada = almacen_.Buscar(sentencia.Texto)) return entrada;
+  // Once is enough: without its values it says the same every time.
+  if (!cualquierSentencia_) traductor_.ExigirDelSistema();
   auto entrada = almacen_.Crear(sentencia.Texto);
   if (sentencia.Que == dialecto::Verbo::Delete) return entrada;
   if (sentencia.Unica) entrada->Tabla = sentencia.Unica->Nombre;
@@ -49,6 +52,13 @@ void Conexion::Ejecutar(const std::string& sql) {
   almacen_.Olvidar();
   catalogo_.Olvidar();
   base_.Ejecutar(sql);
+}
+
+void Conexion::CopiarEn(const std::string& fichero) {
+  const Preparada copia = base_.Preparar("VACUUM INTO ?");
+  sqlite3_bind_text(copia.get(), 1, fichero.data(), static_cast<int>(fichero.size()),
+                    SQLITE_STATIC);
+  if (sqlite3_step(copia.get()) != SQLITE_DONE) Lanzar(base_.Motor());
 }
 
 Resultado Conexion::Consultar(std::string_view sql) {

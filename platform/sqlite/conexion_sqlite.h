@@ -28,12 +28,20 @@ class Conexion final : public services::ObjetoContado<services::Conexion> {
                                                         services::ModoApertura modo) override;
   void TerminarUnidad() override { unidad_.Terminar(); }
   void AbandonarUnidad() noexcept override { unidad_.Abandonar(); }
+  /// `Opciones::UnidadDeTrabajo` from now on; the unit under way ends.
+  void AgruparEnUnidades(bool agrupa) { unidad_.Agrupar(agrupa); }
 
   /// Runs the engine's own SQL, any number of statements, in the unit under way if there is one.
   void Ejecutar(const std::string& sql);
+  /// Writes the whole file, as it is outside any unit under way, to another that isn't there yet.
+  void CopiarEn(const std::string& fichero);
   /// Runs one statement of the engine's own SQL and gives its rows, the columns typed as their
   /// tables declare them.
   [[nodiscard]] Resultado Consultar(std::string_view sql);
+
+  [[nodiscard]] bool TieneTabla(std::string_view nombre) {
+    return catalogo_.Buscar(nombre) != nullptr;
+  }
 
   [[nodiscard]] Estadistica Cuenta() const { return {base_.Preparadas(), unidad_.Transacciones()}; }
 
@@ -44,13 +52,14 @@ class Conexion final : public services::ObjetoContado<services::Conexion> {
   Base base_;
   Almacen almacen_{base_};
   Unidad unidad_;
+  bool cualquierSentencia_;
   Catalogo catalogo_{base_};
   dialecto::Traductor traductor_;
   dialecto::Sentencia sentencia_;
 };
 
 /// Opens a file. Throws 0x80004005 for one that isn't there and isn't to be created, is a folder,
-/// is no database or can't be read.
+/// is no database, can't be read, or is to be exclusive and is in use.
 [[nodiscard]] services::Ref<Conexion> AbrirConexion(const std::string& fichero,
                                                     const Opciones& opciones = {});
 

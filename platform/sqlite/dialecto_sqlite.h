@@ -1,6 +1,7 @@
 #pragma once
 
 #include "dialecto/motor.h"
+#include "sqlite/momento.h"
 
 namespace sqlite {
 
@@ -8,6 +9,8 @@ namespace sqlite {
 inline constexpr dialecto::Motor DialectoSqlite = {.Comilla = '"',
                                                    .Recorte = {"trim(", ") COLLATE ES"},
                                                    .RecorteIzquierdo = {"ltrim(", ") COLLATE ES"},
-                                                   .RecorteDerecho = {"rtrim(", ") COLLATE ES"}};
+                                                   .RecorteDerecho = {"rtrim(", ") COLLATE ES"},
+                                                   .FormasDeMomento = FormasDeMomento,
+                                                   .Momento = {"MOMENTO(", ")"}};
 
 }  // namespace sqlite

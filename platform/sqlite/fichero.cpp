@@ -2,6 +2,7 @@
 
 #include <filesystem>
 
+#include "sqlite/funciones.h"
 #include "sqlite/orden.h"
 #include "valores/error.h"
 
@@ -33,16 +34,32 @@ std::string PrimerTexto(Base& base, std::string_view sql) {
 
 Base::Base(const std::string& fichero, const Opciones& opciones)
     : base_(Abrir(fichero, opciones.Crear)) {
-  Configurar(opciones);
+  Configurar(fichero, opciones);
+}
+
+// Taken before the journal is looked at, so that it is never shared: the lock is then the file's
+// own, which the system drops with the process. Waiting for another program's would only put the
+// answer off.
+void Base::Reservar(const std::string& fichero) {
+  Ejecutar("PRAGMA locking_mode = EXCLUSIVE");
+  const int codigo = sqlite3_exec(Motor(), "BEGIN EXCLUSIVE; COMMIT", nullptr, nullptr, nullptr);
+  if (codigo == SQLITE_OK) return;
+  if ((codigo & 0xFF) != SQLITE_BUSY) Lanzar(Motor());
+  throw services::ErrorEjecucion(services::error::FalloDeConexion,
+                                 "El fichero " + fichero +
+                                     " está en uso por otro programa (SQLite " +
+                                     std::to_string(codigo) + ": " + sqlite3_errmsg(Motor()) + ")");
 }
 
 // The journal's mode stays in the file, so it is only set where it isn't yet: setting it takes a
 // lock that nobody else may hold.
-void Base::Configurar(const Opciones& opciones) {
+void Base::Configurar(const std::string& fichero, const Opciones& opciones) {
   sqlite3_extended_result_codes(Motor(), 1);
+  if (opciones.Exclusiva) Reservar(fichero);
   sqlite3_busy_timeout(Motor(), opciones.EsperaMs);
   sqlite3_db_config(Motor(), SQLITE_DBCONFIG_DQS_DML, 0, nullptr);
   RegistrarOrden(Motor());
+  RegistrarFunciones(Motor());
   if (PrimerTexto(*this, "PRAGMA journal_mode") != "wal" && !sqlite3_db_readonly(Motor(), "main")) {
     Ejecutar("PRAGMA journal_mode = WAL");
   }

@@ -26,7 +26,8 @@ using Preparada = std::unique_ptr<sqlite3_stmt, CerrarSentencia>;
 /// An open database file with what every connection needs registered on it: the collation `ES`.
 class Base {
  public:
-  /// Throws 0x80004005 for a file that isn't there, is no database or can't be read.
+  /// Throws 0x80004005 for a file that isn't there, is no database or can't be read; and, naming
+  /// it, for one that is to be exclusive and is in use.
   Base(const std::string& fichero, const Opciones& opciones);
 
   [[nodiscard]] sqlite3* Motor() const { return base_.get(); }
@@ -42,7 +43,8 @@ class Base {
     void operator()(sqlite3* base) const noexcept { sqlite3_close_v2(base); }
   };
 
-  void Configurar(const Opciones& opciones);
+  void Configurar(const std::string& fichero, const Opciones& opciones);
+  void Reservar(const std::string& fichero);
 
   std::unique_ptr<sqlite3, Cerrar> base_;
   std::size_t preparadas_ = 0;

@@ -15,6 +15,11 @@ struct Opciones {
   bool UnidadDeTrabajo = true;
   /// Whether a file that isn't there is created.
   bool Crear = false;
+  /// Whether the file belongs to this connection alone for as long as it lives: nobody else can
+  /// read or write it meanwhile. The lock goes with the process, however that ends.
+  bool Exclusiva = false;
+  /// Whether any well-formed statement is run, or those of the system alone.
+  bool CualquierSentencia = false;
   /// How long a writer waits for another's lock, in milliseconds.
   int EsperaMs = 5000;
 };

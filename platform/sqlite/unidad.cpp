@@ -72,6 +72,11 @@ void Unidad::Terminar() {
   }
 }
 
+void Unidad::Agrupar(bool agrupa) {
+  Terminar();
+  agrupa_ = agrupa;
+}
+
 void Unidad::Abandonar() noexcept {
   if (enCurso_ && base_.EnTransaccion()) {
     sqlite3_exec(base_.Motor(), "ROLLBACK", nullptr, nullptr, nullptr);

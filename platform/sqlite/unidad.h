@@ -23,6 +23,8 @@ class Unidad {
   void Escribir(sqlite3_stmt* sentencia);
   void Terminar();
   void Abandonar() noexcept;
+  /// Whether writes are gathered from now on. Ends the unit under way.
+  void Agrupar(bool agrupa);
 
   [[nodiscard]] std::size_t Transacciones() const { return transacciones_; }
 

@@ -16,16 +16,18 @@ using services::Recordset;
 /// The writing of one list's amounts.
 class Escritura {
  public:
-  Escritura(services::Sesion& sesion, const RejillaPagos& rejilla)
+  Escritura(services::Sesion& sesion, RejillaPagos& rejilla)
       : sesion_(sesion),
         rejilla_(rejilla),
         hoy_(sesion.Utiles().Almacenada(services::TextoDeFecha(sesion.Ahora()))),
-        mismasFilas_(rejilla.MsfPagos2.Rows == rejilla.MSFPagos.Rows) {}
+        mismasFilas_(rejilla.MsfPagos2.Rows == rejilla.MSFPagos.Rows),
+        copiaAlDia_(rejilla.CopiaAlDia) {}
 
   [[nodiscard]] bool Hacer();
 
  private:
   [[nodiscard]] bool HaCambiado(int fila) const;
+  [[nodiscard]] bool SirveLaCopia(int fila) const;
   [[nodiscard]] bool YaLoTiene(Recordset& vencimiento, int fila) const;
   [[nodiscard]] std::string Sentencia(int fila) const;
   [[nodiscard]] bool EscribirFila(Recordset& vencimiento, int fila);
@@ -36,9 +38,10 @@ class Escritura {
   }
 
   services::Sesion& sesion_;
-  const RejillaPagos& rejilla_;
+  RejillaPagos& rejilla_;
   const std::string hoy_;
   const bool mismasFilas_;
+  const bool copiaAlDia_;
 };
 
 bool Escritura::Hacer() {
@@ -53,15 +56,20 @@ bool Escritura::Hacer() {
 }
 
 /// A snapshot of another length is no use: every row counts as changed then. So does, until its
-/// own due date is looked at, a row where the snapshot has another line, as after a change of
-/// order.
+/// own due date is looked at, a row that the snapshot doesn't speak for.
 bool Escritura::HaCambiado(int fila) const {
-  return !mismasFilas_ || !rejilla_.EsLaMismaLinea(fila) ||
+  return !mismasFilas_ || !SirveLaCopia(fila) ||
          Celda(fila, columna::Pagado) != rejilla_.MsfPagos2.TextMatrix(fila, columna::Pagado);
 }
 
+/// The snapshot has another line there after a change of order; and after amounts that were written
+/// and then not saved it no longer tells what the due dates hold.
+bool Escritura::SirveLaCopia(int fila) const {
+  return copiaAlDia_ && rejilla_.EsLaMismaLinea(fila);
+}
+
 bool Escritura::YaLoTiene(Recordset& vencimiento, int fila) const {
-  return mismasFilas_ && !rejilla_.EsLaMismaLinea(fila) &&
+  return mismasFilas_ && !SirveLaCopia(fila) &&
          services::Mascara(vencimiento.Collect("Pagado")) == Celda(fila, columna::Pagado);
 }
 
@@ -103,6 +111,7 @@ void Escritura::Asignar(Recordset& vencimiento, const std::string& pagado) {
 bool Escritura::Actualizar(Recordset& vencimiento) {
   try {
     vencimiento.Update();
+    rejilla_.CopiaAlDia = false;
     return true;
   } catch (const services::ErrorEjecucion& fallo) {
     sesion_.Aviso().FalloAlEscribir(fallo, "Error al grabar Línea");
@@ -113,7 +122,7 @@ bool Escritura::Actualizar(Recordset& vencimiento) {
 
 }  // namespace
 
-bool EscribirPagados(services::Sesion& sesion, const RejillaPagos& rejilla) {
+bool EscribirPagados(services::Sesion& sesion, RejillaPagos& rejilla) {
   return Escritura(sesion, rejilla).Hacer();
 }
 

@@ -10,6 +10,6 @@ namespace list {
 ///
 /// False when the user was told of an amount above its receipt, or of a row that couldn't be
 /// written: the rows before it are then already written. Throws 13 for an amount that was emptied.
-[[nodiscard]] bool EscribirPagados(services::Sesion& sesion, const RejillaPagos& rejilla);
+[[nodiscard]] bool EscribirPagados(services::Sesion& sesion, RejillaPagos& rejilla);
 
 }  // namespace list

@@ -176,6 +176,7 @@ void RejillaPagos::CopiarGrip() {
     MsfPagos2.AnadirFila(std::move(celdas));
   }
   ordenDeLaCopia_ = orden_;
+  CopiaAlDia = true;
 }
 
 bool RejillaPagos::ComprobarCambios() const {

@@ -68,6 +68,10 @@ class RejillaPagos {
   /// Amount of a cell; an empty one counts 0.
   [[nodiscard]] double ImporteDe(int fila, int columna) const;
 
+  /// Whether the working due dates still hold the amounts of the snapshot: False from the first
+  /// amount that is written to them until the next snapshot.
+  bool CopiaAlDia = false;
+
   /// Takes the snapshot.
   void CopiarGrip();
   /// Whether the list differs from the snapshot. Throws 381 when the list has grown past it.

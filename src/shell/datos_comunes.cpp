@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "store/firma.h"
 #include "valores/error.h"
 
 namespace shell {
@@ -61,6 +62,7 @@ class AvisoConEspera final : public services::Aviso {
 DatosComunes::DatosComunes(const services::Plataforma& plataforma)
     : plataforma_(plataforma), escritorio_(plataforma) {
   escritorio_.AlTerminarEvento = [this] { TerminarUnidades(); };
+  escritorio_.AlFallarEvento = [this] { DeshacerAlmacenado(); };
 }
 
 DatosComunes::~DatosComunes() = default;
@@ -88,6 +90,7 @@ void DatosComunes::RecibirSesion(Ref<services::IDatosClase> datos) {
   Ref<IForm> FrmPrincipal = ComoForm(principal, "FrmPrincipal");
   Exigir(v.CnDatos, "CnDatos", "tablas de la empresa");
   Exigir(v.CnTemp, "CnTemp", "tablas de trabajo");
+  store::ExigirFirma(*v.CnDatos, v.Usuario);
   FrmMarco_ = std::move(FrmMarco);
   FrmPrincipal_ = std::move(FrmPrincipal);
   DatosClase_ = std::move(datos);
@@ -112,6 +115,7 @@ void DatosComunes::Repintar(services::Form& pantalla) {
 }
 
 services::Conexion& DatosComunes::CnDatos() const {
+  if (perdida_) throw ErrorEjecucion(*perdida_);
   return Exigir(valores_.CnDatos, "CnDatos", "tablas de la empresa");
 }
 
@@ -120,7 +124,18 @@ services::Conexion& DatosComunes::CnTemp() const {
 }
 
 void DatosComunes::AnotarBorrado(const std::string& sentencia) {
-  Utiles().AnotarBorrado(valores_.ClaveBorrado, valores_.CnDatos, sentencia);
+  Ref<services::Conexion> devuelta = valores_.CnDatos;
+  Utiles().AnotarBorrado(valores_.ClaveBorrado, devuelta, sentencia);
+  Exigir(devuelta, "CnDatos", "tras anotar un borrado");
+  if (devuelta.get() == valores_.CnDatos.get()) return;
+  // What the old one wrote holds the new one off, until it is durable.
+  try {
+    valores_.CnDatos->TerminarUnidad();
+  } catch (const ErrorEjecucion& fallo) {
+    perdida_ = fallo;
+    throw;
+  }
+  valores_.CnDatos = std::move(devuelta);
 }
 
 services::Utiles& DatosComunes::Utiles() {
@@ -136,6 +151,7 @@ services::Aviso& DatosComunes::Aviso() {
 void DatosComunes::TerminarUnidades() {
   if (!valores_.CnDatos || !valores_.CnTemp) return;
   try {
+    if (perdida_) throw ErrorEjecucion(*std::exchange(perdida_, {}));
     valores_.CnDatos->TerminarUnidad();
   } catch (...) {
     // What the working tables have since then belongs to rows that the stored ones now lack.
@@ -143,6 +159,13 @@ void DatosComunes::TerminarUnidades() {
     throw;
   }
   valores_.CnTemp->TerminarUnidad();
+}
+
+// The working tables keep what was written to them: they are what the user goes on with.
+void DatosComunes::DeshacerAlmacenado() {
+  perdida_.reset();
+  if (valores_.CnDatos) valores_.CnDatos->AbandonarUnidad();
+  if (valores_.CnTemp) valores_.CnTemp->TerminarUnidad();
 }
 
 }  // namespace shell

@@ -21,8 +21,8 @@ class DatosComunes final : public services::Sesion {
   ~DatosComunes() override;
 
   /// Takes the session from the host's context. Throws the failure of `EntregarSesion`, 0x80004002
-  /// for a form that is none, and 91 for a connection that wasn't handed over; what the session
-  /// held before then stays.
+  /// for a form that is none, 91 for a connection that wasn't handed over, and 0x80040E21 for a
+  /// user whose name the stored tables can't hold; what the session held before then stays.
   void RecibirSesion(services::Ref<services::IDatosClase> datos);
   /// Has the host draw around the main screen and its own; keeps the forms it hands back.
   void Repintar(services::Form& pantalla);
@@ -65,12 +65,16 @@ class DatosComunes final : public services::Sesion {
   };
 
   void TerminarUnidades();
+  void DeshacerAlmacenado();
 
   const std::thread::id hilo_ = std::this_thread::get_id();
   const services::Plataforma& plataforma_;
   services::Escritorio escritorio_;
   services::Ref<services::IDatosClase> DatosClase_;
   Valores valores_;
+  /// Why the writes of the event under way are gone, with a connection that another took the place
+  /// of. Nothing more is written in it: no half of it must stay.
+  std::optional<services::ErrorEjecucion> perdida_;
   services::Ref<services::IForm> FrmMarco_;
   services::Ref<services::IForm> FrmPrincipal_;
   std::unique_ptr<services::Utiles> utiles_;

@@ -66,12 +66,15 @@ class ContextoDeAnfitrion final : public services::ObjetoContado<services::IDato
 
 class ComponenteEnMarcha {
  public:
+  using CrearUtiles = std::function<std::unique_ptr<services::Utiles>(services::Sesion&)>;
+
   /// With its clock stopped at `ahora`. The screen isn't loaded yet.
   ComponenteEnMarcha(services::Ref<services::Conexion> datos,
-                     services::Ref<services::Conexion> temp, services::FechaHora ahora)
+                     services::Ref<services::Conexion> temp, services::FechaHora ahora,
+                     CrearUtiles crearUtiles = &sorvex::CrearUtiles)
       : contexto_(services::Crear<ContextoDeAnfitrion>(std::move(datos), std::move(temp))) {
     entorno_->PararReloj(ahora);
-    entorno_->CrearUtiles = &sorvex::CrearUtiles;
+    entorno_->CrearUtiles = std::move(crearUtiles);
   }
 
   /// Takes the session without a screen.

@@ -61,6 +61,9 @@ class BaseDeMentira final : public guion::Base {
   services::Ref<ConexionDeMentira> Interior = services::Crear<ConexionDeMentira>();
 
   [[nodiscard]] services::Ref<services::Conexion> Conexion() override { return Interior; }
+  void Agrupar(bool porEvento) override {
+    Ejecutadas.emplace_back(porEvento ? "unidad evento" : "unidad sentencia");
+  }
   void Ejecutar(const std::string& sql) override {
     if (sql == "MAL") throw guion::NoSeEntiende("el motor no quiere");
     Ejecutadas.push_back(sql);

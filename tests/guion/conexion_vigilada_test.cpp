@@ -51,6 +51,16 @@ TEST_F(UnaConexion, FallaLaLlamadaPedidaYSoloEsa) {
   EXPECT_EQ(dentro->Llamadas, (std::vector<std::string>{"abrir SELECT T.* FROM T", "leer"}));
 }
 
+TEST_F(UnaConexion, MirarLasColumnasDeUnaTablaNoEsUnaLlamada) {
+  vigia->Provocar(1, -7);
+  EXPECT_EQ(conexion->ColumnasDe("T").size(), 1U);
+  EXPECT_TRUE(registro->Sentencias.empty());
+  EXPECT_EQ(Numero([&] {
+              static_cast<void>(conexion->Abrir("SELECT T.* FROM T", ModoApertura::Lectura));
+            }),
+            -7);
+}
+
 TEST_F(UnaConexion, CuentaTodasLasClasesDeLlamada) {
   const services::Filas filas(1);
   for (int n = 1; n <= 5; ++n) {

@@ -171,6 +171,12 @@ TEST_F(UnGuion, ElSqlVaASuBaseSinPasarPorElComponente) {
   EXPECT_EQ(local.Ejecutadas, (std::vector<std::string>{"INSERT 2", "SELECT 4"}));
 }
 
+TEST_F(UnGuion, LaUnidadSeDiceALaBaseAlmacenada) {
+  EXPECT_EQ(Salida("unidad sentencia\nunidad evento"), "");
+  EXPECT_EQ(datos.Ejecutadas, (std::vector<std::string>{"unidad sentencia", "unidad evento"}));
+  EXPECT_TRUE(local.Ejecutadas.empty());
+}
+
 TEST_F(UnGuion, LoQueElMotorNoQuiereTerminaLaFuncion) {
   const Corrida corrida = Correr("cargar\ndatos MAL\nfoco?");
   EXPECT_EQ(corrida.Estado, 2);

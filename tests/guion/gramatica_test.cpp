@@ -78,14 +78,15 @@ INSTANTIATE_TEST_SUITE_P(
     testing::Values("espera", "espera TxtA.Altura 3", "espera TxtA x", "espera sin nada",
                     "espera celda G 1 x y", "espera celda G -1 0 y", "espera marca G 1 5 2",
                     "espera error mucho", "fallo datos 0", "fallo otra 1", "fallo datos 1 0xG",
-                    "fallo datos 1 0x1FFFFFFFF", "tecla F12", "responder quizas", "responder",
-                    "pantalla 0 100", "pantalla 100", "reloj 2005-02-30 10:00:00",
-                    "reloj 2005-03-15 24:00:00", "reloj 15/03/2005 10:00:00", "reloj 2005-03-15",
-                    "texto Titulo x", "datos", "consulta datos", "consulta otra SELECT 1",
-                    "valor Barra uno", "valor Barra 99999999999", "celda G 1", "pulsar A.B.C",
-                    "pulsar .B", "anadir \"sin cerrar", "anadir \"a\"b", "anadir a\"b\"",
-                    "anadir \"\\t\"", "anadir \"\\", "anadir \xC3", "anadir \xED\xA0\x80",
-                    "foco? TxtA", "avisos todos"));
+                    "fallo datos 1 0x1FFFFFFFF", "unidad", "unidad fila", "tecla F12",
+                    "responder quizas", "responder", "pantalla 0 100", "pantalla 100",
+                    "reloj 2005-02-30 10:00:00", "reloj 2005-03-15 24:00:00",
+                    "reloj 15/03/2005 10:00:00", "reloj 2005-03-15", "texto Titulo x", "datos",
+                    "consulta datos", "consulta otra SELECT 1", "valor Barra uno",
+                    "valor Barra 99999999999", "celda G 1", "pulsar A.B.C", "pulsar .B",
+                    "anadir \"sin cerrar", "anadir \"a\"b", "anadir a\"b\"", "anadir \"\\t\"",
+                    "anadir \"\\", "anadir \xC3", "anadir \xED\xA0\x80", "foco? TxtA",
+                    "avisos todos"));
 
 TEST(Gramatica, LosNombresDeWidgetLlevanPantallaYElemento) {
   EXPECT_EQ(guion::LeerReferencia("TxtA")->Pantalla, "");

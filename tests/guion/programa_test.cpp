@@ -10,6 +10,7 @@
 #include "guion/carpeta_temporal.h"
 #include "guion/opciones_guion.h"
 #include "guion/texto_guion.h"
+#include "sqlite/conexion_sqlite.h"
 
 namespace fs = std::filesystem;
 
@@ -50,6 +51,16 @@ TEST_F(ElPrograma, TodoBienDaCeroYNoDejaNada) {
   EXPECT_EQ(corrida.Salida, "FrmTesvaraGastos 1\n");
   EXPECT_EQ(corrida.Errores, "");
   EXPECT_TRUE(fs::is_empty(temporales));
+}
+
+TEST_F(ElPrograma, LaBaseLocalEnUsoPorOtroSeDiceYNoSeCorreNada) {
+  const std::string local = (carpeta.Ruta() / "local.sqlite").string();
+  const auto otro = sqlite::AbrirConexion(local, {.Crear = true, .Exclusiva = true});
+  const Corrida corrida = Correr("--local " + local + " x.guion", "foco?\n");
+  EXPECT_EQ(corrida.Estado, 2);
+  EXPECT_EQ(corrida.Salida, "");
+  EXPECT_NE(corrida.Errores.find(local + " está en uso por otro programa"), std::string::npos)
+      << corrida.Errores;
 }
 
 TEST_F(ElPrograma, LeeLaEntradaConUnGuion) {

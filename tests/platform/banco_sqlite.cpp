@@ -16,7 +16,7 @@ class BancoSqlite final : public Banco {
   }
 
   [[nodiscard]] services::Ref<services::Conexion> Conectar(bool unidad) override {
-    return sqlite::AbrirConexion(fichero_, {.UnidadDeTrabajo = unidad});
+    return sqlite::AbrirConexion(fichero_, {.UnidadDeTrabajo = unidad, .CualquierSentencia = true});
   }
   void Ejecutar(const std::string& sql) override { sqlite::AbrirConexion(fichero_)->Ejecutar(sql); }
   [[nodiscard]] CuentaMotor Cuenta(services::Conexion& conexion) const override {

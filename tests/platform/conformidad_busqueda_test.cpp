@@ -86,6 +86,55 @@ TEST_P(Facturas, UnaFechaEnOtraFormaNoHallaNadaNiFalla) {
   EXPECT_THAT(Donde("FechaVto >= '20050301' And FechaVto <= '20050331'"), ElementsAre("A"));
 }
 
+class Descripciones : public Conformidad {
+ protected:
+  void SetUp() override {
+    auto rs = Abrir(*conexion, "SELECT ProvConceptos.* FROM ProvConceptos", Modo::Optimista);
+    for (const char* descripcion :
+         {"  Luz y Gas ", "LUZ", "Ñandú", "nandu", "Nómina 100%", "Nómina 1000"}) {
+      rs->AddNew();
+      rs->Collect("NConcepto") = descripcion;
+      rs->Collect("Descripcion") = descripcion;
+      rs->Update();
+    }
+  }
+  std::vector<Texto> Como(const Texto& patron) {
+    return Primeros(
+        "SELECT ProvConceptos.Descripcion From ProvConceptos WHERE "
+        "trim(ProvConceptos.Descripcion) like '" +
+        patron + "' ORDER BY ProvConceptos.Descripcion");
+  }
+};
+
+INSTANTIATE_TEST_SUITE_P(Sqlite, Descripciones, testing::Values(Motor{"sqlite", CrearBancoSqlite}));
+
+TEST_P(Descripciones, SeBuscanConComodinesYSinMayúsculas) {
+  EXPECT_THAT(Como("luz%"), UnorderedElementsAre("  Luz y Gas ", "LUZ"));
+  EXPECT_THAT(Como("L_Z"), ElementsAre("LUZ"));
+  EXPECT_THAT(Como("%gas"), ElementsAre("  Luz y Gas "));
+  EXPECT_THAT(Como("%Y%g_s%"), ElementsAre("  Luz y Gas "));
+  EXPECT_THAT(Como("nómina 100_"), UnorderedElementsAre("Nómina 100%", "Nómina 1000"));
+  EXPECT_THAT(Como("%"), testing::SizeIs(6));
+  EXPECT_THAT(Como("_"), IsEmpty());
+  EXPECT_THAT(Como("lu"), IsEmpty());
+  EXPECT_THAT(Como("luz"), ElementsAre("LUZ"));
+}
+
+TEST_P(Descripciones, LosAcentosYLaEñeCuentanComoAlComparar) {
+  EXPECT_THAT(Como("ñan%"), ElementsAre("Ñandú"));
+  EXPECT_THAT(Como("_ANDÚ"), ElementsAre("Ñandú"));
+  EXPECT_THAT(Como("%andu"), ElementsAre("nandu"));
+}
+
+TEST_P(Descripciones, UnComodínEnElCódigoEsUnSignoComoOtro) {
+  EXPECT_THAT(Primeros("SELECT ProvConceptos.* From ProvConceptos WHERE "
+                       "trim(ProvConceptos.NConcepto) like 'l%'"),
+              IsEmpty());
+  EXPECT_THAT(Primeros("SELECT ProvConceptos.* From ProvConceptos WHERE "
+                       "ProvConceptos.NConcepto like 'Nómina 100%'"),
+              ElementsAre("Nómina 100%"));
+}
+
 class Caja : public Conformidad {
  protected:
   void SetUp() override {
@@ -117,10 +166,15 @@ TEST_P(Caja, LaFechaSeComparaConSuPropioTexto) {
   EXPECT_THAT(Donde("FechaHora = '06/03/2005'"), ElementsAre("b"));
 }
 
-TEST_P(Caja, OtroTextoDeLaMismaFechaNoHallaNada) {
-  EXPECT_THAT(Donde("FechaHora like '5/3/2005 9:05:00'"), IsEmpty());
-  EXPECT_THAT(Donde("FechaHora like '2005-03-05 09:05:00'"), IsEmpty());
+TEST_P(Caja, OtroTextoDelMismoMomentoEsElMismo) {
+  EXPECT_THAT(Donde("FechaHora like '5/3/2005 9:05'"), ElementsAre("a"));
+  EXPECT_THAT(Donde("FechaHora <> '6/3/2005 0:00:00'"), ElementsAre("a", "c"));
+}
+
+TEST_P(Caja, UnTextoQueNoEsMomentoNoHallaNada) {
   EXPECT_THAT(Donde("FechaHora like 'mañana'"), IsEmpty());
+  EXPECT_THAT(Donde("FechaHora like '05/03/2005 9:0'"), IsEmpty());
+  EXPECT_THAT(Donde("FechaHora like '05/03/2005'"), IsEmpty());
 }
 
 TEST_P(Caja, UnComodínEnUnaFechaNoHallaNada) {

@@ -23,15 +23,28 @@ TEST_P(Conformidad, UnaLecturaNoVeLoEscritoDespués) {
 }
 
 TEST_P(Conformidad, LasColumnasTienenNombreTipoYLongitud) {
-  const auto columnas = conexion->Abrir(Vencimientos, Modo::Lectura)->Columnas();
-  ASSERT_EQ(columnas.size(), 10U);
+  const auto columnas =
+      conexion->Abrir("SELECT ProvVencimientos.* FROM ProvVencimientos", Modo::Lectura)->Columnas();
+  ASSERT_EQ(columnas.size(), 9U);
   EXPECT_EQ(columnas[1].Nombre, "NFactura");
   EXPECT_EQ(columnas[1].Longitud, 20);
   EXPECT_FALSE(columnas[1].AdmiteNulo);
   EXPECT_EQ(columnas[2].Nombre, "Año");
   EXPECT_EQ(columnas[4].Tipo, services::TipoColumna::Moneda);
   EXPECT_TRUE(columnas[4].AdmiteNulo);
-  EXPECT_EQ(columnas[9].Tipo, services::TipoColumna::Logico);
+  const auto deTrabajo = conexion->Abrir(Vencimientos, Modo::Lectura)->Columnas();
+  ASSERT_EQ(deTrabajo.size(), 10U);
+  EXPECT_EQ(deTrabajo[1].Longitud, 0);
+  EXPECT_EQ(deTrabajo[4].Tipo, services::TipoColumna::Moneda);
+  EXPECT_EQ(deTrabajo[9].Tipo, services::TipoColumna::Logico);
+}
+
+TEST_P(Conformidad, LasColumnasDeUnaTablaSonLasDeSuSentencia) {
+  const auto columnas = conexion->ColumnasDe("ProvVencimientos");
+  ASSERT_EQ(columnas.size(), 9U);
+  EXPECT_EQ(columnas[8].Nombre, "ModificadoPor");
+  EXPECT_EQ(columnas[8].Longitud, 30);
+  EXPECT_EQ(NumeroDeError([&] { (void)conexion->ColumnasDe("Nada"); }), error::TablaDesconocida);
 }
 
 TEST_P(Conformidad, UnDeleteCorreYDejaElRecordsetCerrado) {
@@ -139,14 +152,23 @@ TEST_P(Conformidad, ElTextoVacíoEsNuloDondeNoEsTexto) {
   EXPECT_TRUE(rs->Fields("Visible").Value.Leer().EsNulo());
 }
 
-TEST_P(Conformidad, LoQueNoCabeNoSeGuarda) {
+TEST_P(Conformidad, LoQueNoEsDeSuColumnaNoSeGuarda) {
   auto rs = Abrir(*conexion, Vencimientos, Modo::Optimista);
-  EXPECT_EQ(NumeroDeError([&] { NuevoVencimiento(*rs, "1", std::string(21, 'x')); }),
-            error::RepetidoONoCabe);
-  rs->CancelUpdate();
-  NuevoVencimiento(*rs, "1", "ñññññññññññññññññññ9");
-  rs->Fields("Importe").Value = "10.000.000.000.000,00";
+  NuevoVencimiento(*rs, "1", "A");
+  rs->Fields("Importe").Value = "diez";
   EXPECT_EQ(NumeroDeError([&] { rs->Update(); }), error::RepetidoONoCabe);
+}
+
+TEST_P(Conformidad, LasTablasDeTrabajoNoTienenAnchos) {
+  const Texto largo(300, 'x');
+  auto rs = Abrir(*conexion, Vencimientos, Modo::Optimista);
+  NuevoVencimiento(*rs, "12345678901234", largo);
+  rs->Fields("Importe").Value = "100.000.000.000.000,25";
+  rs->Update();
+  const auto leido = Abrir(*conexion, Vencimientos);
+  EXPECT_EQ(leido->Fields("NConcepto").Value.Leer(), Valor("12345678901234"));
+  EXPECT_EQ(leido->Fields("NFactura").Value.Leer(), Valor(largo));
+  EXPECT_EQ(leido->Fields("Importe").Value.Leer(), Valor(100000000000000.25));
 }
 
 TEST_P(Conformidad, LosLógicosSeGuardanYSeBuscan) {

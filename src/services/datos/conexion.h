@@ -29,7 +29,8 @@ enum class TipoColumna {
 struct Columna {
   std::string Nombre;
   TipoColumna Tipo = TipoColumna::Texto;
-  int Longitud = 0;  ///< most characters of a text; 0 for no limit
+  /// Most characters of a text, as its table declares them; 0 where it tells no limit.
+  int Longitud = 0;
   bool AdmiteNulo = true;
 };
 
@@ -84,6 +85,9 @@ class Conexion : public IUnknown {
   /// 0x80040E37, an unknown column 0x80040E10, and nothing runs.
   [[nodiscard]] virtual std::unique_ptr<Cursor> Abrir(std::string_view sentencia,
                                                       ModoApertura modo) = 0;
+
+  /// The columns of a table, which is not looked into any further. The same errors.
+  [[nodiscard]] virtual std::vector<Columna> ColumnasDe(std::string_view tabla);
 
   /// Makes durable what has been written since the last call: the end of one unit of work. Costs
   /// nothing when nothing was written. When it fails the writes of the unit are gone.

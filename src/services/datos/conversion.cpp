@@ -12,26 +12,14 @@ namespace services {
 
 namespace {
 
-constexpr double LimiteMoneda = 1e13;
-
 [[noreturn]] void NoCabe(const Columna& columna, const char* motivo) {
   throw ErrorEjecucion(error::RepetidoONoCabe,
                        "El valor no cabe en la columna «" + columna.Nombre + "»: " + motivo);
 }
 
-bool Cabe(std::string_view texto, int longitud) {
-  const auto limite = static_cast<std::size_t>(longitud);
-  return longitud == 0 || texto.size() <= limite || Longitud(texto) <= limite;
-}
-
-const Valor& ATexto(const Valor& valor, const Columna& columna, Valor& lugar) {
-  const Valor* resultado = &valor;
-  if (!valor.EsTexto()) {
-    lugar = valor.Texto();
-    resultado = &lugar;
-  }
-  if (!Cabe(*resultado->Si<std::string>(), columna.Longitud)) NoCabe(columna, "texto largo");
-  return *resultado;
+const Valor& ATexto(const Valor& valor, Valor& lugar) {
+  if (valor.EsTexto()) return valor;
+  return lugar = valor.Texto();
 }
 
 /// The number that a value stands for; none for a date or a text that is no number.
@@ -47,22 +35,21 @@ const Valor& AEntero(const Valor& valor, const Columna& columna, Valor& lugar) {
   if (valor.Si<std::int32_t>()) return valor;
   const auto numero = NumeroDe(valor);
   if (!numero) NoCabe(columna, "no es un número");
-  if (*numero != std::trunc(*numero)) NoCabe(columna, "no es un número entero");
-  if (*numero < std::numeric_limits<std::int32_t>::min() ||
-      *numero > std::numeric_limits<std::int32_t>::max()) {
-    NoCabe(columna, "número demasiado grande");
-  }
-  lugar = static_cast<std::int32_t>(*numero);
-  return lugar;
+  const bool entero = *numero == std::trunc(*numero);
+  const bool de32Bits = *numero >= std::numeric_limits<std::int32_t>::min() &&
+                        *numero <= std::numeric_limits<std::int32_t>::max();
+  if (entero && de32Bits) return lugar = static_cast<std::int32_t>(*numero);
+  // A number of another kind is what some table holds, and goes back as it came.
+  if (valor.Si<double>()) return valor;
+  NoCabe(columna, entero ? "número demasiado grande" : "no es un número entero");
 }
 
-const Valor& ANumero(const Valor& valor, const Columna& columna, Valor& lugar, double limite) {
+const Valor& ANumero(const Valor& valor, const Columna& columna, Valor& lugar) {
+  if (valor.Si<double>()) return valor;
   const auto numero = NumeroDe(valor);
   if (!numero) NoCabe(columna, "no es un número");
-  if (!(std::fabs(*numero) < limite)) NoCabe(columna, "número demasiado grande");
-  if (valor.Si<double>()) return valor;
-  lugar = *numero;
-  return lugar;
+  if (!std::isfinite(*numero)) NoCabe(columna, "número demasiado grande");
+  return lugar = *numero;
 }
 
 const Valor& ALogico(const Valor& valor, const Columna& columna, Valor& lugar) {
@@ -103,13 +90,12 @@ const Valor& Convertir(const Valor& valor, const Columna& columna, Valor& lugar)
   }
   switch (columna.Tipo) {
     case TipoColumna::Texto:
-      return ATexto(valor, columna, lugar);
+      return ATexto(valor, lugar);
     case TipoColumna::Entero:
       return AEntero(valor, columna, lugar);
     case TipoColumna::Moneda:
-      return ANumero(valor, columna, lugar, LimiteMoneda);
     case TipoColumna::Numero:
-      return ANumero(valor, columna, lugar, std::numeric_limits<double>::infinity());
+      return ANumero(valor, columna, lugar);
     case TipoColumna::Logico:
       return ALogico(valor, columna, lugar);
     case TipoColumna::FechaHora:

@@ -88,7 +88,7 @@ class Recordset final : public ObjetoContado<IUnknown> {
 
   /// Writes the pending edit; without one, nothing. Each value becomes its column's type by the
   /// locale's rules: the empty text becomes Null in a money, whole, Boolean or date column that
-  /// takes Null; a text that is no such value, is too long, or a number that is too large is
+  /// takes Null; a text that is no such value, and what the engine finds too long or too large, is
   /// 0x80040E21. After it the row, new or changed, is the current one, its fields hold what was
   /// written, and `Eof` is False. A refused `Update` leaves row and edit as they were: the values
   /// can be assigned anew, or dropped with `CancelUpdate`.

@@ -40,27 +40,27 @@ void Escritorio::Correr(const std::function<void()>& accion) {
     if (--profundidad_ == 0) FinTrasError("");
     throw;
   }
-  if (--profundidad_ == 0) FinDeEvento();
+  if (--profundidad_ == 0) FinDeEvento(AlTerminarEvento);
 }
 
 void Escritorio::FinTrasError(const std::string& yaDicho) {
   Informar([&] {
     try {
-      FinDeEvento();
+      FinDeEvento(AlFallarEvento);
     } catch (const ErrorEjecucion& fallo) {
-      // A unit that was lost by the same failure has nothing to add to it.
+      // What fails a second time by the same cause has nothing to add to it.
       if (fallo.Descripcion() != yaDicho) throw;
     }
   });
 }
 
-void Escritorio::FinDeEvento() {
+void Escritorio::FinDeEvento(const std::function<void()>& cierre) {
   // The windows repaint and the unloaded screens go, whatever comes of the end of the unit.
   struct Final {
     Escritorio& yo;
     ~Final() { yo.Rematar(); }
   } final{*this};
-  if (AlTerminarEvento) AlTerminarEvento();
+  if (cierre) cierre();
 }
 
 void Escritorio::Rematar() {

@@ -26,6 +26,9 @@ class Escritorio {
   /// What runs when an event of the user is over, and before the user is waited for. It may throw:
   /// the error goes the way of the event's own.
   std::function<void()> AlTerminarEvento;
+  /// What runs instead when the event ends in an error that no handler caught: what it has done
+  /// since its last wait is not to stay. It may throw, and that is told too.
+  std::function<void()> AlFallarEvento;
 
   /// Runs the handlers of one thing that the user did. An error that leaves them goes to
   /// `PlataformaDeForms::ErrorNoControlado`, an exception of another kind as error 51; none comes
@@ -89,7 +92,7 @@ class Escritorio {
     if (plataforma_.Ocupado) plataforma_.Ocupado(ocupado);
   }
   void Rematar();
-  void FinDeEvento();
+  void FinDeEvento(const std::function<void()>& cierre);
   void FinTrasError(const std::string& yaDicho);
   void Informar(const std::function<void()>& accion);
   void Correr(const std::function<void()>& accion);

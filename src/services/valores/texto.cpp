@@ -120,6 +120,14 @@ std::string_view Trim(std::string_view texto) {
   return texto.substr(desde, texto.find_last_not_of(' ') - desde + 1);
 }
 
+std::string EnUnaLinea(std::string_view texto) {
+  std::string linea(texto);
+  for (char& signo : linea) {
+    if ((signo >= 0 && signo < ' ') || signo == 0x7F) signo = ' ';
+  }
+  return linea;
+}
+
 int CompararTexto(std::string_view a, std::string_view b) noexcept {
   int acentos = 0;
   while (!a.empty() && !b.empty()) {

@@ -14,6 +14,9 @@ namespace services {
 /// Without the blanks (U+0020 alone) on both sides.
 [[nodiscard]] std::string_view Trim(std::string_view texto);
 
+/// The text as a cell shows it: a blank in the place of each tab, line break or other control sign.
+[[nodiscard]] std::string EnUnaLinea(std::string_view texto);
+
 /// Order of two texts without regard to case, the Spanish way: letters first (ñ after n, an
 /// accented letter with its plain one), then accents; what is no letter by its code point.
 /// Negative, zero or positive. Texts that differ only in case compare equal; "a" and "á" don't.

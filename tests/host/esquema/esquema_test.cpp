@@ -42,6 +42,16 @@ TEST_F(EsquemaTest, LaFacturaTieneSuOrdenYSuCopiaLasTrecePrimeras) {
   EXPECT_EQ(Columnas("TempProvFacturas"), esperadas);
 }
 
+TEST_F(EsquemaTest, LasTablasDeTrabajoNoTienenLimites) {
+  for (const esquema::Tabla& tabla : esquema::DeTrabajo()) {
+    for (const esquema::Columna& columna : tabla.Columnas) {
+      EXPECT_EQ(columna.Longitud, 0) << tabla.Nombre << "." << columna.Nombre;
+    }
+    EXPECT_EQ(esquema::TextoDeCreacion(tabla).find("VARCHAR"), std::string::npos);
+    EXPECT_EQ(esquema::TextoDeCreacion(tabla).find("DECIMAL("), std::string::npos);
+  }
+}
+
 TEST_F(EsquemaTest, LaCopiaDeBasesTieneLasSiete) {
   auto esperadas = Columnas("ProvBasesIva");
   ASSERT_EQ(esperadas.size(), 9U);
@@ -97,6 +107,18 @@ TEST_P(PlanTest, BuscaPorÍndiceYNoRecorreNingunaTabla) {
   EXPECT_THAT(plan, testing::HasSubstr("SEARCH")) << plan;
   EXPECT_THAT(plan, testing::Not(testing::HasSubstr("SCAN"))) << plan;
 }
+
+class PlanDeUnApunteTest : public PlanTest {};
+
+TEST_P(PlanDeUnApunteTest, VaASuMomentoYNoRecorreLosDeLaSucursal) {
+  const auto plan = Plan(GetParam());
+  EXPECT_THAT(plan, testing::HasSubstr("(idSucursal=? AND FechaHora=? AND Tipo=?)")) << plan;
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Grabacion, PlanDeUnApunteTest,
+    testing::Values("SELECT CajaPagos.* FROM CajaPagos WHERE CajaPagos.idSucursal like '1' And "
+                    "CajaPagos.FechaHora like '15/03/2005 10:00:00' And CajaPagos.Tipo like 45"));
 
 class PlanDeUnaFacturaTest : public PlanTest {};
 

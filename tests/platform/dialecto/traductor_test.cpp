@@ -149,7 +149,8 @@ INSTANTIATE_TEST_SUITE_P(
                               HacerFecha(2005, 3, 5, 9, 5, 0)),
                     CONDICION("FechaHora = '05/03/2005'", "\"FechaHora\" = ?",
                               HacerFecha(2005, 3, 5)),
-                    CONDICION("FechaHora like '5/3/2005 09:05:00'", "\"FechaHora\" = ?", Nulo{}),
+                    CONDICION("FechaHora like '5/3/2005 09:05:00'", "\"FechaHora\" = ?",
+                              HacerFecha(2005, 3, 5, 9, 5, 0)),
                     CONDICION("FechaHora like 'ayer'", "\"FechaHora\" = ?", Nulo{}),
                     CONDICION("FechaHora like '05/03/2005%'", "\"FechaHora\" = ?", Nulo{}),
                     CONDICION("Factura like Caja.Año", "\"Factura\" = \"Caja\".\"Año\""),
@@ -213,6 +214,25 @@ INSTANTIATE_TEST_SUITE_P(
         "SELECT Caja.* FROM Caja ORDER BY '1'='1'"));
 
 #undef DONDE
+
+TEST(Traductor, SoloUnaDescripciónSeBuscaPorPatrones) {
+  Banco banco;
+  const auto donde = [&](const std::string& condicion) {
+    const std::string comienzo = "SELECT \"Conceptos\".* FROM \"Conceptos\" WHERE ";
+    const auto& dicha =
+        banco.Traducir("SELECT Conceptos.* From Conceptos WHERE " + condicion).Texto;
+    EXPECT_TRUE(dicha.starts_with(comienzo)) << dicha;
+    return dicha.substr(comienzo.size());
+  };
+  const std::string recortada = "RECORTE(\"Conceptos\".\"Descripcion\")";
+  EXPECT_EQ(donde("trim(Conceptos.Descripcion) like 'lu%'"), recortada + " LIKE ?");
+  EXPECT_EQ(donde("trim(Conceptos.Descripcion) like '_uz'"), recortada + " LIKE ?");
+  EXPECT_EQ(donde("Descripcion not like '%z'"), "\"Descripcion\" NOT LIKE ?");
+  EXPECT_EQ(donde("trim(Conceptos.Descripcion) like 'luz'"), recortada + " = ?");
+  EXPECT_EQ(donde("trim(Conceptos.Descripcion) = 'lu%'"), recortada + " = ?");
+  EXPECT_EQ(donde("trim(Conceptos.NConcepto) like '4%'"),
+            "RECORTE(\"Conceptos\".\"NConcepto\") = ?");
+}
 
 TEST(Traductor, UnLiteralAUnSoloLadoSeEntiende) {
   Banco banco;

@@ -46,6 +46,11 @@ class DiaEnPantalla : public testing::Test {
   void Cerrar() {
     EXPECT_EQ(clase->Cerrar(), services::hr::Bien);
     QCoreApplication::processEvents();
+    // The session lets go of the files: the working one belongs to whoever opens it next.
+    clase = nullptr;
+    contexto = nullptr;
+    pantallas = nullptr;
+    sesion = nullptr;
   }
 
   template <class W>

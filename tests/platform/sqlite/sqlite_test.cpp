@@ -107,6 +107,27 @@ TEST_F(SqliteTest, UnoBloqueadoEsperaYLuegoLoDice) {
   EXPECT_EQ(Cuantos(*ocupante), 2);
 }
 
+TEST_F(SqliteTest, LoQueElFicheroGuardaVuelveACaberEnSusTablas) {
+  Crear();
+  auto conexion = sqlite::AbrirConexion(fichero);
+  conexion->Ejecutar(
+      "INSERT INTO ProvFacturas VALUES ('12345678901', 'F-2005-0123456789012345678', '2005', "
+      "'20050301', 12345678901234.5, '2', 3000000000, 0, 0, 15.5, 0, 0, 'x', 'y')");
+  auto leida = services::Crear<services::Recordset>();
+  const char* facturas = "SELECT ProvFacturas.* FROM ProvFacturas";
+  leida->Open(facturas, *conexion, ModoApertura::Lectura);
+  conexion->Ejecutar("DELETE FROM ProvFacturas");
+  auto escrita = services::Crear<services::Recordset>();
+  escrita->Open(facturas, *conexion, ModoApertura::Optimista);
+  escrita->AddNew();
+  for (std::size_t i = 0; i < 14; ++i) escrita->Fields(i).Value = leida->Fields(i).Value;
+  escrita->Update();
+  for (std::size_t i = 0; i < 14; ++i) {
+    EXPECT_EQ(escrita->Fields(i).Value.Leer(), leida->Fields(i).Value.Leer()) << i;
+  }
+  EXPECT_EQ(escrita->Fields("NRecibos").Value.Leer(), services::Valor(3e9));
+}
+
 TEST_F(SqliteTest, BloqueadoParaEscribirSeSigueLeyendo) {
   Crear();
   auto ocupante = sqlite::AbrirConexion(fichero);

@@ -16,6 +16,7 @@ class Escritorio : public apoyo::ConPantalla {
  protected:
   Escritorio() {
     e.AlTerminarEvento = [this] { sucesos("fin"); };
+    e.AlFallarEvento = [this] { sucesos("deshecho"); };
   }
   [[nodiscard]] std::vector<std::int32_t> Errores() const {
     std::vector<std::int32_t> numeros;
@@ -61,9 +62,9 @@ TEST_F(Escritorio, ElErrorDeUnEventoVaALaPlataforma) {
   EXPECT_EQ(p.errores[0].Descripcion(), "fallo");
 }
 
-TEST_F(Escritorio, TrasUnErrorElEventoTambienTermina) {
+TEST_F(Escritorio, UnEventoQueAcabaEnErrorSeDeshace) {
   e.Evento([] { Fallar(13); });
-  EXPECT_THAT(sucesos.Tomar(), ElementsAre("fin"));
+  EXPECT_THAT(sucesos.Tomar(), ElementsAre("deshecho"));
   e.Evento([] {});
   EXPECT_THAT(sucesos.Tomar(), ElementsAre("fin"));
 }
@@ -74,7 +75,15 @@ TEST_F(Escritorio, ElErrorDeUnEventoDeDentroAcabaConElDeFuera) {
     sucesos("no llega");
   });
   EXPECT_THAT(Errores(), ElementsAre(13));
-  EXPECT_THAT(sucesos.Tomar(), ElementsAre("fin"));
+  EXPECT_THAT(sucesos.Tomar(), ElementsAre("deshecho"));
+}
+
+TEST_F(Escritorio, LoHechoAntesDeUnaEsperaNoSeDeshace) {
+  e.Evento([this] {
+    e.Esperar([this] { sucesos("espera"); });
+    Fallar(13);
+  });
+  EXPECT_THAT(sucesos.Tomar(), ElementsAre("fin", "espera", "deshecho"));
 }
 
 TEST_F(Escritorio, ElManejadorPuedeQuedarseConElErrorDeDentro) {
@@ -91,10 +100,10 @@ TEST_F(Escritorio, OtraExcepcionSeDiceComoErrorInterno) {
   EXPECT_THAT(Errores(), ElementsAre(services::error::Interno));
 }
 
-TEST_F(Escritorio, OperacionDejaSalirElError) {
+TEST_F(Escritorio, OperacionDejaSalirElErrorYSeDeshace) {
   EXPECT_THROW(e.Operacion([] { Fallar(13); }), ErrorEjecucion);
   EXPECT_THAT(Errores(), IsEmpty());
-  EXPECT_THAT(sucesos.Tomar(), ElementsAre("fin"));
+  EXPECT_THAT(sucesos.Tomar(), ElementsAre("deshecho"));
 }
 
 TEST_F(Escritorio, ElErrorAlTerminarVaPorDondeIriaElDelEvento) {
@@ -106,15 +115,13 @@ TEST_F(Escritorio, ElErrorAlTerminarVaPorDondeIriaElDelEvento) {
 }
 
 TEST_F(Escritorio, SiFallanElEventoYSuFinPorCosasDistintasSeDicenLasDos) {
-  e.AlTerminarEvento = [] {
-    throw ErrorEjecucion(services::error::FalloDeConexion, "sin conexión");
-  };
+  e.AlFallarEvento = [] { throw ErrorEjecucion(services::error::FalloDeConexion, "sin conexión"); };
   e.Evento([] { Fallar(13); });
   EXPECT_THAT(Errores(), ElementsAre(services::error::FalloDeConexion, 13));
 }
 
 TEST_F(Escritorio, ElMismoFalloEnElEventoYEnSuFinSeDiceUnaVez) {
-  e.AlTerminarEvento = [] { Fallar(13); };
+  e.AlFallarEvento = [] { Fallar(13); };
   e.Evento([] { Fallar(13); });
   EXPECT_THAT(Errores(), ElementsAre(13));
 }
@@ -150,7 +157,8 @@ TEST_F(Escritorio, LoQueElUsuarioHaceEnUnaEsperaSonEventosSuyos) {
       sucesos("sigue esperando");
     });
   });
-  EXPECT_THAT(sucesos.Tomar(), ElementsAre("fin", "uno", "fin", "fin", "sigue esperando", "fin"));
+  EXPECT_THAT(sucesos.Tomar(),
+              ElementsAre("fin", "uno", "fin", "deshecho", "sigue esperando", "fin"));
   EXPECT_THAT(Errores(), ElementsAre(13));
 }
 

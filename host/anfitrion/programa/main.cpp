@@ -3,14 +3,14 @@
 #include <QMessageBox>
 #include <QTimer>
 
+#include "anfitrion/captura.h"
+#include "anfitrion/datos.h"
+#include "anfitrion/opciones_suite.h"
+#include "anfitrion/ventana_principal.h"
 #include "automation/registro_clases.h"
 #include "automation/servidores.h"
-#include "captura.h"
-#include "datos.h"
-#include "opciones_suite.h"
 #include "services/anfitrion.h"
 #include "valores/error.h"
-#include "ventana_principal.h"
 
 // The example suite "Sorvex": a host for the component, with a business of its own.
 
@@ -48,15 +48,20 @@ void RegistrarSiFalta() {
 }
 
 int Capturar(anfitrion::VentanaPrincipal& ventana, const QString& carpeta) {
-  ventana.AlFallar = [](const QString& texto) { QTextStream(stderr) << texto << Qt::endl; };
+  const auto escribir = [](const QString& texto) { QTextStream(stderr) << texto << Qt::endl; };
+  ventana.AlMostrar = escribir;
+  // There is nobody to ask, and the picture is what it was started for.
+  ventana.AlPreguntar = [escribir](const QString& texto) {
+    escribir(texto);
+    return true;
+  };
   ventana.resize(kTamanoDeCaptura);
   ventana.show();
   if (!ventana.AbrirPagos()) return EXIT_FAILURE;
   QCoreApplication::processEvents();
   anfitrion::EscribirLista(ventana, Salida());
   Salida() << anfitrion::GuardarImagen(ventana, carpeta) << Qt::endl;
-  ventana.close();
-  return EXIT_SUCCESS;
+  return ventana.close() ? EXIT_SUCCESS : EXIT_FAILURE;
 }
 
 int Trabajar(anfitrion::VentanaPrincipal& ventana) {

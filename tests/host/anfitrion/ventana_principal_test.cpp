@@ -1,0 +1,156 @@
+#include "anfitrion/ventana_principal.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <QPushButton>
+#include <QRegularExpression>
+#include <QTimer>
+
+#include "platform/carpeta_temporal.h"
+
+// The suite's window around a component that can't be closed.
+
+namespace {
+
+using services::HRESULT;
+using services::Ref;
+using testing::AllOf;
+using testing::ElementsAre;
+using testing::HasSubstr;
+namespace fs = std::filesystem;
+namespace hr = services::hr;
+
+/// Shows an empty screen in the host's frame, and closes it when it may.
+class ComponenteTerco final
+    : public services::ObjetoContado<services::IClassTesvara, services::IDescripcionError> {
+ public:
+  HRESULT Cargar(Ref<services::IDatosClase>& datos) noexcept override {
+    Ref<services::Conexion> almacenados;
+    Ref<services::Conexion> deTrabajo;
+    Ref<services::IUnknown> nada;
+    Ref<services::IUnknown> marco;
+    Ref<services::IUnknown> principal;
+    Ref<services::Recordset> textos = services::Crear<services::Recordset>();
+    std::int32_t medida = 0;
+    double valor = 0;
+    std::string texto;
+    datos->EntregarSesion(almacenados, nada, deTrabajo, nada, nada, marco, principal, medida,
+                          medida, valor, textos, textos, textos, texto, texto);
+    auto* area = static_cast<QWidget*>(marco.Como<services::IForm>()->VentanaNativa());
+    pantalla_ = new QWidget(area);
+    return hr::Bien;
+  }
+  HRESULT Ocultar() noexcept override { return hr::Bien; }
+  HRESULT Cerrar() noexcept override {
+    ++Cierres;
+    if (SeNiega) return hr::Fallo;
+    delete pantalla_;
+    return hr::Bien;
+  }
+  const char* Descripcion() noexcept override { return "Falta la celda 7"; }
+  std::int32_t Numero() noexcept override { return 381; }
+
+  bool SeNiega = true;
+  int Cierres = 0;
+
+ private:
+  QWidget* pantalla_ = nullptr;
+};
+
+class Ventana : public testing::Test {
+ protected:
+  Ventana() {
+    ventana.CrearPagos = [this] { return Ref<services::IClassTesvara>(componente); };
+    ventana.AlMostrar = [this](const QString& texto) { dicho.push_back(texto.toStdString()); };
+    ventana.AlPreguntar = [this](const QString& texto) {
+      preguntado.push_back(texto.toStdString());
+      return respuesta;
+    };
+    ventana.show();
+    EXPECT_TRUE(ventana.AbrirPagos());
+  }
+  static anfitrion::Opciones En(const std::string& carpeta) {
+    anfitrion::Opciones opciones;
+    opciones.Carpeta = QString::fromStdString(carpeta);
+    return opciones;
+  }
+  /// The working files kept aside.
+  [[nodiscard]] std::vector<std::string> Apartados() const {
+    std::vector<std::string> nombres;
+    for (const auto& entrada : fs::directory_iterator(carpeta.Camino())) {
+      const std::string nombre = entrada.path().filename();
+      if (nombre.starts_with("trabajo-")) nombres.push_back(nombre);
+    }
+    return nombres;
+  }
+
+  pruebas::CarpetaTemporal carpeta;
+  anfitrion::Opciones opciones = En(carpeta.Camino());
+  anfitrion::Datos datos = anfitrion::AbrirDatos(opciones);
+  Ref<ComponenteTerco> componente = services::Crear<ComponenteTerco>();
+  std::vector<std::string> dicho;
+  std::vector<std::string> preguntado;
+  bool respuesta = false;
+  anfitrion::VentanaPrincipal ventana{opciones, datos};
+};
+
+TEST_F(Ventana, SeCierraConElComponente) {
+  componente->SeNiega = false;
+  EXPECT_TRUE(ventana.close());
+  EXPECT_EQ(componente->Cierres, 1);
+  EXPECT_TRUE(preguntado.empty());
+  EXPECT_TRUE(Apartados().empty());
+}
+
+TEST_F(Ventana, SeQuedaAbiertaYDicePorQue) {
+  EXPECT_FALSE(ventana.close());
+  EXPECT_TRUE(ventana.isVisible());
+  EXPECT_THAT(preguntado, ElementsAre(AllOf(HasSubstr("Falta la celda 7"),
+                                            HasSubstr("¿Quiere salir de todas formas?"))));
+  EXPECT_TRUE(Apartados().empty());
+  // Once what stood in the way is gone it closes as always.
+  componente->SeNiega = false;
+  EXPECT_TRUE(ventana.close());
+}
+
+TEST_F(Ventana, SaleSiElUsuarioQuiereYGuardaAparteLaCopiaDeTrabajo) {
+  datos.DeTrabajo->Ejecutar(
+      "INSERT INTO TempProvFacturas (NConcepto, Factura, Año) VALUES ('1', 'F1', '2005')");
+  respuesta = true;
+  EXPECT_TRUE(ventana.close());
+  const auto apartados = Apartados();
+  ASSERT_EQ(apartados.size(), 1U);
+  EXPECT_TRUE(QRegularExpression(R"(^trabajo-\d{4}-\d\d-\d\d-\d{6}\.sqlite$)")
+                  .match(QString::fromStdString(apartados[0]))
+                  .hasMatch());
+  EXPECT_THAT(dicho, ElementsAre(HasSubstr(apartados[0])));
+  const auto aparte = sqlite::AbrirConexion(carpeta.Fichero(apartados[0]));
+  EXPECT_EQ(aparte->Consultar("SELECT Factura FROM TempProvFacturas").Filas.En(0, 0).Texto(), "F1");
+}
+
+TEST_F(Ventana, SiLaCopiaNoSePuedeGuardarSeQueda) {
+  respuesta = true;
+  fs::remove_all(carpeta.Camino());
+  EXPECT_FALSE(ventana.close());
+  EXPECT_THAT(dicho, ElementsAre(HasSubstr("No se ha podido guardar aparte")));
+}
+
+TEST_F(Ventana, LaPreguntaTieneSiYNoYSinMasEsQueNo) {
+  ventana.AlPreguntar = nullptr;
+  QStringList botones;
+  QString porDefecto;
+  QTimer::singleShot(0, &ventana, [&] {
+    auto* caja = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+    ASSERT_NE(caja, nullptr);
+    for (const auto* boton : caja->buttons()) botones << boton->text();
+    porDefecto = caja->defaultButton()->text();
+    caja->reject();
+  });
+  EXPECT_FALSE(ventana.close());
+  botones.sort();
+  EXPECT_EQ(botones, QStringList({"No", "Sí"}));
+  EXPECT_EQ(porDefecto, "No");
+}
+
+}  // namespace

@@ -1,0 +1,51 @@
+"""What days leave alone: actions whose outcome nothing settles, and oddities that were left out."""
+
+from fechas import DESDE, HASTA
+from valores import a_guardada
+
+# Oddities that a player can leave out of its days.
+RAREZAS = {
+    "editor": "filters, dates and closing over an open editor",
+    "devolver": "a payment taken back in a row that the snapshot has elsewhere",
+    "cierre": "closing that ends in an error: a list that has outgrown its snapshot, a quote",
+    "comillas": "invoice numbers with a quote",
+    "previsiones": "forecasts that can't be stepped",
+    "momentos": "cash entries whose stored moment lacks its time or seconds",
+    "anchos": "texts and amounts wider than their columns",
+    "saltos": "tabs and line breaks in texts",
+}
+
+
+def calla(paso, pantalla, con):
+    """Whether a step is passed over."""
+    clase = paso[0]
+    if clase in ("celda", "doble"):
+        return "devolver" not in con and paso[2] == 5 and _movida(paso[1], pantalla)
+    crecida = len(pantalla.rejilla.celdas) > len(pantalla.foto.celdas)
+    if clase == "cerrar":
+        return _sobre_el_editor(pantalla, con) or "cierre" not in con and (crecida or "comillas" in con)
+    if clase == "pulsar":
+        return paso[1].startswith("Chk") and _sobre_el_editor(pantalla, con)
+    if clase == "fecha":
+        return crecida or "comillas" in con or _sobre_el_editor(pantalla, con) or _abierta(paso, pantalla)
+    return False
+
+
+def _movida(fila, pantalla):
+    return (fila >= len(pantalla.foto.celdas) or fila >= len(pantalla.rejilla.celdas)
+            or pantalla.foto.linea(fila) != pantalla.rejilla.linea(fila))
+
+
+def _sobre_el_editor(pantalla, con):
+    """An editor with what is no amount in it leaves the road open to question."""
+    return pantalla.editor_visible and ("editor" not in con or "-" in pantalla.editor)
+
+
+def _abierta(paso, pantalla):
+    """With the editor open, a date that is refused or changes nothing."""
+    if not pantalla.editor_visible:
+        return False
+    _, campo, texto, _ = paso
+    return (len(texto) != 10 or texto.startswith("31") or texto == pantalla.texto[campo]
+            or campo == HASTA and a_guardada(texto) < pantalla.desde()
+            or campo == DESDE and pantalla.foco in (DESDE, HASTA))
