@@ -44,7 +44,9 @@ services::MedidaPantalla MedirPantalla() {
   return {puntos.width() * kTwips, puntos.height() * kTwips};
 }
 
+/// Off the windows' thread there is no cursor: whoever asks for a window is told why it fails.
 void MostrarEspera(bool ocupado) {
+  if (!SinVentanas().empty()) return;
   ocupado ? QGuiApplication::setOverrideCursor(Qt::WaitCursor)
           : QGuiApplication::restoreOverrideCursor();
 }

@@ -49,6 +49,7 @@ class DiaEnPantalla : public testing::Test {
     // The session lets go of the files: the working one belongs to whoever opens it next.
     clase = nullptr;
     contexto = nullptr;
+    pantallas = nullptr;
     sesion = nullptr;
   }
 
