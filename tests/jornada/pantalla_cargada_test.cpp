@@ -33,6 +33,15 @@ std::string Recibos(int cuantos) {
          "('400','F1','2005','20050410',1)\n";
 }
 
+/// Two receipts of March 2005, of one invoice each.
+std::string DosFacturas() {
+  return "datos INSERT INTO ProvConceptos VALUES ('400','Luz')\n"
+         "datos INSERT INTO ProvFacturas (NConcepto,Factura,Año,Fecha) VALUES "
+         "('400','F1','2005','20050110'),('400','F2','2005','20050110')\n"
+         "datos INSERT INTO ProvVencimientos (NConcepto,NFactura,Año,FechaVto,Importe) VALUES "
+         "('400','F1','2005','20050310',100),('400','F2','2005','20050311',200)\n";
+}
+
 class Pantalla : public testing::Test {
  protected:
   shell::FrmTesvaraGastos& Cargar(const std::string& antes = "") {
@@ -209,6 +218,23 @@ TEST_F(Pantalla, ElEditorCubreSuCelda) {
   EXPECT_EQ(editor.Top, rejilla.Top + rejilla.CellTop() - 20);
   EXPECT_EQ(editor.Width, 1630);
   EXPECT_EQ(editor.Height, 370);
+}
+
+TEST_F(Pantalla, ConElPanelAbiertoLaListaNoHaceNada) {
+  auto& pantalla = Cargar(DosFacturas());
+  auto& rejilla = pantalla.Rejilla.MSFPagos;
+  Jugar("celda MSFPagos 1 3\n");
+  const int fondo = rejilla.FondoDe(1, 0);
+  pantalla.PicNuevo.Visible = true;
+  // Each of the four events, and the deletion, which would ask.
+  Jugar("celda MSFPagos 2 5\ndoble MSFPagos 2 4\npulsar BotonBorrar\nespera sin avisos\n");
+  EXPECT_EQ(rejilla.ImagenDe(2, list::columna::Marca), "");
+  EXPECT_EQ(rejilla.TextMatrix(2, list::columna::Pagado), "");
+  EXPECT_FALSE(pantalla.Edicion.TxtMsf.Visible);
+  EXPECT_EQ(rejilla.FondoDe(1, 0), fondo) << "la fila que se deja no se despinta";
+  EXPECT_NE(rejilla.FondoDe(2, 0), fondo) << "la fila a la que se llega no se pinta";
+  pantalla.PicNuevo.Visible = false;
+  Jugar("celda MSFPagos 2 5\nespera marca MSFPagos 2 5 1\n");
 }
 
 TEST_F(Pantalla, AlTomarTamanoRestauraLaVentanaPrincipal) {
