@@ -120,9 +120,8 @@ void EdicionPagado::CerrarEdicionPago() {
   if (!TxtMsf.Visible) return;
   ExigirImporte();
   MoverAMarca();
-  // An amount that was erased reads as "0,00" from here on.
   const int fila = MSFPagos_.Row;
-  rejilla_.Anotar(fila, Entrar(rejilla_.ReciboDe(fila), "0" + TxtMsf.Text));
+  rejilla_.Anotar(fila, EntrarAlCerrar(rejilla_.ReciboDe(fila), TxtMsf.Text));
   Ocultar();
   MSFPagos_.Col = columna::Pagado;
 }

@@ -33,6 +33,12 @@ Pago Entrar(const Recibo& recibo, const std::string& tecleado) {
   return Anotado(recibo, tecleado.empty() ? "0" : Enmascarado(tecleado), false);
 }
 
+Pago EntrarAlCerrar(const Recibo& recibo, const std::string& tecleado) {
+  Pago pago = Entrar(recibo, tecleado);
+  pago.Pagado = Mascara(Redondeado(tecleado));
+  return pago;
+}
+
 Pago Devolver(const Recibo& recibo, const Recibo& antes) {
   const bool parcial = !antes.Pagado.empty() && antes.Pagado != antes.Importe;
   return Anotado(recibo, parcial ? antes.Pagado : "0,00", false);

@@ -70,6 +70,16 @@ TEST(Pago, LoQueNoEsUnImporteEsErrorDeTipos) {
   }
 }
 
+TEST(Pago, AlCerrarElEditorLaCeldaQuedaBajoLaMascara) {
+  const auto pagado = [](const Recibo& recibo, const char* tecleado) {
+    return list::EntrarAlCerrar(recibo, tecleado).Pagado;
+  };
+  EXPECT_EQ(pagado({"116,00", "50,00"}, ""), "0,00");
+  EXPECT_EQ(pagado({"116,00", ""}, "116"), "116,00");
+  EXPECT_EQ(pagado({"", ""}, ""), "0,00");
+  EXPECT_TRUE(list::EntrarAlCerrar({"", ""}, "").Marca);
+}
+
 TEST(Pago, SoloSuperaLoQuePasaDelRecibo) {
   EXPECT_FALSE(Supera({"116,00", "50,00"}, "116"));
   EXPECT_FALSE(Supera({"116,00", "50,00"}, ""));

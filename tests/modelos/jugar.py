@@ -144,6 +144,7 @@ def main():
                 dia = reducir(opciones.guion, dia)
                 hallado = comparar(opciones.guion, [dia])
             fichero = Path(opciones.guardar) / f"dia_{dia.semilla}.guion"
+            fichero.parent.mkdir(parents=True, exist_ok=True)
             fichero.write_text("\n".join(dia.jornada.lineas) + "\n", encoding="utf-8")
             print(f"Día {dia.semilla} ({fichero}), {hallado[1]}", flush=True)
             if diferencias >= opciones.seguir:

@@ -4,6 +4,7 @@ from mensajes import EXCESO_AL_TECLEAR
 from valores import mascara, numero
 
 EDITOR, REJILLA = "TxtMsf", "MSFPagos"
+LARGO_DE_IMPORTE = 15  # what the editor takes of a typed amount
 
 
 class Pagos:
@@ -90,7 +91,7 @@ class Pagos:
         self.ir(self.rejilla.fila, 4)
 
     def teclear_importe(self, texto):
-        self.editor = texto.replace(".", ",")
+        self.editor = texto.replace(".", ",")[:LARGO_DE_IMPORTE]
 
     def escape(self):
         self.ocultar_editor()

@@ -43,6 +43,7 @@ class Pantalla(Fechas, Pagos, Borrado):
         self.copia.cargar(self.desde(), self.hasta())
         self.cargar_grip()
         self.foto = self.rejilla.copia()
+        self.foto_al_dia = True
 
     def cargar_grip(self):
         lineas = fundir(self.local, self.desde(), self.hasta(), self.previsiones, self.por_fecha)
@@ -114,22 +115,25 @@ class Pantalla(Fechas, Pagos, Borrado):
             self.recargar()
 
     def _llevar_pagados(self):
-        """Writes the paid cells into the working due dates; False when one is above its receipt."""
+        """Writes the paid cells into the working due dates; False when one is above its receipt. The
+        snapshot speaks for a row while it has the same line there, and nothing was written since."""
         hoy = f"{self.puesto.reloj:%Y%m%d}"
         mismas = len(self.foto.celdas) == len(self.rejilla.celdas)
+        al_dia = self.foto_al_dia
         for fila in range(1, len(self.rejilla.celdas)):
             pagado = self.rejilla.celdas[fila][4]
-            misma_linea = mismas and self.foto.linea(fila) == self.rejilla.linea(fila)
-            if misma_linea and self.foto.celdas[fila][4] == pagado:
+            sirve = mismas and al_dia and self.foto.linea(fila) == self.rejilla.linea(fila)
+            if sirve and self.foto.celdas[fila][4] == pagado:
                 continue
             recibo = self._recibo_de(fila)
-            if recibo is None or (mismas and not misma_linea and mascara(recibo["Pagado"]) == pagado):
+            if recibo is None or (mismas and not sirve and mascara(recibo["Pagado"]) == pagado):
                 continue
             cuando = hoy if not mismas or numero_exacto(pagado) > 0 else ""
             if recibo["Importe"] is not None and float(recibo["Importe"]) < numero(pagado):
                 self.puesto.avisar(EXCESO_AL_GRABAR)
                 return False
             recibo.update(Pagado=dinero(pagado), Fechapago=cuando)
+            self.foto_al_dia = False
         return True
 
     def _recibo_de(self, fila):
