@@ -53,7 +53,7 @@ constexpr const char* kTextos =
 /// The working file belongs to one running program, also while its tables are made. They come last:
 /// a file that has them is whole.
 services::Ref<sqlite::Conexion> AbrirDeTrabajo(const fs::path& fichero) {
-  const auto conexion = sqlite::AbrirConexion(
+  auto conexion = sqlite::AbrirConexion(
       fichero.string(),
       {.Durabilidad = sqlite::Sincronizacion::Normal, .Crear = true, .Exclusiva = true});
   if (!conexion->TieneTabla("TempProvFacturas")) {

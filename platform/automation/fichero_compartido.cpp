@@ -7,7 +7,9 @@
 
 #include <array>
 #include <cerrno>
+#include <chrono>
 #include <thread>
+#include <utility>
 
 #include "valores/error.h"
 

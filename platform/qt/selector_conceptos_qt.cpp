@@ -29,6 +29,7 @@ std::vector<Concepto> LeerConceptos(services::Conexion& conexion) {
     return services::CompararTexto(a.second, b.second) < 0;
   });
   std::vector<Concepto> conceptos;
+  conceptos.reserve(leidos.size());
   for (const auto& [codigo, nombre] : leidos) conceptos.push_back({Texto(codigo), Texto(nombre)});
   return conceptos;
 }

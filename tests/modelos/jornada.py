@@ -217,7 +217,8 @@ class Jornada:
 
     def _consultar(self, base, nombre, tabla):
         clave = tabla.clave or tabla.columnas
-        orden = ", ".join(c + (" COLLATE BINARY" if c not in ("FechaHora", "Tipo", "Importe") or nombre[-3:] == "Iva"
+        # A moment may be stored in more than one way.
+        orden = ", ".join("datetime(FechaHora)" if c == "FechaHora" else c + (" COLLATE BINARY" if c not in ("Tipo", "Importe") or nombre[-3:] == "Iva"
                                else "") for c in clave)
         filas = sorted(tabla.filas, key=lambda f: [f[c] for c in clave])
         self.decir(f"consulta {base} SELECT {', '.join(tabla.columnas)} FROM {nombre} ORDER BY {orden}",

@@ -54,13 +54,13 @@ class Pagos:
         self.rejilla.columna = 5
         if numero(celdas[3]) == numero(tecleado):
             self.rejilla.marcas[fila] = True
-            self.pendiente = self.pendiente + numero(celdas[4]) - numero(celdas[3])
+            self.pendiente += numero(celdas[4]) - numero(celdas[3])
             celdas[4] = celdas[3]
         else:
             self.rejilla.marcas[fila] = False
-            self.pendiente += numero(celdas[4])
+            antes = numero(celdas[4])
             celdas[4] = tecleado if self.editor else "0"
-            self.pendiente -= numero(celdas[4])
+            self.pendiente += antes - numero(celdas[4])
         self.rotular()
 
     def rotular(self):
@@ -152,13 +152,13 @@ class Pagos:
         self.ocultar_editor()
         if not self.rejilla.marcas[fila]:
             self.rejilla.marcas[fila] = True
-            self.pendiente = self.pendiente + numero(celdas[4]) - numero(celdas[3])
+            self.pendiente += numero(celdas[4]) - numero(celdas[3])
             celdas[4] = celdas[3]
         else:
             self.rejilla.marcas[fila] = False
             importe, pagado = self._guardado_de(fila)
             celdas[4] = "0,00" if pagado in ("", importe) else pagado
-            self.pendiente = self.pendiente - numero(celdas[4]) + numero(celdas[3])
+            self.pendiente += numero(celdas[3]) - numero(celdas[4])
         self.rotular()
 
     def _guardado_de(self, fila):
