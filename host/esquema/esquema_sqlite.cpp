@@ -37,7 +37,7 @@ std::string TipoDe(const Columna& columna) {
 // having no invoice yet. The range's index carries the invoice with it, so that the table itself
 // isn't read. Those by the trimmed number end in the number as stored: they then hold all that a
 // DELETE looks at, as the key does, and the engine no longer takes the key, of which it knows the
-// concept alone.
+// concept alone. A cash entry is found by its moment, however that is written.
 constexpr std::array IndicesAlmacenados = {
     "CREATE INDEX VencimientosPorFecha ON ProvVencimientos (FechaVto, NConcepto, NFactura)",
     "CREATE INDEX VencimientosPorFactura ON ProvVencimientos "
@@ -49,6 +49,7 @@ constexpr std::array IndicesAlmacenados = {
     "CREATE INDEX PrevisionPorFecha ON ProvPrevisionPagos (Fecha1Vto)",
     "CREATE INDEX CajaPorFactura ON CajaPagos (trim(Factura) COLLATE ES, Tipo, Año)",
     "CREATE INDEX CajaPendiente ON CajaPagos (Factura)",
+    "CREATE INDEX CajaPorMomento ON CajaPagos (idSucursal, MOMENTO(FechaHora), Tipo)",
     "CREATE INDEX ConceptosPorCodigo ON ProvConceptos (trim(NConcepto) COLLATE ES)",
     "CREATE INDEX ConceptosPorNombre ON ProvConceptos (trim(Descripcion) COLLATE ES)",
 };

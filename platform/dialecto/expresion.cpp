@@ -119,27 +119,10 @@ void Traductor::Comparar(const Operando& izquierdo, Simbolo operador) {
   if (derecho.literales >= 0) ExigirColumna(izquierdo);
   Adaptar(derecho, izquierdo);
   Adaptar(izquierdo, derecho);
-  const bool conMomento = izquierdo.tipo == TipoColumna::FechaHora && derecho.parametro >= 0;
-  if (conMomento && motor_.FormasDeMomento) CompararMomento(izquierdo.desde, antes, operador);
-}
-
-// The column stands in the text from `desde` to `hasta`, the literal is the last parameter.
-void Traductor::CompararMomento(std::size_t desde, std::size_t hasta, Simbolo operador) {
-  std::string& texto = salida_->Texto;
-  if (operador != Simbolo::Igual && operador != Simbolo::Distinto) {
-    texto.insert(hasta, motor_.Momento.Despues);
-    texto.insert(desde, motor_.Momento.Antes);
-    return;
-  }
-  texto.resize(hasta);
-  Poner(operador == Simbolo::Igual ? " IN (" : " NOT IN (");
-  const Valor momento = std::move(salida_->Parametros.back());
-  salida_->Parametros.pop_back();
-  for (Valor& forma : motor_.FormasDeMomento(momento)) {
-    Poner(texto.back() == '(' ? "?" : ", ?");
-    salida_->Parametros.push_back(std::move(forma));
-  }
-  Poner(")");
+  if (izquierdo.tipo != TipoColumna::FechaHora || derecho.parametro < 0) return;
+  // The column stands in the text between these two.
+  salida_->Texto.insert(antes, motor_.Momento.Despues);
+  salida_->Texto.insert(izquierdo.desde, motor_.Momento.Antes);
 }
 
 void Traductor::EsNulo(const Operando& operando) {

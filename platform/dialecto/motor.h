@@ -1,9 +1,6 @@
 #pragma once
 
 #include <string_view>
-#include <vector>
-
-#include "valores/valor.h"
 
 namespace dialecto {
 
@@ -25,10 +22,7 @@ struct Motor {
   /// The two halves of that, for a statement that asks for one side alone.
   Envoltura RecorteIzquierdo;
   Envoltura RecorteDerecho;
-  /// Where moments are kept as texts: all values under which a given one may be stored, always as
-  /// many of them. Null where the engine compares moments by itself.
-  std::vector<services::Valor> (*FormasDeMomento)(const services::Valor& momento) = nullptr;
-  /// There too, what makes a stored moment comparable by order.
+  /// A stored moment as it compares; nothing where the engine compares moments by itself.
   Envoltura Momento = {};
 };
 

@@ -106,7 +106,6 @@ class Traductor {
   Operando Comparacion();
   void Comparar(const Operando& izquierdo, Simbolo operador);
   void Parecer(const Operando& izquierdo, bool negado);
-  void CompararMomento(std::size_t desde, std::size_t hasta, Simbolo operador);
   void EsNulo(const Operando& operando);
   void ExigirColumna(const Operando& operando) const;
   Operando Primario();

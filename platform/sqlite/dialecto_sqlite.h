@@ -1,7 +1,6 @@
 #pragma once
 
 #include "dialecto/motor.h"
-#include "sqlite/momento.h"
 
 namespace sqlite {
 
@@ -10,7 +9,6 @@ inline constexpr dialecto::Motor DialectoSqlite = {.Comilla = '"',
                                                    .Recorte = {"trim(", ") COLLATE ES"},
                                                    .RecorteIzquierdo = {"ltrim(", ") COLLATE ES"},
                                                    .RecorteDerecho = {"rtrim(", ") COLLATE ES"},
-                                                   .FormasDeMomento = FormasDeMomento,
                                                    .Momento = {"MOMENTO(", ")"}};
 
 }  // namespace sqlite

@@ -5,11 +5,9 @@
 namespace sqlite {
 
 using services::FechaHora;
-using services::Valor;
 
 namespace {
 
-constexpr std::size_t kFormas = 6;
 constexpr std::size_t kDia = 10;      // of the text above, what tells the day
 constexpr std::size_t kMinutos = 16;  // and the minute
 
@@ -22,7 +20,9 @@ int Entero(std::string_view texto) {
 bool TieneFormaIso(std::string_view texto) {
   if (texto.size() != kDia && texto.size() != kMinutos && texto.size() != 19) return false;
   if (texto[4] != '-' || texto[7] != '-') return false;
-  return texto.size() == kDia || texto[kDia] == ' ' || texto[kDia] == 'T';
+  if (texto.size() == kDia) return true;
+  if ((texto[kDia] != ' ' && texto[kDia] != 'T') || texto[13] != ':') return false;
+  return texto.size() == kMinutos || texto[kMinutos] == ':';
 }
 
 std::optional<FechaHora> LeerIso(std::string_view texto) {
@@ -39,25 +39,10 @@ std::optional<FechaHora> LeerIso(std::string_view texto) {
   return services::HacerFecha(anio, mes, dia, hora, minuto, segundo);
 }
 
-std::string ConT(std::string iso) {
-  iso[kDia] = 'T';
-  return iso;
-}
-
 }  // namespace
 
 std::optional<FechaHora> LeerMomento(std::string_view texto) {
   return TieneFormaIso(texto) ? LeerIso(texto) : services::LeerFecha(texto);
-}
-
-std::vector<Valor> FormasDeMomento(const Valor& valor) {
-  const auto* momento = valor.Si<FechaHora>();
-  if (!momento) return std::vector<Valor>(kFormas);
-  const std::string iso = services::TextoIso(*momento);
-  // A form that this moment hasn't stands as its full text once more.
-  const std::string minutos = momento->Segundos % 60 == 0 ? iso.substr(0, kMinutos) : iso;
-  const std::string dia = momento->Segundos == 0 ? iso.substr(0, kDia) : iso;
-  return {iso, ConT(iso), minutos, ConT(minutos), dia, services::TextoDeFecha(*momento)};
 }
 
 }  // namespace sqlite

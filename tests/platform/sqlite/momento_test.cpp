@@ -45,9 +45,13 @@ TEST_F(Momento, DeMedianocheSeHallaEnTodasSusFormas) {
   Guardar("d", "2005-03-02T00:00:00");
   Guardar("e", "02/03/2005");
   Guardar("f", "2005-03-02 00:00:01");
-  EXPECT_THAT(Donde("CajaPagos.FechaHora like '02/03/2005'"), ElementsAre("a", "b", "c", "d", "e"));
+  Guardar("g", "2/3/2005");
+  Guardar("h", "02-03-2005 00:00:00");
+  EXPECT_THAT(Donde("CajaPagos.FechaHora like '02/03/2005'"),
+              ElementsAre("a", "b", "c", "d", "e", "g", "h"));
   EXPECT_THAT(Donde("CajaPagos.FechaHora not like '02/03/2005'"), ElementsAre("f"));
-  EXPECT_THAT(Donde("CajaPagos.FechaHora = #3/2/2005#"), ElementsAre("a", "b", "c", "d", "e"));
+  EXPECT_THAT(Donde("CajaPagos.FechaHora = #3/2/2005#"),
+              ElementsAre("a", "b", "c", "d", "e", "g", "h"));
 }
 
 TEST_F(Momento, ConHoraSeHallaEnTodasSusFormas) {
@@ -57,8 +61,10 @@ TEST_F(Momento, ConHoraSeHallaEnTodasSusFormas) {
   Guardar("d", "03/03/2005 9:30:00");
   Guardar("e", "2005-03-03");
   Guardar("f", "2005-03-03 09:30:10");
+  Guardar("g", "3/3/2005 9:30");
+  Guardar("h", "03-03-2005 09:30:00");
   EXPECT_THAT(Donde("CajaPagos.FechaHora like '03/03/2005 9:30:00'"),
-              ElementsAre("a", "b", "c", "d"));
+              ElementsAre("a", "b", "c", "d", "g", "h"));
   EXPECT_THAT(Donde("CajaPagos.FechaHora like '03/03/2005 9:30:10'"), ElementsAre("f"));
   EXPECT_THAT(Donde("CajaPagos.FechaHora like '03/03/2005'"), ElementsAre("e"));
 }
@@ -79,12 +85,8 @@ TEST_F(Momento, LoQueNoEsUnMomentoNoEsIgualANinguno) {
   EXPECT_THAT(Donde("CajaPagos.FechaHora like '02/03/2005 9:30:00'"), IsEmpty());
   EXPECT_EQ(sqlite::LeerMomento("2005-03-02x09:30:00"), std::nullopt);
   EXPECT_EQ(sqlite::LeerMomento("2005-13-45"), std::nullopt);
-}
-
-TEST_F(Momento, TieneSiempreLasMismasFormas) {
-  const auto formas = sqlite::FormasDeMomento(HacerFecha(2005, 3, 2));
-  EXPECT_EQ(sqlite::FormasDeMomento(HacerFecha(2005, 3, 2, 9, 30, 15)).size(), formas.size());
-  EXPECT_EQ(sqlite::FormasDeMomento(services::Nulo{}).size(), formas.size());
+  EXPECT_EQ(sqlite::LeerMomento("2005-03-02 09x30"), std::nullopt);
+  EXPECT_EQ(sqlite::LeerMomento("2005-03-02 09:30x00"), std::nullopt);
 }
 
 }  // namespace
