@@ -97,7 +97,7 @@ std::string LineaDeAviso(const headless::AvisoMostrado& aviso) {
 
 std::string LineaDeTrazo(const headless::Trazo& trazo) {
   using Que = headless::Trazo::Clase;
-  const std::string pagina = "p" + std::to_string(trazo.Pagina) + " ";
+  std::string pagina = "p" + std::to_string(trazo.Pagina) + " ";
   const std::string puntos = Punto(trazo.X1, trazo.Y1) + " " + Punto(trazo.X2, trazo.Y2) + " ";
   const std::string color = std::to_string(trazo.Color);
   switch (trazo.Que) {

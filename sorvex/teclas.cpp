@@ -49,7 +49,7 @@ struct Entorno {
 Entorno EntornoDe(const services::TextBox& caja) {
   const std::string& texto = caja.Text();
   const std::string hasta =
-      services::Izquierda(texto, static_cast<std::size_t>(caja.SelStart + caja.SelLength));
+      services::Izquierda(texto, static_cast<std::size_t>(caja.SelStart() + caja.SelLength()));
   return {services::Izquierda(texto, static_cast<std::size_t>(caja.SelStart())),
           texto.substr(hasta.size())};
 }

@@ -36,7 +36,7 @@ QString CabeceraDe(const QTableView& tabla) {
 }  // namespace
 
 QString GuardarImagen(QWidget& ventana, const QString& carpeta) {
-  const QString fichero = QDir(carpeta).filePath("tesvara-de-pagos.png");
+  QString fichero = QDir(carpeta).filePath("tesvara-de-pagos.png");
   if (!QDir().mkpath(carpeta) || !ventana.grab().save(fichero)) {
     throw services::ErrorEjecucion(services::error::FalloDeConexion,
                                    "No se puede escribir " + fichero.toStdString());

@@ -39,7 +39,7 @@ std::vector<FechaHora> Fechas(FechaHora hoy, Azar& azar) {
 
 /// Suppliers number their invoices each in its own way, and never use a number twice.
 std::string Numerar(std::size_t proveedor, int anio, int orden) {
-  const std::string numero = std::to_string(orden);
+  std::string numero = std::to_string(orden);
   const std::string ancho = std::string(4 - std::min<std::size_t>(4, numero.size()), '0') + numero;
   switch (proveedor % 4) {
     case 0:
@@ -66,8 +66,8 @@ Centimos Porcentaje(Centimos importe, int porcentaje) {
 /// Small amounts are commoner than large ones.
 Centimos Cuantia(const Perfil& perfil, Azar& azar) {
   const Centimos u = azar.Entre(0, 999);
-  const Centimos minimo = perfil.Minimo * 100;
-  return minimo + (perfil.Maximo * 100 - minimo) * u * u / 1'000'000 + azar.Entre(0, 99);
+  const Centimos minimo = perfil.Minimo * Centimos{100};
+  return minimo + (perfil.Maximo * Centimos{100} - minimo) * u * u / 1'000'000 + azar.Entre(0, 99);
 }
 
 void PonerImportes(Factura& factura, const Perfil& perfil, Azar& azar) {
@@ -98,7 +98,7 @@ Plazo ElegirPlazo(Azar& azar) {
 /// Equal receipts, rounded; the last one takes the difference.
 void Repartir(Factura& factura, int diasALaVista) {
   const Plazo& plazo = factura.Plazo;
-  const Centimos parte = (factura.Total * 2 + plazo.Recibos) / (plazo.Recibos * 2);
+  const Centimos parte = (factura.Total * 2 + plazo.Recibos) / (plazo.Recibos * Centimos{2});
   int vence = factura.Fecha.Dias + (plazo.Aplazado ? plazo.Dias1Vto : diasALaVista);
   for (int i = 1; i <= plazo.Recibos; ++i, vence += plazo.Cadencia) {
     const bool ultimo = i == plazo.Recibos;

@@ -41,6 +41,7 @@ services::FechaHora DiaDe(const Relativa& relativa, services::FechaHora hoy) {
 
 std::vector<Prevision> Previsiones(services::FechaHora hoy) {
   std::vector<Prevision> previsiones;
+  previsiones.reserve(std::size(kRelativas));
   for (const Relativa& relativa : kRelativas) {
     previsiones.push_back(
         {relativa.Concepto, DiaDe(relativa, hoy), relativa.Cada, relativa.Tipo, relativa.Importe});

@@ -88,7 +88,9 @@ class Troceador {
   }
 
  private:
-  [[nodiscard]] char En(std::size_t i) const { return i < sentencia_.size() ? sentencia_[i] : 0; }
+  [[nodiscard]] char En(std::size_t i) const {
+    return i < sentencia_.size() ? sentencia_[i] : '\0';
+  }
   void SaltarBlancos() {
     while (i_ < sentencia_.size() && ClaseDe(sentencia_[i_]) == Blanco) ++i_;
   }

@@ -33,7 +33,7 @@ class VentanaHeadless final : public services::Ventana {
   void CeldaActual(services::MSFlexGrid&) override {}
   void Foco(services::Widget*) override {}
   void FinDeEvento() override {}
-  void EnEspera() override {}
+  void AntesDePreguntar() override {}
 
  private:
   std::shared_ptr<Entorno> entorno_;

@@ -1,5 +1,6 @@
 #include "qt/dibujo_celda.h"
 
+#include <QAbstractItemView>
 #include <QHelpEvent>
 #include <QPainter>
 #include <QToolTip>
@@ -90,11 +91,11 @@ void DibujoCelda::paint(QPainter* pintor, const QStyleOptionViewItem& opcion,
   pintor->restore();
 }
 
-/// Where the current cell isn't shown, its row is told apart only while the keys go to it.
+/// The current row always shows, also where its cell is in a column that doesn't: it is what
+/// "Borrar" is about.
 void DibujoCelda::Resaltar(QPainter& pintor, const QStyleOptionViewItem& opcion,
                            const QModelIndex& celda, const QColor& color) const {
   const bool conFoco = opcion.widget && opcion.widget->hasFocus();
-  if (rejilla_->ColWidth(rejilla_->Col) == 0 && !conFoco) return;
   pintor.fillRect(QRect(opcion.rect.topLeft(), QSize(opcion.rect.width(), kRaya)), color);
   pintor.fillRect(opcion.rect.adjusted(0, opcion.rect.height() - kRaya, 0, 0), color);
   if (celda.column() == rejilla_->Col) Enmarcar(pintor, opcion.rect, QPen(color, conFoco ? 3 : 1));

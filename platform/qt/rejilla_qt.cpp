@@ -129,7 +129,7 @@ void RejillaQt::SeguirFranjas(QPainter& pintor) {
   // The last rows but the current one, which has colours of its own.
   const int muestra = rejilla_->Row == ultima + 1 || rejilla_->Row == ultima ? 1 : ultima;
   for (int fila = ultima + 1; arriba < viewport()->height(); ++fila, arriba += alto) {
-    const int como = muestra + ((fila + 1 - muestra) % 2 + 2) % 2;
+    const int como = muestra + (fila + 1 - muestra) % 2;
     const QColor fondo =
         Emparejar(rejilla_->FondoDe(como, 0), rejilla_->ColorDe(como, 0), palette()).Fondo;
     pintor.fillRect(0, arriba, ancho, alto, fondo);

@@ -1,5 +1,7 @@
 #include "qt/ventana_qt.h"
 
+#include <QApplication>
+
 #include "forms/escritorio.h"
 #include "forms/form.h"
 #include "forms/msflexgrid.h"
@@ -103,7 +105,7 @@ void VentanaQt::FinDeEvento() {
   if (lienzo_) lienzo_->FinDeEvento();
 }
 
-void VentanaQt::EnEspera() {
+void VentanaQt::AntesDePreguntar() {
   if (lienzo_) lienzo_->TraerALaVista();
 }
 

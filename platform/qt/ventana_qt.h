@@ -34,7 +34,7 @@ class VentanaQt final : public services::Ventana {
   void CeldaActual(services::MSFlexGrid& rejilla) override;
   void Foco(services::Widget* widget) override;
   void FinDeEvento() override;
-  void EnEspera() override;
+  void AntesDePreguntar() override;
 
  private:
   services::Form& form_;

@@ -159,7 +159,6 @@ void EdicionPagado::PasarALaSiguiente() {
   const int fila = MSFPagos_.Row;
   if (fila >= MSFPagos_.Rows - 2 || MSFPagos_.Col != columna::Pagado) return;
   if (!TieneFacturaYFecha(fila + 1)) return;
-  MSFPagos_.Col = columna::Pagado;
   MSFPagos_.Row = fila + 1;
   AbrirEdicionPagado();
 }

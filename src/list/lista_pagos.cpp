@@ -1,5 +1,8 @@
 #include "list/lista_pagos.h"
 
+#include <algorithm>
+#include <limits>
+
 #include "list/color_lista.h"
 #include "list/prevision.h"
 #include "valores/error.h"
@@ -27,9 +30,10 @@ bool EsVerdadero(const Valor& valor) {
   return !valor.EsNulo() && valor.Logico();
 }
 
-/// Null counts 0.
+/// Null counts 0, and what is past the whole numbers the last of them.
 int EnteroDe(const Valor& valor) {
-  return valor.EsNulo() ? 0 : static_cast<int>(valor.Numero());
+  constexpr double kUltimo = std::numeric_limits<int>::max();
+  return valor.EsNulo() ? 0 : static_cast<int>(std::clamp(valor.Numero(), -kUltimo, kUltimo));
 }
 
 }  // namespace

@@ -116,6 +116,15 @@ void RangoFechas::Rechazar(TextBox& campo, const char* motivo) {
   campo.SetFocus();
 }
 
+void RangoFechas::Poner(const store::Intervalo& rango) {
+  const auto poner = [this](TextBox& campo, const std::string& almacenada) {
+    campo.Text.PonerEnSilencio(sesion_.Utiles().Mostrada(almacenada));
+    campo.Tag = campo.Text();
+  };
+  poner(TxtFPrevisionD, rango.Desde);
+  poner(TxtFPrevision, rango.Hasta);
+}
+
 store::Intervalo RangoFechas::Intervalo() const {
   services::Utiles& utiles = sesion_.Utiles();
   return {utiles.Almacenada(TxtFPrevisionD.Text), utiles.Almacenada(TxtFPrevision.Text)};

@@ -36,7 +36,9 @@ class RangoFechas {
   /// Puts the fields on the whole current month.
   void PonerMesActual();
 
-  /// The range as the fields tell it.
+  /// Puts the fields on a range, with no event.
+  void Poner(const store::Intervalo& rango);
+  /// The range as the fields tell it; empty texts for what is no date.
   [[nodiscard]] store::Intervalo Intervalo() const;
 
  private:

@@ -172,6 +172,7 @@ void RejillaPagos::CopiarGrip() {
   MsfPagos2.Rows = 1;
   for (int fila = 1; fila < MSFPagos.Rows; ++fila) {
     std::vector<std::string> celdas;
+    celdas.reserve(columna::Cuantas);
     for (int c = 0; c < columna::Cuantas; ++c) celdas.push_back(MSFPagos.TextMatrix(fila, c));
     MsfPagos2.AnadirFila(std::move(celdas));
   }

@@ -34,8 +34,8 @@ struct MedidaPantalla {
   int Alto = 0;
 };
 
-/// What is made for the component by whoever links it. Every member must be set before the first
-/// screen loads.
+/// What is made for the component by whoever links it. Every member that doesn't say so must be set
+/// before the first screen loads.
 struct Plataforma : PlataformaDeForms {
   std::function<std::unique_ptr<Aviso>()> CrearAviso;
   std::function<std::unique_ptr<Utiles>(Sesion&)> CrearUtiles;

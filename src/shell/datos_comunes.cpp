@@ -48,7 +48,9 @@ class AvisoConEspera final : public services::Aviso {
 
   int Mostrar(const std::string& texto, int flags, const std::string& titulo) override {
     int respuesta = 0;
-    escritorio_.Esperar([&] { respuesta = aviso_->Mostrar(texto, flags, titulo); });
+    const bool pregunta =
+        flags == services::mensaje::SiNo || flags == services::mensaje::SiNoCancelar;
+    escritorio_.Esperar([&] { respuesta = aviso_->Mostrar(texto, flags, titulo); }, pregunta);
     return respuesta;
   }
 

@@ -87,7 +87,7 @@ void FrmTesvaraGastos::RangoCambiado(services::TextBox& campo) {
   try {
     Edicion.CerrarEdicionPago();
   } catch (...) {
-    campo.Text.PonerEnSilencio(campo.Tag());
+    if (copia_.Rango()) Rango.Poner(*copia_.Rango());
     throw;
   }
   ComprobarCambios();
@@ -98,7 +98,7 @@ void FrmTesvaraGastos::RangoCambiado(services::TextBox& campo) {
   } else {
     Recargar();
   }
-  // Only now: while a commit runs, the tag still tells the range that was loaded.
+  // Only now: a reload or a commit that fails must not make the new date look accepted.
   campo.Tag = campo.Text();
 }
 

@@ -134,6 +134,7 @@ void Carga::CajaDeFacturas() {
     facturas.Open("SELECT TempProvFacturas.* From TempProvFacturas", sesion_.CnTemp(),
                   ModoApertura::Lectura);
   });
+  if (!facturas.State() || !destino_.State()) entera_ = false;
   while (facturas.State() && !facturas.Eof()) {
     CopiarCajaDe(facturas);
     facturas.MoveNext();

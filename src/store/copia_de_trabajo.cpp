@@ -8,6 +8,10 @@
 namespace store {
 
 void CopiaDeTrabajo::Cargar(const Intervalo& rango) {
+  if (rango.Desde.empty() || rango.Hasta.empty()) {
+    throw services::ErrorEjecucion(services::error::TiposNoCoinciden,
+                                   "El rango de fechas no está completo y no se puede cargar");
+  }
   rango_.reset();
   if (CargarTemporales(sesion_, rango)) rango_ = rango;
 }

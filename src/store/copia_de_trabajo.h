@@ -15,7 +15,8 @@ class CopiaDeTrabajo {
 
   /// Empties the working tables and copies into them what belongs to `rango`; see
   /// `CargarTemporales`. The range is held from the end of the load on, when the copy is durable
-  /// and no table of it was passed over.
+  /// and no table of it was passed over. Throws 13, with nothing touched, for a range of which an
+  /// end is no date: it would mean the beginning of time.
   void Cargar(const Intervalo& rango);
   /// Replaces the stored rows of the range that is held by the working tables, and empties these;
   /// see `GrabarTemporales`. Throws 91, with nothing touched, when no range is held. Once the

@@ -59,7 +59,7 @@ class VentanaDePrueba final : public services::Ventana {
     Anotar("Foco " + (widget ? widget->NombreCompleto() : "ninguno"));
   }
   void FinDeEvento() override { Anotar("FinDeEvento"); }
-  void EnEspera() override { Anotar("EnEspera"); }
+  void AntesDePreguntar() override { Anotar("AntesDePreguntar"); }
 
  private:
   void Anotar(const std::string& que) { registro_(form_.Nombre() + ": " + que); }

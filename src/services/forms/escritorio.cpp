@@ -71,14 +71,14 @@ void Escritorio::Rematar() {
   if (esperas_ == 0) std::exchange(retirados_, {});
 }
 
-void Escritorio::Esperar(const std::function<void()>& espera) {
+void Escritorio::Esperar(const std::function<void()>& espera, bool pregunta) {
   if (AlTerminarEvento) AlTerminarEvento();
   const int antes = std::exchange(profundidad_, 0);
   const bool dejaba = std::exchange(dejando_, false);
   for (Form* form : cargados_) {
     if (!form->Vista()) continue;
     form->Vista()->FinDeEvento();
-    form->Vista()->EnEspera();
+    if (pregunta) form->Vista()->AntesDePreguntar();
   }
   ++esperas_;
   const int ocupaciones = std::exchange(ocupaciones_, 0);

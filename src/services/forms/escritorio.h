@@ -37,8 +37,8 @@ class Escritorio {
   /// The same for an operation that the host asks for: the error comes out.
   void Operacion(const std::function<void()>& accion);
   /// Waits for the user, in a message or a modal screen, from inside an event. What the user does
-  /// meanwhile are events of their own.
-  void Esperar(const std::function<void()>& espera);
+  /// meanwhile are events of their own. Before a question, what it is about comes to sight.
+  void Esperar(const std::function<void()>& espera, bool pregunta = false);
 
   /// Work that may take long: the user is told for as long as it lives, but while asked something.
   class Ocupacion {

@@ -36,7 +36,7 @@ class Ventana {
   /// The user's event is over, with all that its handlers did.
   virtual void FinDeEvento() = 0;
   /// The user is about to be asked: the current rows of the grids have to be on sight.
-  virtual void EnEspera() = 0;
+  virtual void AntesDePreguntar() = 0;
 };
 
 }  // namespace services

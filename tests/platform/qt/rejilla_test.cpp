@@ -147,10 +147,19 @@ TEST_F(RejillaEnPantalla, UnaPreguntaTraeALaVistaLaFilaActual) {
   bool aLaVista = false;
   escena.form->BotonGrabar.Click = [&] {
     escena.form->Escritorio().Esperar(
-        [&] { aLaVista = vista.viewport()->rect().contains(Centro(150, 0)); });
+        [&] { aLaVista = vista.viewport()->rect().contains(Centro(150, 0)); }, true);
   };
   QTest::mouseClick(&escena.Vista<QPushButton>("BotonGrabar"), Qt::LeftButton);
   EXPECT_TRUE(aLaVista) << "también si la celda está en una columna que no se ve";
+}
+
+TEST_F(RejillaEnPantalla, UnMensajeQueNoPreguntaNoMueveLaLista) {
+  escena.Llenar(200);
+  rejilla.MoverA(150, 3);
+  vista.verticalScrollBar()->setValue(0);
+  escena.form->BotonGrabar.Click = [&] { escena.form->Escritorio().Esperar([] {}); };
+  QTest::mouseClick(&escena.Vista<QPushButton>("BotonGrabar"), Qt::LeftButton);
+  EXPECT_EQ(vista.verticalScrollBar()->value(), 0);
 }
 
 TEST_F(RejillaEnPantalla, LaSegundaPulsacionCuentaAunqueLaPrimeraLleveAOtraCelda) {
