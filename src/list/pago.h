@@ -21,8 +21,8 @@ struct Pago {
 /// An amount is typed: it is rounded by the mask; the receipt's own amount pays it in full, and no
 /// text at all is "0". Throws 13 for a text that is no amount, such as a negative one.
 [[nodiscard]] Pago Entrar(const Recibo& recibo, const std::string& tecleado);
-/// The same as the editor is closed on it: the cell then shows the amount under the mask, "0,00" for
-/// no text, also where the receipt's own amount is empty.
+/// The same as the editor is closed on it: the cell then shows the amount under the mask, "0,00"
+/// for no text, also where the receipt's own amount is empty.
 [[nodiscard]] Pago EntrarAlCerrar(const Recibo& recibo, const std::string& tecleado);
 /// The payment is taken back. What was stored before, `antes`, comes back when it was a part; one
 /// in full, or none, leaves "0,00".

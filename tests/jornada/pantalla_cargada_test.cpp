@@ -237,6 +237,30 @@ TEST_F(Pantalla, ConElPanelAbiertoLaListaNoHaceNada) {
   Jugar("celda MSFPagos 2 5\nespera marca MSFPagos 2 5 1\n");
 }
 
+TEST_F(Pantalla, ElDobleClicDondeNoHayRecibosPulsaModificar) {
+  auto& pantalla = Cargar(
+      "datos INSERT INTO ProvConceptos VALUES ('400','Luz')\n"
+      "datos INSERT INTO ProvPrevisionPagos (NConcepto,Fecha1Vto,Cada,Tipo,Importe) VALUES "
+      "('400','20050310',1,2,100)\n");
+  int pulsado = 0;
+  pantalla.BotonModificar.Click = [&] { ++pulsado; };
+  Jugar("doble MSFPagos 1 3\n");
+  EXPECT_EQ(pulsado, 0);
+  Jugar("doble MSFPagos 1 4\ndoble MSFPagos 1 5\n");
+  EXPECT_EQ(pulsado, 2) << "en la previsión";
+  Jugar("doble MSFPagos 2 4\ndoble MSFPagos 2 5\n");
+  EXPECT_EQ(pulsado, 4) << "en el relleno";
+}
+
+TEST_F(Pantalla, SusCajasAdmitenLoQueCabeEnEllas) {
+  const auto& pantalla = Cargar();
+  EXPECT_EQ(pantalla.Rango.TxtFPrevisionD.MaxLength, 10);
+  EXPECT_EQ(pantalla.Rango.TxtFPrevision.MaxLength, 10);
+  EXPECT_EQ(pantalla.Edicion.TxtMsf.MaxLength, 15);
+  EXPECT_TRUE(pantalla.Rejilla.TxtTotal.Locked);
+  EXPECT_FALSE(pantalla.Edicion.TxtMsf.Locked);
+}
+
 TEST_F(Pantalla, AlTomarTamanoRestauraLaVentanaPrincipal) {
   guion::FormAnfitrion& principal = partida.Anfitrion().FrmPrincipal();
   principal.PonerWindowState(1);
