@@ -63,6 +63,19 @@ services::Ref<sqlite::Conexion> AbrirDeTrabajo(const fs::path& fichero) {
   return conexion;
 }
 
+/// The system's own texts come in English.
+std::string Motivo(const std::error_code& fallo) {
+  if (fallo == std::errc::permission_denied || fallo == std::errc::operation_not_permitted) {
+    return ": no hay permiso";
+  }
+  if (fallo == std::errc::not_a_directory || fallo == std::errc::file_exists) {
+    return ": hay un fichero en su lugar";
+  }
+  if (fallo == std::errc::no_space_on_device) return ": no queda sitio en el disco";
+  if (fallo == std::errc::read_only_file_system) return ": el disco es de solo lectura";
+  return " (error " + std::to_string(fallo.value()) + ")";
+}
+
 /// A connection text names a server; a file is named by its path alone.
 void ExigirFichero(const std::string& texto) {
   if (texto.find('=') == std::string::npos) return;
@@ -109,7 +122,7 @@ Datos AbrirDatos(const Opciones& opciones) {
   } catch (const fs::filesystem_error& fallo) {
     throw services::ErrorEjecucion(
         services::error::FalloDeConexion,
-        "No se puede usar la carpeta de datos " + carpeta.string() + ": " + fallo.code().message());
+        "No se puede usar la carpeta de datos " + carpeta.string() + Motivo(fallo.code()));
   }
 }
 

@@ -21,7 +21,7 @@ EditorDeCelda::EditorDeCelda(QTableView& vista, const QWidget& pantalla,
     connect(barra, &QScrollBar::valueChanged, this, &EditorDeCelda::Colocar);
   }
   // What is typed into a cell that was scrolled away comes back to sight.
-  connect(editor_, &QLineEdit::textChanged, this, [this] {
+  connect(static_cast<QLineEdit*>(editor_.data()), &QLineEdit::textChanged, this, [this] {
     if (editor_->isVisible()) vista_.scrollTo(celda_());
   });
 }

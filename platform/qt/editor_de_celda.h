@@ -28,7 +28,8 @@ class EditorDeCelda final : public QObject {
 
   QTableView& vista_;
   std::function<QModelIndex()> celda_;
-  QPointer<QLineEdit> editor_;
+  /// As a widget: its own events arrive until it is no more than that.
+  QPointer<QWidget> editor_;
 };
 
 }  // namespace qt

@@ -9,6 +9,7 @@
 #include "qt/dibujo_celda.h"
 #include "qt/medidas.h"
 #include "qt/textos_qt.h"
+#include "valores/texto.h"
 
 namespace qt {
 namespace {
@@ -28,10 +29,12 @@ int ColumnaMasAncha(const services::MSFlexGrid& rejilla) {
 /// long list.
 QString LaMasLarga(const services::MSFlexGrid& rejilla, int columna) {
   int larga = 0;
-  for (int f = 1; f < rejilla.Rows; ++f) {
-    if (rejilla.TextMatrix(f, columna).size() > rejilla.TextMatrix(larga, columna).size()) {
-      larga = f;
-    }
+  std::size_t largo = 0;
+  for (int f = 0; f < rejilla.Rows; ++f) {
+    const std::size_t este = services::Longitud(rejilla.TextMatrix(f, columna));
+    if (este <= largo) continue;
+    larga = f;
+    largo = este;
   }
   return Texto(rejilla.TextMatrix(larga, columna));
 }

@@ -23,7 +23,8 @@ using Preparada = std::unique_ptr<sqlite3_stmt, CerrarSentencia>;
 [[noreturn]] void Lanzar(sqlite3* base, int codigo, std::string_view texto);
 [[noreturn]] void Lanzar(int codigo, std::string_view texto, std::string_view fichero);
 
-/// An open database file with what every connection needs registered on it: the collation `ES`.
+/// An open database file with what every connection needs registered on it: the collation
+/// `ES`, and how moments compare and texts are like a pattern.
 class Base {
  public:
   /// Throws 0x80004005 for a file that isn't there, is no database or can't be read; and, naming
