@@ -13,9 +13,10 @@ namespace store {
 /// than its end; the cash entries take the invoice links of the working copy. Then
 /// `alQuedarGrabado` is called, and the working tables are emptied.
 ///
-/// A failure before the first row is written goes to the caller, with part of the range deleted;
-/// after it, a row that can't be written is dropped without a message. The working tables are
-/// emptied only once the stored ones are durable; when they can't be, the error goes to the caller.
+/// A failure before the first row is written goes to the caller, with part of the range deleted
+/// until the event's end undoes it, or for good where each statement stands by itself; after it, a
+/// row that can't be written is dropped without a message. The working tables are emptied only once
+/// the stored ones are durable; when they can't be, the error goes to the caller.
 void GrabarTemporales(services::Sesion& sesion, const Intervalo& rango,
                       const std::function<void()>& alQuedarGrabado);
 

@@ -82,7 +82,7 @@ TEST_P(Fallos, DesdeCadaLlamadaPuedeFallarTodoYSeSigueDespues) {
   int n = 1;
   for (; n < 3000; n += 5 * kPaso) {
     std::string fallos;
-    for (int i = n; i < n + 150; ++i) fallos += "fallo " + base + " " + std::to_string(i) + "\n";
+    for (int i = n; i < n + 600; ++i) fallos += "fallo " + base + " " + std::to_string(i) + "\n";
     Partida partida;
     ASSERT_EQ(partida.Jugar(jornada::kEmpresa).Estado, 0);
     const Partida::Jugada dia = partida.Jugar(fallos + jornada::kTrabajo);
