@@ -14,12 +14,8 @@ using services::Calendario;
 constexpr std::string_view kGuardada = "R";
 constexpr int kPrimerAnio = 100;
 
-constexpr bool EsCifra(char c) {
-  return c >= '0' && c <= '9';
-}
-
 bool SonCifras(std::string_view texto) {
-  return std::all_of(texto.begin(), texto.end(), EsCifra);
+  return std::all_of(texto.begin(), texto.end(), services::EsCifra);
 }
 
 /// The number of a text of figures, few enough not to overflow.
@@ -32,7 +28,7 @@ int NumeroDe(std::string_view cifras) {
 /// Takes one or two figures and the separator behind them off the front of the text.
 std::optional<int> TomarParte(std::string_view& texto) {
   std::size_t largo = 0;
-  while (largo < 2 && largo < texto.size() && EsCifra(texto[largo])) ++largo;
+  while (largo < 2 && largo < texto.size() && services::EsCifra(texto[largo])) ++largo;
   if (largo == 0 || largo == texto.size()) return std::nullopt;
   const char separador = texto[largo];
   if (separador != '/' && separador != '-' && separador != '.') return std::nullopt;

@@ -17,16 +17,12 @@ bool SiemprePasa(int tecla) {
          tecla == services::tecla::Escape;
 }
 
-bool EsCifra(int tecla) {
-  return tecla >= '0' && tecla <= '9';
-}
-
 /// Whether the text ends in a day or a month that has its two figures and no `/` behind it.
 bool FaltaBarra(std::string_view texto) {
   if (std::count(texto.begin(), texto.end(), '/') > 1) return false;
   const std::size_t barra = texto.rfind('/');
   const std::string_view parte = barra == std::string_view::npos ? texto : texto.substr(barra + 1);
-  return parte.size() == 2 && EsCifra(parte[0]) && EsCifra(parte[1]);
+  return parte.size() == 2 && services::EsCifra(parte[0]) && services::EsCifra(parte[1]);
 }
 
 bool EscribeAlFinal(const services::TextBox& caja) {
@@ -68,7 +64,8 @@ bool PasarAMiles(services::TextBox& caja) {
   const std::size_t coma = entorno.Antes.find(',');
   if (coma == std::string::npos || !entorno.Despues.empty()) return false;
   const std::string_view detras = std::string_view(entorno.Antes).substr(coma + 1);
-  if (detras.size() != kCifrasDeMiles || !std::all_of(detras.begin(), detras.end(), EsCifra)) {
+  if (detras.size() != kCifrasDeMiles ||
+      !std::all_of(detras.begin(), detras.end(), services::EsCifra)) {
     return false;
   }
   const int desde = caja.SelStart;
@@ -85,7 +82,7 @@ bool PasarAMiles(services::TextBox& caja) {
 
 int TeclaFecha(services::TextBox& caja, int tecla) {
   if (SiemprePasa(tecla) || tecla == '/') return tecla;
-  if (!EsCifra(tecla)) return 0;
+  if (!services::EsCifra(tecla)) return 0;
   if (EscribeAlFinal(caja) && FaltaBarra(caja.Text())) {
     caja.Text = caja.Text + "/";
     caja.SelStart = static_cast<int>(services::Longitud(caja.Text()));
@@ -94,7 +91,7 @@ int TeclaFecha(services::TextBox& caja, int tecla) {
 }
 
 int TeclaImporte(services::TextBox& caja, int tecla, bool soloEnteros) {
-  if (SiemprePasa(tecla) || EsCifra(tecla)) return tecla;
+  if (SiemprePasa(tecla) || services::EsCifra(tecla)) return tecla;
   if (soloEnteros) return tecla == ',' && AdmiteComa(caja) ? tecla : 0;
   if (tecla == ',' || tecla == '.') return AdmiteComa(caja) || PasarAMiles(caja) ? ',' : 0;
   return tecla == '-' && AdmiteSigno(caja) ? tecla : 0;

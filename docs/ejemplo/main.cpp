@@ -12,14 +12,12 @@
 
 namespace {
 
-constexpr int kTwips = 15;  // of a logical pixel
-
 class Marco final : public services::ObjetoContado<services::IForm> {
  public:
   explicit Marco(QWidget& ventana) : ventana_(ventana) {}
 
   services::Rectangulo Geometria() noexcept override {
-    return {0, 0, ventana_.width() * kTwips, ventana_.height() * kTwips};
+    return {0, 0, ventana_.width() * services::kTwips, ventana_.height() * services::kTwips};
   }
   std::int32_t WindowState() noexcept override { return ventana_.isMinimized() ? 1 : 0; }
   void PonerWindowState(std::int32_t estado) noexcept override {

@@ -3,7 +3,6 @@
 namespace anfitrion {
 namespace {
 
-constexpr int kTwips = 15;  // of a logical pixel
 constexpr int kNormal = 0;
 constexpr int kMinimizada = 1;
 constexpr int kMaximizada = 2;
@@ -13,8 +12,8 @@ constexpr int kMaximizada = 2;
 services::Rectangulo Formulario::Geometria() noexcept {
   if (!ventana_) return {};
   const QPoint lugar = ventana_->mapToGlobal(QPoint());
-  return {lugar.x() * kTwips, lugar.y() * kTwips, ventana_->width() * kTwips,
-          ventana_->height() * kTwips};
+  return {lugar.x() * services::kTwips, lugar.y() * services::kTwips,
+          ventana_->width() * services::kTwips, ventana_->height() * services::kTwips};
 }
 
 std::int32_t Formulario::WindowState() noexcept {

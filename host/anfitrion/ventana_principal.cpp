@@ -18,8 +18,6 @@
 namespace anfitrion {
 namespace {
 
-constexpr int kTwips = 15;  // of a logical pixel
-
 services::Ref<services::IForm> ComoForm(QWidget& ventana) {
   return services::Crear<Formulario>(ventana);
 }
@@ -48,7 +46,8 @@ VentanaPrincipal::VentanaPrincipal(const Opciones& opciones, const Datos& datos)
   ComponerEstado(opciones, datos);
 
   const QSize pantalla = QGuiApplication::primaryScreen()->size();
-  const Opciones::Medida real{pantalla.width() * kTwips, pantalla.height() * kTwips};
+  const Opciones::Medida real{pantalla.width() * services::kTwips,
+                              pantalla.height() * services::kTwips};
   const Opciones::Medida referencia = opciones.Referencia.value_or(real);
   contexto_ = services::Crear<Contexto>(Sesion{
       datos.Almacenados, services::Ref<services::Conexion>(datos.DeTrabajo), ComoForm(*marco_),

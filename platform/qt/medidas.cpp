@@ -4,6 +4,8 @@
 #include <QFontInfo>
 #include <algorithm>
 
+#include "forms/iform.h"
+
 namespace qt {
 namespace {
 
@@ -21,11 +23,11 @@ double Proporcion() {
 }  // namespace
 
 int Pixeles(int twips) {
-  return qRound(twips * Proporcion() / kTwips);
+  return qRound(twips * Proporcion() / services::kTwips);
 }
 
 double Twips(double pixeles) {
-  return pixeles * kTwips / Proporcion();
+  return pixeles * services::kTwips / Proporcion();
 }
 
 QFont Fuente(double puntos, bool negrita) {

@@ -7,9 +7,6 @@
 
 namespace qt {
 
-/// Twips of a logical pixel.
-inline constexpr int kTwips = 15;
-
 /// Logical pixels of a measure in twips, grown with the desktop's font.
 [[nodiscard]] int Pixeles(int twips);
 

@@ -41,7 +41,7 @@ services::MedidaPantalla MedirPantalla() {
   ExigirVentanas();
   const QScreen* pantalla = QGuiApplication::primaryScreen();
   const QSize puntos = pantalla ? pantalla->size() : QSize();
-  return {puntos.width() * kTwips, puntos.height() * kTwips};
+  return {puntos.width() * services::kTwips, puntos.height() * services::kTwips};
 }
 
 /// Off the windows' thread there is no cursor: whoever asks for a window is told why it fails.

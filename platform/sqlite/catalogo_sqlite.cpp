@@ -4,14 +4,6 @@
 
 namespace sqlite {
 
-namespace {
-
-std::string Texto(sqlite3_stmt* sentencia, int indice) {
-  return reinterpret_cast<const char*>(sqlite3_column_text(sentencia, indice));
-}
-
-}  // namespace
-
 const dialecto::Tabla* Catalogo::Buscar(std::string_view nombre) {
   for (const auto& tabla : tablas_) {
     if (dialecto::MismoNombre(tabla->Nombre, nombre)) return tabla.get();
@@ -33,10 +25,11 @@ std::unique_ptr<dialecto::Tabla> Catalogo::Leer(std::string_view nombre) {
   while ((codigo = sqlite3_step(sentencia.get())) == SQLITE_ROW) {
     if (!tabla) {
       tabla = std::make_unique<dialecto::Tabla>();
-      tabla->Nombre = Texto(sentencia.get(), 0);
+      tabla->Nombre = TextoDeCelda(sentencia.get(), 0);
       tabla->Ocultas = {"rowid"};
     }
-    auto columna = ColumnaDeclarada(Texto(sentencia.get(), 1), Texto(sentencia.get(), 2));
+    auto columna = ColumnaDeclarada(std::string(TextoDeCelda(sentencia.get(), 1)),
+                                    TextoDeCelda(sentencia.get(), 2));
     columna.AdmiteNulo = sqlite3_column_int(sentencia.get(), 3) == 0;
     tabla->Columnas.push_back(std::move(columna));
   }

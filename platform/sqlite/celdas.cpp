@@ -2,9 +2,9 @@
 
 #include <algorithm>
 #include <array>
-#include <charconv>
 
 #include "sqlite/momento.h"
+#include "valores/numero.h"
 
 namespace sqlite {
 
@@ -30,17 +30,6 @@ constexpr std::array Declaraciones = {
 
 char Mayuscula(char c) {
   return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c;
-}
-
-int Entero(std::string_view texto) {
-  int valor = -1;
-  const auto [fin, fallo] = std::from_chars(texto.data(), texto.data() + texto.size(), valor);
-  return fallo == std::errc() && fin == texto.data() + texto.size() ? valor : -1;
-}
-
-std::string_view Texto(sqlite3_stmt* sentencia, int indice) {
-  const auto* texto = reinterpret_cast<const char*>(sqlite3_column_text(sentencia, indice));
-  return {texto ? texto : "", static_cast<std::size_t>(sqlite3_column_bytes(sentencia, indice))};
 }
 
 void AnadirFechaOTexto(std::string_view texto, Filas& filas) {
@@ -69,15 +58,15 @@ void AnadirCelda(sqlite3_stmt* sentencia, int indice, TipoColumna tipo, Filas& f
     case SQLITE_NULL:
       return filas.AnadirNulo();
     case SQLITE_INTEGER:
-      if (tipo == TipoColumna::Texto) return filas.AnadirTexto(Texto(sentencia, indice));
+      if (tipo == TipoColumna::Texto) return filas.AnadirTexto(TextoDeCelda(sentencia, indice));
       return AnadirEntero(sentencia, indice, tipo, filas);
     case SQLITE_FLOAT:
       return filas.AnadirNumero(sqlite3_column_double(sentencia, indice));
     default:
       if (tipo == TipoColumna::FechaHora) {
-        return AnadirFechaOTexto(Texto(sentencia, indice), filas);
+        return AnadirFechaOTexto(TextoDeCelda(sentencia, indice), filas);
       }
-      return filas.AnadirTexto(Texto(sentencia, indice));
+      return filas.AnadirTexto(TextoDeCelda(sentencia, indice));
   }
 }
 
@@ -93,10 +82,15 @@ Columna ColumnaDeclarada(std::string nombre, std::string_view declarado) {
   }
   if (columna.Tipo == TipoColumna::Texto && parentesis < declarado.size()) {
     const auto cierre = declarado.find(')');
-    const int longitud = Entero(declarado.substr(parentesis + 1, cierre - parentesis - 1));
-    columna.Longitud = std::max(longitud, 0);
+    const auto cifras = declarado.substr(parentesis + 1, cierre - parentesis - 1);
+    columna.Longitud = services::EnteroDeCifras(cifras).value_or(0);
   }
   return columna;
+}
+
+std::string_view TextoDeCelda(sqlite3_stmt* sentencia, int indice) {
+  const auto* texto = reinterpret_cast<const char*>(sqlite3_column_text(sentencia, indice));
+  return {texto ? texto : "", static_cast<std::size_t>(sqlite3_column_bytes(sentencia, indice))};
 }
 
 void Enlazar(sqlite3_stmt* sentencia, int indice, const Valor& valor) {

@@ -17,6 +17,9 @@ namespace sqlite {
 /// number.
 [[nodiscard]] services::Columna ColumnaDeclarada(std::string nombre, std::string_view declarado);
 
+/// The text of the cell at that place, valid until the statement moves on; empty for a Null.
+[[nodiscard]] std::string_view TextoDeCelda(sqlite3_stmt* sentencia, int indice);
+
 /// Binds a value; a text isn't copied and must live until the statement has run.
 void Enlazar(sqlite3_stmt* sentencia, int indice, const services::Valor& valor);
 

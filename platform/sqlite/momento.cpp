@@ -1,6 +1,6 @@
 #include "sqlite/momento.h"
 
-#include <charconv>
+#include "valores/numero.h"
 
 namespace sqlite {
 
@@ -11,10 +11,9 @@ namespace {
 constexpr std::size_t kDia = 10;      // of the text above, what tells the day
 constexpr std::size_t kMinutos = 16;  // and the minute
 
-int Entero(std::string_view texto) {
-  int valor = -1;
-  const auto [fin, fallo] = std::from_chars(texto.data(), texto.data() + texto.size(), valor);
-  return fallo == std::errc() && fin == texto.data() + texto.size() ? valor : -1;
+/// -1 where there are other signs than figures.
+int Parte(std::string_view texto, std::size_t desde, std::size_t cifras) {
+  return services::EnteroDeCifras(texto.substr(desde, cifras)).value_or(-1);
 }
 
 bool TieneFormaIso(std::string_view texto) {
@@ -26,12 +25,12 @@ bool TieneFormaIso(std::string_view texto) {
 }
 
 std::optional<FechaHora> LeerIso(std::string_view texto) {
-  const int anio = Entero(texto.substr(0, 4));
-  const int mes = Entero(texto.substr(5, 2));
-  const int dia = Entero(texto.substr(8, 2));
-  const int hora = texto.size() > kDia ? Entero(texto.substr(11, 2)) : 0;
-  const int minuto = texto.size() > kDia ? Entero(texto.substr(14, 2)) : 0;
-  const int segundo = texto.size() > kMinutos ? Entero(texto.substr(17, 2)) : 0;
+  const int anio = Parte(texto, 0, 4);
+  const int mes = Parte(texto, 5, 2);
+  const int dia = Parte(texto, 8, 2);
+  const int hora = texto.size() > kDia ? Parte(texto, 11, 2) : 0;
+  const int minuto = texto.size() > kDia ? Parte(texto, 14, 2) : 0;
+  const int segundo = texto.size() > kMinutos ? Parte(texto, 17, 2) : 0;
   const bool existe = anio >= 100 && mes >= 1 && mes <= 12 && dia >= 1 &&
                       dia <= services::DiasDelMes(anio, mes) && hora >= 0 && hora < 24 &&
                       minuto >= 0 && minuto < 60 && segundo >= 0 && segundo < 60;

@@ -2,12 +2,12 @@
 
 #include <gtest/gtest.h>
 
+#include "apoyo/errores.h"
 #include "base_de_mentira.h"
 #include "datos/recordset.h"
 #include "guion/utiles_vigilados.h"
-#include "valores/error.h"
 
-using services::ErrorEjecucion;
+using apoyo::NumeroDeError;
 using services::ModoApertura;
 
 namespace {
@@ -19,17 +19,6 @@ class UnaConexion : public testing::Test {
   services::Ref<pruebas::ConexionDeMentira> dentro = services::Crear<pruebas::ConexionDeMentira>();
   services::Ref<services::Conexion> conexion =
       services::Crear<guion::ConexionVigilada>(dentro, vigia);
-
-  /// Number of the error that `accion` throws, 0 for none.
-  template <class A>
-  std::int32_t Numero(A accion) {
-    try {
-      accion();
-      return 0;
-    } catch (const ErrorEjecucion& fallo) {
-      return fallo.Numero();
-    }
-  }
 };
 
 TEST_F(UnaConexion, ApuntaCadaSentenciaTalComoSeEscribe) {
@@ -46,8 +35,8 @@ TEST_F(UnaConexion, ApuntaCadaSentenciaTalComoSeEscribe) {
 TEST_F(UnaConexion, FallaLaLlamadaPedidaYSoloEsa) {
   vigia->Provocar(2, -7);
   const auto cursor = conexion->Abrir("SELECT T.* FROM T", ModoApertura::Optimista);
-  EXPECT_EQ(Numero([&] { static_cast<void>(cursor->Leer()); }), -7);
-  EXPECT_EQ(Numero([&] { static_cast<void>(cursor->Leer()); }), 0);
+  EXPECT_EQ(NumeroDeError([&] { static_cast<void>(cursor->Leer()); }), -7);
+  EXPECT_EQ(NumeroDeError([&] { static_cast<void>(cursor->Leer()); }), 0);
   EXPECT_EQ(dentro->Llamadas, (std::vector<std::string>{"abrir SELECT T.* FROM T", "leer"}));
 }
 
@@ -55,7 +44,7 @@ TEST_F(UnaConexion, MirarLasColumnasDeUnaTablaNoEsUnaLlamada) {
   vigia->Provocar(1, -7);
   EXPECT_EQ(conexion->ColumnasDe("T").size(), 1U);
   EXPECT_TRUE(registro->Sentencias.empty());
-  EXPECT_EQ(Numero([&] {
+  EXPECT_EQ(NumeroDeError([&] {
               static_cast<void>(conexion->Abrir("SELECT T.* FROM T", ModoApertura::Lectura));
             }),
             -7);
@@ -67,14 +56,15 @@ TEST_F(UnaConexion, CuentaTodasLasClasesDeLlamada) {
     vigia->Provocar(n, -n);
     std::vector<std::int32_t> numeros;
     std::unique_ptr<services::Cursor> cursor;
-    numeros.push_back(Numero([&] { cursor = conexion->Abrir("SELECT 1", ModoApertura::Lectura); }));
+    numeros.push_back(
+        NumeroDeError([&] { cursor = conexion->Abrir("SELECT 1", ModoApertura::Lectura); }));
     if (!cursor) cursor = dentro->Abrir("SELECT 1", ModoApertura::Lectura);
     const bool abierta = numeros.front() == 0;
     if (abierta) {
-      numeros.push_back(Numero([&] { static_cast<void>(cursor->Leer()); }));
-      numeros.push_back(Numero([&] { cursor->Insertar({}); }));
-      numeros.push_back(Numero([&] { cursor->Actualizar(filas, 0, {}); }));
-      numeros.push_back(Numero([&] { conexion->TerminarUnidad(); }));
+      numeros.push_back(NumeroDeError([&] { static_cast<void>(cursor->Leer()); }));
+      numeros.push_back(NumeroDeError([&] { cursor->Insertar({}); }));
+      numeros.push_back(NumeroDeError([&] { cursor->Actualizar(filas, 0, {}); }));
+      numeros.push_back(NumeroDeError([&] { conexion->TerminarUnidad(); }));
     }
     std::vector<std::int32_t> esperados(abierta ? 5 : 1, 0);
     esperados[static_cast<std::size_t>(n - 1)] = -n;
@@ -85,15 +75,15 @@ TEST_F(UnaConexion, CuentaTodasLasClasesDeLlamada) {
 TEST_F(UnaConexion, VariosFallosNoSeEstorban) {
   vigia->Provocar(1, -1);
   vigia->Provocar(3, -3);
-  EXPECT_EQ(Numero([&] { conexion->TerminarUnidad(); }), -1);
-  EXPECT_EQ(Numero([&] { conexion->TerminarUnidad(); }), 0);
-  EXPECT_EQ(Numero([&] { conexion->TerminarUnidad(); }), -3);
-  EXPECT_EQ(Numero([&] { conexion->TerminarUnidad(); }), 0);
+  EXPECT_EQ(NumeroDeError([&] { conexion->TerminarUnidad(); }), -1);
+  EXPECT_EQ(NumeroDeError([&] { conexion->TerminarUnidad(); }), 0);
+  EXPECT_EQ(NumeroDeError([&] { conexion->TerminarUnidad(); }), -3);
+  EXPECT_EQ(NumeroDeError([&] { conexion->TerminarUnidad(); }), 0);
 }
 
 TEST_F(UnaConexion, ElFinDeUnidadQueFallaPierdeLoEscrito) {
   vigia->Provocar(1, -1);
-  EXPECT_EQ(Numero([&] { conexion->TerminarUnidad(); }), -1);
+  EXPECT_EQ(NumeroDeError([&] { conexion->TerminarUnidad(); }), -1);
   EXPECT_EQ(dentro->Llamadas, std::vector<std::string>{"abandonar"});
 }
 

@@ -6,22 +6,17 @@
 
 #include "base_de_mentira.h"
 #include "componente_de_mentira.h"
+#include "guion/corrida.h"
 
 namespace {
 
 /// What a text printed, and how its run ended.
-struct Corrida {
-  int Estado;
-  std::string Salida;
-  std::string Errores;
-};
-
 class UnGuion : public testing::Test {
  protected:
   pruebas::BaseDeMentira datos;
   pruebas::BaseDeMentira local;
 
-  Corrida Correr(const std::string& texto) {
+  pruebas::Corrida Correr(const std::string& texto) {
     std::ostringstream salida;
     std::ostringstream errores;
     guion::Mundo* el = nullptr;
@@ -35,7 +30,7 @@ class UnGuion : public testing::Test {
 
   /// A text of which everything is expected to go well.
   std::string Salida(const std::string& texto) {
-    const Corrida corrida = Correr(texto);
+    const pruebas::Corrida corrida = Correr(texto);
     EXPECT_EQ(corrida.Estado, 0) << corrida.Salida << corrida.Errores;
     EXPECT_EQ(corrida.Errores, "");
     return corrida.Salida;
@@ -132,7 +127,7 @@ TEST_F(UnGuion, UnAvisoReclamadoAunSeImprime) {
 }
 
 TEST_F(UnGuion, UnaPreguntaSinRespuestaTerminaLaFuncion) {
-  const Corrida corrida = Correr("cargar\npulsar BotonPregunta\nfoco?");
+  const pruebas::Corrida corrida = Correr("cargar\npulsar BotonPregunta\nfoco?");
   EXPECT_EQ(corrida.Estado, 2);
   EXPECT_EQ(corrida.Salida, "");
   EXPECT_EQ(corrida.Errores, "línea 2: pregunta sin respuesta: ¿Seguro?\n");
@@ -145,7 +140,7 @@ TEST_F(UnGuion, LosErroresSeImprimenYLaFuncionSigue) {
 }
 
 TEST_F(UnGuion, ElErrorDeUnaOrdenAnteriorNoVale) {
-  const Corrida corrida = Correr("cargar\npulsar BotonError\nfoco TxtA\nespera error 13");
+  const pruebas::Corrida corrida = Correr("cargar\npulsar BotonError\nfoco TxtA\nespera error 13");
   EXPECT_EQ(corrida.Estado, 1);
   EXPECT_EQ(corrida.Salida,
             "error 13 \"No coinciden los tipos\"\nFALLO line 4: esperado 13, obtenido ninguno\n");
@@ -178,7 +173,7 @@ TEST_F(UnGuion, LaUnidadSeDiceALaBaseAlmacenada) {
 }
 
 TEST_F(UnGuion, LoQueElMotorNoQuiereTerminaLaFuncion) {
-  const Corrida corrida = Correr("cargar\ndatos MAL\nfoco?");
+  const pruebas::Corrida corrida = Correr("cargar\ndatos MAL\nfoco?");
   EXPECT_EQ(corrida.Estado, 2);
   EXPECT_EQ(corrida.Errores, "línea 2: el motor no quiere\n");
   EXPECT_EQ(corrida.Salida, "");
@@ -206,7 +201,7 @@ struct Reclamo {
 class ReclamoFallido : public UnGuion, public testing::WithParamInterface<Reclamo> {};
 
 TEST_P(ReclamoFallido, DiceLoEsperadoYLoObtenidoYSigue) {
-  const Corrida corrida = Correr("cargar\n" + std::string(GetParam().Texto) + "\nfoco?");
+  const pruebas::Corrida corrida = Correr("cargar\n" + std::string(GetParam().Texto) + "\nfoco?");
   EXPECT_EQ(corrida.Estado, 1);
   EXPECT_EQ(corrida.Salida, "FALLO line 2: " + std::string(GetParam().Salida) + "\nninguno\n");
 }
@@ -229,14 +224,14 @@ INSTANTIATE_TEST_SUITE_P(
                 "esperado ninguna fila, obtenido \"1|NULL\" \"2|dos\""}));
 
 TEST_F(UnGuion, UnAvisoDistintoCuentaComoReclamado) {
-  const Corrida corrida =
+  const pruebas::Corrida corrida =
       Correr("cargar\npulsar BotonAviso\nespera aviso \"Otro\"\nespera sin avisos");
   EXPECT_EQ(corrida.Estado, 1);
   EXPECT_EQ(corrida.Salida, "FALLO line 3: esperado \"Otro\", obtenido \"Fecha incorrecta\"\n");
 }
 
 TEST_F(UnGuion, UnAvisoQueSobraHaceFallarSinAvisos) {
-  const Corrida corrida = Correr("cargar\npulsar BotonAviso\nespera sin avisos");
+  const pruebas::Corrida corrida = Correr("cargar\npulsar BotonAviso\nespera sin avisos");
   EXPECT_EQ(corrida.Estado, 1);
   EXPECT_EQ(corrida.Salida, "FALLO line 3: esperado ninguno, obtenido \"Fecha incorrecta\"\n");
 }

@@ -8,6 +8,7 @@
 #include <string>
 
 #include "guion/carpeta_temporal.h"
+#include "guion/corrida.h"
 #include "guion/opciones_guion.h"
 #include "guion/texto_guion.h"
 #include "sqlite/conexion_sqlite.h"
@@ -22,12 +23,6 @@ std::string Leer(const fs::path& fichero) {
   return texto.str();
 }
 
-struct Corrida {
-  int Estado;
-  std::string Salida;
-  std::string Errores;
-};
-
 /// Runs the program itself, its temporary files in a folder of the test's own.
 class ElPrograma : public testing::Test {
  protected:
@@ -35,7 +30,7 @@ class ElPrograma : public testing::Test {
   fs::path temporales = carpeta.Ruta() / "tmp";
   void SetUp() override { fs::create_directory(temporales); }
 
-  Corrida Correr(const std::string& opciones, const std::string& texto) {
+  pruebas::Corrida Correr(const std::string& opciones, const std::string& texto) {
     std::ofstream(carpeta.Ruta() / "x.guion") << texto;
     const std::string en = carpeta.Ruta().string();
     const std::string orden = "cd " + en + " && TMPDIR=" + temporales.string() + " " +
@@ -46,7 +41,7 @@ class ElPrograma : public testing::Test {
 };
 
 TEST_F(ElPrograma, TodoBienDaCeroYNoDejaNada) {
-  const Corrida corrida = Correr("x.guion", "cargar\npantallas\n");
+  const pruebas::Corrida corrida = Correr("x.guion", "cargar\npantallas\n");
   EXPECT_EQ(corrida.Estado, 0);
   EXPECT_EQ(corrida.Salida, "FrmTesvaraGastos 1\n");
   EXPECT_EQ(corrida.Errores, "");
@@ -56,7 +51,7 @@ TEST_F(ElPrograma, TodoBienDaCeroYNoDejaNada) {
 TEST_F(ElPrograma, LaBaseLocalEnUsoPorOtroSeDiceYNoSeCorreNada) {
   const std::string local = (carpeta.Ruta() / "local.sqlite").string();
   const auto otro = sqlite::AbrirConexion(local, {.Crear = true, .Exclusiva = true});
-  const Corrida corrida = Correr("--local " + local + " x.guion", "foco?\n");
+  const pruebas::Corrida corrida = Correr("--local " + local + " x.guion", "foco?\n");
   EXPECT_EQ(corrida.Estado, 2);
   EXPECT_EQ(corrida.Salida, "");
   EXPECT_NE(corrida.Errores.find(local + " está en uso por otro programa"), std::string::npos)
@@ -68,13 +63,13 @@ TEST_F(ElPrograma, LeeLaEntradaConUnGuion) {
 }
 
 TEST_F(ElPrograma, UnReclamoFallidoDaUno) {
-  const Corrida corrida = Correr("x.guion", "espera error 13\npantallas\nfoco?");
+  const pruebas::Corrida corrida = Correr("x.guion", "espera error 13\npantallas\nfoco?");
   EXPECT_EQ(corrida.Estado, 1);
   EXPECT_EQ(corrida.Salida, "FALLO line 1: esperado 13, obtenido ninguno\nninguno\n");
 }
 
 TEST_F(ElPrograma, UnTextoQueNoSeEntiendeDaDosYNoCorreNada) {
-  const Corrida corrida = Correr("x.guion", "foco?\nbailar\n");
+  const pruebas::Corrida corrida = Correr("x.guion", "foco?\nbailar\n");
   EXPECT_EQ(corrida.Estado, 2);
   EXPECT_EQ(corrida.Salida, "");
   EXPECT_EQ(corrida.Errores, "línea 2: orden desconocida: bailar\n");
@@ -82,7 +77,8 @@ TEST_F(ElPrograma, UnTextoQueNoSeEntiendeDaDosYNoCorreNada) {
 }
 
 TEST_F(ElPrograma, LoQueElMotorRechazaDaDosYTampocoDejaNada) {
-  const Corrida corrida = Correr("x.guion", "foco?\ndatos INSERT INTO NoEsta VALUES (1)\nfoco?");
+  const pruebas::Corrida corrida =
+      Correr("x.guion", "foco?\ndatos INSERT INTO NoEsta VALUES (1)\nfoco?");
   EXPECT_EQ(corrida.Estado, 2);
   EXPECT_EQ(corrida.Salida, "ninguno\n");
   EXPECT_EQ(corrida.Errores.substr(0, 10), "línea 2: ");
@@ -91,7 +87,7 @@ TEST_F(ElPrograma, LoQueElMotorRechazaDaDosYTampocoDejaNada) {
 }
 
 TEST_F(ElPrograma, MantenerConservaLoHechoYDiceDonde) {
-  const Corrida corrida =
+  const pruebas::Corrida corrida =
       Correr("--mantener x.guion", "datos INSERT INTO ProvConceptos VALUES ('1','Luz')");
   EXPECT_EQ(corrida.Estado, 0);
   ASSERT_FALSE(fs::is_empty(temporales));
@@ -115,7 +111,7 @@ TEST_F(ElPrograma, UnFicheroDadoSeHaceYSeQueda) {
 
 TEST_F(ElPrograma, LoQueNoEsUnaBaseDaDos) {
   std::ofstream(carpeta.Ruta() / "no.db") << "esto no es una base de datos, ni lo parece";
-  const Corrida corrida = Correr("--datos no.db x.guion", "foco?");
+  const pruebas::Corrida corrida = Correr("--datos no.db x.guion", "foco?");
   EXPECT_EQ(corrida.Estado, 2);
   EXPECT_EQ(corrida.Salida, "");
   EXPECT_NE(corrida.Errores, "");
@@ -123,7 +119,7 @@ TEST_F(ElPrograma, LoQueNoEsUnaBaseDaDos) {
 
 TEST_F(ElPrograma, LasOpcionesMalPuestasDanDosYElUso) {
   for (const char* opciones : {"", "--datos", "--otra x.guion", "x.guion y.guion", "--local"}) {
-    const Corrida corrida = Correr(opciones, "foco?");
+    const pruebas::Corrida corrida = Correr(opciones, "foco?");
     EXPECT_EQ(corrida.Estado, 2) << opciones;
     EXPECT_NE(corrida.Errores.find("uso: tesvara-guion"), std::string::npos) << opciones;
   }
@@ -140,7 +136,7 @@ TEST_F(ElPrograma, NingunFalloDeUnaBaseTumbaLaPantalla) {
       "('400','F1','2005','20050310',10)\ncargar\ncelda MSFPagos 1 5\n";
   for (const char* base : {"datos", "local"}) {
     for (int n = 1; n <= 30; ++n) {
-      const Corrida corrida = Correr(
+      const pruebas::Corrida corrida = Correr(
           "x.guion", antes + "fallo " + base + " " + std::to_string(n) +
                          "\npulsar BotonAceptar\nresponder si\ncerrar\ncargar\ncargar\npantallas");
       EXPECT_EQ(corrida.Estado, 0) << base << " " << n << "\n" << corrida.Errores;

@@ -12,7 +12,7 @@ namespace {
 
 using jornada::Partida;
 
-#if defined(__SANITIZE_ADDRESS__)
+#if defined(TESVARA_SANITIZADO)
 constexpr int kPaso = 13;  // each run costs some ten times more under the sanitizers
 #else
 constexpr int kPaso = 1;

@@ -22,7 +22,7 @@ namespace {
 namespace fs = std::filesystem;
 using Reloj = std::chrono::steady_clock;
 
-#if defined(__SANITIZE_ADDRESS__)
+#if defined(TESVARA_SANITIZADO)
 constexpr int kMomentos = 20;
 #else
 constexpr int kMomentos = 200;

@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "apoyo/errores.h"
 #include "jornada/partida.h"
 #include "list/color_lista.h"
 #include "valores/error.h"
@@ -307,12 +308,7 @@ TEST_F(Pantalla, DevolverOtroFormularioPorElSuyoEsUnError) {
       ++repintados;
       form = devuelto;
     };
-    try {
-      pantalla.Form_Paint();
-      return 0;
-    } catch (const services::ErrorEjecucion& fallo) {
-      return fallo.Numero();
-    }
+    return apoyo::NumeroDeError([&] { pantalla.Form_Paint(); });
   };
   EXPECT_EQ(pedir(Ref<IUnknown>(services::Crear<guion::FormAnfitrion>())),
             services::error::InterfazNoDisponible);

@@ -4,9 +4,9 @@
 #include <memory>
 #include <string>
 
+#include "apoyo/errores.h"
 #include "datos/conexion.h"
 #include "datos/recordset.h"
-#include "valores/error.h"
 
 namespace pruebas {
 
@@ -36,15 +36,7 @@ inline void PrintTo(const Motor& motor, std::ostream* salida) {
   *salida << motor.Nombre;
 }
 
-template <class Accion>
-std::int32_t NumeroDeError(Accion&& accion) {
-  try {
-    accion();
-  } catch (const services::ErrorEjecucion& fallo) {
-    return fallo.Numero();
-  }
-  return 0;
-}
+using apoyo::NumeroDeError;
 
 [[nodiscard]] std::unique_ptr<Banco> CrearBancoSqlite();
 

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "apoyo/errores.h"
 #include "apoyo/plataforma_de_prueba.h"
 #include "forms/controles.h"
 #include "valores/error.h"
@@ -88,12 +89,8 @@ TEST_F(Escala, UnaImagenSeEstira) {
 }
 
 TEST_F(Escala, SinMedidaDeReferenciaEsUnaDivisionPorCero) {
-  try {
-    shell::EscalarControles(f, 12000, 9000, 0, 0);
-    FAIL();
-  } catch (const services::ErrorEjecucion& fallo) {
-    EXPECT_EQ(fallo.Numero(), services::error::DivisionPorCero);
-  }
+  EXPECT_EQ(apoyo::NumeroDeError([&] { shell::EscalarControles(f, 12000, 9000, 0, 0); }),
+            services::error::DivisionPorCero);
 }
 
 }  // namespace

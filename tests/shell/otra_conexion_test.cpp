@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "apoyo/componente_en_marcha.h"
+#include "apoyo/errores.h"
 #include "apoyo/negocio_de_prueba.h"
 #include "valores/error.h"
 
@@ -64,13 +65,10 @@ class OtraConexion : public testing::Test {
   }
   /// "Grabar", as the user presses it. The text of its failure, empty for none.
   [[nodiscard]] std::string Grabar() {
-    try {
+    return apoyo::DescripcionDeError([&] {
       componente.Sesion().Escritorio().Operacion(
           [&] { services::Widget::Disparar(componente.Pantalla().BotonAceptar.Click); });
-    } catch (const services::ErrorEjecucion& fallo) {
-      return fallo.Descripcion();
-    }
-    return "";
+    });
   }
   [[nodiscard]] int Cuenta(const std::string& sql) const {
     return static_cast<int>(negocio.AbrirDatos()->Consultar(sql).Filas.En(0, 0).Numero());

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "apoyo/componente_en_marcha.h"
+#include "apoyo/errores.h"
 #include "apoyo/negocio_de_prueba.h"
 #include "store/tablas.h"
 #include "valores/error.h"
@@ -16,15 +17,6 @@ class CopiaDeTrabajo : public testing::Test {
   int EnTrabajo(const std::string& tabla) {
     return static_cast<int>(
         temp->Consultar("SELECT count(*) FROM " + tabla).Filas.En(0, 0).Numero());
-  }
-  template <class Accion>
-  static int NumeroDeError(Accion&& accion) {
-    try {
-      accion();
-    } catch (const services::ErrorEjecucion& fallo) {
-      return fallo.Numero();
-    }
-    return 0;
   }
 
   apoyo::NegocioDePrueba negocio{apoyo::Tamano{5, 10}};
@@ -45,7 +37,7 @@ TEST_F(CopiaDeTrabajo, SabeQueRangoTiene) {
 }
 
 TEST_F(CopiaDeTrabajo, SinRangoNoGrabaNiTocaNada) {
-  EXPECT_EQ(NumeroDeError([&] { copia.Grabar(); }), services::error::ObjetoNoEstablecido);
+  EXPECT_EQ(apoyo::NumeroDeError([&] { copia.Grabar(); }), services::error::ObjetoNoEstablecido);
   EXPECT_EQ(datos->Consultar("SELECT count(*) FROM ProvFacturas").Filas.En(0, 0).Numero(), 5);
 }
 
@@ -58,7 +50,7 @@ TEST_F(CopiaDeTrabajo, GrabadaYaNoTieneRangoNiFilas) {
                 .Filas.En(0, 0)
                 .Numero(),
             5);
-  EXPECT_NE(NumeroDeError([&] { copia.Grabar(); }), 0);
+  EXPECT_NE(apoyo::NumeroDeError([&] { copia.Grabar(); }), 0);
 }
 
 TEST_F(CopiaDeTrabajo, VaciadaTampocoTieneRango) {
@@ -71,7 +63,8 @@ TEST_F(CopiaDeTrabajo, VaciadaTampocoTieneRango) {
 TEST_F(CopiaDeTrabajo, UnRangoSinUnaDeSusFechasNoSeCarga) {
   copia.Cargar(kRangoDeMarzo);
   for (const store::Intervalo& medio : {store::Intervalo{"", "20050331"}, {"20050301", ""}}) {
-    EXPECT_EQ(NumeroDeError([&] { copia.Cargar(medio); }), services::error::TiposNoCoinciden);
+    EXPECT_EQ(apoyo::NumeroDeError([&] { copia.Cargar(medio); }),
+              services::error::TiposNoCoinciden);
   }
   EXPECT_EQ(EnTrabajo("TempProvFacturas"), 5) << "la copia que había sigue";
   EXPECT_TRUE(copia.Rango());

@@ -6,6 +6,9 @@
 
 namespace services {
 
+/// Twips of a logical pixel.
+inline constexpr int kTwips = 15;
+
 /// Place and size on the desktop, in twips.
 struct Rectangulo {
   int Left = 0;

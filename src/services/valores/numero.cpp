@@ -8,6 +8,7 @@
 #include <utility>
 
 #include "valores/error.h"
+#include "valores/texto.h"
 
 namespace services {
 namespace {
@@ -22,9 +23,6 @@ struct Lectura {
   const char* fin;
 };
 
-constexpr bool EsCifra(char c) {
-  return c >= '0' && c <= '9';
-}
 constexpr bool EsBlanco(char c) {
   return c == ' ' || (c >= '\t' && c <= '\r');
 }
@@ -166,6 +164,13 @@ std::optional<double> LeerNumero(std::string_view texto) {
 
 bool EsNumero(std::string_view texto) {
   return LeerNumero(texto).has_value();
+}
+
+std::optional<int> EnteroDeCifras(std::string_view texto) {
+  int valor = 0;
+  const auto [fin, fallo] = std::from_chars(texto.data(), texto.data() + texto.size(), valor);
+  const bool entero = fallo == std::errc() && fin == texto.data() + texto.size() && texto[0] != '-';
+  return entero ? std::optional(valor) : std::nullopt;
 }
 
 double Val(std::string_view texto) {

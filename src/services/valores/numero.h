@@ -18,6 +18,9 @@ namespace services {
 [[nodiscard]] std::optional<double> LeerNumero(std::string_view texto);
 [[nodiscard]] bool EsNumero(std::string_view texto);
 
+/// The whole number of a text that is nothing but figures, where it fits 31 bits.
+[[nodiscard]] std::optional<int> EnteroDeCifras(std::string_view texto);
+
 /// The number at the start of a text, with the point as its decimal mark and blanks left out; 0
 /// where there is none. Throws 6 where it doesn't fit a Double.
 [[nodiscard]] double Val(std::string_view texto);

@@ -14,6 +14,10 @@ namespace services {
 /// Without the blanks (U+0020 alone) on both sides.
 [[nodiscard]] std::string_view Trim(std::string_view texto);
 
+[[nodiscard]] constexpr bool EsCifra(int c) noexcept {
+  return c >= '0' && c <= '9';
+}
+
 /// The text as a cell shows it: a blank in the place of each tab, line break or other control sign.
 [[nodiscard]] std::string EnUnaLinea(std::string_view texto);
 

@@ -9,7 +9,7 @@
 #include <utility>
 #include <vector>
 
-#include "valores/error.h"
+#include "apoyo/errores.h"
 
 namespace pruebas {
 
@@ -45,26 +45,7 @@ class CarpetaDeDatos {
   std::vector<std::pair<std::string, std::optional<std::string>>> viejas_;
 };
 
-/// The number of the error that `accion` throws; 0 when it throws none.
-template <class Accion>
-std::int32_t NumeroDeError(Accion&& accion) {
-  try {
-    accion();
-  } catch (const services::ErrorEjecucion& fallo) {
-    return fallo.Numero();
-  }
-  return 0;
-}
-
-/// The same for its text; empty when it throws none.
-template <class Accion>
-std::string DescripcionDeError(Accion&& accion) {
-  try {
-    accion();
-  } catch (const services::ErrorEjecucion& fallo) {
-    return fallo.Descripcion();
-  }
-  return "";
-}
+using apoyo::DescripcionDeError;
+using apoyo::NumeroDeError;
 
 }  // namespace pruebas

@@ -3,6 +3,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "apoyo/errores.h"
 #include "catalogo_de_prueba.h"
 #include "valores/error.h"
 
@@ -24,12 +25,7 @@ class Banco {
     return sentencia_;
   }
   std::int32_t Error(std::string_view texto) {
-    try {
-      Traducir(texto);
-    } catch (const services::ErrorEjecucion& fallo) {
-      return fallo.Numero();
-    }
-    return 0;
+    return apoyo::NumeroDeError([&] { Traducir(texto); });
   }
   [[nodiscard]] std::vector<dialecto::ColumnaDada> Columnas() const {
     return traductor_.Columnas();
@@ -244,12 +240,11 @@ TEST(Traductor, UnLiteralAUnSoloLadoSeEntiende) {
 }
 
 TEST(Traductor, LaCondiciónSinColumnaSeDiceDesdeDondeEmpieza) {
-  try {
+  const auto traducir = [] {
     Banco().Traducir("DELETE FROM Caja WHERE Factura like 'A' or '1'='1'");
-    FAIL();
-  } catch (const services::ErrorEjecucion& fallo) {
-    EXPECT_THAT(fallo.Descripcion(), testing::HasSubstr("ninguna columna, en «1'='1'»"));
-  }
+  };
+  EXPECT_THAT(apoyo::DescripcionDeError(traducir),
+              testing::HasSubstr("ninguna columna, en «1'='1'»"));
 }
 
 TEST(Traductor, UnaTablaQueNoEstáTieneSuNúmero) {

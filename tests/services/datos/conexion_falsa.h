@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "apoyo/errores.h"
 #include "datos/conexion.h"
 #include "valores/error.h"
 
@@ -104,15 +105,6 @@ class ConexionFalsa final : public services::ObjetoContado<services::Conexion> {
   std::shared_ptr<TablaFalsa> tabla_;
 };
 
-/// The number of the error that `accion` throws; 0 when it throws none.
-template <class Accion>
-std::int32_t NumeroDeError(Accion&& accion) {
-  try {
-    accion();
-  } catch (const services::ErrorEjecucion& fallo) {
-    return fallo.Numero();
-  }
-  return 0;
-}
+using apoyo::NumeroDeError;
 
 }  // namespace pruebas

@@ -1,5 +1,7 @@
 #include "apoyo/pantalla_contada.h"
 
+#include "apoyo/errores.h"
+
 // How a screen loads, shows, hides and goes.
 
 namespace {
@@ -135,12 +137,7 @@ TEST_F(Formulario, UnSegundoUnloadMientrasCorreElPrimeroNoEsOtro) {
 TEST_F(Formulario, UnFormDescargadoNoSeVuelveACargar) {
   form->Show();
   form->Unload();
-  try {
-    form->Show();
-    FAIL() << "se ha vuelto a cargar";
-  } catch (const ErrorEjecucion& fallo) {
-    EXPECT_EQ(fallo.Numero(), services::error::ObjetoDescargado);
-  }
+  EXPECT_EQ(apoyo::NumeroDeError([&] { form->Show(); }), services::error::ObjetoDescargado);
 }
 
 TEST_F(Formulario, ElDescargadoDuraHastaElFinDelEvento) {

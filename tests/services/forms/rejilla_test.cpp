@@ -1,3 +1,4 @@
+#include "apoyo/errores.h"
 #include "apoyo/pantalla_de_prueba.h"
 #include "forms/msflexgrid.h"
 #include "valores/error.h"
@@ -11,12 +12,7 @@ namespace color = services::color;
 
 template <class Accion>
 bool NoHayCelda(Accion&& accion) {
-  try {
-    accion();
-  } catch (const services::ErrorEjecucion& fallo) {
-    return fallo.Numero() == services::error::CeldaNoValida;
-  }
-  return false;
+  return apoyo::NumeroDeError(accion) == services::error::CeldaNoValida;
 }
 
 /// A grid of the header and four empty rows of four cells, on (1, 0).

@@ -8,9 +8,10 @@
 #include <tuple>
 #include <vector>
 
-#include "valores/error.h"
+#include "apoyo/errores.h"
 
-using services::ErrorEjecucion;
+using apoyo::NumeroDeError;
+using services::EnteroDeCifras;
 using services::EsNumero;
 using services::LeerNumero;
 using services::Numero;
@@ -19,16 +20,6 @@ using services::TextoDeNumero;
 using services::Val;
 
 namespace {
-
-template <class Accion>
-std::int32_t NumeroDeError(Accion accion) {
-  try {
-    (void)accion();
-    return 0;
-  } catch (const ErrorEjecucion& fallo) {
-    return fallo.Numero();
-  }
-}
 
 TEST(Numero, LeeALaEspanola) {
   const std::vector<std::pair<std::string, double>> casos = {
@@ -104,6 +95,14 @@ TEST(Numero, LoDemasiadoPequenoEsCero) {
     EXPECT_EQ(Numero(texto), 0) << texto;
   }
   EXPECT_EQ(Val("1e-400"), 0);
+}
+
+TEST(Numero, EnteroDeCifrasNoAdmiteOtraCosa) {
+  EXPECT_EQ(EnteroDeCifras("007"), 7);
+  EXPECT_EQ(EnteroDeCifras("2147483647"), 2147483647);
+  for (const char* otro : {"", "-1", "+1", " 1", "1 ", "1,5", "2147483648", "x"}) {
+    EXPECT_EQ(EnteroDeCifras(otro), std::nullopt) << otro;
+  }
 }
 
 TEST(Numero, ValTomaElComienzo) {

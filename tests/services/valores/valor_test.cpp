@@ -5,9 +5,9 @@
 #include <string>
 #include <vector>
 
-#include "valores/error.h"
+#include "apoyo/errores.h"
 
-using services::ErrorEjecucion;
+using apoyo::NumeroDeError;
 using services::FechaHora;
 using services::HacerFecha;
 using services::Igual;
@@ -15,16 +15,6 @@ using services::Nulo;
 using services::Valor;
 
 namespace {
-
-template <class Accion>
-std::int32_t NumeroDeError(Accion accion) {
-  try {
-    (void)accion();
-    return 0;
-  } catch (const ErrorEjecucion& fallo) {
-    return fallo.Numero();
-  }
-}
 
 TEST(Valor, TextoDeCadaClase) {
   const std::vector<std::pair<Valor, std::string>> casos = {

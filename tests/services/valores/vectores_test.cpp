@@ -7,7 +7,7 @@
 #include <string_view>
 #include <vector>
 
-#include "valores/error.h"
+#include "apoyo/errores.h"
 #include "valores/fecha.h"
 #include "valores/formato.h"
 #include "valores/numero.h"
@@ -91,11 +91,7 @@ void ComprobarLectura(Leer leer, const std::string& esperado) {
     EXPECT_EQ(leer(), ConPunto(esperado));
     return;
   }
-  try {
-    ADD_FAILURE() << "no error but " << leer();
-  } catch (const services::ErrorEjecucion& fallo) {
-    EXPECT_EQ(fallo.Numero(), std::stoi(esperado.substr(kError.size())));
-  }
+  EXPECT_EQ(apoyo::NumeroDeError(leer), std::stoi(esperado.substr(kError.size())));
 }
 
 void Comprobar(const Fila& fila) {
