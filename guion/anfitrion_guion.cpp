@@ -42,7 +42,8 @@ services::HRESULT Anfitrion::EntregarSesion(
     UsuarioDeSesion = Usuario;
     AbrirTextos(RsTextos);
     return services::hr::Bien;
-  } catch (const services::ErrorEjecucion& fallo) {
+  } catch (...) {
+    const services::ErrorEjecucion fallo = services::ErrorEnCurso();
     numero_ = fallo.Numero();
     descripcion_ = fallo.Descripcion();
     return services::hr::Fallo;

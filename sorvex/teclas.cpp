@@ -44,10 +44,10 @@ struct Entorno {
 
 Entorno EntornoDe(const services::TextBox& caja) {
   const std::string& texto = caja.Text();
-  const std::string hasta =
-      services::Izquierda(texto, static_cast<std::size_t>(caja.SelStart() + caja.SelLength()));
-  return {services::Izquierda(texto, static_cast<std::size_t>(caja.SelStart())),
-          texto.substr(hasta.size())};
+  const auto desde = static_cast<std::size_t>(caja.SelStart());
+  const auto cuantos = static_cast<std::size_t>(caja.SelLength());
+  const std::string hasta = services::Izquierda(texto, desde + cuantos);
+  return {services::Izquierda(texto, desde), texto.substr(hasta.size())};
 }
 
 /// Whether a comma typed now would be the only one, with no thousands' point behind it.

@@ -28,7 +28,8 @@ services::HRESULT Contexto::EntregarSesion(
     if (RsTextos->State()) RsTextos->Close();
     RsTextos->Open("SELECT SorvexTextos.* FROM SorvexTextos", *sesion_.CnTemp,
                    services::ModoApertura::Lectura);
-  } catch (const services::ErrorEjecucion& fallo) {
+  } catch (...) {
+    const services::ErrorEjecucion fallo = services::ErrorEnCurso();
     numero_ = fallo.Numero();
     descripcion_ = fallo.Descripcion();
     return services::hr::Fallo;

@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "esquema/tablas.h"
+#include "esquema/definiciones.h"
 #include "sqlite/conexion_sqlite.h"
 
 namespace esquema {

@@ -30,11 +30,15 @@ Cargadas& LasCargadas() {
   return cargadas;
 }
 
-/// The lock is recursive: a library may load another as it is loaded itself.
+/// For as long as a library is used that has no object of its own out: another thread may let the
+/// libraries go. It is recursive: a library may load another as it is loaded itself.
+std::lock_guard<std::recursive_mutex> SinSoltarlas() {
+  return std::lock_guard(LasCargadas().Turno);
+}
+
 Cargada Cargar(const std::filesystem::path& biblioteca) {
   const std::string ruta = std::filesystem::weakly_canonical(biblioteca).string();
-  auto& [turno, porRuta] = LasCargadas();
-  const std::lock_guard mio(turno);
+  auto& porRuta = LasCargadas().PorRuta;
   if (const auto ya = porRuta.find(ruta); ya != porRuta.end()) return ya->second;
   if (void* nueva = dlopen(ruta.c_str(), RTLD_NOW | RTLD_LOCAL)) {
     return porRuta.insert_or_assign(ruta, Cargada{nueva, std::this_thread::get_id()}).first->second;
@@ -74,6 +78,7 @@ bool SePuedeDescargar(void* biblioteca) {
 }
 
 services::Ref<services::IClassFactory> PedirFabrica(const Clase& clase) {
+  const auto turno = SinSoltarlas();
   const auto [biblioteca, hilo] = Cargar(clase.Biblioteca);
   if (clase.Hilos == services::ModeloDeHilos::Unico && hilo != std::this_thread::get_id()) {
     throw ErrorEjecucion(error::OtroHilo, "La clase " + clase.ProgId +
@@ -97,6 +102,7 @@ void ComprobarLista() {
 }  // namespace
 
 void RegistrarBiblioteca(const std::filesystem::path& biblioteca) {
+  const auto turno = SinSoltarlas();
   auto* registrar = Entrada<decltype(services::DllRegisterServer)>(Cargar(biblioteca).Biblioteca,
                                                                    "DllRegisterServer");
   ComprobarLista();
@@ -106,6 +112,7 @@ void RegistrarBiblioteca(const std::filesystem::path& biblioteca) {
 }
 
 void AnularBiblioteca(const std::filesystem::path& biblioteca) {
+  const auto turno = SinSoltarlas();
   auto* anular = Entrada<decltype(services::DllUnregisterServer)>(Cargar(biblioteca).Biblioteca,
                                                                   "DllUnregisterServer");
   ComprobarLista();
@@ -125,9 +132,8 @@ void* CrearObjeto(std::string_view progId, const services::GUID& interfaz) {
 }
 
 std::size_t LiberarBibliotecas() {
-  auto& [turno, porRuta] = LasCargadas();
-  const std::lock_guard mio(turno);
-  return std::erase_if(porRuta, [](const auto& cargada) {
+  const auto turno = SinSoltarlas();
+  return std::erase_if(LasCargadas().PorRuta, [](const auto& cargada) {
     void* biblioteca = cargada.second.Biblioteca;
     return SePuedeDescargar(biblioteca) && dlclose(biblioteca) == 0;
   });

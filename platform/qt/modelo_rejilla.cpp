@@ -92,6 +92,14 @@ QVariant ModeloRejilla::headerData(int seccion, Qt::Orientation sentido, int pap
   return sentido == Qt::Horizontal ? Dato(0, seccion, papel) : QVariant();
 }
 
+/// A drawing is a mark; a cell that could be marked and isn't has nothing else to say of it.
+QString ModeloRejilla::LoQueDice(int fila, int columna) const {
+  if (!rejilla_->ImagenDe(fila, columna).empty()) return QStringLiteral("Marcado");
+  const std::string& texto = rejilla_->TextMatrix(fila, columna);
+  const bool sinMarcar = texto.empty() && con_dibujos_.contains(columna);
+  return sinMarcar ? QStringLiteral("Sin marcar") : Texto(texto);
+}
+
 QVariant ModeloRejilla::Dato(int fila, int columna, int papel) const {
   if (!HayCelda(fila, columna)) return {};
   switch (papel) {
@@ -104,13 +112,7 @@ QVariant ModeloRejilla::Dato(int fila, int columna, int papel) const {
     case PapelDibujo:
       return Texto(rejilla_->ImagenDe(fila, columna));
     case Qt::AccessibleTextRole:
-      return rejilla_->ImagenDe(fila, columna).empty() ? Texto(rejilla_->TextMatrix(fila, columna))
-                                                       : QStringLiteral("Marcado");
-    case Qt::AccessibleDescriptionRole:
-      // A cell that could be marked and isn't has nothing else to say of it.
-      if (!con_dibujos_.contains(columna) || !rejilla_->ImagenDe(fila, columna).empty()) return {};
-      return rejilla_->TextMatrix(fila, columna).empty() ? QStringLiteral("Sin marcar")
-                                                         : QVariant();
+      return LoQueDice(fila, columna);
     default:
       return {};
   }

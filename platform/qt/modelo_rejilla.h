@@ -22,7 +22,7 @@ class ModeloRejilla final : public QAbstractTableModel {
   void Soltar() { rejilla_ = nullptr; }
   /// Row of the grid, 0 being the header.
   void AnotarFila(int fila);
-  void AnotarFilas() { AnotarTodas(); }
+  void AnotarTodas();
   void Volcar();
 
   [[nodiscard]] int rowCount(const QModelIndex& padre = {}) const override;
@@ -34,9 +34,9 @@ class ModeloRejilla final : public QAbstractTableModel {
   static constexpr int PapelDibujo = Qt::UserRole;
 
  private:
-  void AnotarTodas();
   void AjustarFilas();
   void AnotarDibujos(int primera, int ultima);
+  [[nodiscard]] QString LoQueDice(int fila, int columna) const;
   [[nodiscard]] QVariant Dato(int fila, int columna, int papel) const;
   [[nodiscard]] bool HayCelda(int fila, int columna) const;
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "qt/pantallas.h"
+#include "qt/disenos.h"
 #include "services/plataforma.h"
 
 namespace qt {

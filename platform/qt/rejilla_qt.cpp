@@ -108,6 +108,12 @@ void RejillaQt::focusOutEvent(QFocusEvent* evento) {
   viewport()->update();
 }
 
+/// The toolkit tells screen readers of a current cell as of one that has got the focus.
+void RejillaQt::currentChanged(const QModelIndex& actual, const QModelIndex& anterior) {
+  if (hasFocus()) return QTableView::currentChanged(actual, anterior);
+  QAbstractItemView::currentChanged(actual, anterior);
+}
+
 void RejillaQt::paintEvent(QPaintEvent* evento) {
   QTableView::paintEvent(evento);
   QPainter pintor(viewport());

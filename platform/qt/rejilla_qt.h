@@ -25,6 +25,7 @@ class RejillaQt final : public QTableView {
   void Medir();
 
  protected:
+  void currentChanged(const QModelIndex& actual, const QModelIndex& anterior) override;
   void paintEvent(QPaintEvent* evento) override;
   void resizeEvent(QResizeEvent* evento) override;
   void focusInEvent(QFocusEvent* evento) override;

@@ -6,7 +6,7 @@
 #include "qt/colores.h"
 #include "qt/lienzo.h"
 #include "qt/medidas.h"
-#include "qt/teclado.h"
+#include "qt/teclas_qt.h"
 
 namespace qt {
 

@@ -36,7 +36,7 @@ void VinculoRejilla::Soltar() {
 }
 
 void VinculoRejilla::AnotarFilas() {
-  datos_->AnotarFilas();
+  datos_->AnotarTodas();
   rehecha_ = true;
   if (Modelo().Rows == 1) vaciada_ = true;
 }
@@ -63,7 +63,7 @@ void VinculoRejilla::FinDeEvento() {
 /// Tells a screen reader that the text of the current cell is another, or that it was marked. The
 /// toolkit itself only tells of moves.
 void VinculoRejilla::DecirActual() {
-  const QModelIndex actual = CeldaActual();
+  const QModelIndex actual = CeldaALaVista();
   const QString texto = actual.data(Qt::AccessibleTextRole).toString();
   const bool otra = actual != dicha_;
   dicha_ = actual;
@@ -72,19 +72,13 @@ void VinculoRejilla::DecirActual() {
   QAccessibleTableInterface* celdas = tabla ? tabla->tableInterface() : nullptr;
   QAccessibleInterface* celda = celdas ? celdas->cellAt(actual.row(), actual.column()) : nullptr;
   if (!celda) return;
-  for (const auto cual : {QAccessible::NameChanged, QAccessible::DescriptionChanged}) {
-    QAccessibleEvent cambio(celda, cual);
-    QAccessible::updateAccessibility(&cambio);
-  }
+  QAccessibleEvent cambio(celda, QAccessible::NameChanged);
+  QAccessible::updateAccessibility(&cambio);
 }
 
 /// A question is about the current row, whatever column of it is the current one.
 void VinculoRejilla::TraerALaVista() {
-  if (Suelto()) return;
-  const QModelIndex actual = CeldaActual();
-  int columna = actual.column();
-  if (Vista().isColumnHidden(columna)) columna = Vista().horizontalHeader()->logicalIndexAt(0);
-  Vista().scrollTo(actual.siblingAtColumn(columna));
+  if (!Suelto()) Vista().scrollTo(CeldaALaVista());
 }
 
 /// There is always a current cell while there are rows: without one a screen reader is lost.
@@ -92,8 +86,15 @@ QModelIndex VinculoRejilla::CeldaActual() const {
   return datos_->index(std::max<int>(Modelo().Row, 1) - 1, Modelo().Col);
 }
 
+/// The first shown cell of the current row where the current one isn't shown.
+QModelIndex VinculoRejilla::CeldaALaVista() const {
+  const QModelIndex actual = CeldaActual();
+  if (!Vista().isColumnHidden(actual.column())) return actual;
+  return actual.siblingAtColumn(Vista().horizontalHeader()->logicalIndexAt(0));
+}
+
 void VinculoRejilla::MostrarActual() {
-  Vista().selectionModel()->setCurrentIndex(CeldaActual(), QItemSelectionModel::NoUpdate);
+  Vista().selectionModel()->setCurrentIndex(CeldaALaVista(), QItemSelectionModel::NoUpdate);
 }
 
 void VinculoRejilla::TomarPrimera() {

@@ -39,6 +39,7 @@ class VinculoRejilla final : public VinculoDe<services::MSFlexGrid, RejillaQt> {
   bool DoblePulsarRaton(QMouseEvent& evento);
   bool MoverPorTecla(int tecla);
   [[nodiscard]] QModelIndex CeldaActual() const;
+  [[nodiscard]] QModelIndex CeldaALaVista() const;
   void MostrarActual();
   void TomarPrimera();
   void DecirActual();

@@ -5,7 +5,7 @@
 
 #include "forms/entrada.h"
 #include "qt/lienzo.h"
-#include "qt/teclado.h"
+#include "qt/teclas_qt.h"
 #include "qt/textos_qt.h"
 
 namespace qt {

@@ -199,9 +199,9 @@ void EdicionPagado::AvisarQueSupera() {
 }
 
 void EdicionPagado::Ocultar() {
-  const bool tenia = TxtMsf.TieneFoco();
+  // The focus goes first: hidden with it, the editor would leave a window to choose who gets it.
+  if (TxtMsf.TieneFoco()) MSFPagos_.SetFocus();
   Cerrar(TxtMsf);
-  if (tenia) MSFPagos_.SetFocus();
 }
 
 }  // namespace list

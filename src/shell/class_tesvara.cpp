@@ -37,17 +37,10 @@ HRESULT ClassTesvara::Hacer(const std::function<void()>& operacion) noexcept {
   try {
     datos_.Escritorio().Operacion(operacion);
     return hr::Bien;
-  } catch (const services::ErrorEjecucion& fallo) {
+  } catch (...) {
+    const services::ErrorEjecucion fallo = services::ErrorEnCurso();
     numero_ = fallo.Numero();
     descripcion_ = fallo.Descripcion();
-    return comoResultado(fallo.Numero());
-  } catch (const std::exception& fallo) {
-    numero_ = services::error::Interno;
-    descripcion_ = fallo.what();
-    return comoResultado(numero_);
-  } catch (...) {
-    numero_ = services::error::Interno;
-    descripcion_ = "Error interno";
     return comoResultado(numero_);
   }
 }

@@ -33,8 +33,8 @@ class FrmGastos final : public services::Form {
   FrmGastos(services::Escritorio& escritorio, services::Aviso& aviso)
       : Form(escritorio, "FrmTesvaraGastos", 1000, 1000), aviso_(aviso) {
     Conectar();
-    MSFPagos.AddItem("15/03/2005\tLuz");
-    MSFPagos.AddItem("16/03/2005\tAgua");
+    MSFPagos.AnadirFila({"15/03/2005", "Luz"});
+    MSFPagos.AnadirFila({"16/03/2005", "Agua"});
   }
 
   services::Cintilla Barra1{*this, "Barra1", "Gastos", {}};

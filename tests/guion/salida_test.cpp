@@ -100,7 +100,7 @@ TEST_F(DeWidgets, CadaClaseDiceLoSuyoEnElOrdenFijo) {
 
 TEST_F(DeWidgets, LaRejillaDiceTextosImagenesYColores) {
   services::MSFlexGrid rejilla(*form, "G", 3, {});
-  rejilla.AddItem("a\tb");
+  rejilla.AnadirFila({"a", "b"});
   rejilla.MoverA(1, 1);
   rejilla.CellPicture = std::string("marca");
   rejilla.CellBackColor = 7;

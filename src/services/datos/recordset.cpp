@@ -98,6 +98,8 @@ Recordset::Campo::Acceso& Recordset::Campo::Acceso::operator=(const Valor& valor
   return *this;
 }
 
+// A field assigned to itself is assigned all the same: the row has an edit pending then.
+// NOLINTNEXTLINE(bugprone-unhandled-self-assignment)
 Recordset::Campo::Acceso& Recordset::Campo::Acceso::operator=(const Acceso& otro) {
   return *this = otro.Leer();
 }

@@ -16,12 +16,8 @@ void Escritorio::Evento(const std::function<void()>& accion) {
 void Escritorio::Informar(const std::function<void()>& accion) {
   try {
     accion();
-  } catch (const ErrorEjecucion& fallo) {
-    plataforma_.ErrorNoControlado(fallo);
-  } catch (const std::exception& fallo) {
-    plataforma_.ErrorNoControlado(ErrorEjecucion(error::Interno, fallo.what()));
   } catch (...) {
-    plataforma_.ErrorNoControlado(ErrorEjecucion(error::Interno, "Error interno"));
+    plataforma_.ErrorNoControlado(ErrorEnCurso());
   }
 }
 
@@ -33,11 +29,8 @@ void Escritorio::Correr(const std::function<void()>& accion) {
   ++profundidad_;
   try {
     accion();
-  } catch (const ErrorEjecucion& fallo) {
-    if (--profundidad_ == 0) FinTrasError(fallo.Descripcion());
-    throw;
   } catch (...) {
-    if (--profundidad_ == 0) FinTrasError("");
+    if (--profundidad_ == 0) FinTrasError(ErrorEnCurso().Descripcion());
     throw;
   }
   if (--profundidad_ == 0) FinDeEvento(AlTerminarEvento);
@@ -67,37 +60,53 @@ void Escritorio::Rematar() {
   for (Form* form : cargados_) {
     if (form->Vista()) form->Vista()->FinDeEvento();
   }
-  // A handler of a screen that was unloaded may still be on the stack of a wait.
+  SoltarRetirados();
+}
+
+/// A handler of a screen that was unloaded may still be on the stack of a wait.
+void Escritorio::SoltarRetirados() {
   if (esperas_ == 0) std::exchange(retirados_, {});
 }
 
+/// The event stands still while the user is waited for: what the user does meanwhile begins from
+/// nothing.
+class Escritorio::Pausa {
+ public:
+  explicit Pausa(Escritorio& yo)
+      : yo_(yo),
+        profundidad_(std::exchange(yo.profundidad_, 0)),
+        dejando_(std::exchange(yo.dejando_, false)),
+        ocupaciones_(std::exchange(yo.ocupaciones_, 0)) {
+    ++yo_.esperas_;
+    if (ocupaciones_ > 0) yo_.Decir(false);
+  }
+  ~Pausa() {
+    --yo_.esperas_;
+    yo_.ocupaciones_ = ocupaciones_;
+    if (ocupaciones_ > 0) yo_.Decir(true);
+    yo_.profundidad_ = profundidad_;
+    yo_.dejando_ = dejando_;
+    if (profundidad_ == 0) yo_.SoltarRetirados();
+  }
+  Pausa(const Pausa&) = delete;
+  Pausa& operator=(const Pausa&) = delete;
+
+ private:
+  Escritorio& yo_;
+  int profundidad_;
+  bool dejando_;
+  int ocupaciones_;
+};
+
 void Escritorio::Esperar(const std::function<void()>& espera, bool pregunta) {
   if (AlTerminarEvento) AlTerminarEvento();
-  const int antes = std::exchange(profundidad_, 0);
-  const bool dejaba = std::exchange(dejando_, false);
+  const Pausa pausa(*this);
   for (Form* form : cargados_) {
     if (!form->Vista()) continue;
     form->Vista()->FinDeEvento();
     if (pregunta) form->Vista()->AntesDePreguntar();
   }
-  ++esperas_;
-  const int ocupaciones = std::exchange(ocupaciones_, 0);
-  if (ocupaciones > 0) Decir(false);
-  const auto volver = [&] {
-    --esperas_;
-    ocupaciones_ = ocupaciones;
-    if (ocupaciones > 0) Decir(true);
-    profundidad_ = antes;
-    dejando_ = dejaba;
-    if (profundidad_ == 0 && esperas_ == 0) std::exchange(retirados_, {});
-  };
-  try {
-    espera();
-  } catch (...) {
-    volver();
-    throw;
-  }
-  volver();
+  espera();
 }
 
 bool Escritorio::DarFoco(Widget& widget) {

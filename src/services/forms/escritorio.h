@@ -91,7 +91,9 @@ class Escritorio {
   void Decir(bool ocupado) const {
     if (plataforma_.Ocupado) plataforma_.Ocupado(ocupado);
   }
+  class Pausa;
   void Rematar();
+  void SoltarRetirados();
   void FinDeEvento(const std::function<void()>& cierre);
   void FinTrasError(const std::string& yaDicho);
   void Informar(const std::function<void()>& accion);

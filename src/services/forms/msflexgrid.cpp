@@ -89,16 +89,6 @@ void MSFlexGrid::TextMatrix(int fila, int columna, std::string texto) {
   AvisarCelda(fila, columna);
 }
 
-void MSFlexGrid::AddItem(std::string_view texto) {
-  std::vector<std::string> celdas;
-  for (std::size_t tabulador = 0; tabulador != std::string_view::npos;) {
-    tabulador = texto.find('\t');
-    celdas.emplace_back(texto.substr(0, tabulador));
-    if (tabulador != std::string_view::npos) texto.remove_prefix(tabulador + 1);
-  }
-  AnadirFila(std::move(celdas));
-}
-
 void MSFlexGrid::AnadirFila(std::vector<std::string> celdas) {
   celdas.resize(static_cast<std::size_t>(columnas_));
   for (std::string& texto : celdas) celdas_.emplace_back().texto = std::move(texto);

@@ -89,10 +89,8 @@ class MSFlexGrid : public Widget {
   /// The drawing of any cell; `CellPicture` is that of the current one.
   void PonerImagen(int fila, int columna, const std::string& imagen);
 
-  /// Appends a row out of a tab-joined text; texts past the last column are dropped, cells without
-  /// one stay empty.
-  void AddItem(std::string_view texto);
-  /// Appends a row of those texts, whatever signs they hold.
+  /// Appends a row of those texts, whatever signs they hold; texts past the last column are
+  /// dropped, cells without one stay empty.
   void AnadirFila(std::vector<std::string> celdas);
   /// Takes a row out; those below move up with all they have. The header can't be taken out.
   void RemoveItem(int fila);

@@ -7,8 +7,8 @@
 #include <vector>
 
 #include "datos/recordset.h"
+#include "esquema/definiciones.h"
 #include "esquema/esquema_sqlite.h"
-#include "esquema/tablas.h"
 #include "platform/carpeta_temporal.h"
 #include "valores/error.h"
 

@@ -35,7 +35,7 @@ TEST_F(RejillaEnPantalla, DondeHaySitioLasColumnasTomanElQueSusTextosPiden) {
   const auto llenar = [this] {
     escena.form->Escritorio().Evento([this] {
       rejilla.Rows = 1;
-      rejilla.AddItem("F-2005/000000000123\ttexto\t1,00\t");
+      rejilla.AnadirFila({"F-2005/000000000123", "texto", "1,00"});
     });
   };
   escena.marco.resize(9200 / 15, 600);

@@ -3,8 +3,9 @@
 #include <gmock/gmock.h>
 
 #include <QLineEdit>
+#include <algorithm>
 
-#include "platform/qt/frm_prueba.h"
+#include "platform/qt/rejilla_en_pantalla.h"
 
 // Told colours stay readable whatever the desktop's theme.
 
@@ -84,6 +85,35 @@ TEST(Colores, LoInhabilitadoSeLeeEnClaroYEnOscuro) {
               4.5);
   }
   QApplication::setPalette(antes);
+}
+
+class TextoElegido : public pruebas::RejillaEnPantalla {
+ protected:
+  /// The least bright pixel of a cell, away from its frame.
+  [[nodiscard]] int LoMasOscuro(int fila, int columna) const {
+    const QImage todo = vista.viewport()->grab().toImage();
+    const QRect celda = vista.visualRect(vista.model()->index(fila - 1, columna));
+    const QImage dentro = todo.copy(celda.adjusted(4, 4, -4, -4));
+    int oscuro = 255;
+    for (int x = 0; x < dentro.width(); ++x) {
+      for (int y = 0; y < dentro.height(); ++y) {
+        oscuro = std::min(oscuro, qGray(dentro.pixel(x, y)));
+      }
+    }
+    return oscuro;
+  }
+};
+
+TEST_F(TextoElegido, SePerfilaDondeApenasSeDistingueDeSuFondo) {
+  escena.Llenar(2);
+  escena.form->Escritorio().Evento([this] {
+    rejilla.MoverA(2, 0);
+    rejilla.PintarFila(1, 0xE1C0B3, services::color::Blanco);
+  });
+  const int fondo = qGray(QColor(0xB3, 0xC0, 0xE1).rgb());
+  EXPECT_LT(LoMasOscuro(1, 1), fondo / 2) << "el texto blanco lleva borde";
+  escena.form->Escritorio().Evento([this] { rejilla.TextMatrix(1, 1, ""); });
+  EXPECT_EQ(LoMasOscuro(1, 1), fondo) << "sin texto no queda nada más";
 }
 
 }  // namespace

@@ -1,6 +1,7 @@
 #include <gmock/gmock.h>
 
 #include <QAccessible>
+#include <QProgressBar>
 #include <QPushButton>
 #include <QToolButton>
 
@@ -100,6 +101,16 @@ TEST(Enlace, LaPantallaSobreviveASuModeloMientrasTieneEventos) {
   QTest::keyClick(fecha.data(), Qt::Key_1);
   QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
   EXPECT_TRUE(pantalla.isNull());
+}
+
+TEST(Enlace, LaBarraDeProgresoSigueValoresQueNoSonEnteros) {
+  Escena escena;
+  auto& barra = escena.Vista<QProgressBar>("Progreso");
+  escena.form->Progreso.Max = 0.5;
+  escena.form->Progreso.Value = 0.125;
+  EXPECT_EQ((barra.value() - barra.minimum()) * 4, barra.maximum() - barra.minimum());
+  escena.form->Progreso.Value = 0.5;
+  EXPECT_EQ(barra.value(), barra.maximum());
 }
 
 }  // namespace

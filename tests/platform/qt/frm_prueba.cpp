@@ -75,8 +75,7 @@ void Escena::Llenar(int filas) {
   form->Escritorio().Evento([&] {
     form->Rejilla.Rows = 1;
     for (int f = 1; f <= filas; ++f) {
-      form->Rejilla.AddItem("fila " + std::to_string(f) + "\ttexto\t" + std::to_string(f) +
-                            ",50\t");
+      form->Rejilla.AnadirFila({"fila " + std::to_string(f), "texto", std::to_string(f) + ",50"});
     }
   });
 }

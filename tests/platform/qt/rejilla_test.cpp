@@ -97,7 +97,7 @@ TEST_F(RejillaEnPantalla, UnaListaRehechaEmpiezaArriba) {
   EXPECT_EQ(rejilla.TopRow(), 91);
   escena.form->Escritorio().Evento([&] {
     rejilla.Rows = 1;
-    for (int f = 0; f < 150; ++f) rejilla.AddItem("x");
+    for (int f = 0; f < 150; ++f) rejilla.AnadirFila({"x"});
     rejilla.Row = 150;
   });
   EXPECT_EQ(vista.verticalScrollBar()->value(), 0);

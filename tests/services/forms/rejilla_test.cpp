@@ -35,8 +35,8 @@ TEST_F(Rejilla, NaceConLaCabeceraSola) {
   EXPECT_EQ(nueva.Col, 0);
 }
 
-TEST_F(Rejilla, AddItemAnadeUnaFilaDeTextosEntreTabuladores) {
-  g.AddItem("a\tb\t\td");
+TEST_F(Rejilla, UnaFilaNuevaVaAlFinal) {
+  g.AnadirFila({"a", "b", "", "d"});
   EXPECT_EQ(g.Rows, 6);
   EXPECT_EQ(g.TextMatrix(5, 0), "a");
   EXPECT_EQ(g.TextMatrix(5, 1), "b");
@@ -44,18 +44,18 @@ TEST_F(Rejilla, AddItemAnadeUnaFilaDeTextosEntreTabuladores) {
   EXPECT_EQ(g.TextMatrix(5, 3), "d");
 }
 
-TEST_F(Rejilla, AddItemDejaVacioLoQueFaltaYQuitaLoQueSobra) {
-  g.AddItem("a");
-  g.AddItem("1\t2\t3\t4\t5\t6");
-  g.AddItem("");
+TEST_F(Rejilla, UnaFilaNuevaDejaVacioLoQueFaltaYQuitaLoQueSobra) {
+  g.AnadirFila({"a"});
+  g.AnadirFila({"1", "2", "3", "4", "5", "6"});
+  g.AnadirFila({});
   EXPECT_EQ(g.TextMatrix(5, 1), "");
   EXPECT_EQ(g.TextMatrix(6, 3), "4");
   EXPECT_EQ(g.TextMatrix(7, 0), "");
   EXPECT_EQ(g.Rows, 8);
 }
 
-TEST_F(Rejilla, AddItemNoMueveLaCeldaNiDisparaNada) {
-  g.AddItem("a");
+TEST_F(Rejilla, UnaFilaNuevaNoMueveLaCeldaNiDisparaNada) {
+  g.AnadirFila({"a"});
   EXPECT_EQ(g.Row, 1);
   EXPECT_THAT(sucesos.Tomar(), IsEmpty());
 }

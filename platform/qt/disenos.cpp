@@ -1,4 +1,4 @@
-#include "qt/pantallas.h"
+#include "qt/disenos.h"
 
 #include <QWidget>
 

@@ -1,4 +1,4 @@
-#include "esquema/tablas.h"
+#include "esquema/definiciones.h"
 
 #include <array>
 

@@ -1,4 +1,4 @@
-#include "qt/teclado.h"
+#include "qt/teclas_qt.h"
 
 #include <QKeyEvent>
 
