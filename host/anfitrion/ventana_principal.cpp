@@ -8,6 +8,7 @@
 #include <QMenuBar>
 #include <QPushButton>
 #include <QScreen>
+#include <QScrollArea>
 #include <QStatusBar>
 
 #include "anfitrion/contexto.h"
@@ -30,18 +31,44 @@ QLabel* EnEstado(const QString& texto, const QString& detalle) {
   return rotulo;
 }
 
+/// The surface of the screens, never smaller than they need.
+class Superficie final : public QWidget {
+ public:
+  [[nodiscard]] QSize minimumSizeHint() const override {
+    QSize minima;
+    for (const QWidget* pantalla : findChildren<QWidget*>(QString(), Qt::FindDirectChildrenOnly)) {
+      if (!pantalla->isHidden()) minima = minima.expandedTo(pantalla->minimumSizeHint());
+    }
+    return minima;
+  }
+};
+
+/// In a window that is smaller than the surface one scrolls, and what gets the focus comes to
+/// sight.
+QScrollArea* Desplazable(QWidget& superficie) {
+  auto* area = new QScrollArea;
+  area->setWidget(&superficie);
+  area->setWidgetResizable(true);
+  area->setFrameShape(QFrame::NoFrame);
+  area->setFocusPolicy(Qt::NoFocus);
+  QObject::connect(qApp, &QApplication::focusChanged, area,
+                   [area, &superficie](QWidget*, QWidget* ahora) {
+                     if (superficie.isAncestorOf(ahora)) area->ensureWidgetVisible(ahora);
+                   });
+  return area;
+}
+
 }  // namespace
 
 VentanaPrincipal::VentanaPrincipal(const Opciones& opciones, const Datos& datos)
     : CrearPagos([] {
         return automation::CrearObjeto<services::IClassTesvara>(services::IClassTesvara::ProgId);
       }),
-      marco_(new QWidget(this)),
+      marco_(new Superficie),
       datos_(datos) {
   setWindowTitle("Sorvex");
   marco_->setObjectName("marco");
-  marco_->setMinimumSize(620, 320);
-  setCentralWidget(marco_);
+  setCentralWidget(Desplazable(*marco_));
   ComponerMenu();
   ComponerEstado(opciones, datos);
 

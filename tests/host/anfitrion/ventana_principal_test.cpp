@@ -3,9 +3,12 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <QLineEdit>
 #include <QPushButton>
 #include <QRegularExpression>
+#include <QTest>
 #include <QTimer>
+#include <QVBoxLayout>
 
 #include "platform/carpeta_temporal.h"
 
@@ -151,6 +154,27 @@ TEST_F(Ventana, LaPreguntaTieneSiYNoYSinMasEsQueNo) {
   botones.sort();
   EXPECT_EQ(botones, QStringList({"No", "Sí"}));
   EXPECT_EQ(porDefecto, "No");
+}
+
+TEST_F(Ventana, MasPequenaQueLaPantallaSeDesplazaHastaLoQueTieneElFoco) {
+  auto* pantalla = ventana.Marco().findChild<QWidget*>();
+  ASSERT_NE(pantalla, nullptr);
+  auto* disposicion = new QVBoxLayout(pantalla);
+  auto* arriba = new QLineEdit;
+  auto* abajo = new QLineEdit;
+  disposicion->addWidget(arriba);
+  disposicion->addSpacing(800);
+  disposicion->addWidget(abajo);
+  pantalla->show();
+  ventana.resize(400, 300);
+  ventana.activateWindow();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(&ventana));
+  EXPECT_GE(ventana.Marco().height(), 800);
+  abajo->setFocus();
+  EXPECT_FALSE(abajo->visibleRegion().isEmpty());
+  arriba->setFocus();
+  EXPECT_FALSE(arriba->visibleRegion().isEmpty());
+  EXPECT_TRUE(abajo->visibleRegion().isEmpty());
 }
 
 }  // namespace
