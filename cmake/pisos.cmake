@@ -12,11 +12,9 @@ if(TESVARA_SANITIZADORES)
   add_compile_options(-fsanitize=${TESVARA_SANITIZADORES} -fno-omit-frame-pointer
     -fno-sanitize-recover=all)
   add_link_options(-fsanitize=${TESVARA_SANITIZADORES})
-endif()
-
-# The sanitizers' build joins the sources of a target, which takes half its time; the release build,
-# which doesn't, shows that each source stands by itself.
-if(TESVARA_SANITIZADORES)
+  # The sources of a target are joined, which takes half the time. The release build, which isn't
+  # joined, shows that no source leans on its neighbours; the linter's, which reads no header
+  # beforehand, that none leans on those.
   set(CMAKE_UNITY_BUILD ON)
 endif()
 

@@ -4,6 +4,7 @@
 #include <optional>
 
 #include "valores/fecha.h"
+#include "valores/numero.h"
 #include "valores/texto.h"
 
 namespace sorvex {
@@ -18,11 +19,9 @@ bool SonCifras(std::string_view texto) {
   return std::all_of(texto.begin(), texto.end(), services::EsCifra);
 }
 
-/// The number of a text of figures, few enough not to overflow.
+/// Of a text that is nothing but figures, few enough.
 int NumeroDe(std::string_view cifras) {
-  int numero = 0;
-  for (const char c : cifras) numero = numero * 10 + (c - '0');
-  return numero;
+  return services::EnteroDeCifras(cifras).value_or(0);
 }
 
 /// Takes one or two figures and the separator behind them off the front of the text.

@@ -45,18 +45,25 @@ class Superficie final : public QWidget {
 
 /// In a window that is smaller than the surface one scrolls, and what gets the focus comes to
 /// sight.
-QScrollArea* Desplazable(QWidget& superficie) {
-  auto* area = new QScrollArea;
-  area->setWidget(&superficie);
-  area->setWidgetResizable(true);
-  area->setFrameShape(QFrame::NoFrame);
-  area->setFocusPolicy(Qt::NoFocus);
-  QObject::connect(qApp, &QApplication::focusChanged, area,
-                   [area, &superficie](QWidget*, QWidget* ahora) {
-                     if (superficie.isAncestorOf(ahora)) area->ensureWidgetVisible(ahora);
-                   });
-  return area;
-}
+class AreaDesplazable final : public QScrollArea {
+ public:
+  explicit AreaDesplazable(QWidget& superficie) {
+    setWidget(&superficie);
+    setWidgetResizable(true);
+    setFrameShape(QFrame::NoFrame);
+    setFocusPolicy(Qt::NoFocus);
+    connect(qApp, &QApplication::focusChanged, this, [this, &superficie](QWidget*, QWidget* ahora) {
+      if (superficie.isAncestorOf(ahora)) ensureWidgetVisible(ahora);
+    });
+  }
+
+ protected:
+  /// A screen came, went or grew: without a layout of the surface nobody else measures it again.
+  bool eventFilter(QObject* objeto, QEvent* evento) override {
+    if (objeto == widget() && evento->type() == QEvent::LayoutRequest) event(evento);
+    return QScrollArea::eventFilter(objeto, evento);
+  }
+};
 
 }  // namespace
 
@@ -68,7 +75,7 @@ VentanaPrincipal::VentanaPrincipal(const Opciones& opciones, const Datos& datos)
       datos_(datos) {
   setWindowTitle("Sorvex");
   marco_->setObjectName("marco");
-  setCentralWidget(Desplazable(*marco_));
+  setCentralWidget(new AreaDesplazable(*marco_));
   ComponerMenu();
   ComponerEstado(opciones, datos);
 

@@ -30,12 +30,13 @@ Cargadas& LasCargadas() {
   return cargadas;
 }
 
-/// For as long as a library is used that has no object of its own out: another thread may let the
+/// For as long as code of a library runs that has no object out yet: another thread may let the
 /// libraries go. It is recursive: a library may load another as it is loaded itself.
 std::lock_guard<std::recursive_mutex> SinSoltarlas() {
   return std::lock_guard(LasCargadas().Turno);
 }
 
+/// With the turn held.
 Cargada Cargar(const std::filesystem::path& biblioteca) {
   const std::string ruta = std::filesystem::weakly_canonical(biblioteca).string();
   auto& porRuta = LasCargadas().PorRuta;
@@ -77,8 +78,8 @@ bool SePuedeDescargar(void* biblioteca) {
   return puede() == services::hr::Bien;
 }
 
+/// With the turn held.
 services::Ref<services::IClassFactory> PedirFabrica(const Clase& clase) {
-  const auto turno = SinSoltarlas();
   const auto [biblioteca, hilo] = Cargar(clase.Biblioteca);
   if (clase.Hilos == services::ModeloDeHilos::Unico && hilo != std::this_thread::get_id()) {
     throw ErrorEjecucion(error::OtroHilo, "La clase " + clase.ProgId +
@@ -125,6 +126,7 @@ void* CrearObjeto(std::string_view progId, const services::GUID& interfaz) {
     throw ErrorEjecucion(error::ClaseNoRegistrada,
                          "La clase " + std::string(progId) + " no está registrada");
   }
+  const auto turno = SinSoltarlas();
   const auto fabrica = PedirFabrica(*clase);
   void* objeto = nullptr;
   const HRESULT resultado = fabrica->CreateInstance(nullptr, interfaz, &objeto);

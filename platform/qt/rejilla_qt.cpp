@@ -1,5 +1,6 @@
 #include "qt/rejilla_qt.h"
 
+#include <QAccessible>
 #include <QHeaderView>
 #include <QPainter>
 #include <algorithm>
@@ -101,6 +102,8 @@ void RejillaQt::resizeEvent(QResizeEvent* evento) {
 void RejillaQt::focusInEvent(QFocusEvent* evento) {
   QTableView::focusInEvent(evento);
   viewport()->update();
+  // What became current meanwhile has not been told.
+  if (QAccessible::isActive()) QTableView::currentChanged(currentIndex(), currentIndex());
 }
 
 void RejillaQt::focusOutEvent(QFocusEvent* evento) {

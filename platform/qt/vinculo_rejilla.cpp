@@ -60,14 +60,14 @@ void VinculoRejilla::FinDeEvento() {
   if (QAccessible::isActive()) DecirActual();
 }
 
-/// Tells a screen reader that the text of the current cell is another, or that it was marked. The
-/// toolkit itself only tells of moves.
+/// Tells a screen reader that the text of the current cell is another, or that it was marked, while
+/// the list has the focus. The toolkit itself only tells of moves.
 void VinculoRejilla::DecirActual() {
-  const QModelIndex actual = CeldaALaVista();
+  const QModelIndex actual = Vista().currentIndex();
   const QString texto = actual.data(Qt::AccessibleTextRole).toString();
   const bool otra = actual != dicha_;
   dicha_ = actual;
-  if (std::exchange(dicho_, texto) == texto || otra) return;
+  if (std::exchange(dicho_, texto) == texto || otra || !Vista().hasFocus()) return;
   QAccessibleInterface* tabla = QAccessible::queryAccessibleInterface(&Vista());
   QAccessibleTableInterface* celdas = tabla ? tabla->tableInterface() : nullptr;
   QAccessibleInterface* celda = celdas ? celdas->cellAt(actual.row(), actual.column()) : nullptr;
@@ -78,7 +78,12 @@ void VinculoRejilla::DecirActual() {
 
 /// A question is about the current row, whatever column of it is the current one.
 void VinculoRejilla::TraerALaVista() {
-  if (!Suelto()) Vista().scrollTo(CeldaALaVista());
+  if (Suelto()) return;
+  const QModelIndex actual = CeldaActual();
+  int columna = actual.column();
+  // Without a jump to the side.
+  if (Vista().isColumnHidden(columna)) columna = Vista().horizontalHeader()->logicalIndexAt(0);
+  Vista().scrollTo(actual.siblingAtColumn(columna));
 }
 
 /// There is always a current cell while there are rows: without one a screen reader is lost.
@@ -86,15 +91,15 @@ QModelIndex VinculoRejilla::CeldaActual() const {
   return datos_->index(std::max<int>(Modelo().Row, 1) - 1, Modelo().Col);
 }
 
-/// The first shown cell of the current row where the current one isn't shown.
-QModelIndex VinculoRejilla::CeldaALaVista() const {
-  const QModelIndex actual = CeldaActual();
-  if (!Vista().isColumnHidden(actual.column())) return actual;
-  return actual.siblingAtColumn(Vista().horizontalHeader()->logicalIndexAt(0));
-}
-
+/// A current cell in a hidden column is shown by the first one of its row that isn't hidden.
 void VinculoRejilla::MostrarActual() {
-  Vista().selectionModel()->setCurrentIndex(CeldaALaVista(), QItemSelectionModel::NoUpdate);
+  QModelIndex actual = CeldaActual();
+  if (Vista().isColumnHidden(actual.column())) {
+    int columna = 0;
+    while (columna + 1 < datos_->columnCount() && Vista().isColumnHidden(columna)) ++columna;
+    actual = actual.siblingAtColumn(columna);
+  }
+  Vista().selectionModel()->setCurrentIndex(actual, QItemSelectionModel::NoUpdate);
 }
 
 void VinculoRejilla::TomarPrimera() {

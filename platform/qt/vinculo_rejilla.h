@@ -39,7 +39,6 @@ class VinculoRejilla final : public VinculoDe<services::MSFlexGrid, RejillaQt> {
   bool DoblePulsarRaton(QMouseEvent& evento);
   bool MoverPorTecla(int tecla);
   [[nodiscard]] QModelIndex CeldaActual() const;
-  [[nodiscard]] QModelIndex CeldaALaVista() const;
   void MostrarActual();
   void TomarPrimera();
   void DecirActual();

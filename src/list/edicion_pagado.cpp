@@ -128,7 +128,8 @@ void EdicionPagado::CerrarEdicionPago() {
 
 void EdicionPagado::AbrirEdicionPagado() {
   if (!EnPagadoDePagable()) return Ocultar();
-  AbrirSobreCelda(TxtMsf, MSFPagos_, sesion_.PantallaDeReferencia() ? 10 : 20);
+  const int izquierda = sesion_.PantallaDeReferencia() ? 10 : 20;
+  AbrirSobreCelda(TxtMsf, MSFPagos_, {.Izquierda = izquierda, .Arriba = 20});
 }
 
 void EdicionPagado::ActivarEdicionPagado(int) {
@@ -164,22 +165,14 @@ void EdicionPagado::PasarALaSiguiente() {
 }
 
 void EdicionPagado::MoverFilaPago(std::string_view direccion) {
-  const int fila = MSFPagos_.Row;
-  const int distancia = BuscarFilaPago(direccion);
-  if (direccion == "Arr" && fila >= 2) MSFPagos_.Row = fila - distancia;
-  if (direccion == "Aba" && fila + 1 < MSFPagos_.Rows) MSFPagos_.Row = fila + distancia;
+  MSFPagos_.Row = MSFPagos_.Row + BuscarFilaPago(direccion);
   if (TxtMsf.Visible) TxtMsf.SeleccionarTodo();
 }
 
 int EdicionPagado::BuscarFilaPago(std::string_view direccion) const {
-  const int paso = direccion == "Arr" ? -1 : 1;
-  const int desde = MSFPagos_.Row;
-  for (int fila = desde + paso; fila >= 1 && fila < MSFPagos_.Rows; fila += paso) {
-    if (TieneFacturaYFecha(fila) && !MSFPagos_.TextMatrix(fila, 1).empty()) {
-      return paso * (fila - desde);
-    }
-  }
-  return 0;
+  return DistanciaHasta(MSFPagos_, direccion, [this](int fila) {
+    return TieneFacturaYFecha(fila) && !MSFPagos_.TextMatrix(fila, 1).empty();
+  });
 }
 
 bool EdicionPagado::EnPagadoDePagable() const {
@@ -195,7 +188,7 @@ bool EdicionPagado::SuperaElRecibo(int fila) const {
 }
 
 void EdicionPagado::AvisarQueSupera() {
-  sesion_.Aviso().Rechazar("El Importe Pagado no Puede ser mayor que el importe del recibo");
+  sesion_.Aviso().Rechazar(kSuperaElRecibo);
 }
 
 void EdicionPagado::Ocultar() {

@@ -11,6 +11,10 @@ struct Recibo {
   std::string Pagado;
 };
 
+/// What is said of an amount above that of its receipt, wherever it is typed.
+inline constexpr const char* kSuperaElRecibo =
+    "El Importe Pagado no Puede ser mayor que el importe del recibo";
+
 /// What a payment makes of the row of its receipt.
 struct Pago {
   std::string Pagado;    ///< text of the cell

@@ -1,7 +1,5 @@
 #include "shell/class_tesvara.h"
 
-#include <exception>
-
 #include "valores/error.h"
 
 namespace shell {

@@ -6,6 +6,7 @@
 #include <future>
 
 #include "abrir_pagos.h"
+#include "apoyo/errores.h"
 #include "esquema/esquema_sqlite.h"
 #include "platform/automation/carpeta_de_datos.h"
 #include "qt/plataforma_qt.h"
@@ -15,8 +16,8 @@
 
 namespace {
 
-using pruebas::DescripcionDeError;
-using pruebas::NumeroDeError;
+using apoyo::DescripcionDeError;
+using apoyo::NumeroDeError;
 
 constexpr const char* kSinAplicacion =
     "El anfitrión no ha creado la aplicación de las ventanas (QApplication)";

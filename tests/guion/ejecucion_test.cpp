@@ -10,7 +10,6 @@
 
 namespace {
 
-/// What a text printed, and how its run ended.
 class UnGuion : public testing::Test {
  protected:
   pruebas::BaseDeMentira datos;

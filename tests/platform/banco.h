@@ -4,7 +4,6 @@
 #include <memory>
 #include <string>
 
-#include "apoyo/errores.h"
 #include "datos/conexion.h"
 #include "datos/recordset.h"
 
@@ -35,8 +34,6 @@ struct Motor {
 inline void PrintTo(const Motor& motor, std::ostream* salida) {
   *salida << motor.Nombre;
 }
-
-using apoyo::NumeroDeError;
 
 [[nodiscard]] std::unique_ptr<Banco> CrearBancoSqlite();
 

@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "apoyo/errores.h"
 #include "platform/banco.h"
 #include "valores/texto.h"
 
@@ -24,7 +25,7 @@ class Conformidad : public testing::TestWithParam<Motor> {
     return rs;
   }
   std::int32_t ErrorAlAbrir(const Texto& sentencia, Modo modo = Modo::Lectura) {
-    return NumeroDeError([&] { Abrir(*conexion, sentencia, modo); });
+    return apoyo::NumeroDeError([&] { Abrir(*conexion, sentencia, modo); });
   }
 
   /// The first field of each row that a SELECT finds, as texts.

@@ -1,5 +1,7 @@
 #include "platform/conformidad.h"
 
+#include "apoyo/errores.h"
+
 namespace pruebas {
 namespace {
 
@@ -44,7 +46,8 @@ TEST_P(Conformidad, LasColumnasDeUnaTablaSonLasDeSuSentencia) {
   ASSERT_EQ(columnas.size(), 9U);
   EXPECT_EQ(columnas[8].Nombre, "ModificadoPor");
   EXPECT_EQ(columnas[8].Longitud, 30);
-  EXPECT_EQ(NumeroDeError([&] { (void)conexion->ColumnasDe("Nada"); }), error::TablaDesconocida);
+  EXPECT_EQ(apoyo::NumeroDeError([&] { (void)conexion->ColumnasDe("Nada"); }),
+            error::TablaDesconocida);
 }
 
 TEST_P(Conformidad, UnDeleteCorreYDejaElRecordsetCerrado) {
@@ -105,7 +108,8 @@ TEST_P(Conformidad, UnaFilaSeCambiaPorNombreYPorPosición) {
 TEST_P(Conformidad, UnaClaveRepetidaSinMirarMayúsculasFallaSola) {
   auto rs = Abrir(*conexion, Vencimientos, Modo::Optimista);
   NuevoVencimiento(*rs, "1", "ñu-a");
-  EXPECT_EQ(NumeroDeError([&] { NuevoVencimiento(*rs, "1", "ÑU-A"); }), error::RepetidoONoCabe);
+  EXPECT_EQ(apoyo::NumeroDeError([&] { NuevoVencimiento(*rs, "1", "ÑU-A"); }),
+            error::RepetidoONoCabe);
   rs->CancelUpdate();
   NuevoVencimiento(*rs, "1", "nu-a");
   conexion->TerminarUnidad();
@@ -117,7 +121,7 @@ TEST_P(Conformidad, UnaClaveSinValorNoSeGuarda) {
   auto rs = Abrir(*conexion, Vencimientos, Modo::Optimista);
   rs->AddNew();
   rs->Collect("NConcepto") = "1";
-  EXPECT_EQ(NumeroDeError([&] { rs->Update(); }), error::RepetidoONoCabe);
+  EXPECT_EQ(apoyo::NumeroDeError([&] { rs->Update(); }), error::RepetidoONoCabe);
   rs->CancelUpdate();
   EXPECT_EQ(Cuantas(*conexion, "TempProvVencimientos"), 0);
 }
@@ -156,7 +160,7 @@ TEST_P(Conformidad, LoQueNoEsDeSuColumnaNoSeGuarda) {
   auto rs = Abrir(*conexion, Vencimientos, Modo::Optimista);
   NuevoVencimiento(*rs, "1", "A");
   rs->Fields("Importe").Value = "diez";
-  EXPECT_EQ(NumeroDeError([&] { rs->Update(); }), error::RepetidoONoCabe);
+  EXPECT_EQ(apoyo::NumeroDeError([&] { rs->Update(); }), error::RepetidoONoCabe);
 }
 
 TEST_P(Conformidad, LasTablasDeTrabajoNoTienenAnchos) {
@@ -195,7 +199,7 @@ TEST_P(Conformidad, UnaFilaQueOtroCambióNoSePisaEnModoOptimista) {
   suya->Fields("Pagado").Value = 5.0;
   suya->Update();
   mia->Fields("Pagado").Value = 6.0;
-  EXPECT_EQ(NumeroDeError([&] { mia->Update(); }), error::FilaCambiada);
+  EXPECT_EQ(apoyo::NumeroDeError([&] { mia->Update(); }), error::FilaCambiada);
   mia->CancelUpdate();
   mia->Fields("Descripcion").Value = "otra columna";
   mia->Update();
@@ -224,7 +228,7 @@ TEST_P(Conformidad, UnaFilaBorradaEntretantoDaSuError) {
     EXPECT_FALSE(rs->Eof());
     Abrir(*conexion, "DELETE FROM TempProvVencimientos", Modo::Optimista);
     rs->Fields("Pagado").Value = 6.0;
-    EXPECT_EQ(NumeroDeError([&] { rs->Update(); }), error::FilaCambiada);
+    EXPECT_EQ(apoyo::NumeroDeError([&] { rs->Update(); }), error::FilaCambiada);
   }
 }
 
@@ -232,7 +236,7 @@ TEST_P(Conformidad, UnaFilaAñadidaYBorradaEntretantoDaSuError) {
   auto rs = Abrir(*conexion, Vencimientos, Modo::Optimista);
   NuevoVencimiento(*rs, "2", "B");
   Abrir(*conexion, "DELETE FROM TempProvVencimientos", Modo::Optimista);
-  EXPECT_EQ(NumeroDeError([&] { (void)rs->Fields(0).Value.Leer(); }), error::FilaCambiada);
+  EXPECT_EQ(apoyo::NumeroDeError([&] { (void)rs->Fields(0).Value.Leer(); }), error::FilaCambiada);
 }
 
 TEST_P(Conformidad, UnaFilaCambiadaDosVecesNoChocaConsigoMisma) {
@@ -250,7 +254,7 @@ TEST_P(Conformidad, UnaUniónDeTablasNoDejaEscribir) {
                   Modo::Optimista);
   rs->AddNew();
   rs->Fields(0).Value = "1";
-  EXPECT_EQ(NumeroDeError([&] { rs->Update(); }), error::NoDisponible);
+  EXPECT_EQ(apoyo::NumeroDeError([&] { rs->Update(); }), error::NoDisponible);
 }
 
 }  // namespace

@@ -1,5 +1,7 @@
 #include "platform/conformidad.h"
 
+#include "apoyo/errores.h"
+
 namespace pruebas {
 namespace {
 
@@ -55,7 +57,7 @@ TEST_P(Unidad, SinUnidadCadaEscrituraQuedaHecha) {
 TEST_P(Unidad, UnaFilaRechazadaNoSeLlevaLasDemás) {
   auto rs = Abrir(*conexion, Vencimientos, Modo::Optimista);
   for (int i = 0; i < 6; ++i) {
-    NumeroDeError([&] { NuevoVencimiento(*rs, "1", std::to_string(i / 2)); });
+    apoyo::NumeroDeError([&] { NuevoVencimiento(*rs, "1", std::to_string(i / 2)); });
     rs->CancelUpdate();
   }
   conexion->TerminarUnidad();

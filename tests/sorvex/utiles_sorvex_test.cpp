@@ -7,6 +7,7 @@
 #include <string>
 #include <vector>
 
+#include "apoyo/errores.h"
 #include "apoyo/plataforma_de_prueba.h"
 #include "forms/controles.h"
 #include "services/datos/conexion_falsa.h"
@@ -114,13 +115,13 @@ TEST_F(UtilesTest, AnotarBorradoNoLeeLosAnteriores) {
 
 TEST_F(UtilesTest, AnotarBorradoSinConexionEsError91) {
   conexion = nullptr;
-  EXPECT_EQ(pruebas::NumeroDeError([&] { utiles.AnotarBorrado("A", conexion, "DELETE"); }),
+  EXPECT_EQ(apoyo::NumeroDeError([&] { utiles.AnotarBorrado("A", conexion, "DELETE"); }),
             services::error::ObjetoNoEstablecido);
 }
 
 TEST_F(UtilesTest, ElFalloAlAnotarUnBorradoLlegaAQuienLlama) {
   tabla->FalloAlEscribir = services::error::RepetidoONoCabe;
-  EXPECT_EQ(pruebas::NumeroDeError([&] { utiles.AnotarBorrado("A", conexion, "DELETE"); }),
+  EXPECT_EQ(apoyo::NumeroDeError([&] { utiles.AnotarBorrado("A", conexion, "DELETE"); }),
             services::error::RepetidoONoCabe);
   EXPECT_TRUE(tabla->FilasGuardadas.empty());
 }

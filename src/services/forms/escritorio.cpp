@@ -30,19 +30,25 @@ void Escritorio::Correr(const std::function<void()>& accion) {
   try {
     accion();
   } catch (...) {
-    if (--profundidad_ == 0) FinTrasError(ErrorEnCurso().Descripcion());
+    if (--profundidad_ == 0) FinTrasError(std::current_exception());
     throw;
   }
   if (--profundidad_ == 0) FinDeEvento(AlTerminarEvento);
 }
 
-void Escritorio::FinTrasError(const std::string& yaDicho) {
+/// What fails a second time by the same cause has nothing to add to it.
+void Escritorio::FinTrasError(const std::exception_ptr& yaDicho) {
   Informar([&] {
     try {
       FinDeEvento(AlFallarEvento);
-    } catch (const ErrorEjecucion& fallo) {
-      // What fails a second time by the same cause has nothing to add to it.
-      if (fallo.Descripcion() != yaDicho) throw;
+    } catch (...) {
+      const std::string otra = ErrorEnCurso().Descripcion();
+      try {
+        std::rethrow_exception(yaDicho);
+      } catch (...) {
+        if (ErrorEnCurso().Descripcion() == otra) return;
+      }
+      throw;
     }
   });
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <exception>
 #include <functional>
 #include <memory>
 #include <string>
@@ -95,7 +96,7 @@ class Escritorio {
   void Rematar();
   void SoltarRetirados();
   void FinDeEvento(const std::function<void()>& cierre);
-  void FinTrasError(const std::string& yaDicho);
+  void FinTrasError(const std::exception_ptr& yaDicho);
   void Informar(const std::function<void()>& accion);
   void Correr(const std::function<void()>& accion);
   [[nodiscard]] Widget* Dejar(Widget& destino);

@@ -66,16 +66,6 @@ inline constexpr std::int32_t InterfazNoDisponible = Numero(0x80004002);
 
 /// The exception that is being handled, whatever its type, as an error of the system. Only for use
 /// inside a handler.
-[[nodiscard]] inline ErrorEjecucion ErrorEnCurso() {
-  try {
-    throw;
-  } catch (const ErrorEjecucion& fallo) {
-    return fallo;
-  } catch (const std::exception& fallo) {
-    return {error::Interno, fallo.what()};
-  } catch (...) {
-    return {error::Interno, "Error interno"};
-  }
-}
+[[nodiscard]] ErrorEjecucion ErrorEnCurso() noexcept;
 
 }  // namespace services

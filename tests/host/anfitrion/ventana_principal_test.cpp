@@ -165,16 +165,21 @@ TEST_F(Ventana, MasPequenaQueLaPantallaSeDesplazaHastaLoQueTieneElFoco) {
   disposicion->addWidget(arriba);
   disposicion->addSpacing(800);
   disposicion->addWidget(abajo);
-  pantalla->show();
   ventana.resize(400, 300);
   ventana.activateWindow();
   ASSERT_TRUE(QTest::qWaitForWindowActive(&ventana));
+  pantalla->show();
+  pantalla->resize(pantalla->minimumSizeHint());
+  QCoreApplication::processEvents();
   EXPECT_GE(ventana.Marco().height(), 800);
   abajo->setFocus();
   EXPECT_FALSE(abajo->visibleRegion().isEmpty());
   arriba->setFocus();
   EXPECT_FALSE(arriba->visibleRegion().isEmpty());
   EXPECT_TRUE(abajo->visibleRegion().isEmpty());
+  pantalla->hide();
+  QCoreApplication::processEvents();
+  EXPECT_LT(ventana.Marco().height(), 300);
 }
 
 }  // namespace

@@ -9,8 +9,6 @@
 #include <utility>
 #include <vector>
 
-#include "apoyo/errores.h"
-
 namespace pruebas {
 
 /// An empty user's data folder for the length of a test; the environment is put back at its end.
@@ -44,8 +42,5 @@ class CarpetaDeDatos {
   std::filesystem::path ruta_;
   std::vector<std::pair<std::string, std::optional<std::string>>> viejas_;
 };
-
-using apoyo::DescripcionDeError;
-using apoyo::NumeroDeError;
 
 }  // namespace pruebas

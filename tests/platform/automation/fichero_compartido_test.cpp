@@ -11,13 +11,14 @@
 #include <string>
 #include <thread>
 
+#include "apoyo/errores.h"
 #include "platform/automation/carpeta_de_datos.h"
 
 namespace {
 
 namespace fs = std::filesystem;
+using apoyo::DescripcionDeError;
 using automation::FicheroCompartido;
-using pruebas::DescripcionDeError;
 
 constexpr uid_t kNadie = 65534;
 

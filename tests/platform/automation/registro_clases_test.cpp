@@ -8,15 +8,16 @@
 #include <fstream>
 #include <string>
 
+#include "apoyo/errores.h"
 #include "platform/automation/carpeta_de_datos.h"
 #include "platform/automation/contador.h"
 
 namespace {
 
+using apoyo::NumeroDeError;
 using automation::Clase;
 using automation::Registro;
 using pruebas::IContador;
-using pruebas::NumeroDeError;
 
 constexpr services::GUID kOtra{0xABCDEF01, 0x2345, 0x6789, {0xA, 0xB, 0xC, 0xD, 0xE, 0xF, 1, 2}};
 
@@ -133,7 +134,7 @@ TEST_F(RegistroTest, LoQueNoCabeEnUnaLineaSeRechaza) {
 }
 
 TEST_F(RegistroTest, SinIdentificadorNoHayClase) {
-  EXPECT_EQ(pruebas::DescripcionDeError([] {
+  EXPECT_EQ(apoyo::DescripcionDeError([] {
               Registro().Poner({services::GUID{}, "Pruebas.Vacia", "/a.so"});
             }),
             "La clase Pruebas.Vacia no tiene identificador");

@@ -7,17 +7,18 @@
 #include <future>
 #include <string>
 
+#include "apoyo/errores.h"
 #include "automation/registro_clases.h"
 #include "platform/automation/carpeta_de_datos.h"
 #include "platform/automation/contador.h"
 
 namespace {
 
+using apoyo::DescripcionDeError;
+using apoyo::NumeroDeError;
 using automation::CrearObjeto;
 using automation::Registro;
-using pruebas::DescripcionDeError;
 using pruebas::IContador;
-using pruebas::NumeroDeError;
 
 constexpr services::GUID kAjena{0xABCDEF01, 0x2345, 0x6789, {1, 2, 3, 4, 5, 6, 7, 8}};
 

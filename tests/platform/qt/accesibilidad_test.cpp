@@ -4,7 +4,6 @@
 #include <private/qguiapplication_p.h>
 #include <QAccessible>
 #include <QGuiApplication>
-#include <algorithm>
 
 #include "platform/qt/rejilla_en_pantalla.h"
 
@@ -13,6 +12,7 @@
 namespace {
 
 using pruebas::RejillaEnPantalla;
+using testing::Contains;
 using testing::ElementsAre;
 using testing::IsEmpty;
 
@@ -59,6 +59,7 @@ class RejillaQueSeOye : public RejillaEnPantalla {
 };
 
 TEST_F(RejillaQueSeOye, MarcarLaCeldaActualSeDice) {
+  vista.setFocus();
   Mover(1, 2);
   dichos.clear();
   escena.form->Escritorio().Evento([this] { rejilla.CellPicture = "check"; });
@@ -72,6 +73,7 @@ TEST_F(RejillaQueSeOye, MarcarLaCeldaActualSeDice) {
 }
 
 TEST_F(RejillaQueSeOye, UnCambioEnOtraCeldaNoSeDice) {
+  vista.setFocus();
   Mover(1, 2);
   dichos.clear();
   escena.form->Escritorio().Evento([this] { rejilla.TextMatrix(2, 2, "otra"); });
@@ -79,10 +81,15 @@ TEST_F(RejillaQueSeOye, UnCambioEnOtraCeldaNoSeDice) {
 }
 
 TEST_F(RejillaQueSeOye, SinElFocoNoSeAnunciaSuCeldaActual) {
-  vista.clearFocus();
+  vista.setFocus();
+  escena.Vista<QLineEdit>("TxtFecha").setFocus();
   dichos.clear();
   Mover(2, 1);
+  escena.form->Escritorio().Evento([this] { rejilla.TextMatrix(2, 1, "otro"); });
   EXPECT_THAT(Nombres(QAccessible::Focus), IsEmpty());
+  EXPECT_THAT(Nombres(QAccessible::NameChanged), IsEmpty());
+  vista.setFocus();
+  EXPECT_THAT(Nombres(QAccessible::Focus), Contains("otro")) << "al volver se anuncia";
 }
 
 TEST_F(RejillaQueSeOye, ConElFocoSeAnunciaCadaCeldaQueEsLaActual) {
@@ -98,6 +105,12 @@ TEST_F(RejillaQueSeOye, EnUnaColumnaOcultaSeAnunciaLaPrimeraQueSeVe) {
   escena.form->Escritorio().Evento([this] { rejilla.TextMatrix(2, 3, "oculta"); });
   Mover(2, 3);
   EXPECT_THAT(Nombres(QAccessible::Focus), ElementsAre(rejilla.TextMatrix(2, 0)));
+  escena.marco.resize(300, 400);
+  vista.horizontalScrollBar()->setValue(vista.horizontalScrollBar()->maximum());
+  dichos.clear();
+  Mover(3, 3);
+  EXPECT_THAT(Nombres(QAccessible::Focus), ElementsAre(rejilla.TextMatrix(3, 0)))
+      << "también con la lista corrida a un lado";
 }
 
 TEST_F(RejillaEnPantalla, UnaCeldaSinMarcarLoDice) {

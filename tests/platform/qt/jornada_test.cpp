@@ -135,4 +135,22 @@ TEST_F(DiaEnPantalla, TreintaMilFilasSeAbrenSeDesplazanYSePaganAlMomento) {
   Cerrar();
 }
 
+TEST_F(DiaEnPantalla, AlCerrarElEditorElFocoPasaALaListaSinRodeos) {
+  ASSERT_EQ(Partida(opciones).Jugar(jornada::kEmpresa).Estado, 0);
+  Abrir();
+  ventana->activateWindow();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(ventana));
+  DobleCelda(5, 4);
+  auto& editor = Vista<QLineEdit>("TxtMsf");
+  ASSERT_TRUE(editor.hasFocus());
+  std::vector<std::string> paradas;
+  QObject::connect(qApp, &QApplication::focusChanged, ventana, [&](QWidget*, QWidget* ahora) {
+    paradas.push_back(ahora ? ahora->objectName().toStdString() : "");
+  });
+  QTest::keyClick(&editor, Qt::Key_Escape);
+  EXPECT_THAT(paradas, testing::ElementsAre("MSFPagos"));
+  QObject::disconnect(qApp, nullptr, ventana, nullptr);
+  Cerrar();
+}
+
 }  // namespace

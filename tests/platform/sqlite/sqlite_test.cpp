@@ -9,13 +9,14 @@
 #include <fstream>
 #include <functional>
 
+#include "apoyo/errores.h"
 #include "esquema/esquema_sqlite.h"
 #include "platform/banco.h"
 #include "platform/carpeta_temporal.h"
 
 namespace {
 
-using pruebas::NumeroDeError;
+using apoyo::NumeroDeError;
 using services::ModoApertura;
 using testing::EndsWith;
 using testing::HasSubstr;

@@ -5,7 +5,6 @@
 #include <string>
 #include <vector>
 
-#include "apoyo/errores.h"
 #include "datos/conexion.h"
 #include "valores/error.h"
 
@@ -104,7 +103,5 @@ class ConexionFalsa final : public services::ObjetoContado<services::Conexion> {
  private:
   std::shared_ptr<TablaFalsa> tabla_;
 };
-
-using apoyo::NumeroDeError;
 
 }  // namespace pruebas

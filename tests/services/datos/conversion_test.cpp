@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "apoyo/errores.h"
 #include "services/datos/conexion_falsa.h"
 
 namespace {
@@ -58,7 +59,7 @@ class ConversionRechazadaTest : public testing::TestWithParam<Caso> {};
 TEST_P(ConversionRechazadaTest, NoCabe) {
   const Columna columna{"C", GetParam().tipo, 5, false};
   Valor lugar;
-  EXPECT_EQ(pruebas::NumeroDeError([&] { (void)Convertir(GetParam().dado, columna, lugar); }),
+  EXPECT_EQ(apoyo::NumeroDeError([&] { (void)Convertir(GetParam().dado, columna, lugar); }),
             services::error::RepetidoONoCabe);
 }
 

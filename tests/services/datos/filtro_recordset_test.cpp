@@ -1,13 +1,14 @@
 #include <gtest/gtest.h>
 
+#include "apoyo/errores.h"
 #include "datos/filtro.h"
 #include "datos/recordset.h"
 #include "services/datos/conexion_falsa.h"
 
 namespace {
 
+using apoyo::NumeroDeError;
 using pruebas::ConexionFalsa;
-using pruebas::NumeroDeError;
 using pruebas::TablaFalsa;
 using services::ModoApertura;
 using services::Valor;

@@ -3,12 +3,13 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "apoyo/errores.h"
 #include "services/datos/conexion_falsa.h"
 
 namespace {
 
+using apoyo::NumeroDeError;
 using pruebas::ConexionFalsa;
-using pruebas::NumeroDeError;
 using pruebas::TablaFalsa;
 using services::Columna;
 using services::ModoApertura;

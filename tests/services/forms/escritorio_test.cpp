@@ -126,6 +126,12 @@ TEST_F(Escritorio, ElMismoFalloEnElEventoYEnSuFinSeDiceUnaVez) {
   EXPECT_THAT(Errores(), ElementsAre(13));
 }
 
+TEST_F(Escritorio, TambienSiNoEsUnErrorDelSistema) {
+  e.AlFallarEvento = [] { throw std::bad_alloc(); };
+  e.Evento([] { throw std::bad_alloc(); });
+  EXPECT_THAT(Errores(), ElementsAre(services::error::Interno));
+}
+
 TEST_F(Escritorio, LasVentanasSabenDelFinAunqueFalle) {
   e.AlTerminarEvento = [] { Fallar(1); };
   (void)p.ventanas.Tomar();

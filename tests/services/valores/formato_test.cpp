@@ -10,7 +10,6 @@
 #include "valores/error.h"
 #include "valores/numero.h"
 
-using services::ErrorEjecucion;
 using services::HacerFecha;
 using services::Importe;
 using services::Mascara;

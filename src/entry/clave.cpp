@@ -1,0 +1,23 @@
+#include "entry/clave.h"
+
+#include "list/linea.h"
+#include "valores/fecha.h"
+#include "valores/texto.h"
+
+namespace entry {
+
+Clave ClaveDeLaLista(const list::RejillaPagos& lista) {
+  const list::Linea linea = lista.LineaDe(lista.MSFPagos.Row);
+  return {linea.NConcepto, std::string(services::Trim(linea.NFactura)), linea.Anio};
+}
+
+Clave ClaveDelPanel(const Campos& campos) {
+  return {campos.TxtNConcepto.Text(), std::string(services::Trim(campos.TxtNFra.Text())),
+          AnioDe(campos.TxtFFra.Text())};
+}
+
+std::string AnioDe(const std::string& fecha) {
+  return std::to_string(services::Descomponer(services::Fecha(fecha)).Anio);
+}
+
+}  // namespace entry

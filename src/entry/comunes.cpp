@@ -1,0 +1,78 @@
+#include "entry/comunes.h"
+
+#include "entry/edicion_vencimiento.h"
+#include "forms/entrada.h"
+
+namespace entry {
+namespace {
+
+using services::TextBox;
+using services::Widget;
+namespace color = services::color;
+
+/// How a field keeps the text that it had when it got the focus.
+enum class Memoria { Ninguna, Texto };
+
+void UnirCampo(TextBox& campo, EdicionVencimiento& edicion, Memoria memoria) {
+  campo.GotFocus = [&campo, &edicion, memoria] {
+    edicion.CerrarEdicionVencimiento();
+    campo.BackColor = color::ConFoco;
+    if (memoria == Memoria::Texto) campo.Tag = campo.Text();
+    campo.SeleccionarTodo();
+  };
+  campo.LostFocus = [&campo] { PintarBlanco(campo); };
+}
+
+}  // namespace
+
+void Habilitar(Widget& campo, bool estado) {
+  campo.Enabled = estado;
+  estado ? PintarBlanco(campo) : PintarInhabilitado(campo);
+}
+
+void PintarBlanco(Widget& campo) {
+  campo.BackColor = color::Blanco;
+}
+
+void PintarInhabilitado(Widget& campo) {
+  campo.BackColor = color::Inhabilitado;
+}
+
+void PasarAlPrimero(std::initializer_list<Widget*> cadena) {
+  for (Widget* campo : cadena) {
+    if (campo->Enabled) return campo->SetFocus();
+  }
+}
+
+int Filtrar(services::Sesion& sesion, TextBox& campo, Tecleo tecleo, int tecla) {
+  switch (tecleo) {
+    case Tecleo::Texto:
+      return tecla;
+    case Tecleo::Fecha:
+      return sesion.Utiles().TeclaFecha(campo, tecla);
+    case Tecleo::Importe:
+      return sesion.Utiles().TeclaImporte(campo, tecla, false);
+    case Tecleo::Entero:
+      return sesion.Utiles().TeclaImporte(campo, tecla, true);
+  }
+  return tecla;
+}
+
+void UnirFoco(Campos& c, EdicionVencimiento& edicion) {
+  for (TextBox* campo :
+       {&c.TxtConcepto, &c.TxtNFra, &c.TxtB16, &c.TxtI16, &c.TxtB7, &c.TxtI7, &c.TxtB4, &c.TxtI4,
+        &c.TxtB0, &c.TxtTipoIRPF, &c.TxtBIRPF, &c.TxtIRPF, &c.TxtIPrev, &c.TxtCada, &c.TxtDesde}) {
+    UnirCampo(*campo, edicion, Memoria::Ninguna);
+  }
+  for (TextBox* campo : {&c.TxtFFra, &c.TxtFVista, &c.TxtNRecibos, &c.TxtDias, &c.TxtCadencia}) {
+    UnirCampo(*campo, edicion, Memoria::Texto);
+  }
+  UnirCampo(c.TxtIFra, edicion, Memoria::Ninguna);
+  for (services::CheckBox* caja : {&c.Chk16, &c.Chk7, &c.Chk4, &c.Chk0, &c.Chk15, &c.OptGenerar}) {
+    caja->GotFocus = [&edicion] { edicion.CerrarEdicionVencimiento(); };
+  }
+  c.CboPlazo.GotFocus = [&c] { c.CboPlazo.BackColor = color::ConFoco; };
+  c.CboPlazo.LostFocus = [&c] { PintarBlanco(c.CboPlazo); };
+}
+
+}  // namespace entry

@@ -1,0 +1,51 @@
+#include "entry/desglose.h"
+
+#include "valores/formato.h"
+#include "valores/numero.h"
+
+namespace entry {
+
+using services::Mascara;
+
+namespace {
+
+constexpr double kCentimo = 0.01;
+
+}  // namespace
+
+double Redondeado(double importe) {
+  return services::Numero(Mascara(importe));
+}
+
+BaseEIva SepararTotal(double total, const TipoIva& tipo) {
+  const std::string base = Mascara(total / tipo.Divisor);
+  return {base, Mascara(total - services::Numero(base))};
+}
+
+BaseEIva SepararResto(double resto, const TipoIva& tipo) {
+  const std::string base = Mascara(resto / tipo.Divisor);
+  return {base, IvaDe(services::Numero(base), tipo)};
+}
+
+std::string IvaDe(double base, const TipoIva& tipo) {
+  return Mascara(base * tipo.Tanto / 100);
+}
+
+std::string IrpfDe(double base, double tanto) {
+  return Mascara(base * tanto / 100);
+}
+
+double LimiteDeBase(double total, double irpf, const TipoIva& tipo) {
+  return Redondeado((total + irpf) / tipo.Divisor);
+}
+
+double LimiteDeIrpf(double total, double tanto) {
+  return Redondeado(total) + Redondeado(total * tanto) / 100;
+}
+
+bool Cuadra(double suma, double total) {
+  return Redondeado(suma) == total || Redondeado(suma + kCentimo) == total ||
+         Redondeado(suma - kCentimo) == total;
+}
+
+}  // namespace entry

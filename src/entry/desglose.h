@@ -1,0 +1,49 @@
+#pragma once
+
+#include <string>
+
+namespace entry {
+
+// The arithmetic of an invoice's amounts: how a total splits into bases, VAT, an exempt part and a
+// withholding. Amounts come in as numbers and go out as the text under the mask, two decimals, ties
+// away from zero; every comparison is of such texts.
+
+/// A VAT rate.
+struct TipoIva {
+  double Divisor;  ///< total over base
+  double Tanto;    ///< hundredths of the base
+};
+inline constexpr TipoIva kIva16{1.16, 16};
+inline constexpr TipoIva kIva7{1.07, 7};
+inline constexpr TipoIva kIva4{1.04, 4};
+
+struct BaseEIva {
+  std::string Base;
+  std::string Iva;
+
+  bool operator==(const BaseEIva&) const = default;
+};
+
+/// A number as its text under the mask says it: rounded to two decimals.
+[[nodiscard]] double Redondeado(double importe);
+
+/// A total that bears one rate only: base and VAT add up to it exactly.
+[[nodiscard]] BaseEIva SepararTotal(double total, const TipoIva& tipo);
+/// What the other rates leave of a total: the VAT is that of the rounded base, and the sum may miss
+/// `resto` by a cent.
+[[nodiscard]] BaseEIva SepararResto(double resto, const TipoIva& tipo);
+
+/// The VAT of a base.
+[[nodiscard]] std::string IvaDe(double base, const TipoIva& tipo);
+/// The withholding of a base; `tanto` in hundredths.
+[[nodiscard]] std::string IrpfDe(double base, double tanto);
+
+/// The largest base of that rate that a total can carry, with what is withheld added to it.
+[[nodiscard]] double LimiteDeBase(double total, double irpf, const TipoIva& tipo);
+/// The largest base of a withholding that a total can carry.
+[[nodiscard]] double LimiteDeIrpf(double total, double tanto);
+
+/// Whether a sum is a total, one cent either way.
+[[nodiscard]] bool Cuadra(double suma, double total);
+
+}  // namespace entry

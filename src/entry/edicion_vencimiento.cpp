@@ -1,0 +1,160 @@
+#include "entry/edicion_vencimiento.h"
+
+#include "forms/entrada.h"
+#include "list/editor_en_celda.h"
+#include "list/guarda.h"
+#include "valores/formato.h"
+
+namespace entry {
+
+using services::Mascara;
+namespace tecla = services::tecla;
+
+EdicionVencimiento::EdicionVencimiento(Campos& campos, services::Sesion& sesion,
+                                       Vencimientos& vencimientos, const list::RejillaPagos& lista)
+    : c_(campos),
+      rejilla_(campos.MSFVencimientos),
+      TxtMsf2_(campos.TxtMsf2),
+      sesion_(sesion),
+      vencimientos_(vencimientos),
+      lista_(lista) {
+  rejilla_.Click = [this] { MSFVencimientos_Click(); };
+  rejilla_.DblClick = [this] { ActivarEdicionVencimiento(tecla::Espacio); };
+  rejilla_.RowColChange = [this] { MSFVencimientos_RowColChange(); };
+  rejilla_.LeaveCell = [this] { MSFVencimientos_LeaveCell(); };
+  TxtMsf2_.GotFocus = [this] { TxtMsf2_.SeleccionarTodo(); };
+  TxtMsf2_.KeyDown = [this](int& codigo) { TxtMsf2_KeyDown(codigo); };
+  TxtMsf2_.KeyPress = [this](int& codigo) { TxtMsf2_KeyPress(codigo); };
+}
+
+void EdicionVencimiento::MSFVencimientos_Click() {
+  const int fila = rejilla_.Row;
+  if (rejilla_.Col == columna::Marca && vencimientos_.TieneFecha(fila)) {
+    vencimientos_.EstaMarcada(fila) ? QuitarPago(fila) : PagarEntero(fila);
+  } else if (rejilla_.Col == columna::Pagado) {
+    TxtMsf2_.Visible&& SuperaElRecibo() ? AvisarQueSupera() : AbrirEdicionVencimiento();
+  } else if (rejilla_.Col == columna::Importe && vencimientos_.TieneFecha(fila)) {
+    AbrirEdicionVencimiento();
+  } else {
+    Ocultar();
+  }
+}
+
+void EdicionVencimiento::PagarEntero(int fila) {
+  Ocultar();
+  const list::Recibo recibo = vencimientos_.ReciboDe(fila);
+  vencimientos_.Anotar(fila, list::Entrar(recibo, recibo.Importe));
+}
+
+/// Whether there was a payment before is asked of the list's snapshot at the same row, which is
+/// another due date as a rule; what comes back is of the receipt itself.
+void EdicionVencimiento::QuitarPago(int fila) {
+  Ocultar();
+  const services::MSFlexGrid& copia = lista_.MsfPagos2;
+  const bool sinPago = fila >= copia.Rows || copia.TextMatrix(fila, list::columna::Pagado).empty();
+  const list::Recibo antes = sinPago ? list::Recibo() : vencimientos_.ReciboAceptado(fila);
+  vencimientos_.Anotar(fila, list::Devolver(vencimientos_.ReciboDe(fila), antes));
+}
+
+void EdicionVencimiento::MSFVencimientos_RowColChange() {
+  if (MoviendoColumnaVto_ && rejilla_.Col == columna::Marca) ComprometerImporte();
+}
+
+/// A text that is left empty leaves the cell empty.
+void EdicionVencimiento::ComprometerImporte() {
+  const std::string& tecleado = TxtMsf2_.Text();
+  list::Pago pago = list::Entrar(vencimientos_.ReciboDe(rejilla_.Row), tecleado);
+  if (!pago.Marca && tecleado.empty()) pago.Pagado = "";
+  vencimientos_.Anotar(rejilla_.Row, pago);
+}
+
+void EdicionVencimiento::MoverAMarca() {
+  const list::Mientras moviendo(MoviendoColumnaVto_);
+  rejilla_.Col = columna::Marca;
+}
+
+void EdicionVencimiento::MSFVencimientos_LeaveCell() {
+  if (MoviendoColumnaVto_ || TxtMsf2_.Text().empty()) return;
+  if (rejilla_.Col == columna::Pagado) {
+    static_cast<void>(list::Entrar({}, TxtMsf2_.Text));  // what is no amount fails before it moves
+    MoverAMarca();
+  } else if (rejilla_.Col != columna::Marca && TxtMsf2_.Visible) {
+    TomarEnSuCelda();
+  }
+}
+
+void EdicionVencimiento::TomarEnSuCelda() {
+  const std::string& tecleado = TxtMsf2_.Text();
+  rejilla_.Text = rejilla_.Col == columna::Importe ? Mascara(services::Valor(tecleado)) : tecleado;
+}
+
+void EdicionVencimiento::CerrarEdicionVencimiento() {
+  if (!TxtMsf2_.Visible) return;
+  // In whatever column it stands: an open date would be taken for an amount.
+  rejilla_.Text = Mascara(services::Importe(TxtMsf2_.Text));
+  if (rejilla_.Col == columna::Pagado) MoverAMarca();
+  Ocultar();
+}
+
+void EdicionVencimiento::AbrirEdicionVencimiento() {
+  const bool editable = rejilla_.Col == columna::Importe || rejilla_.Col == columna::Pagado;
+  if (!editable || !vencimientos_.TieneFecha(rejilla_.Row)) return Ocultar();
+  const int arriba = sesion_.PantallaDeReferencia() ? 20 : 10;
+  list::AbrirSobreCelda(TxtMsf2_, rejilla_, {.Izquierda = 10, .Arriba = arriba});
+}
+
+void EdicionVencimiento::ActivarEdicionVencimiento(int) {
+  AbrirEdicionVencimiento();
+}
+
+void EdicionVencimiento::TxtMsf2_KeyDown(int& codigo) {
+  if (codigo != tecla::Arriba && codigo != tecla::Abajo) return;
+  MoverFilaVencimiento(codigo == tecla::Arriba ? "Arr" : "Aba");
+  codigo = 0;
+}
+
+void EdicionVencimiento::TxtMsf2_KeyPress(int& codigo) {
+  if (codigo == tecla::Escape) {
+    Ocultar();
+  } else if (codigo == tecla::Intro) {
+    rejilla_.Col == columna::Pagado&& SuperaElRecibo() ? AvisarQueSupera() : Aceptar();
+  } else {
+    codigo = sesion_.Utiles().TeclaImporte(TxtMsf2_, codigo, false);
+  }
+}
+
+void EdicionVencimiento::Aceptar() {
+  rejilla_.Col == columna::Pagado ? ComprometerImporte() : TomarEnSuCelda();
+  const int siguiente = rejilla_.Row + 1;
+  if (siguiente >= rejilla_.Rows || !vencimientos_.TieneFecha(siguiente)) return;
+  rejilla_.Row = siguiente;
+  AbrirEdicionVencimiento();
+  TxtMsf2_.SeleccionarTodo();
+}
+
+void EdicionVencimiento::MoverFilaVencimiento(std::string_view direccion) {
+  rejilla_.Row = rejilla_.Row + BuscarFilaVencimiento(direccion);
+  AbrirEdicionVencimiento();
+  TxtMsf2_.SeleccionarTodo();
+}
+
+int EdicionVencimiento::BuscarFilaVencimiento(std::string_view direccion) const {
+  return list::DistanciaHasta(rejilla_, direccion, [this](int fila) {
+    return vencimientos_.TieneFecha(fila) && !vencimientos_.ReciboDe(fila).Importe.empty();
+  });
+}
+
+bool EdicionVencimiento::SuperaElRecibo() const {
+  return list::Supera(vencimientos_.ReciboDe(rejilla_.Row), TxtMsf2_.Text);
+}
+
+void EdicionVencimiento::AvisarQueSupera() {
+  sesion_.Aviso().Rechazar(list::kSuperaElRecibo);
+}
+
+void EdicionVencimiento::Ocultar() {
+  if (TxtMsf2_.TieneFoco()) rejilla_.SetFocus();
+  list::Cerrar(TxtMsf2_);
+}
+
+}  // namespace entry

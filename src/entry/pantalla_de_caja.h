@@ -1,0 +1,32 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+namespace entry {
+
+/// A row of the cash screen: the key of a cash entry, as texts, and whether it is marked as paid by
+/// the invoice on the panel.
+struct ApunteDeCaja {
+  std::string Tipo;  ///< empty, or no number, for a row that holds no entry
+  std::string FechaHora;
+  bool Marcado = false;
+};
+
+/// What the panel asks of the cash screen.
+class PantallaDeCaja {
+ public:
+  virtual ~PantallaDeCaja() = default;
+
+  /// Unloads it and loads it again, so that its list shows the entries of the panel's concept.
+  virtual void Rehacer() = 0;
+  virtual void Descargar() = 0;
+  /// Loads it, when it isn't, without showing it.
+  virtual void Cargar() = 0;
+  /// Shows it and waits until it is hidden.
+  virtual void MostrarModal() = 0;
+  /// Its rows; loads it first when it isn't.
+  [[nodiscard]] virtual std::vector<ApunteDeCaja> Apuntes() = 0;
+};
+
+}  // namespace entry

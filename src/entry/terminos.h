@@ -1,0 +1,67 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "entry/campos.h"
+#include "entry/clave.h"
+#include "entry/pantalla_de_caja.h"
+#include "entry/vencimientos.h"
+#include "services/sesion.h"
+
+namespace entry {
+
+/// The payment terms: one receipt on a date, or a series of them, and what keeps the receipts that
+/// are stored already from being lost when the terms change.
+class Terminos {
+ public:
+  Terminos(Campos& campos, services::Sesion& sesion, const list::RejillaPagos& lista,
+           Vencimientos& vencimientos, PantallaDeCaja& caja);
+
+  /// The grid anew: the series that the terms tell, blank where they don't tell enough.
+  void GenerarAplazado();
+  /// The grid anew: the single receipt.
+  void GenerarVista();
+  /// The one or the other, by the form of payment that is on.
+  void Generar();
+
+  /// Switches the form of payment: "Vista", any other text for the deferred one. `Estado` is
+  /// whether its fields turn on, `Generar` whether the receipts are made anew.
+  void Opt(std::string_view Tipo, bool Estado, bool Generar);
+  /// After the user's typing has made the receipts anew: asks before stored ones are given up.
+  void ComprobarRecibos();
+
+  /// The six tests: the terms are filled, and none is "0".
+  [[nodiscard]] bool TerminosCompletos() const;
+  /// Makes the series that a first entry of the terms, or a change of their cadence, still lacks.
+  void PonerseAlDia();
+  /// `TxtFVista`'s own key press, which the invoice's date runs too.
+  void TxtFVista_KeyPress(int& tecla);
+
+ private:
+  void UnirTecleo();
+  void TxtCadencia_KeyPress(int& tecla);
+  void TxtCadencia_LostFocus();
+  void TxtFVista_LostFocus();
+  void RegenerarAlDejar(services::TextBox& campo);
+  void RegenerarAplazado(bool comprueba);
+  void RegenerarVista();
+  [[nodiscard]] bool FechaVistaValida();
+
+  void PonerAplazado(bool estado, bool generar);
+  void PonerVista(bool estado, bool generar);
+
+  [[nodiscard]] Clave ClaveDeComprobacion() const;
+  [[nodiscard]] bool HayPagados(const std::string& sentencia) const;
+  void ComprobarMismoNumero(const std::string& sentencia, int guardados);
+  void ComprobarOtroNumero(int guardados);
+  void VolverALosGuardados(int guardados);
+
+  Campos& c_;
+  services::Sesion& sesion_;
+  const list::RejillaPagos& lista_;
+  Vencimientos& vencimientos_;
+  PantallaDeCaja& caja_;
+};
+
+}  // namespace entry
