@@ -114,7 +114,7 @@ void RejillaQt::focusOutEvent(QFocusEvent* evento) {
 /// The toolkit tells screen readers of a current cell as of one that has got the focus.
 void RejillaQt::currentChanged(const QModelIndex& actual, const QModelIndex& anterior) {
   if (hasFocus()) return QTableView::currentChanged(actual, anterior);
-  QAbstractItemView::currentChanged(actual, anterior);
+  QAbstractItemView::currentChanged(actual, anterior);  // NOLINT(bugprone-parent-virtual-call)
 }
 
 void RejillaQt::paintEvent(QPaintEvent* evento) {

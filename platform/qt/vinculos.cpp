@@ -35,6 +35,7 @@ Vinculo* CrearVinculo(services::Widget& modelo, QWidget& vista, Lienzo& lienzo) 
       &Probar<VinculoBarra, services::VScrollBar, QScrollBar>,
       &Probar<VinculoCintilla, services::Cintilla, CintillaQt>,
       &Probar<VinculoEtiqueta, services::Label, QLabel>,
+      &Probar<VinculoGrupo, services::Label, QGroupBox>,
       &Probar<VinculoImagen, services::Image, ImagenQt>,
       &Probar<VinculoProgreso, services::ProgressBar, QProgressBar>,
       &Probar<VinculoPanel, services::PictureBox, QFrame>,

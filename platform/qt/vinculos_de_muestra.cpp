@@ -42,6 +42,10 @@ void VinculoEtiqueta::MostrarPropio(Aspecto aspecto) {
   if (aspecto == Aspecto::BackColor) Vista().setAutoFillBackground(Modelo().BackColor >= 0);
 }
 
+void VinculoGrupo::MostrarPropio(Aspecto aspecto) {
+  if (aspecto == Aspecto::Caption) Vista().setTitle(Texto(Modelo().Caption()));
+}
+
 bool VinculoEtiqueta::eventFilter(QObject* objeto, QEvent* evento) {
   if (evento->type() == QEvent::MouseButtonPress && Atento()) {
     if (static_cast<QMouseEvent*>(evento)->button() == Qt::LeftButton) Pulsar();

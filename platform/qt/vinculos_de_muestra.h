@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QFrame>
+#include <QGroupBox>
 #include <QLabel>
 #include <QProgressBar>
 
@@ -17,6 +18,15 @@ class VinculoEtiqueta final : public VinculoDe<services::Label, QLabel> {
  public:
   VinculoEtiqueta(services::Label& modelo, QLabel& vista, Lienzo& lienzo);
   bool eventFilter(QObject* objeto, QEvent* evento) override;
+
+ protected:
+  void MostrarPropio(services::Aspecto aspecto) override;
+};
+
+/// A title that stands in the frame around its group.
+class VinculoGrupo final : public VinculoDe<services::Label, QGroupBox> {
+ public:
+  using VinculoDe::VinculoDe;
 
  protected:
   void MostrarPropio(services::Aspecto aspecto) override;

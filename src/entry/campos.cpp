@@ -63,7 +63,7 @@ Campos::Campos(services::Form& pantalla)
       Chk0(PicNuevo, "Chk0", "Exento de IVA:", Campo(480, 3120, 1200, 14)),
       TxtB0(PicNuevo, "TxtB0", Campo(1740, 3120, 1600, 15).Inhabilitado()),
       Label18(PicNuevo, "Label18", "  Importe de I.R.P.F:", Rotulo(720, 3540, 2400)),
-      Chk15(PicNuevo, "Chk15", "", Campo(480, 3540, 240, 16)),
+      Chk15(PicNuevo, "Chk15", "I.R.P.F.", Campo(480, 3540, 240, 16)),
       LblTipo(PicNuevo, "LblTipo", "Tipo:", Rotulo(480, 3900, 480).Inhabilitado()),
       TxtTipoIRPF(PicNuevo, "TxtTipoIRPF", Campo(960, 3900, 720, 17).Inhabilitado()),
       TxtBIRPF(PicNuevo, "TxtBIRPF", Campo(1740, 3900, 1600, 18).Inhabilitado()),
@@ -99,6 +99,7 @@ Campos::Campos(services::Form& pantalla)
       BtnCancelar(PicNuevo, "BtnCancelar", "Cancelar", {9200, 6480, 1560, 480}) {
   // A click on it doesn't take the focus, so that the field being left raises no complaint.
   BtnCancelar.TomaFoco = false;
+  BtnCancelar.Cancela = true;
   Limitar(largo::Fecha, {&TxtFFra, &TxtFVista, &TxtDesde});
   Limitar(largo::Importe, {&TxtIFra, &TxtB16, &TxtI16, &TxtB7, &TxtI7, &TxtB4, &TxtI4, &TxtB0,
                            &TxtBIRPF, &TxtIRPF, &TxtIPrev, &TxtMsf2});

@@ -10,15 +10,10 @@ using services::TextBox;
 using services::Widget;
 namespace color = services::color;
 
-/// How a field keeps the text that it had when it got the focus.
-enum class Memoria { Ninguna, Texto };
-
-void UnirCampo(TextBox& campo, EdicionVencimiento& edicion, Memoria memoria) {
-  campo.GotFocus = [&campo, &edicion, memoria] {
-    edicion.CerrarEdicionVencimiento();
-    campo.BackColor = color::ConFoco;
-    if (memoria == Memoria::Texto) campo.Tag = campo.Text();
-    campo.SeleccionarTodo();
+void UnirCampo(TextBox& campo, EdicionVencimiento& edicion, bool recuerda) {
+  campo.GotFocus = [&campo, &edicion, recuerda] {
+    RecibirFoco(campo, edicion);
+    if (recuerda) campo.Tag = campo.Text();
   };
   campo.LostFocus = [&campo] { PintarBlanco(campo); };
 }
@@ -38,7 +33,7 @@ void PintarInhabilitado(Widget& campo) {
   campo.BackColor = color::Inhabilitado;
 }
 
-void PasarAlPrimero(std::initializer_list<Widget*> cadena) {
+void PasarAlPrimero(const std::vector<Widget*>& cadena) {
   for (Widget* campo : cadena) {
     if (campo->Enabled) return campo->SetFocus();
   }
@@ -58,16 +53,22 @@ int Filtrar(services::Sesion& sesion, TextBox& campo, Tecleo tecleo, int tecla) 
   return tecla;
 }
 
-void UnirFoco(Campos& c, EdicionVencimiento& edicion) {
+void RecibirFoco(TextBox& campo, EdicionVencimiento& edicion) {
+  edicion.CerrarEdicionVencimiento();
+  campo.BackColor = color::ConFoco;
+  campo.SeleccionarTodo();
+}
+
+FocoComun::FocoComun(Campos& c, EdicionVencimiento& edicion) {
   for (TextBox* campo :
        {&c.TxtConcepto, &c.TxtNFra, &c.TxtB16, &c.TxtI16, &c.TxtB7, &c.TxtI7, &c.TxtB4, &c.TxtI4,
         &c.TxtB0, &c.TxtTipoIRPF, &c.TxtBIRPF, &c.TxtIRPF, &c.TxtIPrev, &c.TxtCada, &c.TxtDesde}) {
-    UnirCampo(*campo, edicion, Memoria::Ninguna);
+    UnirCampo(*campo, edicion, false);
   }
+  // Those of the payment terms keep the text that they had.
   for (TextBox* campo : {&c.TxtFFra, &c.TxtFVista, &c.TxtNRecibos, &c.TxtDias, &c.TxtCadencia}) {
-    UnirCampo(*campo, edicion, Memoria::Texto);
+    UnirCampo(*campo, edicion, true);
   }
-  UnirCampo(c.TxtIFra, edicion, Memoria::Ninguna);
   for (services::CheckBox* caja : {&c.Chk16, &c.Chk7, &c.Chk4, &c.Chk0, &c.Chk15, &c.OptGenerar}) {
     caja->GotFocus = [&edicion] { edicion.CerrarEdicionVencimiento(); };
   }

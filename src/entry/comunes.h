@@ -1,6 +1,6 @@
 #pragma once
 
-#include <initializer_list>
+#include <vector>
 
 #include "entry/campos.h"
 #include "services/sesion.h"
@@ -15,7 +15,7 @@ void PintarBlanco(services::Widget& campo);
 void PintarInhabilitado(services::Widget& campo);
 
 /// The focus goes to the first of a chain that is enabled; where none is, it stays.
-void PasarAlPrimero(std::initializer_list<services::Widget*> cadena);
+void PasarAlPrimero(const std::vector<services::Widget*>& cadena);
 
 /// Which keys a field takes.
 enum class Tecleo { Texto, Fecha, Importe, Entero };
@@ -24,9 +24,16 @@ enum class Tecleo { Texto, Fecha, Importe, Entero };
 [[nodiscard]] int Filtrar(services::Sesion& sesion, services::TextBox& campo, Tecleo tecleo,
                           int tecla);
 
-/// What all fields of the panel do when they get the focus or lose it: an open cell of the receipts
-/// is closed first, the field takes the colour of the focus and selects its text; left, it is white
-/// again. Blocks give the fields that do more their own handlers, which begin with these.
-void UnirFoco(Campos& campos, EdicionVencimiento& edicion);
+/// A field gets the focus: an open cell of the receipts is closed first, then it takes the colour
+/// of the focus and selects its text.
+void RecibirFoco(services::TextBox& campo, EdicionVencimiento& edicion);
+
+/// Gives all fields of the panel what they do alike when they get the focus or lose it; left, one
+/// is white again. Blocks give the fields that do more handlers of their own, which begin with
+/// these: it comes before them.
+class FocoComun {
+ public:
+  FocoComun(Campos& campos, EdicionVencimiento& edicion);
+};
 
 }  // namespace entry

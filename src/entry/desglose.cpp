@@ -11,6 +11,11 @@ namespace {
 
 constexpr double kCentimo = 0.01;
 
+/// A limit is read as the fields are: below 0 it throws 13.
+double Positivo(double importe) {
+  return services::Importe(services::TextoDeNumero(importe));
+}
+
 }  // namespace
 
 double Redondeado(double importe) {
@@ -36,11 +41,11 @@ std::string IrpfDe(double base, double tanto) {
 }
 
 double LimiteDeBase(double total, double irpf, const TipoIva& tipo) {
-  return Redondeado((total + irpf) / tipo.Divisor);
+  return services::Importe(Mascara((total + irpf) / tipo.Divisor));
 }
 
 double LimiteDeIrpf(double total, double tanto) {
-  return Redondeado(total) + Redondeado(total * tanto) / 100;
+  return Positivo(Redondeado(total) + Positivo(Redondeado(total * tanto) / 100));
 }
 
 bool Cuadra(double suma, double total) {

@@ -38,7 +38,8 @@ struct BaseEIva {
 /// The withholding of a base; `tanto` in hundredths.
 [[nodiscard]] std::string IrpfDe(double base, double tanto);
 
-/// The largest base of that rate that a total can carry, with what is withheld added to it.
+/// The largest base of that rate that a total can carry, with what is withheld added to it. Throws
+/// 13 for a negative one, like the next.
 [[nodiscard]] double LimiteDeBase(double total, double irpf, const TipoIva& tipo);
 /// The largest base of a withholding that a total can carry.
 [[nodiscard]] double LimiteDeIrpf(double total, double tanto);

@@ -12,8 +12,7 @@ namespace tecla = services::tecla;
 
 EdicionVencimiento::EdicionVencimiento(Campos& campos, services::Sesion& sesion,
                                        Vencimientos& vencimientos, const list::RejillaPagos& lista)
-    : c_(campos),
-      rejilla_(campos.MSFVencimientos),
+    : rejilla_(campos.MSFVencimientos),
       TxtMsf2_(campos.TxtMsf2),
       sesion_(sesion),
       vencimientos_(vencimientos),
@@ -116,6 +115,7 @@ void EdicionVencimiento::TxtMsf2_KeyDown(int& codigo) {
 void EdicionVencimiento::TxtMsf2_KeyPress(int& codigo) {
   if (codigo == tecla::Escape) {
     Ocultar();
+    codigo = 0;  // it closes the editor, not the panel
   } else if (codigo == tecla::Intro) {
     rejilla_.Col == columna::Pagado&& SuperaElRecibo() ? AvisarQueSupera() : Aceptar();
   } else {

@@ -47,7 +47,6 @@ class EdicionVencimiento {
   [[nodiscard]] bool SuperaElRecibo() const;
   void AvisarQueSupera();
 
-  Campos& c_;
   services::MSFlexGrid& rejilla_;
   services::TextBox& TxtMsf2_;
   services::Sesion& sesion_;

@@ -2,11 +2,11 @@
 
 #include "datos/recordset.h"
 #include "entry/comunes.h"
+#include "entry/fechas.h"
 #include "entry/plazos.h"
 #include "forms/entrada.h"
 #include "valores/formato.h"
 #include "valores/numero.h"
-#include "valores/texto.h"
 
 namespace entry {
 
@@ -19,9 +19,6 @@ using services::Valor;
 namespace tecla = services::tecla;
 
 namespace {
-
-constexpr std::size_t kLargoCorto = 8;
-constexpr std::size_t kLargo = 10;
 
 /// Neither empty nor a zero.
 bool Cuenta(const std::string& texto) {
@@ -116,7 +113,7 @@ void Terminos::PonerVista(bool estado, bool generar) {
   if (!estado) return;
   c_.OptVista.Value = true;
   // Today's date, whatever the invoice's is.
-  c_.TxtFVista.Text = sesion_.Utiles().Normalizada(services::TextoDeFecha(sesion_.Ahora()));
+  c_.TxtFVista.Text = Hoy(sesion_);
   c_.TxtFVista.Tag = c_.TxtFVista.Text();
   PintarBlanco(c_.TxtFVista);
   c_.TxtNRecibos.Text = "";
@@ -266,21 +263,8 @@ void Terminos::TxtFVista_LostFocus() {
   c_.TxtFVista.Tag = c_.TxtFVista.Text();
 }
 
-/// Against the invoice's date; without one any text passes.
 bool Terminos::FechaVistaValida() {
-  if (c_.TxtFFra.Text().empty()) return true;
-  const std::size_t largo = services::Longitud(c_.TxtFVista.Text());
-  if (largo != kLargo && largo != kLargoCorto) {
-    sesion_.Aviso().Rechazar("Fecha a la vista incorrecta");
-  } else if (sesion_.Utiles().Almacenada(c_.TxtFVista.Text()) <
-             sesion_.Utiles().Almacenada(c_.TxtFFra.Text())) {
-    sesion_.Aviso().Mostrar("La Fecha a la vista no puede ser menor a la Fecha Factura",
-                            services::mensaje::Simple, "");
-  } else {
-    return true;
-  }
-  c_.TxtFVista.SetFocus();
-  return false;
+  return ComprobarFecha(sesion_, c_.TxtFVista, c_.TxtFFra, {kVistaIncorrecta, kVistaAnterior});
 }
 
 }  // namespace entry

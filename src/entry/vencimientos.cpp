@@ -3,7 +3,9 @@
 #include <utility>
 
 #include "datos/recordset.h"
+#include "entry/descripcion.h"
 #include "valores/formato.h"
+#include "valores/numero.h"
 #include "valores/texto.h"
 
 namespace entry {
@@ -19,6 +21,11 @@ constexpr int kAltoFila = 340;
 constexpr int kFilas = 5;
 constexpr int kAnchoMarca = 350;
 constexpr int kAnchoMarcaConBarra = 340;
+
+/// An empty cell counts 0, and a negative amount is one.
+double NumeroDe(const std::string& texto) {
+  return texto.empty() ? 0 : services::Numero(texto);
+}
 
 std::string CondicionDe(const Clave& clave) {
   return "WHERE TempProvVencimientos.NConcepto like '" + clave.NConcepto +
@@ -85,6 +92,18 @@ bool Vencimientos::TieneFecha(int fila) const {
 
 std::string Vencimientos::PrimeraFecha() const {
   return rejilla_.Rows > 1 ? rejilla_.TextMatrix(1, columna::Fecha) : "";
+}
+
+double Vencimientos::SumaDeImportes() const {
+  double suma = 0;
+  for (int fila = 1; fila < rejilla_.Rows && TieneFecha(fila); ++fila) {
+    suma += services::Numero(rejilla_.TextMatrix(fila, columna::Importe));
+  }
+  return suma;
+}
+
+bool Vencimientos::SinImporte() const {
+  return rejilla_.Rows < 2 || rejilla_.TextMatrix(1, columna::Importe).empty();
 }
 
 bool Vencimientos::EstaMarcada(int fila) const {
@@ -191,7 +210,7 @@ bool Vencimientos::GrabarLinea(Recordset& rs, int fila, const Clave& clave) {
   rs.AddNew();
   rs.Collect("FechaVto") = almacenada;
   rs.Collect("NConcepto") = c_.TxtNConcepto.Text();
-  rs.Collect("Descripcion") = DescripcionDelConcepto();
+  rs.Collect("Descripcion") = DescripcionDe(sesion_, c_.TxtNConcepto.Text).value_or("");
   rs.Collect("Importe") = recibo.Importe;
   rs.Collect("Pagado") = recibo.Pagado;
   rs.Collect("NFactura") = clave.Factura;
@@ -202,7 +221,7 @@ bool Vencimientos::GrabarLinea(Recordset& rs, int fila, const Clave& clave) {
       Mascara(services::Valor(recibo.Importe)) != recibo.Importe) {
     rs.Collect("Visible") = true;
   }
-  if (list::Supera(recibo, recibo.Pagado)) {
+  if (NumeroDe(recibo.Pagado) > NumeroDe(recibo.Importe)) {
     sesion_.Aviso().Rechazar("El Importe Pagado no puede ser mayor que el Importe del Recibo");
   }
   try {
@@ -213,14 +232,6 @@ bool Vencimientos::GrabarLinea(Recordset& rs, int fila, const Clave& clave) {
     rs.CancelUpdate();
     return false;
   }
-}
-
-std::string Vencimientos::DescripcionDelConcepto() const {
-  Recordset rs;
-  rs.Open("SELECT ProvConceptos.* From ProvConceptos WHERE ProvConceptos.NConcepto like '" +
-              c_.TxtNConcepto.Text() + "'",
-          sesion_.CnDatos(), ModoApertura::Lectura);
-  return rs.Eof() ? "" : rs.Collect("Descripcion").Texto();
 }
 
 void Vencimientos::GuardarVencimientos() {

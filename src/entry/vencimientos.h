@@ -42,6 +42,11 @@ class Vencimientos {
   /// The row as the last accepted set has it; empty texts for a row that it lacks.
   [[nodiscard]] list::Recibo ReciboAceptado(int fila) const;
 
+  /// Of the rows down to the first without a date.
+  [[nodiscard]] double SumaDeImportes() const;
+  /// Whether the first row has no amount.
+  [[nodiscard]] bool SinImporte() const;
+
   /// Fills the grid for the panel's invoice. A payment that stands in the list, not yet saved, wins
   /// over the stored one.
   void CargarVencimientos();
@@ -63,7 +68,6 @@ class Vencimientos {
   [[nodiscard]] std::vector<Fila> Filas() const;
   [[nodiscard]] int LineasQueSeGraban() const;
   [[nodiscard]] bool GrabarLinea(services::Recordset& rs, int fila, const Clave& clave);
-  [[nodiscard]] std::string DescripcionDelConcepto() const;
 
   Campos& c_;
   services::MSFlexGrid& rejilla_;

@@ -39,7 +39,8 @@ int EnteroDe(const Valor& valor) {
 }  // namespace
 
 ListaPagos::ListaPagos(services::PictureBox& panel, services::Sesion& sesion, RejillaPagos& rejilla,
-                       EdicionPagado& edicion, const RangoFechas& rango)
+                       EdicionPagado& edicion, const RangoFechas& rango,
+                       const services::Widget& PicNuevo)
     : OptFecha(panel, "OptFecha", "Por Fecha Vencimiento", Diseno{6400, 200, 2300, 285}.Tab(2)),
       OptConcepto(panel, "OptConcepto", "Por Concepto", Diseno{8800, 200, 1600, 285}.Tab(3)),
       ChkPagados(panel, "ChkPagados", "Ver Pagados", Diseno{10700, 200, 1600, 285}.Tab(4)),
@@ -48,7 +49,8 @@ ListaPagos::ListaPagos(services::PictureBox& panel, services::Sesion& sesion, Re
       sesion_(sesion),
       rejilla_(rejilla),
       edicion_(edicion),
-      rango_(rango) {
+      rango_(rango),
+      PicNuevo_(PicNuevo) {
   OptFecha.Click = [this] { OptFecha_Click(); };
   OptConcepto.Click = [this] { OptConcepto_Click(); };
   ChkPagados.Click = [this] { Chk_Click(ChkPagados); };
@@ -68,20 +70,25 @@ void ListaPagos::OptFecha_Click() {
 }
 
 void ListaPagos::OptConcepto_Click() {
+  // It stays in use while the entry panel is open, and does nothing: the current row of the list is
+  // the key of the entry.
+  if (PicNuevo_.Visible) return ReponerOrden();
   if (OptConcepto.Value) ReordenarPor(PorConcepto);
 }
 
 void ListaPagos::ReordenarPor(const Orden& orden) {
   // Payments are looked up by the date in its column, so the order that shows is that of the rows.
-  CerrarEdicion([this] {
-    const bool porFecha = rejilla_.OrdenActual() == PorFecha;
-    OptFecha.Value.PonerEnSilencio(porFecha);
-    OptConcepto.Value.PonerEnSilencio(!porFecha);
-  });
+  CerrarEdicion([this] { ReponerOrden(); });
   rejilla_.MSFPagos.CellFontSize = 12;
   rejilla_.MSFPagos.CellFontBold = true;
   rejilla_.PonerOrden(orden);
   CargarGrip();
+}
+
+void ListaPagos::ReponerOrden() {
+  const bool porFecha = rejilla_.OrdenActual() == PorFecha;
+  OptFecha.Value.PonerEnSilencio(porFecha);
+  OptConcepto.Value.PonerEnSilencio(!porFecha);
 }
 
 void ListaPagos::Chk_Click(services::CheckBox& filtro) {

@@ -18,7 +18,7 @@ namespace list {
 class ListaPagos {
  public:
   ListaPagos(services::PictureBox& panel, services::Sesion& sesion, RejillaPagos& rejilla,
-             EdicionPagado& edicion, const RangoFechas& rango);
+             EdicionPagado& edicion, const RangoFechas& rango, const services::Widget& PicNuevo);
 
   services::OptionButton OptFecha;
   services::OptionButton OptConcepto;
@@ -36,6 +36,8 @@ class ListaPagos {
   void OptFecha_Click();
   void OptConcepto_Click();
   void ReordenarPor(const Orden& orden);
+  /// The options as the rows on display are ordered.
+  void ReponerOrden();
   void Chk_Click(services::CheckBox& filtro);
   /// Takes in what is typed in an open editor, before the list changes. When it is no amount, what
   /// the user has just chosen is undone, and the error goes on.
@@ -57,6 +59,7 @@ class ListaPagos {
   RejillaPagos& rejilla_;
   EdicionPagado& edicion_;
   const RangoFechas& rango_;
+  const services::Widget& PicNuevo_;
   bool FilaAlterna_ = false;
 };
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <memory>
 #include <string>
 
 #include "services/anfitrion.h"
@@ -30,6 +31,10 @@ class Sesion {
   /// Made at their first use, and kept.
   virtual services::Utiles& Utiles() = 0;
   virtual services::Aviso& Aviso() = 0;
+  /// One for each screen that searches.
+  [[nodiscard]] virtual std::unique_ptr<SelectorConceptos> CrearSelectorConceptos() = 0;
+  /// The host's context, by reference, as the chooser is given it.
+  virtual Ref<IDatosClase>& DatosClase() = 0;
 
   [[nodiscard]] virtual FechaHora Ahora() const = 0;
   /// Width of the real screen, twips.

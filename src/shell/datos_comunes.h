@@ -42,6 +42,10 @@ class DatosComunes final : public services::Sesion {
   [[nodiscard]] std::int32_t AltoReferencia() const override { return valores_.AltoReferencia; }
   services::Utiles& Utiles() override;
   services::Aviso& Aviso() override;
+  [[nodiscard]] std::unique_ptr<services::SelectorConceptos> CrearSelectorConceptos() override {
+    return plataforma_.CrearSelectorConceptos(*this);
+  }
+  services::Ref<services::IDatosClase>& DatosClase() override { return DatosClase_; }
   [[nodiscard]] services::FechaHora Ahora() const override { return plataforma_.Ahora(); }
   [[nodiscard]] int AnchoPantalla() const override { return plataforma_.Pantalla().Ancho; }
   [[nodiscard]] int AltoPantalla() const override { return plataforma_.Pantalla().Alto; }

@@ -27,27 +27,26 @@ FrmTesvaraGastos::FrmTesvaraGastos(DatosComunes& datos)
       copia_(datos),
       Barra1(*this, "Barra1", "Tesvara de Pagos", {0, 0, kAncho, kAltoBarra}),
       PicPagos(*this, "PicPagos", {0, kAltoBarra, kAncho, kAlto - kAltoBarra}),
-      PicNuevo(*this, "PicNuevo", Diseno{0, 0, 11000, 8000}.Oculto()),
+      Campos(*this),
       PicTexto(*this, "PicTexto", Diseno{0, 0, 5400, 1500}.Oculto()),
       LblTitulo(PicTexto, "LblTitulo", "Grabando  ....", Diseno{300, 240, 4800, 285}.Cuerpo(10)),
       ProgressBar(PicTexto, "ProgressBar", {300, 720, 4800, 360}),
-      TxtNConcepto(PicNuevo, "TxtNConcepto", Diseno{0, 0, 600, 285}.Oculto()),
-      TxtBusco(PicNuevo, "TxtBusco", Diseno{0, 0, 600, 285}.Oculto()),
-      BtnCancelar(PicNuevo, "BtnCancelar", "Cancelar", {9200, 7300, 1560, 480}),
-      Rango(PicPagos, datos, BtnCancelar, *this),
+      Rango(PicPagos, datos, Campos.BtnCancelar, *this),
       Rejilla(PicPagos, datos),
-      BotonNuevo(PicPagos, "BotonNuevo", "Nuevo", EnBotonera(0).Inhabilitado()),
-      BotonModificar(PicPagos, "BotonModificar", "Modificar", EnBotonera(1).Inhabilitado()),
-      Edicion(PicPagos, datos, Rejilla, PicNuevo, BotonModificar),
-      Lista(PicPagos, datos, Rejilla, Edicion, Rango),
-      Borrado(PicPagos, EnBotonera(2), datos, Rejilla, Edicion, Lista, PicNuevo),
+      BotonNuevo(PicPagos, "BotonNuevo", "Nuevo", EnBotonera(0)),
+      BotonModificar(PicPagos, "BotonModificar", "Modificar", EnBotonera(1)),
+      Edicion(PicPagos, datos, Rejilla, Campos.PicNuevo, BotonModificar),
+      Lista(PicPagos, datos, Rejilla, Edicion, Rango, Campos.PicNuevo),
+      Borrado(PicPagos, EnBotonera(2), datos, Rejilla, Edicion, Lista, Campos.PicNuevo),
       BotonAceptar(PicPagos, "BotonAceptar", "Grabar", EnBotonera(3)),
       BotonCancelar(PicPagos, "BotonCancelar", "Cancelar", EnBotonera(4)),
       BtnAutCaja(PicPagos, "BtnAutCaja", "", EnBotonera(5).Inhabilitado()),
       ImgImpresora(PicPagos, "ImgImpresora", "impresora",
-                   Diseno{14500, 9000, 480, 480}.Inhabilitado()) {
-  BtnCancelar.TomaFoco = false;
+                   Diseno{14500, 9000, 480, 480}.Inhabilitado()),
+      Entrada(Campos, {*this, datos, Rejilla, Edicion, Lista, Borrado, caja_, *this}) {
   Barra1.Cerrar = [this] { Barra1_Cerrar(); };
+  BotonNuevo.Click = [this] { Entrada.Panel.AbrirNueva(); };
+  BotonModificar.Click = [this] { Entrada.Panel.AbrirElegida(); };
   BotonAceptar.Click = [this] { BotonAceptar_Click(); };
   BotonCancelar.Click = [this] { BotonCancelar_Click(); };
 }
@@ -56,19 +55,20 @@ FrmTesvaraGastos::~FrmTesvaraGastos() = default;
 
 void FrmTesvaraGastos::Form_Load() {
   const services::Escritorio::Ocupacion ocupacion(Escritorio());
-  TxtNConcepto.Text = "";
-  TxtBusco.Text = "";
-  ImporteCaja = 0;
+  Campos.TxtNConcepto.Text = "";
+  Campos.TxtBusco.Text = "";
+  Campos.ImporteCaja = 0;
   if (!datos_.PantallaDeReferencia()) EscalarPantalla();
 
-  BtnCancelar.Tag = "No";
+  Campos.BtnCancelar.Tag = "No";
   Rango.PonerMesActual();
-  BtnCancelar.Tag = "";
+  Campos.BtnCancelar.Tag = "";
   copia_.Cargar(Rango.Intervalo());
 
   TomarMarco();
   Rejilla.Preparar();
   Rejilla.FilaElegida = false;
+  Entrada.Panel.Preparar();
   CentrarPaneles();
   Lista.VerTodo();
   Lista.OptFecha.Value = true;
@@ -102,6 +102,16 @@ void FrmTesvaraGastos::RangoCambiado(services::TextBox& campo) {
   campo.Tag = campo.Text();
 }
 
+void FrmTesvaraGastos::PonerEnUso(bool estado) {
+  // Its current row is the key of what is on the panel.
+  Rejilla.MSFPagos.TabStop = estado;
+  const std::initializer_list<services::Widget*> apartados = {
+      &Rejilla.MSFPagos,    &Lista.ChkPrevisiones, &Lista.OptFecha, &Lista.ChkPagados,
+      &Rango.TxtFPrevision, &Rango.TxtFPrevisionD, &BotonNuevo,     &BotonAceptar,
+      &Borrado.BotonBorrar, &BotonModificar,       &BotonCancelar};
+  for (services::Widget* widget : apartados) widget->Enabled = estado;
+}
+
 void FrmTesvaraGastos::ComprobarCambios() {
   Modificado = false;
   Modificado = Rejilla.ComprobarCambios();
@@ -115,11 +125,11 @@ void FrmTesvaraGastos::Recargar() {
 }
 
 void FrmTesvaraGastos::Barra1_Cerrar() {
-  if (!PicNuevo.Visible) Unload();
+  if (!Campos.PicNuevo.Visible) Unload();
 }
 
 void FrmTesvaraGastos::BotonAceptar_Click() {
-  if (PicNuevo.Visible) return;
+  if (Campos.PicNuevo.Visible) return;
   Edicion.CerrarEdicionPago();
   ProgressBar.Min = 0;
   ProgressBar.Max = 6;
@@ -148,13 +158,13 @@ void FrmTesvaraGastos::Grabar() {
   avanzar();
   Rejilla.CopiarGrip();
   avanzar();
-  BtnCancelar.Tag = "";
+  Campos.BtnCancelar.Tag = "";
   avanzar();
   PicTexto.Visible = false;
 }
 
 void FrmTesvaraGastos::BotonCancelar_Click() {
-  if (PicNuevo.Visible) return;
+  if (Campos.PicNuevo.Visible) return;
   Edicion.CerrarEdicionPago();
   Recargar();
 }
@@ -190,10 +200,14 @@ void FrmTesvaraGastos::EscalarPantalla() {
   Lista.OptFecha.Width = Lista.OptFecha.Width - 130;
   Lista.OptConcepto.Width = Lista.OptConcepto.Width - 50;
   Lista.ChkPagados.Width = Lista.ChkPagados.Width - 100;
+  for (services::Label* rotulo : {&Campos.LblNombre, &Campos.Label2, &Campos.Label3, &Campos.Label4,
+                                  &Campos.Label5, &Campos.Label6, &Campos.Label7}) {
+    rotulo->Height = Campos.TxtConcepto.Height();
+  }
 }
 
 void FrmTesvaraGastos::CentrarPaneles() {
-  for (PictureBox* panel : {&PicNuevo, &PicTexto}) {
+  for (PictureBox* panel : {&Campos.PicNuevo, &PicTexto}) {
     panel->Left = (Width - panel->Width) / 2;
     panel->Top = (Height - panel->Height) / 2;
   }

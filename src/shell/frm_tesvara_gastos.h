@@ -1,5 +1,7 @@
 #pragma once
 
+#include "entry/campos.h"
+#include "entry/entrada.h"
 #include "forms/controles.h"
 #include "forms/form.h"
 #include "list/borrado.h"
@@ -7,6 +9,7 @@
 #include "list/lista_pagos.h"
 #include "list/rango_fechas.h"
 #include "list/rejilla_pagos.h"
+#include "shell/sin_caja.h"
 #include "store/copia_de_trabajo.h"
 
 namespace shell {
@@ -14,7 +17,9 @@ namespace shell {
 class DatosComunes;
 
 /// The main screen, "Tesvara de Pagos": its blocks put together, and what crosses them.
-class FrmTesvaraGastos final : public services::Form, private list::AlCambiarRango {
+class FrmTesvaraGastos final : public services::Form,
+                               private list::AlCambiarRango,
+                               private entry::BajoElPanel {
  public:
   explicit FrmTesvaraGastos(DatosComunes& datos);
   ~FrmTesvaraGastos() override;
@@ -26,13 +31,10 @@ class FrmTesvaraGastos final : public services::Form, private list::AlCambiarRan
  public:
   services::Cintilla Barra1;
   services::PictureBox PicPagos;
-  services::PictureBox PicNuevo;
+  entry::Campos Campos;
   services::PictureBox PicTexto;
   services::Label LblTitulo;
   services::ProgressBar ProgressBar;
-  services::TextBox TxtNConcepto;
-  services::TextBox TxtBusco;
-  services::Pulsador BtnCancelar;
   list::RangoFechas Rango;
   list::RejillaPagos Rejilla;
   services::Pulsador BotonNuevo;
@@ -45,11 +47,14 @@ class FrmTesvaraGastos final : public services::Form, private list::AlCambiarRan
   services::Pulsador BtnAutCaja;
   services::Image ImgImpresora;
 
+ private:
+  SinCaja caja_;
+
+ public:
+  entry::Entrada Entrada;
+
   /// True when the list differs from the snapshot; valid right after `ComprobarCambios`.
   bool Modificado = false;
-  /// Part of the invoice on the entry panel that was paid in cash.
-  double ImporteCaja = 0;
-
   void ComprobarCambios();
   /// Working copy, list and snapshot anew from the stored tables.
   void Recargar();
@@ -61,6 +66,7 @@ class FrmTesvaraGastos final : public services::Form, private list::AlCambiarRan
   void Form_Load() override;
   void Form_Unload() override;
   void RangoCambiado(services::TextBox& campo) override;
+  void PonerEnUso(bool estado) override;
 
   void Barra1_Cerrar();
   void BotonAceptar_Click();

@@ -133,7 +133,7 @@ TEST_F(Pantalla, TomaElSitioDelMarco) {
   EXPECT_EQ(pantalla.PicPagos.Width, 14000);
   EXPECT_EQ(pantalla.PicTexto.Left, (14000 - pantalla.PicTexto.Width) / 2);
   EXPECT_EQ(pantalla.PicTexto.Top, (10000 - pantalla.PicTexto.Height) / 2);
-  EXPECT_EQ(pantalla.PicNuevo.Left, (14000 - pantalla.PicNuevo.Width) / 2);
+  EXPECT_EQ(pantalla.Campos.PicNuevo.Left, (14000 - pantalla.Campos.PicNuevo.Width) / 2);
 }
 
 /// A screen of another size than the one of reference.
@@ -226,7 +226,7 @@ TEST_F(Pantalla, ConElPanelAbiertoLaListaNoHaceNada) {
   auto& rejilla = pantalla.Rejilla.MSFPagos;
   Jugar("celda MSFPagos 1 3\n");
   const int fondo = rejilla.FondoDe(1, 0);
-  pantalla.PicNuevo.Visible = true;
+  pantalla.Campos.PicNuevo.Visible = true;
   // Each of the four events, and the deletion, which would ask.
   Jugar("celda MSFPagos 2 5\ndoble MSFPagos 2 4\npulsar BotonBorrar\nespera sin avisos\n");
   EXPECT_EQ(rejilla.ImagenDe(2, list::columna::Marca), "");
@@ -234,7 +234,7 @@ TEST_F(Pantalla, ConElPanelAbiertoLaListaNoHaceNada) {
   EXPECT_FALSE(pantalla.Edicion.TxtMsf.Visible);
   EXPECT_EQ(rejilla.FondoDe(1, 0), fondo) << "la fila que se deja no se despinta";
   EXPECT_NE(rejilla.FondoDe(2, 0), fondo) << "la fila a la que se llega no se pinta";
-  pantalla.PicNuevo.Visible = false;
+  pantalla.Campos.PicNuevo.Visible = false;
   Jugar("celda MSFPagos 2 5\nespera marca MSFPagos 2 5 1\n");
 }
 

@@ -134,6 +134,8 @@ class Pulsador : public ConCaption {
   /// Whether a click takes the focus to it. `BtnCancelar` doesn't, so that the field being left
   /// raises no complaint.
   bool TomaFoco = true;
+  /// Whether Escape, which no handler of the widget with the focus has consumed, clicks it.
+  bool Cancela = false;
   [[nodiscard]] bool AdmiteFoco() const override { return TomaFoco; }
 };
 

@@ -118,8 +118,17 @@ bool SePulsaCon(const Widget& widget, int codigo) {
   return (codigo == tecla::Espacio && (boton || marca)) || (codigo == tecla::Intro && boton);
 }
 
+/// Escape presses the button of the screen that cancels, where it can be reached.
+void Cancelar(const Widget& widget) {
+  for (Widget* otro : widget.Formulario().Widgets()) {
+    auto* boton = dynamic_cast<Pulsador*>(otro);
+    if (boton && boton->Cancela && boton->Alcanzable()) return Pulsar(*boton);
+  }
+}
+
 /// What a key that isn't text does in its widget.
 void Efecto(Widget& widget, int codigo) {
+  if (codigo == tecla::Escape) return Cancelar(widget);
   if (SePulsaCon(widget, codigo)) return Pulsar(widget);
   if (auto* caja = dynamic_cast<TextBox*>(&widget)) {
     if (codigo == tecla::Borrar) return BorrarEn(*caja, true);

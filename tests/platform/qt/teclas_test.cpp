@@ -107,7 +107,7 @@ TEST_F(Teclas, EspacioIntroYTeclearHacenLoMismoEnLaVentanaYEnElGuion) {
 }
 
 TEST_F(Teclas, ElDobleClicEnUnRellenoHaceLoMismoEnLaVentanaYEnElGuion) {
-  for (const char* linea : {"celda MSFPagos 2 4", "doble MSFPagos 15 4", "anadir 7", "tecla Intro",
+  for (const char* linea : {"celda MSFPagos 2 4", "doble MSFPagos 15 4", "anadir 7", "tecla Escape",
                             "tecla Arriba", "doble MSFPagos 2 4", "tecla Escape"}) {
     Paso(linea);
   }

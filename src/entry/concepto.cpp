@@ -1,0 +1,116 @@
+#include "entry/concepto.h"
+
+#include "entry/comunes.h"
+#include "entry/descripcion.h"
+#include "forms/entrada.h"
+#include "valores/numero.h"
+
+namespace entry {
+
+namespace tecla = services::tecla;
+
+Concepto::Concepto(services::Form& pantalla, Campos& campos, services::Sesion& sesion,
+                   const list::RejillaPagos& lista, Terminos& terminos, PantallaDeCaja& caja)
+    : c_(campos),
+      sesion_(sesion),
+      lista_(lista),
+      terminos_(terminos),
+      caja_(caja),
+      selector_(pantalla, sesion, "TesvaraGastos") {
+  UnirTecleo();
+  c_.TxtConcepto.LostFocus = [this] { TxtConcepto_LostFocus(); };
+  c_.TxtBusco.Change = [this] { TxtBusco_Change(); };
+  // With the mouse going down on it, the field that is left does no look-up on the way.
+  c_.CmdCon.MouseDown = [this] { c_.SaltarValidacion = true; };
+  c_.CmdCon.Click = [this] { CmdCon_Click(); };
+  c_.TxtFFra.LostFocus = [this] { TxtFFra_LostFocus(); };
+}
+
+void Concepto::UnirTecleo() {
+  c_.TxtConcepto.KeyPress = [this](int& codigo) {
+    if (codigo == tecla::Intro) c_.TxtFFra.SetFocus();
+  };
+  c_.TxtFFra.KeyPress = [this](int& codigo) {
+    codigo = Filtrar(sesion_, c_.TxtFFra, Tecleo::Fecha, codigo);
+    if (codigo == tecla::Intro) PasarAlPrimero({&c_.TxtNFra, &c_.TxtIFra});
+  };
+  c_.TxtNFra.KeyPress = [this](int& codigo) {
+    if (codigo == tecla::Intro) c_.TxtIFra.SetFocus();
+  };
+}
+
+void Concepto::TxtConcepto_LostFocus() {
+  PintarBlanco(c_.TxtConcepto);
+  if (c_.SaltarValidacion) return;
+  c_.TxtNConcepto.Tag = c_.TxtNConcepto.Text();
+  c_.TxtNConcepto.Text = c_.TxtBusco.Text();
+  BuscarConcepto();
+  ExigirConcepto();
+}
+
+/// What is typed is first tried as a code.
+void Concepto::BuscarConcepto() {
+  const std::string tecleado = c_.TxtConcepto.Text();
+  if (const auto descripcion = DescripcionDe(sesion_, tecleado)) {
+    c_.TxtNConcepto.Text = tecleado;
+    c_.TxtConcepto.Text = *descripcion;
+    return;
+  }
+  c_.TxtBusco.Text = "";
+  selector_.Buscar(services::EsNumero(tecleado) ? "Codigo" : "Nombre", tecleado);
+}
+
+void Concepto::ExigirConcepto() {
+  if (c_.TxtConcepto.Text().empty()) {
+    Rechazar(kConceptoEnBlanco);
+    c_.BotonCaja.Enabled = false;
+  } else if (c_.TxtNConcepto.Text().empty()) {
+    Rechazar(kConceptoSinCrear);
+  } else {
+    RehacerCaja();
+  }
+}
+
+void Concepto::Rechazar(const char* motivo) {
+  sesion_.Aviso().Rechazar(motivo);
+  c_.TxtConcepto.SetFocus();
+}
+
+/// The cash screen's list is that of the concept; with a row of the list chosen it was loaded
+/// already.
+void Concepto::RehacerCaja() {
+  c_.BotonCaja.Enabled = true;
+  if (!lista_.FilaElegida) caja_.Rehacer();
+}
+
+void Concepto::TxtBusco_Change() {
+  c_.TxtNConcepto.Tag = c_.TxtNConcepto.Text();
+  c_.TxtNConcepto.Text = c_.TxtBusco.Text();
+  const auto descripcion = DescripcionDe(sesion_, c_.TxtBusco.Text());
+  if (descripcion) c_.TxtConcepto.Text = *descripcion;
+}
+
+void Concepto::CmdCon_Click() {
+  c_.TxtBusco.Text = "";
+  selector_.Buscar("Codigo", c_.TxtConcepto.Text());
+  if (c_.TxtConcepto.Text().empty()) {
+    c_.TxtConcepto.SetFocus();
+    c_.BotonCaja.Enabled = lista_.FilaElegida;
+  } else {
+    c_.TxtFFra.SetFocus();
+    RehacerCaja();
+  }
+  c_.SaltarValidacion = false;
+}
+
+/// Another date of the invoice drags the due date and the forecast's along.
+void Concepto::TxtFFra_LostFocus() {
+  PintarBlanco(c_.TxtFFra);
+  c_.TxtFFra.Text = sesion_.Utiles().Normalizada(c_.TxtFFra.Text());
+  c_.TxtFVista.Text = c_.TxtFFra.Text();
+  int intro = tecla::Intro;
+  terminos_.TxtFVista_KeyPress(intro);
+  c_.TxtDesde.Text = c_.TxtFFra.Text();
+}
+
+}  // namespace entry

@@ -1,0 +1,45 @@
+#pragma once
+
+#include <string>
+
+#include "entry/campos.h"
+#include "entry/pantalla_de_caja.h"
+#include "entry/selector.h"
+#include "entry/terminos.h"
+#include "list/rejilla_pagos.h"
+#include "services/sesion.h"
+
+namespace entry {
+
+/// Who the entry is about and by which papers: the concept, by its code, by a part of its name or
+/// by the chooser, and the invoice's date and number.
+class Concepto {
+ public:
+  Concepto(services::Form& pantalla, Campos& campos, services::Sesion& sesion,
+           const list::RejillaPagos& lista, Terminos& terminos, PantallaDeCaja& caja);
+
+ private:
+  void UnirTecleo();
+  void TxtConcepto_LostFocus();
+  void TxtBusco_Change();
+  void CmdCon_Click();
+  void TxtFFra_LostFocus();
+
+  void BuscarConcepto();
+  void ExigirConcepto();
+  void Rechazar(const char* motivo);
+  void RehacerCaja();
+
+  Campos& c_;
+  services::Sesion& sesion_;
+  const list::RejillaPagos& lista_;
+  Terminos& terminos_;
+  PantallaDeCaja& caja_;
+  Selector selector_;
+};
+
+/// What is said of a concept that isn't there, here and at the acceptance.
+inline constexpr const char* kConceptoEnBlanco = "El Concepto no puede estar en blanco";
+inline constexpr const char* kConceptoSinCrear = "Debe Crear el concepto para continuar";
+
+}  // namespace entry

@@ -1,0 +1,42 @@
+#include "entry/fechas.h"
+
+#include <cmath>
+#include <cstdint>
+
+#include "valores/fecha.h"
+#include "valores/texto.h"
+
+namespace entry {
+namespace {
+
+constexpr std::size_t kLargoCorto = 8;
+constexpr std::size_t kLargo = 10;
+
+}  // namespace
+
+std::string Hoy(services::Sesion& sesion) {
+  return sesion.Utiles().Normalizada(services::TextoDeFecha(sesion.Ahora()));
+}
+
+std::string FechaMas(const std::string& fecha, std::string_view unidad, double cuantos) {
+  const auto enteros = static_cast<std::int64_t>(std::trunc(cuantos));
+  return services::TextoDeFecha(services::SumarFecha(unidad, enteros, services::Fecha(fecha)));
+}
+
+bool ComprobarFecha(services::Sesion& sesion, services::TextBox& fecha,
+                    const services::TextBox& factura, const ReparosDeFecha& reparos) {
+  if (factura.Text().empty()) return true;
+  const std::size_t largo = services::Longitud(fecha.Text());
+  if (largo != kLargo && largo != kLargoCorto) {
+    sesion.Aviso().Rechazar(reparos.Incorrecta);
+  } else if (sesion.Utiles().Almacenada(fecha.Text()) <
+             sesion.Utiles().Almacenada(factura.Text())) {
+    sesion.Aviso().Mostrar(reparos.Anterior, services::mensaje::Simple, "");
+  } else {
+    return true;
+  }
+  fecha.SetFocus();
+  return false;
+}
+
+}  // namespace entry
