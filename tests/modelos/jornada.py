@@ -44,6 +44,7 @@ class Jornada:
     """Plays steps. `lineas` is the scenario; `esperado` has (line number, text) of its output."""
 
     usuario = "ANA"
+    clase_de_pantalla = Pantalla
 
     def __init__(self, negocio, con):
         self.con = con
@@ -58,22 +59,22 @@ class Jornada:
         for tabla, fila in negocio.filas:
             self._insertar(tabla, fila)
         self.decir("cargar")
-        self.pantalla = Pantalla(self, self.almacen, self.local)
+        self.pantalla = self.clase_de_pantalla(self, self.almacen, self.local)
 
     # What the screen asks of its post.
 
-    def avisar(self, texto):
-        self._mensaje(texto, 16, "aceptar")
+    def avisar(self, texto, flags=16, titulo="Atención"):
+        self._mensaje(texto, flags, titulo, "aceptar")
 
     def preguntar(self, texto, flags):
         respuesta = "no" if flags == 4 and self.respuesta == "cancelar" else self.respuesta
         self.dadas.append(respuesta)
-        self._mensaje(texto, flags, respuesta)
+        self._mensaje(texto, flags, "Atención", respuesta)
         return respuesta
 
-    def _mensaje(self, texto, flags, respuesta):
+    def _mensaje(self, texto, flags, titulo, respuesta):
         texto = texto.replace("\n", "\\n")
-        self.avisos.append(f'aviso "{texto}" {flags} "Atención" -> {respuesta}')
+        self.avisos.append(f'aviso "{texto}" {flags} "{titulo}" -> {respuesta}')
 
     # Scenario and what it prints.
 
@@ -93,10 +94,13 @@ class Jornada:
             accion(*argumentos)
         except ErrorEjecucion as error:
             salida.append(f"error {error.numero}")
-        if self.dadas:
-            self.decir("responder " + " ".join(self.dadas))
+        self._decir_respuestas()
         self.decir(linea, salida)
         return not salida
+
+    def _decir_respuestas(self):
+        if self.dadas:
+            self.decir("responder " + " ".join(self.dadas))
 
     # Steps: dar(("celda", 3, 5)). One that has no sense now is passed over.
 
@@ -146,7 +150,7 @@ class Jornada:
         if self._hacer(orden, self.pantalla.cerrar):
             self.paso_avisos()
             self.decir("cargar")
-            self.pantalla = Pantalla(self, self.almacen, self.local)
+            self.pantalla = self.clase_de_pantalla(self, self.almacen, self.local)
 
     def paso_ocultar(self):
         self.decir("ocultar")

@@ -1,0 +1,69 @@
+"""What the days with entries leave alone, and the oddities that may be left out of them."""
+
+from alta_cuentas import llano
+from valores import ErrorEjecucion, a_guardada
+
+RAREZAS_DE_ENTRADA = {
+    "fechas": "an invoice date that is erased, or none",
+    "raros": "amounts in the panel that are no number, or negative",
+    "total_vacio": "fields of the panel left while the total is empty",
+    "intro_importe": "Enter in the amount column of the receipts' editor",
+    "vto_raro": "an empty, negative or meaningless amount in the receipts' editor",
+    "flecha_vto": "an arrow in the receipts' editor with nowhere to go",
+    "cierre_panel": "Cerrar with the panel open",
+    "conceptos": "a chooser that answers with a code that there isn't",
+    "muchos": "receipts by the hundred, terms with a comma",
+    "ida_y_vuelta": "the click on OptConcepto while the panel is open",
+}
+DE_LISTA = ("celda", "doble", "importe", "tecla", "fecha")
+
+
+def calla_entrada(paso, pantalla, con):
+    """Whether a step is passed over."""
+    clase = paso[0]
+    if not pantalla.panel_visible:
+        return clase in ("teclear", "anadir", "enfocar", "tecla_panel", "vto", "vto_doble", "elegir") or (
+            clase == "apretar" and paso[1] not in ("BotonNuevo", "BotonModificar"))
+    if clase in DE_LISTA:
+        return True
+    if clase == "cerrar":
+        return "cierre_panel" not in con and paso[1] == "cerrar"
+    if clase == "apretar" and paso[1] == "OptConcepto":
+        return "ida_y_vuelta" not in con
+    return _queda_abierto(paso, pantalla, con)
+
+
+def _queda_abierto(paso, pantalla, con):
+    clase = paso[0]
+    if pantalla.foco == "TxtMsf2" and "vto_raro" not in con and not _numero(pantalla.TxtMsf2.texto):
+        return clase not in ("teclear", "anadir") or paso[1] != "TxtMsf2"
+    if clase == "teclear":
+        return _texto_callado(paso[1], paso[2], con)
+    if clase == "tecla_panel" and pantalla.foco == "TxtMsf2":
+        if paso[1] == "Intro":
+            return "intro_importe" not in con and pantalla.vtos.columna == 1
+        return paso[1] in ("Arriba", "Abajo") and "flecha_vto" not in con and not _hay_vto(paso[1], pantalla)
+    if pantalla.foco and pantalla.foco != "TxtIFra" and "total_vacio" not in con and pantalla.TxtIFra.texto == "":
+        return pantalla.foco.startswith(("TxtB", "TxtI")) and clase not in ("teclear", "anadir")
+    return False
+
+
+def _texto_callado(campo, texto, con):
+    if campo == "TxtFFra":
+        return "fechas" not in con and a_guardada(texto) == ""
+    if campo == "TxtMsf2":
+        return "vto_raro" not in con and not _numero(texto)
+    return "raros" not in con and (texto in ("-", ",") or texto.startswith("-"))
+
+
+def _numero(texto):
+    try:
+        return llano(texto) >= 0
+    except ErrorEjecucion:
+        return False
+
+
+def _hay_vto(flecha, pantalla):
+    vtos = pantalla.vtos
+    fila = vtos.fila + (-1 if flecha == "Arriba" else 1)
+    return 1 <= fila < len(vtos.celdas) and vtos.celdas[fila][0] != "" and vtos.celdas[fila][1] != ""
