@@ -15,6 +15,7 @@ RAREZAS_DE_ENTRADA = {
     "muchos": "receipts by the hundred, terms with a comma",
     "ida_y_vuelta": "the click on OptConcepto while the panel is open",
 }
+BASES = ("TxtB16", "TxtB7", "TxtB4", "TxtB0", "TxtBIRPF")
 DE_LISTA = ("celda", "doble", "importe", "tecla", "fecha")
 
 
@@ -37,15 +38,20 @@ def _queda_abierto(paso, pantalla, con):
     clase = paso[0]
     if pantalla.foco == "TxtMsf2" and "vto_raro" not in con and not _numero(pantalla.TxtMsf2.texto):
         return clase not in ("teclear", "anadir") or paso[1] != "TxtMsf2"
+    if "total_vacio" not in con and _sin_total(pantalla, pantalla.foco):
+        return paso[:3] != ("teclear", pantalla.foco, "")
     if clase == "teclear":
-        return _texto_callado(paso[1], paso[2], con)
+        sin_total = paso[1] in BASES and paso[2] != "" and pantalla.TxtIFra.texto == ""
+        return "total_vacio" not in con and sin_total or _texto_callado(paso[1], paso[2], con)
     if clase == "tecla_panel" and pantalla.foco == "TxtMsf2":
         if paso[1] == "Intro":
             return "intro_importe" not in con and pantalla.vtos.columna == 1
         return paso[1] in ("Arriba", "Abajo") and "flecha_vto" not in con and not _hay_vto(paso[1], pantalla)
-    if pantalla.foco and pantalla.foco != "TxtIFra" and "total_vacio" not in con and pantalla.TxtIFra.texto == "":
-        return pantalla.foco.startswith(("TxtB", "TxtI")) and clase not in ("teclear", "anadir")
-    return False
+    return "total_vacio" not in con and clase == "enfocar" and _sin_total(pantalla, paso[1])
+
+
+def _sin_total(pantalla, campo):
+    return campo in BASES and pantalla.hoja[campo].texto != "" and pantalla.TxtIFra.texto == ""
 
 
 def _texto_callado(campo, texto, con):
