@@ -46,6 +46,8 @@ class InventorDeEntradas(Inventor):
                         Cadencia=cadencia, Actualizado="x", ModificadoPor="OTRO", **retenido)
         for tipo, base, iva, exento in bases:
             self.obra.poner("bases", **clave, NFactura=numero, Tipo=tipo, Base=base, Importe=iva, Exento=exento)
+        if self.uno_de(12):  # A base of another year's invoice that isn't there.
+            self.obra.poner("bases", NConcepto=codigo, NFactura=numero, Año=str(fecha.year + 1), Tipo="1", Base=total)
         for vence, importe in recibos(float(total), veces, dias, cadencia, f"{fecha:%d/%m/%Y}"):
             importe = Decimal(str(llano(importe)))
             pagado = self.pagado(importe)

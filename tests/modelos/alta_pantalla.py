@@ -1,7 +1,8 @@
 """The main screen with its entry panel."""
 
 from alta_aceptar import Aceptacion
-from alta_campos import BOTONES, CAJAS, CASILLAS, MIRADOS, OPCIONES, ROTULOS
+from alta_campos import BOTONES, CAJAS, CASILLAS, MIRADOS, OPCIONES, PLAZOS, ROTULOS
+from alta_concepto import Concepto
 from alta_controles import INACTIVO, Control, Foco
 from alta_grabar import Escritura
 from alta_importes import Importes
@@ -10,14 +11,13 @@ from alta_plazos import Plazos
 from alta_prevision import PrevisionDePanel
 from alta_recibos import RejillaVtos, Recibos
 from alta_teclas import Teclas
-from alta_campos import PLAZOS
 from pantalla import Pantalla
 
 TIPOS_DE_CHK = {"Chk16": 16, "Chk7": 7, "Chk4": 4, "Chk0": 0, "Chk15": 15}
 
 
-class PantallaConPanel(Foco, Teclas, Panel, Importes, Plazos, Recibos, PrevisionDePanel, Aceptacion, Escritura,
-                       Pantalla):
+class PantallaConPanel(Foco, Teclas, Panel, Concepto, Importes, Plazos, Recibos, PrevisionDePanel, Aceptacion,
+                       Escritura, Pantalla):
     """`puesto` also answers elegir_concepto(): a code, or None when the chooser was cancelled; and
     avisar takes flags and title."""
 

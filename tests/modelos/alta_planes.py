@@ -1,7 +1,7 @@
 """Entries typed with sense, each as a list of steps."""
 
 from alta_cuentas import llano
-from valores import mascara
+from valores import a_vista, mascara
 
 
 def sin_puntos(texto):
@@ -20,6 +20,20 @@ class Planes:
         return [self.con_respuestas("apretar", "BotonNuevo"), *self._concepto(), *self._factura(),
                 *(self._prevision() if azar.randrange(4) == 0 else []), *self._final()]
 
+    def repetida(self):
+        """An entry with the concept and number of bases that are there already."""
+        azar, bases = self.azar, self.jornada.local.bases.filas
+        if not bases:
+            return self.nueva()
+        base = azar.choice(bases)
+        anno = int(base["Año"]) + azar.choice([0, 0, 0, 1])
+        pasos = [self.con_respuestas("apretar", "BotonNuevo"), *self._campo("TxtConcepto", base["NConcepto"])]
+        pasos += self._campo("TxtFFra", f"{self.jornada.reloj:%d/%m}/{anno}")
+        pasos += self._campo("TxtNFra", base["NFactura"].strip(" "))
+        filas = [n for n in self._filas(lambda celdas: celdas[2] != "") if azar.randrange(2)]
+        elegida = [("celda", azar.choice(filas), 1)] if filas else []
+        return elegida + pasos + azar.choice([self._una_tasa, self._exenta, self._dos_tasas])() + self._final()
+
     def _concepto(self):
         azar, suerte = self.azar, self.azar.randrange(10)
         if suerte == 0:
@@ -33,8 +47,8 @@ class Planes:
         azar = self.azar
         pasos = self._campo("TxtFFra", self.dia()) if azar.randrange(3) == 0 else []
         pasos += self._campo("TxtNFra", f"N{azar.randrange(60)}" if azar.randrange(8) else self.texto_de("TxtNFra"))
-        pasos += azar.choice([self._una_tasa, self._una_tasa, self._una_tasa, self._dos_tasas, self._exenta,
-                              self._con_irpf])()
+        pasos += azar.choice([self._una_tasa] * 5 + [self._dos_tasas, self._exenta, self._con_irpf, self._con_irpf,
+                                                     self._sin_base, self._de_cero])()
         return pasos + azar.choice([self._a_la_vista, self._aplazado])() + self._retoques()
 
     def _total(self):
@@ -63,9 +77,22 @@ class Planes:
         pasos = self._campo("TxtIFra", sin_puntos(mascara(total))) + [("apretar", "Chk15")]
         if self.azar.randrange(3) == 0:
             pasos += self._campo("TxtTipoIRPF", self.texto_de("TxtTipoIRPF"), intro=False)
+        if self.azar.randrange(4) == 0:
+            pasos += self._campo("TxtBIRPF", sin_puntos(mascara(base * 2)))
         for campo in ("TxtBIRPF", "TxtB16"):
             pasos += self._campo(campo, sin_puntos(mascara(base)))
         return pasos
+
+    def _sin_base(self):
+        """A VAT without its base, or a base without its VAT."""
+        base, iva = self.azar.choice([("", "16"), ("100", "")])
+        return (self._campo("TxtIFra", "116") + self._campo("TxtB16", base)
+                + self._campo("TxtI16", iva, intro=False))
+
+    def _de_cero(self):
+        """Nothing to pay, in as many receipts as are told."""
+        campo = self.azar.choice(["TxtNRecibos", "TxtDias", "TxtCadencia"])
+        return self._campo("TxtIFra", "0") + [("apretar", "OptAplazado")] + self._campo(campo, "3") + self._final()
 
     def _a_la_vista(self):
         azar = self.azar
@@ -134,9 +161,22 @@ class Planes:
             pasos = [("doble", fila, azar.choice([4, 5]))]
         else:
             pasos = [("celda", fila, azar.choice([0, 1, 3])), self.con_respuestas("apretar", "BotonModificar")]
-        if azar.randrange(3) == 0:
+        if azar.randrange(5) == 0:
+            pasos += self._campo("TxtConcepto", self.codigo() or "x")
+        suerte = azar.randrange(6)
+        if suerte == 0:
+            return pasos + self._campo("TxtDesde", "", intro=False) + self._final()
+        if suerte == 1:
             return pasos + self._prevision() + self._final()
-        pasos += self._campo("TxtFFra", self.dia()) + self._factura()
-        if azar.randrange(3) == 0:
+        fecha = self._primera_de(fila) if azar.randrange(3) else ""
+        pasos += self._campo("TxtFFra", fecha or self.dia()) + self._campo("TxtNFra", f"P{azar.randrange(40)}")
+        pasos += self._campo("TxtIFra", self._total())
+        pasos += self._aplazado() if azar.randrange(4) == 0 else []
+        if azar.randrange(4) == 0:
             pasos += self._campo("TxtDesde", self.dia())
         return pasos + self._final()
+
+    def _primera_de(self, fila):
+        """The first date of the forecast that a row belongs to."""
+        prevision = self.jornada.pantalla.prevision_de(self.jornada.pantalla.rejilla.celdas[fila][6])
+        return prevision and a_vista(prevision["Fecha1Vto"])

@@ -26,7 +26,7 @@ class UsuarioConPanel(Planes, Usuario):
                 return self.plan.pop(0)
             if pantalla.editor_visible or self.azar.randrange(100) >= 30:
                 return super().paso()
-            self.plan = self.azar.choice([self.nueva, self.nueva, self.modificar, self.modificar, self.prevista])()
+            self.plan = self.azar.choice([self.nueva] * 4 + [self.modificar] * 4 + [self.prevista] * 3 + [self.repetida])()
             return self.plan.pop(0)
         if pantalla.TxtMsf2.visible and self.azar.randrange(10) < 6:
             return self.en_editor_vto()
@@ -115,6 +115,8 @@ class UsuarioConPanel(Planes, Usuario):
         azar, pantalla = self.azar, self.jornada.pantalla
         suerte = azar.randrange(10)
         if suerte < 5:
+            if azar.randrange(2):
+                self.plan.insert(0, self.con_respuestas("tecla_panel", "Intro"))
             return ("teclear", "TxtMsf2", self._importe_de_vto(pantalla))
         if suerte < 8:
             return self.con_respuestas("tecla_panel", azar.choice(["Intro", "Intro", "Arriba", "Abajo", "Escape"]))
