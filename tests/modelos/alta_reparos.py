@@ -1,5 +1,6 @@
 """What the days with entries leave alone, and the oddities that may be left out of them."""
 
+from alta_campos import CAJAS, DE_ENTEROS, DE_FECHA
 from alta_cuentas import llano
 from valores import ErrorEjecucion, a_guardada
 
@@ -43,6 +44,10 @@ def _queda_abierto(paso, pantalla, con):
     if clase == "teclear":
         sin_total = paso[1] in BASES and paso[2] != "" and pantalla.TxtIFra.texto == ""
         return "total_vacio" not in con and sin_total or _texto_callado(paso[1], paso[2], con)
+    if clase == "anadir":
+        return _anadido_callado(pantalla.foco, paso[1], con)
+    if clase == "tecla_panel" and paso[1] == "Espacio" and pantalla.foco in CAJAS:
+        return True
     if clase == "tecla_panel" and pantalla.foco == "TxtMsf2":
         if paso[1] == "Intro":
             return "intro_importe" not in con and pantalla.vtos.columna == 1
@@ -60,6 +65,13 @@ def _texto_callado(campo, texto, con):
     if campo == "TxtMsf2":
         return "vto_raro" not in con and not _numero(texto)
     return "raros" not in con and (texto in ("-", ",") or texto.startswith("-"))
+
+
+def _anadido_callado(campo, texto, con):
+    """A comma in whole numbers, and dates made of two."""
+    if campo in DE_ENTEROS:
+        return "," in texto and campo != "TxtTipoIRPF" and not (campo == "TxtNRecibos" and "muchos" in con)
+    return campo in DE_FECHA and "fechas" not in con
 
 
 def _numero(texto):
