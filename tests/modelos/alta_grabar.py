@@ -124,5 +124,5 @@ class Escritura:
             self.puesto.avisar(EXCESO_AL_GRABAR)
         escribir(tabla, None, {
             "FechaVto": a_guardada(celdas[0]), "NConcepto": self.TxtNConcepto.texto,
-            "Descripcion": concepto and concepto["Descripcion"], "Importe": dinero_de(celdas[1]),
+            "Descripcion": concepto["Descripcion"] if concepto else "", "Importe": dinero_de(celdas[1]),
             "Pagado": dinero_de(celdas[2]), "NFactura": factura, "Año": anno, "Visible": True})

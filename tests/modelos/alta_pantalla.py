@@ -125,9 +125,20 @@ class PantallaConPanel(Foco, Teclas, Panel, Concepto, Importes, Plazos, Recibos,
         elif self.rejilla.columna in (4, 5):
             self.modificar()
 
+    def cargar_grip(self):
+        """An error leaves the grid's own events off until the next time."""
+        self.grid_ocupado = True
+        super().cargar_grip()
+        self.grid_ocupado = False
+
+    def _salir_de_celda(self):
+        if not self.grid_ocupado:
+            super()._salir_de_celda()
+
     def _llegar_a_celda(self):
-        super()._llegar_a_celda()
-        self.fila_elegida = True
+        if not self.grid_ocupado:
+            super()._llegar_a_celda()
+            self.fila_elegida = True
 
     def grabar(self):
         if not self.panel_visible:

@@ -78,7 +78,7 @@ class Recibos:
                 pagado = en_lista
             importe = mascara(recibo["Importe"])
             self.vtos.celdas[n][:3] = [a_vista(recibo["FechaVto"]), importe, pagado]
-            self.vtos.marcas[n] = importe == pagado and pagado not in ("", "0,00")
+            self.vtos.marcas[n] = importe == pagado != "0,00"
         self.cargados = self.vtos.textos()
 
     def _pagado_en_lista(self, n, recibo):
@@ -141,7 +141,7 @@ class Recibos:
         celdas = self.vtos.celdas[fila]
         if columna == 3 and celdas[0] != "":
             self._alternar_vto(fila, celdas)
-        elif columna == 2 and celdas[0] != "":
+        elif columna == 2:
             if self.TxtMsf2.visible and numero(celdas[1]) < numero(self.TxtMsf2.texto):
                 self.puesto.avisar(EXCESO_AL_TECLEAR)
             else:

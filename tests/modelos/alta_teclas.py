@@ -37,15 +37,20 @@ class Teclas:
     """Part of the screen."""
 
     def teclear(self, nombre, texto):
-        """Goes to a field, selects all, and types key by key; the empty text erases."""
-        if not self.enfocar(nombre):
+        """Goes to a field, selects all, and types key by key; the empty text erases. Each of these is an
+        event of its own: an error of one doesn't keep the next from coming."""
+        self.puesto.suceso(lambda: self.enfocar(nombre))
+        if self.foco != nombre:
             return
         caja = self.hoja[nombre]
         caja.todo = True
         if texto == "":
-            if self._pasar_tecla(caja, BORRAR):
-                caja.texto = ""
+            self.puesto.suceso(lambda: self._borrar_todo(caja))
         self._escribir(texto)
+
+    def _borrar_todo(self, caja):
+        if self._pasar_tecla(caja, BORRAR):
+            caja.texto = ""
 
     def anadir(self, texto):
         self.hoja[self.foco].todo = False
@@ -56,11 +61,14 @@ class Teclas:
             caja = self.hoja.get(self.foco)
             if caja is None or caja.clase != "caja":
                 return
-            codigo = self._pasar_tecla(caja, ord(letra))
-            antes = "" if caja.todo else caja.texto
-            if codigo and not (caja.largo and len(antes) >= caja.largo):
-                caja.todo = False
-                caja.texto = antes + chr(codigo)
+            self.puesto.suceso(lambda: self._escribir_letra(caja, letra))
+
+    def _escribir_letra(self, caja, letra):
+        codigo = self._pasar_tecla(caja, ord(letra))
+        antes = "" if caja.todo else caja.texto
+        if codigo and not (caja.largo and len(antes) >= caja.largo):
+            caja.todo = False
+            caja.texto = antes + chr(codigo)
 
     def _pasar_tecla(self, control, codigo):
         """What the handler of a key leaves of it; nothing when it moved the focus."""

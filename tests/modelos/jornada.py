@@ -89,14 +89,18 @@ class Jornada:
 
     def _hacer(self, linea, accion, *argumentos):
         """One event of the user: its answers go before it, its error after it."""
-        self.dadas, salida = [], []
-        try:
-            accion(*argumentos)
-        except ErrorEjecucion as error:
-            salida.append(f"error {error.numero}")
+        self.dadas, self.errores = [], []
+        self.suceso(lambda: accion(*argumentos))
         self._decir_respuestas()
-        self.decir(linea, salida)
-        return not salida
+        self.decir(linea, self.errores)
+        return not self.errores
+
+    def suceso(self, accion):
+        """An event, or one of several of the same line; what comes out of it is printed."""
+        try:
+            accion()
+        except ErrorEjecucion as error:
+            self.errores.append(f"error {error.numero}")
 
     def _decir_respuestas(self):
         if self.dadas:

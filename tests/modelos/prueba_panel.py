@@ -50,6 +50,10 @@ class Banco:
     def elegir_concepto(self):
         return self.elegible
 
+    @staticmethod
+    def suceso(accion):
+        accion()
+
     # The user.
 
     def avisos(self):
