@@ -18,9 +18,17 @@ def llano(texto):
     return float(texto.replace(".", "").replace(",", "."))
 
 
+def es_numero(texto):
+    try:
+        llano(texto)
+    except ErrorEjecucion:
+        return False
+    return True
+
+
 def enmascarar(texto):
-    """A field's text under the mask; the empty one stays empty."""
-    return mascara(llano(texto)) if texto != "" else ""
+    """A field's text under the mask; what is no number stays as it is."""
+    return mascara(llano(texto)) if es_numero(texto) else texto
 
 
 def redondo(valor):

@@ -3,7 +3,7 @@
 from alta_cuentas import enmascarar, redondo
 from mensajes import EXCESO_AL_TECLEAR
 from alta_teclas import ESCAPE, INTRO, tecla_importe
-from valores import NO_HAY_CELDA, ErrorEjecucion, a_vista, mascara, numero, recortar
+from valores import a_vista, mascara, numero, recortar
 
 COLUMNAS = 4
 
@@ -46,9 +46,8 @@ class Recibos:
         self.vtos.filas(5)
 
     def celda_de_vto(self, fila, columna):
-        if fila >= len(self.vtos.celdas):
-            raise ErrorEjecucion(NO_HAY_CELDA)
-        return self.vtos.celdas[fila][columna]
+        """A row that a restored set lacks counts as blank."""
+        return self.vtos.celdas[fila][columna] if fila < len(self.vtos.celdas) else ""
 
     def guardar_vencimientos(self):
         self.vtos2 = self.vtos.textos()
@@ -113,11 +112,7 @@ class Recibos:
             if self.TxtMsf2.visible and numero(texto) <= numero(celdas[1]):
                 celdas[2] = mascara(numero(texto))
         elif self.vtos.columna < 2 and self.TxtMsf2.visible:
-            celdas[self.vtos.columna] = self._formar(texto) if self.vtos.columna == 1 else texto
-
-    @staticmethod
-    def _formar(texto):
-        return enmascarar(texto) if texto.startswith("-") else mascara(numero(texto))
+            celdas[self.vtos.columna] = enmascarar(texto) if self.vtos.columna == 1 else texto
 
     def _llevar_a_marca(self, texto):
         numero(texto)
@@ -217,6 +212,8 @@ class Recibos:
                 self.puesto.avisar(EXCESO_AL_TECLEAR)
                 return
             self._comprometer_vto()
+        elif vtos.columna == 1 and self.TxtMsf2.texto != "":
+            vtos.celdas[vtos.fila][1] = enmascarar(self.TxtMsf2.texto)
         if vtos.fila < len(vtos.celdas) - 1 and vtos.celdas[vtos.fila + 1][0] != "":
             self.ir_vto(vtos.fila + 1, vtos.columna)
             self.abrir_vto()

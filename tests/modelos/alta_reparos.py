@@ -1,8 +1,8 @@
 """What the days with entries leave alone, and the oddities that may be left out of them."""
 
 from alta_campos import CAJAS, DE_ENTEROS, DE_FECHA
-from alta_cuentas import llano
-from valores import ErrorEjecucion, a_guardada
+from alta_cuentas import es_numero, llano
+from valores import a_guardada
 
 RAREZAS_DE_ENTRADA = {
     "fechas": "an invoice date that is erased, or none",
@@ -75,10 +75,7 @@ def _anadido_callado(campo, texto, con):
 
 
 def _numero(texto):
-    try:
-        return llano(texto) >= 0
-    except ErrorEjecucion:
-        return False
+    return es_numero(texto) and llano(texto) >= 0
 
 
 def _hay_vto(flecha, pantalla):
