@@ -84,7 +84,7 @@ class Escritura:
         llenos = [tipo for tipo in TIPOS if self.hoja[tipo[1]].texto != ""]
         for fila in halladas:
             if llenos and fila["Tipo"] == llenos[0][0]:
-                escribir(bases, fila, self._valores_de_base(*llenos[0], "Base"))
+                escribir(bases, fila, self._valores_de_base(*llenos[0], "Exento"))
         if any(llenos and fila["Tipo"] == llenos[0][0] for fila in halladas):
             llenos = llenos[1:]
         for tipo in llenos:

@@ -1,7 +1,9 @@
 """Rows written by the entry panel: texts become values of their columns, or don't fit."""
 
+from decimal import Decimal
+
 from alta_cuentas import llano
-from valores import CLAVE_REPETIDA, ErrorEjecucion, redondear
+from valores import CLAVE_REPETIDA, ErrorEjecucion
 
 
 def _numero_de(texto):
@@ -12,7 +14,8 @@ def _numero_de(texto):
 
 
 def dinero_de(texto):
-    return None if texto == "" else redondear(_numero_de(texto))
+    """As the embedded engine keeps it: with whatever decimals the text has."""
+    return None if texto == "" else Decimal(format(_numero_de(texto), ".15g"))
 
 
 def entero_de(texto):

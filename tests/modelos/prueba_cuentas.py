@@ -69,5 +69,5 @@ def prueba_proponer_fecha():
 
 
 def prueba_columnas():
-    assert str(dinero_de("1.234,5")) == "1234.50" and dinero_de("") is None and entero_de("007") == 7
+    assert str(dinero_de("1.234,5")) == "1234.5" and dinero_de("") is None and entero_de("007") == 7
     assert falla(CLAVE_REPETIDA, entero_de, "7,5") and falla(CLAVE_REPETIDA, dinero_de, "-")
