@@ -6,7 +6,7 @@ from alta_mensajes import (BASES_NO_SUMAN, CONCEPTO_EN_BLANCO, CREAR_CONCEPTO, D
                            FALTA_TIPO, FALTA_VISTA, FECHA_FACTURA, FECHA_PREVISION_AL_ACEPTAR, FECHA_VISTA,
                            GRABAR_FACTURA, NO_SUMAN, POR_ANNOS, PREVISION_ANTERIOR, VISTA_ANTERIOR)
 from alta_teclas import INTRO
-from valores import TIPOS_DISTINTOS, ErrorEjecucion, a_guardada, mascara
+from valores import a_guardada, mascara
 
 TASAS = (16, 7, 4)
 
@@ -154,10 +154,8 @@ class Aceptacion:
         prevision = self.prevision_de(self.TxtNConcepto.texto)
         if prevision is None:
             return
-        if prevision["Cada"] is None:
-            raise ErrorEjecucion(TIPOS_DISTINTOS)
         unidad = {1: "d", 2: "m"}.get(prevision["Tipo"], "yyyy")
-        proxima = avanzar(self.rejilla.fecha(self.rejilla.fila), unidad, prevision["Cada"])
+        proxima = avanzar(self.rejilla.fecha(self.rejilla.fila), unidad, prevision["Cada"] or 0)
         if proxima != self.TxtDesde.texto:
             self.TxtDesde.texto = self.TxtDesde.tag = proxima
             if self.puesto.preguntar(DESDE_OTRA.format(self.TxtConcepto.texto, proxima), 4) != "si":
