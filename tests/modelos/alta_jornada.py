@@ -17,8 +17,9 @@ class JornadaConPanel(Jornada):
         super().__init__(negocio, con)
 
     def elegir_concepto(self):
+        """The runner keeps one answer: a second call of the same event is cancelled."""
         self.elegidos.append(self.elegible)
-        return self.elegible
+        return self.elegible if len(self.elegidos) == 1 else None
 
     def preguntar(self, texto, flags):
         if isinstance(self.respuesta, tuple):
@@ -36,8 +37,8 @@ class JornadaConPanel(Jornada):
 
     def _decir_respuestas(self):
         super()._decir_respuestas()
-        for elegido in self.elegidos:
-            self.decir("concepto " + (elegido or "cancelar"))
+        if self.elegidos:
+            self.decir("concepto " + (self.elegidos[0] or "cancelar"))
 
     def dar(self, paso):
         if not calla_entrada(paso, self.pantalla, self.con):

@@ -6,8 +6,8 @@ from alta_planes import Planes
 from alta_campos import DE_ENTEROS, DE_FECHA, DE_IMPORTE
 from usuario import Usuario
 
-CAMPOS = ["TxtConcepto", "TxtFFra", "TxtNFra", "TxtIFra", "TxtB16", "TxtI16", "TxtB7", "TxtI7", "TxtB4", "TxtI4", "TxtB0",
-          "TxtBIRPF", "TxtTipoIRPF", "TxtIRPF", "TxtFVista", "TxtNRecibos", "TxtDias", "TxtCadencia", "TxtIPrev",
+CAMPOS = ["TxtConcepto", "TxtFFra", "TxtNFra", "TxtIFra", "TxtB16", "TxtI16", "TxtB7", "TxtI7", "TxtB4", "TxtI4",
+          "TxtB0", "TxtBIRPF", "TxtTipoIRPF", "TxtIRPF", "TxtFVista", "TxtNRecibos", "TxtDias", "TxtCadencia", "TxtIPrev",
           "TxtCada", "TxtDesde", "CboPlazo"]
 MARCAS = ["Chk16", "Chk7", "Chk4", "Chk0", "Chk15", "OptGenerar", "OptVista", "OptAplazado"]
 
@@ -26,7 +26,8 @@ class UsuarioConPanel(Planes, Usuario):
                 return self.plan.pop(0)
             if pantalla.editor_visible or self.azar.randrange(100) >= 30:
                 return super().paso()
-            self.plan = self.azar.choice([self.nueva] * 4 + [self.modificar] * 4 + [self.prevista] * 3 + [self.repetida])()
+            self.plan = self.azar.choice([self.nueva] * 4 + [self.modificar] * 4 + [self.prevista] * 3
+                                         + [self.repetida])()
             return self.plan.pop(0)
         if pantalla.TxtMsf2.visible and self.azar.randrange(10) < 6:
             return self.en_editor_vto()
