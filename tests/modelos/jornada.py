@@ -44,6 +44,7 @@ class Jornada:
     """Plays steps. `lineas` is the scenario; `esperado` has (line number, text) of its output."""
 
     usuario = "ANA"
+    clase_de_pantalla = Pantalla
 
     def __init__(self, negocio, con):
         self.con = con
@@ -58,22 +59,22 @@ class Jornada:
         for tabla, fila in negocio.filas:
             self._insertar(tabla, fila)
         self.decir("cargar")
-        self.pantalla = Pantalla(self, self.almacen, self.local)
+        self.pantalla = self.clase_de_pantalla(self, self.almacen, self.local)
 
     # What the screen asks of its post.
 
-    def avisar(self, texto):
-        self._mensaje(texto, 16, "aceptar")
+    def avisar(self, texto, flags=16, titulo="Atención"):
+        self._mensaje(texto, flags, titulo, "aceptar")
 
     def preguntar(self, texto, flags):
         respuesta = "no" if flags == 4 and self.respuesta == "cancelar" else self.respuesta
         self.dadas.append(respuesta)
-        self._mensaje(texto, flags, respuesta)
+        self._mensaje(texto, flags, "Atención", respuesta)
         return respuesta
 
-    def _mensaje(self, texto, flags, respuesta):
+    def _mensaje(self, texto, flags, titulo, respuesta):
         texto = texto.replace("\n", "\\n")
-        self.avisos.append(f'aviso "{texto}" {flags} "Atención" -> {respuesta}')
+        self.avisos.append(f'aviso "{texto}" {flags} "{titulo}" -> {respuesta}')
 
     # Scenario and what it prints.
 
@@ -88,15 +89,22 @@ class Jornada:
 
     def _hacer(self, linea, accion, *argumentos):
         """One event of the user: its answers go before it, its error after it."""
-        self.dadas, salida = [], []
+        self.dadas, self.errores = [], []
+        self.suceso(lambda: accion(*argumentos))
+        self._decir_respuestas()
+        self.decir(linea, self.errores)
+        return not self.errores
+
+    def suceso(self, accion):
+        """An event, or one of several of the same line; what comes out of it is printed."""
         try:
-            accion(*argumentos)
+            accion()
         except ErrorEjecucion as error:
-            salida.append(f"error {error.numero}")
+            self.errores.append(f"error {error.numero}")
+
+    def _decir_respuestas(self):
         if self.dadas:
             self.decir("responder " + " ".join(self.dadas))
-        self.decir(linea, salida)
-        return not salida
 
     # Steps: dar(("celda", 3, 5)). One that has no sense now is passed over.
 
@@ -146,7 +154,7 @@ class Jornada:
         if self._hacer(orden, self.pantalla.cerrar):
             self.paso_avisos()
             self.decir("cargar")
-            self.pantalla = Pantalla(self, self.almacen, self.local)
+            self.pantalla = self.clase_de_pantalla(self, self.almacen, self.local)
 
     def paso_ocultar(self):
         self.decir("ocultar")

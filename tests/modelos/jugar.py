@@ -1,8 +1,9 @@
 #!/usr/bin/env python3
 """Plays random days against the scenario runner and tells the first difference.
 
-    jugar.py --guion PATH [--semilla N] [--dias M] [--sin editor,devolver,...] [--guardar FOLDER]
+    jugar.py --guion PATH [--alta] [--semilla N] [--dias M] [--sin editor,devolver,...] [--guardar FOLDER]
 
+With --alta the days mix the work on the list with entries in the panel.
 Day k has seed N + k, whatever the number of days. Exit status: 0 no difference, 1 one at least.
 """
 
@@ -13,29 +14,37 @@ import subprocess
 import sys
 from pathlib import Path
 
+from alta_campos import MIRADOS
+from alta_jornada import JornadaConPanel
+from alta_negocio import InventorDeEntradas
+from alta_reparos import RAREZAS_DE_ENTRADA
+from alta_usuario import UsuarioConPanel
 from jornada import Jornada
 from negocio import Inventor
 from reparos import RAREZAS
 from usuario import Usuario
 
 POR_PROCESO = 10
+DE_LISTA = (Inventor, Jornada, Usuario)
+CON_ENTRADAS = (InventorDeEntradas, JornadaConPanel, UsuarioConPanel)
 
 
 class Dia:
     """Seed, business and steps of one day: played again with less of them, it can be made smaller."""
 
-    def __init__(self, semilla, con):
+    def __init__(self, semilla, con, clases=DE_LISTA):
+        inventor, self.clase_de_jornada, usuario = clases
         azar = random.Random(semilla)
         self.semilla = semilla
         self.con = con = set(con)
         if azar.randrange(6):
             con.discard("comillas")
-        self.negocio = Inventor(azar, con).negocio()
-        jornada = Jornada(self.negocio, con)
-        usuario, self.pasos = Usuario(azar, con, jornada), [("rejilla",), ("totales",)]
+        self.negocio = inventor(azar, con).negocio()
+        jornada = self.clase_de_jornada(self.negocio, con)
+        usuario, self.pasos = usuario(azar, con, jornada), [("rejilla",), ("totales",)]
         for paso in self.pasos:
             jornada.dar(paso)
-        for _ in range(azar.randint(5, 40)):
+        for _ in range(azar.randint(*usuario.PASOS)):
             paso = usuario.paso()
             for otro in [paso, *usuario.miradas()]:
                 self.pasos.append(otro)
@@ -49,18 +58,25 @@ class Dia:
         otro = object.__new__(Dia)
         otro.semilla, otro.pasos, otro.con = self.semilla, pasos, self.con
         otro.negocio = type(self.negocio)(self.negocio.reloj, self.negocio.reposo, filas)
-        otro.jornada = Jornada(otro.negocio, self.con)
+        otro.clase_de_jornada = self.clase_de_jornada
+        otro.jornada = self.clase_de_jornada(otro.negocio, self.con)
         for paso in pasos:
             otro.jornada.dar(paso)
         return otro
 
 
 def comparable(linea):
-    """What of a printed line is foretold: of an error its number, of a widget text and visibility."""
+    """What of a printed line is foretold: of an error its number, of a widget what is compared."""
     if linea.startswith("error "):
         return " ".join(linea.split(" ")[:2])
     visto = re.match(r'(LblPendiente|TxtTotal) (Caption|Text)="([^"]*)".* Visible=([01])', linea)
-    return '{} {}="{}" Visible={}'.format(*visto.groups()) if visto else linea
+    if visto:
+        return '{} {}="{}" Visible={}'.format(*visto.groups())
+    nombre = linea.split(" ")[0]
+    if nombre not in MIRADOS:
+        return linea
+    propiedades = re.findall(r'([A-Z]\w+)=("(?:[^"\\]|\\.)*"|-?\d+)', linea)
+    return " ".join([nombre] + [f"{p}={valor}" for p, valor in propiedades if p in MIRADOS[nombre]])
 
 
 def correr(guion, lineas):
@@ -121,18 +137,20 @@ def reducir(guion, dia):
 def main():
     argumentos = argparse.ArgumentParser(description=__doc__, formatter_class=argparse.RawDescriptionHelpFormatter)
     argumentos.add_argument("--guion", required=True, help="the scenario runner")
+    argumentos.add_argument("--alta", action="store_true", help="days with entries in the panel")
     argumentos.add_argument("--semilla", type=int, default=1)
     argumentos.add_argument("--dias", type=int, default=100)
-    argumentos.add_argument("--sin", default="", help="oddities left out of the days, of " + ", ".join(f"{r} ({t})" for r, t in RAREZAS.items()))
+    argumentos.add_argument("--sin", default="", help="oddities left out of the days, of " + ", ".join(f"{r} ({t})" for r, t in (RAREZAS | RAREZAS_DE_ENTRADA).items()))
     argumentos.add_argument("--guardar", default=".", help="where the scenario of a difference goes")
     argumentos.add_argument("--seguir", type=int, default=1, help="differences after which to stop")
     argumentos.add_argument("--reducir", action="store_true", help="make the scenario of a difference small")
     opciones = argumentos.parse_args()
-    con = [rareza for rareza in RAREZAS if rareza not in opciones.sin.split(",")]
+    rarezas = RAREZAS | RAREZAS_DE_ENTRADA if opciones.alta else RAREZAS
+    con = [rareza for rareza in rarezas if rareza not in opciones.sin.split(",")]
     diferencias = 0
     for primera in range(opciones.semilla, opciones.semilla + opciones.dias, POR_PROCESO):
         ultima = min(primera + POR_PROCESO, opciones.semilla + opciones.dias)
-        dias = [Dia(semilla, con) for semilla in range(primera, ultima)]
+        dias = [Dia(semilla, con, CON_ENTRADAS if opciones.alta else DE_LISTA) for semilla in range(primera, ultima)]
         if not comparar(opciones.guion, dias):
             continue
         for dia in dias:

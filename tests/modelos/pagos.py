@@ -118,6 +118,10 @@ class Pagos:
             fila += paso
 
     def flecha_en_rejilla(self, paso):
+        """Out of a column that isn't shown, where a list made anew leaves it, to the first cell."""
+        if self.rejilla.columna > 5:
+            self.ir(1, 0)
+            return
         fila = self.rejilla.fila + paso
         if 1 <= fila < len(self.rejilla.celdas):
             self.ir(fila, self.rejilla.columna)

@@ -14,14 +14,14 @@ class Tabla:
         self.filas = []
         self._claves = set()
 
-    def _clave_de(self, fila):
+    def clave_de(self, fila):
         return tuple(plegar(fila[columna]) for columna in self.clave)
 
     def insertar(self, valores):
         """Adds a row; one whose key is taken is refused with the error of a repeated key."""
         fila = {columna: valores.get(columna) for columna in self.columnas}
         if self.clave:
-            clave = self._clave_de(fila)
+            clave = self.clave_de(fila)
             if clave in self._claves:
                 raise ErrorEjecucion(CLAVE_REPETIDA)
             self._claves.add(clave)
@@ -37,7 +37,10 @@ class Tabla:
 
     def borrar(self, condicion):
         self.filas = [fila for fila in self.filas if not condicion(fila)]
-        self._claves = {self._clave_de(fila) for fila in self.filas} if self.clave else set()
+        self.rehacer_claves()
+
+    def rehacer_claves(self):
+        self._claves = {self.clave_de(fila) for fila in self.filas} if self.clave else set()
 
     def vaciar(self):
         self.filas, self._claves = [], set()

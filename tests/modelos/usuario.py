@@ -14,6 +14,8 @@ FILTROS = ["ChkPagados", "ChkPrevisiones"]
 
 
 class Usuario:
+    PASOS = 5, 40
+
     def __init__(self, azar, con, jornada):
         self.azar, self.con, self.jornada = azar, con, jornada
         self.inventor = Inventor(azar, con)
