@@ -30,12 +30,17 @@ class Panel:
         self._abrir()
 
     def _abrir(self):
+        antes = self.foco
         self.panel_visible = True
         self.revisar_foco()
+        self.antes = antes
+        self.poner_foco("TxtConcepto" if self.es_nueva() else "MSFVencimientos")
 
     def cerrar_panel(self):
         self.panel_visible = False
         self.revisar_foco()
+        if self.antes:
+            self.poner_foco(self.antes)
 
     def cancelar_entrada(self):
         self.saltar = True
