@@ -11,7 +11,7 @@ def _factura(b, numero="N1", total="116"):
 
 def prueba_aceptar_una_nueva():
     b = _factura(Banco()).pulsar("BtnAceptar")
-    assert b.avisos() == [] and not b.p.panel_visible and b.p.foco is None
+    assert b.avisos() == [] and not b.p.panel_visible and b.p.foco == "BotonNuevo"
     factura = b.local.facturas.filas[0]
     assert (factura["Factura"], factura["Año"], factura["Total"], factura["forpago"]) == ("N1", "2005", 116, "1")
     assert (factura["NRecibos"], factura["Dias1Vto"], factura["Cadencia"], factura["TipoIRPF"]) == (1, 0, 0, 0)

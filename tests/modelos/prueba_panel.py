@@ -65,7 +65,8 @@ class Banco:
         return self
 
     def nueva(self):
-        return self.pulsar("BotonNuevo")
+        # It opens on its concept, which may not be left empty.
+        return self.pulsar("BotonNuevo").campo("TxtConcepto", "400")
 
     def modificar(self, fila=1):
         self.p.celda(fila, 1)
