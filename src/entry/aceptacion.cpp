@@ -233,11 +233,7 @@ bool Aceptacion::GrabarModificada() {
 /// An occurrence of a forecast has just become an invoice: the forecast goes on after it.
 bool Aceptacion::GrabarOcurrencia() {
   Recordset rs;
-  rs.Open(
-      "SELECT TempProvPrevisionPagos.* FROM TempProvPrevisionPagos WHERE "
-      "TempProvPrevisionPagos.NConcepto like '" +
-          c_.TxtNConcepto.Text() + "'",
-      sesion_.CnTemp(), ModoApertura::Lectura);
+  rs.Open(SentenciaDePrevision(c_.TxtNConcepto.Text), sesion_.CnTemp(), ModoApertura::Lectura);
   if (rs.Eof()) return true;
   const auto unidad = list::UnidadDe(static_cast<int>(NumeroDe(rs.Collect("Tipo"))));
   const std::string siguiente =

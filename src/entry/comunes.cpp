@@ -41,8 +41,6 @@ void PasarAlPrimero(const std::vector<Widget*>& cadena) {
 
 int Filtrar(services::Sesion& sesion, TextBox& campo, Tecleo tecleo, int tecla) {
   switch (tecleo) {
-    case Tecleo::Texto:
-      return tecla;
     case Tecleo::Fecha:
       return sesion.Utiles().TeclaFecha(campo, tecla);
     case Tecleo::Importe:
@@ -73,7 +71,6 @@ FocoComun::FocoComun(Campos& c, EdicionVencimiento& edicion) {
     caja->GotFocus = [&edicion] { edicion.CerrarEdicionVencimiento(); };
   }
   c.CboPlazo.GotFocus = [&c] { c.CboPlazo.BackColor = color::ConFoco; };
-  c.CboPlazo.LostFocus = [&c] { PintarBlanco(c.CboPlazo); };
 }
 
 }  // namespace entry

@@ -18,7 +18,7 @@ void PintarInhabilitado(services::Widget& campo);
 void PasarAlPrimero(const std::vector<services::Widget*>& cadena);
 
 /// Which keys a field takes.
-enum class Tecleo { Texto, Fecha, Importe, Entero };
+enum class Tecleo { Fecha, Importe, Entero };
 
 /// The key that comes of the one pressed in a field; 0 when it is swallowed.
 [[nodiscard]] int Filtrar(services::Sesion& sesion, services::TextBox& campo, Tecleo tecleo,

@@ -1,6 +1,7 @@
 #include "entry/importes.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "forms/entrada.h"
 #include "valores/formato.h"
@@ -39,14 +40,18 @@ Importes::Importes(Campos& campos, services::Sesion& sesion, const list::Rejilla
   UnirCajas();
   UnirTecleo();
   for (const Fila& fila : Filas()) {
-    fila.Base.LostFocus = [this, fila] { DejarBase(fila); };
+    fila.Base.LostFocus = [this, fila] {
+      Dejar(fila.Base, &fila.Iva, [&] { return ComprobarBase(fila); });
+    };
     fila.Iva.LostFocus = [&campo = fila.Iva] {
       PintarBlanco(campo);
       Enmascarar(campo);
     };
   }
-  c_.TxtB0.LostFocus = [this] { DejarExento(); };
-  c_.TxtBIRPF.LostFocus = [this] { DejarBaseIrpf(); };
+  c_.TxtB0.LostFocus = [this] { Dejar(c_.TxtB0, nullptr, [this] { return ComprobarExento(); }); };
+  c_.TxtBIRPF.LostFocus = [this] {
+    Dejar(c_.TxtBIRPF, &c_.TxtIRPF, [this] { return ComprobarBaseIrpf(); });
+  };
   c_.TxtIRPF.LostFocus = [this] {
     PintarBlanco(c_.TxtIRPF);
     Enmascarar(c_.TxtIRPF);
@@ -158,23 +163,18 @@ bool Importes::Rechazar(const char* motivo, TextBox& campo) {
   return false;
 }
 
-void Importes::DejarBase(const Fila& fila) {
-  PintarBlanco(fila.Base);
-  if (c_.SaltarValidacion) {
-    c_.SaltarValidacion = false;
-    if (fila.Base.Text().empty()) fila.Iva.Text = "";
-    return;
-  }
-  c_.SaltarValidacion = true;
-  if (!c_.Cancelando() && !ComprobarBase(fila)) return;
+/// A check that fails leaves the flag on, and the next leaving gets past it.
+void Importes::Dejar(TextBox& base, TextBox* derivado, const std::function<bool()>& cuadra) {
+  PintarBlanco(base);
+  const bool salta = std::exchange(c_.SaltarValidacion, true);
+  const bool comprueba = !salta && !c_.Cancelando();
+  const bool vacia = base.Text().empty();
+  if (vacia && derivado && (salta || comprueba)) derivado->Text = "";
+  if (comprueba && !vacia && !cuadra()) return;
   c_.SaltarValidacion = false;
 }
 
 bool Importes::ComprobarBase(const Fila& fila) {
-  if (fila.Base.Text().empty()) {
-    fila.Iva.Text = "";
-    return true;
-  }
   if (LimiteDeBase(Total(), Num(c_.TxtIRPF), fila.Tipo) < Num(fila.Base)) {
     return Rechazar(fila.Incorrecta, fila.Base);
   }
@@ -187,20 +187,8 @@ bool Importes::ComprobarBase(const Fila& fila) {
   return true;
 }
 
-void Importes::DejarExento() {
-  PintarBlanco(c_.TxtB0);
-  if (c_.SaltarValidacion) {
-    c_.SaltarValidacion = false;
-    return;
-  }
-  c_.SaltarValidacion = true;
-  if (!c_.Cancelando() && !ComprobarExento()) return;
-  c_.SaltarValidacion = false;
-}
-
 /// Unlike a base, its limit and its sum leave the withholding out.
 bool Importes::ComprobarExento() {
-  if (c_.TxtB0.Text().empty()) return true;
   const char* const incorrecto = "Importe Exento Incorrecto";
   if (services::Importe(Enmascarado(c_.TxtIFra)) < Num(c_.TxtB0)) {
     return Rechazar(incorrecto, c_.TxtB0);
@@ -212,23 +200,7 @@ bool Importes::ComprobarExento() {
   return true;
 }
 
-void Importes::DejarBaseIrpf() {
-  PintarBlanco(c_.TxtBIRPF);
-  if (c_.SaltarValidacion) {
-    c_.SaltarValidacion = false;
-    if (c_.TxtBIRPF.Text().empty()) c_.TxtIRPF.Text = "";
-    return;
-  }
-  c_.SaltarValidacion = true;
-  if (!c_.Cancelando() && !ComprobarBaseIrpf()) return;
-  c_.SaltarValidacion = false;
-}
-
 bool Importes::ComprobarBaseIrpf() {
-  if (c_.TxtBIRPF.Text().empty()) {
-    c_.TxtIRPF.Text = "";
-    return true;
-  }
   const double tanto = services::Val(c_.TxtTipoIRPF.Text());
   if (LimiteDeIrpf(Total(), tanto) < Num(c_.TxtBIRPF)) {
     if (!c_.Chk0.Value) return Rechazar("Base de IRPF Incorrecta", c_.TxtBIRPF);

@@ -1,7 +1,7 @@
 #pragma once
 
 #include <array>
-#include <optional>
+#include <functional>
 
 #include "entry/campos.h"
 #include "entry/comunes.h"
@@ -44,9 +44,10 @@ class Importes {
   void Unir(services::TextBox& campo, Tecleo tecleo,
             std::initializer_list<services::Widget*> cadena);
 
-  void DejarBase(const Fila& fila);
-  void DejarExento();
-  void DejarBaseIrpf();
+  /// A field that is checked loses the focus. Empty it empties what derives from it, null for
+  /// nothing; otherwise `cuadra` checks it, unless this leaving is let through.
+  void Dejar(services::TextBox& base, services::TextBox* derivado,
+             const std::function<bool()>& cuadra);
   [[nodiscard]] bool ComprobarBase(const Fila& fila);
   [[nodiscard]] bool ComprobarExento();
   [[nodiscard]] bool ComprobarBaseIrpf();

@@ -19,15 +19,8 @@ namespace tecla = services::tecla;
 
 namespace {
 
-std::string SentenciaDe(const std::string& concepto) {
-  return "SELECT TempProvPrevisionPagos.* FROM TempProvPrevisionPagos WHERE "
-         "TempProvPrevisionPagos.NConcepto like '" +
-         concepto + "'";
-}
-
-}  // namespace
-
-std::string_view PlazoDe(const std::string& tipo) {
+/// What `CboPlazo` offers, and how a forecast's `Tipo` stands for it.
+const char* PlazoDe(const std::string& tipo) {
   if (tipo == "1") return "Días";
   return tipo == "2" ? "Meses" : "Años";
 }
@@ -35,6 +28,14 @@ std::string_view PlazoDe(const std::string& tipo) {
 int TipoDe(const std::string& plazo) {
   if (plazo == "Días") return 1;
   return plazo == "Meses" ? 2 : 3;
+}
+
+}  // namespace
+
+std::string SentenciaDePrevision(const std::string& concepto) {
+  return "SELECT TempProvPrevisionPagos.* FROM TempProvPrevisionPagos WHERE "
+         "TempProvPrevisionPagos.NConcepto like '" +
+         concepto + "'";
 }
 
 Prevision::Prevision(Campos& campos, services::Sesion& sesion, const list::RejillaPagos& lista)
@@ -95,14 +96,14 @@ void Prevision::ActivarPrevision(bool Estado) {
 void Prevision::CargarPrevision() {
   const std::string concepto = lista_.LineaDe(lista_.MSFPagos.Row).NConcepto;
   Recordset rs;
-  rs.Open(SentenciaDe(concepto), sesion_.CnTemp(), ModoApertura::Lectura);
+  rs.Open(SentenciaDePrevision(concepto), sesion_.CnTemp(), ModoApertura::Lectura);
   if (rs.Eof()) return;
   c_.TxtNConcepto.Text = rs.Collect("NConcepto").Texto();
   c_.TxtConcepto.Text = rs.Collect("Descripcion").Texto();
   c_.TxtIPrev.Text = Mascara(rs.Collect("Importe").Leer());
   c_.TxtIPrev.Enabled = true;
   c_.OptGenerar.Value = true;
-  c_.CboPlazo.Text = std::string(PlazoDe(rs.Collect("Tipo").Texto()));
+  c_.CboPlazo.Text = PlazoDe(rs.Collect("Tipo").Texto());
   c_.TxtCada.Text = rs.Collect("Cada").Texto();
   c_.TxtDesde.Text = sesion_.Utiles().Mostrada(rs.Collect("Fecha1Vto").Texto());
   c_.TxtDesde.Tag = c_.TxtDesde.Text();
@@ -112,7 +113,7 @@ void Prevision::GrabarPrevision() {
   const std::string concepto =
       c_.EsModificacion() ? lista_.LineaDe(lista_.MSFPagos.Row).NConcepto : c_.TxtNConcepto.Text();
   Recordset rs;
-  rs.Open(SentenciaDe(concepto), sesion_.CnTemp(), ModoApertura::Optimista);
+  rs.Open(SentenciaDePrevision(concepto), sesion_.CnTemp(), ModoApertura::Optimista);
   if (rs.Eof()) rs.AddNew();
   rs.Collect("NConcepto") = c_.TxtNConcepto.Text();
   rs.Collect("Descripcion") = c_.TxtConcepto.Text();

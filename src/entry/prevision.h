@@ -1,7 +1,6 @@
 #pragma once
 
 #include <string>
-#include <string_view>
 
 #include "entry/campos.h"
 #include "list/rejilla_pagos.h"
@@ -9,9 +8,8 @@
 
 namespace entry {
 
-/// What `CboPlazo` offers, and how a forecast's `Tipo` stands for it.
-[[nodiscard]] std::string_view PlazoDe(const std::string& tipo);
-[[nodiscard]] int TipoDe(const std::string& plazo);
+/// The statement that reads the forecast of a concept.
+[[nodiscard]] std::string SentenciaDePrevision(const std::string& concepto);
 
 /// The forecast of a concept on the panel: every so many days, months or years an amount is
 /// expected, from a date on. A concept has one at most; it reaches the table at the acceptance

@@ -133,12 +133,7 @@ Clave Terminos::ClaveDeComprobacion() const {
 }
 
 void Terminos::ComprobarRecibos() {
-  const Clave clave = ClaveDeComprobacion();
-  const std::string sentencia =
-      "SELECT TempProvVencimientos.* FROM TempProvVencimientos WHERE "
-      "TempProvVencimientos.NConcepto like '" +
-      clave.NConcepto + "' And Trim(TempProvVencimientos.NFactura) like '" + clave.Factura +
-      "' And TempProvVencimientos.Año like '" + clave.Anio + "'";
+  const std::string sentencia = "SELECT TempProvVencimientos.* " + RecibosDe(ClaveDeComprobacion());
   Recordset rs;
   rs.Open(sentencia, sesion_.CnTemp(), ModoApertura::Lectura);
   const int guardados = static_cast<int>(rs.RecordCount());

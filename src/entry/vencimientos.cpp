@@ -28,11 +28,15 @@ double NumeroDe(const std::string& texto) {
 }
 
 std::string CondicionDe(const Clave& clave) {
-  return "WHERE TempProvVencimientos.NConcepto like '" + clave.NConcepto +
+  return "FROM TempProvVencimientos WHERE TempProvVencimientos.NConcepto like '" + clave.NConcepto +
          "' And Trim(TempProvVencimientos.NFactura) like '" + clave.Factura;
 }
 
 }  // namespace
+
+std::string RecibosDe(const Clave& clave) {
+  return CondicionDe(clave) + "' And TempProvVencimientos.Año like '" + clave.Anio + "'";
+}
 
 Vencimientos::Vencimientos(Campos& campos, services::Sesion& sesion,
                            const list::RejillaPagos& lista)
@@ -140,7 +144,7 @@ void Vencimientos::CargarVencimientos() {
   Vaciar();
   const Clave clave = ClaveDeCarga();
   Recordset rs;
-  rs.Open("SELECT TempProvVencimientos.* FROM TempProvVencimientos " + CondicionDe(clave) +
+  rs.Open("SELECT TempProvVencimientos.* " + CondicionDe(clave) +
               (c_.EsModificacion() ? "' And TempProvVencimientos.Año like '"
                                    : "'And TempProvVencimientos.Año like '") +
               clave.Anio +
@@ -179,15 +183,13 @@ std::string Vencimientos::PagadoEnLista(int fila, const Clave& clave, const std:
 void Vencimientos::GrabarVencimientos() {
   if (c_.EsModificacion() && Filas() == cargadas_) return;
   const Clave clave = ClaveDeLinea();
-  const std::string condicion =
-      CondicionDe(clave) + "' And TempProvVencimientos.Año like '" + clave.Anio + "'";
-  const std::string abrir = "SELECT TempProvVencimientos.* FROM TempProvVencimientos " + condicion;
+  const std::string abrir = "SELECT TempProvVencimientos.* " + RecibosDe(clave);
   Recordset rs;
   rs.Open(abrir, sesion_.CnTemp(), ModoApertura::Optimista);
   if (!rs.Eof()) {
     rs.Close();
-    rs.Open("DELETE TempProvVencimientos.* FROM TempProvVencimientos " + condicion,
-            sesion_.CnTemp(), ModoApertura::Optimista);
+    rs.Open("DELETE TempProvVencimientos.* " + RecibosDe(clave), sesion_.CnTemp(),
+            ModoApertura::Optimista);
     rs.Open(abrir, sesion_.CnTemp(), ModoApertura::Optimista);
   }
   const int lineas = LineasQueSeGraban();

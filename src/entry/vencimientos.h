@@ -15,6 +15,9 @@ class Recordset;
 
 namespace entry {
 
+/// From which rows, and under which conditions, the receipts of an invoice are read and deleted.
+[[nodiscard]] std::string RecibosDe(const Clave& clave);
+
 /// The receipts of the invoice on the panel: how they come from the working table into
 /// `MSFVencimientos`, how they go back, and the hidden set that a refused change goes back to.
 class Vencimientos {
