@@ -5,12 +5,13 @@
 #include "entry/fechas.h"
 #include "forms/entrada.h"
 #include "list/prevision.h"
-#include "valores/fecha.h"
+#include "valores/formato.h"
 #include "valores/numero.h"
 #include "valores/texto.h"
 
 namespace entry {
 
+using services::EnCentimos;
 using services::ModoApertura;
 using services::Numero;
 using services::Recordset;
@@ -57,6 +58,8 @@ bool Aceptacion::Rechazar(const char* motivo) {
 }
 
 void Aceptacion::BtnAceptar_Click() {
+  // A refusal lasts for one turn, however that ends.
+  c_.BtnAceptar.Tag = "";
   b_.Edicion.CerrarEdicionVencimiento();
   if (!Comprobar()) return;
   if (!(c_.EsNueva() ? GrabarNueva() : GrabarModificada())) return;
@@ -71,7 +74,7 @@ bool Aceptacion::Comprobar() {
 }
 
 bool Aceptacion::ComprobarFechas() {
-  if (TieneNumero() && !services::LeerFecha(c_.TxtFFra.Text())) {
+  if (TieneNumero() && sesion_.Utiles().Almacenada(c_.TxtFFra.Text()).empty()) {
     return Parar("Fecha incorrecta", c_.TxtFFra);
   }
   if (c_.TxtFFra.Text().empty()) return true;
@@ -112,12 +115,16 @@ void Aceptacion::PonerTerminosAlDia() {
 
 bool Aceptacion::ComprobarRecibos() {
   if (!ComprobarSuma()) return false;
+  // The list can't add up a negative amount: with one in its range the screen would never open.
+  if (b_.Recibos.HayNegativos()) {
+    return Parar("Los importes de los recibos no pueden ser negativos", c_.MSFVencimientos);
+  }
   if (b_.Recibos.PrimeraFecha().empty() && !GenerarSiFaltan()) return false;
   return ComprobarBases();
 }
 
 bool Aceptacion::ComprobarSuma() {
-  return Cuadra(b_.Recibos.SumaDeImportes(), Redondeado(Numero(c_.TxtIFra.Text))) ||
+  return Cuadra(b_.Recibos.SumaDeImportes(), EnCentimos(Numero(c_.TxtIFra.Text))) ||
          Rechazar(
              "La suma de los importes de los recibos no coincide con el importe de la factura");
 }
@@ -170,7 +177,7 @@ bool Aceptacion::ComprobarConcepto() {
 /// Whatever boxes are ticked.
 bool Aceptacion::ComprobarTotal() {
   b_.Cifras.CalcularTotal();
-  return Cuadra(c_.TotalCalculado, Redondeado(Numero(c_.TxtIFra.Text))) ||
+  return Cuadra(c_.TotalCalculado, EnCentimos(Numero(c_.TxtIFra.Text))) ||
          Rechazar("Los Importes de las Bases de IVA son incorrectos");
 }
 
@@ -184,7 +191,13 @@ bool Aceptacion::ExigirPrevision() {
     c_.CboPlazo.SetFocus();
     return false;
   }
-  if (!c_.TxtDesde.Text().empty()) return true;
+  if (c_.TxtDesde.Text().empty() && !FecharPrevisionHoy()) return false;
+  // As with a receipt.
+  return services::LeerNumero(c_.TxtIPrev.Text).value_or(0) >= 0 ||
+         Parar("El importe de la previsión no puede ser negativo", c_.TxtIPrev);
+}
+
+bool Aceptacion::FecharPrevisionHoy() {
   if (!sesion_.Aviso().Preguntar(
           "Si no se indica lo contrario la generacion se entendera desde la fecha actual")) {
     c_.TxtDesde.SetFocus();
@@ -255,6 +268,7 @@ bool Aceptacion::GrabarOcurrencia() {
 /// After an invoice that was refused the panel stays open, and yet the cash entries take its number
 /// and the cash screen goes.
 void Aceptacion::Terminar() {
+  c_.SaltarValidacion = true;
   if (c_.BtnAceptar.Tag().empty()) {
     b_.Lista.CargarGrip();
     b_.Entrada.Cerrar();
@@ -263,7 +277,6 @@ void Aceptacion::Terminar() {
   caja_.Descargar();
   c_.ImporteCaja = 0;
   c_.HayImporte = false;
-  c_.SaltarValidacion = true;
   c_.BtnAceptar.Tag = "";
 }
 

@@ -50,6 +50,7 @@ class Aceptacion {
   [[nodiscard]] bool ComprobarConcepto();
   [[nodiscard]] bool ComprobarTotal();
   [[nodiscard]] bool ExigirPrevision();
+  [[nodiscard]] bool FecharPrevisionHoy();
   [[nodiscard]] bool GrabarNueva();
   [[nodiscard]] bool GrabarModificada();
   [[nodiscard]] bool GrabarOcurrencia();

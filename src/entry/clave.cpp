@@ -17,7 +17,8 @@ Clave ClaveDelPanel(const Campos& campos) {
 }
 
 std::string AnioDe(const std::string& fecha) {
-  return std::to_string(services::Descomponer(services::Fecha(fecha)).Anio);
+  const auto dia = services::LeerFecha(fecha);
+  return dia ? std::to_string(services::Descomponer(*dia).Anio) : "";
 }
 
 }  // namespace entry

@@ -16,10 +16,10 @@ struct Clave {
 
 /// That of the list's current row. An occurrence of a forecast has neither number nor year.
 [[nodiscard]] Clave ClaveDeLaLista(const list::RejillaPagos& lista);
-/// As the panel's fields tell it. Throws 13 when the invoice's date is none.
+/// As the panel's fields tell it.
 [[nodiscard]] Clave ClaveDelPanel(const Campos& campos);
 
-/// The year of a date as shown; throws 13 when it is none.
+/// The year of a date as shown; the empty text, which no invoice has as its year, when it is none.
 [[nodiscard]] std::string AnioDe(const std::string& fecha);
 
 }  // namespace entry

@@ -59,10 +59,15 @@ void RecibirFoco(TextBox& campo, EdicionVencimiento& edicion) {
 
 FocoComun::FocoComun(Campos& c, EdicionVencimiento& edicion) {
   for (TextBox* campo :
-       {&c.TxtConcepto, &c.TxtNFra, &c.TxtB16, &c.TxtI16, &c.TxtB7, &c.TxtI7, &c.TxtB4, &c.TxtI4,
-        &c.TxtB0, &c.TxtTipoIRPF, &c.TxtBIRPF, &c.TxtIRPF, &c.TxtIPrev, &c.TxtCada, &c.TxtDesde}) {
+       {&c.TxtNFra, &c.TxtB16, &c.TxtI16, &c.TxtB7, &c.TxtI7, &c.TxtB4, &c.TxtI4, &c.TxtB0,
+        &c.TxtTipoIRPF, &c.TxtBIRPF, &c.TxtIRPF, &c.TxtIPrev, &c.TxtCada, &c.TxtDesde}) {
     UnirCampo(*campo, edicion, false);
   }
+  c.TxtConcepto.GotFocus = [&c, &edicion] {
+    RecibirFoco(c.TxtConcepto, edicion);
+    // An entry that was refused leaves the flag on: another concept typed then is looked for.
+    c.SaltarValidacion = false;
+  };
   // Those of the payment terms keep the text that they had.
   for (TextBox* campo : {&c.TxtFFra, &c.TxtFVista, &c.TxtNRecibos, &c.TxtDias, &c.TxtCadencia}) {
     UnirCampo(*campo, edicion, true);

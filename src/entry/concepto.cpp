@@ -9,6 +9,22 @@ namespace entry {
 
 namespace tecla = services::tecla;
 
+namespace {
+
+/// Turns a flag off in the end, whatever happens until then.
+class Apagar {
+ public:
+  explicit Apagar(bool& marca) : marca_(marca) {}
+  ~Apagar() { marca_ = false; }
+  Apagar(const Apagar&) = delete;
+  Apagar& operator=(const Apagar&) = delete;
+
+ private:
+  bool& marca_;
+};
+
+}  // namespace
+
 Concepto::Concepto(services::Form& pantalla, Campos& campos, services::Sesion& sesion,
                    const list::RejillaPagos& lista, Terminos& terminos, PantallaDeCaja& caja)
     : c_(campos),
@@ -91,6 +107,7 @@ void Concepto::TxtBusco_Change() {
 }
 
 void Concepto::CmdCon_Click() {
+  const Apagar saltar(c_.SaltarValidacion);
   c_.TxtBusco.Text = "";
   selector_.Buscar("Codigo", c_.TxtConcepto.Text());
   if (c_.TxtConcepto.Text().empty()) {
@@ -100,11 +117,11 @@ void Concepto::CmdCon_Click() {
     c_.TxtFFra.SetFocus();
     RehacerCaja();
   }
-  c_.SaltarValidacion = false;
 }
 
 /// Another date of the invoice drags the due date and the forecast's along.
 void Concepto::TxtFFra_LostFocus() {
+  if (c_.Cancelando()) return;
   PintarBlanco(c_.TxtFFra);
   c_.TxtFFra.Text = sesion_.Utiles().Normalizada(c_.TxtFFra.Text());
   c_.TxtFVista.Text = c_.TxtFFra.Text();

@@ -5,6 +5,7 @@
 
 namespace entry {
 
+using services::EnCentimos;
 using services::Mascara;
 
 namespace {
@@ -17,10 +18,6 @@ double Positivo(double importe) {
 }
 
 }  // namespace
-
-double Redondeado(double importe) {
-  return services::Numero(Mascara(importe));
-}
 
 BaseEIva SepararTotal(double total, const TipoIva& tipo) {
   const std::string base = Mascara(total / tipo.Divisor);
@@ -45,12 +42,12 @@ double LimiteDeBase(double total, double irpf, const TipoIva& tipo) {
 }
 
 double LimiteDeIrpf(double total, double tanto) {
-  return Positivo(Redondeado(total) + Positivo(Redondeado(total * tanto) / 100));
+  return Positivo(EnCentimos(total) + Positivo(EnCentimos(total * tanto) / 100));
 }
 
 bool Cuadra(double suma, double total) {
-  return Redondeado(suma) == total || Redondeado(suma + kCentimo) == total ||
-         Redondeado(suma - kCentimo) == total;
+  return EnCentimos(suma) == total || EnCentimos(suma + kCentimo) == total ||
+         EnCentimos(suma - kCentimo) == total;
 }
 
 }  // namespace entry

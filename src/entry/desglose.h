@@ -24,9 +24,6 @@ struct BaseEIva {
   bool operator==(const BaseEIva&) const = default;
 };
 
-/// A number as its text under the mask says it: rounded to two decimals.
-[[nodiscard]] double Redondeado(double importe);
-
 /// A total that bears one rate only: base and VAT add up to it exactly.
 [[nodiscard]] BaseEIva SepararTotal(double total, const TipoIva& tipo);
 /// What the other rates leave of a total: the VAT is that of the rounded base, and the sum may miss

@@ -30,7 +30,7 @@ void EdicionVencimiento::MSFVencimientos_Click() {
   const int fila = rejilla_.Row;
   if (rejilla_.Col == columna::Marca && vencimientos_.TieneFecha(fila)) {
     vencimientos_.EstaMarcada(fila) ? QuitarPago(fila) : PagarEntero(fila);
-  } else if (rejilla_.Col == columna::Pagado) {
+  } else if (rejilla_.Col == columna::Pagado && vencimientos_.TieneFecha(fila)) {
     TxtMsf2_.Visible&& SuperaElRecibo() ? AvisarQueSupera() : AbrirEdicionVencimiento();
   } else if (rejilla_.Col == columna::Importe && vencimientos_.TieneFecha(fila)) {
     AbrirEdicionVencimiento();
@@ -41,8 +41,7 @@ void EdicionVencimiento::MSFVencimientos_Click() {
 
 void EdicionVencimiento::PagarEntero(int fila) {
   Ocultar();
-  const list::Recibo recibo = vencimientos_.ReciboDe(fila);
-  vencimientos_.Anotar(fila, list::Entrar(recibo, recibo.Importe));
+  vencimientos_.Anotar(fila, {vencimientos_.ReciboDe(fila).Importe, true});
 }
 
 /// Whether there was a payment before is asked of the list's snapshot at the same row, which is
@@ -51,8 +50,9 @@ void EdicionVencimiento::QuitarPago(int fila) {
   Ocultar();
   const services::MSFlexGrid& copia = lista_.MsfPagos2;
   const bool sinPago = fila >= copia.Rows || copia.TextMatrix(fila, list::columna::Pagado).empty();
-  const list::Recibo antes = sinPago ? list::Recibo() : vencimientos_.ReciboAceptado(fila);
-  vencimientos_.Anotar(fila, list::Devolver(vencimientos_.ReciboDe(fila), antes));
+  const list::Recibo antes = vencimientos_.ReciboAceptado(fila);
+  const bool entero = antes.Pagado == antes.Importe;
+  vencimientos_.Anotar(fila, {sinPago || entero ? "0,00" : antes.Pagado});
 }
 
 void EdicionVencimiento::MSFVencimientos_RowColChange() {
@@ -67,7 +67,9 @@ void EdicionVencimiento::ComprometerImporte() {
   vencimientos_.Anotar(rejilla_.Row, pago);
 }
 
+/// What is no amount, or can't be compared with its receipt's, fails before anything moves.
 void EdicionVencimiento::MoverAMarca() {
+  static_cast<void>(list::Entrar(vencimientos_.ReciboDe(rejilla_.Row), TxtMsf2_.Text));
   const list::Mientras moviendo(MoviendoColumnaVto_);
   rejilla_.Col = columna::Marca;
 }
@@ -75,7 +77,6 @@ void EdicionVencimiento::MoverAMarca() {
 void EdicionVencimiento::MSFVencimientos_LeaveCell() {
   if (MoviendoColumnaVto_ || TxtMsf2_.Text().empty()) return;
   if (rejilla_.Col == columna::Pagado) {
-    static_cast<void>(list::Entrar({}, TxtMsf2_.Text));  // what is no amount fails before it moves
     MoverAMarca();
   } else if (rejilla_.Col != columna::Marca && TxtMsf2_.Visible) {
     TomarEnSuCelda();
@@ -84,7 +85,7 @@ void EdicionVencimiento::MSFVencimientos_LeaveCell() {
 
 void EdicionVencimiento::TomarEnSuCelda() {
   const std::string& tecleado = TxtMsf2_.Text();
-  rejilla_.Text = rejilla_.Col == columna::Importe ? Mascara(services::Valor(tecleado)) : tecleado;
+  rejilla_.Text = rejilla_.Col == columna::Importe ? list::Enmascarado(tecleado) : tecleado;
 }
 
 void EdicionVencimiento::CerrarEdicionVencimiento() {
@@ -107,6 +108,11 @@ void EdicionVencimiento::ActivarEdicionVencimiento(int) {
 }
 
 void EdicionVencimiento::TxtMsf2_KeyDown(int& codigo) {
+  // As in the list: Tab takes the amount and stays on the grid.
+  if (codigo == tecla::Tabulador) {
+    PagaDeMas() ? AvisarQueSupera() : CerrarEdicionVencimiento();
+    codigo = 0;
+  }
   if (codigo != tecla::Arriba && codigo != tecla::Abajo) return;
   MoverFilaVencimiento(codigo == tecla::Arriba ? "Arr" : "Aba");
   codigo = 0;
@@ -117,14 +123,18 @@ void EdicionVencimiento::TxtMsf2_KeyPress(int& codigo) {
     Ocultar();
     codigo = 0;  // it closes the editor, not the panel
   } else if (codigo == tecla::Intro) {
-    rejilla_.Col == columna::Pagado&& SuperaElRecibo() ? AvisarQueSupera() : Aceptar();
+    PagaDeMas() ? AvisarQueSupera() : Aceptar();
   } else {
     codigo = sesion_.Utiles().TeclaImporte(TxtMsf2_, codigo, false);
   }
 }
 
 void EdicionVencimiento::Aceptar() {
-  rejilla_.Col == columna::Pagado ? ComprometerImporte() : TomarEnSuCelda();
+  if (rejilla_.Col == columna::Pagado) {
+    ComprometerImporte();
+  } else if (!TxtMsf2_.Text().empty()) {
+    TomarEnSuCelda();
+  }
   const int siguiente = rejilla_.Row + 1;
   if (siguiente >= rejilla_.Rows || !vencimientos_.TieneFecha(siguiente)) return;
   rejilla_.Row = siguiente;
@@ -133,8 +143,12 @@ void EdicionVencimiento::Aceptar() {
 }
 
 void EdicionVencimiento::MoverFilaVencimiento(std::string_view direccion) {
-  rejilla_.Row = rejilla_.Row + BuscarFilaVencimiento(direccion);
-  AbrirEdicionVencimiento();
+  const int distancia = BuscarFilaVencimiento(direccion);
+  // With nowhere to go what was typed stays.
+  if (distancia != 0) {
+    rejilla_.Row = rejilla_.Row + distancia;
+    AbrirEdicionVencimiento();
+  }
   TxtMsf2_.SeleccionarTodo();
 }
 
@@ -144,12 +158,19 @@ int EdicionVencimiento::BuscarFilaVencimiento(std::string_view direccion) const 
   });
 }
 
+bool EdicionVencimiento::PagaDeMas() const {
+  return rejilla_.Col == columna::Pagado && SuperaElRecibo();
+}
+
 bool EdicionVencimiento::SuperaElRecibo() const {
   return list::Supera(vencimientos_.ReciboDe(rejilla_.Row), TxtMsf2_.Text);
 }
 
+/// A click on the cell has taken the focus out of its editor, and Escape there would close the
+/// panel.
 void EdicionVencimiento::AvisarQueSupera() {
   sesion_.Aviso().Rechazar(list::kSuperaElRecibo);
+  TxtMsf2_.SetFocus();
 }
 
 void EdicionVencimiento::Ocultar() {

@@ -44,6 +44,7 @@ class EdicionVencimiento {
   /// `direccion` is "Arr" or "Aba".
   void MoverFilaVencimiento(std::string_view direccion);
   [[nodiscard]] int BuscarFilaVencimiento(std::string_view direccion) const;
+  [[nodiscard]] bool PagaDeMas() const;
   [[nodiscard]] bool SuperaElRecibo() const;
   void AvisarQueSupera();
 

@@ -11,6 +11,7 @@
 namespace entry {
 
 using services::CheckBox;
+using services::EnCentimos;
 using services::Mascara;
 using services::Numero;
 using services::TextBox;
@@ -298,13 +299,14 @@ void Importes::SepararEnLaPrimera() {
   const auto filas = Filas();
   const auto primera =
       std::find_if(filas.begin(), filas.end(), [](const Fila& f) { return f.Base.Enabled(); });
-  double resto = Redondeado(Total());
+  double resto = EnCentimos(Total());
   for (auto fila = std::next(primera); fila != filas.end(); ++fila) {
     if (fila->Base.Text().empty()) continue;
     resto -= Numero(fila->Base.Text) + Numero(fila->Iva.Text);
   }
   if (!c_.TxtB0.Text().empty()) resto -= Numero(c_.TxtB0.Text);
-  if (resto >= 0) {
+  // By the cent: what Doubles leave of a sum that fits is no debt.
+  if (EnCentimos(resto) >= 0) {
     const BaseEIva partidas = SepararResto(resto, primera->Tipo);
     primera->Base.Text = partidas.Base;
     primera->Iva.Text = partidas.Iva;

@@ -70,14 +70,8 @@ void Panel::Abrir() {
   c_.EsNueva() ? c_.TxtConcepto.SetFocus() : c_.MSFVencimientos.SetFocus();
 }
 
-/// A field that is left as the panel goes may fail: what lies under it comes back all the same.
 void Panel::Cerrar() {
-  try {
-    c_.PicNuevo.Visible = false;
-  } catch (...) {
-    debajo_.PonerEnUso(true);
-    throw;
-  }
+  c_.PicNuevo.Visible = false;
   debajo_.PonerEnUso(true);
   if (antes_) antes_->SetFocus();
 }
@@ -88,17 +82,9 @@ void Panel::BtnCancelar_Click() {
   c_.HayImporte = false;
   c_.SaltarValidacion = true;
   c_.BtnCancelar.Tag = "No";
-  const auto terminar = [this] {
-    c_.BtnCancelar.Tag = "";
-    caja_.Descargar();
-  };
-  try {
-    Cerrar();
-  } catch (...) {
-    terminar();
-    throw;
-  }
-  terminar();
+  Cerrar();
+  c_.BtnCancelar.Tag = "";
+  caja_.Descargar();
 }
 
 void Panel::LimpiarPanel() {
@@ -128,6 +114,7 @@ void Panel::LimpiarCampos() {
     campo->Text = "";
   }
   c_.TxtIFra.Tag = "";
+  PintarBlanco(c_.TxtIFra);  // a cancellation leaves it as it was, with the focus or without
   c_.TxtFVista.Tag = "";
   c_.CboPlazo.ListIndex = -1;
 }

@@ -14,9 +14,9 @@ void RepartirEnRecibos(const Plazos& plazos,
   if (plazos.Recibos == 0) {
     throw services::ErrorEjecucion(services::error::DivisionPorCero, "División por cero");
   }
-  double parte = Redondeado(plazos.Total / plazos.Recibos);
+  double parte = services::EnCentimos(plazos.Total / plazos.Recibos);
   const double pagado =
-      plazos.PagadoEnCaja > 0 ? Redondeado(plazos.PagadoEnCaja / plazos.Recibos) : 0;
+      plazos.PagadoEnCaja > 0 ? services::EnCentimos(plazos.PagadoEnCaja / plazos.Recibos) : 0;
   std::string fecha = plazos.FechaFactura;
   for (int i = 1; i <= plazos.Recibos; ++i) {
     fecha = FechaMas(fecha, "d", i == 1 ? plazos.Dias : plazos.Cadencia);

@@ -133,6 +133,7 @@ void Prevision::GrabarPrevision() {
 }
 
 void Prevision::CboPlazo_LostFocus() {
+  if (c_.Cancelando()) return;
   PintarBlanco(c_.CboPlazo);
   if (c_.TxtFFra.Text().empty()) return;
   if (c_.TxtCada.Text().empty()) {

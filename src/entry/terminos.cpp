@@ -5,6 +5,9 @@
 #include "entry/fechas.h"
 #include "entry/plazos.h"
 #include "forms/entrada.h"
+#include "forms/escritorio.h"
+#include "forms/form.h"
+#include "list/guarda.h"
 #include "valores/formato.h"
 #include "valores/numero.h"
 
@@ -183,18 +186,25 @@ void Terminos::ComprobarOtroNumero(int guardados) {
 
 /// What was typed goes, and the terms and receipts that are stored come back.
 void Terminos::VolverALosGuardados(int guardados) {
-  if (guardados < 2) {
-    Opt("Vista", true, false);
-    vencimientos_.RestaurarVencimientos();
+  const bool aLaVista = guardados < 2;
+  if (!aLaVista) {
+    c_.TxtDias.Text = c_.TxtDias1.Text();
+    c_.TxtCadencia.Text = c_.TxtCadencia1.Text();
+    c_.TxtNRecibos.Text = std::to_string(guardados);
+  }
+  {
+    // Answered for: the field that Enter was pressed in goes off with the focus, and asks no more.
+    const list::Mientras volviendo(volviendo_);
+    Opt(aLaVista ? "Vista" : "Aplazado", true, false);
+  }
+  vencimientos_.RestaurarVencimientos();
+  if (aLaVista) {
     c_.TxtFVista.Text = vencimientos_.PrimeraFecha();
     c_.TxtFVista.Tag = c_.TxtFVista.Text();
-    return;
   }
-  c_.TxtDias.Text = c_.TxtDias1.Text();
-  c_.TxtCadencia.Text = c_.TxtCadencia1.Text();
-  c_.TxtNRecibos.Text = std::to_string(guardados);
-  Opt("Aplazado", true, false);
-  vencimientos_.RestaurarVencimientos();
+  // A field that went off takes the focus with it: the keyboard goes on from what came back.
+  const services::Widget* foco = c_.PicNuevo.Formulario().Escritorio().Foco();
+  if (!foco || !foco->Enabled) PasarAlPrimero({&c_.TxtFVista, &c_.TxtNRecibos});
 }
 
 bool Terminos::TerminosCompletos() const {
@@ -212,6 +222,7 @@ void Terminos::RegenerarVista() {
 }
 
 void Terminos::RegenerarAlDejar(TextBox& campo) {
+  if (c_.Cancelando()) return;
   PintarBlanco(campo);
   if (TerminosCompletos() && Cambiado(campo)) RegenerarAplazado(!campo.Tag().empty());
 }
@@ -231,8 +242,9 @@ void Terminos::PonerseAlDia() {
 
 /// A cadence entered for the first time makes no receipts yet: Enter or the acceptance does.
 void Terminos::TxtCadencia_LostFocus() {
+  if (c_.Cancelando()) return;
   PintarBlanco(c_.TxtCadencia);
-  if (!c_.TxtCadencia.Tag().empty()) PonerseAlDia();
+  if (!volviendo_ && !c_.TxtCadencia.Tag().empty()) PonerseAlDia();
 }
 
 void Terminos::TxtFVista_KeyPress(int& codigo) {
@@ -251,7 +263,7 @@ void Terminos::TxtFVista_KeyPress(int& codigo) {
 }
 
 void Terminos::TxtFVista_LostFocus() {
-  if (c_.Cancelando()) return;
+  if (c_.Cancelando() || volviendo_) return;
   PintarBlanco(c_.TxtFVista);
   if (!FechaVistaValida()) return;
   if (Cambiado(c_.TxtFVista)) RegenerarVista();

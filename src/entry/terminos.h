@@ -62,6 +62,8 @@ class Terminos {
   const list::RejillaPagos& lista_;
   Vencimientos& vencimientos_;
   PantallaDeCaja& caja_;
+  /// True while the stored terms come back after a question: leaving a field asks nothing then.
+  bool volviendo_ = false;
 };
 
 }  // namespace entry

@@ -1,9 +1,11 @@
 #include "entry/vencimientos.h"
 
+#include <algorithm>
 #include <utility>
 
 #include "datos/recordset.h"
 #include "entry/descripcion.h"
+#include "list/editor_en_celda.h"
 #include "valores/formato.h"
 #include "valores/numero.h"
 #include "valores/texto.h"
@@ -56,6 +58,7 @@ void Vencimientos::Preparar() {
 }
 
 void Vencimientos::Blanquear() {
+  list::Cerrar(c_.TxtMsf2);
   rejilla_.Rows = 1;
   rejilla_.Rows = kFilas;
 }
@@ -108,6 +111,15 @@ double Vencimientos::SumaDeImportes() const {
 
 bool Vencimientos::SinImporte() const {
   return rejilla_.Rows < 2 || rejilla_.TextMatrix(1, columna::Importe).empty();
+}
+
+bool Vencimientos::HayNegativos() const {
+  const int ultima = std::min(LineasQueSeGraban(), rejilla_.Rows - 1);
+  for (int fila = 1; fila <= ultima; ++fila) {
+    const Recibo recibo = ReciboDe(fila);
+    if (NumeroDe(recibo.Importe) < 0 || NumeroDe(recibo.Pagado) < 0) return true;
+  }
+  return false;
 }
 
 bool Vencimientos::EstaMarcada(int fila) const {
@@ -250,7 +262,7 @@ void Vencimientos::RestaurarVencimientos() {
     for (int c = 0; c < columna::Cuantas; ++c) celdas.push_back(aceptados.TextMatrix(fila, c));
     rejilla_.AnadirFila(std::move(celdas));
     const Recibo recibo = ReciboAceptado(fila);
-    if (services::Importe(recibo.Importe) != services::Importe(recibo.Pagado)) continue;
+    if (NumeroDe(recibo.Importe) != NumeroDe(recibo.Pagado)) continue;
     // The mark falls on the grid's current row, which need not be the one just added.
     rejilla_.Col = columna::Marca;
     rejilla_.CellPicture = lista_.ImgCheck.Picture();

@@ -49,6 +49,8 @@ class Vencimientos {
   [[nodiscard]] double SumaDeImportes() const;
   /// Whether the first row has no amount.
   [[nodiscard]] bool SinImporte() const;
+  /// Whether a line to be written has an amount or a payment below zero.
+  [[nodiscard]] bool HayNegativos() const;
 
   /// Fills the grid for the panel's invoice. A payment that stands in the list, not yet saved, wins
   /// over the stored one.

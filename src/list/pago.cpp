@@ -14,17 +14,16 @@ double Redondeado(const std::string& tecleado) {
   return services::Numero(Mascara(Valor("0" + tecleado)));
 }
 
-/// Under its mask; a lone comma is as good as a zero.
-std::string Enmascarado(const std::string& tecleado) {
-  return services::EsNumero(tecleado) ? Mascara(Valor(tecleado)) : Mascara(Redondeado(tecleado));
-}
-
 Pago Anotado(const Recibo& recibo, std::string pagado, bool marca) {
   const double cambio = Importe(recibo.Pagado) - Importe(pagado);
   return {std::move(pagado), marca, cambio};
 }
 
 }  // namespace
+
+std::string Enmascarado(const std::string& tecleado) {
+  return services::EsNumero(tecleado) ? Mascara(Valor(tecleado)) : Mascara(Redondeado(tecleado));
+}
 
 Pago Entrar(const Recibo& recibo, const std::string& tecleado) {
   if (Importe(recibo.Importe) == Redondeado(tecleado)) {

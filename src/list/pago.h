@@ -22,6 +22,9 @@ struct Pago {
   double Pendiente = 0;  ///< by how much the pending total changes
 };
 
+/// A typed amount under its mask; a lone comma is as good as a zero. Throws 13 for a text that is
+/// no amount.
+[[nodiscard]] std::string Enmascarado(const std::string& tecleado);
 /// An amount is typed: it is rounded by the mask; the receipt's own amount pays it in full, and no
 /// text at all is "0". Throws 13 for a text that is no amount, such as a negative one.
 [[nodiscard]] Pago Entrar(const Recibo& recibo, const std::string& tecleado);

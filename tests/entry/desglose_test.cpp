@@ -59,10 +59,10 @@ TEST(Desglose, UnCentimoDeMasODeMenosCuadraYDosNo) {
 TEST(Desglose, BaseEIvaDeCadaTotalSonElTotal) {
   for (const auto& tipo : {kIva16, kIva7, kIva4}) {
     for (int centimos = 1; centimos < 20000; centimos += 7) {
-      const double total = entry::Redondeado(centimos / 100.0);
+      const double total = services::EnCentimos(centimos / 100.0);
       const BaseEIva partidas = entry::SepararTotal(total, tipo);
       const double suma =
-          entry::Redondeado(services::Importe(partidas.Base) + services::Importe(partidas.Iva));
+          services::EnCentimos(services::Importe(partidas.Base) + services::Importe(partidas.Iva));
       ASSERT_EQ(suma, total) << tipo.Tanto;
     }
   }

@@ -1,10 +1,11 @@
 """Acceptance of an entry: its checks in their order, and what it writes."""
 
-from alta_cuentas import avanzar, descuadra, llano, redondo
+from alta_cuentas import avanzar, descuadra, es_numero, llano, redondo
 from alta_mensajes import (BASES_NO_SUMAN, CONCEPTO_EN_BLANCO, CREAR_CONCEPTO, DESDE_HOY, DESDE_OTRA, FALTA_BASE,
                            FALTA_BASE_IRPF, FALTA_CADA, FALTA_CADENCIA, FALTA_DIAS, FALTA_IVA, FALTA_RECIBOS,
                            FALTA_TIPO, FALTA_VISTA, FECHA_FACTURA, FECHA_PREVISION_AL_ACEPTAR, FECHA_VISTA,
-                           GRABAR_FACTURA, NO_SUMAN, POR_ANNOS, PREVISION_ANTERIOR, VISTA_ANTERIOR)
+                           GRABAR_FACTURA, NO_SUMAN, POR_ANNOS, PREVISION_ANTERIOR, PREVISION_NEGATIVA, RECIBOS_NEGATIVOS,
+                           VISTA_ANTERIOR)
 from alta_teclas import INTRO
 from valores import a_guardada, mascara
 
@@ -35,10 +36,10 @@ class Aceptacion:
                 self._aceptar_modificacion()
         except Parada:
             return
+        self.saltar = True
         if self.BtnAceptar.tag == "":
             self.cargar_grip()
             self.cerrar_panel()
-        self.saltar = True
         self.BtnAceptar.tag = ""
 
     def _parar(self, *aviso, en=None):
@@ -91,6 +92,8 @@ class Aceptacion:
         total = llano(self.TxtIFra.texto)
         if mascara(suma) != mascara(total) and all(redondo(suma + m) != total for m in (0.01, -0.01)):
             self._parar(NO_SUMAN)
+        if any(llano(celdas[n] or "0") < 0 for celdas in self.vtos_que_se_graban() for n in (1, 2)):
+            self._parar(RECIBOS_NEGATIVOS, en="MSFVencimientos")
         if self.celda_de_vto(1, 0) == "":
             self._generar_lo_que_falta()
         for tasa in TASAS:
@@ -126,6 +129,8 @@ class Aceptacion:
             if self.puesto.preguntar(DESDE_HOY, 4) != "si":
                 self._parar(en="TxtDesde")
             self.TxtDesde.texto = self.hoy()
+        if es_numero(self.TxtIPrev.texto) and llano(self.TxtIPrev.texto) < 0:
+            self._parar(PREVISION_NEGATIVA, en="TxtIPrev")
         self.grabar_prevision()
 
     def _aceptar_nueva(self):

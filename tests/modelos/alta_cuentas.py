@@ -51,7 +51,9 @@ def dia_de(texto):
 
 
 def anno_de(texto):
-    return str(dia_de(texto).year)
+    """The year of a displayed date, empty where it is none."""
+    fecha = leer_fecha(a_guardada(texto))
+    return "" if fecha is None else str(fecha.year)
 
 
 def mostrar(fecha):

@@ -105,17 +105,18 @@ class Escritura:
         tabla = self.local.vencimientos
         viejos = self.de_clave(tabla, "NFactura", clave)
         tabla.borrar(lambda f: f in viejos)
-        if self.OptVista.valor:
-            filas = self.vtos.celdas[1:2]
-        else:
-            filas = [celdas for celdas in self.vtos.celdas[1:] if celdas[0] != ""]
         try:
-            for celdas in filas:
+            for celdas in self.vtos_que_se_graban():
                 self._grabar_recibo(tabla, celdas, clave)
         except ErrorEjecucion as error:
             if error.numero != CLAVE_REPETIDA:
                 raise
             self.puesto.avisar(RECIBO_YA_EXISTE, 16, "Error")
+
+    def vtos_que_se_graban(self):
+        if self.OptVista.valor:
+            return self.vtos.celdas[1:2]
+        return [celdas for celdas in self.vtos.celdas[1:] if celdas[0] != ""]
 
     def _grabar_recibo(self, tabla, celdas, clave):
         _, factura, anno = clave if clave[1] != "" else self.clave_del_panel()

@@ -1,7 +1,7 @@
 """The amounts of the entry: its total, bases, VAT and withholding, and the checks when a field is left."""
 
 from alta_controles import BLANCO, INACTIVO
-from alta_cuentas import (descuadra, enmascarar, limite_de_base, limite_de_irpf, llano, repartir, repartir_resto,
+from alta_cuentas import (descuadra, enmascarar, limite_de_base, limite_de_irpf, llano, redondo, repartir, repartir_resto,
                           val)
 from alta_mensajes import (BASE_INCORRECTA, BASE_IRPF_INCORRECTA, BASES_MAYORES, EXENTO_INCORRECTO, IMPORTE_CAMBIADO,
                            IRPF_INCORRECTO)
@@ -173,7 +173,7 @@ class Importes:
                 resto -= llano(self.hoja[f"TxtB{menor}"].texto) + llano(self.hoja[f"TxtI{menor}"].texto)
         if self.TxtB0.texto != "":
             resto -= llano(self.TxtB0.texto)
-        if resto >= 0:
+        if redondo(resto) >= 0:
             base.texto, iva.texto = repartir_resto(resto, tasas[0])
         else:
             self._rechazar(BASES_MAYORES, base)

@@ -6,6 +6,8 @@ from alta_cuentas import enmascarar
 from copia import sin_comilla
 from valores import a_vista, igual, mascara, normalizar, recortar
 
+CALLAN_AL_CANCELAR = ("TxtFFra", "TxtIFra", "TxtFVista", "TxtNRecibos", "TxtDias", "TxtCadencia", "CboPlazo", "TxtDesde")
+
 NUEVA, MODIFICAR = "Nueva Tesvara", "Modificar Tesvara"
 
 
@@ -45,10 +47,8 @@ class Panel:
     def cancelar_entrada(self):
         self.saltar = True
         self.BtnCancelar.tag = "No"
-        try:
-            self.cerrar_panel()
-        finally:
-            self.BtnCancelar.tag = ""
+        self.cerrar_panel()
+        self.BtnCancelar.tag = ""
 
     def limpiar_panel(self):
         self.BtnCancelar.tag, self.saltar = "", False
@@ -56,6 +56,7 @@ class Panel:
         for nombre in ("TxtConcepto TxtFFra TxtIFra TxtNFra TxtB16 TxtI16 TxtB7 TxtI7 TxtB4 TxtI4 TxtFVista TxtCada "
                        "TxtIPrev TxtNRecibos TxtDias TxtDias1 TxtCadencia TxtCadencia1").split():
             self.hoja[nombre].vaciar(con_tag=nombre in ("TxtIFra", "TxtFVista"))
+        self.TxtIFra.color = BLANCO
         self.CboPlazo.elegido = -1
         for nombre in ("Chk16", "Chk7", "Chk4", "Chk0"):
             self.hoja[nombre].valor = False
@@ -179,13 +180,15 @@ class Panel:
             control.tag = enmascarar(control.texto)
         if control.nombre in CON_TAG:
             control.tag = control.texto
+        if control.nombre == "TxtConcepto":
+            self.saltar = False
         control.todo = True
 
     def al_dejar(self, control):
         nombre = control.nombre
         propio = self.al_dejar_cada.get(nombre)
         cancelando = self.BtnCancelar.tag == "No"
-        if nombre in ("TxtIFra", "TxtFVista", "TxtDesde") and cancelando:
+        if nombre in CALLAN_AL_CANCELAR and cancelando:
             return
         if control.clase == "lista" or control.clase == "caja" and nombre != "TxtMsf2":
             control.color = BLANCO

@@ -10,7 +10,9 @@ TERMINOS = ("TxtNRecibos", "TxtDias", "TxtCadencia")
 
 
 class Plazos:
-    """Part of the screen."""
+    """Part of the screen. `volviendo` is on while stored terms come back: fields that go off ask nothing."""
+
+    volviendo = False
 
     # Generation.
 
@@ -100,18 +102,21 @@ class Plazos:
             self._volver_a(cuantos)
 
     def _volver_a(self, cuantos):
-        """Brings back the stored terms and receipts."""
+        """Brings back the stored terms and receipts; a focus that went off with its field goes on from them."""
+        if cuantos >= 2:
+            self.TxtDias.texto = self.TxtDias1.texto
+            self.TxtCadencia.texto = self.TxtCadencia1.texto
+            self.TxtNRecibos.texto = str(cuantos)
+        self.volviendo = True
+        self.opt("Vista" if cuantos < 2 else "Aplazado", True, False)
+        self.volviendo = False
+        self.restaurar_vencimientos()
         if cuantos < 2:
-            self.opt("Vista", True, False)
-            self.restaurar_vencimientos()
             self.TxtFVista.texto = self.celda_de_vto(1, 0)
             self.TxtFVista.tag = self.TxtFVista.texto
-            return
-        self.TxtDias.texto = self.TxtDias1.texto
-        self.TxtCadencia.texto = self.TxtCadencia1.texto
-        self.TxtNRecibos.texto = str(cuantos)
-        self.opt("Aplazado", True, False)
-        self.restaurar_vencimientos()
+        foco = self.hoja.get(self.foco)
+        if self.foco is None or foco is not None and not foco.activo:
+            self.poner_foco("TxtFVista" if self.TxtFVista.activo else "TxtNRecibos")
 
     # Events of the fields.
 
@@ -126,7 +131,8 @@ class Plazos:
             self.comprobar_recibos()
 
     def dejar_termino(self, nombre):
-        self.regenerar_aplazado(self.hoja[nombre], solo_con_tag=nombre == "TxtCadencia")
+        if not self.volviendo:
+            self.regenerar_aplazado(self.hoja[nombre], solo_con_tag=nombre == "TxtCadencia")
 
     def intro_en_cadencia(self):
         if self.OptGenerar.valor:
@@ -163,7 +169,7 @@ class Plazos:
 
     def dejar_vista(self):
         vista = self.TxtFVista
-        if self.TxtFFra.texto != "" and not self._vale_vista():
+        if self.volviendo or self.TxtFFra.texto != "" and not self._vale_vista():
             return
         if vista.texto != vista.tag:
             self.generar_vista()

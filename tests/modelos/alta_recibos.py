@@ -42,6 +42,8 @@ class Recibos:
     texts as they were loaded."""
 
     def vaciar_vtos(self):
+        """Whatever was being typed goes with the rows."""
+        self.cerrar_editor_vto()
         self.vtos.filas(1)
         self.vtos.filas(5)
 
@@ -136,9 +138,10 @@ class Recibos:
         celdas = self.vtos.celdas[fila]
         if columna == 3 and celdas[0] != "":
             self._alternar_vto(fila, celdas)
-        elif columna == 2:
+        elif columna == 2 and celdas[0] != "":
             if self.TxtMsf2.visible and numero(celdas[1]) < numero(self.TxtMsf2.texto):
                 self.puesto.avisar(EXCESO_AL_TECLEAR)
+                self.poner_foco("TxtMsf2")
             else:
                 self.abrir_vto()
         else:
@@ -192,9 +195,10 @@ class Recibos:
         while 1 <= fila < len(self.vtos.celdas):
             if self.vtos.celdas[fila][0] != "" and self.vtos.celdas[fila][1] != "":
                 self.ir_vto(fila, self.vtos.columna)
-                break
+                self.abrir_vto()
+                return
             fila += paso
-        self.abrir_vto()
+        self.TxtMsf2.todo = True
 
     def tecla_de_editor_vto(self, codigo):
         if codigo == ESCAPE:

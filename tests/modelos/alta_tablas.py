@@ -1,9 +1,7 @@
 """Rows written by the entry panel: texts become values of their columns, or don't fit."""
 
-from decimal import Decimal
-
 from alta_cuentas import llano
-from valores import CLAVE_REPETIDA, ErrorEjecucion
+from valores import CLAVE_REPETIDA, ErrorEjecucion, redondear
 
 
 def _numero_de(texto):
@@ -14,8 +12,8 @@ def _numero_de(texto):
 
 
 def dinero_de(texto):
-    """As the embedded engine keeps it: with whatever decimals the text has."""
-    return None if texto == "" else Decimal(format(_numero_de(texto), ".15g"))
+    """A column of amounts has two decimals."""
+    return None if texto == "" else redondear(_numero_de(texto))
 
 
 def entero_de(texto):

@@ -45,7 +45,7 @@ def prueba_lecturas():
     assert llano("-1.234,50") == -1234.5 and llano(",5") == 0.5 and llano("12.34") == 1234
     assert all(falla(13, llano, texto) for texto in ("", "-", ",", "1,2,3", "0-5"))
     assert enmascarar("") == "" and enmascarar("1234,565") == "1.234,57" and enmascarar("-0,001") == "0,00"
-    assert falla(13, anno_de, "") and falla(13, anno_de, "99/99/2005") and anno_de("01/02/2004") == "2004"
+    assert anno_de("") == anno_de("99/99/2005") == "" and anno_de("01/02/2004") == "2004"
 
 
 def prueba_recibos():
@@ -69,5 +69,5 @@ def prueba_proponer_fecha():
 
 
 def prueba_columnas():
-    assert str(dinero_de("1.234,5")) == "1234.5" and dinero_de("") is None and entero_de("007") == 7
+    assert str(dinero_de("1.234,5")) == "1234.50" and str(dinero_de("86,217")) == "86.22" and dinero_de("") is None and entero_de("007") == 7
     assert falla(CLAVE_REPETIDA, entero_de, "7,5") and falla(CLAVE_REPETIDA, dinero_de, "-")

@@ -5,12 +5,16 @@
 #include <optional>
 
 #include "valores/error.h"
+#include "valores/formato.h"
 #include "valores/numero.h"
 #include "valores/texto.h"
 
 namespace services {
 
 namespace {
+
+/// From here on the 15 figures that a mask rounds on don't reach the cents.
+constexpr double kSinCentimos = 1e13;
 
 [[noreturn]] void NoCabe(const Columna& columna, const char* motivo) {
   throw ErrorEjecucion(error::RepetidoONoCabe,
@@ -49,7 +53,8 @@ const Valor& ANumero(const Valor& valor, const Columna& columna, Valor& lugar) {
   const auto numero = NumeroDe(valor);
   if (!numero) NoCabe(columna, "no es un número");
   if (!std::isfinite(*numero)) NoCabe(columna, "número demasiado grande");
-  return lugar = *numero;
+  const bool redondea = columna.Tipo == TipoColumna::Moneda && std::abs(*numero) < kSinCentimos;
+  return lugar = redondea ? EnCentimos(*numero) : *numero;
 }
 
 const Valor& ALogico(const Valor& valor, const Columna& columna, Valor& lugar) {

@@ -69,6 +69,10 @@ std::string Mascara(const Valor& valor, std::string_view formato) {
   return Mascara(valor.Numero(), formato);
 }
 
+double EnCentimos(double importe) {
+  return Numero(Mascara(importe));
+}
+
 double Importe(std::string_view texto) {
   return Numero(std::string("0").append(texto));
 }

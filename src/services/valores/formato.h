@@ -28,6 +28,9 @@ inline constexpr std::string_view Entero = "#,##0";
 /// formatted as that number, any other text comes back as it is.
 [[nodiscard]] std::string Mascara(const Valor& valor, std::string_view formato = mascara::Importe);
 
+/// An amount as its text under the mask says it: rounded to the cent.
+[[nodiscard]] double EnCentimos(double importe);
+
 /// "0" followed by the text, read as a number: an empty text counts 0. Throws 13 where that is no
 /// number, as for a negative amount.
 [[nodiscard]] double Importe(std::string_view texto);
