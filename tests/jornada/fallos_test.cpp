@@ -19,9 +19,9 @@ constexpr int kPaso = 1;
 #endif
 
 /// What a healthy day prints of the stored tables at its end.
-std::string TablasDeUnDiaSano() {
+std::string TablasDeUnDiaSano(const std::string& dia) {
   Partida partida;
-  EXPECT_EQ(partida.Jugar(jornada::kEmpresa + jornada::kTrabajo).Salida, "");
+  EXPECT_EQ(partida.Jugar(jornada::kEmpresa + dia).Salida, "");
   return partida.Jugar(jornada::kTablas).Salida;
 }
 
@@ -46,10 +46,11 @@ void ExigirQueSePuedeSeguir(Partida& partida, const std::string& caso, int repos
 
 /// Plays the day with `fallos` asked for, and tells whether it noticed: an error or a message that
 /// a healthy day doesn't show, or other tables at the end.
-bool SeNota(const std::string& fallos, const std::string& sano, const std::string& caso) {
+bool SeNota(const std::string& fallos, const std::string& trabajo, const std::string& sano,
+            const std::string& caso) {
   Partida partida;
   EXPECT_EQ(partida.Jugar(jornada::kEmpresa).Estado, 0);
-  const Partida::Jugada dia = partida.Jugar(fallos + jornada::kTrabajo);
+  const Partida::Jugada dia = partida.Jugar(fallos + trabajo);
   // 2 is an answer that ran out, as when a failure leaves more to ask.
   EXPECT_NE(dia.Estado, 1) << caso;
   const std::string avisos = partida.Jugar("avisos\n").Salida;
@@ -58,18 +59,27 @@ bool SeNota(const std::string& fallos, const std::string& sano, const std::strin
   return !dia.Salida.empty() || otrasTablas || avisos.find("Nº Error:") != std::string::npos;
 }
 
-class Fallos : public testing::TestWithParam<const char*> {};
+struct Dia {
+  std::string Nombre;
+  std::string Base;
+  const std::string& Trabajo;
+};
+void PrintTo(const Dia& dia, std::ostream* salida) {
+  *salida << dia.Nombre;
+}
+
+class Fallos : public testing::TestWithParam<Dia> {};
 
 TEST_P(Fallos, CadaLlamadaPuedeFallarUnaVezYSeSigue) {
-  const std::string base = GetParam();
-  const std::string sano = TablasDeUnDiaSano();
+  const auto& [nombre, base, trabajo] = GetParam();
+  const std::string sano = TablasDeUnDiaSano(trabajo);
   int notados = 0;
   int ultimo = 0;
   int n = 1;
   // The day is over when a failure asked for never comes.
   for (; n - ultimo < 60 && n < 3000; n += kPaso) {
     const std::string caso = base + " " + std::to_string(n) + ": ";
-    const bool nota = SeNota("fallo " + base + " " + std::to_string(n) + "\n", sano, caso);
+    const bool nota = SeNota("fallo " + base + " " + std::to_string(n) + "\n", trabajo, sano, caso);
     notados += nota ? 1 : 0;
     if (nota) ultimo = n;
   }
@@ -78,14 +88,14 @@ TEST_P(Fallos, CadaLlamadaPuedeFallarUnaVezYSeSigue) {
 }
 
 TEST_P(Fallos, DesdeCadaLlamadaPuedeFallarTodoYSeSigueDespues) {
-  const std::string base = GetParam();
+  const auto& [nombre, base, trabajo] = GetParam();
   int n = 1;
   for (; n < 3000; n += 5 * kPaso) {
     std::string fallos;
     for (int i = n; i < n + 600; ++i) fallos += "fallo " + base + " " + std::to_string(i) + "\n";
     Partida partida;
     ASSERT_EQ(partida.Jugar(jornada::kEmpresa).Estado, 0);
-    const Partida::Jugada dia = partida.Jugar(fallos + jornada::kTrabajo);
+    const Partida::Jugada dia = partida.Jugar(fallos + trabajo);
     EXPECT_NE(dia.Estado, 1) << base << " " << n;
     // The day was over before the first failure came.
     if (dia.Salida.empty()) break;
@@ -94,7 +104,11 @@ TEST_P(Fallos, DesdeCadaLlamadaPuedeFallarTodoYSeSigueDespues) {
   EXPECT_GT(n, 100);
 }
 
-INSTANTIATE_TEST_SUITE_P(EnCadaBase, Fallos, testing::Values("datos", "local"),
-                         [](const auto& cual) { return std::string(cual.param); });
+INSTANTIATE_TEST_SUITE_P(EnCadaBase, Fallos,
+                         testing::Values(Dia{"PagosEnDatos", "datos", jornada::kTrabajo},
+                                         Dia{"PagosEnLocal", "local", jornada::kTrabajo},
+                                         Dia{"EntradasEnDatos", "datos", jornada::kEntradas},
+                                         Dia{"EntradasEnLocal", "local", jornada::kEntradas}),
+                         [](const auto& cual) { return cual.param.Nombre; });
 
 }  // namespace

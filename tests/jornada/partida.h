@@ -100,6 +100,65 @@ cargar
 cerrar
 )";
 
+/// A day of entries: an invoice with two rates, its terms changed and one of its receipts paid, an
+/// occurrence of a forecast made into an invoice, a forecast alone, an entry accepted as it was, a
+/// forecast deleted, a payment saved with all of that, one entry given up, and the end.
+inline const std::string kEntradas = R"(
+responder si si si si si si si si
+cargar
+pulsar BotonNuevo
+teclear TxtConcepto "31"
+teclear TxtNFra "N1"
+teclear TxtIFra "223"
+foco TxtNFra
+pulsar Chk7
+teclear TxtB7 "100"
+foco TxtIFra
+foco TxtNFra
+pulsar BtnAceptar
+celda MSFPagos 4 1
+pulsar BotonModificar
+pulsar OptAplazado
+teclear TxtNRecibos "3"
+tecla Intro
+teclear TxtDias "1"
+tecla Intro
+teclear TxtCadencia "5"
+tecla Intro
+celda MSFVencimientos 1 3
+pulsar BtnAceptar
+celda MSFPagos 1 1
+pulsar BotonModificar
+teclear TxtFFra "09/03/2005"
+tecla Intro
+teclear TxtNFra "A1"
+tecla Intro
+teclear TxtIFra "600"
+tecla Intro
+pulsar BtnAceptar
+pulsar BotonNuevo
+teclear TxtConcepto "31"
+foco TxtFFra
+pulsar OptGenerar
+teclear TxtIPrev "40"
+teclear TxtCada "1"
+elegir CboPlazo "Meses"
+foco TxtDesde
+pulsar BtnAceptar
+pulsar BtnCancelar
+celda MSFPagos 3 1
+pulsar BotonModificar
+pulsar BtnAceptar
+celda MSFPagos 2 1
+pulsar BotonBorrar
+celda MSFPagos 3 5
+pulsar BotonAceptar
+pulsar BotonNuevo
+teclear TxtConcepto "12"
+tecla Escape
+cerrar
+)";
+
 /// All stored tables as texts.
 inline const std::string kTablas = R"(
 consulta datos SELECT * FROM ProvFacturas ORDER BY NConcepto, Factura, Año
