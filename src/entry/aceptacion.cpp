@@ -28,6 +28,9 @@ struct Reparo {
   const char* SinIva;
 };
 
+/// Worded in another way than when the field is left.
+constexpr const char* kPrevisionIncorrecta = "Fecha de previsión incorrecta";
+
 /// What a forecast doesn't say counts 0.
 double NumeroDe(const services::Valor& valor) {
   return valor.EsNulo() ? 0 : valor.Numero();
@@ -82,10 +85,8 @@ bool Aceptacion::ComprobarFechas() {
       !ComprobarFecha(sesion_, c_.TxtFVista, c_.TxtFFra, {kVistaIncorrecta, kVistaAnterior})) {
     return false;
   }
-  // Worded in another way than when the field is left.
-  if (c_.OptGenerar.Value &&
-      !ComprobarFecha(sesion_, c_.TxtDesde, c_.TxtFFra,
-                      {"Fecha de previsión incorrecta", kPrevisionAnterior})) {
+  if (c_.OptGenerar.Value && !ComprobarFecha(sesion_, c_.TxtDesde, c_.TxtFFra,
+                                             {kPrevisionIncorrecta, kPrevisionAnterior})) {
     return false;
   }
   if (c_.TxtIFra.Text().empty()) c_.TxtIFra.Text = "0,00";
@@ -192,7 +193,11 @@ bool Aceptacion::ExigirPrevision() {
     return false;
   }
   if (c_.TxtDesde.Text().empty() && !FecharPrevisionHoy()) return false;
-  // As with a receipt.
+  // A forecast without a date would show nowhere, and be lost.
+  if (sesion_.Utiles().Almacenada(c_.TxtDesde.Text()).empty()) {
+    return Parar(kPrevisionIncorrecta, c_.TxtDesde);
+  }
+  // As with a receipt, the list couldn't add it up.
   return services::LeerNumero(c_.TxtIPrev.Text).value_or(0) >= 0 ||
          Parar("El importe de la previsión no puede ser negativo", c_.TxtIPrev);
 }

@@ -36,6 +36,7 @@ bool ComprobarFecha(services::Sesion& sesion, services::TextBox& fecha,
     return true;
   }
   fecha.SetFocus();
+  fecha.SeleccionarTodo();
   return false;
 }
 

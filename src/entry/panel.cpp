@@ -114,7 +114,8 @@ void Panel::LimpiarCampos() {
     campo->Text = "";
   }
   c_.TxtIFra.Tag = "";
-  PintarBlanco(c_.TxtIFra);  // a cancellation leaves it as it was, with the focus or without
+  // A cancellation leaves them in their colour, be it that of the focus.
+  for (TextBox* campo : {&c_.TxtIFra, &c_.TxtFVista}) Habilitar(*campo, campo->Enabled);
   c_.TxtFVista.Tag = "";
   c_.CboPlazo.ListIndex = -1;
 }

@@ -105,6 +105,7 @@ void FrmTesvaraGastos::RangoCambiado(services::TextBox& campo) {
 void FrmTesvaraGastos::PonerEnUso(bool estado) {
   // Its current row is the key of what is on the panel.
   Rejilla.MSFPagos.TabStop = estado;
+  Lista.OptConcepto.TabStop = estado;  // it stays enabled, for nothing
   const std::initializer_list<services::Widget*> apartados = {
       &Rejilla.MSFPagos,    &Lista.ChkPrevisiones, &Lista.OptFecha, &Lista.ChkPagados,
       &Rango.TxtFPrevision, &Rango.TxtFPrevisionD, &BotonNuevo,     &BotonAceptar,

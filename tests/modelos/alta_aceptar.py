@@ -129,6 +129,8 @@ class Aceptacion:
             if self.puesto.preguntar(DESDE_HOY, 4) != "si":
                 self._parar(en="TxtDesde")
             self.TxtDesde.texto = self.hoy()
+        if a_guardada(self.TxtDesde.texto) == "":
+            self._parar(FECHA_PREVISION_AL_ACEPTAR, en="TxtDesde")
         if es_numero(self.TxtIPrev.texto) and llano(self.TxtIPrev.texto) < 0:
             self._parar(PREVISION_NEGATIVA, en="TxtIPrev")
         self.grabar_prevision()
