@@ -19,7 +19,10 @@ using testing::HasSubstr;
 class Disco : public testing::Test {
  protected:
   Disco() {
-    EXPECT_EQ(partida.Jugar(jornada::kEmpresa + kMuchas + "cargar\ncelda MSFPagos 2 5\n").Salida,
+    EXPECT_EQ(partida
+                  .Jugar(jornada::kEmpresa + kMuchas + "cargar\n" + jornada::kDosEntradas +
+                         "celda MSFPagos 2 5\n")
+                  .Salida,
               "");
     antes = partida.Jugar(jornada::kTablas).Salida;
     trabajo = partida.Jugar(kTrabajo).Salida;
@@ -47,6 +50,9 @@ class Disco : public testing::Test {
                          "NFactura = 'F1' AND FechaVto = '20050310'\n")
                   .Salida,
               "58|20050315\n(1 filas)\n");
+    EXPECT_EQ(partida.Jugar("consulta datos SELECT Total FROM ProvFacturas WHERE Factura = 'N1'\n")
+                  .Salida,
+              "223\n(1 filas)\n");
   }
 
   inline static const std::string kMuchas = R"(

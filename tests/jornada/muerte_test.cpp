@@ -82,9 +82,9 @@ class Muerte : public testing::Test {
  protected:
   void SetUp() override {
     Escribir("empresa.guion", kMuchas);
-    Escribir("grabar.guion",
-             "reloj 2005-03-15 10:00:00\ncargar\ncelda MSFPagos 1 5\ncelda MSFPagos 7 5\nocultar\n"
-             "foco?\ncargar\npulsar BotonAceptar\nocultar\nfoco?\n");
+    Escribir("grabar.guion", "reloj 2005-03-15 10:00:00\ncargar\n" + jornada::kDosEntradas +
+                                 "celda MSFPagos 1 5\ncelda MSFPagos 7 5\nocultar\n"
+                                 "foco?\ncargar\npulsar BotonAceptar\nocultar\nfoco?\n");
     Escribir("tablas.guion", jornada::kTablas);
     Escribir("seguir.guion",
              "reloj 2005-03-15 10:00:00\ncargar\nespera celda MSFPagos 1 2 \"F1\"\ncerrar\n");
@@ -95,6 +95,7 @@ class Muerte : public testing::Test {
     EXPECT_EQ(Correr(despuesDe, "grabar.guion"), kMarca + "\n" + kMarca + "\n");
     despues = Correr(despuesDe, "tablas.guion");
     ASSERT_NE(antes, despues);
+    ASSERT_NE(despues.find("12|N1|2005"), std::string::npos);
   }
 
   void Escribir(const std::string& nombre, const std::string& texto) {

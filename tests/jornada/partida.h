@@ -159,6 +159,27 @@ tecla Escape
 cerrar
 )";
 
+/// An invoice entered and another one modified, which leave the lines before them where they are.
+/// Neither asks or says anything.
+inline const std::string kDosEntradas = R"(
+pulsar BotonNuevo
+teclear TxtConcepto "12"
+teclear TxtFFra "31/03/2005"
+teclear TxtNFra "N1"
+teclear TxtIFra "223"
+foco TxtNFra
+pulsar Chk7
+teclear TxtB7 "100"
+foco TxtIFra
+foco TxtNFra
+pulsar BtnAceptar
+celda MSFPagos 2 1
+pulsar BotonModificar
+pulsar Chk16
+pulsar Chk0
+pulsar BtnAceptar
+)";
+
 /// All stored tables as texts.
 inline const std::string kTablas = R"(
 consulta datos SELECT * FROM ProvFacturas ORDER BY NConcepto, Factura, Año
