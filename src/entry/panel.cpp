@@ -61,13 +61,19 @@ void Panel::AbrirElegida() {
   Abrir();
 }
 
-/// What is modified opens on its receipts: merely passing through its total would split that anew,
-/// and through its concept would look for it.
 void Panel::Abrir() {
   antes_ = c_.PicNuevo.Formulario().Escritorio().Foco();
   c_.PicNuevo.Visible = true;
   debajo_.PonerEnUso(false);
-  c_.EsNueva() ? c_.TxtConcepto.SetFocus() : c_.MSFVencimientos.SetFocus();
+  PrimerCampo().SetFocus();
+}
+
+/// Merely passing through the total of what is modified would split it anew, through its concept
+/// look for it, and through a date that isn't there empty the forecast's.
+services::Widget& Panel::PrimerCampo() {
+  if (c_.EsNueva()) return c_.TxtConcepto;
+  if (lista_.EsPagable(lista_.MSFPagos.Row)) return c_.MSFVencimientos;
+  return c_.TxtNFra;
 }
 
 void Panel::Cerrar() {

@@ -57,6 +57,7 @@ class Panel {
  private:
   void BtnCancelar_Click();
   void Abrir();
+  [[nodiscard]] services::Widget& PrimerCampo();
   void LimpiarCampos();
   void CargarFila();
   void CargarDeTabla(const Clave& clave, services::Recordset& factura);

@@ -36,7 +36,10 @@ class Panel:
         self.panel_visible = True
         self.revisar_foco()
         self.antes = antes
-        self.poner_foco("TxtConcepto" if self.es_nueva() else "MSFVencimientos")
+        if self.es_nueva():
+            self.poner_foco("TxtConcepto")
+        else:
+            self.poner_foco("MSFVencimientos" if self.fila_actual()[2] != "" else "TxtNFra")
 
     def cerrar_panel(self):
         self.panel_visible = False
