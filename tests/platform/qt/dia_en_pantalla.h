@@ -16,6 +16,13 @@
 
 namespace pruebas {
 
+/// Ten thousand invoices of three receipts, all in the month.
+inline const std::string kTreintaMil = R"(
+datos INSERT INTO ProvConceptos VALUES('12','Papelería Núñez')
+datos WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i+1 FROM n WHERE i < 10000) INSERT INTO ProvFacturas SELECT '12','F'||i,'2005','20050301',116,'1',1,0,0,0,0,0,'x','y' FROM n
+datos WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i+1 FROM n WHERE i < 10000) INSERT INTO ProvVencimientos SELECT '12','F'||i,'2005','200503'||d,116,NULL,'','x','y' FROM n, (SELECT '05' AS d UNION ALL SELECT '15' UNION ALL SELECT '25')
+)";
+
 /// The component on the real screen, over databases that a scenario can fill and read.
 class DiaEnPantalla : public testing::Test {
  protected:

@@ -93,17 +93,10 @@ TEST_F(DiaEnPantalla, ElCursorDiceQueSeEspera) {
   Cerrar();
 }
 
-/// Ten thousand invoices of three receipts, all in the month.
-const std::string kTreintaMil = R"(
-datos INSERT INTO ProvConceptos VALUES('12','Papelería Núñez')
-datos WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i+1 FROM n WHERE i < 10000) INSERT INTO ProvFacturas SELECT '12','F'||i,'2005','20050301',116,'1',1,0,0,0,0,0,'x','y' FROM n
-datos WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i+1 FROM n WHERE i < 10000) INSERT INTO ProvVencimientos SELECT '12','F'||i,'2005','200503'||d,116,NULL,'','x','y' FROM n, (SELECT '05' AS d UNION ALL SELECT '15' UNION ALL SELECT '25')
-)";
-
 // The bounds are loose, so that a busy machine passes and a view that walks all rows doesn't; what
 // was measured is printed.
 TEST_F(DiaEnPantalla, TreintaMilFilasSeAbrenSeDesplazanYSePaganAlMomento) {
-  ASSERT_EQ(Partida(opciones).Jugar(kTreintaMil).Estado, 0);
+  ASSERT_EQ(Partida(opciones).Jugar(pruebas::kTreintaMil).Estado, 0);
   QElapsedTimer reloj;
   reloj.start();
   Abrir();
