@@ -5,7 +5,7 @@ from alta_mensajes import (BASES_NO_SUMAN, CONCEPTO_EN_BLANCO, CREAR_CONCEPTO, D
                            FALTA_BASE_IRPF, FALTA_CADA, FALTA_CADENCIA, FALTA_DIAS, FALTA_IVA, FALTA_RECIBOS,
                            FALTA_TIPO, FALTA_VISTA, FECHA_FACTURA, FECHA_PREVISION_AL_ACEPTAR, FECHA_VISTA,
                            GRABAR_FACTURA, NO_SUMAN, POR_ANNOS, PREVISION_ANTERIOR, VISTA_ANTERIOR)
-from alta_teclas import INTRO
+from teclas import INTRO
 from valores import a_guardada, mascara
 
 TASAS = (16, 7, 4)

@@ -1,10 +1,10 @@
 """What an accepted entry writes: invoice, bases and receipts, in the working tables."""
 
-from alta_cuentas import anno_de
+from alta_cuentas import anno_de, llano
 from alta_mensajes import BASES_YA_EXISTEN, FALTAN_DATOS, RECIBO_YA_EXISTE, YA_EXISTE
 from alta_tablas import dinero_de, entero_de, escribir
 from mensajes import EXCESO_AL_GRABAR
-from valores import CLAVE_REPETIDA, ErrorEjecucion, a_guardada, numero, recortar
+from valores import CLAVE_REPETIDA, ErrorEjecucion, a_guardada, recortar
 
 # Code of each rate and its two fields; the exempt one has none for its VAT.
 TIPOS = (("1", "TxtB16", "TxtI16"), ("2", "TxtB7", "TxtI7"), ("3", "TxtB4", "TxtI4"), ("0", "TxtB0", None))
@@ -120,7 +120,7 @@ class Escritura:
     def _grabar_recibo(self, tabla, celdas, clave):
         _, factura, anno = clave if clave[1] != "" else self.clave_del_panel()
         concepto = self.concepto(self.TxtNConcepto.texto)
-        if numero(celdas[2]) > numero(celdas[1]):
+        if llano(celdas[2] or "0") > llano(celdas[1] or "0"):
             self.puesto.avisar(EXCESO_AL_GRABAR)
         escribir(tabla, None, {
             "FechaVto": a_guardada(celdas[0]), "NConcepto": self.TxtNConcepto.texto,

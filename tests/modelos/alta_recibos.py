@@ -2,7 +2,7 @@
 
 from alta_cuentas import enmascarar, redondo
 from mensajes import EXCESO_AL_TECLEAR
-from alta_teclas import ESCAPE, INTRO, tecla_importe
+from teclas import ESCAPE, INTRO, tecla_importe
 from valores import a_vista, mascara, numero, recortar
 
 COLUMNAS = 4
@@ -109,8 +109,6 @@ class Recibos:
             return
         if self.vtos.columna == 2:
             self._llevar_a_marca(texto)
-            if self.TxtMsf2.visible and numero(texto) <= numero(celdas[1]):
-                celdas[2] = mascara(numero(texto))
         elif self.vtos.columna < 2 and self.TxtMsf2.visible:
             celdas[self.vtos.columna] = enmascarar(texto) if self.vtos.columna == 1 else texto
 
@@ -173,6 +171,9 @@ class Recibos:
             self.cerrar_editor_vto()
 
     def cerrar_editor_vto(self):
+        """An editor that has the focus gives it to its grid."""
+        if self.foco == "TxtMsf2":
+            self.poner_foco("MSFVencimientos")
         self.TxtMsf2.texto = ""
         self.TxtMsf2.visible = False
 

@@ -13,6 +13,7 @@ RAREZAS = {
     "momentos": "cash entries whose stored moment lacks its time or seconds",
     "anchos": "texts and amounts wider than their columns",
     "saltos": "tabs and line breaks in texts",
+    "relleno": "a click on a filler row's paid cell with a zero in the editor",
 }
 
 
@@ -20,7 +21,8 @@ def calla(paso, pantalla, con):
     """Whether a step is passed over."""
     clase = paso[0]
     if clase in ("celda", "doble"):
-        return "devolver" not in con and paso[2] == 5 and _movida(paso[1], pantalla)
+        return ("devolver" not in con and paso[2] == 5 and _movida(paso[1], pantalla)
+                or "relleno" not in con and paso[2] == 4 and _cero_sobre_relleno(paso[1], pantalla))
     crecida = len(pantalla.rejilla.celdas) > len(pantalla.foto.celdas)
     if clase == "cerrar":
         return _sobre_el_editor(pantalla, con) or "cierre" not in con and (crecida or "comillas" in con)
@@ -34,6 +36,12 @@ def calla(paso, pantalla, con):
 def _movida(fila, pantalla):
     return (fila >= len(pantalla.foto.celdas) or fila >= len(pantalla.rejilla.celdas)
             or pantalla.foto.linea(fila) != pantalla.rejilla.linea(fila))
+
+
+def _cero_sobre_relleno(fila, pantalla):
+    """The editor passes through the filler row on its way to the first one."""
+    celdas = pantalla.rejilla.celdas
+    return pantalla.editor_visible and pantalla.editor.strip("0,") == "" and fila < len(celdas) and celdas[fila][0] == ""
 
 
 def _sobre_el_editor(pantalla, con):
