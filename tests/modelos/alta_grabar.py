@@ -102,6 +102,8 @@ class Escritura:
         if not self.es_nueva() and self.vtos.textos() == self.cargados:
             return
         clave = self.clave_de_entrada()
+        if clave[1] == "":  # An occurrence that becomes an invoice has none to replace but its own.
+            clave = self.clave_del_panel()
         tabla = self.local.vencimientos
         viejos = self.de_clave(tabla, "NFactura", clave)
         tabla.borrar(lambda f: f in viejos)
@@ -118,7 +120,7 @@ class Escritura:
             self.puesto.avisar(RECIBO_YA_EXISTE, 16, "Error")
 
     def _grabar_recibo(self, tabla, celdas, clave):
-        _, factura, anno = clave if clave[1] != "" else self.clave_del_panel()
+        _, factura, anno = clave
         concepto = self.concepto(self.TxtNConcepto.texto)
         if llano(celdas[2] or "0") > llano(celdas[1] or "0"):
             self.puesto.avisar(EXCESO_AL_GRABAR)

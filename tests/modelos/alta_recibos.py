@@ -114,9 +114,14 @@ class Recibos:
 
     def _llevar_a_marca(self, texto):
         numero(texto)
+        self._ir_a_marca()
+
+    def _ir_a_marca(self):
         self.moviendo_vto = True
-        self.ir_vto(self.vtos.fila, 3)
-        self.moviendo_vto = False
+        try:
+            self.ir_vto(self.vtos.fila, 3)
+        finally:
+            self.moviendo_vto = False
 
     def _comprometer_vto(self):
         fila, texto = self.vtos.fila, self.TxtMsf2.texto
@@ -183,9 +188,7 @@ class Recibos:
         celdas, texto = self.vtos.celdas[self.vtos.fila], self.TxtMsf2.texto
         celdas[self.vtos.columna] = mascara(numero(texto))
         if self.vtos.columna == 2:
-            self.moviendo_vto = True
-            self.ir_vto(self.vtos.fila, 3)
-            self.moviendo_vto = False
+            self._ir_a_marca()
         self.cerrar_editor_vto()
 
     def mover_fila_vto(self, paso):

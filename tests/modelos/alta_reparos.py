@@ -14,8 +14,9 @@ RAREZAS_DE_ENTRADA = {
     "cierre_panel": "Cerrar with the panel open",
     "conceptos": "a chooser that answers with a code that there isn't",
     "muchos": "receipts by the hundred, terms with a comma",
+    "intro_vacio": "Enter in a receipt's amount that was erased",
     "vto_devuelto": "the mark taken off a receipt that was stored with no payment, not even zero",
-    "vto_negativo": "the mark of a receipt below zero",
+    "vto_negativo": "marks and payments of receipts that are below zero",
     "ida_y_vuelta": "the click on OptConcepto while the panel is open",
 }
 BASES = ("TxtB16", "TxtB7", "TxtB4", "TxtB0", "TxtBIRPF")
@@ -39,9 +40,10 @@ def calla_entrada(paso, pantalla, con):
 
 def _queda_abierto(paso, pantalla, con):
     clase = paso[0]
-    marcado = _marca_de_vto(paso, pantalla)
-    if marcado and ("vto_devuelto" not in con and _devuelve_la_nada(marcado, pantalla)
-                    or "vto_negativo" not in con and pantalla.vtos.celdas[marcado][1].startswith("-")):
+    fila, columna = _celda_de_vto(paso, pantalla)
+    if "vto_devuelto" not in con and columna == 3 and _devuelve_la_nada(fila, pantalla):
+        return True
+    if "vto_negativo" not in con and columna in (2, 3) and _alguno_negativo(pantalla):
         return True
     if pantalla.foco == "TxtMsf2" and "vto_raro" not in con and not _numero(pantalla.TxtMsf2.texto):
         return clase not in ("teclear", "anadir") or paso[1] != "TxtMsf2"
@@ -52,27 +54,32 @@ def _queda_abierto(paso, pantalla, con):
         return "total_vacio" not in con and sin_total or _texto_callado(paso[1], paso[2], con)
     if clase == "anadir":
         return _anadido_callado(pantalla.foco, paso[1], con)
+    if clase == "tecla_panel" and paso[1] == "Borrar" and pantalla.foco == "TxtFVista":
+        return True  # Enter may have made the date over, and nothing tells where the caret is then.
     if clase == "tecla_panel" and pantalla.foco == "TxtMsf2":
-        if paso[1] == "Intro":
-            return "intro_importe" not in con and pantalla.vtos.columna == 1
+        if paso[1] == "Intro" and pantalla.vtos.columna == 1:
+            return "intro_importe" not in con or "intro_vacio" not in con and pantalla.TxtMsf2.texto == ""
         return paso[1] in ("Arriba", "Abajo") and "flecha_vto" not in con and not _hay_vto(paso[1], pantalla)
     return "total_vacio" not in con and clase == "enfocar" and _sin_total(pantalla, paso[1])
 
 
-def _marca_de_vto(paso, pantalla):
-    """The receipt whose mark a step clicks, or None."""
-    vtos = pantalla.vtos
+def _celda_de_vto(paso, pantalla):
+    """Row and column of the receipt that a step clicks, or works on with a key."""
     if paso[0] in ("vto", "vto_doble"):
-        fila, columna = paso[1:3]
-    elif paso[0] == "tecla_panel" and pantalla.foco == "MSFVencimientos" and paso[1] in ("Espacio", "Intro"):
-        fila, columna = vtos.fila, vtos.columna
-    else:
-        return None
-    return fila if columna == 3 and fila < len(vtos.celdas) else None
+        return paso[1:3]
+    if paso[0] == "tecla_panel" and pantalla.foco in ("MSFVencimientos", "TxtMsf2"):
+        return pantalla.vtos.fila, pantalla.vtos.columna
+    return None, None
 
 
 def _devuelve_la_nada(fila, pantalla):
-    return pantalla.vtos.marcas[fila] and fila <= len(pantalla.vtos2) and pantalla.vtos2[fila - 1][2] == ""
+    return (fila < len(pantalla.vtos.marcas) and pantalla.vtos.marcas[fila] and fila <= len(pantalla.vtos2)
+            and pantalla.vtos2[fila - 1][2] == "")
+
+
+def _alguno_negativo(pantalla):
+    """A total that is typed makes its receipts when it is left."""
+    return pantalla.TxtIFra.texto.startswith("-") or any(c[1].startswith("-") for c in pantalla.vtos.celdas)
 
 
 def _sin_total(pantalla, campo):

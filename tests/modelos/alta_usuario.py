@@ -14,7 +14,7 @@ MARCAS = ["Chk16", "Chk7", "Chk4", "Chk0", "Chk15", "OptGenerar", "OptVista", "O
 
 
 class UsuarioConPanel(Planes, Caminos, Usuario):
-    PASOS = 20, 90
+    PASOS = 40, 140
 
     def __init__(self, azar, con, jornada):
         super().__init__(azar, con, jornada)
@@ -25,12 +25,12 @@ class UsuarioConPanel(Planes, Caminos, Usuario):
         if not pantalla.panel_visible:
             if self.plan:
                 return self._seguir()
-            if pantalla.editor_visible or self.azar.randrange(100) >= 30:
+            if pantalla.editor_visible or self.azar.randrange(100) >= 45:
                 return super().paso()
             self.plan = self.azar.choice([self.nueva] * 4 + [self.modificar] * 4 + [self.prevista] * 3
                                          + [self.repetida] + [self.rodeo] * 6)()
             return self._seguir()
-        if self.plan and self.azar.randrange(100) < 88:
+        if self.plan and self.azar.randrange(100) < 95:
             return self._seguir()
         if pantalla.TxtMsf2.visible and self.azar.randrange(10) < 6:
             return self.en_editor_vto()
