@@ -18,7 +18,7 @@ class Caminos:
     def rodeo(self):
         return self.azar.choice([
             self.por_teclas, self.pagada_y_abierta, self.con_rehusos, self.recibos_a_mano, self.varias_del_concepto,
-            self.negativa, self.hueca, self.en_cadena, self.tipo_despues, self.dejada_a_medias,
+            self.negativa if "raros" in self.con else self.hueca, self.hueca, self.en_cadena, self.tipo_despues, self.dejada_a_medias,
             self.sobre_lo_abierto, self.por_quitar])()
 
     def _grabada(self, pasos):
@@ -118,8 +118,7 @@ class Caminos:
         if azar.randrange(2):
             pasos = [("doble", fila, 4), ("importe", azar.choice(["0", "", "3", ",", self.dinero()]))]
         else:
-            campo = azar.choice(["TxtFPrevisionD", "TxtFPrevision"])
-            pasos = [("fecha", campo, self.dia(), self.respuesta())]
+            pasos = [self.fecha()]
         abrir = [self._apretar("BotonNuevo"), self._apretar("BotonModificar"), self._apretar("BotonModificar"),
                  ("doble", azar.choice(self._filas(lambda celdas: celdas[2] == "") or [1]), 5)]
         return self._grabada(pasos + [azar.choice(abrir)] + self._retoques() + self._final())
@@ -185,8 +184,6 @@ class Caminos:
 
     def negativa(self):
         azar = self.azar
-        if "raros" not in self.con:
-            return self.hueca()
         total = azar.choice(["-0,01", "-5", "-1.234,50", "-0,001"])
         pasos = [self._apretar("BotonNuevo")] + self._campo("TxtConcepto", self.codigo() or "x")
         pasos += self._campo("TxtNFra", azar.choice(["", "AB1"])) + self._campo("TxtIFra", total)
@@ -216,10 +213,11 @@ class Caminos:
         azar = self.azar
         pasos = [self._apretar("BotonNuevo")] + self._campo("TxtConcepto", self.codigo() or "x")
         pasos += self._campo("TxtNFra", f"T{azar.randrange(90)}") + self._campo("TxtIFra", azar.choice(["101", "1.010,5"]))
+        pasos += [self._apretar("Chk16")] if azar.randrange(4) == 0 else []
         pasos += [self._apretar("Chk15")] + self._campo("TxtBIRPF", azar.choice(["100", "1.000,50", ""]))
         for _ in range(azar.randint(1, 3)):
             pasos += self._campo("TxtTipoIRPF", azar.choice(["1", "18", "15", "7,5", "0", "", ",5"]))
-        pasos += self._campo("TxtB16", azar.choice(["100", "1.000,50"]))
+        pasos += self._campo("TxtB16", azar.choice(["100", "1.000,50"])) if azar.randrange(2) else []
         return self._grabada(pasos + self._final())
 
     def por_quitar(self):

@@ -174,7 +174,7 @@ class UsuarioConPanel(Planes, Caminos, Usuario):
         if suerte == 2:
             return f"{azar.randrange(10**6)},{azar.randrange(1000):03}"
         if suerte == 3:
-            return "0"
+            return "999999999999999" if "anchos" in self.con and azar.randrange(4) == 0 else "0"
         if suerte < 7:
             return f"{azar.randrange(1, 999)}.{azar.randrange(1000):03},{azar.randrange(100):02}"
         return f"{azar.choice([azar.randrange(1, 30) * 100, azar.randrange(1, 5000)])}" + azar.choice(
@@ -190,5 +190,5 @@ class UsuarioConPanel(Planes, Caminos, Usuario):
         if suerte == 1:
             return azar.choice(["31" + texto[2:], texto.replace("/", ""), texto[:5]])
         if suerte in (2, 3) and "fechas" in self.con:
-            return azar.choice(["", "", "99/99/2005", "1/1", "31/02/2005", "00/00/00"])
+            return azar.choice(["", "", "99/99/2005", "1/1", "31/02/2005", "00/00/00", "31/12/9999", "01/01/0100"])
         return texto

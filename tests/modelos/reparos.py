@@ -25,12 +25,18 @@ def calla(paso, pantalla, con):
                 or "relleno" not in con and paso[2] == 4 and _cero_sobre_relleno(paso[1], pantalla))
     crecida = len(pantalla.rejilla.celdas) > len(pantalla.foto.celdas)
     if clase == "cerrar":
-        return _sobre_el_editor(pantalla, con) or "cierre" not in con and (crecida or "comillas" in con)
+        return _sin_vuelta(pantalla) or _sobre_el_editor(pantalla, con) or "cierre" not in con and (crecida or "comillas" in con)
     if clase == "pulsar":
         return paso[1].startswith("Chk") and _sobre_el_editor(pantalla, con)
     if clase == "fecha":
         return crecida or "comillas" in con or _sobre_el_editor(pantalla, con) or _abierta(paso, pantalla)
     return False
+
+
+def _sin_vuelta(pantalla):
+    """A receipt below zero ends the next load in an error, and there is no screen to go on with."""
+    return any((recibo["Importe"] or 0) < 0 for base in (pantalla.copia.almacen, pantalla.local)
+               for recibo in base.vencimientos.filas)
 
 
 def _movida(fila, pantalla):
