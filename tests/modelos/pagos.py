@@ -163,8 +163,8 @@ class Pagos:
     def _alternar_pago(self, fila, celdas):
         self.ocultar_editor()
         if not self.rejilla.marcas[fila]:
+            self.pendiente += numero(celdas[4]) - numero(celdas[3])  # One below zero stops here.
             self.rejilla.marcas[fila] = True
-            self.pendiente += numero(celdas[4]) - numero(celdas[3])
             celdas[4] = celdas[3]
         else:
             self.rejilla.marcas[fila] = False
