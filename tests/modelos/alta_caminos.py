@@ -4,7 +4,12 @@ what is on the screen by then is a function that gives it."""
 from alta_cuentas import llano
 from valores import mascara
 
+QUITABLES = ("TxtIFra", "TxtNFra", "TxtFFra", "TxtDesde", "TxtCada", "TxtFVista", "TxtIPrev", "OptGenerar")
 DE_PLAZO = ("TxtNRecibos", "TxtDias", "TxtCadencia")
+TECLAS_DE = {
+    "caja": ["Tab", "Tab", "Intro", "Intro", "Borrar"], "casilla": ["Tab", "Tab", "Espacio"],
+    "opcion": ["Tab", "Tab", "Espacio", "Arriba", "Abajo"], "lista": ["Abajo", "Arriba", "Tab", "Intro"],
+    "rejilla": ["Tab", "Intro", "Espacio", "Abajo", "Abajo", "Arriba"], "boton": ["Tab", "Tab", "Espacio"]}
 BOTON_GRABAR = ("pulsar", "BotonAceptar", "si")
 
 
@@ -18,7 +23,7 @@ class Caminos:
     def rodeo(self):
         return self.azar.choice([
             self.por_teclas, self.pagada_y_abierta, self.con_rehusos, self.recibos_a_mano, self.varias_del_concepto,
-            self.negativa if "raros" in self.con else self.hueca, self.hueca, self.en_cadena, self.tipo_despues, self.dejada_a_medias,
+            self.hueca, self.negativa if "raros" in self.con else self.hueca, self.en_cadena, self.tipo_despues, self.dejada_a_medias,
             self.sobre_lo_abierto, self.por_quitar])()
 
     def _grabada(self, pasos):
@@ -50,10 +55,7 @@ class Caminos:
         if clase == "caja" and foco != "TxtMsf2" and azar.randrange(3) == 0:
             texto = self._total() if foco == "TxtIFra" else self.texto_de(foco)
             return self.con_respuestas("teclear", foco, texto)
-        teclas = {"caja": ["Tab", "Tab", "Intro", "Intro", "Borrar"], "casilla": ["Tab", "Tab", "Espacio"],
-                  "opcion": ["Tab", "Tab", "Espacio", "Arriba", "Abajo"], "lista": ["Abajo", "Arriba", "Tab", "Intro"],
-                  "rejilla": ["Tab", "Intro", "Espacio", "Abajo", "Abajo", "Arriba"], "boton": ["Tab", "Tab", "Espacio"]}
-        return self._tecla(azar.choice(teclas.get(clase, ["Tab"])))
+        return self._tecla(azar.choice(TECLAS_DE.get(clase, ["Tab"])))
 
     # From the list.
 
@@ -227,8 +229,9 @@ class Caminos:
         pasos = [("celda", azar.choice(filas), 1)] if filas else []
         pasos.append(self._apretar("BotonModificar"))
         for _ in range(azar.randint(1, 2)):
-            campo = azar.choice(["TxtIFra", "TxtNFra", "TxtFFra", "TxtDesde", "TxtCada", "TxtFVista", "TxtIPrev", "OptGenerar"])
-            pasos += [self._apretar(campo)] if campo == "OptGenerar" else self._campo(campo, "", intro=azar.randrange(2) == 0)
+            campo = azar.choice(QUITABLES)
+            quitar = [self._apretar(campo)] if campo == "OptGenerar" else self._campo(campo, "", azar.randrange(2) == 0)
+            pasos += quitar
         return self._grabada(pasos + self._final())
 
     def dejada_a_medias(self):

@@ -10,6 +10,8 @@ from usuario import Usuario
 CAMPOS = ["TxtConcepto", "TxtFFra", "TxtNFra", "TxtIFra", "TxtB16", "TxtI16", "TxtB7", "TxtI7", "TxtB4", "TxtI4",
           "TxtB0", "TxtBIRPF", "TxtTipoIRPF", "TxtIRPF", "TxtFVista", "TxtNRecibos", "TxtDias", "TxtCadencia", "TxtIPrev",
           "TxtCada", "TxtDesde", "CboPlazo"]
+DE_TECLAS = ["Chk16", "Chk7", "Chk4", "Chk0", "Chk15", "OptGenerar", "OptVista", "OptAplazado", "CboPlazo",
+             "MSFVencimientos", "CmdCon", "BtnAceptar"]
 MARCAS = ["Chk16", "Chk7", "Chk4", "Chk0", "Chk15", "OptGenerar", "OptVista", "OptAplazado"]
 
 
@@ -121,7 +123,7 @@ class UsuarioConPanel(Planes, Caminos, Usuario):
             return self.con_respuestas("tecla_panel", "Escape")
         if azar.randrange(2):
             self.plan.insert(0, tecla)
-            return self.con_respuestas("enfocar", azar.choice(MARCAS + ["CboPlazo", "MSFVencimientos", "CmdCon", "BtnAceptar"]))
+            return self.con_respuestas("enfocar", azar.choice(DE_TECLAS))
         return tecla
 
     def en_vtos(self):
@@ -159,7 +161,7 @@ class UsuarioConPanel(Planes, Caminos, Usuario):
         if campo == "TxtNFra":
             if "comillas" in self.con and azar.randrange(3) == 0:
                 return "O'1"
-            return azar.choice(["F1", "F2", "A-12", "1001", "", "N" + str(azar.randrange(1000)), "ñ7 b", "f1", " ", " F1 "])
+            return azar.choice(["F1", "F2", "A-12", "1001", "", f"N{azar.randrange(1000)}", "ñ7 b", "f1", " ", " F1 "])
         if "comillas" in self.con and azar.randrange(8) == 0:
             return "d'Or"
         return azar.choice([self.codigo() or "", self.codigo() or "", "luz", "", "Agua", "x"])

@@ -25,7 +25,8 @@ def calla(paso, pantalla, con):
                 or "relleno" not in con and paso[2] == 4 and _cero_sobre_relleno(paso[1], pantalla))
     crecida = len(pantalla.rejilla.celdas) > len(pantalla.foto.celdas)
     if clase == "cerrar":
-        return _sin_vuelta(pantalla) or _sobre_el_editor(pantalla, con) or "cierre" not in con and (crecida or "comillas" in con)
+        return (_sin_vuelta(pantalla) or _sobre_el_editor(pantalla, con)
+                or "cierre" not in con and (crecida or "comillas" in con))
     if clase == "pulsar":
         return paso[1].startswith("Chk") and _sobre_el_editor(pantalla, con)
     if clase == "fecha":
@@ -47,7 +48,8 @@ def _movida(fila, pantalla):
 def _cero_sobre_relleno(fila, pantalla):
     """The editor passes through the filler row on its way to the first one."""
     celdas = pantalla.rejilla.celdas
-    return pantalla.editor_visible and pantalla.editor.strip("0,") == "" and fila < len(celdas) and celdas[fila][0] == ""
+    cero = pantalla.editor_visible and pantalla.editor.strip("0,") == ""
+    return cero and fila < len(celdas) and celdas[fila][0] == ""
 
 
 def _sobre_el_editor(pantalla, con):
