@@ -23,8 +23,8 @@ class Caminos:
     def rodeo(self):
         return self.azar.choice([
             self.por_teclas, self.pagada_y_abierta, self.con_rehusos, self.recibos_a_mano, self.varias_del_concepto,
-            self.hueca, self.negativa if "raros" in self.con else self.hueca, self.en_cadena, self.tipo_despues, self.dejada_a_medias,
-            self.sobre_lo_abierto, self.por_quitar])()
+            self.hueca, self.negativa if "raros" in self.con else self.hueca, self.en_cadena, self.tipo_despues,
+            self.dejada_a_medias, self.sobre_lo_abierto, self.por_quitar])()
 
     def _grabada(self, pasos):
         """What was accepted is committed, often looked at, and sometimes loaded again."""
