@@ -90,9 +90,12 @@ void EdicionVencimiento::TomarEnSuCelda() {
 
 void EdicionVencimiento::CerrarEdicionVencimiento() {
   if (!TxtMsf2_.Visible) return;
-  // In whatever column it stands: an open date would be taken for an amount.
-  rejilla_.Text = Mascara(services::Importe(TxtMsf2_.Text));
-  if (rejilla_.Col == columna::Pagado) MoverAMarca();
+  if (rejilla_.Col == columna::Pagado) {
+    MoverAMarca();
+  } else {
+    // In whatever column it stands: an open date would be taken for an amount.
+    rejilla_.Text = Mascara(services::Importe(TxtMsf2_.Text));
+  }
   Ocultar();
 }
 

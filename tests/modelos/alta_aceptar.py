@@ -6,7 +6,7 @@ from alta_mensajes import (BASES_NO_SUMAN, CONCEPTO_EN_BLANCO, CREAR_CONCEPTO, D
                            FALTA_TIPO, FALTA_VISTA, FECHA_FACTURA, FECHA_PREVISION_AL_ACEPTAR, FECHA_VISTA,
                            GRABAR_FACTURA, NO_SUMAN, POR_ANNOS, PREVISION_ANTERIOR, PREVISION_NEGATIVA, RECIBOS_NEGATIVOS,
                            VISTA_ANTERIOR)
-from alta_teclas import INTRO
+from teclas import INTRO
 from valores import a_guardada, mascara
 
 TASAS = (16, 7, 4)

@@ -32,6 +32,12 @@ CADENAS = {
     "TxtNRecibos": "TxtDias", "TxtDias": "TxtCadencia",
     "TxtIPrev": "TxtCada", "TxtCada": "CboPlazo", "CboPlazo": "TxtDesde"}
 
+# The order of the Tab key while the panel is open.
+ORDEN = ("TxtConcepto CmdCon TxtFFra TxtNFra TxtIFra Chk16 TxtB16 TxtI16 Chk7 TxtB7 TxtI7 Chk4 TxtB4 TxtI4 "
+         "Chk0 TxtB0 Chk15 TxtTipoIRPF TxtBIRPF TxtIRPF OptVista TxtFVista OptAplazado TxtNRecibos TxtDias "
+         "TxtCadencia MSFVencimientos "
+         "OptGenerar TxtCada CboPlazo TxtDesde TxtIPrev BotonCaja BtnAceptar").split()
+
 # The filter of each field's keys.
 DE_FECHA = {"TxtFFra", "TxtFVista", "TxtDesde"}
 DE_ENTEROS = {"TxtTipoIRPF", "TxtNRecibos", "TxtDias", "TxtCadencia", "TxtCada"}

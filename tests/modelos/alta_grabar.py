@@ -1,10 +1,10 @@
 """What an accepted entry writes: invoice, bases and receipts, in the working tables."""
 
-from alta_cuentas import anno_de
+from alta_cuentas import anno_de, llano
 from alta_mensajes import BASES_YA_EXISTEN, FALTAN_DATOS, RECIBO_YA_EXISTE, YA_EXISTE
 from alta_tablas import dinero_de, entero_de, escribir
 from mensajes import EXCESO_AL_GRABAR
-from valores import CLAVE_REPETIDA, ErrorEjecucion, a_guardada, numero, recortar
+from valores import CLAVE_REPETIDA, ErrorEjecucion, a_guardada, recortar
 
 # Code of each rate and its two fields; the exempt one has none for its VAT.
 TIPOS = (("1", "TxtB16", "TxtI16"), ("2", "TxtB7", "TxtI7"), ("3", "TxtB4", "TxtI4"), ("0", "TxtB0", None))
@@ -102,6 +102,8 @@ class Escritura:
         if not self.es_nueva() and self.vtos.textos() == self.cargados:
             return
         clave = self.clave_de_entrada()
+        if clave[1] == "":  # An occurrence that becomes an invoice has none to replace but its own.
+            clave = self.clave_del_panel()
         tabla = self.local.vencimientos
         viejos = self.de_clave(tabla, "NFactura", clave)
         tabla.borrar(lambda f: f in viejos)
@@ -119,9 +121,9 @@ class Escritura:
         return [celdas for celdas in self.vtos.celdas[1:] if celdas[0] != ""]
 
     def _grabar_recibo(self, tabla, celdas, clave):
-        _, factura, anno = clave if clave[1] != "" else self.clave_del_panel()
+        _, factura, anno = clave
         concepto = self.concepto(self.TxtNConcepto.texto)
-        if numero(celdas[2]) > numero(celdas[1]):
+        if llano(celdas[2] or "0") > llano(celdas[1] or "0"):
             self.puesto.avisar(EXCESO_AL_GRABAR)
         escribir(tabla, None, {
             "FechaVto": a_guardada(celdas[0]), "NConcepto": self.TxtNConcepto.texto,

@@ -63,7 +63,8 @@ class JornadaConPanel(Jornada):
         self._hacer(f"foco {widget}", self.pantalla.enfocar, widget)
 
     def paso_tecla_panel(self, nombre, respuestas=("no",), concepto=None):
-        if self.pantalla.foco not in self.pantalla.hoja or nombre == "Escape" and self.pantalla.foco != "TxtMsf2":
+        foco = self.pantalla.foco
+        if foco not in self.pantalla.hoja and not (foco == "OptConcepto" and nombre in ("Tab", "Escape")):
             return
         self._con(respuestas, concepto)
         self._hacer(f"tecla {nombre}", self.pantalla.tecla_en_panel, nombre)

@@ -48,6 +48,8 @@ class InventorDeEntradas(Inventor):
             self.obra.poner("bases", **clave, NFactura=numero, Tipo=tipo, Base=base, Importe=iva, Exento=exento)
         if self.uno_de(12):  # A base of another year's invoice that isn't there.
             self.obra.poner("bases", NConcepto=codigo, NFactura=numero, Año=str(fecha.year + 1), Tipo="1", Base=total)
+        if self.uno_de(30):  # Receipts under another year than their invoice's.
+            clave["Año"] = str(fecha.year - 1)
         for vence, importe in recibos(float(total), veces, dias, cadencia, f"{fecha:%d/%m/%Y}"):
             importe = Decimal(str(llano(importe)))
             pagado = self.pagado(importe)

@@ -1,6 +1,6 @@
 """The entry panel: its opening, closing and filling, and the focus on its fields."""
 
-from alta_controles import BLANCO, CON_FOCO
+from alta_controles import BLANCO, CON_FOCO, INACTIVO
 from alta_campos import CON_TAG
 from alta_cuentas import enmascarar
 from copia import sin_comilla
@@ -60,6 +60,7 @@ class Panel:
                        "TxtIPrev TxtNRecibos TxtDias TxtDias1 TxtCadencia TxtCadencia1").split():
             self.hoja[nombre].vaciar(con_tag=nombre in ("TxtIFra", "TxtFVista"))
         self.TxtIFra.color = BLANCO
+        self.TxtFVista.color = BLANCO if self.TxtFVista.activo else INACTIVO
         self.CboPlazo.elegido = -1
         for nombre in ("Chk16", "Chk7", "Chk4", "Chk0"):
             self.hoja[nombre].valor = False

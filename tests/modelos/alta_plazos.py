@@ -3,7 +3,7 @@
 from alta_controles import BLANCO, INACTIVO
 from alta_cuentas import anno_de, enmascarar, llano, recibos
 from alta_mensajes import FECHA_VISTA, OTRO_NUMERO, RECIBOS_PAGADOS, VISTA_ANTERIOR
-from alta_teclas import INTRO, tecla_fecha
+from teclas import INTRO, tecla_fecha
 from valores import a_guardada, normalizar, recortar
 
 TERMINOS = ("TxtNRecibos", "TxtDias", "TxtCadencia")

@@ -1,11 +1,16 @@
 """The receipts of the entry: their grid, its editor, and their stored rows."""
 
-from alta_cuentas import enmascarar, redondo
+from alta_cuentas import enmascarar, es_numero, redondo
 from mensajes import EXCESO_AL_TECLEAR
-from alta_teclas import ESCAPE, INTRO, tecla_importe
+from teclas import ESCAPE, INTRO, tecla_importe
 from valores import a_vista, mascara, numero, recortar
 
 COLUMNAS = 4
+
+
+def importe_tecleado(texto):
+    """Under the mask; a lone comma is as good as a zero."""
+    return enmascarar(texto) if es_numero(texto) else mascara(numero(texto))
 
 
 class RejillaVtos:
@@ -111,13 +116,13 @@ class Recibos:
             return
         if self.vtos.columna == 2:
             self._llevar_a_marca(texto)
-            if self.TxtMsf2.visible and numero(texto) <= numero(celdas[1]):
-                celdas[2] = mascara(numero(texto))
         elif self.vtos.columna < 2 and self.TxtMsf2.visible:
-            celdas[self.vtos.columna] = enmascarar(texto) if self.vtos.columna == 1 else texto
+            celdas[self.vtos.columna] = importe_tecleado(texto) if self.vtos.columna == 1 else texto
 
     def _llevar_a_marca(self, texto):
-        numero(texto)
+        """What can't be read, or compared with its receipt, fails before anything moves."""
+        for leido in (texto, *self.vtos.celdas[self.vtos.fila][1:3]):
+            numero(leido)
         self.moviendo_vto = True
         self.ir_vto(self.vtos.fila, 3)
         self.moviendo_vto = False
@@ -176,6 +181,9 @@ class Recibos:
             self.cerrar_editor_vto()
 
     def cerrar_editor_vto(self):
+        """An editor that has the focus gives it to its grid."""
+        if self.foco == "TxtMsf2":
+            self.poner_foco("MSFVencimientos")
         self.TxtMsf2.texto = ""
         self.TxtMsf2.visible = False
 
@@ -183,11 +191,10 @@ class Recibos:
         if not self.TxtMsf2.visible:
             return
         celdas, texto = self.vtos.celdas[self.vtos.fila], self.TxtMsf2.texto
-        celdas[self.vtos.columna] = mascara(numero(texto))
         if self.vtos.columna == 2:
-            self.moviendo_vto = True
-            self.ir_vto(self.vtos.fila, 3)
-            self.moviendo_vto = False
+            self._llevar_a_marca(texto)
+        else:
+            celdas[self.vtos.columna] = mascara(numero(texto))
         self.cerrar_editor_vto()
 
     def mover_fila_vto(self, paso):
@@ -209,15 +216,27 @@ class Recibos:
             return tecla_importe(self.TxtMsf2, codigo, False)
         return codigo
 
+    def _paga_de_mas(self):
+        """Said, if it does."""
+        vtos = self.vtos
+        if vtos.columna != 2 or numero(self.TxtMsf2.texto) <= numero(vtos.celdas[vtos.fila][1]):
+            return False
+        self.puesto.avisar(EXCESO_AL_TECLEAR)
+        return True
+
+    def tabular_en_vto(self):
+        """Takes the amount and stays on the grid."""
+        if not self._paga_de_mas():
+            self.cerrar_edicion_vencimiento()
+
     def _intro_en_vto(self):
         vtos = self.vtos
+        if self._paga_de_mas():
+            return
         if vtos.columna == 2:
-            if numero(self.TxtMsf2.texto) > numero(vtos.celdas[vtos.fila][1]):
-                self.puesto.avisar(EXCESO_AL_TECLEAR)
-                return
             self._comprometer_vto()
         elif vtos.columna == 1 and self.TxtMsf2.texto != "":
-            vtos.celdas[vtos.fila][1] = enmascarar(self.TxtMsf2.texto)
+            vtos.celdas[vtos.fila][1] = importe_tecleado(self.TxtMsf2.texto)
         if vtos.fila < len(vtos.celdas) - 1 and vtos.celdas[vtos.fila + 1][0] != "":
             self.ir_vto(vtos.fila + 1, vtos.columna)
             self.abrir_vto()

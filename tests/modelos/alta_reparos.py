@@ -1,6 +1,6 @@
 """What the days with entries leave alone, and the oddities that may be left out of them."""
 
-from alta_campos import CAJAS, DE_ENTEROS, DE_FECHA
+from alta_campos import DE_ENTEROS, DE_FECHA
 from alta_cuentas import es_numero, llano
 from valores import a_guardada
 
@@ -10,7 +10,6 @@ RAREZAS_DE_ENTRADA = {
     "total_vacio": "fields of the panel left while the total is empty",
     "intro_importe": "Enter in the amount column of the receipts' editor",
     "vto_raro": "an empty, negative or meaningless amount in the receipts' editor",
-    "flecha_vto": "an arrow in the receipts' editor with nowhere to go",
     "cierre_panel": "Cerrar with the panel open",
     "conceptos": "a chooser that answers with a code that there isn't",
     "muchos": "receipts by the hundred, terms with a comma",
@@ -46,12 +45,10 @@ def _queda_abierto(paso, pantalla, con):
         return "total_vacio" not in con and sin_total or _texto_callado(paso[1], paso[2], con)
     if clase == "anadir":
         return _anadido_callado(pantalla.foco, paso[1], con)
-    if clase == "tecla_panel" and paso[1] == "Espacio" and pantalla.foco in CAJAS:
-        return True
-    if clase == "tecla_panel" and pantalla.foco == "TxtMsf2":
-        if paso[1] == "Intro":
-            return "intro_importe" not in con and pantalla.vtos.columna == 1
-        return paso[1] in ("Arriba", "Abajo") and "flecha_vto" not in con and not _hay_vto(paso[1], pantalla)
+    if clase == "tecla_panel" and paso[1] == "Borrar" and pantalla.foco == "TxtFVista":
+        return True  # Enter may have made the date over, and nothing tells where the caret is then.
+    if clase == "tecla_panel" and pantalla.foco == "TxtMsf2" and paso[1] == "Intro" and pantalla.vtos.columna == 1:
+        return "intro_importe" not in con
     return "total_vacio" not in con and clase == "enfocar" and _sin_total(pantalla, paso[1])
 
 
@@ -76,9 +73,3 @@ def _anadido_callado(campo, texto, con):
 
 def _numero(texto):
     return es_numero(texto) and llano(texto) >= 0
-
-
-def _hay_vto(flecha, pantalla):
-    vtos = pantalla.vtos
-    fila = vtos.fila + (-1 if flecha == "Arriba" else 1)
-    return 1 <= fila < len(vtos.celdas) and vtos.celdas[fila][0] != "" and vtos.celdas[fila][1] != ""

@@ -1,36 +1,9 @@
-"""Keys of the entry panel: the filters of dates and amounts, and what a key does in a field."""
+"""Keys of the entry panel: what each does in a widget."""
 
-import re
+from alta_campos import CADENAS, DE_ENTEROS, DE_FECHA, DE_IMPORTE, ORDEN
+from teclas import BORRAR, ESCAPE, ESPACIO, INTRO, tecla_fecha, tecla_importe
 
-from alta_campos import CADENAS, DE_ENTEROS, DE_FECHA, DE_IMPORTE
-
-BORRAR, INTRO, ESCAPE, ESPACIO = 8, 13, 27, 32
 TECLAS = {"Intro": INTRO, "Escape": ESCAPE, "Espacio": ESPACIO, "Borrar": BORRAR}
-
-
-def tecla_fecha(caja, tecla):
-    if tecla in (BORRAR, INTRO, ESCAPE) or tecla == ord("/"):
-        return tecla
-    if not chr(tecla).isdigit():
-        return 0
-    if not caja.todo and re.fullmatch(r"(\d\d|[^/]*/\d\d)", caja.texto):
-        caja.texto += "/"
-    return tecla
-
-
-def tecla_importe(caja, tecla, solo_enteros):
-    """A second separator makes the first one the thousands' point where three figures follow it."""
-    antes = "" if caja.todo else caja.texto
-    if tecla in (BORRAR, INTRO, ESCAPE) or chr(tecla).isdigit():
-        return tecla
-    if tecla == ord(",") or tecla == ord(".") and not solo_enteros:
-        if "," not in antes:
-            return ord(",")
-        if not solo_enteros and re.fullmatch(r"[^,]*,\d{3}", antes):
-            caja.texto = antes.replace(",", ".")
-            return ord(",")
-        return 0
-    return tecla if tecla == ord("-") and not solo_enteros and antes == "" else 0
 
 
 class Teclas:
@@ -76,20 +49,39 @@ class Teclas:
         return codigo if self.foco == control.nombre else 0
 
     def tecla_en_panel(self, nombre):
-        control = self.hoja[self.foco]
-        if nombre in ("Arriba", "Abajo"):
-            self._flecha(control, -1 if nombre == "Arriba" else 1)
-            return
-        codigo = self._pasar_tecla(control, TECLAS[nombre])
-        if not codigo:
-            return
-        if control.clase == "boton" or control.clase in ("casilla", "opcion") and codigo == ESPACIO:
+        if nombre == "Tab":
+            self._tabular()
+        elif nombre == "Escape" and self.foco != "TxtMsf2":
+            self.pulsar("BtnCancelar")
+        elif nombre in ("Arriba", "Abajo"):
+            self._flecha(self.hoja[self.foco], -1 if nombre == "Arriba" else 1)
+        elif self.hoja[self.foco].clase == "caja":
+            self._tecla_en_caja(self.hoja[self.foco], TECLAS[nombre])
+        else:
+            self._tecla_en_lo_demas(self.hoja[self.foco], TECLAS[nombre])
+
+    def _tabular(self):
+        if self.foco == "TxtMsf2":
+            return self.tabular_en_vto()
+        desde = ORDEN.index(self.foco) + 1 if self.foco in ORDEN else 0
+        self.enfocar(next(n for n in ORDEN[desde:] + ORDEN[:desde] if self.alcanzable(n)))
+
+    def _tecla_en_caja(self, caja, codigo):
+        if codigo == ESPACIO:
+            self._escribir_letra(caja, " ")
+        elif self._pasar_tecla(caja, codigo) == BORRAR:
+            caja.texto = "" if caja.todo else caja.texto[:-1]
+            caja.todo = False
+
+    def _tecla_en_lo_demas(self, control, codigo):
+        codigo = self._pasar_tecla(control, codigo)
+        if control.clase == "boton" and codigo in (INTRO, ESPACIO) or (
+                control.clase in ("casilla", "opcion") and codigo == ESPACIO):
             self.pulsar(control.nombre)
-        elif control.clase == "rejilla":
-            if codigo == ESPACIO:
-                self.celda_vto(self.vtos.fila, self.vtos.columna)
-            elif codigo == INTRO:
-                self.doble_vto(self.vtos.fila, self.vtos.columna)
+        elif control.clase == "rejilla" and codigo == ESPACIO:
+            self.celda_vto(self.vtos.fila, self.vtos.columna)
+        elif control.clase == "rejilla" and codigo == INTRO:
+            self.doble_vto(self.vtos.fila, self.vtos.columna)
 
     def _flecha(self, control, paso):
         if control.nombre == "TxtMsf2":

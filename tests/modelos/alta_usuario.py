@@ -2,6 +2,7 @@
 
 from datetime import timedelta
 
+from alta_caminos import Caminos
 from alta_planes import Planes
 from alta_campos import DE_ENTEROS, DE_FECHA, DE_IMPORTE
 from usuario import Usuario
@@ -9,11 +10,13 @@ from usuario import Usuario
 CAMPOS = ["TxtConcepto", "TxtFFra", "TxtNFra", "TxtIFra", "TxtB16", "TxtI16", "TxtB7", "TxtI7", "TxtB4", "TxtI4",
           "TxtB0", "TxtBIRPF", "TxtTipoIRPF", "TxtIRPF", "TxtFVista", "TxtNRecibos", "TxtDias", "TxtCadencia", "TxtIPrev",
           "TxtCada", "TxtDesde", "CboPlazo"]
+DE_TECLAS = ["Chk16", "Chk7", "Chk4", "Chk0", "Chk15", "OptGenerar", "OptVista", "OptAplazado", "CboPlazo",
+             "MSFVencimientos", "CmdCon", "BtnAceptar"]
 MARCAS = ["Chk16", "Chk7", "Chk4", "Chk0", "Chk15", "OptGenerar", "OptVista", "OptAplazado"]
 
 
-class UsuarioConPanel(Planes, Usuario):
-    PASOS = 20, 90
+class UsuarioConPanel(Planes, Caminos, Usuario):
+    PASOS = 40, 140
 
     def __init__(self, azar, con, jornada):
         super().__init__(azar, con, jornada)
@@ -23,19 +26,23 @@ class UsuarioConPanel(Planes, Usuario):
         pantalla = self.jornada.pantalla
         if not pantalla.panel_visible:
             if self.plan:
-                return self.plan.pop(0)
-            if pantalla.editor_visible or self.azar.randrange(100) >= 30:
+                return self._seguir()
+            if pantalla.editor_visible or self.azar.randrange(100) >= 45:
                 return super().paso()
             self.plan = self.azar.choice([self.nueva] * 4 + [self.modificar] * 4 + [self.prevista] * 3
-                                         + [self.repetida])()
-            return self.plan.pop(0)
+                                         + [self.repetida] + [self.rodeo] * 6)()
+            return self._seguir()
+        if self.plan and self.azar.randrange(100) < 95:
+            return self._seguir()
         if pantalla.TxtMsf2.visible and self.azar.randrange(10) < 6:
             return self.en_editor_vto()
-        if self.plan and self.azar.randrange(100) < 88:
-            return self.plan.pop(0)
         if not self.plan and self.azar.randrange(10) < 5:
             return self.con_respuestas("apretar", self.azar.choice(["BtnAceptar"] * 3 + ["BtnCancelar"]))
         return self.en_el_panel()
+
+    def _seguir(self):
+        paso = self.plan.pop(0)
+        return paso() if callable(paso) else paso
 
     def miradas(self):
         yield ("avisos",)
@@ -97,7 +104,7 @@ class UsuarioConPanel(Planes, Usuario):
         if suerte < 85:
             return self.con_respuestas("elegir", azar.randrange(3))
         if suerte < 88:
-            return self.con_respuestas("tecla_panel", azar.choice(["Arriba", "Abajo", "Espacio"]))
+            return self.tecla()
         if suerte < 91:
             return self.con_respuestas("apretar", "CmdCon")
         if suerte < 94:
@@ -107,6 +114,17 @@ class UsuarioConPanel(Planes, Usuario):
             return ("apretar", azar.choice(["BotonAceptar", "BotonBorrar", "BotonNuevo", "BotonModificar", "ChkPagados",
                                             "OptFecha", "OptConcepto"]))
         return self.con_respuestas("apretar", azar.choice(["BtnAceptar", "BtnCancelar"]))
+
+    def tecla(self):
+        """A key where it finds itself, or in a widget that does more with keys than with text."""
+        azar = self.azar
+        tecla = self.con_respuestas("tecla_panel", azar.choice(["Arriba", "Abajo", "Espacio", "Borrar"] + ["Tab"] * 4))
+        if azar.randrange(12) == 0:
+            return self.con_respuestas("tecla_panel", "Escape")
+        if azar.randrange(2):
+            self.plan.insert(0, tecla)
+            return self.con_respuestas("enfocar", azar.choice(DE_TECLAS))
+        return tecla
 
     def en_vtos(self):
         fila, columna = self.azar.randrange(1, 5), self.azar.choice([0, 1, 1, 2, 2, 3, 3])
@@ -125,8 +143,8 @@ class UsuarioConPanel(Planes, Usuario):
 
     def _importe_de_vto(self, pantalla):
         azar = self.azar
-        if azar.randrange(20) == 0:
-            return azar.choice(["", "-5", ","])
+        if azar.randrange(8) == 0:
+            return azar.choice(["", "", "-5", ",", "-"])
         importe = pantalla.vtos.celdas[pantalla.vtos.fila][1]
         return azar.choice([importe, importe, self.dinero(), "0", "10", "12,345"])
 
@@ -141,7 +159,11 @@ class UsuarioConPanel(Planes, Usuario):
         if campo in DE_IMPORTE:
             return self.dinero()
         if campo == "TxtNFra":
-            return azar.choice(["F1", "F2", "A-12", "1001", "", "N" + str(azar.randrange(1000)), "ñ7 b", "f1"])
+            if "comillas" in self.con and azar.randrange(3) == 0:
+                return "O'1"
+            return azar.choice(["F1", "F2", "A-12", "1001", "", f"N{azar.randrange(1000)}", "ñ7 b", "f1", " ", " F1 "])
+        if "comillas" in self.con and azar.randrange(8) == 0:
+            return "d'Or"
         return azar.choice([self.codigo() or "", self.codigo() or "", "luz", "", "Agua", "x"])
 
     def dinero(self):
@@ -154,7 +176,7 @@ class UsuarioConPanel(Planes, Usuario):
         if suerte == 2:
             return f"{azar.randrange(10**6)},{azar.randrange(1000):03}"
         if suerte == 3:
-            return "0"
+            return "999999999999999" if "anchos" in self.con and azar.randrange(4) == 0 else "0"
         if suerte < 7:
             return f"{azar.randrange(1, 999)}.{azar.randrange(1000):03},{azar.randrange(100):02}"
         return f"{azar.choice([azar.randrange(1, 30) * 100, azar.randrange(1, 5000)])}" + azar.choice(
@@ -164,11 +186,11 @@ class UsuarioConPanel(Planes, Usuario):
         azar = self.azar
         fecha = self.inventor.cerca(45) if azar.randrange(3) else self.jornada.reloj.date()
         texto = f"{fecha:%d/%m/%Y}"
-        suerte = azar.randrange(24)
+        suerte = azar.randrange(20)
         if suerte == 0:
             return f"{fecha:%d/%m/%y}"
         if suerte == 1:
             return azar.choice(["31" + texto[2:], texto.replace("/", ""), texto[:5]])
-        if suerte == 2 and "fechas" in self.con:
-            return azar.choice(["", "99/99/2005", "1/1"])
+        if suerte in (2, 3) and "fechas" in self.con:
+            return azar.choice(["", "", "99/99/2005", "1/1", "31/02/2005", "00/00/00", "31/12/9999", "01/01/0100"])
         return texto

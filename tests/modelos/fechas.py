@@ -1,9 +1,13 @@
 """The focus, and the two date fields that act when it leaves them."""
 
+from types import SimpleNamespace
+
 from mensajes import FECHA_INCORRECTA, GRABAR_ANTES, RANGO_AL_REVES
+from teclas import tecla_fecha
 from valores import a_guardada, es_fecha, normalizar
 
 DESDE, HASTA = "TxtFPrevisionD", "TxtFPrevision"
+LARGO_DE_FECHA = 10
 
 
 class Fechas:
@@ -70,7 +74,12 @@ class Fechas:
             self.dejar(HASTA)
 
     def teclear_fecha(self, campo, texto):
-        """Selects all and types a whole date: only its last key makes it one."""
+        """Selects all and types a date: only its last key can make it one."""
         if self.enfocar(campo):
-            self.texto[campo] = texto[:-1]
-            self.poner_texto(campo, texto)
+            caja = SimpleNamespace(texto="", todo=False)
+            for letra in texto:
+                self.texto[campo] = caja.texto
+                codigo = tecla_fecha(caja, ord(letra))
+                caja.texto = (caja.texto + chr(codigo))[:LARGO_DE_FECHA]
+            self.texto[campo] = self.texto[campo] if texto else ""
+            self.poner_texto(campo, caja.texto)

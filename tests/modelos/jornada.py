@@ -118,6 +118,10 @@ class Jornada:
             self._hacer(f"celda {REJILLA} {fila} {columna}", self.pantalla.celda, fila, columna)
 
     def paso_doble(self, fila, columna):
+        """Of a payable row: one of a forecast opens the panel, which these days don't know. A date field
+        that is left may put another row in its place."""
+        if self.pantalla.foco in (DESDE, HASTA):
+            return
         if fila < len(self.pantalla.rejilla.celdas) and self.pantalla.rejilla.pagable(fila):
             self._hacer(f"doble {REJILLA} {fila} {columna}", self.pantalla.doble, fila, columna)
 

@@ -140,13 +140,13 @@ def main():
     argumentos.add_argument("--alta", action="store_true", help="days with entries in the panel")
     argumentos.add_argument("--semilla", type=int, default=1)
     argumentos.add_argument("--dias", type=int, default=100)
-    argumentos.add_argument("--sin", default="", help="oddities left out of the days, of " + ", ".join(f"{r} ({t})" for r, t in (RAREZAS | RAREZAS_DE_ENTRADA).items()))
+    argumentos.add_argument("--sin", action="append", default=[], help="oddities left out of the days, of " + ", ".join(f"{r} ({t})" for r, t in (RAREZAS | RAREZAS_DE_ENTRADA).items()))
     argumentos.add_argument("--guardar", default=".", help="where the scenario of a difference goes")
     argumentos.add_argument("--seguir", type=int, default=1, help="differences after which to stop")
     argumentos.add_argument("--reducir", action="store_true", help="make the scenario of a difference small")
     opciones = argumentos.parse_args()
     rarezas = RAREZAS | RAREZAS_DE_ENTRADA if opciones.alta else RAREZAS
-    con = [rareza for rareza in rarezas if rareza not in opciones.sin.split(",")]
+    con = [rareza for rareza in rarezas if rareza not in ",".join(opciones.sin).split(",")]
     diferencias = 0
     for primera in range(opciones.semilla, opciones.semilla + opciones.dias, POR_PROCESO):
         ultima = min(primera + POR_PROCESO, opciones.semilla + opciones.dias)

@@ -1,10 +1,12 @@
 """The merged list: due dates and occurrences of forecasts as rows of the grid."""
 
 from dataclasses import dataclass
+from datetime import date
 
 from valores import a_vista, en_linea, leer_fecha, mascara, orden, recortar, sumar, igual
 
 COLUMNAS = 8
+MOMENTO_CERO = date(1899, 12, 30)
 FRANJA_A, FRANJA_B, PREVISTO, ELEGIDA = 0xD3E8E9, 0xFCDDDA, 0xD11405, (14794931, 0xFFFFFF)
 
 
@@ -45,10 +47,11 @@ def ocurrencias(prevision, desde, hasta):
         return fechas
 
     def paso(fecha):
-        return sumar(fecha, unidad, cada) if cada and cada > 0 else None
+        siguiente = sumar(fecha, unidad, cada) if cada and cada > 0 else None
+        return None if siguiente == MOMENTO_CERO else siguiente  # Its text is that of an hour.
 
     def texto(fecha):
-        return f"{fecha:%Y%m%d}"
+        return f"{fecha.year:04}{fecha:%m%d}"
 
     if texto(actual) >= desde:
         fechas.append(texto(actual))

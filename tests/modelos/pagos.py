@@ -1,6 +1,9 @@
 """Payments in the grid: its current cell and events, the editor laid over it, the check marks."""
 
+from types import SimpleNamespace
+
 from mensajes import EXCESO_AL_TECLEAR
+from teclas import tecla_importe
 from valores import mascara, numero
 
 EDITOR, REJILLA = "TxtMsf", "MSFPagos"
@@ -80,7 +83,7 @@ class Pagos:
     def ocultar_editor(self):
         self.editor, self.editor_visible = "", False
         if self.foco == EDITOR:
-            self.foco = None
+            self.foco = REJILLA
 
     def cerrar_edicion(self):
         if not self.editor_visible:
@@ -91,7 +94,12 @@ class Pagos:
         self.ir(self.rejilla.fila, 4)
 
     def teclear_importe(self, texto):
-        self.editor = texto.replace(".", ",")[:LARGO_DE_IMPORTE]
+        caja = SimpleNamespace(texto="", todo=False)
+        for letra in texto:
+            codigo = tecla_importe(caja, ord(letra), False)
+            if codigo and len(caja.texto) < LARGO_DE_IMPORTE:
+                caja.texto += chr(codigo)
+        self.editor = caja.texto
 
     def escape(self):
         self.ocultar_editor()
@@ -155,8 +163,8 @@ class Pagos:
     def _alternar_pago(self, fila, celdas):
         self.ocultar_editor()
         if not self.rejilla.marcas[fila]:
+            self.pendiente += numero(celdas[4]) - numero(celdas[3])  # One below zero stops here.
             self.rejilla.marcas[fila] = True
-            self.pendiente += numero(celdas[4]) - numero(celdas[3])
             celdas[4] = celdas[3]
         else:
             self.rejilla.marcas[fila] = False

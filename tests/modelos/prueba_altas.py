@@ -9,6 +9,7 @@ from decimal import Decimal
 
 import prueba_aceptar
 import prueba_cuentas
+import prueba_recibos
 from prueba_panel import Banco
 
 
@@ -164,7 +165,7 @@ def prueba_pago_sin_grabar_en_los_recibos():
 
 def principal():
     fallos = 0
-    pruebas = [f for m in (prueba_cuentas, sys.modules[__name__], prueba_aceptar)
+    pruebas = [f for m in (prueba_cuentas, sys.modules[__name__], prueba_aceptar, prueba_recibos)
                for n, f in vars(m).items() if n.startswith("prueba_") and callable(f)]
     for prueba in pruebas:
         try:

@@ -13,6 +13,7 @@ RAREZAS = {
     "momentos": "cash entries whose stored moment lacks its time or seconds",
     "anchos": "texts and amounts wider than their columns",
     "saltos": "tabs and line breaks in texts",
+    "relleno": "a click on a filler row's paid cell with a zero in the editor",
 }
 
 
@@ -20,10 +21,12 @@ def calla(paso, pantalla, con):
     """Whether a step is passed over."""
     clase = paso[0]
     if clase in ("celda", "doble"):
-        return "devolver" not in con and paso[2] == 5 and _movida(paso[1], pantalla)
+        return ("devolver" not in con and paso[2] == 5 and _movida(paso[1], pantalla)
+                or "relleno" not in con and paso[2] == 4 and _cero_sobre_relleno(paso[1], pantalla))
     crecida = len(pantalla.rejilla.celdas) > len(pantalla.foto.celdas)
     if clase == "cerrar":
-        return _sobre_el_editor(pantalla, con) or "cierre" not in con and (crecida or "comillas" in con)
+        return (_sin_vuelta(pantalla) or _sobre_el_editor(pantalla, con)
+                or "cierre" not in con and (crecida or "comillas" in con))
     if clase == "pulsar":
         return paso[1].startswith("Chk") and _sobre_el_editor(pantalla, con)
     if clase == "fecha":
@@ -31,9 +34,22 @@ def calla(paso, pantalla, con):
     return False
 
 
+def _sin_vuelta(pantalla):
+    """A receipt below zero ends the next load in an error, and there is no screen to go on with."""
+    return any((recibo["Importe"] or 0) < 0 for base in (pantalla.copia.almacen, pantalla.local)
+               for recibo in base.vencimientos.filas)
+
+
 def _movida(fila, pantalla):
     return (fila >= len(pantalla.foto.celdas) or fila >= len(pantalla.rejilla.celdas)
             or pantalla.foto.linea(fila) != pantalla.rejilla.linea(fila))
+
+
+def _cero_sobre_relleno(fila, pantalla):
+    """The editor passes through the filler row on its way to the first one."""
+    celdas = pantalla.rejilla.celdas
+    cero = pantalla.editor_visible and pantalla.editor.strip("0,") == ""
+    return cero and fila < len(celdas) and celdas[fila][0] == ""
 
 
 def _sobre_el_editor(pantalla, con):

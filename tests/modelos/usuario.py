@@ -131,7 +131,7 @@ class Usuario:
 
     def importe(self):
         azar, rejilla = self.azar, self.jornada.pantalla.rejilla
-        debido = numero(rejilla.celdas[rejilla.fila][3])
+        debido = numero(rejilla.celdas[rejilla.fila][3].lstrip("-"))
         suerte = azar.randrange(24)
         if suerte == 0:
             return ""
