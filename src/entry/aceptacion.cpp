@@ -31,11 +31,6 @@ struct Reparo {
 /// Worded in another way than when the field is left.
 constexpr const char* kPrevisionIncorrecta = "Fecha de previsión incorrecta";
 
-/// What a forecast doesn't say counts 0.
-double NumeroDe(const services::Valor& valor) {
-  return valor.EsNulo() ? 0 : valor.Numero();
-}
-
 }  // namespace
 
 Aceptacion::Aceptacion(Campos& campos, services::Sesion& sesion, const list::RejillaPagos& lista,
@@ -253,9 +248,9 @@ bool Aceptacion::GrabarOcurrencia() {
   Recordset rs;
   rs.Open(SentenciaDePrevision(c_.TxtNConcepto.Text), sesion_.CnTemp(), ModoApertura::Lectura);
   if (rs.Eof()) return true;
-  const auto unidad = list::UnidadDe(static_cast<int>(NumeroDe(rs.Collect("Tipo"))));
-  const std::string siguiente =
-      FechaMas(lista_.LineaDe(lista_.MSFPagos.Row).FechaVto, unidad, NumeroDe(rs.Collect("Cada")));
+  const auto unidad = list::UnidadDe(list::EnteroDe(rs.Collect("Tipo")));
+  const std::string siguiente = FechaMas(lista_.LineaDe(lista_.MSFPagos.Row).FechaVto, unidad,
+                                         list::EnteroDe(rs.Collect("Cada")));
   rs.Close();
   if (siguiente != c_.TxtDesde.Text()) {
     c_.TxtDesde.Text = siguiente;

@@ -1,6 +1,6 @@
 #include "entry/fechas.h"
 
-#include <cmath>
+#include <algorithm>
 #include <cstdint>
 
 #include "valores/fecha.h"
@@ -19,7 +19,9 @@ std::string Hoy(services::Sesion& sesion) {
 }
 
 std::string FechaMas(const std::string& fecha, std::string_view unidad, double cuantos) {
-  const auto enteros = static_cast<std::int64_t>(std::trunc(cuantos));
+  // Farther than any calendar goes, and a whole number still.
+  constexpr double kLejos = 1e12;
+  const auto enteros = static_cast<std::int64_t>(std::clamp(cuantos, -kLejos, kLejos));
   return services::TextoDeFecha(services::SumarFecha(unidad, enteros, services::Fecha(fecha)));
 }
 

@@ -9,10 +9,21 @@ namespace entry {
 
 using services::Mascara;
 
+namespace {
+
+/// What `TxtNRecibos` can hold in figures; a paste could tell a thousand million in its three
+/// places.
+constexpr double kRecibosMaximos = 999;
+
+}  // namespace
+
 void RepartirEnRecibos(const Plazos& plazos,
                        const std::function<void(int, const ReciboNuevo&)>& visitar) {
   if (plazos.Recibos == 0) {
     throw services::ErrorEjecucion(services::error::DivisionPorCero, "División por cero");
+  }
+  if (plazos.Recibos > kRecibosMaximos) {
+    throw services::ErrorEjecucion(services::error::Desbordamiento, "Son demasiados recibos");
   }
   double parte = services::EnCentimos(plazos.Total / plazos.Recibos);
   const double pagado =

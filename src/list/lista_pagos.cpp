@@ -1,8 +1,5 @@
 #include "list/lista_pagos.h"
 
-#include <algorithm>
-#include <limits>
-
 #include "list/color_lista.h"
 #include "list/prevision.h"
 #include "valores/error.h"
@@ -28,12 +25,6 @@ constexpr const char* kPorConcepto =
 
 bool EsVerdadero(const Valor& valor) {
   return !valor.EsNulo() && valor.Logico();
-}
-
-/// Null counts 0, and what is past the whole numbers the last of them.
-int EnteroDe(const Valor& valor) {
-  constexpr double kUltimo = std::numeric_limits<int>::max();
-  return valor.EsNulo() ? 0 : static_cast<int>(std::clamp(valor.Numero(), -kUltimo, kUltimo));
 }
 
 }  // namespace

@@ -1,5 +1,7 @@
 #include "list/prevision.h"
 
+#include <algorithm>
+#include <limits>
 #include <optional>
 
 #include "valores/error.h"
@@ -26,6 +28,11 @@ std::optional<std::string> Siguiente(const std::string& actual, const Recurrenci
 }
 
 }  // namespace
+
+int EnteroDe(const services::Valor& valor) {
+  constexpr double kUltimo = std::numeric_limits<int>::max();
+  return valor.EsNulo() ? 0 : static_cast<int>(std::clamp(valor.Numero(), -kUltimo, kUltimo));
+}
 
 std::string_view UnidadDe(int tipo) {
   if (tipo == 1) return "d";

@@ -17,6 +17,9 @@ struct Recurrencia {
   int Tipo = 0;  ///< 1 days, 2 months, anything else years
 };
 
+/// A number of a stored forecast: Null counts 0, and what is past the whole numbers the last of
+/// them.
+[[nodiscard]] int EnteroDe(const services::Valor& valor);
 /// The unit of calendar addition of a `Tipo`: "d", "m" or "yyyy".
 [[nodiscard]] std::string_view UnidadDe(int tipo);
 

@@ -98,6 +98,21 @@ TEST(Reparto, CeroRecibosEsUnaDivisionPorCero) {
             services::error::DivisionPorCero);
 }
 
+TEST(Reparto, MasRecibosDeLosQueSeTecleanNoSeReparten) {
+  EXPECT_EQ(Repartir({999, 1, 1, "15/03/2005", 9990}).size(), 999U);
+  EXPECT_EQ(apoyo::NumeroDeError([] {
+              return Repartir({1e9, 0, 0, "15/03/2005", 90});
+            }),
+            services::error::Desbordamiento);
+}
+
+TEST(Reparto, UnosDiasMasAllaDeTodoCalendarioSonUnError) {
+  EXPECT_EQ(apoyo::NumeroDeError([] {
+              return Repartir({1, 1e30, 0, "15/03/2005", 90});
+            }),
+            services::error::LlamadaNoValida);
+}
+
 TEST(ALaVista, ElReciboLlevaLaFechaTalComoEsta) {
   EXPECT_EQ(entry::ReciboALaVista("15/3/05", "1234,5", 0),
             (ReciboNuevo{"15/3/05", "1.234,50", "0,00"}));

@@ -20,6 +20,7 @@ class Aceptacion:
     """Part of the screen."""
 
     def aceptar(self):
+        self.BtnAceptar.tag = ""
         try:
             self.cerrar_edicion_vencimiento()
             self._comprobar_fechas()
