@@ -40,6 +40,8 @@ class Partida {
     if (!form) throw std::logic_error("la pantalla no está cargada");
     return dynamic_cast<shell::FrmTesvaraGastos&>(*form);
   }
+  /// To be changed before what is asked of it is.
+  [[nodiscard]] services::Plataforma& Plataforma() { return plataforma_; }
   [[nodiscard]] guion::Anfitrion& Anfitrion() { return mundo_.Anfitrion(); }
 
  private:
