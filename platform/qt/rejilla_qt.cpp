@@ -94,6 +94,22 @@ void RejillaQt::Repartir() {
   }
 }
 
+void RejillaQt::MarcarFila(int fila) {
+  RepintarFila(marcada_);
+  RepintarFila(fila);
+  marcada_ = fila;
+}
+
+void RejillaQt::RepintarFila(int fila) {
+  viewport()->update(0, rowViewportPosition(fila), viewport()->width(), rowHeight(fila));
+}
+
+/// The frame of the focus stays where it is, and what is scrolled holds a copy of it.
+void RejillaQt::scrollContentsBy(int dx, int dy) {
+  QTableView::scrollContentsBy(dx, dy);
+  if (hasFocus()) viewport()->update();
+}
+
 void RejillaQt::resizeEvent(QResizeEvent* evento) {
   QTableView::resizeEvent(evento);
   Repartir();

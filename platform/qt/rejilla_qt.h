@@ -23,8 +23,12 @@ class RejillaQt final : public QTableView {
   void Repartir();
   /// Measures the texts anew; a row that changes later counts from the next time on.
   void Medir();
+  /// The current row is marked over all its cells: the one that was and the one that is are painted
+  /// anew, whole.
+  void MarcarFila(int fila);
 
  protected:
+  void scrollContentsBy(int dx, int dy) override;
   void currentChanged(const QModelIndex& actual, const QModelIndex& anterior) override;
   void paintEvent(QPaintEvent* evento) override;
   void resizeEvent(QResizeEvent* evento) override;
@@ -32,12 +36,14 @@ class RejillaQt final : public QTableView {
   void focusOutEvent(QFocusEvent* evento) override;
 
  private:
+  void RepintarFila(int fila);
   void SeguirFranjas(QPainter& pintor);
   void Enmarcar(QPainter& pintor);
   [[nodiscard]] int LoQueLeFalta(int columna) const;
 
   const services::MSFlexGrid* rejilla_ = nullptr;
   QList<int> anchos_de_texto_;  // of the longest text of each column
+  int marcada_ = 0;             // row of the view that is marked as the current one
 };
 
 }  // namespace qt
