@@ -27,6 +27,9 @@ class VinculoOpcion final : public VinculoDe<services::OptionButton, OpcionQt> {
 
  protected:
   void MostrarPropio(services::Aspecto aspecto) override;
+
+ private:
+  void TomarValor(bool encendida);
 };
 
 class VinculoPulsador final : public VinculoDe<services::Pulsador, QPushButton> {
