@@ -148,6 +148,9 @@ void Lienzo::changeEvent(QEvent* evento) {
   if (evento->type() == QEvent::ApplicationPaletteChange) {
     setPalette(Legible(QApplication::palette()));
   }
+  if (evento->type() == QEvent::PaletteChange) {
+    for (const auto& [modelo, vinculo] : vinculos_) vinculo->Mostrar(services::Aspecto::BackColor);
+  }
   QWidget::changeEvent(evento);
 }
 

@@ -161,7 +161,7 @@ void RejillaQt::SeguirFranjas(QPainter& pintor) {
     const QColor fondo =
         Emparejar(rejilla_->FondoDe(como, 0), rejilla_->ColorDe(como, 0), palette()).Fondo;
     pintor.fillRect(0, arriba, ancho, alto, fondo);
-    pintor.setPen(fondo.darker(kLineaDeColumna));
+    pintor.setPen(LineaSobre(fondo));
     for (int c = 0; c < model()->columnCount(); ++c) {
       const int derecha = columnViewportPosition(c) + columnWidth(c) - 1;
       if (!isColumnHidden(c)) pintor.drawLine(derecha, arriba, derecha, arriba + alto - 1);
