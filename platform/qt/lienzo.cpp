@@ -12,7 +12,9 @@
 #include "forms/form.h"
 #include "qt/colores.h"
 #include "qt/copia_de_vista.h"
+#include "qt/medidas.h"
 #include "qt/nombres.h"
+#include "qt/panel_qt.h"
 #include "qt/textos_qt.h"
 #include "qt/vinculo.h"
 #include "qt/vinculos.h"
@@ -27,11 +29,18 @@ services::Cintilla* BarraDe(const services::Form& form) {
   return nullptr;
 }
 
+/// What a panel takes of so much room.
+QSize MedidaEn(const QSize& hueco, QWidget& panel) {
+  if (auto* plegable = dynamic_cast<PanelQt*>(&panel)) return plegable->Caber(hueco);
+  return panel.sizeHint().expandedTo(panel.minimumSize()).boundedTo(hueco);
+}
+
 }  // namespace
 
 Lienzo::Lienzo(services::Form& form, const std::function<void(QWidget&)>& disponer) : form_(&form) {
   setPalette(Legible(QApplication::palette()));
   disponer(*this);
+  AgrandarConLaLetra(*this);
   Unir();
 }
 
@@ -205,10 +214,30 @@ void Lienzo::CentrarPaneles() {
   for (QWidget* panel : findChildren<QWidget*>(Qt::FindDirectChildrenOnly)) {
     if (!panel->property("centrado").toBool()) continue;
     panel->raise();
-    const QSize medida = panel->sizeHint().expandedTo(panel->minimumSize()).boundedTo(size());
-    panel->setGeometry(
-        QRect(QPoint(), medida).translated(rect().center() - QRect(QPoint(), medida).center()));
+    panel->setGeometry(LugarDe(*panel));
   }
+}
+
+/// In the middle. One that would leave no more than a strip of the title bar on sight goes below
+/// the bar, or over it where it has to, from the top.
+QRect Lienzo::LugarDe(QWidget& panel) const {
+  QRect lugar(QPoint(), MedidaEn(size(), panel));
+  lugar.translate(rect().center() - lugar.center());
+  const int bajoLaBarra = FinDeLaBarra();
+  if (lugar.top() >= bajoLaBarra) return lugar;
+  const bool entero = lugar.height() < height();
+  lugar.moveTop(0);
+  if (entero && lugar.height() > height() - bajoLaBarra) return lugar;
+  lugar.setSize(MedidaEn(size() - QSize(0, bajoLaBarra), panel));
+  lugar.moveCenter({rect().center().x(), 0});
+  lugar.moveTop(bajoLaBarra);
+  return lugar;
+}
+
+int Lienzo::FinDeLaBarra() const {
+  const services::Cintilla* barra = form_ ? BarraDe(*form_) : nullptr;
+  const Vinculo* vinculo = barra ? De(*barra) : nullptr;
+  return vinculo && !vinculo->Vista().isHidden() ? vinculo->Vista().geometry().bottom() + 1 : 0;
 }
 
 /// Closing the window is asked of the screen, which may refuse.

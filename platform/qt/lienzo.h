@@ -74,6 +74,8 @@ class Lienzo final : public QWidget {
   void Redimensionado(services::Form& form);
   void Pintado(services::Form& form);
   void CentrarPaneles();
+  [[nodiscard]] QRect LugarDe(QWidget& panel) const;
+  [[nodiscard]] int FinDeLaBarra() const;
   void PonerTitulo();
 
   services::Form* form_;

@@ -33,8 +33,8 @@ void VinculoOpcion::MostrarPropio(Aspecto aspecto) {
   if (aspecto == Aspecto::Value) Vista().Poner(Modelo().Value);
 }
 
-/// A screen reader turns it on without a click, and the toolkit then turns off another of the group,
-/// which is for the model to say.
+/// A screen reader turns it on without a click, and the toolkit then turns off another of the
+/// group, which is for the model to say.
 void VinculoOpcion::TomarValor(bool encendida) {
   if (!Atento()) return;
   encendida ? Pulsar() : Mostrar(Aspecto::Value);
