@@ -8,9 +8,13 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QScreen>
 #include <QTableView>
 #include <QVBoxLayout>
+#include <algorithm>
 #include <utility>
+
+#include "qt/colocacion.h"
 
 namespace qt {
 
@@ -66,7 +70,18 @@ void DialogoConceptos::Componer() {
   todo->addLayout(abajo);
   aceptar_->setDefault(true);
   cancelar_->setAutoDefault(false);
-  resize(fontMetrics().averageCharWidth() * 72, fontMetrics().height() * 26);
+  // On a small desktop it would hide the field that it is for.
+  const int alto =
+      std::min(fontMetrics().height() * 26, screen()->availableSize().height() * 3 / 5);
+  resize(fontMetrics().averageCharWidth() * 72, alto);
+}
+
+void DialogoConceptos::showEvent(QShowEvent* evento) {
+  QDialog::showEvent(evento);
+  if (!parentWidget()) return;
+  QList<QRect> aLaVista = LoTratado(*parentWidget()->window());
+  if (descubierto_.isValid()) aLaVista.prepend(descubierto_);
+  ColocarSobreSuVentana(*this, aLaVista);
 }
 
 void DialogoConceptos::Conectar() {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QDialog>
+#include <QRect>
 
 #include "qt/lista_conceptos.h"
 
@@ -22,7 +23,13 @@ class DialogoConceptos final : public QDialog {
   /// Code of the concept chosen.
   [[nodiscard]] QString Elegido() const;
 
+  /// A part of the desktop that it leaves on sight when it is shown, besides what has the focus.
+  void Descubrir(const QRect& parte) { descubierto_ = parte; }
+
   bool eventFilter(QObject* objeto, QEvent* evento) override;
+
+ protected:
+  void showEvent(QShowEvent* evento) override;
 
  private:
   void Componer();
@@ -37,6 +44,7 @@ class DialogoConceptos final : public QDialog {
   QLabel* cuantos_;
   QPushButton* aceptar_;
   QPushButton* cancelar_;
+  QRect descubierto_;
 };
 
 }  // namespace qt

@@ -10,6 +10,7 @@
 #include "forms/entrada.h"
 #include "forms/escritorio.h"
 #include "forms/form.h"
+#include "qt/colocacion.h"
 #include "qt/colores.h"
 #include "qt/copia_de_vista.h"
 #include "qt/medidas.h"
@@ -140,7 +141,9 @@ void Lienzo::FinDeEvento() {
 
 void Lienzo::TraerALaVista() {
   Turno turno(*this);
-  for (const auto& [modelo, vinculo] : vinculos_) vinculo->TraerALaVista();
+  for (const auto& [modelo, vinculo] : vinculos_) {
+    if (AlAlcance(vinculo->Vista())) vinculo->TraerALaVista();
+  }
 }
 
 void Lienzo::EmpezarFoco() {

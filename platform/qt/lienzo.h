@@ -54,6 +54,7 @@ class Lienzo final : public QWidget {
   /// The same unless the user is working outside of this screen.
   void RepararFoco();
   void FinDeEvento();
+  /// Brings to sight what a question may be about, where the user can get to it.
   void TraerALaVista();
   /// Takes the user to the first widget when none has the focus.
   void EmpezarFoco();

@@ -95,13 +95,13 @@ void RejillaQt::Repartir() {
 }
 
 void RejillaQt::MarcarFila(int fila) {
-  RepintarFila(marcada_);
-  RepintarFila(fila);
+  viewport()->update(LugarDeFila(marcada_));
+  viewport()->update(LugarDeFila(fila));
   marcada_ = fila;
 }
 
-void RejillaQt::RepintarFila(int fila) {
-  viewport()->update(0, rowViewportPosition(fila), viewport()->width(), rowHeight(fila));
+QRect RejillaQt::LugarDeFila(int fila) const {
+  return {0, rowViewportPosition(fila), viewport()->width(), rowHeight(fila)};
 }
 
 /// The frame of the focus stays where it is, and what is scrolled holds a copy of it.

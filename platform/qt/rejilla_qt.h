@@ -26,6 +26,8 @@ class RejillaQt final : public QTableView {
   /// The current row is marked over all its cells: the one that was and the one that is are painted
   /// anew, whole.
   void MarcarFila(int fila);
+  /// Where that row is in the viewport, as much of it as is on sight.
+  [[nodiscard]] QRect FilaMarcada() const { return LugarDeFila(marcada_) & viewport()->rect(); }
 
  protected:
   void scrollContentsBy(int dx, int dy) override;
@@ -36,7 +38,7 @@ class RejillaQt final : public QTableView {
   void focusOutEvent(QFocusEvent* evento) override;
 
  private:
-  void RepintarFila(int fila);
+  [[nodiscard]] QRect LugarDeFila(int fila) const;
   void SeguirFranjas(QPainter& pintor);
   void Enmarcar(QPainter& pintor);
   [[nodiscard]] int LoQueLeFalta(int columna) const;
