@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QCloseEvent>
+#include <QKeyEvent>
 #include <QPaintEvent>
 #include <QPointer>
 #include <QTimer>
@@ -16,6 +17,7 @@
 #include "qt/medidas.h"
 #include "qt/nombres.h"
 #include "qt/panel_qt.h"
+#include "qt/teclas_qt.h"
 #include "qt/textos_qt.h"
 #include "qt/vinculo.h"
 #include "qt/vinculos.h"
@@ -248,6 +250,13 @@ void Lienzo::closeEvent(QCloseEvent* evento) {
   evento->ignore();
   if (!form_) return;
   if (services::Cintilla* barra = BarraDe(*form_)) services::entrada::CerrarBarra(*barra);
+}
+
+/// While nothing of the model has the focus the bare surface has the toolkit's.
+void Lienzo::keyPressEvent(QKeyEvent* evento) {
+  const bool escape = teclado::Codigo(*evento) == services::tecla::Escape;
+  if (!escape || !form_ || window()->focusWidget() != this) return QWidget::keyPressEvent(evento);
+  services::entrada::Cancelar(*form_);
 }
 
 /// The Tab key goes by the model's order. The toolkit also asks this when it hides what has the

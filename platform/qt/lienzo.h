@@ -66,6 +66,7 @@ class Lienzo final : public QWidget {
   void paintEvent(QPaintEvent* evento) override;
   void resizeEvent(QResizeEvent* evento) override;
   void closeEvent(QCloseEvent* evento) override;
+  void keyPressEvent(QKeyEvent* evento) override;
   bool focusNextPrevChild(bool siguiente) override;
 
  private:

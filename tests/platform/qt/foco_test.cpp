@@ -84,7 +84,19 @@ TEST_F(Foco, OcultarLoEnfocadoNoPasaElFocoAlVecino) {
   EXPECT_THAT(escena.form->sucesos, ElementsAre("TxtImporte_LostFocus"));
   EXPECT_EQ(escena.Enfocada(), "FrmPrueba");
   Tab();
-  EXPECT_EQ(escena.Enfocada(), "TxtFecha");
+  EXPECT_EQ(escena.Enfocada(), "OptA") << "sigue desde donde estaba";
+}
+
+TEST_F(Foco, SinNadieConElFocoEscapeCancela) {
+  escena.form->BtnCancelar.Cancela = true;
+  escena.form->TxtImporte.SetFocus();
+  escena.form->TxtImporte.Enabled = false;
+  escena.form->sucesos.clear();
+  ASSERT_EQ(escena.Enfocada(), "FrmPrueba");
+  QTest::keyClick(escena.marco.focusWidget(), Qt::Key_A);
+  EXPECT_THAT(escena.form->sucesos, testing::IsEmpty());
+  QTest::keyClick(escena.marco.focusWidget(), Qt::Key_Escape);
+  EXPECT_THAT(escena.form->sucesos, ElementsAre("BtnCancelar_Click"));
 }
 
 TEST_F(Foco, InhabilitarLoEnfocadoTampoco) {
