@@ -9,12 +9,14 @@ class QLabel;
 class QLineEdit;
 class QPushButton;
 class QRadioButton;
-class QTableView;
 
 namespace qt {
 
+class TablaQt;
+
 /// The concept search: a line to type in and, below it, the concepts that it leaves. Enter takes
-/// the current one, Escape none.
+/// the current one, Escape none. A text that is no number is no code: it is looked for in the
+/// names, whatever was asked for.
 class DialogoConceptos final : public QDialog {
  public:
   DialogoConceptos(std::vector<Concepto> conceptos, bool porCodigo, const QString& texto,
@@ -34,13 +36,14 @@ class DialogoConceptos final : public QDialog {
  private:
   void Componer();
   void Conectar();
+  void UnaSolaParada();
   void Filtrar();
 
   ListaConceptos* lista_;
   QLineEdit* busqueda_;
   QRadioButton* por_codigo_;
   QRadioButton* por_nombre_;
-  QTableView* tabla_;
+  TablaQt* tabla_;
   QLabel* cuantos_;
   QPushButton* aceptar_;
   QPushButton* cancelar_;

@@ -1,6 +1,5 @@
 #include "qt/rejilla_qt.h"
 
-#include <QAccessible>
 #include <QHeaderView>
 #include <QPainter>
 #include <algorithm>
@@ -16,7 +15,6 @@ namespace qt {
 namespace {
 
 constexpr int kAire = 8;  // over and under a line of text, together
-constexpr int kMarco = 2;
 
 int ColumnaMasAncha(const services::MSFlexGrid& rejilla) {
   int ancha = 0;
@@ -42,7 +40,7 @@ QString LaMasLarga(const services::MSFlexGrid& rejilla, int columna) {
 
 }  // namespace
 
-RejillaQt::RejillaQt(QWidget* padre) : QTableView(padre) {
+RejillaQt::RejillaQt(QWidget* padre) : TablaQt(padre) {
   setSelectionMode(NoSelection);
   setAutoScroll(false);
   setEditTriggers(NoEditTriggers);
@@ -104,50 +102,13 @@ QRect RejillaQt::LugarDeFila(int fila) const {
   return {0, rowViewportPosition(fila), viewport()->width(), rowHeight(fila)};
 }
 
-/// The frame of the focus stays where it is, and what is scrolled holds a copy of it.
-void RejillaQt::scrollContentsBy(int dx, int dy) {
-  QTableView::scrollContentsBy(dx, dy);
-  if (hasFocus()) viewport()->update();
-}
-
 void RejillaQt::resizeEvent(QResizeEvent* evento) {
-  QTableView::resizeEvent(evento);
+  TablaQt::resizeEvent(evento);
   Repartir();
 }
 
-void RejillaQt::focusInEvent(QFocusEvent* evento) {
-  QTableView::focusInEvent(evento);
-  viewport()->update();
-  // What became current meanwhile has not been told.
-  if (QAccessible::isActive()) QTableView::currentChanged(currentIndex(), currentIndex());
-}
-
-void RejillaQt::focusOutEvent(QFocusEvent* evento) {
-  QTableView::focusOutEvent(evento);
-  viewport()->update();
-}
-
-/// The toolkit tells screen readers of a current cell as of one that has got the focus.
-void RejillaQt::currentChanged(const QModelIndex& actual, const QModelIndex& anterior) {
-  if (hasFocus()) return QTableView::currentChanged(actual, anterior);
-  QAbstractItemView::currentChanged(actual, anterior);  // NOLINT(bugprone-parent-virtual-call)
-}
-
-void RejillaQt::paintEvent(QPaintEvent* evento) {
-  QTableView::paintEvent(evento);
-  QPainter pintor(viewport());
-  SeguirFranjas(pintor);
-  if (hasFocus()) Enmarcar(pintor);
-}
-
-/// The current cell may be far below, or in a column that isn't shown.
-void RejillaQt::Enmarcar(QPainter& pintor) {
-  pintor.setPen(QPen(palette().color(QPalette::Highlight), kMarco));
-  pintor.setBrush(Qt::NoBrush);
-  pintor.drawRect(viewport()->rect().adjusted(1, 1, -1, -1));
-}
-
-void RejillaQt::SeguirFranjas(QPainter& pintor) {
+/// The stripes of the rows, on to the bottom.
+void RejillaQt::PintarResto(QPainter& pintor) {
   if (!rejilla_ || rejilla_->Rows < 3 || !model()) return;
   const int ultima = model()->rowCount() - 1;
   int arriba = rowViewportPosition(ultima) + rowHeight(ultima);

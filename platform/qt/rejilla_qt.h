@@ -1,7 +1,8 @@
 #pragma once
 
 #include <QList>
-#include <QTableView>
+
+#include "qt/tabla_qt.h"
 
 namespace services {
 class MSFlexGrid;
@@ -9,9 +10,9 @@ class MSFlexGrid;
 
 namespace qt {
 
-/// The table that shows a grid: fixed row heights, a header that only tells the titles, the stripes
-/// of the rows carried on to its bottom, and a frame while it has the focus.
-class RejillaQt final : public QTableView {
+/// The table that shows a grid: fixed row heights, a header that only tells the titles, and the
+/// stripes of the rows carried on to its bottom.
+class RejillaQt final : public TablaQt {
  public:
   explicit RejillaQt(QWidget* padre = nullptr);
 
@@ -30,17 +31,11 @@ class RejillaQt final : public QTableView {
   [[nodiscard]] QRect FilaMarcada() const { return LugarDeFila(marcada_) & viewport()->rect(); }
 
  protected:
-  void scrollContentsBy(int dx, int dy) override;
-  void currentChanged(const QModelIndex& actual, const QModelIndex& anterior) override;
-  void paintEvent(QPaintEvent* evento) override;
+  void PintarResto(QPainter& pintor) override;
   void resizeEvent(QResizeEvent* evento) override;
-  void focusInEvent(QFocusEvent* evento) override;
-  void focusOutEvent(QFocusEvent* evento) override;
 
  private:
   [[nodiscard]] QRect LugarDeFila(int fila) const;
-  void SeguirFranjas(QPainter& pintor);
-  void Enmarcar(QPainter& pintor);
   [[nodiscard]] int LoQueLeFalta(int columna) const;
 
   const services::MSFlexGrid* rejilla_ = nullptr;
