@@ -3,6 +3,7 @@
 
 #include "forms/controles.h"
 #include "forms/entrada.h"
+#include "forms/form.h"
 #include "forms/msflexgrid.h"
 #include "guion/acciones.h"
 #include "guion/ejecucion.h"
@@ -88,8 +89,20 @@ void Anadir(Ejecucion& e, const Orden& o) {
   PulsarTeclas(e, o.Texto(0));
 }
 
+/// Tab and Escape mean something to a screen of which no widget has the focus.
+void TeclaSinFoco(services::Form& form, int codigo) {
+  if (codigo == services::tecla::Tabulador) entrada::Tabular(form, false);
+  if (codigo == services::tecla::Escape) entrada::Cancelar(form);
+}
+
 void Tecla(Ejecucion& e, const Orden& o) {
-  if (Widget* foco = ConTeclado(e)) entrada::Tecla(*foco, CodigoDeTecla(o.Texto(0)).value());
+  const int codigo = CodigoDeTecla(o.Texto(0)).value();
+  if (Widget* foco = ConTeclado(e)) return entrada::Tecla(*foco, codigo);
+  const std::vector<services::Form*> pantallas = e.Entorno().Pantallas();
+  const auto alFrente =
+      std::find_if(pantallas.rbegin(), pantallas.rend(),
+                   [&](const services::Form* form) { return e.Entorno().AlAlcance(*form); });
+  if (!e.Entorno().Foco() && alFrente != pantallas.rend()) TeclaSinFoco(**alFrente, codigo);
 }
 
 void Pulsar(Ejecucion& e, const Orden& o) {

@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <vector>
 
+#include "qt/colocacion.h"
 #include "qt/textos_qt.h"
 
 namespace qt {
@@ -58,11 +59,26 @@ QMessageBox::Icon IconoDe(int flags) {
   }
 }
 
+/// Untitled, the toolkit would name the program's file.
+constexpr const char* kSinTitulo = "Tesvara de Pagos";
+
+/// Leaves on sight what it is about.
+class Caja final : public QMessageBox {
+ public:
+  using QMessageBox::QMessageBox;
+
+ protected:
+  void showEvent(QShowEvent* evento) override {
+    QMessageBox::showEvent(evento);
+    if (parentWidget()) ColocarSobreSuVentana(*this, LoTratado(*parentWidget()->window()));
+  }
+};
+
 }  // namespace
 
 int AvisoQt::Mostrar(const std::string& texto, int flags, const std::string& titulo) {
-  QMessageBox caja(QApplication::activeWindow());
-  caja.setWindowTitle(Texto(titulo));
+  Caja caja(QApplication::activeWindow());
+  caja.setWindowTitle(titulo.empty() ? kSinTitulo : Texto(titulo));
   caja.setTextFormat(Qt::PlainText);
   caja.setText(Texto(texto));
   caja.setIcon(IconoDe(flags));

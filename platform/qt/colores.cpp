@@ -44,7 +44,22 @@ QColor Palido(const QColor& texto, const QColor& fondo) {
   return texto;
 }
 
+constexpr double kParteDeLinea = 0.11;
+constexpr double kParteDeMarca = 0.67;
+
 }  // namespace
+
+QColor LineaSobre(const QColor& fondo) {
+  return Mezclar(fondo, LegibleSobre(fondo), kParteDeLinea);
+}
+
+QColor MarcaSobre(const QColor& fondo) {
+  return Mezclar(fondo, LegibleSobre(fondo), kParteDeMarca);
+}
+
+bool EsOscura(const QPalette& paleta) {
+  return Brillo(paleta.color(QPalette::Base)) < Brillo(paleta.color(QPalette::Text));
+}
 
 bool EsDelEscritorio(int color) {
   return color < 0 || color == services::color::Blanco || color == services::color::Negro;
@@ -69,10 +84,15 @@ QPalette Legible(const QPalette& delEscritorio) {
   };
   // Only what is set here is not the desktop's.
   QPalette paleta;
+  // Not every desktop tells a field out of use by its background.
+  if (delEscritorio.color(QPalette::Disabled, QPalette::Base) ==
+      delEscritorio.color(QPalette::Active, QPalette::Base)) {
+    paleta.setColor(QPalette::Disabled, QPalette::Base, delEscritorio.color(QPalette::Window));
+  }
   for (const auto& [texto, fondo] : kTextos) {
     paleta.setColor(QPalette::Disabled, texto,
                     Palido(delEscritorio.color(QPalette::Active, texto),
-                           delEscritorio.color(QPalette::Disabled, fondo)));
+                           paleta.resolve(delEscritorio).color(QPalette::Disabled, fondo)));
   }
   return paleta;
 }

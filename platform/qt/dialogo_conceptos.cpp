@@ -8,9 +8,15 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <QRadioButton>
-#include <QTableView>
+#include <QScreen>
 #include <QVBoxLayout>
+#include <algorithm>
 #include <utility>
+
+#include "qt/colocacion.h"
+#include "qt/tabla_qt.h"
+#include "qt/textos_qt.h"
+#include "valores/numero.h"
 
 namespace qt {
 
@@ -21,14 +27,16 @@ DialogoConceptos::DialogoConceptos(std::vector<Concepto> conceptos, bool porCodi
       busqueda_(new QLineEdit(texto, this)),
       por_codigo_(new QRadioButton("Por código", this)),
       por_nombre_(new QRadioButton("Por nombre", this)),
-      tabla_(new QTableView(this)),
+      tabla_(new TablaQt(this)),
       cuantos_(new QLabel(this)),
       aceptar_(new QPushButton("Aceptar", this)),
       cancelar_(new QPushButton("Cancelar", this)) {
   setWindowTitle("Buscar concepto");
-  (porCodigo ? por_codigo_ : por_nombre_)->setChecked(true);
+  const bool sinCodigo = !texto.trimmed().isEmpty() && !services::EsNumero(Utf8(texto));
+  (porCodigo && !sinCodigo ? por_codigo_ : por_nombre_)->setChecked(true);
   Componer();
   Conectar();
+  UnaSolaParada();
   Filtrar();
   busqueda_->selectAll();
   busqueda_->setFocus();
@@ -66,16 +74,35 @@ void DialogoConceptos::Componer() {
   todo->addLayout(abajo);
   aceptar_->setDefault(true);
   cancelar_->setAutoDefault(false);
-  resize(fontMetrics().averageCharWidth() * 72, fontMetrics().height() * 26);
+  // On a small desktop it would hide the field that it is for.
+  const int alto =
+      std::min(fontMetrics().height() * 26, screen()->availableSize().height() * 3 / 5);
+  resize(fontMetrics().averageCharWidth() * 72, alto);
+}
+
+void DialogoConceptos::showEvent(QShowEvent* evento) {
+  QDialog::showEvent(evento);
+  if (!parentWidget()) return;
+  QList<QRect> aLaVista = LoTratado(*parentWidget()->window());
+  if (descubierto_.isValid()) aLaVista.prepend(descubierto_);
+  ColocarSobreSuVentana(*this, aLaVista);
 }
 
 void DialogoConceptos::Conectar() {
   busqueda_->installEventFilter(this);
   connect(busqueda_, &QLineEdit::textChanged, this, &DialogoConceptos::Filtrar);
   connect(por_codigo_, &QRadioButton::toggled, this, &DialogoConceptos::Filtrar);
+  connect(por_codigo_, &QRadioButton::toggled, this, &DialogoConceptos::UnaSolaParada);
   connect(tabla_, &QTableView::doubleClicked, this, &QDialog::accept);
   connect(aceptar_, &QPushButton::clicked, this, &QDialog::accept);
   connect(cancelar_, &QPushButton::clicked, this, &QDialog::reject);
+}
+
+/// The Tab key comes to the way of searching that is set, and the arrows go to the other one.
+void DialogoConceptos::UnaSolaParada() {
+  for (QRadioButton* modo : {por_codigo_, por_nombre_}) {
+    modo->setFocusPolicy(modo->isChecked() ? Qt::StrongFocus : Qt::ClickFocus);
+  }
 }
 
 void DialogoConceptos::Filtrar() {

@@ -17,8 +17,6 @@ constexpr double kContrasteEscaso = 2.5;
 /// The edge has the hue of the background.
 constexpr int kViveza = 160;
 constexpr int kClaridad = 80;
-/// How much darker than its background the frame of the current cell is, in hundredths.
-constexpr int kMarco = 300;
 constexpr int kRaya = 2;  // over and under the current row
 
 /// Draws something in a colour; where it hardly stands out from its background, first as its edge
@@ -83,11 +81,11 @@ void DibujoCelda::paint(QPainter* pintor, const QStyleOptionViewItem& opcion,
                                    rejilla_->ColorDe(fila, celda.column()), opcion.palette);
   pintor->save();
   pintor->fillRect(opcion.rect, colores.Fondo);
-  pintor->setPen(colores.Fondo.darker(kLineaDeColumna));
+  pintor->setPen(LineaSobre(colores.Fondo));
   pintor->drawLine(opcion.rect.topRight(), opcion.rect.bottomRight());
   Escribir(*pintor, opcion.rect, celda, colores);
   PonerDibujo(*pintor, opcion.rect, celda, colores);
-  if (fila == rejilla_->Row) Resaltar(*pintor, opcion, celda, colores.Fondo.darker(kMarco));
+  if (fila == rejilla_->Row) Resaltar(*pintor, opcion, celda, MarcaSobre(colores.Fondo));
   pintor->restore();
 }
 

@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QCloseEvent>
+#include <QKeyEvent>
 #include <QPaintEvent>
 #include <QPointer>
 #include <QTimer>
@@ -10,9 +11,13 @@
 #include "forms/entrada.h"
 #include "forms/escritorio.h"
 #include "forms/form.h"
+#include "qt/colocacion.h"
 #include "qt/colores.h"
 #include "qt/copia_de_vista.h"
+#include "qt/medidas.h"
 #include "qt/nombres.h"
+#include "qt/panel_qt.h"
+#include "qt/teclas_qt.h"
 #include "qt/textos_qt.h"
 #include "qt/vinculo.h"
 #include "qt/vinculos.h"
@@ -27,11 +32,18 @@ services::Cintilla* BarraDe(const services::Form& form) {
   return nullptr;
 }
 
+/// What a panel takes of so much room.
+QSize MedidaEn(const QSize& hueco, QWidget& panel) {
+  if (auto* plegable = dynamic_cast<PanelQt*>(&panel)) return plegable->Caber(hueco);
+  return panel.sizeHint().expandedTo(panel.minimumSize()).boundedTo(hueco);
+}
+
 }  // namespace
 
 Lienzo::Lienzo(services::Form& form, const std::function<void(QWidget&)>& disponer) : form_(&form) {
   setPalette(Legible(QApplication::palette()));
   disponer(*this);
+  AgrandarConLaLetra(*this);
   Unir();
 }
 
@@ -131,7 +143,9 @@ void Lienzo::FinDeEvento() {
 
 void Lienzo::TraerALaVista() {
   Turno turno(*this);
-  for (const auto& [modelo, vinculo] : vinculos_) vinculo->TraerALaVista();
+  for (const auto& [modelo, vinculo] : vinculos_) {
+    if (AlAlcance(vinculo->Vista())) vinculo->TraerALaVista();
+  }
 }
 
 void Lienzo::EmpezarFoco() {
@@ -147,6 +161,9 @@ bool Lienzo::eventFilter(QObject* objeto, QEvent* evento) {
 void Lienzo::changeEvent(QEvent* evento) {
   if (evento->type() == QEvent::ApplicationPaletteChange) {
     setPalette(Legible(QApplication::palette()));
+  }
+  if (evento->type() == QEvent::PaletteChange) {
+    for (const auto& [modelo, vinculo] : vinculos_) vinculo->Mostrar(services::Aspecto::BackColor);
   }
   QWidget::changeEvent(evento);
 }
@@ -202,10 +219,30 @@ void Lienzo::CentrarPaneles() {
   for (QWidget* panel : findChildren<QWidget*>(Qt::FindDirectChildrenOnly)) {
     if (!panel->property("centrado").toBool()) continue;
     panel->raise();
-    const QSize medida = panel->sizeHint().expandedTo(panel->minimumSize()).boundedTo(size());
-    panel->setGeometry(
-        QRect(QPoint(), medida).translated(rect().center() - QRect(QPoint(), medida).center()));
+    panel->setGeometry(LugarDe(*panel));
   }
+}
+
+/// In the middle. One that would leave no more than a strip of the title bar on sight goes below
+/// the bar, or over it where it has to, from the top.
+QRect Lienzo::LugarDe(QWidget& panel) const {
+  QRect lugar(QPoint(), MedidaEn(size(), panel));
+  lugar.translate(rect().center() - lugar.center());
+  const int bajoLaBarra = FinDeLaBarra();
+  if (lugar.top() >= bajoLaBarra) return lugar;
+  const bool entero = lugar.height() < height();
+  lugar.moveTop(0);
+  if (entero && lugar.height() > height() - bajoLaBarra) return lugar;
+  lugar.setSize(MedidaEn(size() - QSize(0, bajoLaBarra), panel));
+  lugar.moveCenter({rect().center().x(), 0});
+  lugar.moveTop(bajoLaBarra);
+  return lugar;
+}
+
+int Lienzo::FinDeLaBarra() const {
+  const services::Cintilla* barra = form_ ? BarraDe(*form_) : nullptr;
+  const Vinculo* vinculo = barra ? De(*barra) : nullptr;
+  return vinculo && !vinculo->Vista().isHidden() ? vinculo->Vista().geometry().bottom() + 1 : 0;
 }
 
 /// Closing the window is asked of the screen, which may refuse.
@@ -213,6 +250,13 @@ void Lienzo::closeEvent(QCloseEvent* evento) {
   evento->ignore();
   if (!form_) return;
   if (services::Cintilla* barra = BarraDe(*form_)) services::entrada::CerrarBarra(*barra);
+}
+
+/// While nothing of the model has the focus the bare surface has the toolkit's.
+void Lienzo::keyPressEvent(QKeyEvent* evento) {
+  const bool escape = teclado::Codigo(*evento) == services::tecla::Escape;
+  if (!escape || !form_ || window()->focusWidget() != this) return QWidget::keyPressEvent(evento);
+  services::entrada::Cancelar(*form_);
 }
 
 /// The Tab key goes by the model's order. The toolkit also asks this when it hides what has the

@@ -54,6 +54,7 @@ class Lienzo final : public QWidget {
   /// The same unless the user is working outside of this screen.
   void RepararFoco();
   void FinDeEvento();
+  /// Brings to sight what a question may be about, where the user can get to it.
   void TraerALaVista();
   /// Takes the user to the first widget when none has the focus.
   void EmpezarFoco();
@@ -65,6 +66,7 @@ class Lienzo final : public QWidget {
   void paintEvent(QPaintEvent* evento) override;
   void resizeEvent(QResizeEvent* evento) override;
   void closeEvent(QCloseEvent* evento) override;
+  void keyPressEvent(QKeyEvent* evento) override;
   bool focusNextPrevChild(bool siguiente) override;
 
  private:
@@ -74,6 +76,8 @@ class Lienzo final : public QWidget {
   void Redimensionado(services::Form& form);
   void Pintado(services::Form& form);
   void CentrarPaneles();
+  [[nodiscard]] QRect LugarDe(QWidget& panel) const;
+  [[nodiscard]] int FinDeLaBarra() const;
   void PonerTitulo();
 
   services::Form* form_;

@@ -57,11 +57,12 @@ int ListaConceptos::columnCount(const QModelIndex& padre) const {
 }
 
 QVariant ListaConceptos::data(const QModelIndex& celda, int papel) const {
-  if (papel == Qt::DisplayRole) {
-    const Concepto& concepto = En(celda.row());
-    return celda.column() == 0 ? concepto.Codigo : concepto.Nombre;
-  }
-  return {};
+  if (papel != Qt::DisplayRole && papel != Qt::AccessibleTextRole) return {};
+  const Concepto& concepto = En(celda.row());
+  if (celda.column() > 0) return concepto.Nombre;
+  // The row is chosen whole, and a screen reader tells the first cell of it.
+  return papel == Qt::DisplayRole ? concepto.Codigo
+                                  : concepto.Codigo + QLatin1Char(' ') + concepto.Nombre;
 }
 
 QVariant ListaConceptos::headerData(int seccion, Qt::Orientation sentido, int papel) const {

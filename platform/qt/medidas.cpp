@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QFontInfo>
+#include <QWidget>
 #include <algorithm>
 
 #include "forms/iform.h"
@@ -28,6 +29,18 @@ int Pixeles(int twips) {
 
 double Twips(double pixeles) {
   return pixeles * services::kTwips / Proporcion();
+}
+
+void AgrandarConLaLetra(QWidget& diseno) {
+  const auto crecer = [](int pixeles) {
+    return pixeles >= QWIDGETSIZE_MAX ? QWIDGETSIZE_MAX : qRound(pixeles * Proporcion());
+  };
+  for (QWidget* vista : diseno.findChildren<QWidget*>()) {
+    const QSize minimo = vista->minimumSize();
+    const QSize maximo = vista->maximumSize();
+    vista->setMinimumSize(crecer(minimo.width()), crecer(minimo.height()));
+    vista->setMaximumSize(crecer(maximo.width()), crecer(maximo.height()));
+  }
 }
 
 QFont Fuente(double puntos, bool negrita) {

@@ -5,6 +5,8 @@
 // The models measure in twips and points for a desktop of plain size; the window follows the
 // desktop's own font and scale.
 
+class QWidget;
+
 namespace qt {
 
 /// Logical pixels of a measure in twips, grown with the desktop's font.
@@ -16,5 +18,9 @@ namespace qt {
 /// The desktop's font at the size of so many points of the model. No text comes out smaller than
 /// the desktop's own: what the models shrink to fit a small screen, the layouts fit by themselves.
 [[nodiscard]] QFont Fuente(double puntos, bool negrita);
+
+/// The sizes that a design fixes are for a desktop of plain size: they grow with the font, so that
+/// a field holds the same text.
+void AgrandarConLaLetra(QWidget& diseno);
 
 }  // namespace qt

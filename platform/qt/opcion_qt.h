@@ -4,8 +4,9 @@
 
 namespace qt {
 
-/// An option that shows what the model says and never changes by itself. For the desktop it is one
-/// of its group, so that it is announced as an option and not as a box to tick.
+/// An option that shows what the model says: neither the mouse nor a key changes it by itself. For
+/// the desktop it is one of its group, so that it is announced as an option and not as a box to
+/// tick.
 class OpcionQt final : public QRadioButton {
  public:
   using QRadioButton::QRadioButton;

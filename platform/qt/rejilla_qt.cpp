@@ -1,6 +1,5 @@
 #include "qt/rejilla_qt.h"
 
-#include <QAccessible>
 #include <QHeaderView>
 #include <QPainter>
 #include <algorithm>
@@ -16,7 +15,6 @@ namespace qt {
 namespace {
 
 constexpr int kAire = 8;  // over and under a line of text, together
-constexpr int kMarco = 2;
 
 int ColumnaMasAncha(const services::MSFlexGrid& rejilla) {
   int ancha = 0;
@@ -42,7 +40,7 @@ QString LaMasLarga(const services::MSFlexGrid& rejilla, int columna) {
 
 }  // namespace
 
-RejillaQt::RejillaQt(QWidget* padre) : QTableView(padre) {
+RejillaQt::RejillaQt(QWidget* padre) : TablaQt(padre) {
   setSelectionMode(NoSelection);
   setAutoScroll(false);
   setEditTriggers(NoEditTriggers);
@@ -94,44 +92,23 @@ void RejillaQt::Repartir() {
   }
 }
 
+void RejillaQt::MarcarFila(int fila) {
+  viewport()->update(LugarDeFila(marcada_));
+  viewport()->update(LugarDeFila(fila));
+  marcada_ = fila;
+}
+
+QRect RejillaQt::LugarDeFila(int fila) const {
+  return {0, rowViewportPosition(fila), viewport()->width(), rowHeight(fila)};
+}
+
 void RejillaQt::resizeEvent(QResizeEvent* evento) {
-  QTableView::resizeEvent(evento);
+  TablaQt::resizeEvent(evento);
   Repartir();
 }
 
-void RejillaQt::focusInEvent(QFocusEvent* evento) {
-  QTableView::focusInEvent(evento);
-  viewport()->update();
-  // What became current meanwhile has not been told.
-  if (QAccessible::isActive()) QTableView::currentChanged(currentIndex(), currentIndex());
-}
-
-void RejillaQt::focusOutEvent(QFocusEvent* evento) {
-  QTableView::focusOutEvent(evento);
-  viewport()->update();
-}
-
-/// The toolkit tells screen readers of a current cell as of one that has got the focus.
-void RejillaQt::currentChanged(const QModelIndex& actual, const QModelIndex& anterior) {
-  if (hasFocus()) return QTableView::currentChanged(actual, anterior);
-  QAbstractItemView::currentChanged(actual, anterior);  // NOLINT(bugprone-parent-virtual-call)
-}
-
-void RejillaQt::paintEvent(QPaintEvent* evento) {
-  QTableView::paintEvent(evento);
-  QPainter pintor(viewport());
-  SeguirFranjas(pintor);
-  if (hasFocus()) Enmarcar(pintor);
-}
-
-/// The current cell may be far below, or in a column that isn't shown.
-void RejillaQt::Enmarcar(QPainter& pintor) {
-  pintor.setPen(QPen(palette().color(QPalette::Highlight), kMarco));
-  pintor.setBrush(Qt::NoBrush);
-  pintor.drawRect(viewport()->rect().adjusted(1, 1, -1, -1));
-}
-
-void RejillaQt::SeguirFranjas(QPainter& pintor) {
+/// The stripes of the rows, on to the bottom.
+void RejillaQt::PintarResto(QPainter& pintor) {
   if (!rejilla_ || rejilla_->Rows < 3 || !model()) return;
   const int ultima = model()->rowCount() - 1;
   int arriba = rowViewportPosition(ultima) + rowHeight(ultima);
@@ -145,7 +122,7 @@ void RejillaQt::SeguirFranjas(QPainter& pintor) {
     const QColor fondo =
         Emparejar(rejilla_->FondoDe(como, 0), rejilla_->ColorDe(como, 0), palette()).Fondo;
     pintor.fillRect(0, arriba, ancho, alto, fondo);
-    pintor.setPen(fondo.darker(kLineaDeColumna));
+    pintor.setPen(LineaSobre(fondo));
     for (int c = 0; c < model()->columnCount(); ++c) {
       const int derecha = columnViewportPosition(c) + columnWidth(c) - 1;
       if (!isColumnHidden(c)) pintor.drawLine(derecha, arriba, derecha, arriba + alto - 1);

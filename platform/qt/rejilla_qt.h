@@ -1,7 +1,8 @@
 #pragma once
 
 #include <QList>
-#include <QTableView>
+
+#include "qt/tabla_qt.h"
 
 namespace services {
 class MSFlexGrid;
@@ -9,9 +10,9 @@ class MSFlexGrid;
 
 namespace qt {
 
-/// The table that shows a grid: fixed row heights, a header that only tells the titles, the stripes
-/// of the rows carried on to its bottom, and a frame while it has the focus.
-class RejillaQt final : public QTableView {
+/// The table that shows a grid: fixed row heights, a header that only tells the titles, and the
+/// stripes of the rows carried on to its bottom.
+class RejillaQt final : public TablaQt {
  public:
   explicit RejillaQt(QWidget* padre = nullptr);
 
@@ -23,21 +24,23 @@ class RejillaQt final : public QTableView {
   void Repartir();
   /// Measures the texts anew; a row that changes later counts from the next time on.
   void Medir();
+  /// The current row is marked over all its cells: the one that was and the one that is are painted
+  /// anew, whole.
+  void MarcarFila(int fila);
+  /// Where that row is in the viewport, as much of it as is on sight.
+  [[nodiscard]] QRect FilaMarcada() const { return LugarDeFila(marcada_) & viewport()->rect(); }
 
  protected:
-  void currentChanged(const QModelIndex& actual, const QModelIndex& anterior) override;
-  void paintEvent(QPaintEvent* evento) override;
+  void PintarResto(QPainter& pintor) override;
   void resizeEvent(QResizeEvent* evento) override;
-  void focusInEvent(QFocusEvent* evento) override;
-  void focusOutEvent(QFocusEvent* evento) override;
 
  private:
-  void SeguirFranjas(QPainter& pintor);
-  void Enmarcar(QPainter& pintor);
+  [[nodiscard]] QRect LugarDeFila(int fila) const;
   [[nodiscard]] int LoQueLeFalta(int columna) const;
 
   const services::MSFlexGrid* rejilla_ = nullptr;
   QList<int> anchos_de_texto_;  // of the longest text of each column
+  int marcada_ = 0;             // row of the view that is marked as the current one
 };
 
 }  // namespace qt

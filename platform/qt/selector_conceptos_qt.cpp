@@ -40,8 +40,13 @@ void SelectorConceptosQt::Buscar(services::Ref<services::IDatosClase>&,
                                  services::Ref<services::Form>& form, std::string_view,
                                  std::string_view clase, const std::string& texto, std::string_view,
                                  bool) {
+  QWidget* ventana = QApplication::activeWindow();
   DialogoConceptos dialogo(LeerConceptos(sesion_.CnDatos()), clase == "Codigo", Texto(texto),
-                           QApplication::activeWindow());
+                           ventana);
+  const auto* campo = ventana ? ventana->findChild<QWidget*>("TxtConcepto") : nullptr;
+  if (campo && campo->isVisible()) {
+    dialogo.Descubrir({campo->mapToGlobal(QPoint()), campo->size()});
+  }
   int resultado = QDialog::Rejected;
   form->Escritorio().Esperar([&] { resultado = dialogo.exec(); });
   if (resultado != QDialog::Accepted) return;

@@ -66,7 +66,9 @@ void Vinculo::MostrarColores() {
 }
 
 void Vinculo::PintarCon(QPalette::ColorRole fondo, QPalette::ColorRole texto) {
-  if (EsDelEscritorio(modelo_->BackColor) && EsDelEscritorio(modelo_->ForeColor)) {
+  const bool enDesuso =
+      modelo_->BackColor == services::color::Inhabilitado && EsOscura(lienzo_.palette());
+  if ((enDesuso || EsDelEscritorio(modelo_->BackColor)) && EsDelEscritorio(modelo_->ForeColor)) {
     vista_.setPalette(QPalette());
     return;
   }

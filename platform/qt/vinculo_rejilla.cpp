@@ -55,6 +55,7 @@ void VinculoRejilla::FinDeEvento() {
   if (std::exchange(vaciada_, false)) Vista().scrollToTop();
   if (actual_movida_ || rehecha_) MostrarActual();
   if (actual_movida_ && !rehecha_ && !Vista().isColumnHidden(Modelo().Col)) TraerALaVista();
+  if (actual_movida_ || rehecha_) Vista().MarcarFila(CeldaActual().row());
   actual_movida_ = rehecha_ = false;
   TomarPrimera();
   if (QAccessible::isActive()) DecirActual();

@@ -25,11 +25,19 @@ void VinculoCasilla::MostrarPropio(Aspecto aspecto) {
 VinculoOpcion::VinculoOpcion(services::OptionButton& modelo, OpcionQt& vista, Lienzo& lienzo)
     : VinculoDe(modelo, vista, lienzo) {
   connect(&vista, &OpcionQt::clicked, this, [this] { Pulsar(); });
+  connect(&vista, &OpcionQt::toggled, this, [this](bool encendida) { TomarValor(encendida); });
 }
 
 void VinculoOpcion::MostrarPropio(Aspecto aspecto) {
   if (aspecto == Aspecto::Caption) Vista().setText(Rotulo(Modelo().Caption()));
   if (aspecto == Aspecto::Value) Vista().Poner(Modelo().Value);
+}
+
+/// A screen reader turns it on without a click, and the toolkit then turns off another of the
+/// group, which is for the model to say.
+void VinculoOpcion::TomarValor(bool encendida) {
+  if (!Atento()) return;
+  encendida ? Pulsar() : Mostrar(Aspecto::Value);
 }
 
 VinculoPulsador::VinculoPulsador(services::Pulsador& modelo, QPushButton& vista, Lienzo& lienzo)

@@ -27,6 +27,9 @@ class VinculoOpcion final : public VinculoDe<services::OptionButton, OpcionQt> {
 
  protected:
   void MostrarPropio(services::Aspecto aspecto) override;
+
+ private:
+  void TomarValor(bool encendida);
 };
 
 class VinculoPulsador final : public VinculoDe<services::Pulsador, QPushButton> {
@@ -44,7 +47,8 @@ class VinculoLista final : public VinculoDe<services::ComboBox, QComboBox> {
 
  protected:
   void MostrarPropio(services::Aspecto aspecto) override;
-  void MostrarColores() override { PintarCon(QPalette::Base, QPalette::Text); }
+  /// Closed, a list that nobody types in is painted as a button.
+  void MostrarColores() override { PintarCon(QPalette::Button, QPalette::ButtonText); }
   bool PulsarTecla(QKeyEvent& evento) override;
 };
 

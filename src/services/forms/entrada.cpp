@@ -26,16 +26,40 @@ bool PasarTabulador(Form& form) {
          pulsacion::PasarTecla(*foco, tecla::Tabulador, 0) != 0;
 }
 
+/// Where the Tab key starts from: what has the focus or, when nothing has, what lost it. Null for a
+/// widget of another screen, or for none.
+const Widget* DondeEstaba(const Form& form) {
+  const Widget* foco = form.Escritorio().Foco();
+  if (!foco) foco = form.Escritorio().FocoPerdido();
+  return foco && &foco->Formulario() == &form ? foco : nullptr;
+}
+
+/// Whether the Tab key comes to a widget past another one, which itself may be out of its order:
+/// then what shares its panel comes next.
+bool Pasa(const Widget& otro, const Widget& desde, bool atras) {
+  if (desde.TabIndex < 0) return otro.Contenedor() == desde.Contenedor();
+  return atras ? otro.TabIndex < desde.TabIndex : otro.TabIndex > desde.TabIndex;
+}
+
+/// The next in that order, round from its end to its beginning.
+Widget& SiguienteEn(const std::vector<Widget*>& orden, const Widget* desde, bool atras) {
+  const auto actual = std::find(orden.begin(), orden.end(), desde);
+  auto siguiente = orden.end();
+  if (actual != orden.end()) {
+    siguiente = std::next(actual);
+  } else if (desde) {
+    siguiente = std::find_if(orden.begin(), orden.end(),
+                             [&](const Widget* w) { return Pasa(*w, *desde, atras); });
+  }
+  return siguiente == orden.end() ? *orden.front() : **siguiente;
+}
+
 void TabularAhora(Form& form, bool atras) {
   if (!PasarTabulador(form)) return;
-  const std::vector<Widget*> orden = form.OrdenDeTabulacion();
+  std::vector<Widget*> orden = form.OrdenDeTabulacion();
   if (orden.empty()) return;
-  const auto donde = std::find(orden.begin(), orden.end(), form.Escritorio().Foco());
-  const std::size_t cuantos = orden.size();
-  const auto actual = static_cast<std::size_t>(donde - orden.begin());
-  std::size_t siguiente = atras ? cuantos - 1 : 0;
-  if (donde != orden.end()) siguiente = (actual + (atras ? cuantos - 1 : 1)) % cuantos;
-  pulsacion::LlevarFoco(*orden[siguiente]);
+  if (atras) std::reverse(orden.begin(), orden.end());
+  pulsacion::LlevarFoco(SiguienteEn(orden, DondeEstaba(form), atras));
 }
 
 }  // namespace
@@ -139,6 +163,10 @@ void SoltarBarra(Cintilla& barra, const Raton& raton) {
 
 void Tabular(Form& form, bool atras) {
   form.Escritorio().Evento([&] { TabularAhora(form, atras); });
+}
+
+void Cancelar(Form& form) {
+  form.Escritorio().Evento([&] { pulsacion::Cancelar(form); });
 }
 
 }  // namespace services::entrada

@@ -78,8 +78,11 @@ void PulsarBarra(Cintilla& barra, const Raton& raton);
 void MoverEnBarra(Cintilla& barra, const Raton& raton);
 void SoltarBarra(Cintilla& barra, const Raton& raton);
 /// Tab or, backwards, Shift and Tab: `KeyDown` of the widget with the focus, which may consume it
-/// or move the focus itself, and then the focus goes to the next widget in the designed order.
+/// or move the focus itself, and then the focus goes to the next widget in the designed order. When
+/// no widget has it, it goes on from where it was lost.
 void Tabular(Form& form, bool atras);
+/// Escape in a screen of which no widget has the focus: clicks the button that cancels.
+void Cancelar(Form& form);
 
 }  // namespace entrada
 }  // namespace services

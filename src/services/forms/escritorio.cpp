@@ -122,12 +122,18 @@ bool Escritorio::DarFoco(Widget& widget) {
     return false;
   }
   if (foco_ == &widget) return true;
-  Widget* llegada = foco_ ? Dejar(widget) : &widget;
-  // The handler may have unloaded, hidden or disabled where the focus was going.
-  foco_ = llegada && llegada->Alcanzable() ? llegada : nullptr;
+  Asentar(foco_ ? Dejar(widget) : &widget);
+  return foco_ == &widget;
+}
+
+/// The handler of the widget that was left may have unloaded, hidden or disabled where the focus
+/// was going.
+void Escritorio::Asentar(Widget* llegada) {
+  const bool llega = llegada && llegada->Alcanzable();
+  foco_ = llega ? llegada : nullptr;
+  perdido_ = llega ? nullptr : llegada;
   MostrarFoco();
   if (foco_) Widget::Disparar(foco_->GotFocus);
-  return foco_ == &widget;
 }
 
 Widget* Escritorio::Dejar(Widget& destino) {
@@ -145,10 +151,7 @@ Widget* Escritorio::Dejar(Widget& destino) {
     if (!yaSale) Widget::Disparar(foco_->LostFocus);
   } catch (...) {
     // An error doesn't hold the user back: the focus goes on, or no click would ever get past it.
-    const Salida salida = acabar();
-    foco_ = salida.destino && salida.destino->Alcanzable() ? salida.destino : nullptr;
-    MostrarFoco();
-    if (foco_) Widget::Disparar(foco_->GotFocus);
+    Asentar(acabar().destino);
     throw;
   }
   return acabar().destino;
@@ -170,12 +173,14 @@ void Escritorio::QuitarFoco() {
   Widget* viejo = foco_;
   if (!viejo || EstaSaliendo(*viejo)) return;
   foco_ = nullptr;
+  perdido_ = viejo;
   if (Ventana* vista = viejo->Formulario().Vista()) vista->Foco(nullptr);
   Widget::Disparar(viejo->LostFocus);
 }
 
 void Escritorio::OlvidarFoco(const Widget& widget) {
   if (foco_ == &widget) foco_ = nullptr;
+  if (perdido_ == &widget) perdido_ = nullptr;
   for (Salida& salida : salidas_) {
     if (salida.viejo == &widget) salida.viejo = nullptr;
     if (salida.destino == &widget) salida.destino = nullptr;
@@ -185,6 +190,7 @@ void Escritorio::OlvidarFoco(const Widget& widget) {
 void Escritorio::RecuperarFoco(Widget& widget) {
   if (foco_ || !widget.Alcanzable()) return;
   foco_ = &widget;
+  perdido_ = nullptr;
   MostrarFoco();
 }
 

@@ -59,6 +59,9 @@ class Escritorio {
 
   /// The widget with the focus, null for none.
   [[nodiscard]] Widget* Foco() const { return foco_; }
+  /// While no widget has the focus, the last one it was taken from, or could not arrive at, because
+  /// that one was hidden or disabled; null for none.
+  [[nodiscard]] Widget* FocoPerdido() const { return perdido_; }
   /// Moves the focus: `LostFocus` of the old widget, then `GotFocus` of the new. Nothing when the
   /// new one can't be reached or has it already. When the `LostFocus` handler gives the focus to
   /// another, that one takes the place of `widget`, which gets no event; when it gives it back to
@@ -101,6 +104,7 @@ class Escritorio {
   void Correr(const std::function<void()>& accion);
   [[nodiscard]] Widget* Dejar(Widget& destino);
   [[nodiscard]] bool EstaSaliendo(const Widget& widget) const;
+  void Asentar(Widget* llegada);
   void MostrarFoco();
 
   const PlataformaDeForms& plataforma_;
@@ -109,6 +113,7 @@ class Escritorio {
   int esperas_ = 0;
   int ocupaciones_ = 0;
   Widget* foco_ = nullptr;
+  Widget* perdido_ = nullptr;
   bool dejando_ = false;  // inside the LostFocus handler of the last of salidas_
   std::vector<Salida> salidas_;
   // Unloaded in this event; let go at its end. The last member, since their widgets, as they go,

@@ -118,17 +118,9 @@ bool SePulsaCon(const Widget& widget, int codigo) {
   return (codigo == tecla::Espacio && (boton || marca)) || (codigo == tecla::Intro && boton);
 }
 
-/// Escape presses the button of the screen that cancels, where it can be reached.
-void Cancelar(const Widget& widget) {
-  for (Widget* otro : widget.Formulario().Widgets()) {
-    auto* boton = dynamic_cast<Pulsador*>(otro);
-    if (boton && boton->Cancela && boton->Alcanzable()) return Pulsar(*boton);
-  }
-}
-
 /// What a key that isn't text does in its widget.
 void Efecto(Widget& widget, int codigo) {
-  if (codigo == tecla::Escape) return Cancelar(widget);
+  if (codigo == tecla::Escape) return Cancelar(widget.Formulario());
   if (SePulsaCon(widget, codigo)) return Pulsar(widget);
   if (auto* caja = dynamic_cast<TextBox*>(&widget)) {
     if (codigo == tecla::Borrar) return BorrarEn(*caja, true);
@@ -201,6 +193,13 @@ bool EntrarALaVista(MSFlexGrid& rejilla) {
   if (columna < 0) return false;
   rejilla.MoverA(std::clamp<int>(rejilla.TopRow, 1, rejilla.Rows - 1), columna);
   return true;
+}
+
+void Cancelar(const Form& form) {
+  for (Widget* widget : form.Widgets()) {
+    auto* boton = dynamic_cast<Pulsador*>(widget);
+    if (boton && boton->Cancela && boton->Alcanzable()) return Pulsar(*boton);
+  }
 }
 
 int PasarTecla(Widget& widget, int codigo, int caracter) {

@@ -35,7 +35,8 @@ class Ventana {
   virtual void Foco(Widget* widget) = 0;
   /// The user's event is over, with all that its handlers did.
   virtual void FinDeEvento() = 0;
-  /// The user is about to be asked: the current rows of the grids have to be on sight.
+  /// The user is about to be asked: the current rows of the grids that can be got to have to be on
+  /// sight.
   virtual void AntesDePreguntar() = 0;
 };
 

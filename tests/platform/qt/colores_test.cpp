@@ -87,6 +87,69 @@ TEST(Colores, LoInhabilitadoSeLeeEnClaroYEnOscuro) {
   QApplication::setPalette(antes);
 }
 
+/// Base of a field that is out of use, as it is painted.
+QColor BaseEnDesuso(Escena& escena) {
+  escena.form->TxtFecha.Enabled = false;
+  escena.form->TxtFecha.BackColor = services::color::Inhabilitado;
+  return escena.Vista<QWidget>("TxtFecha").palette().color(QPalette::Disabled, QPalette::Base);
+}
+
+TEST(Colores, UnCampoEnDesusoTieneSuColorDondeElEscritorioEsClaro) {
+  Escena escena;
+  EXPECT_EQ(BaseEnDesuso(escena), QColor(233, 232, 211));
+}
+
+TEST(Colores, EnUnTemaOscuroUnCampoEnDesusoNoBrillaMasQueLosDemas) {
+  const QPalette antes = QApplication::palette();
+  QApplication::setPalette(Oscura());
+  {
+    Escena escena;
+    const QColor base = BaseEnDesuso(escena);
+    const QPalette campo = escena.Vista<QWidget>("TxtFecha").palette();
+    EXPECT_LT(qGray(base.rgb()), 80);
+    EXPECT_NE(base, campo.color(QPalette::Active, QPalette::Base)) << "y se distingue de ellos";
+    EXPECT_GE(qt::Contraste(base, campo.color(QPalette::Disabled, QPalette::Text)), 4.5);
+  }
+  QApplication::setPalette(antes);
+}
+
+TEST(Colores, AlCambiarDeTemaLosCamposCambianConEl) {
+  const QPalette antes = QApplication::palette();
+  {
+    Escena escena;
+    ASSERT_GT(qGray(BaseEnDesuso(escena).rgb()), 200);
+    QApplication::setPalette(Oscura());
+    QCoreApplication::processEvents();
+    const QPalette campo = escena.Vista<QWidget>("TxtFecha").palette();
+    EXPECT_LT(qGray(campo.color(QPalette::Disabled, QPalette::Base).rgb()), 80);
+  }
+  QApplication::setPalette(antes);
+}
+
+TEST(Colores, LaMarcaDeLaCeldaActualSeVeSobreCualquierFondo) {
+  for (const QColor& fondo : {QColor(Qt::black), QColor(25, 25, 25), QColor(233, 232, 211),
+                              QColor(203, 202, 165), QColor(Qt::white)}) {
+    EXPECT_GE(qt::Contraste(fondo, qt::MarcaSobre(fondo)), 3) << fondo.name().toStdString();
+    EXPECT_NE(fondo, qt::LineaSobre(fondo));
+  }
+}
+
+TEST(Colores, UnaListaDesplegableSePintaConSuColor) {
+  Escena escena;
+  QWidget& lista = escena.Vista<QWidget>("Lista");
+  const auto color = [&lista] {
+    return lista.grab().toImage().pixelColor(lista.width() / 2, lista.height() / 2);
+  };
+  const QColor suelta = color();
+  for (const int fondo : {services::color::ConFoco, services::color::Inhabilitado}) {
+    escena.form->Lista.BackColor = fondo;
+    EXPECT_NE(color(), suelta);
+    EXPECT_GT(color().red() - color().blue(), 5) << "un tono de crema";
+  }
+  escena.form->Lista.BackColor = services::color::Blanco;
+  EXPECT_EQ(color(), suelta);
+}
+
 class TextoElegido : public pruebas::RejillaEnPantalla {
  protected:
   /// The least bright pixel of a cell, away from its frame.

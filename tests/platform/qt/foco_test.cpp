@@ -1,5 +1,6 @@
 #include <gmock/gmock.h>
 
+#include <QAccessible>
 #include <QCheckBox>
 #include <QComboBox>
 #include <QLineEdit>
@@ -83,7 +84,19 @@ TEST_F(Foco, OcultarLoEnfocadoNoPasaElFocoAlVecino) {
   EXPECT_THAT(escena.form->sucesos, ElementsAre("TxtImporte_LostFocus"));
   EXPECT_EQ(escena.Enfocada(), "FrmPrueba");
   Tab();
-  EXPECT_EQ(escena.Enfocada(), "TxtFecha");
+  EXPECT_EQ(escena.Enfocada(), "OptA") << "sigue desde donde estaba";
+}
+
+TEST_F(Foco, SinNadieConElFocoEscapeCancela) {
+  escena.form->BtnCancelar.Cancela = true;
+  escena.form->TxtImporte.SetFocus();
+  escena.form->TxtImporte.Enabled = false;
+  escena.form->sucesos.clear();
+  ASSERT_EQ(escena.Enfocada(), "FrmPrueba");
+  QTest::keyClick(escena.marco.focusWidget(), Qt::Key_A);
+  EXPECT_THAT(escena.form->sucesos, testing::IsEmpty());
+  QTest::keyClick(escena.marco.focusWidget(), Qt::Key_Escape);
+  EXPECT_THAT(escena.form->sucesos, ElementsAre("BtnCancelar_Click"));
 }
 
 TEST_F(Foco, InhabilitarLoEnfocadoTampoco) {
@@ -184,6 +197,32 @@ TEST_F(Foco, UnaOpcionRechazadaNoSeVeElegida) {
   QTest::mouseClick(&b, Qt::LeftButton, {}, QPoint(8, b.height() / 2));
   EXPECT_FALSE(b.isChecked());
   EXPECT_TRUE(escena.Vista<QRadioButton>("OptA").isChecked());
+}
+
+/// What a screen reader does to an option.
+void Encender(QWidget& opcion) {
+  QAccessible::queryAccessibleInterface(&opcion)->actionInterface()->doAction(
+      QAccessibleActionInterface::toggleAction());
+}
+
+TEST_F(Foco, UnLectorDePantallaEligeUnaOpcionEnElModelo) {
+  escena.form->OptA.Value = true;
+  escena.form->sucesos.clear();
+  Encender(escena.Vista<QRadioButton>("OptB"));
+  EXPECT_TRUE(escena.form->OptB.Value);
+  EXPECT_FALSE(escena.form->OptA.Value);
+  EXPECT_TRUE(escena.Vista<QRadioButton>("OptB").isChecked());
+  EXPECT_FALSE(escena.Vista<QRadioButton>("OptA").isChecked());
+  EXPECT_EQ(std::count(escena.form->sucesos.begin(), escena.form->sucesos.end(), "OptB_Click"), 1);
+  EXPECT_EQ(std::count(escena.form->sucesos.begin(), escena.form->sucesos.end(), "OptA_Click"), 0);
+}
+
+TEST_F(Foco, LaQueUnLectorDePantallaNoPuedeElegirSigueApagada) {
+  escena.form->OptA.Value = true;
+  escena.form->OptB.Click = [this] { escena.form->OptA.Value = true; };
+  Encender(escena.Vista<QRadioButton>("OptB"));
+  EXPECT_TRUE(escena.Vista<QRadioButton>("OptA").isChecked());
+  EXPECT_FALSE(escena.Vista<QRadioButton>("OptB").isChecked());
 }
 
 }  // namespace

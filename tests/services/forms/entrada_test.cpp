@@ -13,6 +13,66 @@ namespace entrada = services::entrada;
 
 class Raton : public apoyo::ConPantalla {};
 
+class SinFoco : public apoyo::ConPantalla {
+ protected:
+  /// Where the Tab key goes once the widget with the focus is out of reach.
+  services::Widget* TrasPerderlo(services::Widget& widget, bool atras) {
+    widget.Enabled = true;
+    PonerFoco(widget);
+    widget.Enabled = false;
+    EXPECT_EQ(Foco(), nullptr);
+    entrada::Tabular(f, atras);
+    return Foco();
+  }
+};
+
+TEST_F(SinFoco, ElTabuladorSigueDesdeDondeSePerdio) {
+  EXPECT_EQ(TrasPerderlo(f.Chk, false), &f.OptUno);
+  EXPECT_EQ(TrasPerderlo(f.Chk, true), &f.TxtDentro);
+  EXPECT_EQ(TrasPerderlo(f.Msf, false), &f.TxtA) << "del último al primero";
+  EXPECT_EQ(TrasPerderlo(f.TxtA, true), &f.Barra);
+}
+
+TEST_F(SinFoco, DesdeLoQueNoEstaEnElOrdenSigueEnSuPanel) {
+  f.PicDentro.Enabled = false;
+  services::TextBox otro(f.Pic, "Otro", {.TabIndex = 11});
+  EXPECT_EQ(TrasPerderlo(f.OptDentro, false), &otro);
+  EXPECT_EQ(TrasPerderlo(f.OptDentro, true), &otro);
+}
+
+TEST_F(SinFoco, SiAlDejarloSeInhabilitaElDestinoSigueDesdeEl) {
+  PonerFoco(f.TxtA);
+  f.TxtA.LostFocus = [this] { f.Chk.Enabled = false; };
+  f.Chk.SetFocus();
+  f.TxtA.LostFocus = nullptr;
+  ASSERT_EQ(Foco(), nullptr);
+  entrada::Tabular(f, false);
+  EXPECT_EQ(Foco(), &f.OptUno);
+}
+
+TEST_F(SinFoco, LoQueSeDestruyeNoCuenta) {
+  {
+    services::TextBox otro(f, "Otro", {.TabIndex = 11});
+    PonerFoco(otro);
+    otro.Enabled = false;
+  }
+  EXPECT_EQ(p.escritorio.FocoPerdido(), nullptr);
+  entrada::Tabular(f, false);
+  EXPECT_EQ(Foco(), &f.TxtA);
+}
+
+TEST_F(SinFoco, EscapePulsaElQueCancela) {
+  entrada::Cancelar(f);
+  EXPECT_THAT(sucesos.Tomar(), IsEmpty()) << "ninguno cancela";
+  f.BtnCancelar.Cancela = true;
+  entrada::Cancelar(f);
+  EXPECT_THAT(sucesos.Tomar(),
+              ElementsAre("BtnCancelar.MouseDown", "BtnCancelar.Click", "BtnCancelar.MouseUp"));
+  f.BtnCancelar.Enabled = false;
+  entrada::Cancelar(f);
+  EXPECT_THAT(sucesos.Tomar(), IsEmpty());
+}
+
 TEST_F(Raton, PulsarUnWidgetQueTomaElFoco) {
   PonerFoco(f.TxtA);
   entrada::Pulsar(f.Btn);
