@@ -11,7 +11,7 @@ namespace {
 
 namespace entrada = services::entrada;
 
-/// An invoice of so many euros on the panel, with one rate and one receipt.
+/// An invoice on the panel, with one rate and one receipt; `numero` tells it apart.
 void Teclear(shell::FrmTesvaraGastos& pantalla, int numero) {
   entry::Campos& c = pantalla.Campos;
   const auto poner = [](services::TextBox& campo, const std::string& texto) {

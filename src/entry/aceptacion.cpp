@@ -3,7 +3,6 @@
 #include "datos/recordset.h"
 #include "entry/concepto.h"
 #include "entry/fechas.h"
-#include "forms/entrada.h"
 #include "list/prevision.h"
 #include "valores/formato.h"
 #include "valores/numero.h"
@@ -19,15 +18,6 @@ using services::TextBox;
 
 namespace {
 
-/// What is said of a rate with its VAT and no base, or the other way round.
-struct Reparo {
-  const services::CheckBox& Caja;
-  TextBox& Base;
-  TextBox& Iva;
-  const char* SinBase;
-  const char* SinIva;
-};
-
 /// Worded in another way than when the field is left.
 constexpr const char* kPrevisionIncorrecta = "Fecha de previsión incorrecta";
 
@@ -35,22 +25,15 @@ constexpr const char* kPrevisionIncorrecta = "Fecha de previsión incorrecta";
 
 Aceptacion::Aceptacion(Campos& campos, services::Sesion& sesion, const list::RejillaPagos& lista,
                        const Bloques& bloques, PantallaDeCaja& caja)
-    : c_(campos),
-      sesion_(sesion),
-      lista_(lista),
-      b_(bloques),
-      caja_(caja),
-      factura_(campos, sesion, lista, bloques.Recibos) {
+    : c_(campos), sesion_(sesion), lista_(lista), b_(bloques), caja_(caja) {
   c_.BtnAceptar.Click = [this] { BtnAceptar_Click(); };
 }
 
-bool Aceptacion::Parar(const char* motivo, services::Widget& campo) {
-  sesion_.Aviso().Rechazar(motivo);
-  campo.SetFocus();
-  return false;
+bool Aceptacion::Parar(const std::string& motivo, services::Widget& campo) {
+  return entry::Rechazar(sesion_, motivo, campo);
 }
 
-bool Aceptacion::Rechazar(const char* motivo) {
+bool Aceptacion::PararSinMas(const char* motivo) {
   sesion_.Aviso().Rechazar(motivo);
   return false;
 }
@@ -67,7 +50,7 @@ void Aceptacion::BtnAceptar_Click() {
 bool Aceptacion::Comprobar() {
   if (!ComprobarFechas() || !ComprobarIrpf()) return false;
   PonerTerminosAlDia();
-  if (TieneNumero() && !ComprobarRecibos()) return false;
+  if (TieneNumero() && !(ComprobarRecibos() && ComprobarBases())) return false;
   return ComprobarConcepto() && (!TieneNumero() || ComprobarTotal());
 }
 
@@ -76,10 +59,7 @@ bool Aceptacion::ComprobarFechas() {
     return Parar("Fecha incorrecta", c_.TxtFFra);
   }
   if (c_.TxtFFra.Text().empty()) return true;
-  if (c_.OptVista.Value &&
-      !ComprobarFecha(sesion_, c_.TxtFVista, c_.TxtFFra, {kVistaIncorrecta, kVistaAnterior})) {
-    return false;
-  }
+  if (c_.OptVista.Value && !b_.Terminos.FechaVistaValida()) return false;
   if (c_.OptGenerar.Value && !ComprobarFecha(sesion_, c_.TxtDesde, c_.TxtFFra,
                                              {kPrevisionIncorrecta, kPrevisionAnterior})) {
     return false;
@@ -102,26 +82,24 @@ bool Aceptacion::ComprobarIrpf() {
 /// Receipts that the terms still owe, or the due date as if Enter had been pressed on it.
 void Aceptacion::PonerTerminosAlDia() {
   if (!c_.OptAplazado.Value) {
-    int intro = services::tecla::Intro;
-    b_.Pago.TxtFVista_KeyPress(intro);
-  } else if (b_.Recibos.PrimeraFecha().empty()) {
-    b_.Pago.PonerseAlDia();
+    b_.Terminos.IntroEnFVista();
+  } else if (b_.Vencimientos.PrimeraFecha().empty()) {
+    b_.Terminos.PonerseAlDia();
   }
 }
 
 bool Aceptacion::ComprobarRecibos() {
   if (!ComprobarSuma()) return false;
   // The list can't add up a negative amount: with one in its range the screen would never open.
-  if (b_.Recibos.HayNegativos()) {
+  if (b_.Vencimientos.HayNegativos()) {
     return Parar("Los importes de los recibos no pueden ser negativos", c_.MSFVencimientos);
   }
-  if (b_.Recibos.PrimeraFecha().empty() && !GenerarSiFaltan()) return false;
-  return ComprobarBases();
+  return !b_.Vencimientos.PrimeraFecha().empty() || GenerarSiFaltan();
 }
 
 bool Aceptacion::ComprobarSuma() {
-  return Cuadra(b_.Recibos.SumaDeImportes(), EnCentimos(Numero(c_.TxtIFra.Text))) ||
-         Rechazar(
+  return Cuadra(b_.Vencimientos.SumaDeImportes(), EnCentimos(Numero(c_.TxtIFra.Text))) ||
+         PararSinMas(
              "La suma de los importes de los recibos no coincide con el importe de la factura");
 }
 
@@ -130,7 +108,7 @@ bool Aceptacion::GenerarSiFaltan() {
     if (c_.TxtFVista.Text().empty()) {
       return Parar("Debe indicar una Fecha a la Vista para continuar", c_.TxtFVista);
     }
-    b_.Pago.GenerarVista();
+    b_.Terminos.GenerarVista();
   } else {
     if (c_.TxtNRecibos.Text().empty()) {
       return Parar("Debe indicar un número de recibos para continuar", c_.TxtNRecibos);
@@ -141,25 +119,20 @@ bool Aceptacion::GenerarSiFaltan() {
     if (c_.TxtCadencia.Text().empty()) {
       return Parar("Debe indicar la cadencia entre recibos para continuar", c_.TxtCadencia);
     }
-    b_.Pago.GenerarAplazado();
+    b_.Terminos.GenerarAplazado();
   }
-  b_.Pago.ComprobarRecibos();
+  b_.Terminos.ComprobarRecibos();
   return true;
 }
 
 bool Aceptacion::ComprobarBases() {
-  const Reparo reparos[] = {
-      {c_.Chk16, c_.TxtB16, c_.TxtI16, "Debe indicar la Base del 16% para continuar",
-       "Debe indicar el IVA del 16% para continuar"},
-      {c_.Chk7, c_.TxtB7, c_.TxtI7, "Debe indicar la Base del 7% para continuar",
-       "Debe indicar el IVA del 7% para continuar"},
-      {c_.Chk4, c_.TxtB4, c_.TxtI4, "Debe indicar la Base del 4% para continuar",
-       "Debe indicar el IVA del 4% para continuar"}};
-  for (const Reparo& r : reparos) {
-    const bool sinBase = r.Base.Text().empty();
-    const bool sinIva = r.Iva.Text().empty();
-    if (!r.Caja.Value || sinBase == sinIva) continue;
-    return sinBase ? Parar(r.SinBase, r.Base) : Parar(r.SinIva, r.Iva);
+  for (const Tramo& tramo : c_.Tramos()) {
+    const bool sinBase = tramo.Base.Text().empty();
+    const bool sinIva = tramo.Iva.Text().empty();
+    if (!tramo.Caja.Value || sinBase == sinIva) continue;
+    const std::string falta = std::to_string(tramo.Tipo.Tanto) + "% para continuar";
+    return sinBase ? Parar("Debe indicar la Base del " + falta, tramo.Base)
+                   : Parar("Debe indicar el IVA del " + falta, tramo.Iva);
   }
   return true;
 }
@@ -172,9 +145,8 @@ bool Aceptacion::ComprobarConcepto() {
 
 /// Whatever boxes are ticked.
 bool Aceptacion::ComprobarTotal() {
-  b_.Cifras.CalcularTotal();
-  return Cuadra(c_.TotalCalculado, EnCentimos(Numero(c_.TxtIFra.Text))) ||
-         Rechazar("Los Importes de las Bases de IVA son incorrectos");
+  return Cuadra(b_.Importes.TotalCalculado(), EnCentimos(Numero(c_.TxtIFra.Text))) ||
+         PararSinMas("Los Importes de las Bases de IVA son incorrectos");
 }
 
 bool Aceptacion::ExigirPrevision() {
@@ -213,10 +185,10 @@ bool Aceptacion::GrabarNueva() {
     b_.Prevision.GrabarPrevision();
   }
   if (TieneNumero()) {
-    factura_.GrabarFactura();
+    b_.Factura.GrabarFactura();
     return true;
   }
-  if (b_.Recibos.SinImporte()) return false;
+  if (b_.Vencimientos.SinImporte()) return false;
   if (!sesion_.Aviso().Preguntar("Debe indicar un Número de Factura para poder generarla\n"
                                  "¿Desea Grabar una Factura?")) {
     return true;
@@ -229,7 +201,7 @@ bool Aceptacion::GrabarModificada() {
   if (!services::Trim(c_.TxtNFra.Text()).empty()) {
     const bool esFactura = lista_.EsPagable(lista_.MSFPagos.Row);
     if (esFactura || c_.TxtDesde.Text() != c_.TxtDesde.Tag()) {
-      factura_.GrabarFactura();
+      b_.Factura.GrabarFactura();
     } else if (!GrabarOcurrencia()) {
       return false;
     }
@@ -261,7 +233,7 @@ bool Aceptacion::GrabarOcurrencia() {
       return false;
     }
   }
-  factura_.GrabarFactura();
+  b_.Factura.GrabarFactura();
   return true;
 }
 
@@ -269,11 +241,30 @@ bool Aceptacion::GrabarOcurrencia() {
 /// and the cash screen goes.
 void Aceptacion::Terminar() {
   c_.SaltarValidacion = true;
-  if (c_.BtnAceptar.Tag().empty()) {
-    b_.Lista.CargarGrip();
-    b_.Entrada.Cerrar();
+  try {
+    if (c_.BtnAceptar.Tag().empty()) Cerrar();
+    if (TieneNumero() && !c_.TxtFFra.Text().empty()) SellarCaja();
+  } catch (...) {
+    SoltarCaja();
+    throw;
   }
-  if (TieneNumero() && !c_.TxtFFra.Text().empty()) SellarCaja();
+  SoltarCaja();
+}
+
+/// A list that can't be made has no line left that the panel could stand on: it closes all the
+/// same.
+void Aceptacion::Cerrar() {
+  try {
+    b_.Lista.CargarGrip();
+  } catch (...) {
+    b_.Panel.Cerrar();
+    throw;
+  }
+  b_.Panel.Cerrar();
+}
+
+/// What it lent to this entry is not for the next one.
+void Aceptacion::SoltarCaja() {
   caja_.Descargar();
   c_.ImporteCaja = 0;
   c_.HayImporte = false;

@@ -25,11 +25,12 @@ class Aceptacion {
   /// The blocks whose work it is.
   struct Bloques {
     EdicionVencimiento& Edicion;
-    Vencimientos& Recibos;
-    Terminos& Pago;
-    Importes& Cifras;
+    entry::Vencimientos& Vencimientos;
+    entry::Terminos& Terminos;
+    entry::Importes& Importes;
     entry::Prevision& Prevision;
-    Panel& Entrada;
+    entry::Factura& Factura;
+    entry::Panel& Panel;
     list::ListaPagos& Lista;
     list::Borrado& Borrado;
   };
@@ -59,18 +60,19 @@ class Aceptacion {
   void SellarCaja();
   void Sellar(const ApunteDeCaja& apunte);
   void Terminar();
+  void Cerrar();
+  void SoltarCaja();
 
   [[nodiscard]] bool TieneNumero() const { return !c_.TxtNFra.Text().empty(); }
   /// Tells why, gives the focus, and says that it doesn't go on.
-  bool Parar(const char* motivo, services::Widget& campo);
-  bool Rechazar(const char* motivo);
+  bool Parar(const std::string& motivo, services::Widget& campo);
+  bool PararSinMas(const char* motivo);
 
   Campos& c_;
   services::Sesion& sesion_;
   const list::RejillaPagos& lista_;
   Bloques b_;
   PantallaDeCaja& caja_;
-  Factura factura_;
 };
 
 }  // namespace entry

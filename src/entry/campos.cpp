@@ -114,8 +114,9 @@ bool Campos::EsNueva() const {
   return Label1.Caption() == kNueva;
 }
 
-bool Campos::EsModificacion() const {
-  return Label1.Caption() == kModificacion;
+std::array<Tramo, 3> Campos::Tramos() {
+  return {Tramo{kIva16, Chk16, TxtB16, TxtI16}, Tramo{kIva7, Chk7, TxtB7, TxtI7},
+          Tramo{kIva4, Chk4, TxtB4, TxtI4}};
 }
 
 void Campos::TitularNueva() {

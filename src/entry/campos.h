@@ -1,5 +1,8 @@
 #pragma once
 
+#include <array>
+
+#include "entry/desglose.h"
 #include "forms/controles.h"
 #include "forms/msflexgrid.h"
 
@@ -13,6 +16,14 @@ inline constexpr int Pagado = 2;
 inline constexpr int Marca = 3;
 inline constexpr int Cuantas = 4;
 }  // namespace columna
+
+/// The box and the fields of a VAT rate.
+struct Tramo {
+  const TipoIva& Tipo;
+  services::CheckBox& Caja;
+  services::TextBox& Base;
+  services::TextBox& Iva;
+};
 
 /// The sheet of the entry panel: every widget of `PicNuevo`, and the state that its blocks share.
 /// There is no object of an invoice behind them: what the fields say is what is entered.
@@ -100,12 +111,12 @@ struct Campos {
   bool SaltarValidacion = false;
   /// True while a stored exempt amount is being shown: its box doesn't take the total then.
   bool CargandoFactura = false;
-  /// What bases, VAT and withholding last added up to.
-  double TotalCalculado = 0;
 
-  /// What the panel's title says it is doing.
+  /// The rates in their order: 16, 7, 4.
+  [[nodiscard]] std::array<Tramo, 3> Tramos();
+
+  /// What the panel's title says it is doing: a new entry, or else a modification.
   [[nodiscard]] bool EsNueva() const;
-  [[nodiscard]] bool EsModificacion() const;
   void TitularNueva();
   void TitularModificacion();
 

@@ -16,6 +16,10 @@ Clave ClaveDelPanel(const Campos& campos) {
           AnioDe(campos.TxtFFra.Text())};
 }
 
+Clave ClaveDeLaEntrada(const Campos& campos, const list::RejillaPagos& lista) {
+  return campos.EsNueva() ? ClaveDelPanel(campos) : ClaveDeLaLista(lista);
+}
+
 std::string AnioDe(const std::string& fecha) {
   const auto dia = services::LeerFecha(fecha);
   return dia ? std::to_string(services::Descomponer(*dia).Anio) : "";

@@ -19,6 +19,9 @@ struct Clave {
 /// As the panel's fields tell it.
 [[nodiscard]] Clave ClaveDelPanel(const Campos& campos);
 
+/// That of a new entry as the panel tells it, that of a modification as the list does.
+[[nodiscard]] Clave ClaveDeLaEntrada(const Campos& campos, const list::RejillaPagos& lista);
+
 /// The year of a date as shown; the empty text, which no invoice has as its year, when it is none.
 [[nodiscard]] std::string AnioDe(const std::string& fecha);
 

@@ -10,12 +10,11 @@ using services::TextBox;
 using services::Widget;
 namespace color = services::color;
 
-void UnirCampo(TextBox& campo, EdicionVencimiento& edicion, bool recuerda) {
+void UnirLlegada(TextBox& campo, EdicionVencimiento& edicion, bool recuerda) {
   campo.GotFocus = [&campo, &edicion, recuerda] {
     RecibirFoco(campo, edicion);
     if (recuerda) campo.Tag = campo.Text();
   };
-  campo.LostFocus = [&campo] { PintarBlanco(campo); };
 }
 
 }  // namespace
@@ -57,25 +56,37 @@ void RecibirFoco(TextBox& campo, EdicionVencimiento& edicion) {
   campo.SeleccionarTodo();
 }
 
-FocoComun::FocoComun(Campos& c, EdicionVencimiento& edicion) {
+void UnirFoco(Campos& c, EdicionVencimiento& edicion) {
   for (TextBox* campo :
        {&c.TxtNFra, &c.TxtB16, &c.TxtI16, &c.TxtB7, &c.TxtI7, &c.TxtB4, &c.TxtI4, &c.TxtB0,
         &c.TxtTipoIRPF, &c.TxtBIRPF, &c.TxtIRPF, &c.TxtIPrev, &c.TxtCada, &c.TxtDesde}) {
-    UnirCampo(*campo, edicion, false);
+    UnirLlegada(*campo, edicion, false);
   }
-  c.TxtConcepto.GotFocus = [&c, &edicion] {
-    RecibirFoco(c.TxtConcepto, edicion);
-    // An entry that was refused leaves the flag on: another concept typed then is looked for.
-    c.SaltarValidacion = false;
-  };
   // Those of the payment terms keep the text that they had.
   for (TextBox* campo : {&c.TxtFFra, &c.TxtFVista, &c.TxtNRecibos, &c.TxtDias, &c.TxtCadencia}) {
-    UnirCampo(*campo, edicion, true);
+    UnirLlegada(*campo, edicion, true);
   }
   for (services::CheckBox* caja : {&c.Chk16, &c.Chk7, &c.Chk4, &c.Chk0, &c.Chk15, &c.OptGenerar}) {
     caja->GotFocus = [&edicion] { edicion.CerrarEdicionVencimiento(); };
   }
   c.CboPlazo.GotFocus = [&c] { c.CboPlazo.BackColor = color::ConFoco; };
+  for (TextBox* campo : {&c.TxtNFra, &c.TxtTipoIRPF, &c.TxtCada}) {
+    campo->LostFocus = [campo] { PintarBlanco(*campo); };
+  }
+}
+
+bool Rechazar(services::Sesion& sesion, const std::string& motivo, Widget& campo) {
+  sesion.Aviso().Rechazar(motivo);
+  campo.SetFocus();
+  return false;
+}
+
+void UnirTecleo(services::Sesion& sesion, TextBox& campo, Tecleo tecleo,
+                std::initializer_list<Widget*> cadena) {
+  campo.KeyPress = [&sesion, &campo, tecleo, cadena = std::vector(cadena)](int& codigo) {
+    codigo = Filtrar(sesion, campo, tecleo, codigo);
+    if (codigo == services::tecla::Intro) PasarAlPrimero(cadena);
+  };
 }
 
 }  // namespace entry

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <initializer_list>
+#include <string>
 #include <vector>
 
 #include "entry/campos.h"
@@ -28,12 +30,15 @@ enum class Tecleo { Fecha, Importe, Entero };
 /// of the focus and selects its text.
 void RecibirFoco(services::TextBox& campo, EdicionVencimiento& edicion);
 
-/// Gives all fields of the panel what they do alike when they get the focus or lose it; left, one
-/// is white again. Blocks give the fields that do more handlers of their own, which begin with
-/// these: it comes before them.
-class FocoComun {
- public:
-  FocoComun(Campos& campos, EdicionVencimiento& edicion);
-};
+/// Gives the fields of the panel what they do alike when they get the focus. `TxtConcepto` and
+/// `TxtIFra`, which do more, do so themselves, as do all that do more when they are left.
+void UnirFoco(Campos& campos, EdicionVencimiento& edicion);
+
+/// The keys that a field takes, and where Enter goes on from it: to the first of a chain.
+void UnirTecleo(services::Sesion& sesion, services::TextBox& campo, Tecleo tecleo,
+                std::initializer_list<services::Widget*> cadena);
+
+/// Tells why something doesn't go on, gives that field the focus, and says so: always false.
+bool Rechazar(services::Sesion& sesion, const std::string& motivo, services::Widget& campo);
 
 }  // namespace entry

@@ -26,14 +26,17 @@ class Apagar {
 }  // namespace
 
 Concepto::Concepto(services::Form& pantalla, Campos& campos, services::Sesion& sesion,
-                   const list::RejillaPagos& lista, Terminos& terminos, PantallaDeCaja& caja)
+                   const list::RejillaPagos& lista, EdicionVencimiento& edicion, Terminos& terminos,
+                   PantallaDeCaja& caja)
     : c_(campos),
       sesion_(sesion),
       lista_(lista),
+      edicion_(edicion),
       terminos_(terminos),
       caja_(caja),
       selector_(pantalla, sesion, "TesvaraGastos") {
-  UnirTecleo();
+  UnirTeclas();
+  c_.TxtConcepto.GotFocus = [this] { TxtConcepto_GotFocus(); };
   c_.TxtConcepto.LostFocus = [this] { TxtConcepto_LostFocus(); };
   c_.TxtBusco.Change = [this] { TxtBusco_Change(); };
   // With the mouse going down on it, the field that is left does no look-up on the way.
@@ -42,17 +45,21 @@ Concepto::Concepto(services::Form& pantalla, Campos& campos, services::Sesion& s
   c_.TxtFFra.LostFocus = [this] { TxtFFra_LostFocus(); };
 }
 
-void Concepto::UnirTecleo() {
+void Concepto::UnirTeclas() {
   c_.TxtConcepto.KeyPress = [this](int& codigo) {
     if (codigo == tecla::Intro) c_.TxtFFra.SetFocus();
   };
-  c_.TxtFFra.KeyPress = [this](int& codigo) {
-    codigo = Filtrar(sesion_, c_.TxtFFra, Tecleo::Fecha, codigo);
-    if (codigo == tecla::Intro) PasarAlPrimero({&c_.TxtNFra, &c_.TxtIFra});
-  };
+  UnirTecleo(sesion_, c_.TxtFFra, Tecleo::Fecha, {&c_.TxtNFra, &c_.TxtIFra});
   c_.TxtNFra.KeyPress = [this](int& codigo) {
     if (codigo == tecla::Intro) c_.TxtIFra.SetFocus();
   };
+}
+
+/// An entry that was refused leaves the flag on that spares the look-up: another concept typed then
+/// is looked for.
+void Concepto::TxtConcepto_GotFocus() {
+  RecibirFoco(c_.TxtConcepto, edicion_);
+  c_.SaltarValidacion = false;
 }
 
 void Concepto::TxtConcepto_LostFocus() {
@@ -78,18 +85,13 @@ void Concepto::BuscarConcepto() {
 
 void Concepto::ExigirConcepto() {
   if (c_.TxtConcepto.Text().empty()) {
-    Rechazar(kConceptoEnBlanco);
+    Rechazar(sesion_, kConceptoEnBlanco, c_.TxtConcepto);
     c_.BotonCaja.Enabled = false;
   } else if (c_.TxtNConcepto.Text().empty()) {
-    Rechazar(kConceptoSinCrear);
+    Rechazar(sesion_, kConceptoSinCrear, c_.TxtConcepto);
   } else {
     RehacerCaja();
   }
-}
-
-void Concepto::Rechazar(const char* motivo) {
-  sesion_.Aviso().Rechazar(motivo);
-  c_.TxtConcepto.SetFocus();
 }
 
 /// The cash screen's list is that of the concept; with a row of the list chosen it was loaded
@@ -125,8 +127,7 @@ void Concepto::TxtFFra_LostFocus() {
   PintarBlanco(c_.TxtFFra);
   c_.TxtFFra.Text = sesion_.Utiles().Normalizada(c_.TxtFFra.Text());
   c_.TxtFVista.Text = c_.TxtFFra.Text();
-  int intro = tecla::Intro;
-  terminos_.TxtFVista_KeyPress(intro);
+  terminos_.IntroEnFVista();
   c_.TxtDesde.Text = c_.TxtFFra.Text();
 }
 

@@ -1,8 +1,7 @@
 #pragma once
 
-#include <string>
-
 #include "entry/campos.h"
+#include "entry/edicion_vencimiento.h"
 #include "entry/pantalla_de_caja.h"
 #include "entry/selector.h"
 #include "entry/terminos.h"
@@ -16,10 +15,12 @@ namespace entry {
 class Concepto {
  public:
   Concepto(services::Form& pantalla, Campos& campos, services::Sesion& sesion,
-           const list::RejillaPagos& lista, Terminos& terminos, PantallaDeCaja& caja);
+           const list::RejillaPagos& lista, EdicionVencimiento& edicion, Terminos& terminos,
+           PantallaDeCaja& caja);
 
  private:
-  void UnirTecleo();
+  void UnirTeclas();
+  void TxtConcepto_GotFocus();
   void TxtConcepto_LostFocus();
   void TxtBusco_Change();
   void CmdCon_Click();
@@ -27,12 +28,12 @@ class Concepto {
 
   void BuscarConcepto();
   void ExigirConcepto();
-  void Rechazar(const char* motivo);
   void RehacerCaja();
 
   Campos& c_;
   services::Sesion& sesion_;
   const list::RejillaPagos& lista_;
+  EdicionVencimiento& edicion_;
   Terminos& terminos_;
   PantallaDeCaja& caja_;
   Selector selector_;

@@ -10,12 +10,15 @@ namespace entry {
 
 /// A VAT rate.
 struct TipoIva {
-  double Divisor;  ///< total over base
-  double Tanto;    ///< hundredths of the base
+  const char* Codigo;  ///< `Tipo` of its rows in the table of bases
+  double Divisor;      ///< total over base
+  int Tanto;           ///< hundredths of the base
 };
-inline constexpr TipoIva kIva16{1.16, 16};
-inline constexpr TipoIva kIva7{1.07, 7};
-inline constexpr TipoIva kIva4{1.04, 4};
+inline constexpr TipoIva kIva16{"1", 1.16, 16};
+inline constexpr TipoIva kIva7{"2", 1.07, 7};
+inline constexpr TipoIva kIva4{"3", 1.04, 4};
+/// `Tipo` of the exempt part there.
+inline constexpr const char* kExento = "0";
 
 struct BaseEIva {
   std::string Base;

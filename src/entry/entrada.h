@@ -35,13 +35,13 @@ class Entrada {
  public:
   Entrada(Campos& campos, const Vecinos& v);
 
-  Vencimientos Recibos;
+  entry::Vencimientos Vencimientos;
   EdicionVencimiento Edicion;
-  FocoComun Foco;
-  Terminos Pago;
-  Importes Cifras;
+  entry::Terminos Terminos;
+  entry::Importes Importes;
   entry::Prevision Prevision;
   entry::Concepto Concepto;
+  entry::Factura Factura;
   entry::Panel Panel;
   entry::Aceptacion Aceptacion;
 };

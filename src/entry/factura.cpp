@@ -1,19 +1,29 @@
 #include "entry/factura.h"
 
-#include <algorithm>
-
+#include "entry/comunes.h"
+#include "list/guarda.h"
 #include "valores/error.h"
+#include "valores/formato.h"
 #include "valores/texto.h"
 
 namespace entry {
 
+using services::Mascara;
 using services::ModoApertura;
 using services::Recordset;
 using services::TextBox;
+using services::Valor;
 
 namespace {
 
 constexpr const char* kYaExiste = "Esta Factura ya exite ";
+
+/// The statement that looks for an invoice in `tabla`, "And" written as `y` before its year.
+std::string BuscarEn(const std::string& tabla, const char* y, const Clave& clave) {
+  return "SELECT " + tabla + ".* FROM " + tabla + " WHERE RTRIM(LTRIM(" + tabla +
+         ".Factura)) like '" + clave.Factura + "' And " + tabla + ".NConcepto like '" +
+         clave.NConcepto + "' " + y + " " + tabla + ".Año like '" + clave.Anio + "'";
+}
 
 /// A field that can't stay empty gets its value.
 void Completar(TextBox& campo, const char* valor) {
@@ -23,19 +33,110 @@ void Completar(TextBox& campo, const char* valor) {
 }  // namespace
 
 Factura::Factura(Campos& campos, services::Sesion& sesion, const list::RejillaPagos& lista,
-                 Vencimientos& vencimientos)
-    : c_(campos), sesion_(sesion), lista_(lista), vencimientos_(vencimientos) {}
+                 Vencimientos& vencimientos, Terminos& terminos)
+    : c_(campos),
+      sesion_(sesion),
+      lista_(lista),
+      vencimientos_(vencimientos),
+      terminos_(terminos) {}
+
+bool Factura::CargarFactura() {
+  const Clave clave = ClaveDeLaLista(lista_);
+  Recordset factura;
+  factura.Open(
+      "SELECT TempProvFacturas.* FROM TempProvFacturas WHERE TempProvFacturas.NConcepto like '" +
+          clave.NConcepto + "'  And RTRIM(LTRIM(TempProvFacturas.Factura)) like '" + clave.Factura +
+          "' And TempProvFacturas.Año like '" + clave.Anio + "'",
+      sesion_.CnTemp(), ModoApertura::Lectura);
+  if (factura.Eof()) return false;
+  c_.TxtNConcepto.Text = factura.Collect("NConcepto").Texto();
+  c_.TxtConcepto.Text = factura.Collect("Descripcion").Texto();
+  c_.TxtFFra.Text = sesion_.Utiles().Mostrada(factura.Collect("Fecha").Texto());
+  c_.TxtNFra.Text = std::string(services::Trim(factura.Collect("Factura").Texto()));
+  c_.TxtIFra.Text = Mascara(factura.Collect("Total").Leer());
+  c_.TxtIFra.Tag = c_.TxtIFra.Text();
+  // The key of a saved invoice can't change here.
+  for (TextBox* campo : {&c_.TxtConcepto, &c_.TxtNFra, &c_.TxtFFra}) Habilitar(*campo, false);
+  c_.CmdCon.Enabled = false;
+  vencimientos_.CargarVencimientos();
+  vencimientos_.GuardarVencimientos();
+  factura.Collect("forpago").Texto() == "1" ? PonerVista(clave) : PonerAplazado(factura);
+  PonerIrpf(factura);
+  PonerBases(clave);
+  return true;
+}
+
+void Factura::PonerAplazado(Recordset& factura) {
+  terminos_.Opt("Aplazado", true, false);
+  c_.TxtNRecibos.Text = factura.Collect("NRecibos").Texto();
+  c_.TxtDias.Text = factura.Collect("Dias1Vto").Texto();
+  c_.TxtDias1.Text = c_.TxtDias.Text();
+  c_.TxtCadencia.Text = factura.Collect("Cadencia").Texto();
+  c_.TxtCadencia1.Text = c_.TxtCadencia.Text();
+}
+
+void Factura::PonerVista(const Clave& clave) {
+  terminos_.Opt("Vista", true, false);
+  Recordset rs;
+  rs.Open(
+      "SELECT TempProvVencimientos.* FROM TempProvVencimientos WHERE "
+      "TempProvVencimientos.NConcepto like '" +
+          clave.NConcepto + "' AND Trim(TempProvVencimientos.NFactura) like '" + clave.Factura +
+          "' AND TempProvVencimientos.Año like '" + clave.Anio + "'",
+      sesion_.CnTemp(), ModoApertura::Lectura);
+  c_.TxtFVista.Text = rs.Eof() ? vencimientos_.PrimeraFecha()
+                               : sesion_.Utiles().Mostrada(rs.Collect("FechaVto").Texto());
+  c_.TxtFVista.Tag = c_.TxtFVista.Text();
+}
+
+void Factura::PonerIrpf(Recordset& factura) {
+  const std::string tipo = factura.Collect("TipoIRPF").Texto();
+  if (tipo == "0" || tipo.empty()) return;
+  c_.Chk15.Value = true;
+  c_.TxtTipoIRPF.Text = Mascara(factura.Collect("TipoIRPF").Leer(), services::mascara::Entero);
+  c_.TxtBIRPF.Text = Mascara(factura.Collect("BIRPF").Leer());
+  c_.TxtIRPF.Text = Mascara(factura.Collect("IRPF").Leer());
+}
+
+void Factura::PonerBases(const Clave& clave) {
+  Recordset rs;
+  rs.Open(
+      "SELECT TempProvBasesIva.* FROM TempProvBasesIva WHERE TempProvBasesIva.NConcepto like '" +
+          clave.NConcepto + "' And Trim(TempProvBasesIva.NFactura) like '" + clave.Factura +
+          "' And TempProvBasesIva.Año like '" + clave.Anio + "'",
+      sesion_.CnTemp(), ModoApertura::Lectura);
+  if (rs.Eof()) {
+    // Wholly exempt.
+    c_.TxtB0.Text = Mascara(Valor(c_.TxtIFra.Text()));
+    c_.Chk0.Value = true;
+  }
+  for (; !rs.Eof(); rs.MoveNext()) PonerBase(rs);
+}
+
+/// The texts come first: the click of a box that goes on leaves them alone.
+void Factura::PonerBase(Recordset& base) {
+  const std::string tipo = base.Collect("Tipo").Texto();
+  for (const Tramo& tramo : c_.Tramos()) {
+    if (tipo != tramo.Tipo.Codigo) continue;
+    tramo.Base.Text = Mascara(base.Collect("Base").Leer());
+    tramo.Iva.Text = Mascara(base.Collect("Importe").Leer());
+    tramo.Caja.Value = true;
+    return;
+  }
+  c_.TxtB0.Text = Mascara(base.Collect("Exento").Leer());
+  const list::Mientras cargando(c_.CargandoFactura);
+  c_.Chk0.Value = true;
+}
 
 void Factura::GrabarFactura() {
   if (c_.TxtNConcepto.Text().empty()) {
     return sesion_.Aviso().Rechazar("Error al grabar, Faltan Datos");
   }
   Recordset rs;
-  if (c_.EsModificacion()) {
-    AbrirModificada(rs);
-  } else if (EstaRepetida(rs)) {
-    return;
-  }
+  rs.Open(BuscarEn("TempProvFacturas", "And", c_.EsNueva() ? ClaveDelPanel(c_) : ClaveModificada()),
+          sesion_.CnTemp(), ModoApertura::Pesimista);
+  // A number that is free in the working copy may be taken in the stored tables.
+  if (c_.EsNueva() && (EstaAlmacenada() || !rs.Eof())) return RechazarRepetida();
   // A changed invoice keeps its row.
   if (rs.Eof()) rs.AddNew();
   Rellenar(rs);
@@ -43,36 +144,23 @@ void Factura::GrabarFactura() {
   vencimientos_.GrabarVencimientos();
 }
 
-std::string Factura::BuscarEn(const char* tabla, const char* y, const Clave& clave) const {
-  const std::string t = tabla;
-  return "SELECT " + t + ".* FROM " + t + " WHERE RTRIM(LTRIM(" + t + ".Factura)) like '" +
-         clave.Factura + "' And " + t + ".NConcepto like '" + clave.NConcepto + "' " + y + " " + t +
-         ".Año like '" + clave.Anio + "'";
+bool Factura::EstaAlmacenada() const {
+  Recordset rs;
+  rs.Open(BuscarEn("ProvFacturas", "and", ClaveDelPanel(c_)), sesion_.CnDatos(),
+          ModoApertura::Pesimista);
+  return !rs.Eof();
 }
 
-/// A number that is free in the working copy may be taken in the stored tables.
-bool Factura::EstaRepetida(Recordset& rs) {
-  const Clave clave = ClaveDelPanel(c_);
-  rs.Open(BuscarEn("TempProvFacturas", "And", clave), sesion_.CnTemp(), ModoApertura::Pesimista);
-  Recordset almacenadas;
-  almacenadas.Open(BuscarEn("ProvFacturas", "and", clave), sesion_.CnDatos(),
-                   ModoApertura::Pesimista);
-  if (rs.Eof() && almacenadas.Eof()) return false;
+void Factura::RechazarRepetida() {
   sesion_.Aviso().Mostrar(kYaExiste, services::mensaje::Alto, "Error");
   c_.TxtNFra.SetFocus();
   c_.BtnAceptar.Tag = "F";
-  return true;
 }
 
 Clave Factura::ClaveModificada() const {
   Clave clave = ClaveDeLaLista(lista_);
   if (clave.Factura.empty()) clave.Factura = services::Trim(c_.TxtNFra.Text());
   return clave;
-}
-
-void Factura::AbrirModificada(Recordset& rs) const {
-  rs.Open(BuscarEn("TempProvFacturas", "And", ClaveModificada()), sesion_.CnTemp(),
-          ModoApertura::Pesimista);
 }
 
 void Factura::Rellenar(Recordset& rs) {
@@ -124,7 +212,7 @@ void Factura::AbrirBases(Recordset& rs) const {
            "' And TempProvBasesIva.NConcepto like '" + concepto + y + anio + "'";
   };
   std::string cual;
-  if (c_.EsModificacion()) {
+  if (!c_.EsNueva()) {
     cual = condicion(fila.Factura, fila.NConcepto, "' And TempProvBasesIva.Año like '", fila.Anio);
     Recordset borradas;
     borradas.Open("DELETE TempProvBasesIva.* " + cual, sesion_.CnTemp(), ModoApertura::Optimista);
@@ -136,14 +224,19 @@ void Factura::AbrirBases(Recordset& rs) const {
   rs.Open("SELECT TempProvBasesIva.* " + cual, sesion_.CnTemp(), ModoApertura::Optimista);
 }
 
-std::array<Factura::Partida, 4> Factura::Partidas() const {
-  return {Partida{"1", c_.TxtB16, &c_.TxtI16}, Partida{"2", c_.TxtB7, &c_.TxtI7},
-          Partida{"3", c_.TxtB4, &c_.TxtI4}, Partida{"0", c_.TxtB0, nullptr}};
+std::vector<Factura::Partida> Factura::Partidas() const {
+  std::vector<Partida> partidas;
+  for (const Tramo& tramo : c_.Tramos()) {
+    if (!tramo.Base.Text().empty()) {
+      partidas.push_back({tramo.Tipo.Codigo, tramo.Base, &tramo.Iva});
+    }
+  }
+  if (!c_.TxtB0.Text().empty()) partidas.push_back({kExento, c_.TxtB0, nullptr});
+  return partidas;
 }
 
 bool Factura::AnadirBases(Recordset& rs) {
   for (const Partida& partida : Partidas()) {
-    if (partida.Base.Text().empty()) continue;
     rs.AddNew();
     if (!EscribirBase(rs, partida, "Exento")) return false;
   }
@@ -153,16 +246,14 @@ bool Factura::AnadirBases(Recordset& rs) {
 /// Of each row only the first rate in use is looked at; rows of rates no longer in use remain.
 bool Factura::ActualizarBases(Recordset& rs) {
   const auto partidas = Partidas();
-  const auto usada = [](const Partida& p) { return !p.Base.Text().empty(); };
-  const auto primera = std::find_if(partidas.begin(), partidas.end(), usada);
   bool hallada = false;
   for (; !rs.Eof(); rs.MoveNext()) {
-    if (primera == partidas.end() || rs.Collect("Tipo").Texto() != primera->Tipo) continue;
-    if (!EscribirBase(rs, *primera, "Exento")) return false;
+    if (partidas.empty() || rs.Collect("Tipo").Texto() != partidas.front().Tipo) continue;
+    if (!EscribirBase(rs, partidas.front(), "Exento")) return false;
     hallada = true;
   }
   for (const Partida& partida : partidas) {
-    if (!usada(partida) || (hallada && &partida == &*primera)) continue;
+    if (hallada && &partida == &partidas.front()) continue;
     rs.AddNew();
     // The exempt part goes where a base does, unlike in an invoice without rows.
     if (!EscribirBase(rs, partida, "Base")) return false;

@@ -1,24 +1,28 @@
 #pragma once
 
-#include <array>
 #include <string>
+#include <vector>
 
 #include "datos/recordset.h"
 #include "entry/campos.h"
 #include "entry/clave.h"
+#include "entry/terminos.h"
 #include "entry/vencimientos.h"
 #include "list/rejilla_pagos.h"
 #include "services/sesion.h"
 
 namespace entry {
 
-/// The invoice on the panel, as it goes into the working tables: its row, those of its bases, and
-/// through `Vencimientos` its receipts.
+/// The invoice on the panel, as it comes out of the working tables and goes into them: its row,
+/// those of its bases, and through `Vencimientos` its receipts.
 class Factura {
  public:
   Factura(Campos& campos, services::Sesion& sesion, const list::RejillaPagos& lista,
-          Vencimientos& vencimientos);
+          Vencimientos& vencimientos, Terminos& terminos);
 
+  /// Fills the panel with the invoice of the list's current row; whether the working tables have
+  /// it.
+  [[nodiscard]] bool CargarFactura();
   /// Writes it; the checks have passed. What comes of it is `BtnAceptar.Tag`: "F" when it was
   /// refused.
   void GrabarFactura();
@@ -31,16 +35,22 @@ class Factura {
     const services::TextBox* Iva;  ///< null for the exempt part
   };
 
-  [[nodiscard]] std::string BuscarEn(const char* tabla, const char* y, const Clave& clave) const;
-  [[nodiscard]] bool EstaRepetida(services::Recordset& rs);
+  void PonerAplazado(services::Recordset& factura);
+  void PonerVista(const Clave& clave);
+  void PonerIrpf(services::Recordset& factura);
+  void PonerBases(const Clave& clave);
+  void PonerBase(services::Recordset& base);
+
+  [[nodiscard]] bool EstaAlmacenada() const;
+  void RechazarRepetida();
   [[nodiscard]] Clave ClaveModificada() const;
-  void AbrirModificada(services::Recordset& rs) const;
   void Rellenar(services::Recordset& rs);
   /// Whether the pending row was written; a refusal is told, and leaves the focus there.
   [[nodiscard]] bool Escribir(services::Recordset& rs, const char* siNoCabe,
                               services::TextBox& campo);
 
-  [[nodiscard]] std::array<Partida, 4> Partidas() const;
+  /// Those in use, in their order.
+  [[nodiscard]] std::vector<Partida> Partidas() const;
   [[nodiscard]] bool GrabarBases();
   void AbrirBases(services::Recordset& rs) const;
   [[nodiscard]] bool AnadirBases(services::Recordset& rs);
@@ -52,6 +62,7 @@ class Factura {
   services::Sesion& sesion_;
   const list::RejillaPagos& lista_;
   Vencimientos& vencimientos_;
+  Terminos& terminos_;
 };
 
 }  // namespace entry

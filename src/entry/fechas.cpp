@@ -25,6 +25,11 @@ std::string FechaMas(const std::string& fecha, std::string_view unidad, double c
   return services::TextoDeFecha(services::SumarFecha(unidad, enteros, services::Fecha(fecha)));
 }
 
+std::string_view UnidadDePropuesta(const std::string& plazo) {
+  if (plazo == "Dias") return "d";
+  return plazo == "Meses" ? "m" : "yyyy";
+}
+
 bool ComprobarFecha(services::Sesion& sesion, services::TextBox& fecha,
                     const services::TextBox& factura, const ReparosDeFecha& reparos) {
   if (factura.Text().empty()) return true;

@@ -16,15 +16,16 @@ namespace entry {
 [[nodiscard]] std::string FechaMas(const std::string& fecha, std::string_view unidad,
                                    double cuantos);
 
-/// What is said of a date of eight or ten characters that it isn't, and of one before the
-/// invoice's.
+/// The unit that the first date of a forecast is proposed by. "Días" is written with its accent,
+/// and asked for here without it: days are proposed as years. What is saved counts them as days all
+/// the same.
+[[nodiscard]] std::string_view UnidadDePropuesta(const std::string& plazo);
+
+/// What is said of a date that isn't eight or ten characters long, and of one before the invoice's.
 struct ReparosDeFecha {
   const char* Incorrecta;
   const char* Anterior;
 };
-inline constexpr const char* kVistaIncorrecta = "Fecha a la vista incorrecta";
-inline constexpr const char* kVistaAnterior =
-    "La Fecha a la vista no puede ser menor a la Fecha Factura";
 inline constexpr const char* kPrevisionAnterior =
     "La Fecha de la previsión no puede ser menor a la Fecha Factura";
 

@@ -39,12 +39,12 @@ Importes::Importes(Campos& campos, services::Sesion& sesion, const list::Rejilla
                    EdicionVencimiento& edicion, Terminos& terminos)
     : c_(campos), sesion_(sesion), lista_(lista), edicion_(edicion), terminos_(terminos) {
   UnirCajas();
-  UnirTecleo();
-  for (const Fila& fila : Filas()) {
-    fila.Base.LostFocus = [this, fila] {
-      Dejar(fila.Base, &fila.Iva, [&] { return ComprobarBase(fila); });
+  UnirTeclas();
+  for (const Tramo& tramo : c_.Tramos()) {
+    tramo.Base.LostFocus = [this, tramo] {
+      Dejar(tramo.Base, &tramo.Iva, [&] { return ComprobarBase(tramo); });
     };
-    fila.Iva.LostFocus = [&campo = fila.Iva] {
+    tramo.Iva.LostFocus = [&campo = tramo.Iva] {
       PintarBlanco(campo);
       Enmascarar(campo);
     };
@@ -62,64 +62,33 @@ Importes::Importes(Campos& campos, services::Sesion& sesion, const list::Rejilla
   c_.TxtIFra.LostFocus = [this] { TxtIFra_LostFocus(); };
 }
 
-/// The row of 7 % looks at its own box, which is always on there, and never at that of 4 %: its
-/// last check is never made.
-std::array<Importes::Fila, 3> Importes::Filas() {
-  return {Fila{c_.Chk16,
-               c_.TxtB16,
-               c_.TxtI16,
-               kIva16,
-               "Base del 16% Incorrecta",
-               {&c_.Chk7, &c_.Chk4, &c_.Chk0}},
-          Fila{c_.Chk7,
-               c_.TxtB7,
-               c_.TxtI7,
-               kIva7,
-               "Base del 7% Incorrecta",
-               {&c_.Chk7, &c_.Chk16, &c_.Chk0}},
-          Fila{c_.Chk4,
-               c_.TxtB4,
-               c_.TxtI4,
-               kIva4,
-               "Base del 4% Incorrecta",
-               {&c_.Chk7, &c_.Chk16, &c_.Chk0}}};
-}
-
 void Importes::UnirCajas() {
   const auto unir = [this](CheckBox& caja, int tipo) {
     caja.Click = [this, &caja, tipo] { Chk(tipo, caja.Value); };
   };
-  unir(c_.Chk16, 16);
-  unir(c_.Chk7, 7);
-  unir(c_.Chk4, 4);
+  for (const Tramo& tramo : c_.Tramos()) unir(tramo.Caja, tramo.Tipo.Tanto);
   unir(c_.Chk0, 0);
   unir(c_.Chk15, 15);
 }
 
-/// Where Enter goes on from each field: to the first that is in use.
-void Importes::UnirTecleo() {
-  Unir(c_.TxtB16, Tecleo::Importe, {&c_.TxtI16});
-  Unir(c_.TxtB7, Tecleo::Importe, {&c_.TxtI7});
-  Unir(c_.TxtB4, Tecleo::Importe, {&c_.TxtI4});
-  Unir(c_.TxtI16, Tecleo::Importe,
+/// Where Enter goes on from each field.
+void Importes::UnirTeclas() {
+  const auto unir = [this](TextBox& campo, Tecleo tecleo,
+                           std::initializer_list<services::Widget*> cadena) {
+    UnirTecleo(sesion_, campo, tecleo, cadena);
+  };
+  for (const Tramo& tramo : c_.Tramos()) unir(tramo.Base, Tecleo::Importe, {&tramo.Iva});
+  unir(c_.TxtI16, Tecleo::Importe,
        {&c_.TxtB7, &c_.TxtB4, &c_.TxtB0, &c_.TxtFVista, &c_.TxtCada, &c_.TxtNRecibos});
-  Unir(c_.TxtI7, Tecleo::Importe,
+  unir(c_.TxtI7, Tecleo::Importe,
        {&c_.TxtB4, &c_.TxtB0, &c_.TxtFVista, &c_.TxtCada, &c_.TxtNRecibos});
-  Unir(c_.TxtI4, Tecleo::Importe, {&c_.TxtB0, &c_.TxtFVista, &c_.TxtCada, &c_.TxtNRecibos});
-  Unir(c_.TxtB0, Tecleo::Importe, {&c_.TxtFVista, &c_.TxtNRecibos});
-  Unir(c_.TxtTipoIRPF, Tecleo::Entero, {&c_.TxtBIRPF});
-  Unir(c_.TxtBIRPF, Tecleo::Importe, {&c_.TxtIRPF});
-  Unir(c_.TxtIRPF, Tecleo::Importe,
+  unir(c_.TxtI4, Tecleo::Importe, {&c_.TxtB0, &c_.TxtFVista, &c_.TxtCada, &c_.TxtNRecibos});
+  unir(c_.TxtB0, Tecleo::Importe, {&c_.TxtFVista, &c_.TxtNRecibos});
+  unir(c_.TxtTipoIRPF, Tecleo::Entero, {&c_.TxtBIRPF});
+  unir(c_.TxtBIRPF, Tecleo::Importe, {&c_.TxtIRPF});
+  unir(c_.TxtIRPF, Tecleo::Importe,
        {&c_.TxtB16, &c_.TxtB7, &c_.TxtB4, &c_.TxtFVista, &c_.TxtCada, &c_.TxtNRecibos});
   c_.TxtIFra.KeyPress = [this](int& codigo) { TxtIFra_KeyPress(codigo); };
-}
-
-void Importes::Unir(TextBox& campo, Tecleo tecleo,
-                    std::initializer_list<services::Widget*> cadena) {
-  campo.KeyPress = [this, &campo, tecleo, cadena = std::vector(cadena)](int& codigo) {
-    codigo = Filtrar(sesion_, campo, tecleo, codigo);
-    if (codigo == tecla::Intro) PasarAlPrimero(cadena);
-  };
 }
 
 void Importes::Chk(int Tipo, bool Estado) {
@@ -129,14 +98,13 @@ void Importes::Chk(int Tipo, bool Estado) {
       if (!Estado) campo->Text = "";
     }
   };
-  if (Tipo == 16) poner({&c_.TxtB16, &c_.TxtI16});
-  if (Tipo == 7) poner({&c_.TxtB7, &c_.TxtI7});
-  if (Tipo == 4) poner({&c_.TxtB4, &c_.TxtI4});
+  for (const Tramo& tramo : c_.Tramos()) {
+    if (Tipo == tramo.Tipo.Tanto) poner({&tramo.Base, &tramo.Iva});
+  }
   if (Tipo == 0) {
     poner({&c_.TxtB0});
-    const bool sola = !c_.Chk16.Value && !c_.Chk7.Value && !c_.Chk4.Value;
     // A fully exempt invoice needs no typing.
-    if (Estado && !c_.CargandoFactura && sola) c_.TxtB0.Text = Enmascarado(c_.TxtIFra);
+    if (Estado && !c_.CargandoFactura && !HayTipos()) c_.TxtB0.Text = Enmascarado(c_.TxtIFra);
   }
   if (Tipo == 15) {
     c_.LblTipo.Enabled = Estado;
@@ -150,18 +118,16 @@ double Importes::Partidas() const {
          Num(c_.TxtI7) + Num(c_.TxtI4);
 }
 
-void Importes::CalcularTotal() {
-  c_.TotalCalculado = Partidas() - Num(c_.TxtIRPF);
+double Importes::TotalCalculado() const {
+  return Partidas() - Num(c_.TxtIRPF);
+}
+
+bool Importes::HayTipos() const {
+  return c_.Chk16.Value || c_.Chk7.Value || c_.Chk4.Value;
 }
 
 double Importes::Total() const {
   return Numero(c_.TxtIFra.Text);
-}
-
-bool Importes::Rechazar(const char* motivo, TextBox& campo) {
-  sesion_.Aviso().Rechazar(motivo);
-  campo.SetFocus();
-  return false;
 }
 
 /// A check that fails leaves the flag on, and the next leaving gets past it.
@@ -175,48 +141,48 @@ void Importes::Dejar(TextBox& base, TextBox* derivado, const std::function<bool(
   c_.SaltarValidacion = false;
 }
 
-bool Importes::ComprobarBase(const Fila& fila) {
-  if (LimiteDeBase(Total(), Num(c_.TxtIRPF), fila.Tipo) < Num(fila.Base)) {
-    return Rechazar(fila.Incorrecta, fila.Base);
+bool Importes::ComprobarBase(const Tramo& tramo) {
+  const std::string incorrecta = "Base del " + std::to_string(tramo.Tipo.Tanto) + "% Incorrecta";
+  if (LimiteDeBase(Total(), Num(c_.TxtIRPF), tramo.Tipo) < Num(tramo.Base)) {
+    return Rechazar(sesion_, incorrecta, tramo.Base);
   }
-  fila.Iva.Text = IvaDe(Numero(fila.Base.Text), fila.Tipo);
-  Enmascarar(fila.Base);
-  CalcularTotal();
-  const bool ultima = std::none_of(fila.Otras.begin(), fila.Otras.end(),
-                                   [](const CheckBox* caja) { return caja->Value(); });
-  if (ultima && !Cuadra(c_.TotalCalculado, Total())) return Rechazar(fila.Incorrecta, fila.Base);
-  return true;
+  tramo.Iva.Text = IvaDe(Numero(tramo.Base.Text), tramo.Tipo);
+  Enmascarar(tramo.Base);
+  const double suma = TotalCalculado();
+  return !EsLaUltima(tramo) || Cuadra(suma, Total()) || Rechazar(sesion_, incorrecta, tramo.Base);
+}
+
+/// That of 7 % looks at its own box, which is always on there, and never at that of 4 %: its last
+/// check is never made. That of 4 % looks at the other two.
+bool Importes::EsLaUltima(const Tramo& tramo) const {
+  const CheckBox& otra = &tramo.Caja == &c_.Chk16 ? c_.Chk4 : c_.Chk16;
+  return !c_.Chk7.Value && !otra.Value && !c_.Chk0.Value;
 }
 
 /// Unlike a base, its limit and its sum leave the withholding out.
 bool Importes::ComprobarExento() {
   const char* const incorrecto = "Importe Exento Incorrecto";
   if (services::Importe(Enmascarado(c_.TxtIFra)) < Num(c_.TxtB0)) {
-    return Rechazar(incorrecto, c_.TxtB0);
+    return Rechazar(sesion_, incorrecto, c_.TxtB0);
   }
   Enmascarar(c_.TxtB0);
-  c_.TotalCalculado = Partidas();
-  const bool ultimo = !c_.Chk7.Value && !c_.Chk4.Value && !c_.Chk16.Value;
-  if (ultimo && !Cuadra(c_.TotalCalculado, Total())) return Rechazar(incorrecto, c_.TxtB0);
-  return true;
+  const double suma = Partidas();
+  return HayTipos() || Cuadra(suma, Total()) || Rechazar(sesion_, incorrecto, c_.TxtB0);
 }
 
 bool Importes::ComprobarBaseIrpf() {
   const double tanto = services::Val(c_.TxtTipoIRPF.Text());
   if (LimiteDeIrpf(Total(), tanto) < Num(c_.TxtBIRPF)) {
-    if (!c_.Chk0.Value) return Rechazar("Base de IRPF Incorrecta", c_.TxtBIRPF);
+    if (!c_.Chk0.Value) return Rechazar(sesion_, "Base de IRPF Incorrecta", c_.TxtBIRPF);
     // An exempt invoice may carry a base beyond its total.
     c_.TxtIRPF.Text = IrpfDe(Numero(c_.TxtBIRPF.Text), tanto);
     return true;
   }
   Enmascarar(c_.TxtBIRPF);
   c_.TxtIRPF.Text = IrpfDe(Numero(c_.TxtBIRPF.Text), tanto);
-  CalcularTotal();
-  const bool sinTipos = !c_.Chk16.Value && !c_.Chk7.Value && !c_.Chk4.Value && !c_.Chk0.Value;
-  if (sinTipos && !Cuadra(c_.TotalCalculado, Total())) {
-    return Rechazar("IRPF Incorrecto", c_.TxtIRPF);
-  }
-  return true;
+  const double suma = TotalCalculado();
+  return HayTipos() || c_.Chk0.Value || Cuadra(suma, Total()) ||
+         Rechazar(sesion_, "IRPF Incorrecto", c_.TxtIRPF);
 }
 
 void Importes::TxtTipoIRPF_Change() {
@@ -253,9 +219,8 @@ void Importes::TxtIFra_LostFocus() {
 void Importes::TotalModificado() {
   const std::string antes = Mascara(Valor(c_.TxtIFra.Tag()));
   if (Enmascarado(c_.TxtIFra) == antes) return;
-  c_.HayImporte = !sesion_.Aviso().Preguntar(
-      "Se ha modificado el importe, los recibos se generarán desde cero");
-  if (c_.HayImporte) {
+  if (!terminos_.ConsienteRehacer(
+          "Se ha modificado el importe, los recibos se generarán desde cero")) {
     c_.TxtIFra.Text = antes;
   } else if (c_.OptVista.Value) {
     terminos_.GenerarVista();
@@ -273,48 +238,47 @@ void Importes::PrimerTotal() {
 /// By the fields that are in use. The withholding is left out: correcting for it is the user's work
 /// in the base.
 void Importes::RepartirTotal() {
-  const auto filas = Filas();
-  const auto usadas =
-      std::count_if(filas.begin(), filas.end(), [](const Fila& f) { return f.Base.Enabled(); });
-  const auto partes = usadas + (c_.TxtB0.Enabled ? 1 : 0);
+  const auto tramos = c_.Tramos();
+  const auto enUso = [](const Tramo& tramo) { return tramo.Base.Enabled(); };
+  const auto usados = std::count_if(tramos.begin(), tramos.end(), enUso);
+  const auto partes = usados + (c_.TxtB0.Enabled ? 1 : 0);
   // As texts: "0,00" is more than "0", a negative amount less.
   if (partes == 0 || c_.TxtIFra.Text().empty() ||
       services::CompararTexto(c_.TxtIFra.Text(), "0") <= 0) {
     return;
   }
-  if (partes > 1) return SepararEnLaPrimera();
-  if (usadas == 0) {
+  const auto primero = std::find_if(tramos.begin(), tramos.end(), enUso);
+  if (usados == 0) {
     c_.TxtB0.Text = Enmascarado(c_.TxtIFra);
-    return;
+  } else if (partes == 1) {
+    Poner(*primero, SepararTotal(Total(), primero->Tipo));
+  } else {
+    SepararEn(*primero, LoQueDejan({std::next(primero), tramos.end()}));
   }
-  const auto fila =
-      std::find_if(filas.begin(), filas.end(), [](const Fila& f) { return f.Base.Enabled(); });
-  const BaseEIva partidas = SepararTotal(Total(), fila->Tipo);
-  fila->Base.Text = partidas.Base;
-  fila->Iva.Text = partidas.Iva;
 }
 
-/// The first rate in use takes what the lower ones and the exempt part leave.
-void Importes::SepararEnLaPrimera() {
-  const auto filas = Filas();
-  const auto primera =
-      std::find_if(filas.begin(), filas.end(), [](const Fila& f) { return f.Base.Enabled(); });
+/// What the lower rates and the exempt part leave of the total.
+double Importes::LoQueDejan(std::span<const Tramo> menores) const {
   double resto = EnCentimos(Total());
-  for (auto fila = std::next(primera); fila != filas.end(); ++fila) {
-    if (fila->Base.Text().empty()) continue;
-    resto -= Numero(fila->Base.Text) + Numero(fila->Iva.Text);
+  for (const Tramo& tramo : menores) {
+    if (tramo.Base.Text().empty()) continue;
+    resto -= Numero(tramo.Base.Text) + Numero(tramo.Iva.Text);
   }
-  if (!c_.TxtB0.Text().empty()) resto -= Numero(c_.TxtB0.Text);
+  return c_.TxtB0.Text().empty() ? resto : resto - Numero(c_.TxtB0.Text);
+}
+
+/// The first rate in use takes it.
+void Importes::SepararEn(const Tramo& primero, double resto) {
   // By the cent: what Doubles leave of a sum that fits is no debt.
-  if (EnCentimos(resto) >= 0) {
-    const BaseEIva partidas = SepararResto(resto, primera->Tipo);
-    primera->Base.Text = partidas.Base;
-    primera->Iva.Text = partidas.Iva;
-    return;
-  }
-  Rechazar("Las Bases son mayores al importe de la Facturas", primera->Base);
-  primera->Base.Text = Mascara(0.0, "0.00");
-  primera->Iva.Text = Mascara(0.0, "0.00");
+  if (EnCentimos(resto) >= 0) return Poner(primero, SepararResto(resto, primero.Tipo));
+  Rechazar(sesion_, "Las Bases son mayores al importe de la Facturas", primero.Base);
+  const std::string nada = Mascara(0.0, "0.00");
+  Poner(primero, {nada, nada});
+}
+
+void Importes::Poner(const Tramo& tramo, const BaseEIva& partidas) {
+  tramo.Base.Text = partidas.Base;
+  tramo.Iva.Text = partidas.Iva;
 }
 
 }  // namespace entry

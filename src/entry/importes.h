@@ -1,7 +1,7 @@
 #pragma once
 
-#include <array>
 #include <functional>
+#include <span>
 
 #include "entry/campos.h"
 #include "entry/comunes.h"
@@ -23,32 +23,19 @@ class Importes {
 
   /// The fields of a rate on or off: 16, 7, 4, 0 for the exempt part, 15 for the withholding.
   void Chk(int Tipo, bool Estado);
-  /// Bases, VAT and exempt part less the withholding, into `TotalCalculado`.
-  void CalcularTotal();
+  /// What bases, VAT and exempt part add up to, less the withholding.
+  [[nodiscard]] double TotalCalculado() const;
 
  private:
-  /// A rate as the panel shows it.
-  struct Fila {
-    services::CheckBox& Caja;
-    services::TextBox& Base;
-    services::TextBox& Iva;
-    TipoIva Tipo;
-    const char* Incorrecta;
-    /// The boxes that keep the last check from being made.
-    std::array<const services::CheckBox*, 3> Otras;
-  };
-  [[nodiscard]] std::array<Fila, 3> Filas();
-
   void UnirCajas();
-  void UnirTecleo();
-  void Unir(services::TextBox& campo, Tecleo tecleo,
-            std::initializer_list<services::Widget*> cadena);
-
+  void UnirTeclas();
   /// A field that is checked loses the focus. Empty it empties what derives from it, null for
   /// nothing; otherwise `cuadra` checks it, unless this leaving is let through.
   void Dejar(services::TextBox& base, services::TextBox* derivado,
              const std::function<bool()>& cuadra);
-  [[nodiscard]] bool ComprobarBase(const Fila& fila);
+  [[nodiscard]] bool ComprobarBase(const Tramo& tramo);
+  /// Whether all that the total bears is in the base of that rate.
+  [[nodiscard]] bool EsLaUltima(const Tramo& tramo) const;
   [[nodiscard]] bool ComprobarExento();
   [[nodiscard]] bool ComprobarBaseIrpf();
   void TxtTipoIRPF_Change();
@@ -59,11 +46,13 @@ class Importes {
   void TotalModificado();
   void PrimerTotal();
   void RepartirTotal();
-  void SepararEnLaPrimera();
+  [[nodiscard]] double LoQueDejan(std::span<const Tramo> menores) const;
+  void SepararEn(const Tramo& primero, double resto);
+  static void Poner(const Tramo& tramo, const BaseEIva& partidas);
 
-  /// Shows the message, puts the focus there, and says that the check failed.
-  bool Rechazar(const char* motivo, services::TextBox& campo);
   [[nodiscard]] double Total() const;
+  /// Whether the box of a rate is on.
+  [[nodiscard]] bool HayTipos() const;
   /// Bases, VAT and exempt part.
   [[nodiscard]] double Partidas() const;
 

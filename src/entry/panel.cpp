@@ -4,19 +4,11 @@
 #include "entry/fechas.h"
 #include "forms/escritorio.h"
 #include "forms/form.h"
-#include "list/editor_en_celda.h"
-#include "list/guarda.h"
-#include "valores/formato.h"
-#include "valores/texto.h"
 
 namespace entry {
 
 using services::CheckBox;
-using services::Mascara;
-using services::ModoApertura;
-using services::Recordset;
 using services::TextBox;
-using services::Valor;
 
 Panel::Panel(Campos& campos, services::Sesion& sesion, const list::RejillaPagos& lista,
              list::EdicionPagado& edicion, const Bloques& bloques, PantallaDeCaja& caja,
@@ -33,16 +25,15 @@ Panel::Panel(Campos& campos, services::Sesion& sesion, const list::RejillaPagos&
 }
 
 void Panel::Preparar() {
-  b_.Recibos.Preparar();
+  b_.Vencimientos.Preparar();
   c_.Chk16.Value = true;
-  b_.Cifras.Chk(7, c_.Chk7.Value);
-  b_.Cifras.Chk(4, c_.Chk4.Value);
-  b_.Cifras.Chk(15, c_.Chk15.Value);
-  b_.Cifras.Chk(0, c_.Chk0.Value);
+  b_.Importes.Chk(7, c_.Chk7.Value);
+  b_.Importes.Chk(4, c_.Chk4.Value);
+  b_.Importes.Chk(15, c_.Chk15.Value);
+  b_.Importes.Chk(0, c_.Chk0.Value);
   c_.OptVista.Value = true;
-  b_.Pago.Opt("Generar", c_.OptGenerar.Value, false);
-  b_.Pago.Opt("Aplazado", c_.OptAplazado.Value, false);
-  list::Cerrar(c_.TxtMsf2);
+  b_.Terminos.Opt("Generar", c_.OptGenerar.Value, false);
+  b_.Terminos.Opt("Aplazado", c_.OptAplazado.Value, false);
 }
 
 void Panel::AbrirNueva() {
@@ -96,7 +87,6 @@ void Panel::BtnCancelar_Click() {
 void Panel::LimpiarPanel() {
   c_.BtnCancelar.Tag = "";
   c_.SaltarValidacion = false;
-  list::Cerrar(c_.TxtMsf2);
   LimpiarCampos();
   for (CheckBox* caja : {&c_.Chk16, &c_.Chk7, &c_.Chk4, &c_.Chk0}) caja->Value = false;
   // On and off, so that its click clears the withholding whatever it was before.
@@ -105,7 +95,7 @@ void Panel::LimpiarPanel() {
   c_.OptVista.Value = false;
   c_.OptGenerar.Value = false;
   c_.OptAplazado.Value = false;
-  b_.Recibos.Vaciar();
+  b_.Vencimientos.Reiniciar();
   for (TextBox* campo : {&c_.TxtConcepto, &c_.TxtNFra, &c_.TxtFFra}) Habilitar(*campo, true);
   c_.CmdCon.Enabled = true;
   Habilitar(c_.TxtIPrev, false);
@@ -129,19 +119,15 @@ void Panel::LimpiarCampos() {
 void Panel::PrepararNueva() {
   LimpiarPanel();
   c_.TxtFFra.Text = Hoy(sesion_);
-  b_.Pago.Opt("Vista", true, false);
+  b_.Terminos.Opt("Vista", true, false);
   b_.Prevision.ActivarPrevision(false);
   c_.Chk16.Value = true;
-  c_.Chk15.Value = false;
-  c_.TitularNueva();
 }
 
 void Panel::CargarFactura() {
   LimpiarPanel();
   b_.Prevision.ActivarPrevision(false);
-  c_.BtnCancelar.Tag = "";
   c_.TitularModificacion();
-  list::Cerrar(c_.TxtMsf2);
   CargarFila();
   // The cash screen shows what belongs to the row.
   caja_.Cargar();
@@ -153,95 +139,11 @@ void Panel::CargarFila() {
     lista_.MSFPagos.TextMatrix(fila, 1).empty() ? PrepararNueva() : b_.Prevision.CargarPrevision();
     return;
   }
-  const Clave clave = ClaveDeLaLista(lista_);
-  Recordset factura;
-  factura.Open(
-      "SELECT TempProvFacturas.* FROM TempProvFacturas WHERE TempProvFacturas.NConcepto like '" +
-          clave.NConcepto + "'  And RTRIM(LTRIM(TempProvFacturas.Factura)) like '" + clave.Factura +
-          "' And TempProvFacturas.Año like '" + clave.Anio + "'",
-      sesion_.CnTemp(), ModoApertura::Lectura);
-  factura.Eof() ? PrepararNueva() : CargarDeTabla(clave, factura);
-}
-
-void Panel::CargarDeTabla(const Clave& clave, Recordset& factura) {
-  c_.TxtNConcepto.Text = factura.Collect("NConcepto").Texto();
-  c_.TxtConcepto.Text = factura.Collect("Descripcion").Texto();
-  c_.TxtFFra.Text = sesion_.Utiles().Mostrada(factura.Collect("Fecha").Texto());
-  c_.TxtNFra.Text = std::string(services::Trim(factura.Collect("Factura").Texto()));
-  c_.TxtIFra.Text = Mascara(factura.Collect("Total").Leer());
-  c_.TxtIFra.Tag = c_.TxtIFra.Text();
-  // The key of a saved invoice can't change here.
-  for (TextBox* campo : {&c_.TxtConcepto, &c_.TxtNFra, &c_.TxtFFra}) Habilitar(*campo, false);
-  c_.CmdCon.Enabled = false;
-  b_.Recibos.CargarVencimientos();
-  b_.Recibos.GuardarVencimientos();
-  factura.Collect("forpago").Texto() == "1" ? PonerVista(clave) : PonerAplazado(factura);
-  PonerIrpf(factura);
-  PonerBases(clave);
-  b_.Prevision.CargarPrevision();
-}
-
-void Panel::PonerAplazado(Recordset& factura) {
-  b_.Pago.Opt("Aplazado", true, false);
-  c_.TxtNRecibos.Text = factura.Collect("NRecibos").Texto();
-  c_.TxtDias.Text = factura.Collect("Dias1Vto").Texto();
-  c_.TxtDias1.Text = c_.TxtDias.Text();
-  c_.TxtCadencia.Text = factura.Collect("Cadencia").Texto();
-  c_.TxtCadencia1.Text = c_.TxtCadencia.Text();
-}
-
-void Panel::PonerVista(const Clave& clave) {
-  b_.Pago.Opt("Vista", true, false);
-  Recordset rs;
-  rs.Open(
-      "SELECT TempProvVencimientos.* FROM TempProvVencimientos WHERE "
-      "TempProvVencimientos.NConcepto like '" +
-          clave.NConcepto + "' AND Trim(TempProvVencimientos.NFactura) like '" + clave.Factura +
-          "' AND TempProvVencimientos.Año like '" + clave.Anio + "'",
-      sesion_.CnTemp(), ModoApertura::Lectura);
-  c_.TxtFVista.Text = rs.Eof() ? b_.Recibos.PrimeraFecha()
-                               : sesion_.Utiles().Mostrada(rs.Collect("FechaVto").Texto());
-  c_.TxtFVista.Tag = c_.TxtFVista.Text();
-}
-
-void Panel::PonerIrpf(Recordset& factura) {
-  const std::string tipo = factura.Collect("TipoIRPF").Texto();
-  if (tipo == "0" || tipo.empty()) return;
-  c_.Chk15.Value = true;
-  c_.TxtTipoIRPF.Text = Mascara(factura.Collect("TipoIRPF").Leer(), services::mascara::Entero);
-  c_.TxtBIRPF.Text = Mascara(factura.Collect("BIRPF").Leer());
-  c_.TxtIRPF.Text = Mascara(factura.Collect("IRPF").Leer());
-}
-
-void Panel::PonerBases(const Clave& clave) {
-  Recordset rs;
-  rs.Open(
-      "SELECT TempProvBasesIva.* FROM TempProvBasesIva WHERE TempProvBasesIva.NConcepto like '" +
-          clave.NConcepto + "' And Trim(TempProvBasesIva.NFactura) like '" + clave.Factura +
-          "' And TempProvBasesIva.Año like '" + clave.Anio + "'",
-      sesion_.CnTemp(), ModoApertura::Lectura);
-  if (rs.Eof()) {
-    // Wholly exempt.
-    c_.TxtB0.Text = Mascara(Valor(c_.TxtIFra.Text()));
-    c_.Chk0.Value = true;
+  if (b_.Factura.CargarFactura()) {
+    b_.Prevision.CargarPrevision();
+  } else {
+    PrepararNueva();
   }
-  for (; !rs.Eof(); rs.MoveNext()) PonerBase(rs);
-}
-
-/// The texts come first: the click of a box that goes on leaves them alone.
-void Panel::PonerBase(Recordset& base) {
-  const auto poner = [&base](TextBox& campoBase, TextBox& campoIva, CheckBox& caja) {
-    campoBase.Text = Mascara(base.Collect("Base").Leer());
-    campoIva.Text = Mascara(base.Collect("Importe").Leer());
-    caja.Value = true;
-  };
-  const std::string tipo = base.Collect("Tipo").Texto();
-  if (tipo == "1") return poner(c_.TxtB16, c_.TxtI16, c_.Chk16);
-  if (tipo == "2") return poner(c_.TxtB7, c_.TxtI7, c_.Chk7);
-  if (tipo == "3") return poner(c_.TxtB4, c_.TxtI4, c_.Chk4);
-  c_.TxtB0.Text = Mascara(base.Collect("Exento").Leer());
-  const list::Mientras cargando(c_.CargandoFactura);
-  c_.Chk0.Value = true;
 }
 
 }  // namespace entry

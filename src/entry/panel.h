@@ -1,10 +1,7 @@
 #pragma once
 
-#include <string>
-
-#include "datos/recordset.h"
 #include "entry/campos.h"
-#include "entry/clave.h"
+#include "entry/factura.h"
 #include "entry/importes.h"
 #include "entry/pantalla_de_caja.h"
 #include "entry/prevision.h"
@@ -31,10 +28,11 @@ class Panel {
  public:
   /// The blocks that it fills.
   struct Bloques {
-    Vencimientos& Recibos;
-    Terminos& Pago;
-    Importes& Cifras;
+    entry::Vencimientos& Vencimientos;
+    entry::Terminos& Terminos;
+    entry::Importes& Importes;
     entry::Prevision& Prevision;
+    entry::Factura& Factura;
   };
   Panel(Campos& campos, services::Sesion& sesion, const list::RejillaPagos& lista,
         list::EdicionPagado& edicion, const Bloques& bloques, PantallaDeCaja& caja,
@@ -50,22 +48,15 @@ class Panel {
   /// The user goes back to where he was.
   void Cerrar();
 
+ private:
+  void BtnCancelar_Click();
   void LimpiarPanel();
   void PrepararNueva();
   void CargarFactura();
-
- private:
-  void BtnCancelar_Click();
   void Abrir();
   [[nodiscard]] services::Widget& PrimerCampo();
   void LimpiarCampos();
   void CargarFila();
-  void CargarDeTabla(const Clave& clave, services::Recordset& factura);
-  void PonerAplazado(services::Recordset& factura);
-  void PonerVista(const Clave& clave);
-  void PonerIrpf(services::Recordset& factura);
-  void PonerBases(const Clave& clave);
-  void PonerBase(services::Recordset& base);
 
   Campos& c_;
   services::Sesion& sesion_;

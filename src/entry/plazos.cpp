@@ -1,6 +1,5 @@
 #include "entry/plazos.h"
 
-#include "entry/desglose.h"
 #include "entry/fechas.h"
 #include "valores/error.h"
 #include "valores/formato.h"

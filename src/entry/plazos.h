@@ -28,8 +28,8 @@ struct ReciboNuevo {
 /// rounded to cents, and the last one what that leaves; the paid share has no such correction. Each
 /// due date is so many plain days after the one before, whatever the months' lengths.
 ///
-/// Throws 11 for no receipts and 6 for more than 999, 13 when the invoice's date is none, and 5 where the calendar ends: the receipts up to
-/// there have been visited.
+/// Throws 11 for no receipts and 6 for more than 999, 13 when the invoice's date is none, and 5
+/// where the calendar ends: the receipts up to there have been visited.
 void RepartirEnRecibos(const Plazos& plazos,
                        const std::function<void(int, const ReciboNuevo&)>& visitar);
 

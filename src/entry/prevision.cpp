@@ -1,11 +1,11 @@
 #include "entry/prevision.h"
 
 #include "datos/recordset.h"
+#include "entry/clave.h"
 #include "entry/comunes.h"
 #include "entry/fechas.h"
 #include "forms/entrada.h"
 #include "list/linea.h"
-#include "valores/fecha.h"
 #include "valores/formato.h"
 #include "valores/numero.h"
 
@@ -40,7 +40,7 @@ std::string SentenciaDePrevision(const std::string& concepto) {
 
 Prevision::Prevision(Campos& campos, services::Sesion& sesion, const list::RejillaPagos& lista)
     : c_(campos), sesion_(sesion), lista_(lista) {
-  UnirTecleo();
+  UnirTeclas();
   c_.OptGenerar.Click = [this] { ActivarPrevision(c_.OptGenerar.Value); };
   c_.TxtIPrev.LostFocus = [this] {
     PintarBlanco(c_.TxtIPrev);
@@ -50,15 +50,9 @@ Prevision::Prevision(Campos& campos, services::Sesion& sesion, const list::Rejil
   c_.TxtDesde.LostFocus = [this] { TxtDesde_LostFocus(); };
 }
 
-void Prevision::UnirTecleo() {
-  c_.TxtIPrev.KeyPress = [this](int& codigo) {
-    codigo = Filtrar(sesion_, c_.TxtIPrev, Tecleo::Importe, codigo);
-    if (codigo == tecla::Intro) PasarAlPrimero({&c_.TxtCada});
-  };
-  c_.TxtCada.KeyPress = [this](int& codigo) {
-    codigo = Filtrar(sesion_, c_.TxtCada, Tecleo::Entero, codigo);
-    if (codigo == tecla::Intro) c_.CboPlazo.SetFocus();
-  };
+void Prevision::UnirTeclas() {
+  UnirTecleo(sesion_, c_.TxtIPrev, Tecleo::Importe, {&c_.TxtCada});
+  UnirTecleo(sesion_, c_.TxtCada, Tecleo::Entero, {&c_.CboPlazo});
   c_.CboPlazo.KeyPress = [this](int& codigo) {
     if (codigo == tecla::Intro) c_.TxtDesde.SetFocus();
   };
@@ -69,23 +63,19 @@ void Prevision::UnirTecleo() {
 }
 
 void Prevision::ActivarPrevision(bool Estado) {
-  c_.TxtCada.Enabled = Estado;
-  c_.CboPlazo.Enabled = Estado;
-  c_.TxtDesde.Enabled = Estado;
+  for (services::Widget* campo : std::initializer_list<services::Widget*>{
+           &c_.TxtCada, &c_.CboPlazo, &c_.TxtDesde, &c_.TxtIPrev}) {
+    Habilitar(*campo, Estado);
+  }
   c_.TxtDesde.Text = "";
   c_.TxtDesde.Tag = "";
   c_.TxtCada.Text = "";
   c_.CboPlazo.ListIndex = -1;
   c_.TxtIPrev.Text = "";
-  c_.TxtIPrev.Enabled = Estado;
-  const std::initializer_list<services::Widget*> campos = {&c_.TxtCada, &c_.CboPlazo, &c_.TxtIPrev,
-                                                           &c_.TxtDesde};
-  for (services::Widget* campo : campos) PintarInhabilitado(*campo);
   if (!Estado) return;
   CargarPrevision();
   // By default it repeats the invoice's amount.
   if (c_.TxtIPrev.Text().empty()) c_.TxtIPrev.Text = Mascara(Valor(c_.TxtIFra.Text()));
-  for (services::Widget* campo : campos) PintarBlanco(*campo);
   // The date of a stored forecast gives way, where the box was ticked by hand.
   c_.TxtDesde.Text = c_.TxtFFra.Text().empty() ? Hoy(sesion_) : c_.TxtFFra.Text();
   c_.TxtDesde.Tag = c_.TxtDesde.Text();
@@ -110,10 +100,9 @@ void Prevision::CargarPrevision() {
 }
 
 void Prevision::GrabarPrevision() {
-  const std::string concepto =
-      c_.EsModificacion() ? lista_.LineaDe(lista_.MSFPagos.Row).NConcepto : c_.TxtNConcepto.Text();
   Recordset rs;
-  rs.Open(SentenciaDePrevision(concepto), sesion_.CnTemp(), ModoApertura::Optimista);
+  rs.Open(SentenciaDePrevision(ClaveDeLaEntrada(c_, lista_).NConcepto), sesion_.CnTemp(),
+          ModoApertura::Optimista);
   if (rs.Eof()) rs.AddNew();
   rs.Collect("NConcepto") = c_.TxtNConcepto.Text();
   rs.Collect("Descripcion") = c_.TxtConcepto.Text();
@@ -143,12 +132,9 @@ void Prevision::CboPlazo_LostFocus() {
   }
 }
 
-/// "Días" is written with its accent, and asked for here without it: days are proposed as years.
-/// What is saved counts them as days all the same.
 void Prevision::ProponerFecha() {
-  const std::string& plazo = c_.CboPlazo.Text();
-  const std::string_view unidad = plazo == "Dias" ? "d" : plazo == "Meses" ? "m" : "yyyy";
-  c_.TxtDesde.Text = FechaMas(c_.TxtFFra.Text, unidad, services::Numero(c_.TxtCada.Text));
+  c_.TxtDesde.Text = FechaMas(c_.TxtFFra.Text, UnidadDePropuesta(c_.CboPlazo.Text),
+                              services::Numero(c_.TxtCada.Text));
 }
 
 void Prevision::TxtDesde_LostFocus() {

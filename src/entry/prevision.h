@@ -26,7 +26,7 @@ class Prevision {
   void GrabarPrevision();
 
  private:
-  void UnirTecleo();
+  void UnirTeclas();
   void CboPlazo_LostFocus();
   void TxtDesde_LostFocus();
   [[nodiscard]] bool FechaDesdeValida();

@@ -37,7 +37,7 @@ bool Cambiado(const TextBox& campo) {
 Terminos::Terminos(Campos& campos, services::Sesion& sesion, const list::RejillaPagos& lista,
                    Vencimientos& vencimientos, PantallaDeCaja& caja)
     : c_(campos), sesion_(sesion), lista_(lista), vencimientos_(vencimientos), caja_(caja) {
-  UnirTecleo();
+  UnirTeclas();
   for (TextBox* campo : {&c_.TxtNRecibos, &c_.TxtDias}) {
     campo->LostFocus = [this, campo] { RegenerarAlDejar(*campo); };
   }
@@ -48,23 +48,20 @@ Terminos::Terminos(Campos& campos, services::Sesion& sesion, const list::Rejilla
   c_.OptVista.MouseUp = [this] { Opt("Vista", c_.OptVista.Value, true); };
 }
 
-void Terminos::UnirTecleo() {
+void Terminos::UnirTeclas() {
   c_.TxtNRecibos.KeyPress = [this](int& codigo) {
     // Wherever it would fall: ten receipts are not to be typed.
     if (codigo == '0') codigo = 0;
     if (codigo != 0) codigo = Filtrar(sesion_, c_.TxtNRecibos, Tecleo::Entero, codigo);
     if (codigo == tecla::Intro) c_.TxtDias.SetFocus();
   };
-  c_.TxtDias.KeyPress = [this](int& codigo) {
-    codigo = Filtrar(sesion_, c_.TxtDias, Tecleo::Entero, codigo);
-    if (codigo == tecla::Intro) c_.TxtCadencia.SetFocus();
-  };
+  UnirTecleo(sesion_, c_.TxtDias, Tecleo::Entero, {&c_.TxtCadencia});
   c_.TxtCadencia.KeyPress = [this](int& codigo) { TxtCadencia_KeyPress(codigo); };
   c_.TxtFVista.KeyPress = [this](int& codigo) { TxtFVista_KeyPress(codigo); };
 }
 
 void Terminos::GenerarAplazado() {
-  vencimientos_.Blanquear();
+  vencimientos_.Vaciar();
   const bool completo = !c_.TxtIFra.Text().empty() && !c_.TxtDias.Text().empty() &&
                         !c_.TxtCadencia.Text().empty() && Cuenta(c_.TxtNRecibos.Text);
   if (completo) {
@@ -79,7 +76,7 @@ void Terminos::GenerarAplazado() {
 }
 
 void Terminos::GenerarVista() {
-  vencimientos_.Blanquear();
+  vencimientos_.Vaciar();
   if (c_.TxtIFra.Text().empty()) return;
   const ReciboNuevo recibo = ReciboALaVista(c_.TxtFVista.Text, c_.TxtIFra.Text, c_.ImporteCaja);
   vencimientos_.Poner(1, recibo.Fecha, {recibo.Importe, recibo.Pagado});
@@ -131,12 +128,14 @@ void Terminos::PonerVista(bool estado, bool generar) {
   ComprobarRecibos();
 }
 
-Clave Terminos::ClaveDeComprobacion() const {
-  return c_.EsNueva() ? ClaveDelPanel(c_) : ClaveDeLaLista(lista_);
+bool Terminos::ConsienteRehacer(const char* pregunta) {
+  c_.HayImporte = !sesion_.Aviso().Preguntar(pregunta);
+  return !c_.HayImporte;
 }
 
 void Terminos::ComprobarRecibos() {
-  const std::string sentencia = "SELECT TempProvVencimientos.* " + RecibosDe(ClaveDeComprobacion());
+  const std::string sentencia =
+      "SELECT TempProvVencimientos.* " + RecibosDe(ClaveDeLaEntrada(c_, lista_));
   Recordset rs;
   rs.Open(sentencia, sesion_.CnTemp(), ModoApertura::Lectura);
   const int guardados = static_cast<int>(rs.RecordCount());
@@ -168,18 +167,16 @@ bool Terminos::HayPagados(const std::string& sentencia) const {
 void Terminos::ComprobarMismoNumero(const std::string& sentencia, int guardados) {
   const bool mismoTotal = Mascara(Valor(c_.TxtIFra.Text())) == Mascara(Valor(c_.TxtIFra.Tag()));
   if (!HayPagados(sentencia) || !mismoTotal) return vencimientos_.GuardarVencimientos();
-  c_.HayImporte = !sesion_.Aviso().Preguntar(
-      "Algunos recibos estan pagados, si modifica las Fechas de Vencimiento se perderan los "
-      "datos");
-  if (!c_.HayImporte) return vencimientos_.GuardarVencimientos();
+  if (ConsienteRehacer("Algunos recibos estan pagados, si modifica las Fechas de Vencimiento se "
+                       "perderan los datos")) {
+    return vencimientos_.GuardarVencimientos();
+  }
   if (guardados < 2) caja_.Rehacer();
   VolverALosGuardados(guardados);
 }
 
 void Terminos::ComprobarOtroNumero(int guardados) {
-  c_.HayImporte =
-      !sesion_.Aviso().Preguntar("Se ha modificado el número de recibos, se generarán desde cero");
-  if (!c_.HayImporte) return;
+  if (ConsienteRehacer("Se ha modificado el número de recibos, se generarán desde cero")) return;
   caja_.Rehacer();
   VolverALosGuardados(guardados);
 }
@@ -231,7 +228,8 @@ void Terminos::TxtCadencia_KeyPress(int& codigo) {
   codigo = Filtrar(sesion_, c_.TxtCadencia, Tecleo::Entero, codigo);
   if (codigo != tecla::Intro) return;
   if (c_.OptGenerar.Value) c_.TxtCada.SetFocus();
-  PonerseAlDia();
+  // Left for the forecast, it has made them already, where there was a cadence before.
+  if (c_.TxtCadencia.TieneFoco() || c_.TxtCadencia.Tag().empty()) PonerseAlDia();
 }
 
 void Terminos::PonerseAlDia() {
@@ -262,6 +260,11 @@ void Terminos::TxtFVista_KeyPress(int& codigo) {
   c_.TxtFVista.Tag = c_.TxtFVista.Text();
 }
 
+void Terminos::IntroEnFVista() {
+  int intro = tecla::Intro;
+  TxtFVista_KeyPress(intro);
+}
+
 void Terminos::TxtFVista_LostFocus() {
   if (c_.Cancelando() || volviendo_) return;
   PintarBlanco(c_.TxtFVista);
@@ -271,7 +274,9 @@ void Terminos::TxtFVista_LostFocus() {
 }
 
 bool Terminos::FechaVistaValida() {
-  return ComprobarFecha(sesion_, c_.TxtFVista, c_.TxtFFra, {kVistaIncorrecta, kVistaAnterior});
+  return ComprobarFecha(
+      sesion_, c_.TxtFVista, c_.TxtFFra,
+      {"Fecha a la vista incorrecta", "La Fecha a la vista no puede ser menor a la Fecha Factura"});
 }
 
 }  // namespace entry

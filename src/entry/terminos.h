@@ -22,8 +22,6 @@ class Terminos {
   void GenerarAplazado();
   /// The grid anew: the single receipt.
   void GenerarVista();
-  /// The one or the other, by the form of payment that is on.
-  void Generar();
 
   /// Switches the form of payment: "Vista", any other text for the deferred one. `Estado` is
   /// whether its fields turn on, `Generar` whether the receipts are made anew.
@@ -31,27 +29,32 @@ class Terminos {
   /// After the user's typing has made the receipts anew: asks before stored ones are given up.
   void ComprobarRecibos();
 
-  /// The six tests: the terms are filled, and none is "0".
-  [[nodiscard]] bool TerminosCompletos() const;
   /// Makes the series that a first entry of the terms, or a change of their cadence, still lacks.
   void PonerseAlDia();
-  /// `TxtFVista`'s own key press, which the invoice's date runs too.
-  void TxtFVista_KeyPress(int& tecla);
+  /// Enter pressed on `TxtFVista`, as the invoice's date and the acceptance do.
+  void IntroEnFVista();
+  /// Whether the due date at sight can be one of the invoice: it tells why not, and goes to it.
+  [[nodiscard]] bool FechaVistaValida();
+  /// Asks whether receipts may be made anew, and keeps the answer in `HayImporte`.
+  [[nodiscard]] bool ConsienteRehacer(const char* pregunta);
 
  private:
-  void UnirTecleo();
+  void UnirTeclas();
+  /// The terms are filled, and none is "0".
+  [[nodiscard]] bool TerminosCompletos() const;
+  void TxtFVista_KeyPress(int& tecla);
   void TxtCadencia_KeyPress(int& tecla);
   void TxtCadencia_LostFocus();
   void TxtFVista_LostFocus();
+  /// By the form of payment that is on.
+  void Generar();
   void RegenerarAlDejar(services::TextBox& campo);
   void RegenerarAplazado(bool comprueba);
   void RegenerarVista();
-  [[nodiscard]] bool FechaVistaValida();
 
   void PonerAplazado(bool estado, bool generar);
   void PonerVista(bool estado, bool generar);
 
-  [[nodiscard]] Clave ClaveDeComprobacion() const;
   [[nodiscard]] bool HayPagados(const std::string& sentencia) const;
   void ComprobarMismoNumero(const std::string& sentencia, int guardados);
   void ComprobarOtroNumero(int guardados);

@@ -53,18 +53,18 @@ void Vencimientos::Preparar() {
   for (int c = 0; c < columna::Cuantas; ++c) {
     rejilla_.FixedAlignment(c, MSFlexGrid::alineacion::CentroCentro);
   }
-  Vaciar();
+  Reiniciar();
   AjustarAnchos();
 }
 
-void Vencimientos::Blanquear() {
+void Vencimientos::Vaciar() {
   list::Cerrar(c_.TxtMsf2);
   rejilla_.Rows = 1;
   rejilla_.Rows = kFilas;
 }
 
-void Vencimientos::Vaciar() {
-  Blanquear();
+void Vencimientos::Reiniciar() {
+  Vaciar();
   cargadas_ = Filas();
 }
 
@@ -133,13 +133,9 @@ Recibo Vencimientos::ReciboAceptado(int fila) const {
           aceptados.TextMatrix(fila, columna::Pagado)};
 }
 
-Clave Vencimientos::ClaveDeCarga() const {
-  return c_.EsModificacion() ? ClaveDeLaLista(lista_) : ClaveDelPanel(c_);
-}
-
 /// An occurrence of a forecast that becomes an invoice has no key in the list yet.
 Clave Vencimientos::ClaveDeLinea() const {
-  const Clave clave = ClaveDeCarga();
+  const Clave clave = ClaveDeLaEntrada(c_, lista_);
   return clave.Factura.empty() ? ClaveDelPanel(c_) : clave;
 }
 
@@ -154,14 +150,16 @@ std::vector<Vencimientos::Fila> Vencimientos::Filas() const {
 
 void Vencimientos::CargarVencimientos() {
   Vaciar();
-  const Clave clave = ClaveDeCarga();
+  const Clave clave = ClaveDeLaEntrada(c_, lista_);
   Recordset rs;
+  // Only what is modified has receipts to load; a new entry's would be read by these words.
+  const bool nueva = c_.EsNueva();
   rs.Open("SELECT TempProvVencimientos.* " + CondicionDe(clave) +
-              (c_.EsModificacion() ? "' And TempProvVencimientos.Año like '"
-                                   : "'And TempProvVencimientos.Año like '") +
+              (nueva ? "'And TempProvVencimientos.Año like '"
+                     : "' And TempProvVencimientos.Año like '") +
               clave.Anio +
-              (c_.EsModificacion() ? "' Order by TempProvVencimientos.FechaVto "
-                                   : "' Order By TempProvVencimientos.FechaVto"),
+              (nueva ? "' Order By TempProvVencimientos.FechaVto"
+                     : "' Order by TempProvVencimientos.FechaVto "),
           sesion_.CnTemp(), ModoApertura::Lectura);
   for (int fila = 1; !rs.Eof(); rs.MoveNext(), ++fila) {
     const std::string fecha = sesion_.Utiles().Mostrada(rs.Collect("FechaVto").Texto());
@@ -193,7 +191,7 @@ std::string Vencimientos::PagadoEnLista(int fila, const Clave& clave, const std:
 }
 
 void Vencimientos::GrabarVencimientos() {
-  if (c_.EsModificacion() && Filas() == cargadas_) return;
+  if (!c_.EsNueva() && Filas() == cargadas_) return;
   const Clave clave = ClaveDeLinea();
   const std::string abrir = "SELECT TempProvVencimientos.* " + RecibosDe(clave);
   Recordset rs;

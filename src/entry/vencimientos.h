@@ -26,14 +26,14 @@ class Vencimientos {
 
   /// Titles, alignments, heights and widths of both grids, and the rows at rest.
   void Preparar();
-  /// Four blank rows.
-  void Blanquear();
-  /// The same, with nothing loaded.
+  /// Four blank rows, and no editor over them.
   void Vaciar();
+  /// The same, with nothing loaded that what is written could be compared with.
+  void Reiniciar();
   /// Columns share the grid's width; more rows than fit leave room for a scroll bar.
   void AjustarAnchos();
 
-  /// Writes a row that exists, without its mark.
+  /// Writes a row, which it adds where there is none, without its mark.
   void Poner(int fila, const std::string& fecha, const list::Recibo& recibo);
   /// Writes a payment in a row: the text and the mark.
   void Anotar(int fila, const list::Pago& pago);
@@ -66,7 +66,6 @@ class Vencimientos {
  private:
   using Fila = std::vector<std::string>;
 
-  [[nodiscard]] Clave ClaveDeCarga() const;
   [[nodiscard]] Clave ClaveDeLinea() const;
   [[nodiscard]] std::string PagadoEnLista(int fila, const Clave& clave, const std::string& fecha,
                                           const std::string& pagado) const;

@@ -4,7 +4,8 @@
 
 namespace list {
 
-/// Sets a guard of a grid's events for as long as it lives, and then puts back what it found.
+/// Sets a mark, such as the guard of a grid's events, for as long as it lives, and then puts back
+/// what it found.
 class Mientras {
  public:
   explicit Mientras(bool& guarda) : guarda_(guarda), antes_(std::exchange(guarda, true)) {}

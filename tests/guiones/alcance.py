@@ -51,7 +51,8 @@ def jugar(programa, guion):
                          text=True, timeout=100, check=False)
     if fin.returncode != 0:
         sys.exit(f"{guion.name}: termina con {fin.returncode}\n{fin.stderr}")
-    reclamado = "\n".join(linea for linea in texto.splitlines() if linea.startswith("espera"))
+    reclamado = "\n".join(linea for linea in texto.splitlines()
+                          if linea.startswith("espera") and not linea.startswith("espera consulta"))
     return f"{reclamado}\n{fin.stdout}".replace("\\n", "\n").replace('\\"', '"')
 
 

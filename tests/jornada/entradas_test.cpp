@@ -18,7 +18,7 @@ constexpr int kEntradas = 15;
 constexpr int kEntradas = 80;
 #endif
 
-const std::string kNegocio = R"(
+const std::string kConceptos = R"(
 reloj 2005-03-15 10:00:00
 datos INSERT INTO ProvConceptos VALUES('12','Papelería'),('20','Alquiler'),('31','Ñandú')
 cargar
@@ -105,7 +105,7 @@ class Entradas : public testing::TestWithParam<unsigned> {
  protected:
   void SetUp() override {
     Usuario usuario(GetParam());
-    Jugar(kNegocio);
+    Jugar(kConceptos);
     for (int i = 1; i <= kEntradas; ++i) {
       const std::string entrada = usuario.Entrada(i);
       Jugar(entrada + "espera sin avisos\nespera PicNuevo.Visible 0\n", entrada);
@@ -121,15 +121,16 @@ class Entradas : public testing::TestWithParam<unsigned> {
 };
 
 TEST_P(Entradas, BasesIvaYExentoMenosRetencionSonElTotalAUnCentimo) {
-  Jugar("espera consulta local \"SELECT count(*) FROM TempProvFacturas\" \"" +
-        std::to_string(kEntradas) +
-        "\"\n"
-        "espera consulta local \"SELECT f.Factura, f.Total FROM TempProvFacturas f WHERE "
-        "abs(round(100 * ((SELECT sum(coalesce(b.Base, 0) + coalesce(b.Importe, 0) + "
-        "coalesce(b.Exento, 0)) FROM TempProvBasesIva b WHERE b.NFactura = f.Factura) - f.IRPF - "
-        "f.Total))) > 1\"\n"
-        "espera consulta local \"SELECT DISTINCT IRPF > 0 FROM TempProvFacturas ORDER BY 1\" \"0\" "
-        "\"1\"\n");
+  Jugar(
+      "espera consulta local \"SELECT count(*) FROM TempProvFacturas\" \"" +
+      std::to_string(kEntradas) +
+      "\"\n"
+      "espera consulta local \"SELECT f.Factura, f.Total FROM TempProvFacturas f WHERE "
+      "abs(round(100 * (coalesce((SELECT sum(coalesce(b.Base, 0) + coalesce(b.Importe, 0) + "
+      "coalesce(b.Exento, 0)) FROM TempProvBasesIva b WHERE b.NFactura = f.Factura), 0) - f.IRPF - "
+      "f.Total))) > 1\"\n"
+      "espera consulta local \"SELECT DISTINCT IRPF > 0 FROM TempProvFacturas ORDER BY 1\" \"0\" "
+      "\"1\"\n");
 }
 
 TEST_P(Entradas, LosRecibosSumanElTotalJusto) {
@@ -163,8 +164,10 @@ INSTANTIATE_TEST_SUITE_P(AlAzar, Entradas, testing::Values(1U, 2U, 3U));
 std::string Sentencias(int cuantas) {
   Partida partida;
   Usuario usuario(7);
-  partida.Jugar(kNegocio);
+  partida.Jugar(kConceptos);
   for (int i = 1; i <= cuantas; ++i) partida.Jugar(usuario.Entrada(i));
+  EXPECT_EQ(partida.Jugar("consulta local SELECT count(*) FROM TempProvFacturas\n").Salida,
+            std::to_string(cuantas) + "\n(1 filas)\n");
   // The year of the line that the list stands on is part of one of them.
   const Partida::Jugada ultima = partida.Jugar(
       "celda MSFPagos 1 1\npulsar BotonNuevo\nteclear TxtConcepto \"12\"\nteclear TxtNFra "

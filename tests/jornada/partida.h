@@ -102,14 +102,8 @@ cargar
 cerrar
 )";
 
-/// A day of entries: an invoice with two rates, its terms changed and one of its receipts paid, an
-/// occurrence of a forecast made into an invoice, a forecast alone, an entry accepted as it was, a
-/// forecast deleted, a payment saved with all of that, one entry given up, and the end.
-inline const std::string kEntradas = R"(
-responder si si si si si si si si
-cargar
-pulsar BotonNuevo
-teclear TxtConcepto "31"
+/// Number, total and two rates of an entry, accepted.
+inline const std::string kDosTipos = R"(
 teclear TxtNFra "N1"
 teclear TxtIFra "223"
 foco TxtNFra
@@ -118,6 +112,17 @@ teclear TxtB7 "100"
 foco TxtIFra
 foco TxtNFra
 pulsar BtnAceptar
+)";
+
+/// A day of entries: an invoice with two rates, its terms changed and one of its receipts paid, an
+/// occurrence of a forecast made into an invoice, a forecast alone, an entry accepted as it was, a
+/// forecast deleted, a payment saved with all of that, one entry given up, and the end.
+inline const std::string kEntradas = R"(
+responder si si si si si si si si
+cargar
+pulsar BotonNuevo
+teclear TxtConcepto "31"
+)" + kDosTipos + R"(
 celda MSFPagos 4 1
 pulsar BotonModificar
 pulsar OptAplazado
@@ -167,14 +172,7 @@ inline const std::string kDosEntradas = R"(
 pulsar BotonNuevo
 teclear TxtConcepto "12"
 teclear TxtFFra "31/03/2005"
-teclear TxtNFra "N1"
-teclear TxtIFra "223"
-foco TxtNFra
-pulsar Chk7
-teclear TxtB7 "100"
-foco TxtIFra
-foco TxtNFra
-pulsar BtnAceptar
+)" + kDosTipos + R"(
 celda MSFPagos 2 1
 pulsar BotonModificar
 pulsar Chk16

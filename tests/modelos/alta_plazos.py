@@ -137,7 +137,8 @@ class Plazos:
     def intro_en_cadencia(self):
         if self.OptGenerar.valor:
             self.poner_foco("TxtCada")
-        self.regenerar_aplazado(self.TxtCadencia)
+        if self.foco == "TxtCadencia" or self.TxtCadencia.tag == "":
+            self.regenerar_aplazado(self.TxtCadencia)
 
     def _vale_vista(self):
         aviso = None
