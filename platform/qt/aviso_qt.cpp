@@ -1,6 +1,5 @@
 #include "qt/aviso_qt.h"
 
-#include <QApplication>
 #include <QMessageBox>
 #include <QPushButton>
 #include <algorithm>
@@ -77,7 +76,7 @@ class Caja final : public QMessageBox {
 }  // namespace
 
 int AvisoQt::Mostrar(const std::string& texto, int flags, const std::string& titulo) {
-  Caja caja(QApplication::activeWindow());
+  Caja caja(VentanaDelUsuario());
   caja.setWindowTitle(titulo.empty() ? kSinTitulo : Texto(titulo));
   caja.setTextFormat(Qt::PlainText);
   caja.setText(Texto(texto));

@@ -1,5 +1,6 @@
 #include "qt/colocacion.h"
 
+#include <QApplication>
 #include <QScreen>
 #include <QStyle>
 #include <QTableView>
@@ -7,6 +8,7 @@
 #include <algorithm>
 #include <optional>
 
+#include "qt/lienzo.h"
 #include "qt/rejilla_qt.h"
 
 namespace qt {
@@ -74,6 +76,14 @@ std::optional<QRect> LugarQueDescubre(const QRect& medio, const QRect& escritori
 }
 
 }  // namespace
+
+QWidget* VentanaDelUsuario() {
+  if (QWidget* activa = QApplication::activeWindow()) return activa;
+  for (QWidget* vista : QApplication::allWidgets()) {
+    if (dynamic_cast<Lienzo*>(vista) && vista->isVisible()) return vista->window();
+  }
+  return nullptr;
+}
 
 bool AlAlcance(const QWidget& vista) {
   if (!vista.isVisible() || !vista.isEnabled()) return false;

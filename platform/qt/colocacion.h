@@ -9,6 +9,10 @@ class QWidget;
 
 namespace qt {
 
+/// The window that a message goes over: the active one or, where none is for the moment, as between
+/// two messages, one with a screen in it. Null when there is none.
+[[nodiscard]] QWidget* VentanaDelUsuario();
+
 /// Whether the user can get to a widget: shown, in use, and under no panel that lies over its
 /// screen.
 [[nodiscard]] bool AlAlcance(const QWidget& vista);

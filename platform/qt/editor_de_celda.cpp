@@ -36,8 +36,19 @@ QRect EditorDeCelda::Hueco() const {
   return {esquina, celda.size()};
 }
 
+void EditorDeCelda::Nombrar() {
+  const QModelIndex celda = celda_();
+  if (!celda.isValid()) return;
+  const QString columna =
+      vista_.model()->headerData(celda.column(), Qt::Horizontal, Qt::DisplayRole).toString();
+  // Each naming is told to who listens.
+  if (columna.isEmpty() || editor_->accessibleName() == columna) return;
+  editor_->setAccessibleName(columna);
+}
+
 void EditorDeCelda::Colocar() {
   if (!editor_) return;
+  if (editor_->isVisible()) Nombrar();
   const QRect hueco = Hueco();
   // Hidden it would lose the focus: out of sight it lies beyond the edge of the screen.
   if (hueco.isEmpty()) return editor_->move(-editor_->width(), -editor_->height());

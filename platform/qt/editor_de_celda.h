@@ -9,7 +9,7 @@
 namespace qt {
 
 /// The in-place editor of a table: the line edit whose property `rejilla` holds the table's name.
-/// It lies over the current cell, and goes out of sight with it.
+/// It lies over the current cell, and goes out of sight with it. It is named as the column.
 ///
 /// It is no part of the table: to a screen reader a table has cells and nothing else.
 class EditorDeCelda final : public QObject {
@@ -24,6 +24,7 @@ class EditorDeCelda final : public QObject {
 
  private:
   void ColocarLuego();
+  void Nombrar();
   [[nodiscard]] QRect Hueco() const;
 
   QTableView& vista_;

@@ -11,6 +11,7 @@
 #include "forms/entrada.h"
 #include "forms/escritorio.h"
 #include "forms/form.h"
+#include "qt/accesibles.h"
 #include "qt/colocacion.h"
 #include "qt/colores.h"
 #include "qt/copia_de_vista.h"
@@ -41,6 +42,7 @@ QSize MedidaEn(const QSize& hueco, QWidget& panel) {
 }  // namespace
 
 Lienzo::Lienzo(services::Form& form, const std::function<void(QWidget&)>& disponer) : form_(&form) {
+  HacerAccesibles();
   setPalette(Legible(QApplication::palette()));
   disponer(*this);
   AgrandarConLaLetra(*this);

@@ -67,7 +67,7 @@ void ModeloRejilla::AjustarFilas() {
 void ModeloRejilla::AnotarDibujos(int primera, int ultima) {
   for (int f = primera; f <= ultima; ++f) {
     for (int c = 0; c < rejilla_->Cols(); ++c) {
-      if (!rejilla_->ImagenDe(f, c).empty()) con_dibujos_.insert(c);
+      if (!rejilla_->ImagenDe(f, c).empty()) de_marcas_.insert(c);
     }
   }
 }
@@ -92,11 +92,13 @@ QVariant ModeloRejilla::headerData(int seccion, Qt::Orientation sentido, int pap
   return sentido == Qt::Horizontal ? Dato(0, seccion, papel) : QVariant();
 }
 
-/// A drawing is a mark; a cell that could be marked and isn't has nothing else to say of it.
+/// A drawing is a mark; a cell that could be marked and isn't has nothing else to say of it. A row
+/// that begins with a blank is none yet.
 QString ModeloRejilla::LoQueDice(int fila, int columna) const {
   if (!rejilla_->ImagenDe(fila, columna).empty()) return QStringLiteral("Marcado");
   const std::string& texto = rejilla_->TextMatrix(fila, columna);
-  const bool sinMarcar = texto.empty() && con_dibujos_.contains(columna);
+  const bool sinMarcar =
+      texto.empty() && de_marcas_.contains(columna) && !rejilla_->TextMatrix(fila, 0).empty();
   return sinMarcar ? QStringLiteral("Sin marcar") : Texto(texto);
 }
 

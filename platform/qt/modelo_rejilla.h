@@ -17,6 +17,8 @@ namespace qt {
 class ModeloRejilla final : public QAbstractTableModel {
  public:
   explicit ModeloRejilla(const services::MSFlexGrid& rejilla, QObject* padre);
+  /// A column of which it is known that its cells are marked or not, before the first one is.
+  void AnotarColumnaDeMarcas(int columna) { de_marcas_.insert(columna); }
 
   /// The grid is gone.
   void Soltar() { rejilla_ = nullptr; }
@@ -41,8 +43,8 @@ class ModeloRejilla final : public QAbstractTableModel {
   [[nodiscard]] bool HayCelda(int fila, int columna) const;
 
   const services::MSFlexGrid* rejilla_;
-  QSet<int> con_dibujos_;  // columns that have shown a drawing
-  int filas_ = 0;          // data rows that the views know of
+  QSet<int> de_marcas_;  // columns that have shown a drawing, or are going to
+  int filas_ = 0;        // data rows that the views know of
   int primera_ = 0;
   int ultima_ = -1;  // stretch of changed rows of the grid
 };

@@ -1,6 +1,5 @@
 #include "qt/selector_conceptos_qt.h"
 
-#include <QApplication>
 #include <QWidget>
 #include <algorithm>
 #include <vector>
@@ -9,6 +8,7 @@
 #include "forms/controles.h"
 #include "forms/escritorio.h"
 #include "forms/form.h"
+#include "qt/colocacion.h"
 #include "qt/dialogo_conceptos.h"
 #include "qt/textos_qt.h"
 #include "valores/texto.h"
@@ -40,7 +40,7 @@ void SelectorConceptosQt::Buscar(services::Ref<services::IDatosClase>&,
                                  services::Ref<services::Form>& form, std::string_view,
                                  std::string_view clase, const std::string& texto, std::string_view,
                                  bool) {
-  QWidget* ventana = QApplication::activeWindow();
+  QWidget* ventana = VentanaDelUsuario();
   DialogoConceptos dialogo(LeerConceptos(sesion_.CnDatos()), clase == "Codigo", Texto(texto),
                            ventana);
   const auto* campo = ventana ? ventana->findChild<QWidget*>("TxtConcepto") : nullptr;

@@ -22,6 +22,8 @@ VinculoRejilla::VinculoRejilla(services::MSFlexGrid& modelo, RejillaQt& vista, L
       editor_(new EditorDeCelda(vista, lienzo,
                                 [this] { return Suelto() ? QModelIndex() : CeldaActual(); })) {
   vista.Mostrar(&modelo);
+  const QVariant marcas = vista.property("marcas");
+  if (marcas.isValid()) datos_->AnotarColumnaDeMarcas(marcas.toInt());
   vista.setModel(datos_);
   vista.setItemDelegate(dibujo_);
   vista.viewport()->installEventFilter(this);

@@ -15,6 +15,7 @@ class DibujoCelda;
 class EditorDeCelda;
 
 /// A grid. What the model does to its cells is noted as it comes and shown when the event is over.
+/// The property `marcas` of its table tells the column whose cells are marked or not.
 class VinculoRejilla final : public VinculoDe<services::MSFlexGrid, RejillaQt> {
  public:
   VinculoRejilla(services::MSFlexGrid& modelo, RejillaQt& vista, Lienzo& lienzo);

@@ -38,8 +38,17 @@ VinculoEtiqueta::VinculoEtiqueta(services::Label& modelo, QLabel& vista, Lienzo&
 }
 
 void VinculoEtiqueta::MostrarPropio(Aspecto aspecto) {
-  if (aspecto == Aspecto::Caption) Vista().setText(Texto(Modelo().Caption()));
+  if (aspecto == Aspecto::Caption) {
+    Vista().setText(Texto(Modelo().Caption()));
+    Titular();
+  }
   if (aspecto == Aspecto::BackColor) Vista().setAutoFillBackground(Modelo().BackColor >= 0);
+}
+
+void VinculoEtiqueta::Titular() {
+  const QString panel = Vista().property("titula").toString();
+  auto* titulado = panel.isEmpty() ? nullptr : Pantalla().findChild<QWidget*>(panel);
+  if (titulado) titulado->setAccessibleName(Vista().text());
 }
 
 void VinculoGrupo::MostrarPropio(Aspecto aspecto) {

@@ -14,6 +14,8 @@
 
 namespace qt {
 
+/// A text. One whose property `titula` holds the name of a panel is the panel's title to a screen
+/// reader as well.
 class VinculoEtiqueta final : public VinculoDe<services::Label, QLabel> {
  public:
   VinculoEtiqueta(services::Label& modelo, QLabel& vista, Lienzo& lienzo);
@@ -21,6 +23,9 @@ class VinculoEtiqueta final : public VinculoDe<services::Label, QLabel> {
 
  protected:
   void MostrarPropio(services::Aspecto aspecto) override;
+
+ private:
+  void Titular();
 };
 
 /// A title that stands in the frame around its group.

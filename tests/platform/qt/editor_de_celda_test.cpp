@@ -66,4 +66,14 @@ TEST_F(RejillaEnPantalla, QuienEmpiezaAEscribirAbreElEditorDeLaCelda) {
   EXPECT_EQ(editor.Text, "7");
 }
 
+TEST_F(RejillaEnPantalla, ElEditorSeLlamaComoLaColumna) {
+  escena.Llenar(5);
+  QLineEdit& editor = escena.Vista<QLineEdit>("TxtCelda");
+  Pulsar(2, 1);
+  escena.form->TxtCelda.Visible = true;
+  EXPECT_EQ(editor.accessibleName(), "Columna 1");
+  Pulsar(2, 2);
+  EXPECT_EQ(editor.accessibleName(), "Columna 2");
+}
+
 }  // namespace

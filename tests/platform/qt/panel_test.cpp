@@ -110,7 +110,7 @@ INSTANTIATE_TEST_SUITE_P(Pantallas, PanelEnPoco,
                                          Sitio{"De1366PorUnoYMedio", {910, 450}, 9},
                                          Sitio{"De1024ConLetraDeUnaVezYMedia", {1024, 690}, 13.5},
                                          Sitio{"De1366ConLetraDeUnaVezYMedia", {1366, 690}, 13.5},
-                                         Sitio{"De1920Por2", {960, 460}, 9}),
+                                         Sitio{"De1920Por2", {960, 490}, 9}),
                          [](const auto& sitio) { return std::string(sitio.param.Cual); });
 
 TEST(Panel, LoQueTomaElFocoQuedaALaVista) {

@@ -1,6 +1,8 @@
 #include <gmock/gmock.h>
 
 #include <QAccessible>
+#include <QComboBox>
+#include <QTableView>
 
 #include "platform/qt/frm_prueba.h"
 #include "qt/lienzo.h"
@@ -64,11 +66,76 @@ TEST_F(PantallaDePagos, LoQueSeLeeEsLoQueSeDice) {
   Rehacer();
   for (const services::Widget* modelo : form->Widgets()) {
     const auto* rotulado = dynamic_cast<const services::ConCaption*>(modelo);
-    if (!rotulado) continue;
+    // What it reads are three dots.
+    if (!rotulado || modelo->Nombre() == "CmdCon") continue;
     EXPECT_EQ(Nombre(*lienzo->findChild<QWidget*>(QString::fromStdString(modelo->Nombre())))
                   .toStdString(),
               rotulado->Caption());
   }
+}
+
+TEST_F(PantallaDePagos, LoQueNoTienePalabrasLasTieneParaElLector) {
+  const auto nombre = [this](const char* cual) {
+    return Nombre(*lienzo->findChild<QWidget*>(cual));
+  };
+  EXPECT_EQ(nombre("CmdCon"), "Buscar concepto");
+  EXPECT_EQ(nombre("CboPlazo"), "Plazo");
+  form->Campos.CboPlazo.ListIndex = 1;
+  Rehacer();
+  EXPECT_EQ(nombre("CboPlazo"), "Plazo: Meses");
+}
+
+TEST_F(PantallaDePagos, LaListaDePlazosDiceSusElementosYSeAbre) {
+  auto* vista = lienzo->findChild<QComboBox*>("CboPlazo");
+  form->Campos.CboPlazo.Enabled = true;
+  vista->setEnabled(true);
+  auto* lista = QAccessible::queryAccessibleInterface(vista);
+  EXPECT_EQ(lista->role(), QAccessible::ComboBox);
+  ASSERT_EQ(lista->childCount(), 1);
+  EXPECT_EQ(lista->child(0)->childCount(), 3);
+  EXPECT_EQ(lista->indexOfChild(lista->child(0)), 0);
+  EXPECT_FALSE(lista->state().expanded);
+  lienzo->show();
+  lienzo->findChild<QWidget*>("PicNuevo")->show();
+  lista->actionInterface()->doAction(QAccessibleActionInterface::showMenuAction());
+  EXPECT_TRUE(lista->state().expanded);
+  vista->hidePopup();
+}
+
+TEST_F(PantallaDePagos, ElPanelSeDiceComoSuTitulo) {
+  EXPECT_EQ(Nombre(*lienzo->findChild<QWidget*>("PicNuevo")), "Nueva Tesvara");
+  form->Campos.TitularModificacion();
+  Rehacer();
+  EXPECT_EQ(Nombre(*lienzo->findChild<QWidget*>("PicNuevo")), "Modificar Tesvara");
+}
+
+TEST_F(PantallaDePagos, UnaLineaNoSeDiceComoElGrupoEnQueEsta) {
+  for (const char* nombre : {"lineaIrpf", "lineaOrden", "lineaFiltros"}) {
+    auto* linea = QAccessible::queryAccessibleInterface(lienzo->findChild<QWidget*>(nombre));
+    EXPECT_EQ(linea->role(), QAccessible::Separator) << nombre;
+    EXPECT_EQ(linea->text(QAccessible::Name), "") << nombre;
+    EXPECT_TRUE(linea->relations().isEmpty()) << nombre;
+  }
+}
+
+TEST_F(PantallaDePagos, LoDelAnfitrionSeDiceComoSiempre) {
+  QFrame linea;
+  linea.setFrameShape(QFrame::HLine);
+  EXPECT_NE(QAccessible::queryAccessibleInterface(&linea)->role(), QAccessible::Separator);
+}
+
+TEST_F(PantallaDePagos, UnaCeldaDeMarcaDiceDesdeElPrincipioQueNoLaTiene) {
+  services::MSFlexGrid& recibos = form->Campos.MSFVencimientos;
+  recibos.Rows = 3;
+  recibos.TextMatrix(1, 0, "22/12/2026");
+  Rehacer();
+  const auto* tabla = lienzo->findChild<QTableView*>("MSFVencimientos");
+  const auto dice = [tabla](int fila, int columna) {
+    return tabla->model()->index(fila, columna).data(Qt::AccessibleTextRole).toString();
+  };
+  EXPECT_EQ(dice(0, 3), "Sin marcar");
+  EXPECT_EQ(dice(0, 2), "");
+  EXPECT_EQ(dice(1, 3), "") << "una fila sin fecha aún no es un recibo";
 }
 
 TEST_F(PantallaDePagos, LosDosOrdenesSeAnuncianComoOpciones) {
