@@ -90,15 +90,18 @@ void Aceptacion::PonerTerminosAlDia() {
 
 bool Aceptacion::ComprobarRecibos() {
   if (!ComprobarSuma()) return false;
-  // The list can't add up a negative amount: with one in its range the screen would never open.
-  if (b_.Vencimientos.HayNegativos()) {
-    return Parar("Los importes de los recibos no pueden ser negativos", c_.MSFVencimientos);
+  // With one in its range the screen would never open.
+  if (!b_.Vencimientos.SePuedenSumar()) {
+    return Parar("Los importes de los recibos no pueden ser negativos ni pasar de 12 cifras",
+                 c_.MSFVencimientos);
   }
   return !b_.Vencimientos.PrimeraFecha().empty() || GenerarSiFaltan();
 }
 
+/// With "A la Vista" just the first receipt is written: what is in the others would be lost.
 bool Aceptacion::ComprobarSuma() {
-  return Cuadra(b_.Vencimientos.SumaDeImportes(), EnCentimos(Numero(c_.TxtIFra.Text))) ||
+  const bool cuadra = Cuadra(b_.Vencimientos.SumaDeImportes(), EnCentimos(Numero(c_.TxtIFra.Text)));
+  return (cuadra && !b_.Vencimientos.DejaRecibosFuera()) ||
          PararSinMas(
              "La suma de los importes de los recibos no coincide con el importe de la factura");
 }
@@ -164,9 +167,9 @@ bool Aceptacion::ExigirPrevision() {
   if (sesion_.Utiles().Almacenada(c_.TxtDesde.Text()).empty()) {
     return Parar(kPrevisionIncorrecta, c_.TxtDesde);
   }
-  // As with a receipt, the list couldn't add it up.
-  return services::LeerNumero(c_.TxtIPrev.Text).value_or(0) >= 0 ||
-         Parar("El importe de la previsión no puede ser negativo", c_.TxtIPrev);
+  return SePuedeSumar(services::LeerNumero(c_.TxtIPrev.Text).value_or(0)) ||
+         Parar("El importe de la previsión no puede ser negativo ni pasar de 12 cifras",
+               c_.TxtIPrev);
 }
 
 bool Aceptacion::FecharPrevisionHoy() {
@@ -198,7 +201,7 @@ bool Aceptacion::GrabarNueva() {
 }
 
 bool Aceptacion::GrabarModificada() {
-  if (!services::Trim(c_.TxtNFra.Text()).empty()) {
+  if (TieneNumero()) {
     const bool esFactura = lista_.EsPagable(lista_.MSFPagos.Row);
     if (esFactura || c_.TxtDesde.Text() != c_.TxtDesde.Tag()) {
       b_.Factura.GrabarFactura();
@@ -254,6 +257,8 @@ void Aceptacion::Terminar() {
 /// A list that can't be made has no line left that the panel could stand on: it closes all the
 /// same.
 void Aceptacion::Cerrar() {
+  // What can't be made durable shows while the entry is still on the panel.
+  sesion_.CnTemp().TerminarUnidad();
   try {
     b_.Lista.CargarGrip();
   } catch (...) {

@@ -14,6 +14,7 @@
 #include "list/lista_pagos.h"
 #include "list/rejilla_pagos.h"
 #include "services/sesion.h"
+#include "valores/texto.h"
 
 namespace entry {
 
@@ -63,7 +64,8 @@ class Aceptacion {
   void Cerrar();
   void SoltarCaja();
 
-  [[nodiscard]] bool TieneNumero() const { return !c_.TxtNFra.Text().empty(); }
+  /// Blanks alone are none: what has no number can't be found again.
+  [[nodiscard]] bool TieneNumero() const { return !services::Trim(c_.TxtNFra.Text()).empty(); }
   /// Tells why, gives the focus, and says that it doesn't go on.
   bool Parar(const std::string& motivo, services::Widget& campo);
   bool PararSinMas(const char* motivo);

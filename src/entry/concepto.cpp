@@ -67,7 +67,13 @@ void Concepto::TxtConcepto_LostFocus() {
   if (c_.SaltarValidacion) return;
   c_.TxtNConcepto.Tag = c_.TxtNConcepto.Text();
   c_.TxtNConcepto.Text = c_.TxtBusco.Text();
-  BuscarConcepto();
+  try {
+    BuscarConcepto();
+  } catch (...) {
+    // The code of an earlier search is not that of what is typed.
+    c_.TxtNConcepto.Text = "";
+    throw;
+  }
   ExigirConcepto();
 }
 

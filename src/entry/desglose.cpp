@@ -45,6 +45,11 @@ double LimiteDeIrpf(double total, double tanto) {
   return Positivo(EnCentimos(total) + Positivo(EnCentimos(total * tanto) / 100));
 }
 
+bool SePuedeSumar(double importe) {
+  constexpr double kDoceCifras = 1e12;
+  return importe >= 0 && importe < kDoceCifras;
+}
+
 bool Cuadra(double suma, double total) {
   return EnCentimos(suma) == total || EnCentimos(suma + kCentimo) == total ||
          EnCentimos(suma - kCentimo) == total;

@@ -44,6 +44,9 @@ struct BaseEIva {
 /// The largest base of a withholding that a total can carry.
 [[nodiscard]] double LimiteDeIrpf(double total, double tanto);
 
+/// Whether the list can add up an amount: one below zero it can't, nor two without an end.
+[[nodiscard]] bool SePuedeSumar(double importe);
+
 /// Whether a sum is a total, one cent either way.
 [[nodiscard]] bool Cuadra(double suma, double total);
 

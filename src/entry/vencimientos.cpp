@@ -5,6 +5,7 @@
 
 #include "datos/recordset.h"
 #include "entry/descripcion.h"
+#include "entry/desglose.h"
 #include "list/editor_en_celda.h"
 #include "valores/formato.h"
 #include "valores/numero.h"
@@ -113,13 +114,23 @@ bool Vencimientos::SinImporte() const {
   return rejilla_.Rows < 2 || rejilla_.TextMatrix(1, columna::Importe).empty();
 }
 
-bool Vencimientos::HayNegativos() const {
+bool Vencimientos::SePuedenSumar() const {
   const int ultima = std::min(LineasQueSeGraban(), rejilla_.Rows - 1);
   for (int fila = 1; fila <= ultima; ++fila) {
     const Recibo recibo = ReciboDe(fila);
-    if (NumeroDe(recibo.Importe) < 0 || NumeroDe(recibo.Pagado) < 0) return true;
+    if (!SePuedeSumar(NumeroDe(recibo.Importe)) || !SePuedeSumar(NumeroDe(recibo.Pagado))) {
+      return false;
+    }
   }
-  return false;
+  return true;
+}
+
+bool Vencimientos::DejaRecibosFuera() const {
+  return c_.OptVista.Value && rejilla_.Rows > 2 && TieneFecha(2) && HanCambiado();
+}
+
+bool Vencimientos::HanCambiado() const {
+  return c_.EsNueva() || Filas() != cargadas_;
 }
 
 bool Vencimientos::EstaMarcada(int fila) const {
@@ -191,7 +202,7 @@ std::string Vencimientos::PagadoEnLista(int fila, const Clave& clave, const std:
 }
 
 void Vencimientos::GrabarVencimientos() {
-  if (!c_.EsNueva() && Filas() == cargadas_) return;
+  if (!HanCambiado()) return;
   const Clave clave = ClaveDeLinea();
   const std::string abrir = "SELECT TempProvVencimientos.* " + RecibosDe(clave);
   Recordset rs;

@@ -49,8 +49,10 @@ class Vencimientos {
   [[nodiscard]] double SumaDeImportes() const;
   /// Whether the first row has no amount.
   [[nodiscard]] bool SinImporte() const;
-  /// Whether a line to be written has an amount or a payment below zero.
-  [[nodiscard]] bool HayNegativos() const;
+  /// Whether the list can add up all amounts and payments that are to be written.
+  [[nodiscard]] bool SePuedenSumar() const;
+  /// Whether there are changed receipts that the form of payment has no line for.
+  [[nodiscard]] bool DejaRecibosFuera() const;
 
   /// Fills the grid for the panel's invoice. A payment that stands in the list, not yet saved, wins
   /// over the stored one.
@@ -64,6 +66,8 @@ class Vencimientos {
   void RestaurarVencimientos();
 
  private:
+  /// Since they were loaded; those of a new entry always have.
+  [[nodiscard]] bool HanCambiado() const;
   using Fila = std::vector<std::string>;
 
   [[nodiscard]] Clave ClaveDeLinea() const;

@@ -89,21 +89,22 @@ TEST(FallosAlAceptar, LosDeLaConexionLocal) {
 12: error -2147467259 BtnAceptar 1|2|0|1
 13: aviso "Nº Error:-2147467259 16 "" -> aceptar BotonNuevo 1|2|0|1
 14: aviso "Nº Error:-2147467259 16 "" -> aceptar BotonNuevo 1|2|1|1
-15: error -2147467259 BotonNuevo 1|2|2|1
+15: error -2147467259 BtnAceptar 0|0|0|0
 16: error -2147467259 BotonNuevo 1|2|2|1
 17: error -2147467259 BotonNuevo 1|2|2|1
 18: error -2147467259 BotonNuevo 1|2|2|1
-19: aviso "Nº Error:-2147467259 16 "" -> aceptar BotonNuevo 1|2|2|1
+19: error -2147467259 BotonNuevo 1|2|2|1
 20: aviso "Nº Error:-2147467259 16 "" -> aceptar BotonNuevo 1|2|2|1
-21: error -2147467259 BotonNuevo 1|2|2|1
+21: aviso "Nº Error:-2147467259 16 "" -> aceptar BotonNuevo 1|2|2|1
 22: error -2147467259 BotonNuevo 1|2|2|1
 23: error -2147467259 BotonNuevo 1|2|2|1
 24: error -2147467259 BotonNuevo 1|2|2|1
 25: error -2147467259 BotonNuevo 1|2|2|1
-26: aviso "Nº Error:-2147467259 16 "" -> aceptar BotonNuevo 1|2|2|1
-27: error -2147467259 BotonNuevo 1|2|2|1
+26: error -2147467259 BotonNuevo 1|2|2|1
+27: aviso "Nº Error:-2147467259 16 "" -> aceptar BotonNuevo 1|2|2|1
 28: error -2147467259 BotonNuevo 1|2|2|1
-29: error -2147467259 BotonNuevo 0|0|0|0
+29: error -2147467259 BotonNuevo 1|2|2|1
+30: error -2147467259 BotonNuevo 1|2|2|1
 )");
 }
 
@@ -123,21 +124,22 @@ TEST(FallosAlAceptar, LosDeLaConexionLocalConUnValorQueNoCabe) {
 12: error -2147217887 BtnAceptar 1|2|0|1
 13: aviso "Error al Generar Recibos " 16 "Error" -> aceptar BotonNuevo 1|2|0|1
 14: aviso "Error al Generar Recibos " 16 "Error" -> aceptar BotonNuevo 1|2|1|1
-15: error -2147217887 BotonNuevo 1|2|2|1
+15: error -2147217887 BtnAceptar 0|0|0|0
 16: error -2147217887 BotonNuevo 1|2|2|1
 17: error -2147217887 BotonNuevo 1|2|2|1
 18: error -2147217887 BotonNuevo 1|2|2|1
-19: aviso "Error al cargar Factura" 16 "Error" -> aceptar BotonNuevo 1|2|2|1
+19: error -2147217887 BotonNuevo 1|2|2|1
 20: aviso "Error al cargar Factura" 16 "Error" -> aceptar BotonNuevo 1|2|2|1
-21: error -2147217887 BotonNuevo 1|2|2|1
+21: aviso "Error al cargar Factura" 16 "Error" -> aceptar BotonNuevo 1|2|2|1
 22: error -2147217887 BotonNuevo 1|2|2|1
 23: error -2147217887 BotonNuevo 1|2|2|1
 24: error -2147217887 BotonNuevo 1|2|2|1
 25: error -2147217887 BotonNuevo 1|2|2|1
-26: aviso "Error al calcular vencimientos " 16 "Error" -> aceptar BotonNuevo 1|2|2|1
-27: error -2147217887 BotonNuevo 1|2|2|1
+26: error -2147217887 BotonNuevo 1|2|2|1
+27: aviso "Error al calcular vencimientos " 16 "Error" -> aceptar BotonNuevo 1|2|2|1
 28: error -2147217887 BotonNuevo 1|2|2|1
-29: error -2147217887 BotonNuevo 0|0|0|0
+29: error -2147217887 BotonNuevo 1|2|2|1
+30: error -2147217887 BotonNuevo 1|2|2|1
 )");
 }
 
@@ -149,7 +151,7 @@ TEST(FallosAlAceptar, LosDeLasTablasDeLaEmpresa) {
 4: error -2147467259 BtnAceptar 1|2|0|1
 5: error -2147467259 BtnAceptar 1|2|1|1
 6: error -2147467259 BtnAceptar 1|2|1|1
-7: error -2147467259 BotonNuevo 0|0|0|0
+7: error -2147467259 BotonNuevo 1|2|2|1
 )");
 }
 

@@ -26,10 +26,10 @@ class Aceptacion:
             self._comprobar_fechas()
             self._comprobar_irpf()
             self._ponerse_al_dia()
-            if self.TxtNFra.texto != "":
+            if self._con_numero():
                 self._comprobar_recibos_e_iva()
             self._comprobar_concepto()
-            if self.TxtNFra.texto != "" and descuadra(self.sumar_bases(), llano(self.TxtIFra.texto)):
+            if self._con_numero() and descuadra(self.sumar_bases(), llano(self.TxtIFra.texto)):
                 self._parar(BASES_NO_SUMAN)
             if self.es_nueva():
                 self._aceptar_nueva()
@@ -42,6 +42,9 @@ class Aceptacion:
             self.cargar_grip()
             self.cerrar_panel()
         self.BtnAceptar.tag = ""
+
+    def _con_numero(self):
+        return self.TxtNFra.texto.strip(" ") != ""
 
     def _parar(self, *aviso, en=None):
         if aviso:
@@ -56,7 +59,7 @@ class Aceptacion:
 
     def _comprobar_fechas(self):
         fecha = a_guardada(self.TxtFFra.texto)
-        if self.TxtNFra.texto != "" and fecha == "":
+        if self._con_numero() and fecha == "":
             self._parar(FECHA_FACTURA, en="TxtFFra")
         if self.TxtFFra.texto == "":
             return
@@ -93,7 +96,9 @@ class Aceptacion:
         total = llano(self.TxtIFra.texto)
         if mascara(suma) != mascara(total) and all(redondo(suma + m) != total for m in (0.01, -0.01)):
             self._parar(NO_SUMAN)
-        if any(llano(celdas[n] or "0") < 0 for celdas in self.vtos_que_se_graban() for n in (1, 2)):
+        if self.OptVista.valor and self.celda_de_vto(2, 0) != "" and self.vtos_han_cambiado():
+            self._parar(NO_SUMAN)
+        if any(not 0 <= llano(celdas[n] or "0") < 1e12 for celdas in self.vtos_que_se_graban() for n in (1, 2)):
             self._parar(RECIBOS_NEGATIVOS, en="MSFVencimientos")
         if self.celda_de_vto(1, 0) == "":
             self._generar_lo_que_falta()
@@ -132,14 +137,14 @@ class Aceptacion:
             self.TxtDesde.texto = self.hoy()
         if a_guardada(self.TxtDesde.texto) == "":
             self._parar(FECHA_PREVISION_AL_ACEPTAR, en="TxtDesde")
-        if es_numero(self.TxtIPrev.texto) and llano(self.TxtIPrev.texto) < 0:
+        if es_numero(self.TxtIPrev.texto) and not 0 <= llano(self.TxtIPrev.texto) < 1e12:
             self._parar(PREVISION_NEGATIVA, en="TxtIPrev")
         self.grabar_prevision()
 
     def _aceptar_nueva(self):
         if self.OptGenerar.valor:
             self._aceptar_prevision()
-        if self.TxtNFra.texto != "":
+        if self._con_numero():
             self.grabar_factura()
         elif self.celda_de_vto(1, 1) == "":
             self._parar()
@@ -147,7 +152,7 @@ class Aceptacion:
             self._parar(en="TxtNFra")
 
     def _aceptar_modificacion(self):
-        if self.TxtNFra.texto.strip(" ") != "":
+        if self._con_numero():
             if self.fila_actual()[2] != "" or self.TxtDesde.texto != self.TxtDesde.tag:
                 self.grabar_factura()
             else:

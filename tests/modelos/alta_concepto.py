@@ -2,7 +2,7 @@
 
 from alta_mensajes import CONCEPTO_EN_BLANCO, CREAR_CONCEPTO
 from copia import sin_comilla
-from valores import igual
+from valores import ErrorEjecucion, igual
 
 
 class Concepto:
@@ -17,12 +17,16 @@ class Concepto:
             return
         self.TxtNConcepto.tag = self.TxtNConcepto.texto
         self.TxtNConcepto.texto = self.TxtBusco.texto
-        hallado = self.concepto(self.TxtConcepto.texto)
-        if hallado:
-            self.TxtNConcepto.texto = self.TxtConcepto.texto
-            self.TxtConcepto.texto = hallado["Descripcion"] or ""
-        else:
-            self._elegir_concepto()
+        try:
+            hallado = self.concepto(self.TxtConcepto.texto)
+            if hallado:
+                self.TxtNConcepto.texto = self.TxtConcepto.texto
+                self.TxtConcepto.texto = hallado["Descripcion"] or ""
+            else:
+                self._elegir_concepto()
+        except ErrorEjecucion:
+            self.TxtNConcepto.texto = ""
+            raise
         if self.TxtConcepto.texto == "":
             self.puesto.avisar(CONCEPTO_EN_BLANCO)
             self.poner_foco("TxtConcepto")

@@ -99,7 +99,7 @@ class Escritura:
     # Receipts.
 
     def _grabar_vencimientos(self):
-        if not self.es_nueva() and self.vtos.textos() == self.cargados:
+        if not self.vtos_han_cambiado():
             return
         clave = self.clave_de_entrada()
         if clave[1] == "":  # An occurrence that becomes an invoice has none to replace but its own.
@@ -114,6 +114,9 @@ class Escritura:
             if error.numero != CLAVE_REPETIDA:
                 raise
             self.puesto.avisar(RECIBO_YA_EXISTE, 16, "Error")
+
+    def vtos_han_cambiado(self):
+        return self.es_nueva() or self.vtos.textos() != self.cargados
 
     def vtos_que_se_graban(self):
         if self.OptVista.valor:

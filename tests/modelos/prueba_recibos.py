@@ -81,12 +81,9 @@ def prueba_escape():
     assert not b.p.panel_visible and b.p.foco == "BotonModificar"
 
 
-def prueba_recibos_sin_numero_no_se_reemplazan():
-    b = Banco().nueva().campo("TxtNFra", " ").campo("TxtIFra", "116").pulsar("BtnAceptar").modificar()
-    b.campo("TxtFFra", "16/03/2005").campo("TxtNFra", "P4").campo("TxtIFra", "100").pulsar("BtnAceptar")
-    if b.p.panel_visible:  # The concept was left empty by the row, which is no forecast's.
-        b.campo("TxtConcepto", "400").pulsar("BtnAceptar")
-    assert sorted(fila["NFactura"] for fila in b.local.vencimientos.filas) == ["", "P4"]
+def prueba_un_numero_de_blancos_no_es_ninguno():
+    b = Banco().nueva().campo("TxtNFra", " ").campo("TxtIFra", "116").si("si").pulsar("BtnAceptar")
+    assert b.p.panel_visible and b.p.foco == "TxtNFra" and not b.local.facturas.filas
 
 
 def prueba_prevision_de_otros_siglos():
