@@ -48,9 +48,11 @@ void Aceptacion::BtnAceptar_Click() {
 }
 
 bool Aceptacion::Comprobar() {
-  if (!ComprobarFechas() || !ComprobarIrpf()) return false;
+  if (!ComprobarFechas()) return false;
+  CompletarTotal();
+  if (!ComprobarIrpf()) return false;
   PonerTerminosAlDia();
-  if (TieneNumero() && !(ComprobarRecibos() && ComprobarBases())) return false;
+  if (TieneNumero() && !(RecibosCompletos() && ComprobarBases())) return false;
   return ComprobarConcepto() && (!TieneNumero() || ComprobarTotal());
 }
 
@@ -64,8 +66,12 @@ bool Aceptacion::ComprobarFechas() {
                                              {kPrevisionIncorrecta, kPrevisionAnterior})) {
     return false;
   }
-  if (c_.TxtIFra.Text().empty()) c_.TxtIFra.Text = "0,00";
   return true;
+}
+
+/// A dated entry has a total.
+void Aceptacion::CompletarTotal() {
+  if (!c_.TxtFFra.Text().empty() && c_.TxtIFra.Text().empty()) c_.TxtIFra.Text = "0,00";
 }
 
 bool Aceptacion::ComprobarIrpf() {
@@ -88,7 +94,7 @@ void Aceptacion::PonerTerminosAlDia() {
   }
 }
 
-bool Aceptacion::ComprobarRecibos() {
+bool Aceptacion::RecibosCompletos() {
   if (!ComprobarSuma()) return false;
   // With one in its range the screen would never open.
   if (!b_.Vencimientos.SePuedenSumar()) {

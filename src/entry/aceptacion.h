@@ -45,7 +45,7 @@ class Aceptacion {
   [[nodiscard]] bool Comprobar();
   [[nodiscard]] bool ComprobarFechas();
   [[nodiscard]] bool ComprobarIrpf();
-  [[nodiscard]] bool ComprobarRecibos();
+  [[nodiscard]] bool RecibosCompletos();
   [[nodiscard]] bool ComprobarSuma();
   [[nodiscard]] bool GenerarSiFaltan();
   [[nodiscard]] bool ComprobarBases();
@@ -57,6 +57,7 @@ class Aceptacion {
   [[nodiscard]] bool GrabarModificada();
   [[nodiscard]] bool GrabarOcurrencia();
 
+  void CompletarTotal();
   void PonerTerminosAlDia();
   void SellarCaja();
   void Sellar(const ApunteDeCaja& apunte);

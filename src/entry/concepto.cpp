@@ -100,8 +100,8 @@ void Concepto::ExigirConcepto() {
   }
 }
 
-/// The cash screen's list is that of the concept; with a row of the list chosen it was loaded
-/// already.
+/// The cash screen's list is that of the concept, but for an entry opened with a row of the list
+/// chosen.
 void Concepto::RehacerCaja() {
   c_.BotonCaja.Enabled = true;
   if (!lista_.FilaElegida) caja_.Rehacer();

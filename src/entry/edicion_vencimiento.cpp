@@ -28,14 +28,14 @@ EdicionVencimiento::EdicionVencimiento(Campos& campos, services::Sesion& sesion,
 
 void EdicionVencimiento::MSFVencimientos_Click() {
   const int fila = rejilla_.Row;
-  if (rejilla_.Col == columna::Marca && vencimientos_.TieneFecha(fila)) {
-    vencimientos_.EstaMarcada(fila) ? QuitarPago(fila) : PagarEntero(fila);
-  } else if (rejilla_.Col == columna::Pagado && vencimientos_.TieneFecha(fila)) {
-    TxtMsf2_.Visible&& SuperaElRecibo() ? AvisarQueSupera() : AbrirEdicionVencimiento();
-  } else if (rejilla_.Col == columna::Importe && vencimientos_.TieneFecha(fila)) {
-    AbrirEdicionVencimiento();
-  } else {
+  if (!vencimientos_.TieneFecha(fila) || rejilla_.Col == columna::Fecha) {
     Ocultar();
+  } else if (rejilla_.Col == columna::Marca) {
+    vencimientos_.EstaMarcada(fila) ? QuitarPago(fila) : PagarEntero(fila);
+  } else if (TxtMsf2_.Visible && PagaDeMas()) {
+    AvisarQueSupera();
+  } else {
+    AbrirEdicionVencimiento();
   }
 }
 
@@ -162,11 +162,8 @@ int EdicionVencimiento::BuscarFilaVencimiento(std::string_view direccion) const 
 }
 
 bool EdicionVencimiento::PagaDeMas() const {
-  return rejilla_.Col == columna::Pagado && SuperaElRecibo();
-}
-
-bool EdicionVencimiento::SuperaElRecibo() const {
-  return list::Supera(vencimientos_.ReciboDe(rejilla_.Row), TxtMsf2_.Text);
+  return rejilla_.Col == columna::Pagado &&
+         list::Supera(vencimientos_.ReciboDe(rejilla_.Row), TxtMsf2_.Text);
 }
 
 /// A click on the cell has taken the focus out of its editor, and Escape there would close the

@@ -44,8 +44,8 @@ class EdicionVencimiento {
   /// `direccion` is "Arr" or "Aba".
   void MoverFilaVencimiento(std::string_view direccion);
   [[nodiscard]] int BuscarFilaVencimiento(std::string_view direccion) const;
+  /// Whether what is typed as paid is more than the receipt.
   [[nodiscard]] bool PagaDeMas() const;
-  [[nodiscard]] bool SuperaElRecibo() const;
   void AvisarQueSupera();
 
   services::MSFlexGrid& rejilla_;

@@ -18,12 +18,14 @@ class PantallaDeCaja {
  public:
   virtual ~PantallaDeCaja() = default;
 
-  /// Unloads it and loads it again, so that its list shows the entries of the panel's concept.
+  /// Unloads it and loads it again, so that its list shows the entries of the panel's concept. It
+  /// may be asked for from inside of one of its own handlers, which has the payment terms made
+  /// anew.
   virtual void Rehacer() = 0;
   virtual void Descargar() = 0;
   /// Loads it, when it isn't, without showing it.
   virtual void Cargar() = 0;
-  /// Shows it and waits until it is hidden.
+  /// Shows it and waits until it is hidden; loads it first when it isn't.
   virtual void MostrarModal() = 0;
   /// Its rows; loads it first when it isn't.
   [[nodiscard]] virtual std::vector<ApunteDeCaja> Apuntes() = 0;
