@@ -12,7 +12,7 @@ namespace {
 
 using jornada::Partida;
 
-const std::string kNegocio = R"(
+const std::string kUnConcepto = R"(
 reloj 2005-03-15 10:00:00
 datos INSERT INTO ProvConceptos VALUES ('400','Luz')
 cargar
@@ -43,7 +43,7 @@ foco TxtNFra
 )";
 
 /// How many rows there are of invoices, bases, receipts and forecasts.
-const std::string kFilas =
+const std::string kCuantasFilas =
     "consulta local SELECT (SELECT count(*) FROM TempProvFacturas), (SELECT count(*) FROM "
     "TempProvBasesIva), (SELECT count(*) FROM TempProvVencimientos), (SELECT count(*) FROM "
     "TempProvPrevisionPagos)\n";
@@ -62,10 +62,10 @@ std::string Aceptar(const std::string& base, const std::string& numero) {
   std::string todas = "\n";
   for (int n = 1; n < 100; ++n) {
     Partida partida;
-    EXPECT_EQ(partida.Jugar(kNegocio + kEntrada).Salida, "");
+    EXPECT_EQ(partida.Jugar(kUnConcepto + kEntrada).Salida, "");
     const std::string fallo = "fallo " + base + " " + std::to_string(n) + " " + numero + "\n";
     const Partida::Jugada jugada =
-        partida.Jugar(fallo + "pulsar BtnAceptar\navisos\nfoco?\n" + kFilas);
+        partida.Jugar(fallo + "pulsar BtnAceptar\navisos\nfoco?\n" + kCuantasFilas);
     if (jugada.Salida == "BotonNuevo\n1|2|2|1\n(1 filas)\n") return todas;
     todas += std::to_string(n) + ": " + EnUnaLinea(jugada.Salida);
   }

@@ -31,9 +31,9 @@ void PrintTo(const Peticion& p, std::ostream* salida) {
           << p.Modo << " " << p.Indicador << " " << p.ConContexto;
 }
 
-class Otra final : public Form {
+class FormularioAjeno final : public Form {
  public:
-  explicit Otra(services::Escritorio& escritorio) : Form(escritorio, "Otra", 100, 100) {}
+  explicit FormularioAjeno(services::Escritorio& escritorio) : Form(escritorio, "Otra", 100, 100) {}
 };
 
 class Selector : public testing::Test {
@@ -86,7 +86,7 @@ TEST_F(Selector, SeCreaUnaVezYSeLePideLoQueToca) {
 }
 
 TEST_F(Selector, DevolverOtroFormularioPorElSuyoEsUnErrorYLaPantallaSigue) {
-  devuelve = services::Crear<Otra>(partida.Pantalla().Escritorio());
+  devuelve = services::Crear<FormularioAjeno>(partida.Pantalla().Escritorio());
   EXPECT_EQ(Jugar("pulsar CmdCon\n"),
             "error -2147467262 \"El selector de conceptos ha devuelto otro formulario por "
             "FrmTesvaraGastos\"\n");
