@@ -1,5 +1,6 @@
 #include "qt/accesibles.h"
 
+#include <QAbstractItemView>
 #include <QAccessibleWidget>
 #include <QComboBox>
 #include <QFrame>
@@ -17,8 +18,8 @@ class ListaAccesible final : public QAccessibleWidget {
   explicit ListaAccesible(QComboBox* lista) : QAccessibleWidget(lista, QAccessible::ComboBox) {}
 
   QString text(QAccessible::Text que) const override {
-    const QString nombre = QAccessibleWidget::text(que);
-    const QString valor = Lista().currentText();
+    QString nombre = QAccessibleWidget::text(que);
+    QString valor = Lista().currentText();
     if (que == QAccessible::Value) return valor;
     if (que != QAccessible::Name || valor.isEmpty()) return nombre;
     return nombre.isEmpty() ? valor : nombre + QLatin1String(": ") + valor;

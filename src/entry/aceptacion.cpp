@@ -14,7 +14,6 @@ using services::EnCentimos;
 using services::ModoApertura;
 using services::Numero;
 using services::Recordset;
-using services::TextBox;
 
 namespace {
 
