@@ -248,9 +248,13 @@ bool Aceptacion::GrabarOcurrencia() {
 /// After an invoice that was refused the panel stays open, and yet the cash entries take its number
 /// and the cash screen goes.
 void Aceptacion::Terminar() {
+  const bool grabada = c_.BtnAceptar.Tag().empty();
+  // What can't be made durable shows while the entry, and what the cash screen lent to it, are
+  // still there.
+  if (grabada) sesion_.CnTemp().TerminarUnidad();
   c_.SaltarValidacion = true;
   try {
-    if (c_.BtnAceptar.Tag().empty()) Cerrar();
+    if (grabada) Cerrar();
     if (TieneNumero() && !c_.TxtFFra.Text().empty()) SellarCaja();
   } catch (...) {
     SoltarCaja();
@@ -262,8 +266,6 @@ void Aceptacion::Terminar() {
 /// A list that can't be made has no line left that the panel could stand on: it closes all the
 /// same.
 void Aceptacion::Cerrar() {
-  // What can't be made durable shows while the entry is still on the panel.
-  sesion_.CnTemp().TerminarUnidad();
   try {
     b_.Lista.CargarGrip();
   } catch (...) {

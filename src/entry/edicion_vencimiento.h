@@ -17,18 +17,19 @@ class EdicionVencimiento {
   EdicionVencimiento(Campos& campos, services::Sesion& sesion, Vencimientos& vencimientos,
                      const list::RejillaPagos& lista);
 
+  /// Takes the text of an open editor into the current cell and hides it. A text that is no amount
+  /// throws 13, and cell and editor stay as they are.
+  void CerrarEdicionVencimiento();
+
+ private:
   /// Lays the editor over the current cell when it is the amount or the `Pagado` of a receipt;
   /// otherwise empties and hides it.
   void AbrirEdicionVencimiento();
   /// The same, by a key, which is not looked at.
   void ActivarEdicionVencimiento(int tecla);
-  /// Takes the text of an open editor into the current cell and hides it. A text that is no amount
-  /// throws 13, and cell and editor stay as they are.
-  void CerrarEdicionVencimiento();
   /// Empties and hides the editor; what was typed is dropped.
   void Ocultar();
 
- private:
   void MSFVencimientos_Click();
   void MSFVencimientos_RowColChange();
   void MSFVencimientos_LeaveCell();

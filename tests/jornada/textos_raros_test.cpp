@@ -61,9 +61,9 @@ const std::string kPrevision = "celda MSFPagos 1 1\npulsar BotonModificar\n";
 /// without its invoice.
 const std::string kSanas = R"sql(
 espera consulta local "SELECT Factura FROM TempProvFacturas WHERE NConcepto NOT IN ('12','20') OR length(Fecha) <> 8 OR CAST(Año AS INTEGER) <> CAST(substr(Fecha, 1, 4) AS INTEGER) OR Total IS NULL"
-espera consulta local "SELECT v.NFactura FROM TempProvVencimientos v WHERE v.Importe < 0 OR v.Pagado < 0 OR length(v.FechaVto) <> 8 OR NOT EXISTS (SELECT 1 FROM TempProvFacturas f WHERE f.NConcepto = v.NConcepto AND f.Factura = v.NFactura AND f.Año = v.Año)"
+espera consulta local "SELECT v.NFactura FROM TempProvVencimientos v WHERE v.Importe < 0 OR v.Importe >= 1e12 OR v.Pagado < 0 OR v.Pagado >= 1e12 OR length(v.FechaVto) <> 8 OR NOT EXISTS (SELECT 1 FROM TempProvFacturas f WHERE f.NConcepto = v.NConcepto AND f.Factura = v.NFactura AND f.Año = v.Año)"
 espera consulta local "SELECT b.NFactura FROM TempProvBasesIva b WHERE NOT EXISTS (SELECT 1 FROM TempProvFacturas f WHERE f.NConcepto = b.NConcepto AND f.Factura = b.NFactura AND f.Año = b.Año)"
-espera consulta local "SELECT NConcepto FROM TempProvPrevisionPagos WHERE NConcepto NOT IN ('12','20') OR Importe < 0 OR length(Fecha1Vto) <> 8"
+espera consulta local "SELECT NConcepto FROM TempProvPrevisionPagos WHERE NConcepto NOT IN ('12','20') OR Importe < 0 OR Importe >= 1e12 OR length(Fecha1Vto) <> 8"
 espera consulta datos "SELECT count(*) FROM ProvFacturas" "1"
 )sql";
 
