@@ -18,6 +18,7 @@ constexpr std::array kTeclas{
     NombreYCodigo{"Escape", services::tecla::Escape},
     NombreYCodigo{"Tab", services::tecla::Tabulador},
     NombreYCodigo{"Borrar", services::tecla::Borrar},
+    NombreYCodigo{"Suprimir", services::tecla::Suprimir},
     NombreYCodigo{"Arriba", services::tecla::Arriba},
     NombreYCodigo{"Abajo", services::tecla::Abajo},
     NombreYCodigo{"Izquierda", services::tecla::Izquierda},
