@@ -1,7 +1,7 @@
 #include "entry/aceptacion.h"
 
 #include "datos/recordset.h"
-#include "entry/concepto.h"
+#include "entry/avisos.h"
 #include "entry/fechas.h"
 #include "list/prevision.h"
 #include "valores/formato.h"
@@ -290,16 +290,8 @@ void Aceptacion::SellarCaja() {
 }
 
 void Aceptacion::Sellar(const ApunteDeCaja& apunte) {
-  const std::string suya = c_.EsNueva()
-                               ? ""
-                               : "Trim(TempCajaPagos.Factura) = '" +
-                                     std::string(services::Trim(c_.TxtNFra.Text())) + "' OR ";
   Recordset rs;
-  rs.Open("SELECT TempCajaPagos.* From TempCajaPagos WHERE TempCajaPagos.Tipo = " + apunte.Tipo +
-              " AND TempCajaPagos.FechaHora like '" + apunte.FechaHora + "' AND (" + suya +
-              "TempCajaPagos.Factura Is Null OR TempCajaPagos.Factura = '') ORDER BY "
-              "TempCajaPagos.FechaHora",
-          sesion_.CnTemp(), ModoApertura::Optimista);
+  rs.Open(SentenciaDeApunte(c_, apunte), sesion_.CnTemp(), ModoApertura::Optimista);
   if (rs.Eof()) return;
   rs.Collect("Factura") = apunte.Marcado ? c_.TxtNFra.Text() : "";
   rs.Collect("Año") = apunte.Marcado ? AnioDe(sesion_.Utiles().Normalizada(c_.TxtFFra.Text())) : "";

@@ -20,6 +20,12 @@ Clave ClaveDeLaEntrada(const Campos& campos, const list::RejillaPagos& lista) {
   return campos.EsNueva() ? ClaveDelPanel(campos) : ClaveDeLaLista(lista);
 }
 
+std::string FacturaDe(const std::string& tabla, const char* y, const Clave& clave) {
+  return "SELECT " + tabla + ".* FROM " + tabla + " WHERE RTRIM(LTRIM(" + tabla +
+         ".Factura)) like '" + clave.Factura + "' And " + tabla + ".NConcepto like '" +
+         clave.NConcepto + "' " + y + " " + tabla + ".Año like '" + clave.Anio + "'";
+}
+
 std::string AnioDe(const std::string& fecha) {
   const auto dia = services::LeerFecha(fecha);
   return dia ? std::to_string(services::Descomponer(*dia).Anio) : "";

@@ -22,6 +22,9 @@ struct Clave {
 /// That of a new entry as the panel tells it, that of a modification as the list does.
 [[nodiscard]] Clave ClaveDeLaEntrada(const Campos& campos, const list::RejillaPagos& lista);
 
+/// The statement that looks for an invoice in `tabla`, "And" written as `y` before its year.
+[[nodiscard]] std::string FacturaDe(const std::string& tabla, const char* y, const Clave& clave);
+
 /// The year of a date as shown; the empty text, which no invoice has as its year, when it is none.
 [[nodiscard]] std::string AnioDe(const std::string& fecha);
 

@@ -1,5 +1,6 @@
 #include "entry/concepto.h"
 
+#include "entry/avisos.h"
 #include "entry/comunes.h"
 #include "entry/descripcion.h"
 #include "forms/entrada.h"

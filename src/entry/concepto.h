@@ -39,8 +39,4 @@ class Concepto {
   Selector selector_;
 };
 
-/// What is said of a concept that isn't there, here and at the acceptance.
-inline constexpr const char* kConceptoEnBlanco = "El Concepto no puede estar en blanco";
-inline constexpr const char* kConceptoSinCrear = "Debe Crear el concepto para continuar";
-
 }  // namespace entry

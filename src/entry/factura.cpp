@@ -1,5 +1,6 @@
 #include "entry/factura.h"
 
+#include "entry/avisos.h"
 #include "entry/comunes.h"
 #include "list/guarda.h"
 #include "valores/error.h"
@@ -15,15 +16,6 @@ using services::TextBox;
 using services::Valor;
 
 namespace {
-
-constexpr const char* kYaExiste = "Esta Factura ya exite ";
-
-/// The statement that looks for an invoice in `tabla`, "And" written as `y` before its year.
-std::string BuscarEn(const std::string& tabla, const char* y, const Clave& clave) {
-  return "SELECT " + tabla + ".* FROM " + tabla + " WHERE RTRIM(LTRIM(" + tabla +
-         ".Factura)) like '" + clave.Factura + "' And " + tabla + ".NConcepto like '" +
-         clave.NConcepto + "' " + y + " " + tabla + ".Año like '" + clave.Anio + "'";
-}
 
 /// A field that can't stay empty gets its value.
 void Completar(TextBox& campo, const char* valor) {
@@ -133,26 +125,27 @@ void Factura::GrabarFactura() {
     return sesion_.Aviso().Rechazar("Error al grabar, Faltan Datos");
   }
   Recordset rs;
-  rs.Open(BuscarEn("TempProvFacturas", "And", c_.EsNueva() ? ClaveDelPanel(c_) : ClaveModificada()),
-          sesion_.CnTemp(), ModoApertura::Pesimista);
+  rs.Open(
+      FacturaDe("TempProvFacturas", "And", c_.EsNueva() ? ClaveDelPanel(c_) : ClaveModificada()),
+      sesion_.CnTemp(), ModoApertura::Pesimista);
   // A number that is free in the working copy may be taken in the stored tables.
   if (c_.EsNueva() && (EstaAlmacenada() || !rs.Eof())) return RechazarRepetida();
   // A changed invoice keeps its row.
   if (rs.Eof()) rs.AddNew();
   Rellenar(rs);
-  if (!Escribir(rs, kYaExiste, c_.TxtNFra) || !GrabarBases()) return;
+  if (!Escribir(rs, kFacturaYaExiste, c_.TxtNFra) || !GrabarBases()) return;
   vencimientos_.GrabarVencimientos();
 }
 
 bool Factura::EstaAlmacenada() const {
   Recordset rs;
-  rs.Open(BuscarEn("ProvFacturas", "and", ClaveDelPanel(c_)), sesion_.CnDatos(),
+  rs.Open(FacturaDe("ProvFacturas", "and", ClaveDelPanel(c_)), sesion_.CnDatos(),
           ModoApertura::Pesimista);
   return !rs.Eof();
 }
 
 void Factura::RechazarRepetida() {
-  sesion_.Aviso().Mostrar(kYaExiste, services::mensaje::Alto, "Error");
+  sesion_.Aviso().Mostrar(kFacturaYaExiste, services::mensaje::Alto, "Error");
   c_.TxtNFra.SetFocus();
   c_.BtnAceptar.Tag = "F";
 }
@@ -272,7 +265,7 @@ bool Factura::EscribirBase(Recordset& rs, const Partida& partida, const char* co
   } else {
     rs.Collect(columnaExento) = partida.Base.Text();
   }
-  return Escribir(rs, "Error al grabar las bases de Iva ya exite ", c_.TxtB16);
+  return Escribir(rs, kBasesYaExisten, c_.TxtB16);
 }
 
 }  // namespace entry

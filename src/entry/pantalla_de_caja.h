@@ -1,17 +1,10 @@
 #pragma once
 
-#include <string>
 #include <vector>
 
-namespace entry {
+#include "entry/apunte_de_caja.h"
 
-/// A row of the cash screen: the key of a cash entry, as texts, and whether it is marked as paid by
-/// the invoice on the panel.
-struct ApunteDeCaja {
-  std::string Tipo;  ///< empty, or no number, for a row that holds no entry
-  std::string FechaHora;
-  bool Marcado = false;
-};
+namespace entry {
 
 /// What the panel asks of the cash screen.
 class PantallaDeCaja {

@@ -171,37 +171,42 @@ void Terminos::ComprobarMismoNumero(const std::string& sentencia, int guardados)
                        "perderan los datos")) {
     return vencimientos_.GuardarVencimientos();
   }
+  ReponerTerminos(guardados);
   if (guardados < 2) caja_.Rehacer();
-  VolverALosGuardados(guardados);
+  ReponerRecibos(guardados);
 }
 
 void Terminos::ComprobarOtroNumero(int guardados) {
   if (ConsienteRehacer("Se ha modificado el número de recibos, se generarán desde cero")) return;
   caja_.Rehacer();
-  VolverALosGuardados(guardados);
+  ReponerTerminos(guardados);
+  ReponerRecibos(guardados);
 }
 
-/// What was typed goes, and the terms and receipts that are stored come back.
-void Terminos::VolverALosGuardados(int guardados) {
+/// What was typed goes, and the terms that are stored come back.
+void Terminos::ReponerTerminos(int guardados) {
   const bool aLaVista = guardados < 2;
   if (!aLaVista) {
     c_.TxtDias.Text = c_.TxtDias1.Text();
     c_.TxtCadencia.Text = c_.TxtCadencia1.Text();
     c_.TxtNRecibos.Text = std::to_string(guardados);
   }
-  {
-    // Answered for: the field that Enter was pressed in goes off with the focus, and asks no more.
-    const list::Mientras volviendo(volviendo_);
-    Opt(aLaVista ? "Vista" : "Aplazado", true, false);
-  }
+  // Answered for: the field that Enter was pressed in goes off with the focus, and asks no more.
+  const list::Mientras volviendo(volviendo_);
+  Opt(aLaVista ? "Vista" : "Aplazado", true, false);
+}
+
+void Terminos::ReponerRecibos(int guardados) {
   vencimientos_.RestaurarVencimientos();
-  if (aLaVista) {
+  if (guardados < 2) {
     c_.TxtFVista.Text = vencimientos_.PrimeraFecha();
     c_.TxtFVista.Tag = c_.TxtFVista.Text();
   }
   // A field that went off takes the focus with it: the keyboard goes on from what came back.
-  const services::Widget* foco = c_.PicNuevo.Formulario().Escritorio().Foco();
-  if (!foco || !foco->Enabled) PasarAlPrimero({&c_.TxtFVista, &c_.TxtNRecibos});
+  const services::Escritorio& escritorio = c_.PicNuevo.Formulario().Escritorio();
+  const services::Widget* foco = escritorio.Foco();
+  const bool seFue = foco ? !foco->Enabled : escritorio.FocoPerdido() != nullptr;
+  if (seFue) PasarAlPrimero({&c_.TxtFVista, &c_.TxtNRecibos});
 }
 
 bool Terminos::TerminosCompletos() const {

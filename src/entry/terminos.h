@@ -58,7 +58,9 @@ class Terminos {
   [[nodiscard]] bool HayPagados(const std::string& sentencia) const;
   void ComprobarMismoNumero(const std::string& sentencia, int guardados);
   void ComprobarOtroNumero(int guardados);
-  void VolverALosGuardados(int guardados);
+  void ReponerTerminos(int guardados);
+  /// And the receipts.
+  void ReponerRecibos(int guardados);
 
   Campos& c_;
   services::Sesion& sesion_;

@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "datos/recordset.h"
+#include "entry/avisos.h"
 #include "entry/descripcion.h"
 #include "entry/desglose.h"
 #include "list/editor_en_celda.h"
@@ -251,7 +252,7 @@ bool Vencimientos::GrabarLinea(Recordset& rs, int fila, const Clave& clave) {
     rs.Update();
     return true;
   } catch (const services::ErrorEjecucion& fallo) {
-    sesion_.Aviso().FalloAlEscribir(fallo, "Error al Generar Recibos ");
+    sesion_.Aviso().FalloAlEscribir(fallo, kRecibosSinGenerar);
     rs.CancelUpdate();
     return false;
   }

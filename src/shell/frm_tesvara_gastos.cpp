@@ -43,6 +43,7 @@ FrmTesvaraGastos::FrmTesvaraGastos(DatosComunes& datos)
       BtnAutCaja(PicPagos, "BtnAutCaja", "", EnBotonera(5).Inhabilitado()),
       ImgImpresora(PicPagos, "ImgImpresora", "impresora",
                    Diseno{14500, 9000, 480, 480}.Inhabilitado()),
+      caja_(datos, Campos, Entrada),
       Entrada(Campos, {*this, datos, Rejilla, Edicion, Lista, Borrado, caja_, *this}) {
   Barra1.Cerrar = [this] { Barra1_Cerrar(); };
   BotonNuevo.Click = [this] { Entrada.Panel.AbrirNueva(); };
@@ -81,6 +82,7 @@ void FrmTesvaraGastos::Form_Unload() {
   ComprobarCambios();
   if (Modificado && datos_.Aviso().Preguntar("¿Desea guardar los cambios?")) BotonAceptar_Click();
   copia_.Vaciar();
+  caja_.Descargar();
 }
 
 void FrmTesvaraGastos::RangoCambiado(services::TextBox& campo) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "cash/caja_del_panel.h"
 #include "entry/campos.h"
 #include "entry/entrada.h"
 #include "forms/controles.h"
@@ -9,7 +10,6 @@
 #include "list/lista_pagos.h"
 #include "list/rango_fechas.h"
 #include "list/rejilla_pagos.h"
-#include "shell/sin_caja.h"
 #include "store/copia_de_trabajo.h"
 
 namespace shell {
@@ -48,7 +48,7 @@ class FrmTesvaraGastos final : public services::Form,
   services::Image ImgImpresora;
 
  private:
-  SinCaja caja_;
+  cash::CajaDelPanel caja_;
 
  public:
   entry::Entrada Entrada;

@@ -62,6 +62,11 @@ class ConCaption : public Widget {
 class Label : public ConCaption {
  public:
   Label(Sitio sitio, std::string nombre, std::string caption, const Diseno& diseno = {});
+  /// Whether the keyboard gets to it, and the blank clicks it there. A click by mouse leaves the
+  /// focus where it is all the same.
+  bool ConTeclado = false;
+  [[nodiscard]] bool AdmiteFoco() const override { return ConTeclado; }
+  [[nodiscard]] bool TomaFocoAlPulsar() const override { return false; }
 
  protected:
   [[nodiscard]] bool TieneFondo() const override { return true; }

@@ -115,6 +115,20 @@ void Escritorio::Esperar(const std::function<void()>& espera, bool pregunta) {
   espera();
 }
 
+Escritorio::FocoAparte::FocoAparte(Escritorio& escritorio) : escritorio_(escritorio) {
+  escritorio_.apartados_.push_back(std::exchange(escritorio_.foco_, nullptr));
+  escritorio_.perdido_ = nullptr;
+  if (escritorio_.apartados_.back()) escritorio_.MostrarFoco();
+}
+
+Escritorio::FocoAparte::~FocoAparte() {
+  Widget* antes = escritorio_.apartados_.back();
+  escritorio_.apartados_.pop_back();
+  if (!antes || escritorio_.foco_) return;
+  escritorio_.perdido_ = antes;
+  escritorio_.RecuperarFoco(*antes);
+}
+
 bool Escritorio::DarFoco(Widget& widget) {
   if (!widget.AdmiteFoco() || !widget.Alcanzable()) return false;
   if (dejando_) {
@@ -181,6 +195,8 @@ void Escritorio::QuitarFoco() {
 void Escritorio::OlvidarFoco(const Widget& widget) {
   if (foco_ == &widget) foco_ = nullptr;
   if (perdido_ == &widget) perdido_ = nullptr;
+  std::replace_if(
+      apartados_.begin(), apartados_.end(), [&](const Widget* w) { return w == &widget; }, nullptr);
   for (Salida& salida : salidas_) {
     if (salida.viejo == &widget) salida.viejo = nullptr;
     if (salida.destino == &widget) salida.destino = nullptr;

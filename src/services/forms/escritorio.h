@@ -57,6 +57,19 @@ class Escritorio {
     Escritorio& escritorio_;
   };
 
+  /// While a modal screen lasts the focus of the one behind it is put aside, with no event, so that
+  /// the new one begins without any. It goes back at the end, unless another widget has taken it.
+  class FocoAparte {
+   public:
+    explicit FocoAparte(Escritorio& escritorio);
+    ~FocoAparte();
+    FocoAparte(const FocoAparte&) = delete;
+    FocoAparte& operator=(const FocoAparte&) = delete;
+
+   private:
+    Escritorio& escritorio_;
+  };
+
   /// The widget with the focus, null for none.
   [[nodiscard]] Widget* Foco() const { return foco_; }
   /// While no widget has the focus, the last one it was taken from, or could not arrive at, because
@@ -116,6 +129,7 @@ class Escritorio {
   Widget* perdido_ = nullptr;
   bool dejando_ = false;  // inside the LostFocus handler of the last of salidas_
   std::vector<Salida> salidas_;
+  std::vector<Widget*> apartados_;  // one of each `FocoAparte`; null for none, or for one gone
   // Unloaded in this event; let go at its end. The last member, since their widgets, as they go,
   // take themselves out of the others.
   std::vector<Ref<Form>> retirados_;

@@ -42,6 +42,7 @@ void Form::Show() {
 void Form::ShowModal() {
   // The last count may go with the unload that ends the wait.
   const Ref<Form> viva(this);
+  const Escritorio::FocoAparte aparte(escritorio_);
   Show();
   if (!visible_) return;
   escritorio_.Esperar([this] { vista_->EsperarModal(); });

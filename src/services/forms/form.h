@@ -36,7 +36,8 @@ class Form : public ObjetoContado<IForm>, public Dueno {
   void Load();
   /// Loads it if need be and brings it to sight, unless its load has unloaded it.
   void Show();
-  /// The same, and returns when it has been hidden or unloaded.
+  /// The same, and returns when it has been hidden or unloaded. The focus goes back then to where
+  /// it was, with no event.
   void ShowModal();
   /// Hidden, it keeps its focus for the next `Show`; neither fires an event.
   void Hide();

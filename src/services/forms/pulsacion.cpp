@@ -28,7 +28,7 @@ bool LlevarFoco(Widget& widget) {
 
 void Pulsar(Widget& widget) {
   Widget::Disparar(widget.MouseDown);
-  if (widget.AdmiteFoco() && !LlevarFoco(widget)) return;
+  if (widget.TomaFocoAlPulsar() && !LlevarFoco(widget)) return;
   CambiarYPulsar(widget);
   Widget::Disparar(widget.MouseUp);
 }

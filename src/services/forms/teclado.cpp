@@ -114,7 +114,8 @@ void MoverElegido(ComboBox& lista, int codigo) {
 bool SePulsaCon(const Widget& widget, int codigo) {
   const bool boton = dynamic_cast<const Pulsador*>(&widget) != nullptr;
   const bool marca = dynamic_cast<const CheckBox*>(&widget) != nullptr ||
-                     dynamic_cast<const OptionButton*>(&widget) != nullptr;
+                     dynamic_cast<const OptionButton*>(&widget) != nullptr ||
+                     dynamic_cast<const Label*>(&widget) != nullptr;
   return (codigo == tecla::Espacio && (boton || marca)) || (codigo == tecla::Intro && boton);
 }
 

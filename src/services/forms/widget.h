@@ -117,6 +117,8 @@ class Widget : public Dueno {
   [[nodiscard]] bool TieneFoco() const;
   /// Whether its kind takes the focus at all.
   [[nodiscard]] virtual bool AdmiteFoco() const { return false; }
+  /// Whether a click takes the focus to it.
+  [[nodiscard]] virtual bool TomaFocoAlPulsar() const { return AdmiteFoco(); }
   /// Shown and in use, and so are the panels it lies in and its form.
   [[nodiscard]] bool Alcanzable() const;
 

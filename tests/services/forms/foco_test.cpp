@@ -206,6 +206,77 @@ TEST_F(Foco, UnaPantallaModalAbiertaAlDejarNoPierdeElDestino) {
   EXPECT_TRUE(f.TxtB.TieneFoco());
 }
 
+class FocoTrasUnaModal : public Foco {
+ protected:
+  /// Opens it from the screen, does that in it, and closes it.
+  void Abrir(const std::function<void()>& dentro) {
+    p.espera = [&](services::Form& abierta) {
+      dentro();
+      abierta.Hide();
+    };
+    p.escritorio.Evento([&] { modal->ShowModal(); });
+  }
+  services::Ref<services::Form> modal =
+      services::Crear<services::Form>(p.escritorio, "Modal", 100, 100);
+  services::TextBox caja{*modal, "Caja", {.TabIndex = 0}};
+};
+
+TEST_F(FocoTrasUnaModal, DentroNadieLoTieneYVuelveSinEventosADondeEstaba) {
+  Abrir([this] { EXPECT_EQ(p.escritorio.Foco(), nullptr); });
+  EXPECT_THAT(sucesos.Tomar(), IsEmpty());
+  EXPECT_TRUE(f.TxtA.TieneFoco());
+}
+
+TEST_F(FocoTrasUnaModal, LaTeclaTabEmpiezaPorLoPrimeroDeLaModal) {
+  Abrir([this] {
+    entrada::Tabular(*modal, false);
+    EXPECT_TRUE(caja.TieneFoco());
+  });
+  EXPECT_THAT(sucesos.Tomar(), IsEmpty());
+  EXPECT_TRUE(f.TxtA.TieneFoco());
+}
+
+TEST_F(FocoTrasUnaModal, LoQueLaModalDioAOtroSeQueda) {
+  Abrir([this] { f.TxtB.SetFocus(); });
+  EXPECT_THAT(sucesos.Tomar(), ElementsAre("TxtB.GotFocus"));
+  EXPECT_TRUE(f.TxtB.TieneFoco());
+}
+
+TEST_F(FocoTrasUnaModal, LoQueSeInhabilitoMientrasSigueSiendoDondeEmpiezaTab) {
+  Abrir([this] { f.TxtA.Enabled = false; });
+  EXPECT_EQ(p.escritorio.Foco(), nullptr);
+  EXPECT_EQ(p.escritorio.FocoPerdido(), &f.TxtA);
+}
+
+TEST_F(FocoTrasUnaModal, NoVuelveALoQueYaNoEsta) {
+  auto otra = std::make_unique<services::TextBox>(f, "Otra", services::Diseno{});
+  PonerFoco(*otra);
+  Abrir([&] { otra.reset(); });
+  EXPECT_EQ(p.escritorio.Foco(), nullptr);
+  EXPECT_EQ(p.escritorio.FocoPerdido(), nullptr);
+}
+
+TEST_F(FocoTrasUnaModal, UnaCargaQueFallaLoDeja) {
+  (void)sucesos.Tomar();
+  modal->Load();
+  modal->Unload();
+  EXPECT_THROW(modal->ShowModal(), ErrorEjecucion);
+  EXPECT_TRUE(f.TxtA.TieneFoco());
+}
+
+TEST_F(Foco, UnaEtiquetaConTecladoTomaElFocoPeroNoAlPulsarla) {
+  f.Lbl.ConTeclado = true;
+  entrada::Pulsar(f.Lbl);
+  EXPECT_THAT(sucesos.Tomar(), ElementsAre("Lbl.MouseDown", "Lbl.Click", "Lbl.MouseUp"));
+  EXPECT_TRUE(f.TxtA.TieneFoco());
+  f.Lbl.SetFocus();
+  EXPECT_THAT(sucesos.Tomar(), ElementsAre("TxtA.LostFocus", "Lbl.GotFocus"));
+  entrada::Tecla(f.Lbl, services::tecla::Espacio);
+  EXPECT_THAT(sucesos.Tomar(), ElementsAre("Lbl.MouseDown", "Lbl.Click", "Lbl.MouseUp"));
+  entrada::Tecla(f.Lbl, services::tecla::Intro);
+  EXPECT_THAT(sucesos.Tomar(), IsEmpty());
+}
+
 TEST_F(Foco, LaVentanaSabeDelFocoAntesDeGotFocus) {
   (void)p.ventanas.Tomar();
   std::vector<std::string> antes;

@@ -1,0 +1,20 @@
+#include "cash/caja_del_panel.h"
+
+namespace cash {
+
+FrmPagosCaja& CajaDelPanel::Cargada() {
+  FrmPagosCaja& pantalla = pantalla_.Pedir(sesion_, c_, entrada_.Terminos);
+  pantalla.Load();
+  return pantalla;
+}
+
+void CajaDelPanel::Rehacer() {
+  Descargar();
+  Cargar();
+}
+
+void CajaDelPanel::Descargar() {
+  if (FrmPagosCaja* pantalla = pantalla_.Si()) pantalla->Unload();
+}
+
+}  // namespace cash

@@ -1,0 +1,250 @@
+#include "cash/frm_pagos_caja.h"
+
+#include <algorithm>
+
+#include "datos/recordset.h"
+#include "forms/entrada.h"
+#include "valores/formato.h"
+#include "valores/numero.h"
+#include "valores/texto.h"
+
+namespace cash {
+
+using entry::ApunteDeCaja;
+using services::Diseno;
+using services::Mascara;
+using services::ModoApertura;
+using services::Recordset;
+namespace tecla = services::tecla;
+
+namespace {
+
+// Twips. With a line as high as this, a row takes one step of the scroll bar: no row lies where the
+// bar can't bring it to sight, however many there are.
+constexpr int kLinea = 180;
+constexpr int kSeparacion = 90;
+constexpr int kPaso = 540;
+constexpr int kArriba = 555;
+/// Height of the window that the rows pass under.
+constexpr int kVentana = 6400;
+constexpr int kFila = 2 * kLinea + kSeparacion;
+constexpr int kFilasPorPagina = kVentana / kPaso;
+
+constexpr std::size_t kLargoObservaciones = 35;
+
+constexpr Diseno kFondo{90, kSeparacion, 5340, kFila};
+constexpr Diseno kMarca{180, 2 * kSeparacion, 270, 270};
+constexpr Diseno kFecha{600, kSeparacion, 4740, kLinea};
+constexpr Diseno kObservaciones{600, 2 * kSeparacion + kLinea, 4740, kLinea};
+constexpr int kOrdenFilas = 0;
+
+/// Cash entries have the number of a concept as their `Tipo`: a code of another kind has none, and
+/// would be another word of the statement.
+bool PuedeTenerApuntes(const std::string& concepto) {
+  return services::EnteroDeCifras(services::Trim(concepto)).has_value();
+}
+
+/// A missing amount counts 0, as it does in a sum of the database.
+double ImporteDe(Recordset& apunte) {
+  const services::Valor importe = apunte.Collect("Importe");
+  return importe.EsNulo() ? 0 : importe.Numero();
+}
+
+}  // namespace
+
+FrmPagosCaja::FrmPagosCaja(services::Sesion& sesion, entry::Campos& campos,
+                           entry::Terminos& terminos)
+    : Form(campos.PicNuevo.Formulario().Escritorio(), "FrmPagosCaja", 6000, 7800),
+      Barra1(*this, "Barra1", "Apuntes de Caja", {0, 0, 6000, 420}),
+      PicScroll(*this, "PicScroll", {60, kArriba, 5520, kVentana}),
+      DivFondo(PicScroll, "DivFondo", kFondo),
+      DivSel(PicScroll, "DivSel", kMarca),
+      LblTxt(PicScroll, "LblTxt", "", kFecha),
+      LblTxt2(PicScroll, "LblTxt2", "", kObservaciones),
+      LblSeleccion(PicScroll, "LblSeleccion", "", kFondo.Tab(kOrdenFilas)),
+      VScroll1(*this, "VScroll1", {5640, kArriba, 255, kVentana}),
+      BtnFacturar(*this, "BtnFacturar", "Facturar", Diseno{2400, 7140, 1560, 480}.Tab(1)),
+      BtnAceptar(*this, "BtnAceptar", "Salir", Diseno{4140, 7140, 1560, 480}.Tab(2)),
+      sesion_(sesion),
+      c_(campos),
+      terminos_(terminos) {
+  UnirFila(0);
+  VScroll1.Change = [this] { VScroll1_Change(); };
+  BtnFacturar.Click = [this] { BtnFacturar_Click(); };
+  BtnAceptar.Click = [this] { Hide(); };
+  BtnAceptar.Cancela = true;
+}
+
+void FrmPagosCaja::Form_Load() {
+  c_.ImporteCaja = 0;
+  DivSel(0).Visible = false;
+  const std::string& concepto = c_.TxtNConcepto.Text();
+  Recordset apuntes;
+  if (PuedeTenerApuntes(concepto)) {
+    apuntes.Open(
+        "SELECT TempCajaPagos.FechaHora, TempCajaPagos.Tipo, TempCajaPagos.Importe, "
+        "TempCajaPagos.Observaciones, TempCajaPagos.Factura, TempCajaPagos.Año From TempCajaPagos "
+        "WHERE TempCajaPagos.Tipo = " +
+            concepto + " AND " + entry::ApuntesAlAlcance(c_),
+        sesion_.CnTemp(), ModoApertura::Lectura);
+  }
+  if (!apuntes.State() || apuntes.Eof()) return VaciarPrimeraFila();
+  CargarApuntes(apuntes);
+  PrepararBarra();
+}
+
+void FrmPagosCaja::VaciarPrimeraFila() {
+  for (services::Widget* parte : std::initializer_list<services::Widget*>{
+           &DivFondo(0), &DivSel(0), &LblSeleccion(0), &LblTxt(0), &LblTxt2(0)}) {
+    parte->Visible = false;
+  }
+  VScroll1.Max = 0;
+}
+
+/// Entries are told apart by their moment: those stamped alike are one row. One of the zero moment
+/// that comes first is none, and leaves the first row without an entry.
+void FrmPagosCaja::CargarApuntes(Recordset& apuntes) {
+  std::string anterior = "0:00:00";
+  for (bool primera = true; !apuntes.Eof(); apuntes.MoveNext(), primera = false) {
+    const std::string momento = apuntes.Collect("FechaHora").Texto();
+    if (momento == anterior) continue;
+    if (!primera) AnadirFila();
+    Rellenar(DivSel.UBound(), apuntes);
+    anterior = momento;
+  }
+}
+
+void FrmPagosCaja::AnadirFila() {
+  const int anterior = DivSel.UBound();
+  const int arriba = LblTxt2(anterior).Top + LblTxt2(anterior).Height + kSeparacion;
+  const auto bajada = [](Diseno diseno, int top) {
+    diseno.Top = top;
+    return diseno;
+  };
+  DivFondo.Anadir(PicScroll, "DivFondo", bajada(kFondo, arriba));
+  DivSel.Anadir(PicScroll, "DivSel", bajada(kMarca.Oculto(), arriba + kSeparacion));
+  const auto& fecha = LblTxt.Anadir(PicScroll, "LblTxt", "", bajada(kFecha, arriba));
+  LblTxt2.Anadir(PicScroll, "LblTxt2", "",
+                 bajada(kObservaciones, fecha.Top + fecha.Height + kSeparacion));
+  LblSeleccion.Anadir(PicScroll, "LblSeleccion", "", bajada(kFondo.Tab(kOrdenFilas), arriba));
+  UnirFila(anterior + 1);
+}
+
+/// All rows are one stop of the Tab key, at the last one that had the focus; the arrows go from row
+/// to row.
+void FrmPagosCaja::UnirFila(int fila) {
+  services::Label& seleccion = LblSeleccion(fila);
+  seleccion.ConTeclado = true;
+  seleccion.TabStop = fila == filaActual_;
+  seleccion.Click = [this, fila] { DivSel(fila).Visible = !DivSel(fila).Visible; };
+  seleccion.GotFocus = [this, fila] { LblSeleccion_GotFocus(fila); };
+  seleccion.KeyDown = [this, fila](int& codigo) { LblSeleccion_KeyDown(fila, codigo); };
+}
+
+void FrmPagosCaja::Rellenar(int fila, Recordset& apunte) {
+  const std::string momento = apunte.Collect("FechaHora").Texto();
+  DivSel(fila).Visible = !c_.EsNueva() && !apunte.Collect("Factura").Texto().empty();
+  DivSel(fila).Tag = apunte.Collect("Tipo").Texto();
+  LblTxt(fila).Caption = "Fecha:" + momento;
+  LblTxt(fila).Tag = momento;
+  LblTxt2(fila).Caption =
+      services::Izquierda(apunte.Collect("Observaciones").Texto(), kLargoObservaciones);
+}
+
+void FrmPagosCaja::PrepararBarra() {
+  const int ultima = DivSel.UBound();
+  VScroll1.Max = 0;
+  int alto = ultima * LblTxt(0).Height + (ultima + ultima + 2) * kSeparacion + kPaso;
+  for (int fila = 0; fila <= ultima; ++fila) alto += LblTxt2(fila).Height;
+  if (alto <= PicScroll.Height) return;
+  const int sobra = (DivFondo.Count() + 1) * kPaso - PicScroll.Height;
+  VScroll1.Max = (sobra + kPaso - 1) / kPaso;
+  PicScroll.Height = alto;
+}
+
+void FrmPagosCaja::VScroll1_Change() {
+  // At its end the last row lies at the bottom, however many steps that is.
+  PicScroll.Top = VScroll1.Value == VScroll1.Max ? kArriba - (PicScroll.Height - kVentana)
+                                                 : kArriba - VScroll1.Value * kPaso;
+}
+
+void FrmPagosCaja::LblSeleccion_GotFocus(int fila) {
+  LblSeleccion(filaActual_).TabStop = false;
+  LblSeleccion(fila).TabStop = true;
+  filaActual_ = fila;
+  TraerALaVista(fila);
+}
+
+void FrmPagosCaja::LblSeleccion_KeyDown(int fila, int codigo) {
+  const int ultima = LblSeleccion.UBound();
+  const auto irA = [&](int otra) { LblSeleccion(std::clamp(otra, 0, ultima)).SetFocus(); };
+  switch (codigo) {
+    case tecla::Arriba:
+      return irA(fila - 1);
+    case tecla::Abajo:
+      return irA(fila + 1);
+    case tecla::PaginaArriba:
+      return irA(fila - kFilasPorPagina);
+    case tecla::PaginaAbajo:
+      return irA(fila + kFilasPorPagina);
+    case tecla::Inicio:
+      return irA(0);
+    case tecla::Fin:
+      return irA(ultima);
+    default:
+      return;
+  }
+}
+
+void FrmPagosCaja::TraerALaVista(int fila) {
+  const int vistoDesde = kArriba - PicScroll.Top;
+  const int arriba = DivFondo(fila).Top;
+  const int abajo = arriba + DivFondo(fila).Height;
+  const auto mover = [this](int pasos) {
+    VScroll1.Value = std::clamp(pasos, VScroll1.Min(), VScroll1.Max());
+  };
+  if (arriba < vistoDesde) mover(arriba / kPaso);
+  if (abajo > vistoDesde + kVentana) mover((abajo - kVentana + kPaso - 1) / kPaso);
+}
+
+/// The terms may bring this screen's list back to what is stored, by a load that leaves this one
+/// behind: what it has added up counts all the same.
+void FrmPagosCaja::BtnFacturar_Click() {
+  TotalMarcado += SumaDeMarcados();
+  terminos_.Opt("Vista", true, true);
+  const std::string& tecleado = c_.TxtIFra.Text();
+  // Below one this is 0: a comma is no decimal mark here.
+  const double antes = services::Val(tecleado) != 0 ? services::Numero(tecleado) : 0;
+  if (!c_.HayImporte) c_.TxtIFra.Text = Mascara(TotalMarcado);
+  c_.ImporteCaja = TotalMarcado;
+  if (c_.HayImporte) {
+    c_.TxtIFra.Text = Mascara(antes);
+  } else {
+    terminos_.GenerarVista();
+    c_.Chk0.Value = true;
+    for (services::CheckBox* caja : {&c_.Chk16, &c_.Chk7, &c_.Chk4}) caja->Value = false;
+    c_.TxtB0.Text = Mascara(TotalMarcado);
+  }
+  Hide();
+}
+
+double FrmPagosCaja::SumaDeMarcados() {
+  double suma = 0;
+  for (const ApunteDeCaja& apunte : Apuntes()) {
+    if (apunte.Tipo.empty()) continue;
+    Recordset rs;
+    rs.Open(entry::SentenciaDeApunte(c_, apunte), sesion_.CnTemp(), ModoApertura::Optimista);
+    if (apunte.Marcado && !rs.Eof()) suma += ImporteDe(rs);
+  }
+  return suma;
+}
+
+std::vector<ApunteDeCaja> FrmPagosCaja::Apuntes() {
+  std::vector<ApunteDeCaja> apuntes;
+  for (int fila = 0; fila < DivFondo.Count(); ++fila) {
+    apuntes.push_back({DivSel(fila).Tag, LblTxt(fila).Tag, DivSel(fila).Visible});
+  }
+  return apuntes;
+}
+
+}  // namespace cash
