@@ -40,7 +40,7 @@ FrmTesvaraGastos::FrmTesvaraGastos(DatosComunes& datos)
       Borrado(PicPagos, EnBotonera(2), datos, Rejilla, Edicion, Lista, Campos.PicNuevo),
       BotonAceptar(PicPagos, "BotonAceptar", "Grabar", EnBotonera(3)),
       BotonCancelar(PicPagos, "BotonCancelar", "Cancelar", EnBotonera(4)),
-      BtnAutCaja(PicPagos, "BtnAutCaja", "", EnBotonera(5).Inhabilitado()),
+      BtnAutCaja(PicPagos, "BtnAutCaja", "", EnBotonera(5)),
       ImgImpresora(PicPagos, "ImgImpresora", "impresora",
                    Diseno{14500, 9000, 480, 480}.Inhabilitado()),
       caja_(datos, Campos, Entrada),
@@ -50,6 +50,7 @@ FrmTesvaraGastos::FrmTesvaraGastos(DatosComunes& datos)
   BotonModificar.Click = [this] { Entrada.Panel.AbrirElegida(); };
   BotonAceptar.Click = [this] { BotonAceptar_Click(); };
   BotonCancelar.Click = [this] { BotonCancelar_Click(); };
+  BtnAutCaja.Click = [this] { BtnAutCaja_Click(); };
 }
 
 FrmTesvaraGastos::~FrmTesvaraGastos() = default;
@@ -83,6 +84,7 @@ void FrmTesvaraGastos::Form_Unload() {
   if (Modificado && datos_.Aviso().Preguntar("¿Desea guardar los cambios?")) BotonAceptar_Click();
   copia_.Vaciar();
   caja_.Descargar();
+  if (auto* abierta = facturasAutomaticas_.Si()) abierta->Unload();
 }
 
 void FrmTesvaraGastos::RangoCambiado(services::TextBox& campo) {
@@ -105,13 +107,13 @@ void FrmTesvaraGastos::RangoCambiado(services::TextBox& campo) {
 }
 
 void FrmTesvaraGastos::PonerEnUso(bool estado) {
-  // Its current row is the key of what is on the panel.
+  // Its current row is the key of what is on the panel, and the automatic invoices make it anew.
   Rejilla.MSFPagos.TabStop = estado;
   Lista.OptConcepto.TabStop = estado;  // it stays enabled, for nothing
   const std::initializer_list<services::Widget*> apartados = {
       &Rejilla.MSFPagos,    &Lista.ChkPrevisiones, &Lista.OptFecha, &Lista.ChkPagados,
       &Rango.TxtFPrevision, &Rango.TxtFPrevisionD, &BotonNuevo,     &BotonAceptar,
-      &Borrado.BotonBorrar, &BotonModificar,       &BotonCancelar};
+      &Borrado.BotonBorrar, &BotonModificar,       &BotonCancelar,  &BtnAutCaja};
   for (services::Widget* widget : apartados) widget->Enabled = estado;
 }
 
@@ -170,6 +172,12 @@ void FrmTesvaraGastos::BotonCancelar_Click() {
   if (Campos.PicNuevo.Visible) return;
   Edicion.CerrarEdicionPago();
   Recargar();
+}
+
+/// What it generates makes the list anew.
+void FrmTesvaraGastos::BtnAutCaja_Click() {
+  Edicion.CerrarEdicionPago();
+  facturasAutomaticas_.Pedir(datos_.Escritorio(), datos_, Lista).ShowModal();
 }
 
 void FrmTesvaraGastos::Form_Resize() {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "cash/caja_del_panel.h"
+#include "cash/frm_fra_automaticas.h"
 #include "entry/campos.h"
 #include "entry/entrada.h"
 #include "forms/controles.h"
@@ -49,6 +50,7 @@ class FrmTesvaraGastos final : public services::Form,
 
  private:
   cash::CajaDelPanel caja_;
+  services::Instancia<cash::FrmFraAutomaticas> facturasAutomaticas_;
 
  public:
   entry::Entrada Entrada;
@@ -71,6 +73,7 @@ class FrmTesvaraGastos final : public services::Form,
   void Barra1_Cerrar();
   void BotonAceptar_Click();
   void BotonCancelar_Click();
+  void BtnAutCaja_Click();
   void Grabar();
 
   void TomarMarco();

@@ -46,8 +46,9 @@ bool EsAnioValido(std::int64_t anio) {
   throw ErrorEjecucion(error::LlamadaNoValida, "La fecha se sale del calendario");
 }
 
-[[noreturn]] void RechazarTipo() {
-  throw ErrorEjecucion(error::TiposNoCoinciden, "No coinciden los tipos");
+[[noreturn]] void RechazarTipo(std::string_view texto, const char* esperado) {
+  throw ErrorEjecucion(error::TiposNoCoinciden,
+                       "No coinciden los tipos: «" + std::string(texto) + "» no es " + esperado);
 }
 
 FechaHora SumarDias(std::int64_t cuantos, FechaHora desde) {
@@ -162,7 +163,7 @@ int DiasDelMes(int anio, int mes) {
 FechaHora SumarFecha(std::string_view unidad, std::int64_t cuantos, FechaHora desde) {
   const bool dias = MismoTexto(unidad, "d");
   const bool meses = MismoTexto(unidad, "m");
-  if (!dias && !meses && !MismoTexto(unidad, "yyyy")) RechazarTipo();
+  if (!dias && !meses && !MismoTexto(unidad, "yyyy")) RechazarTipo(unidad, "una unidad");
   if (cuantos < -kMaximoSalto || cuantos > kMaximoSalto) Desbordar();
   if (dias) return SumarDias(cuantos, desde);
   return SumarMeses(meses ? cuantos : cuantos * 12, desde);
@@ -183,7 +184,7 @@ std::optional<FechaHora> LeerFecha(std::string_view texto) {
 
 FechaHora Fecha(std::string_view texto) {
   const std::optional<FechaHora> momento = LeerFecha(texto);
-  if (!momento) RechazarTipo();
+  if (!momento) RechazarTipo(texto, "una fecha");
   return *momento;
 }
 
