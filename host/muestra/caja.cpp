@@ -80,8 +80,9 @@ std::vector<Apunte> Caja(std::span<const Factura> facturas, FechaHora hoy) {
     const auto cual = static_cast<std::size_t>(azar.Entre(0, conceptos.size() - 1));
     const int dia = hoy.Dias - azar.Entre(0, kSemanasAtras * 7);
     Apunte apunte = libro.Nuevo(conceptos.at(cual), dia, azar.Entre(2'50, 95'00));
-    // Whoever keeps the till leaves the number out, or passes over it with nothing typed.
-    if (i % 2 == 0) apunte.Factura = "";
+    // Whoever keeps the till leaves the number out, or passes over it with nothing typed: all those
+    // of one concept alike, or they couldn't be invoiced together with the other concepts.
+    if (cual % 2 == 0) apunte.Factura = "";
     apuntes.push_back(std::move(apunte));
   }
   return apuntes;

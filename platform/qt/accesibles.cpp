@@ -7,6 +7,7 @@
 
 #include "qt/lienzo.h"
 #include "qt/panel_qt.h"
+#include "qt/seleccion_qt.h"
 
 namespace qt {
 namespace {
@@ -47,6 +48,30 @@ class ListaAccesible final : public QAccessibleWidget {
   [[nodiscard]] QComboBox& Lista() const { return *static_cast<QComboBox*>(widget()); }
 };
 
+/// The box of a mark, by what it marks.
+class SeleccionAccesible final : public QAccessibleWidget {
+ public:
+  explicit SeleccionAccesible(SeleccionQt* caja) : QAccessibleWidget(caja, QAccessible::CheckBox) {}
+
+  QString text(QAccessible::Text que) const override {
+    return que == QAccessible::Name ? Caja().Nombre() : QAccessibleWidget::text(que);
+  }
+  QAccessible::State state() const override {
+    QAccessible::State estado = QAccessibleWidget::state();
+    estado.checkable = true;
+    estado.checked = Caja().Marcada();
+    return estado;
+  }
+  QStringList actionNames() const override { return {toggleAction(), setFocusAction()}; }
+  void doAction(const QString& accion) override {
+    if (accion == toggleAction() && Caja().isEnabled()) Caja().Pulsar();
+    if (accion == setFocusAction()) Caja().setFocus();
+  }
+
+ private:
+  [[nodiscard]] SeleccionQt& Caja() const { return *static_cast<SeleccionQt*>(widget()); }
+};
+
 class LineaAccesible final : public QAccessibleWidget {
  public:
   explicit LineaAccesible(QWidget* linea) : QAccessibleWidget(linea, QAccessible::Separator) {}
@@ -75,6 +100,7 @@ QAccessibleInterface* Accesible(const QString&, QObject* objeto) {
   auto* vista = qobject_cast<QWidget*>(objeto);
   if (!vista || !EsDeUnaPantalla(*vista)) return nullptr;
   if (auto* lista = qobject_cast<QComboBox*>(vista)) return new ListaAccesible(lista);
+  if (auto* caja = dynamic_cast<SeleccionQt*>(vista)) return new SeleccionAccesible(caja);
   if (dynamic_cast<PanelQt*>(vista)) return new QAccessibleWidget(vista, QAccessible::Grouping);
   return EsLinea(*vista) ? new LineaAccesible(vista) : nullptr;
 }

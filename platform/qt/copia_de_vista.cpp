@@ -10,6 +10,7 @@
 #include <QVariant>
 
 #include "qt/opcion_qt.h"
+#include "qt/seleccion_qt.h"
 
 namespace qt {
 namespace {
@@ -21,8 +22,10 @@ QWidget* Otra(const QWidget& modelo, QWidget* padre) {
 
 QWidget* DelMismoTipo(const QWidget& modelo, QWidget* padre) {
   using Hacer = QWidget* (*)(const QWidget&, QWidget*);
-  static constexpr Hacer kTipos[] = {&Otra<QLineEdit>, &Otra<QLabel>,      &Otra<QCheckBox>,
-                                     &Otra<OpcionQt>,  &Otra<QPushButton>, &Otra<QComboBox>};
+  // What is of several of these classes is of the first.
+  static constexpr Hacer kTipos[] = {&Otra<SeleccionQt>, &Otra<QLineEdit>, &Otra<QLabel>,
+                                     &Otra<QCheckBox>,   &Otra<OpcionQt>,  &Otra<QPushButton>,
+                                     &Otra<QComboBox>,   &Otra<QFrame>};
   for (const Hacer hacer : kTipos) {
     if (QWidget* otra = hacer(modelo, padre)) return otra;
   }
@@ -32,10 +35,12 @@ QWidget* DelMismoTipo(const QWidget& modelo, QWidget* padre) {
 /// What the designer gave it, and not what it shows: that is told by its own model.
 void CopiarDiseno(const QWidget& modelo, QWidget& otra) {
   for (const char* propiedad : {"minimumSize", "maximumSize", "sizePolicy", "alignment", "frame",
-                                "readOnly", "accessibleName", "toolTip"}) {
+                                "readOnly", "accessibleName", "toolTip", "frameShape",
+                                "autoFillBackground", "marca", "rotulos", "holguraTwips"}) {
     const QVariant valor = modelo.property(propiedad);
     if (valor.isValid()) otra.setProperty(propiedad, valor);
   }
+  otra.setBackgroundRole(modelo.backgroundRole());
 }
 
 /// Whether that layout, or one in it, holds `anterior`, and so took `nueva` too.

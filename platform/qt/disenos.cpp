@@ -2,6 +2,8 @@
 
 #include <QWidget>
 
+#include "ui_FrmFraAutomaticas.h"
+#include "ui_FrmPagosCaja.h"
 #include "ui_FrmTesvaraGastos.h"
 
 namespace qt {
@@ -16,6 +18,8 @@ void Disponer(QWidget& pantalla) {
 
 Disenos DisenosDeTesvara() {
   return {
+      {"FrmFraAutomaticas", &Disponer<Ui::FrmFraAutomaticas>},
+      {"FrmPagosCaja", &Disponer<Ui::FrmPagosCaja>},
       {"FrmTesvaraGastos", &Disponer<Ui::FrmTesvaraGastos>},
   };
 }

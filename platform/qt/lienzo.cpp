@@ -5,6 +5,7 @@
 #include <QKeyEvent>
 #include <QPaintEvent>
 #include <QPointer>
+#include <QScreen>
 #include <QTimer>
 
 #include "forms/controles.h"
@@ -51,8 +52,10 @@ Lienzo::Lienzo(services::Form& form, const std::function<void(QWidget&)>& dispon
 
 void Lienzo::Unir() {
   Turno turno(*this);
+  for (QWidget* vista : findChildren<QWidget*>()) vistas_.insert(vista->objectName(), vista);
   for (services::Widget* modelo : form_->Widgets()) {
-    QWidget* vista = findChild<QWidget*>(NombreDeVista(*modelo));
+    QWidget* vista = Vista(NombreDeVista(*modelo));
+    if (!vista && modelo->Indice() > 0) vista = Copiar(*modelo);
     if (!vista) continue;
     if (Vinculo* vinculo = CrearVinculo(*modelo, *vista, *this)) vinculos_[modelo] = vinculo;
   }
@@ -72,15 +75,21 @@ Vinculo* Lienzo::De(const services::Widget& modelo) const {
 }
 
 void Lienzo::Anadir(services::Widget& modelo) {
-  const auto vista = [&](int indice) { return findChild<QWidget*>(NombreDeVista(modelo, indice)); };
-  QWidget* primera = vista(0);
-  QWidget* anterior = vista(modelo.Indice() - 1);
-  if (!primera || !anterior) return;
-  QWidget* nueva = CopiarVista(*primera, *anterior, NombreDeVista(modelo));
+  QWidget* nueva = Copiar(modelo);
   Vinculo* vinculo = nueva ? CrearVinculo(modelo, *nueva, *this) : nullptr;
   if (!vinculo) return;
   vinculos_[&modelo] = vinculo;
   vinculo->MostrarTodo();
+}
+
+QWidget* Lienzo::Copiar(const services::Widget& modelo) {
+  QWidget* primera = Vista(NombreDeVista(modelo, 0));
+  QWidget* anterior = Vista(NombreDeVista(modelo, modelo.Indice() - 1));
+  if (!primera || !anterior) return nullptr;
+  const QString nombre = NombreDeVista(modelo);
+  QWidget* nueva = CopiarVista(*primera, *anterior, nombre);
+  if (nueva) vistas_.insert(nombre, nueva);
+  return nueva;
 }
 
 void Lienzo::Quitar(const services::Widget& modelo) {
@@ -91,6 +100,7 @@ void Lienzo::Quitar(const services::Widget& modelo) {
   vinculos_.erase(donde);
   vinculo->Soltar();
   QWidget& vista = vinculo->Vista();
+  vistas_.remove(vista.objectName());
   // One of its own events may be what takes it away; its name is free for the next one.
   vista.setObjectName(QString());
   vista.hide();
@@ -101,11 +111,26 @@ void Lienzo::Encuadrar(QWidget* marco) {
   if (marco_ && marco_ != marco) marco_->removeEventFilter(this);
   if (marco && marco != parentWidget()) setParent(marco);
   if (!marco && !isWindow()) setParent(nullptr);
-  if (!marco && !isVisible()) setParent(QApplication::activeWindow(), Qt::Dialog);
+  if (!marco && !isVisible()) HacerVentana();
   if (marco && marco_ != marco) marco->installEventFilter(this);
   marco_ = marco;
   if (marco) setGeometry(marco->rect());
   PonerTitulo();
+}
+
+/// A screen that its title bar doesn't
+/// close has no button there to try it with.
+void Lienzo::HacerVentana() {
+  const services::Cintilla* barra = BarraDe(*form_);
+  const bool seCierra = barra && barra->Cerrar;
+  setParent(QApplication::activeWindow(),
+            seCierra ? Qt::Dialog : Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint);
+}
+
+void Lienzo::AjustarVentana() {
+  constexpr QSize kBordes(20, 60);
+  OlvidarMedidas(*this);
+  resize(sizeHint().boundedTo(screen()->availableSize() - kBordes));
 }
 
 /// A window of its own has the desktop's title bar in the place of the screen's.
@@ -251,7 +276,10 @@ int Lienzo::FinDeLaBarra() const {
 void Lienzo::closeEvent(QCloseEvent* evento) {
   evento->ignore();
   if (!form_) return;
-  if (services::Cintilla* barra = BarraDe(*form_)) services::entrada::CerrarBarra(*barra);
+  services::Cintilla* barra = BarraDe(*form_);
+  if (barra && barra->Cerrar) return services::entrada::CerrarBarra(*barra);
+  // Some desktops show the button all the same: it is not to be a dead one.
+  services::entrada::Cancelar(*form_);
 }
 
 /// While nothing of the model has the focus the bare surface has the toolkit's.

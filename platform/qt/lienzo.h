@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QHash>
 #include <QPointer>
 #include <QWidget>
 #include <functional>
@@ -42,6 +43,9 @@ class Lienzo final : public QWidget {
   /// What shows a widget of the model; null for one that has nothing to show it.
   [[nodiscard]] Vinculo* De(const services::Widget& modelo) const;
 
+  /// A widget on the screen by its name; null for none.
+  [[nodiscard]] QWidget* Vista(const QString& nombre) const { return vistas_.value(nombre); }
+
   /// An element of a control array came at run time: it gets a widget like element 0's, behind the
   /// one before it. Or it is about to go, and its widget with it.
   void Anadir(services::Widget& modelo);
@@ -49,6 +53,8 @@ class Lienzo final : public QWidget {
 
   /// Fills a widget of the host and follows its size, or is a window of its own when null.
   void Encuadrar(QWidget* marco);
+  /// A window of its own, as large as what is in it where the desktop has the room.
+  void AjustarVentana();
   /// Gives the toolkit's focus to what has the model's, and to the bare surface when none has.
   void LlevarFoco();
   /// The same unless the user is working outside of this screen.
@@ -72,16 +78,19 @@ class Lienzo final : public QWidget {
  private:
   using Suceso = void (Lienzo::*)(services::Form&);
   void Unir();
+  [[nodiscard]] QWidget* Copiar(const services::Widget& modelo);
   void Avisar(Suceso suceso, bool& pedido);
   void Redimensionado(services::Form& form);
   void Pintado(services::Form& form);
   void CentrarPaneles();
   [[nodiscard]] QRect LugarDe(QWidget& panel) const;
   [[nodiscard]] int FinDeLaBarra() const;
+  void HacerVentana();
   void PonerTitulo();
 
   services::Form* form_;
   std::unordered_map<const services::Widget*, Vinculo*> vinculos_;
+  QHash<QString, QWidget*> vistas_;
   QPointer<QWidget> marco_;
   Qt::FocusReason motivo_ = Qt::OtherFocusReason;
   int mostrando_ = 0;

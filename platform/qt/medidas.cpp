@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QFontInfo>
+#include <QLayout>
 #include <QWidget>
 #include <algorithm>
 
@@ -29,6 +30,11 @@ int Pixeles(int twips) {
 
 double Twips(double pixeles) {
   return pixeles * services::kTwips / Proporcion();
+}
+
+void OlvidarMedidas(QWidget& arbol) {
+  for (QWidget* vista : arbol.findChildren<QWidget*>()) vista->updateGeometry();
+  for (QLayout* arreglo : arbol.findChildren<QLayout*>()) arreglo->invalidate();
 }
 
 void AgrandarConLaLetra(QWidget& diseno) {

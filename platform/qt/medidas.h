@@ -19,6 +19,10 @@ namespace qt {
 /// the desktop's own: what the models shrink to fit a small screen, the layouts fit by themselves.
 [[nodiscard]] QFont Fuente(double puntos, bool negrita);
 
+/// What was measured before a widget was first shown still counts, whatever changed since: all that
+/// is in it is measured anew.
+void OlvidarMedidas(QWidget& arbol);
+
 /// The sizes that a design fixes are for a desktop of plain size: they grow with the font, so that
 /// a field holds the same text.
 void AgrandarConLaLetra(QWidget& diseno);

@@ -5,6 +5,8 @@
 #include <QScrollBar>
 #include <QVariant>
 
+#include "qt/medidas.h"
+
 namespace qt {
 
 PanelQt::PanelQt(QWidget* padre) : QScrollArea(padre) {
@@ -25,13 +27,7 @@ void PanelQt::Partir(bool partido) {
     if (!fila->property("partible").toBool()) continue;
     fila->setDirection(partido ? QBoxLayout::TopToBottom : QBoxLayout::LeftToRight);
   }
-  OlvidarMedidas();
-}
-
-/// What was measured before the panel was first shown still counts, whatever changed since.
-void PanelQt::OlvidarMedidas() {
-  for (QWidget* vista : widget()->findChildren<QWidget*>()) vista->updateGeometry();
-  for (QLayout* arreglo : widget()->findChildren<QLayout*>()) arreglo->invalidate();
+  OlvidarMedidas(*widget());
 }
 
 QSize PanelQt::Caber(const QSize& hueco) {

@@ -17,7 +17,6 @@ class PanelQt final : public QScrollArea {
 
  private:
   void Partir(bool partido);
-  void OlvidarMedidas();
 };
 
 }  // namespace qt

@@ -54,6 +54,7 @@ void VentanaQt::EsperarModal() {
     // A window becomes modal only when it is shown.
     lienzo_->hide();
     lienzo_->setWindowModality(Qt::ApplicationModal);
+    lienzo_->AjustarVentana();
     lienzo_->show();
     lienzo_->LlevarFoco();
   }

@@ -6,6 +6,7 @@
 #include "qt/colores.h"
 #include "qt/lienzo.h"
 #include "qt/medidas.h"
+#include "qt/suelo_qt.h"
 #include "qt/teclas_qt.h"
 
 namespace qt {
@@ -46,6 +47,9 @@ void Vinculo::Mostrar(Aspecto aspecto) {
     case Aspecto::Fuente:
       vista_.setFont(Fuente(modelo_->FontSize, modelo_->FontBold));
       break;
+    case Aspecto::Geometria:
+      MostrarLugar();
+      break;
     default:
       break;
   }
@@ -59,6 +63,13 @@ void Vinculo::MostrarAlcance() {
   if (sale && foco && (foco == &vista_ || vista_.isAncestorOf(foco))) lienzo_.setFocus();
   vista_.setEnabled(modelo_->Enabled);
   vista_.setVisible(modelo_->Visible);
+}
+
+/// Everywhere else a layout of the design has the say.
+void Vinculo::MostrarLugar() {
+  const auto* suelo = dynamic_cast<SueloQt*>(vista_.parentWidget());
+  if (!suelo) return;
+  suelo->Colocar(vista_, {modelo_->Left, modelo_->Top, modelo_->Width, modelo_->Height});
 }
 
 void Vinculo::MostrarColores() {

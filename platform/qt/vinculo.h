@@ -47,6 +47,7 @@ class Vinculo : public QObject {
 
  private:
   void MostrarAlcance();
+  void MostrarLugar();
   void RecibirFoco();
 
   services::Widget* modelo_;

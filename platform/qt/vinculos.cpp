@@ -34,6 +34,7 @@ Vinculo* CrearVinculo(services::Widget& modelo, QWidget& vista, Lienzo& lienzo) 
       &Probar<VinculoPulsador, services::Pulsador, QPushButton>,
       &Probar<VinculoBarra, services::VScrollBar, QScrollBar>,
       &Probar<VinculoCintilla, services::Cintilla, CintillaQt>,
+      &Probar<VinculoSeleccion, services::Label, SeleccionQt>,
       &Probar<VinculoEtiqueta, services::Label, QLabel>,
       &Probar<VinculoGrupo, services::Label, QGroupBox>,
       &Probar<VinculoImagen, services::Image, ImagenQt>,

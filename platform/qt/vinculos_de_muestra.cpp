@@ -1,5 +1,6 @@
 #include "qt/vinculos_de_muestra.h"
 
+#include <QKeyEvent>
 #include <QMouseEvent>
 #include <QShortcut>
 #include <algorithm>
@@ -49,6 +50,42 @@ void VinculoEtiqueta::Titular() {
   const QString panel = Vista().property("titula").toString();
   auto* titulado = panel.isEmpty() ? nullptr : Pantalla().findChild<QWidget*>(panel);
   if (titulado) titulado->setAccessibleName(Vista().text());
+}
+
+VinculoSeleccion::VinculoSeleccion(services::Label& modelo, SeleccionQt& vista, Lienzo& lienzo)
+    : VinculoEtiqueta(modelo, vista, lienzo) {
+  QList<QLabel*> rotulos;
+  for (const QString& nombre : vista.property("rotulos").toString().split(QLatin1Char(' '))) {
+    if (auto* rotulo = qobject_cast<QLabel*>(Hermano(nombre))) rotulos.append(rotulo);
+  }
+  vista.Unir(Hermano(vista.property("marca").toString()), rotulos);
+  vista.Pulsar = [this] { Vinculo::Pulsar(); };
+}
+
+QWidget* VinculoSeleccion::Hermano(const QString& nombre) const {
+  const int indice = Modelo().Indice();
+  return Pantalla().Vista(indice < 0 ? nombre
+                                     : nombre + QLatin1Char('_') + QString::number(indice));
+}
+
+/// The keys that go through a list, which a line of text would have for itself.
+bool VinculoSeleccion::PulsarTecla(QKeyEvent& evento) {
+  const auto pulsar = [this](int codigo) {
+    services::entrada::Tecla(Modelo(), codigo);
+    return true;
+  };
+  switch (evento.key()) {
+    case Qt::Key_PageUp:
+      return pulsar(services::tecla::PaginaArriba);
+    case Qt::Key_PageDown:
+      return pulsar(services::tecla::PaginaAbajo);
+    case Qt::Key_Home:
+      return pulsar(services::tecla::Inicio);
+    case Qt::Key_End:
+      return pulsar(services::tecla::Fin);
+    default:
+      return VinculoEtiqueta::PulsarTecla(evento);
+  }
 }
 
 void VinculoGrupo::MostrarPropio(Aspecto aspecto) {

@@ -8,6 +8,7 @@
 #include "forms/controles.h"
 #include "qt/cintilla.h"
 #include "qt/imagen.h"
+#include "qt/seleccion_qt.h"
 #include "qt/vinculo.h"
 
 // What the user reads, and clicks without giving it the focus.
@@ -16,7 +17,7 @@ namespace qt {
 
 /// A text. One whose property `titula` holds the name of a panel is the panel's title to a screen
 /// reader as well.
-class VinculoEtiqueta final : public VinculoDe<services::Label, QLabel> {
+class VinculoEtiqueta : public VinculoDe<services::Label, QLabel> {
  public:
   VinculoEtiqueta(services::Label& modelo, QLabel& vista, Lienzo& lienzo);
   bool eventFilter(QObject* objeto, QEvent* evento) override;
@@ -26,6 +27,19 @@ class VinculoEtiqueta final : public VinculoDe<services::Label, QLabel> {
 
  private:
   void Titular();
+};
+
+/// What turns a mark on and off. The property `marca` names what shows the mark, `rotulos` the
+/// texts that tell what is marked; in a control array they are the elements of its own place.
+class VinculoSeleccion final : public VinculoEtiqueta {
+ public:
+  VinculoSeleccion(services::Label& modelo, SeleccionQt& vista, Lienzo& lienzo);
+
+ protected:
+  bool PulsarTecla(QKeyEvent& evento) override;
+
+ private:
+  [[nodiscard]] QWidget* Hermano(const QString& nombre) const;
 };
 
 /// A title that stands in the frame around its group.

@@ -1,0 +1,76 @@
+#include "qt/seleccion_qt.h"
+
+#include <QAccessible>
+#include <QEvent>
+#include <QPainter>
+#include <QStyleOptionButton>
+
+namespace qt {
+namespace {
+
+constexpr int kMargen = 8;
+constexpr int kVeladura = 40;  // of 255
+
+}  // namespace
+
+void SeleccionQt::Unir(QWidget* marca, const QList<QLabel*>& rotulos) {
+  marca_ = marca;
+  if (marca) marca->installEventFilter(this);
+  rotulos_.clear();
+  for (QLabel* rotulo : rotulos) rotulos_.append(rotulo);
+}
+
+QString SeleccionQt::Nombre() const {
+  QStringList textos;
+  for (const QPointer<QLabel>& rotulo : rotulos_) {
+    const QString texto = rotulo ? rotulo->text().trimmed() : QString();
+    if (!texto.isEmpty()) textos.append(texto);
+  }
+  return textos.join(QStringLiteral(", "));
+}
+
+bool SeleccionQt::eventFilter(QObject* objeto, QEvent* evento) {
+  const bool cambia =
+      evento->type() == QEvent::ShowToParent || evento->type() == QEvent::HideToParent;
+  if (objeto == marca_ && cambia) {
+    update();
+    QAccessible::State que;
+    que.checked = true;
+    QAccessibleStateChangeEvent aviso(this, que);
+    QAccessible::updateAccessibility(&aviso);
+  }
+  return QLabel::eventFilter(objeto, evento);
+}
+
+void SeleccionQt::paintEvent(QPaintEvent* evento) {
+  QLabel::paintEvent(evento);
+  QPainter pintor(this);
+  QStyleOptionButton caja;
+  caja.initFrom(this);
+  caja.state |= Marcada() ? QStyle::State_On : QStyle::State_Off;
+  const QSize lado(style()->pixelMetric(QStyle::PM_IndicatorWidth, &caja, this),
+                   style()->pixelMetric(QStyle::PM_IndicatorHeight, &caja, this));
+  caja.rect = QRect(QPoint(kMargen, (height() - lado.height()) / 2), lado);
+  if (Marcada()) {
+    QColor velo = palette().color(QPalette::Highlight);
+    velo.setAlpha(kVeladura);
+    pintor.fillRect(rect(), velo);
+  }
+  style()->drawPrimitive(QStyle::PE_IndicatorCheckBox, &caja, &pintor, this);
+  if (!hasFocus()) return;
+  pintor.setRenderHint(QPainter::Antialiasing);
+  pintor.setPen(QPen(palette().color(QPalette::Highlight), 2));
+  pintor.drawRoundedRect(QRectF(rect()).adjusted(1, 1, -1, -1), 3, 3);
+}
+
+void SeleccionQt::focusInEvent(QFocusEvent* evento) {
+  QLabel::focusInEvent(evento);
+  update();
+}
+
+void SeleccionQt::focusOutEvent(QFocusEvent* evento) {
+  QLabel::focusOutEvent(evento);
+  update();
+}
+
+}  // namespace qt

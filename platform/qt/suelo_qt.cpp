@@ -1,0 +1,48 @@
+#include "qt/suelo_qt.h"
+
+#include <QCoreApplication>
+#include <QFontMetrics>
+#include <QScrollBar>
+#include <QVariant>
+#include <QWheelEvent>
+
+#include "qt/medidas.h"
+
+namespace qt {
+
+namespace {
+
+constexpr double kTwipsDeLinea = 180;
+
+}  // namespace
+
+SueloQt::SueloQt(QWidget* padre) : QFrame(padre), linea_(QFontMetrics(Fuente(0, false)).height()) {}
+
+int SueloQt::Pixeles(int twips) const {
+  return qRound(twips * linea_ / kTwipsDeLinea);
+}
+
+void SueloQt::Colocar(QWidget& vista, const QRect& twips) const {
+  const int holgura = vista.property("holguraTwips").toInt();
+  const QRect lugar =
+      twips.translated(-property("origenTwips").toPoint()).adjusted(0, -holgura, 0, holgura);
+  // Each edge by itself: what lies side by side in the model leaves no gap here.
+  const QPoint desde(Pixeles(lugar.x()), Pixeles(lugar.y()));
+  const QPoint hasta(Pixeles(lugar.x() + lugar.width()), Pixeles(lugar.y() + lugar.height()));
+  vista.setGeometry(QRect(desde, QSize(hasta.x() - desde.x(), hasta.y() - desde.y())));
+}
+
+QSize SueloQt::sizeHint() const {
+  const QSize medida = property("medidaTwips").toSize();
+  return medida.isEmpty() ? QFrame::sizeHint()
+                          : QSize(Pixeles(medida.width()), Pixeles(medida.height()));
+}
+
+void SueloQt::wheelEvent(QWheelEvent* evento) {
+  auto* barra = window()->findChild<QScrollBar*>(property("barra").toString());
+  if (!barra) return QFrame::wheelEvent(evento);
+  QCoreApplication::sendEvent(barra, evento);
+  evento->accept();
+}
+
+}  // namespace qt

@@ -1,0 +1,32 @@
+#pragma once
+
+#include <QFrame>
+
+namespace qt {
+
+/// A surface whose widgets lie where their models say, to the twip, instead of in a layout. Its
+/// measure is the line of text: the 180 twips that the models give one are as high as a line of the
+/// desktop's font, and everything on it grows alike.
+///
+/// A widget with the property `holguraTwips` is drawn so much higher and lower than its model says.
+/// With `medidaTwips` the surface takes that much room itself; `origenTwips` is the place of the
+/// model that its corner shows. The wheel over it moves the scroll bar that `barra` names.
+class SueloQt final : public QFrame {
+ public:
+  explicit SueloQt(QWidget* padre = nullptr);
+
+  void Colocar(QWidget& vista, const QRect& twips) const;
+
+  [[nodiscard]] QSize sizeHint() const override;
+  [[nodiscard]] QSize minimumSizeHint() const override { return sizeHint(); }
+
+ protected:
+  void wheelEvent(QWheelEvent* evento) override;
+
+ private:
+  [[nodiscard]] int Pixeles(int twips) const;
+
+  int linea_;  // pixels
+};
+
+}  // namespace qt
