@@ -5,7 +5,7 @@
 
 namespace headless {
 
-void VentanaHeadless::Mostrar() {
+void VentanaHeadless::Mostrar(bool) {
   if (std::exchange(mostrada_, true)) return;
   try {
     form_.Form_Resize();

@@ -20,7 +20,7 @@ class VentanaHeadless final : public services::Ventana {
   VentanaHeadless(std::shared_ptr<Entorno> entorno, services::Form& form)
       : entorno_(std::move(entorno)), form_(form) {}
 
-  void Mostrar() override;
+  void Mostrar(bool modal) override;
   void Ocultar() override {}
   void EsperarModal() override;
   void Refrescar() override {}

@@ -111,7 +111,7 @@ void Lienzo::Encuadrar(QWidget* marco) {
   if (marco_ && marco_ != marco) marco_->removeEventFilter(this);
   if (marco && marco != parentWidget()) setParent(marco);
   if (!marco && !isWindow()) setParent(nullptr);
-  if (!marco && !isVisible()) HacerVentana();
+  if (!marco && !parentWidget() && !isVisible()) HacerVentana();
   if (marco && marco_ != marco) marco->installEventFilter(this);
   marco_ = marco;
   if (marco) setGeometry(marco->rect());

@@ -23,7 +23,8 @@ std::vector<std::string> NombresSinPareja(const services::Form& form, const QWid
   std::set<QString> vistas;
   for (const QWidget* vista : pantalla.findChildren<QWidget*>()) {
     const QString nombre = vista->objectName();
-    if (!nombre.isEmpty() && nombre.front().isUpper()) vistas.insert(nombre);
+    const bool cuenta = !nombre.isEmpty() && (nombre.front().isUpper() || modelos.count(nombre));
+    if (cuenta) vistas.insert(nombre);
   }
   std::vector<std::string> solas;
   for (const QString& nombre : modelos) {

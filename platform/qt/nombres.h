@@ -22,7 +22,7 @@ namespace qt {
 
 /// Names that one side has and the other lacks, each with the side that lacks it: `TxtTotal: no
 /// está en la pantalla`. On the side of the toolkit the names that count begin with a capital;
-/// those of mere arrangement begin with a small letter.
+/// those of mere arrangement begin with a small letter, as just a few of the models do.
 [[nodiscard]] std::vector<std::string> NombresSinPareja(const services::Form& form,
                                                         const QWidget& pantalla);
 

@@ -31,10 +31,14 @@ VentanaQt::~VentanaQt() {
   lienzo_->deleteLater();
 }
 
-void VentanaQt::Mostrar() {
+void VentanaQt::Mostrar(bool modal) {
   if (!lienzo_) return;
   const services::Ref<services::IForm>& marco = form_.Marco;
   lienzo_->Encuadrar(marco ? static_cast<QWidget*>(marco->VentanaNativa()) : nullptr);
+  if (lienzo_->isWindow() && !lienzo_->isVisible()) {
+    lienzo_->setWindowModality(modal ? Qt::ApplicationModal : Qt::NonModal);
+    lienzo_->AjustarVentana();
+  }
   lienzo_->show();
   lienzo_->raise();
   if (lienzo_->isWindow()) lienzo_->activateWindow();
@@ -45,19 +49,15 @@ void VentanaQt::Mostrar() {
 
 void VentanaQt::Ocultar() {
   if (lienzo_) lienzo_->hide();
-  if (espera_) espera_->quit();
+  if (!espera_) return;
+  espera_->quit();
+  // The keyboard goes on in the window behind, whatever the desktop makes of it.
+  QWidget* detras = lienzo_ ? lienzo_->parentWidget() : nullptr;
+  if (detras) detras->window()->activateWindow();
 }
 
 void VentanaQt::EsperarModal() {
   if (!lienzo_ || !lienzo_->isVisible()) return;
-  if (lienzo_->isWindow()) {
-    // A window becomes modal only when it is shown.
-    lienzo_->hide();
-    lienzo_->setWindowModality(Qt::ApplicationModal);
-    lienzo_->AjustarVentana();
-    lienzo_->show();
-    lienzo_->LlevarFoco();
-  }
   QEventLoop espera;
   espera_ = &espera;
   QObject::connect(lienzo_, &QObject::destroyed, &espera, &QEventLoop::quit);

@@ -20,7 +20,7 @@ class VentanaQt final : public services::Ventana {
   ~VentanaQt() override;
   VentanaQt(const VentanaQt&) = delete;
 
-  void Mostrar() override;
+  void Mostrar(bool modal) override;
   void Ocultar() override;
   void EsperarModal() override;
   void Refrescar() override;

@@ -31,7 +31,7 @@ class VentanaDePrueba final : public services::Ventana {
   VentanaDePrueba(services::Form& form, Registro& registro, const Espera& espera)
       : form_(form), registro_(registro), espera_(espera) {}
 
-  void Mostrar() override { Anotar("Mostrar"); }
+  void Mostrar(bool modal) override { Anotar(modal ? "Mostrar modal" : "Mostrar"); }
   void Ocultar() override { Anotar("Ocultar"); }
   void EsperarModal() override {
     Anotar("EsperarModal");

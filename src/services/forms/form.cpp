@@ -31,11 +31,15 @@ void Form::Load() {
 }
 
 void Form::Show() {
+  Abrir(false);
+}
+
+void Form::Abrir(bool modal) {
   Load();
   if (!cargado_) return;
   if (!vista_) vista_ = escritorio_.Plataforma().CrearVentana(*this);
   visible_ = true;
-  vista_->Mostrar();
+  vista_->Mostrar(modal);
   if (enfocado_) escritorio_.RecuperarFoco(*std::exchange(enfocado_, nullptr));
 }
 
@@ -43,7 +47,7 @@ void Form::ShowModal() {
   // The last count may go with the unload that ends the wait.
   const Ref<Form> viva(this);
   const Escritorio::FocoAparte aparte(escritorio_);
-  Show();
+  Abrir(true);
   if (!visible_) return;
   escritorio_.Esperar([this] { vista_->EsperarModal(); });
 }

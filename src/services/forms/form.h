@@ -81,6 +81,7 @@ class Form : public ObjetoContado<IForm>, public Dueno {
  private:
   friend class Widget;
 
+  void Abrir(bool modal);
   void OlvidarFoco();
   void Retirar();
 

@@ -33,6 +33,12 @@ void Pulsar(Widget& widget) {
   Widget::Disparar(widget.MouseUp);
 }
 
+void PulsarDesdeLejos(Widget& widget) {
+  Widget::Disparar(widget.MouseDown);
+  CambiarYPulsar(widget);
+  Widget::Disparar(widget.MouseUp);
+}
+
 bool PulsarCelda(MSFlexGrid& rejilla, int fila, int columna) {
   Widget::Disparar(rejilla.MouseDown);
   if (!LlevarFoco(rejilla)) return false;

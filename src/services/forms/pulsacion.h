@@ -14,6 +14,8 @@ namespace pulsacion {
 bool LlevarFoco(Widget& widget);
 /// `MouseDown`, the focus, the value and `Click`, `MouseUp`; lost when the focus doesn't arrive.
 void Pulsar(Widget& widget);
+/// The same by a key pressed elsewhere: the focus stays.
+void PulsarDesdeLejos(Widget& widget);
 /// Whether the click reached a row.
 bool PulsarCelda(MSFlexGrid& rejilla, int fila, int columna);
 void DoblePulsarCelda(MSFlexGrid& rejilla, int fila, int columna);

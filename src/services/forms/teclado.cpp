@@ -199,7 +199,7 @@ bool EntrarALaVista(MSFlexGrid& rejilla) {
 void Cancelar(const Form& form) {
   for (Widget* widget : form.Widgets()) {
     auto* boton = dynamic_cast<Pulsador*>(widget);
-    if (boton && boton->Cancela && boton->Alcanzable()) return Pulsar(*boton);
+    if (boton && boton->Cancela && boton->Alcanzable()) return PulsarDesdeLejos(*boton);
   }
 }
 

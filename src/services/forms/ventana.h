@@ -14,7 +14,8 @@ class Ventana {
  public:
   virtual ~Ventana() = default;
 
-  virtual void Mostrar() = 0;
+  /// `modal` when the user is about to be waited for in it.
+  virtual void Mostrar(bool modal) = 0;
   virtual void Ocultar() = 0;
   /// Lets the user work, in this form alone, until it is hidden or unloaded.
   virtual void EsperarModal() = 0;

@@ -25,9 +25,9 @@ TEST_F(FormularioModal, ShowModalVuelveAlOcultarse) {
   form->ShowModal();
   EXPECT_THAT(sucesos.Tomar(), ElementsAre("Form_Load", "sigue 0"));
   EXPECT_TRUE(form->Cargado());
-  EXPECT_THAT(p.ventanas.Tomar(),
-              ElementsAre("Pantalla: Mostrar", "Pantalla: FinDeEvento", "Pantalla: EsperarModal",
-                          "Pantalla: Foco Btn", "Pantalla: Ocultar", "Pantalla: FinDeEvento"));
+  EXPECT_THAT(p.ventanas.Tomar(), ElementsAre("Pantalla: Mostrar modal", "Pantalla: FinDeEvento",
+                                              "Pantalla: EsperarModal", "Pantalla: Foco Btn",
+                                              "Pantalla: Ocultar", "Pantalla: FinDeEvento"));
 }
 
 TEST_F(FormularioModal, ShowModalVuelveAlDescargarseAunqueSeSuelteLaUltimaReferencia) {
