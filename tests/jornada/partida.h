@@ -166,6 +166,44 @@ tecla Escape
 cerrar
 )";
 
+/// A day at the till: an entry paid by marked cash entries, automatic invoices of one concept and of
+/// all, a mark taken off again, and an invoice deleted, which lets go of what it was paid by.
+inline const std::string kCaja = R"(
+responder si si si si si si si si
+cargar
+pulsar BotonNuevo
+teclear TxtConcepto "12"
+foco TxtNFra
+pulsar BotonCaja
+pulsar FrmPagosCaja.LblSeleccion(0)
+pulsar FrmPagosCaja.BtnFacturar
+teclear TxtNFra "C1"
+pulsar BtnAceptar
+pulsar BtnAutCaja
+pulsar FrmFraAutomaticas.OptConcepto
+teclear FrmFraAutomaticas.TxtConcepto "31"
+pulsar FrmFraAutomaticas.lblFecha
+teclear FrmFraAutomaticas.CbxFDesde "01/03/2005"
+teclear FrmFraAutomaticas.CbxFHasta "31/03/2005"
+teclear FrmFraAutomaticas.TxtNFra "AUTO"
+elegir FrmFraAutomaticas.CboIVA "16%"
+pulsar FrmFraAutomaticas.BtnAceptar
+pulsar BotonAceptar
+celda MSFPagos 3 1
+pulsar BotonModificar
+pulsar BotonCaja
+pulsar FrmPagosCaja.LblSeleccion(0)
+pulsar FrmPagosCaja.BtnAceptar
+pulsar BtnAceptar
+pulsar BtnAutCaja
+teclear FrmFraAutomaticas.TxtNFra "TODO"
+pulsar FrmFraAutomaticas.BtnAceptar
+celda MSFPagos 5 1
+pulsar BotonBorrar
+pulsar BotonAceptar
+cerrar
+)";
+
 /// An invoice entered and another one modified, which leave the lines before them where they are.
 /// Neither asks or says anything.
 inline const std::string kDosEntradas = R"(
