@@ -89,16 +89,14 @@ services::Widget* Entorno::Foco() const {
 }
 
 bool Entorno::AlAlcance(const services::Form& form) const {
-  return form.Visible() && (modales_.empty() || modales_.back() == &form);
+  return form.Escritorio().AlAlcance(form);
 }
 
 void Entorno::EsperarModal(services::Form& form) {
   // The screen may be unloaded by what is waited for, and its maker may let go of it then.
   const services::Ref<services::Form> viva(&form);
-  modales_.push_back(&form);
   if (AlEsperarModal) AlEsperarModal(form);
   form.Hide();
-  modales_.pop_back();
 }
 
 }  // namespace headless

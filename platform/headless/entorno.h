@@ -71,7 +71,6 @@ class Entorno : public std::enable_shared_from_this<Entorno> {
   void EsperarModal(services::Form& form);
 
   services::Escritorio* escritorio_ = nullptr;
-  std::vector<const services::Form*> modales_;
   std::optional<services::FechaHora> parado_;
   std::shared_ptr<Trazos> informe_;
   std::vector<services::ClaseRegistrada> registradas_;

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "datos/recordset.h"
+#include "entry/apunte_de_caja.h"
 #include "valores/fecha.h"
 #include "valores/formato.h"
 #include "valores/numero.h"
@@ -22,9 +23,9 @@ std::string Momento(const std::string& fecha, const char* hora) {
 
 }  // namespace
 
-ApuntesSinFactura ApuntesSinFactura::De(const std::string& concepto) {
-  return ApuntesSinFactura("TempCajaPagos.Tipo = " + concepto + " AND ");
-}
+ApuntesSinFactura::ApuntesSinFactura(const std::string& concepto)
+    : puedeHaber_(entry::PuedeTenerApuntes(concepto)),
+      concepto_("TempCajaPagos.Tipo = " + concepto + " AND ") {}
 
 void ApuntesSinFactura::Entre(const std::string& desde, const std::string& hasta) {
   fechas_ = " And TempCajaPagos.FechaHora >= " + Momento(desde, "00:00:00") +
@@ -37,6 +38,7 @@ std::string ApuntesSinFactura::Condiciones() const {
 }
 
 std::vector<Grupo> ApuntesSinFactura::Grupos(services::Sesion& sesion) const {
+  if (!puedeHaber_) return {};
   Recordset rs;
   rs.Open(
       "SELECT Sum(TempCajaPagos.Importe) AS Importe, TempCajaPagos.Factura, TempCajaPagos.Año, "
@@ -57,6 +59,7 @@ std::vector<Grupo> ApuntesSinFactura::Grupos(services::Sesion& sesion) const {
 
 void ApuntesSinFactura::Sellar(services::Sesion& sesion, const std::string& factura,
                                const std::string& anio) const {
+  if (!puedeHaber_) return;
   Recordset rs;
   rs.Open("SELECT TempCajaPagos.Factura, TempCajaPagos.Año, TempCajaPagos.Tipo" + Condiciones(),
           sesion.CnTemp(), ModoApertura::Optimista);

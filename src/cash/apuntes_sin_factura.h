@@ -16,8 +16,9 @@ struct Grupo {
 /// Cash entries that no invoice covers yet: of all concepts or of one, of all time or of some days.
 class ApuntesSinFactura {
  public:
-  static ApuntesSinFactura DeTodos() { return ApuntesSinFactura(""); }
-  static ApuntesSinFactura De(const std::string& concepto);
+  /// Of all concepts.
+  ApuntesSinFactura() = default;
+  explicit ApuntesSinFactura(const std::string& concepto);
   /// Only from the beginning of one day to the end of the other, both as shown. Throws 13 for a
   /// text that is no date.
   void Entre(const std::string& desde, const std::string& hasta);
@@ -29,9 +30,9 @@ class ApuntesSinFactura {
   void Sellar(services::Sesion& sesion, const std::string& factura, const std::string& anio) const;
 
  private:
-  explicit ApuntesSinFactura(std::string concepto) : concepto_(std::move(concepto)) {}
   [[nodiscard]] std::string Condiciones() const;
 
+  bool puedeHaber_ = true;
   std::string concepto_;  ///< its condition, empty for all
   std::string fechas_;    ///< the same
 };

@@ -3,7 +3,7 @@
 namespace cash {
 
 FrmPagosCaja& CajaDelPanel::Cargada() {
-  FrmPagosCaja& pantalla = pantalla_.Pedir(sesion_, c_, entrada_.Terminos);
+  FrmPagosCaja& pantalla = pantalla_.Pedir(escritorio_, sesion_, c_, entrada_.Terminos);
   pantalla.Load();
   return pantalla;
 }

@@ -13,8 +13,9 @@ namespace cash {
 class CajaDelPanel final : public entry::PantallaDeCaja {
  public:
   /// The blocks of the panel may be put together after this; they are asked for when the screen is.
-  CajaDelPanel(services::Sesion& sesion, entry::Campos& campos, entry::Entrada& entrada)
-      : sesion_(sesion), c_(campos), entrada_(entrada) {}
+  CajaDelPanel(services::Escritorio& escritorio, services::Sesion& sesion, entry::Campos& campos,
+               entry::Entrada& entrada)
+      : escritorio_(escritorio), sesion_(sesion), c_(campos), entrada_(entrada) {}
 
   void Rehacer() override;
   void Descargar() override;
@@ -25,6 +26,7 @@ class CajaDelPanel final : public entry::PantallaDeCaja {
  private:
   FrmPagosCaja& Cargada();
 
+  services::Escritorio& escritorio_;
   services::Sesion& sesion_;
   entry::Campos& c_;
   entry::Entrada& entrada_;

@@ -39,7 +39,7 @@ CamposAutomaticas::CamposAutomaticas(services::Form& pantalla)
       Lbl(pantalla, "Lbl", "Hasta:", Rotulo(3840, 1980, 900)),
       CbxFDesde(pantalla, "CbxFDesde", Campo(1500, 1980, 1300, 5)),
       CbxFHasta(pantalla, "CbxFHasta", Campo(4800, 1980, 1300, 6)),
-      lblFecha(pantalla, "lblFecha", "", Diseno{240, 1620, 6540, 900}.Tab(4)),
+      lblFecha(pantalla, "lblFecha", "", Diseno{240, 1620, 6540, 900}.Tab(4).ConTeclado()),
       LblDatos(pantalla, "LblDatos", "Datos Factura:", Rotulo(240, 2760, 1500)),
       TxtFFra(pantalla, "TxtFFra", Campo(1500, 3120, 1300, 7)),
       TxtNFra(pantalla, "TxtNFra", Campo(4800, 3120, 1900, 8)),
@@ -58,7 +58,6 @@ CamposAutomaticas::CamposAutomaticas(services::Form& pantalla)
   TxtNFra.MaxLength = largo::Factura;
   for (services::TextBox* fecha : {&CbxFDesde, &CbxFHasta, &TxtFFra})
     fecha->MaxLength = largo::Fecha;
-  lblFecha.ConTeclado = true;
   BtnCancelar.TomaFoco = false;
   BtnCancelar.Cancela = true;
 }

@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "entry/avisos.h"
+#include "entry/clave.h"
 #include "entry/descripcion.h"
 #include "valores/formato.h"
 #include "valores/texto.h"
@@ -12,9 +13,18 @@ namespace cash {
 using services::ModoApertura;
 using services::Recordset;
 
-FacturasDeCaja::FacturasDeCaja(services::Sesion& sesion, DatosDeFactura datos,
-                               services::Recordset& facturas, bool unaPorGrupo)
-    : sesion_(sesion), datos_(std::move(datos)), facturas_(facturas), unaPorGrupo_(unaPorGrupo) {}
+FacturasDeCaja::FacturasDeCaja(services::Sesion& sesion, DatosDeFactura datos, bool unaPorGrupo)
+    : sesion_(sesion), datos_(std::move(datos)), unaPorGrupo_(unaPorGrupo) {}
+
+bool FacturasDeCaja::Abrir(const std::string& concepto) {
+  const entry::Clave clave{concepto, datos_.Factura, datos_.Anio};
+  facturas_.Open(entry::FacturaDe("TempProvFacturas", "And", clave), sesion_.CnTemp(),
+                 ModoApertura::Pesimista);
+  Recordset almacenadas;
+  almacenadas.Open(entry::FacturaDe("ProvFacturas", "and", clave), sesion_.CnDatos(),
+                   ModoApertura::Pesimista);
+  return !facturas_.Eof() || !almacenadas.Eof();
+}
 
 FacturasDeCaja::Fin FacturasDeCaja::EscribirFactura(const Grupo& grupo) {
   if (const auto descripcion = entry::DescripcionDe(sesion_, grupo.Tipo)) {
@@ -52,14 +62,16 @@ bool FacturasDeCaja::EscribirBase(const Grupo& grupo) {
   rs.AddNew();
   rs.Collect("NConcepto") = nConcepto_;
   rs.Collect("NFactura") = datos_.Factura;
-  rs.Collect("Tipo") = datos_.Tipo ? datos_.Tipo->Codigo : entry::kExento;
-  rs.Collect("Año") = datos_.Anio;
   if (datos_.Tipo) {
     // The VAT is that of the rounded base: both may miss the total by a cent.
     const entry::BaseEIva partes = entry::SepararResto(grupo.Importe, *datos_.Tipo);
+    rs.Collect("Tipo") = datos_.Tipo->Codigo;
     rs.Collect("Base") = partes.Base;
+    rs.Collect("Año") = datos_.Anio;
     rs.Collect("Importe") = partes.Iva;
   } else {
+    rs.Collect("Tipo") = entry::kExento;
+    rs.Collect("Año") = datos_.Anio;
     rs.Collect("Exento") = grupo.Importe;
   }
   return Escribir(rs, entry::kBasesYaExisten) == Fin::Escrita;

@@ -24,10 +24,13 @@ class FacturasDeCaja {
   /// How a row was taken. What was refused has been told to the user.
   enum class Fin { Escrita, NoCabe, Fallida };
 
-  /// `facturas` is where their rows go. With `unaPorGrupo` each group is an invoice of its own;
-  /// otherwise all are one, whose row each group writes over.
-  FacturasDeCaja(services::Sesion& sesion, DatosDeFactura datos, services::Recordset& facturas,
-                 bool unaPorGrupo);
+  /// With `unaPorGrupo` each group is an invoice of its own; otherwise all are one, whose row each
+  /// group writes over.
+  FacturasDeCaja(services::Sesion& sesion, DatosDeFactura datos, bool unaPorGrupo);
+
+  /// Opens their rows, which stay open for what is written. Whether the working or the stored
+  /// tables have an invoice of that concept with their number and year.
+  [[nodiscard]] bool Abrir(const std::string& concepto);
 
   [[nodiscard]] Fin EscribirFactura(const Grupo& grupo);
   /// The base of the invoice just written, unless it has one already; whether it has one then.
@@ -41,9 +44,9 @@ class FacturasDeCaja {
   [[nodiscard]] Fin Escribir(services::Recordset& rs, const char* siNoCabe);
 
   services::Sesion& sesion_;
-  DatosDeFactura datos_;
-  services::Recordset& facturas_;
-  bool unaPorGrupo_;
+  const DatosDeFactura datos_;
+  const bool unaPorGrupo_;
+  services::Recordset facturas_;
   // Those of the last concept that was found: one that isn't there takes them over.
   std::string nConcepto_;
   std::string descripcion_;

@@ -1,10 +1,11 @@
 #include "cash/frm_fra_automaticas.h"
 
+#include "datos/recordset.h"
 #include "entry/avisos.h"
 #include "entry/comunes.h"
-#include "entry/descripcion.h"
 #include "entry/fechas.h"
 #include "forms/entrada.h"
+#include "list/rango_fechas.h"
 #include "valores/fecha.h"
 #include "valores/numero.h"
 #include "valores/texto.h"
@@ -23,10 +24,14 @@ FrmFraAutomaticas::FrmFraAutomaticas(services::Escritorio& escritorio, services:
       Barra1(*this, "Barra1", "Fra. Automáticas de Caja", {0, 0, 7200, 420}),
       Campos(*this),
       sesion_(sesion),
+      concepto_{Campos.TxtConcepto, Campos.TxtNConcepto, Campos.TxtBusco},
       selector_(*this, sesion, "FraAutomatica"),
       generacion_(Campos, sesion, lista) {
   Barra1.Cerrar = [this] { Unload(); };
   Campos.BtnCancelar.Click = [this] { Unload(); };
+  Campos.BtnAceptar.Click = [this] {
+    if (generacion_.GenerarFacturas()) Unload();
+  };
   Campos.OptTodo.Click = [this] {
     if (Campos.OptTodo.Value) ActivarConcepto(false);
   };
@@ -35,7 +40,7 @@ FrmFraAutomaticas::FrmFraAutomaticas(services::Escritorio& escritorio, services:
   };
   Campos.lblFecha.Click = [this] { lblFecha_Click(); };
   Campos.CmdCon.Click = [this] { CmdCon_Click(); };
-  Campos.TxtBusco.Change = [this] { TxtBusco_Change(); };
+  Campos.TxtBusco.Change = [this] { entry::TomarElegido(concepto_, sesion_); };
   UnirFoco();
   UnirTeclas();
 }
@@ -52,14 +57,13 @@ void FrmFraAutomaticas::Form_Load() {
 void FrmFraAutomaticas::PonerMesAnterior() {
   const auto hoy = services::Descomponer(sesion_.Ahora());
   const bool enero = hoy.Mes == 1;
-  std::string mes = std::to_string(enero ? 12 : hoy.Mes - 1);
-  if (mes.size() == 1) mes = "0" + mes;
-  const std::string resto = mes + "/" + std::to_string(enero ? hoy.Anio - 1 : hoy.Anio);
-  Campos.CbxFDesde.Text = sesion_.Utiles().Normalizada("01/" + resto);
+  const std::string mes =
+      list::MesEnTexto(enero ? hoy.Anio - 1 : hoy.Anio, enero ? 12 : hoy.Mes - 1);
+  Campos.CbxFDesde.Text = sesion_.Utiles().Normalizada("01/" + mes);
   // Whatever the month's length: the conversion takes a day past its end for its last one.
-  Campos.CbxFHasta.Text = sesion_.Utiles().Normalizada("31/" + resto);
+  Campos.CbxFHasta.Text = sesion_.Utiles().Normalizada("31/" + mes);
   Campos.TxtFFra.Text = entry::Hoy(sesion_);
-  Campos.TxtNFra.Text = resto;
+  Campos.TxtNFra.Text = mes;
 }
 
 void FrmFraAutomaticas::UnirFoco() {
@@ -134,27 +138,13 @@ void FrmFraAutomaticas::lblFecha_Click() {
 void FrmFraAutomaticas::CmdCon_Click() {
   Campos.TxtBusco.Text = "";
   selector_.Buscar("Codigo", Campos.TxtConcepto.Text());
-  Campos.TxtConcepto.Text().empty() ? Campos.TxtConcepto.SetFocus() : Campos.TxtFFra.SetFocus();
-}
-
-void FrmFraAutomaticas::TxtBusco_Change() {
-  Campos.TxtNConcepto.Tag = Campos.TxtNConcepto.Text();
-  Campos.TxtNConcepto.Text = Campos.TxtBusco.Text();
-  const auto descripcion = entry::DescripcionDe(sesion_, Campos.TxtBusco.Text());
-  if (descripcion) Campos.TxtConcepto.Text = *descripcion;
+  TextBox& siguiente = Campos.TxtConcepto.Text().empty() ? Campos.TxtConcepto : Campos.TxtFFra;
+  siguiente.SetFocus();
 }
 
 void FrmFraAutomaticas::TxtConcepto_LostFocus() {
   entry::PintarBlanco(Campos.TxtConcepto);
-  Campos.TxtNConcepto.Tag = Campos.TxtNConcepto.Text();
-  Campos.TxtNConcepto.Text = Campos.TxtBusco.Text();
-  try {
-    BuscarConcepto();
-  } catch (...) {
-    // The code of an earlier search is not that of what is typed.
-    Campos.TxtNConcepto.Text = "";
-    throw;
-  }
+  entry::BuscarTecleado(concepto_, [this] { BuscarConcepto(); });
   if (Campos.TxtConcepto.Text().empty()) {
     entry::Rechazar(sesion_, entry::kConceptoEnBlanco, Campos.TxtConcepto);
   } else if (Campos.TxtNConcepto.Text().empty()) {

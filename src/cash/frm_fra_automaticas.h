@@ -2,6 +2,7 @@
 
 #include "cash/campos_automaticas.h"
 #include "cash/generacion.h"
+#include "entry/codigo.h"
 #include "entry/selector.h"
 #include "forms/controles.h"
 #include "forms/form.h"
@@ -34,11 +35,11 @@ class FrmFraAutomaticas final : public services::Form {
 
   void lblFecha_Click();
   void CmdCon_Click();
-  void TxtBusco_Change();
   void TxtConcepto_LostFocus();
   void BuscarConcepto();
 
   services::Sesion& sesion_;
+  const entry::CamposDeConcepto concepto_;
   entry::Selector selector_;
   Generacion generacion_;
 };

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "cash/recorrido.h"
 #include "datos/recordset.h"
 #include "forms/entrada.h"
 #include "valores/formato.h"
@@ -19,30 +20,20 @@ namespace tecla = services::tecla;
 
 namespace {
 
-// Twips. With a line as high as this, a row takes one step of the scroll bar: no row lies where the
-// bar can't bring it to sight, however many there are.
-constexpr int kLinea = 180;
-constexpr int kSeparacion = 90;
-constexpr int kPaso = 540;
-constexpr int kArriba = 555;
-/// Height of the window that the rows pass under.
-constexpr int kVentana = 6400;
-constexpr int kFila = 2 * kLinea + kSeparacion;
-constexpr int kFilasPorPagina = kVentana / kPaso;
+using recorrido::kArriba;
+using recorrido::kLinea;
+using recorrido::kPaso;
+using recorrido::kSeparacion;
+using recorrido::kVentana;
 
+constexpr int kFila = 2 * kLinea + kSeparacion;
 constexpr std::size_t kLargoObservaciones = 35;
 
 constexpr Diseno kFondo{90, kSeparacion, 5340, kFila};
 constexpr Diseno kMarca{180, 2 * kSeparacion, 270, 270};
 constexpr Diseno kFecha{600, kSeparacion, 4740, kLinea};
 constexpr Diseno kObservaciones{600, 2 * kSeparacion + kLinea, 4740, kLinea};
-constexpr int kOrdenFilas = 0;
-
-/// Cash entries have the number of a concept as their `Tipo`: a code of another kind has none, and
-/// would be another word of the statement.
-bool PuedeTenerApuntes(const std::string& concepto) {
-  return services::EnteroDeCifras(services::Trim(concepto)).has_value();
-}
+constexpr Diseno kSeleccion = kFondo.Tab(0).ConTeclado();
 
 /// A missing amount counts 0, as it does in a sum of the database.
 double ImporteDe(Recordset& apunte) {
@@ -52,16 +43,16 @@ double ImporteDe(Recordset& apunte) {
 
 }  // namespace
 
-FrmPagosCaja::FrmPagosCaja(services::Sesion& sesion, entry::Campos& campos,
-                           entry::Terminos& terminos)
-    : Form(campos.PicNuevo.Formulario().Escritorio(), "FrmPagosCaja", 6000, 7800),
+FrmPagosCaja::FrmPagosCaja(services::Escritorio& escritorio, services::Sesion& sesion,
+                           entry::Campos& campos, entry::Terminos& terminos)
+    : Form(escritorio, "FrmPagosCaja", 6000, 7800),
       Barra1(*this, "Barra1", "Apuntes de Caja", {0, 0, 6000, 420}),
       PicScroll(*this, "PicScroll", {60, kArriba, 5520, kVentana}),
       DivFondo(PicScroll, "DivFondo", kFondo),
       DivSel(PicScroll, "DivSel", kMarca),
       LblTxt(PicScroll, "LblTxt", "", kFecha),
       LblTxt2(PicScroll, "LblTxt2", "", kObservaciones),
-      LblSeleccion(PicScroll, "LblSeleccion", "", kFondo.Tab(kOrdenFilas)),
+      LblSeleccion(PicScroll, "LblSeleccion", "", kSeleccion),
       VScroll1(*this, "VScroll1", {5640, kArriba, 255, kVentana}),
       BtnFacturar(*this, "BtnFacturar", "Facturar", Diseno{2400, 7140, 1560, 480}.Tab(1)),
       BtnAceptar(*this, "BtnAceptar", "Salir", Diseno{4140, 7140, 1560, 480}.Tab(2)),
@@ -80,7 +71,7 @@ void FrmPagosCaja::Form_Load() {
   DivSel(0).Visible = false;
   const std::string& concepto = c_.TxtNConcepto.Text();
   Recordset apuntes;
-  if (PuedeTenerApuntes(concepto)) {
+  if (entry::PuedeTenerApuntes(concepto)) {
     apuntes.Open(
         "SELECT TempCajaPagos.FechaHora, TempCajaPagos.Tipo, TempCajaPagos.Importe, "
         "TempCajaPagos.Observaciones, TempCajaPagos.Factura, TempCajaPagos.Año From TempCajaPagos "
@@ -88,12 +79,12 @@ void FrmPagosCaja::Form_Load() {
             concepto + " AND " + entry::ApuntesAlAlcance(c_),
         sesion_.CnTemp(), ModoApertura::Lectura);
   }
-  if (!apuntes.State() || apuntes.Eof()) return VaciarPrimeraFila();
+  if (!apuntes.State() || apuntes.Eof()) return VaciarLista();
   CargarApuntes(apuntes);
   PrepararBarra();
 }
 
-void FrmPagosCaja::VaciarPrimeraFila() {
+void FrmPagosCaja::VaciarLista() {
   for (services::Widget* parte : std::initializer_list<services::Widget*>{
            &DivFondo(0), &DivSel(0), &LblSeleccion(0), &LblTxt(0), &LblTxt2(0)}) {
     parte->Visible = false;
@@ -126,7 +117,7 @@ void FrmPagosCaja::AnadirFila() {
   const auto& fecha = LblTxt.Anadir(PicScroll, "LblTxt", "", bajada(kFecha, arriba));
   LblTxt2.Anadir(PicScroll, "LblTxt2", "",
                  bajada(kObservaciones, fecha.Top + fecha.Height + kSeparacion));
-  LblSeleccion.Anadir(PicScroll, "LblSeleccion", "", bajada(kFondo.Tab(kOrdenFilas), arriba));
+  LblSeleccion.Anadir(PicScroll, "LblSeleccion", "", bajada(kSeleccion, arriba));
   UnirFila(anterior + 1);
 }
 
@@ -134,7 +125,6 @@ void FrmPagosCaja::AnadirFila() {
 /// to row.
 void FrmPagosCaja::UnirFila(int fila) {
   services::Label& seleccion = LblSeleccion(fila);
-  seleccion.ConTeclado = true;
   seleccion.TabStop = fila == filaActual_;
   seleccion.Click = [this, fila] { DivSel(fila).Visible = !DivSel(fila).Visible; };
   seleccion.GotFocus = [this, fila] { LblSeleccion_GotFocus(fila); };
@@ -157,22 +147,20 @@ void FrmPagosCaja::PrepararBarra() {
   int alto = ultima * LblTxt(0).Height + (ultima + ultima + 2) * kSeparacion + kPaso;
   for (int fila = 0; fila <= ultima; ++fila) alto += LblTxt2(fila).Height;
   if (alto <= PicScroll.Height) return;
-  const int sobra = (DivFondo.Count() + 1) * kPaso - PicScroll.Height;
-  VScroll1.Max = (sobra + kPaso - 1) / kPaso;
+  VScroll1.Max = recorrido::Pasos(DivFondo.Count());
   PicScroll.Height = alto;
 }
 
 void FrmPagosCaja::VScroll1_Change() {
-  // At its end the last row lies at the bottom, however many steps that is.
-  PicScroll.Top = VScroll1.Value == VScroll1.Max ? kArriba - (PicScroll.Height - kVentana)
-                                                 : kArriba - VScroll1.Value * kPaso;
+  PicScroll.Top = recorrido::ArribaDelPanel(VScroll1.Value, VScroll1.Max, PicScroll.Height);
 }
 
 void FrmPagosCaja::LblSeleccion_GotFocus(int fila) {
   LblSeleccion(filaActual_).TabStop = false;
   LblSeleccion(fila).TabStop = true;
   filaActual_ = fila;
-  TraerALaVista(fila);
+  const int valor = recorrido::ValorQueEnsena(fila, PicScroll.Top, VScroll1.Value);
+  VScroll1.Value = std::min(valor, VScroll1.Max());
 }
 
 void FrmPagosCaja::LblSeleccion_KeyDown(int fila, int codigo) {
@@ -184,9 +172,9 @@ void FrmPagosCaja::LblSeleccion_KeyDown(int fila, int codigo) {
     case tecla::Abajo:
       return irA(fila + 1);
     case tecla::PaginaArriba:
-      return irA(fila - kFilasPorPagina);
+      return irA(fila - recorrido::kFilasPorPagina);
     case tecla::PaginaAbajo:
-      return irA(fila + kFilasPorPagina);
+      return irA(fila + recorrido::kFilasPorPagina);
     case tecla::Inicio:
       return irA(0);
     case tecla::Fin:
@@ -196,22 +184,13 @@ void FrmPagosCaja::LblSeleccion_KeyDown(int fila, int codigo) {
   }
 }
 
-void FrmPagosCaja::TraerALaVista(int fila) {
-  const int vistoDesde = kArriba - PicScroll.Top;
-  const int arriba = DivFondo(fila).Top;
-  const int abajo = arriba + DivFondo(fila).Height;
-  const auto mover = [this](int pasos) {
-    VScroll1.Value = std::clamp(pasos, VScroll1.Min(), VScroll1.Max());
-  };
-  if (arriba < vistoDesde) mover(arriba / kPaso);
-  if (abajo > vistoDesde + kVentana) mover((abajo - kVentana + kPaso - 1) / kPaso);
-}
-
 /// The terms may bring this screen's list back to what is stored, by a load that leaves this one
 /// behind: what it has added up counts all the same.
 void FrmPagosCaja::BtnFacturar_Click() {
-  TotalMarcado += SumaDeMarcados();
+  const double suma = SumaDeMarcados();
   terminos_.Opt("Vista", true, true);
+  // Only now: a click that fails on the way adds nothing.
+  TotalMarcado += suma;
   const std::string& tecleado = c_.TxtIFra.Text();
   // Below one this is 0: a comma is no decimal mark here.
   const double antes = services::Val(tecleado) != 0 ? services::Numero(tecleado) : 0;
@@ -239,8 +218,9 @@ double FrmPagosCaja::SumaDeMarcados() {
   return suma;
 }
 
-std::vector<ApunteDeCaja> FrmPagosCaja::Apuntes() {
+std::vector<ApunteDeCaja> FrmPagosCaja::Apuntes() const {
   std::vector<ApunteDeCaja> apuntes;
+  apuntes.reserve(static_cast<std::size_t>(DivFondo.Count()));
   for (int fila = 0; fila < DivFondo.Count(); ++fila) {
     apuntes.push_back({DivSel(fila).Tag, LblTxt(fila).Tag, DivSel(fila).Visible});
   }

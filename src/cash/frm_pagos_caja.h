@@ -21,7 +21,8 @@ namespace cash {
 /// that is accepted, by what is marked here then.
 class FrmPagosCaja final : public services::Form {
  public:
-  FrmPagosCaja(services::Sesion& sesion, entry::Campos& campos, entry::Terminos& terminos);
+  FrmPagosCaja(services::Escritorio& escritorio, services::Sesion& sesion, entry::Campos& campos,
+               entry::Terminos& terminos);
 
   services::Cintilla Barra1;
   /// Holds the rows, and moves under a window of the screen that is as high as it was designed.
@@ -45,11 +46,11 @@ class FrmPagosCaja final : public services::Form {
   double TotalMarcado = 0;
 
   /// The rows, the one of an empty list among them, whose `Tipo` is empty.
-  [[nodiscard]] std::vector<entry::ApunteDeCaja> Apuntes();
+  [[nodiscard]] std::vector<entry::ApunteDeCaja> Apuntes() const;
 
  private:
   void Form_Load() override;
-  void VaciarPrimeraFila();
+  void VaciarLista();
   void CargarApuntes(services::Recordset& apuntes);
   void AnadirFila();
   void UnirFila(int fila);
@@ -60,7 +61,6 @@ class FrmPagosCaja final : public services::Form {
   void LblSeleccion_Click(int fila);
   void LblSeleccion_KeyDown(int fila, int tecla);
   void LblSeleccion_GotFocus(int fila);
-  void TraerALaVista(int fila);
 
   void BtnFacturar_Click();
   [[nodiscard]] double SumaDeMarcados();

@@ -10,25 +10,30 @@
 
 namespace cash {
 
-/// "Generar": the chosen cash entries become invoices, the list is made anew, and the screen goes.
+/// "Generar": the chosen cash entries become invoices, and the list is made anew.
 class Generacion {
  public:
   Generacion(CamposAutomaticas& campos, services::Sesion& sesion, list::ListaPagos& lista);
 
- private:
-  void GenerarFacturas();
-  [[nodiscard]] bool DatosCompletos();
-  [[nodiscard]] DatosDeFactura Datos();
-  // Each whether the run comes to its end, and the screen goes.
-  [[nodiscard]] bool Facturar(const DatosDeFactura& datos);
-  [[nodiscard]] bool FacturarElegidos(services::Recordset& facturas, const DatosDeFactura& datos);
+  /// Whether the screen has nothing more to do. Throws 13 when the invoices' date, or one of the
+  /// entries', is none.
+  [[nodiscard]] bool GenerarFacturas();
 
-  [[nodiscard]] bool YaExiste(services::Recordset& facturas, const DatosDeFactura& datos);
+ private:
+  /// What a run that has begun leaves.
+  enum class Fin {
+    Cierra,        ///< it came to its end, or an invoice was refused
+    Sigue,         ///< it can't be made so
+    SigueConBarra  ///< a base was refused; the bar over the screen shows that it stopped halfway
+  };
+
+  [[nodiscard]] bool DatosCompletos();
+  [[nodiscard]] DatosDeFactura Datos() const;
   [[nodiscard]] ApuntesSinFactura Elegidos() const;
+  [[nodiscard]] Fin Facturar(FacturasDeCaja& facturas);
   [[nodiscard]] bool SePuedenFacturar(const std::vector<Grupo>& grupos);
   void PrepararAvance(std::size_t grupos);
   [[nodiscard]] bool EscribirFactura(FacturasDeCaja& facturas, const Grupo& grupo);
-  void Terminar();
 
   CamposAutomaticas& c_;
   services::Sesion& sesion_;

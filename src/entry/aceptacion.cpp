@@ -95,12 +95,11 @@ void Aceptacion::PonerTerminosAlDia() {
 
 bool Aceptacion::RecibosCompletos() {
   if (!ComprobarSuma()) return false;
+  if (b_.Vencimientos.PrimeraFecha().empty() && !GenerarSiFaltan()) return false;
   // With one in its range the screen would never open.
-  if (!b_.Vencimientos.SePuedenSumar()) {
-    return Parar("Los importes de los recibos no pueden ser negativos ni pasar de 12 cifras",
-                 c_.MSFVencimientos);
-  }
-  return !b_.Vencimientos.PrimeraFecha().empty() || GenerarSiFaltan();
+  return b_.Vencimientos.SePuedenSumar() ||
+         Parar("Los importes de los recibos no pueden ser negativos ni pasar de 12 cifras",
+               c_.MSFVencimientos);
 }
 
 /// With "A la Vista" just the first receipt is written: what is in the others would be lost.

@@ -14,6 +14,10 @@ struct ApunteDeCaja {
   bool Marcado = false;
 };
 
+/// Whether a concept can have cash entries: their `Tipo` is a whole number, which stands in the
+/// statements bare. A code of another kind would be another word there.
+[[nodiscard]] bool PuedeTenerApuntes(const std::string& concepto);
+
 /// The end of a statement over cash entries: those that the invoice on the panel may pay, which are
 /// those of no invoice and, for one that is modified, its own; by their moment.
 [[nodiscard]] std::string ApuntesAlAlcance(const Campos& campos);

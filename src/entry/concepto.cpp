@@ -35,11 +35,12 @@ Concepto::Concepto(services::Form& pantalla, Campos& campos, services::Sesion& s
       edicion_(edicion),
       terminos_(terminos),
       caja_(caja),
+      concepto_{campos.TxtConcepto, campos.TxtNConcepto, campos.TxtBusco},
       selector_(pantalla, sesion, "TesvaraGastos") {
   UnirTeclas();
   c_.TxtConcepto.GotFocus = [this] { TxtConcepto_GotFocus(); };
   c_.TxtConcepto.LostFocus = [this] { TxtConcepto_LostFocus(); };
-  c_.TxtBusco.Change = [this] { TxtBusco_Change(); };
+  c_.TxtBusco.Change = [this] { TomarElegido(concepto_, sesion_); };
   // With the mouse going down on it, the field that is left does no look-up on the way.
   c_.CmdCon.MouseDown = [this] { c_.SaltarValidacion = true; };
   c_.CmdCon.Click = [this] { CmdCon_Click(); };
@@ -66,15 +67,7 @@ void Concepto::TxtConcepto_GotFocus() {
 void Concepto::TxtConcepto_LostFocus() {
   PintarBlanco(c_.TxtConcepto);
   if (c_.SaltarValidacion) return;
-  c_.TxtNConcepto.Tag = c_.TxtNConcepto.Text();
-  c_.TxtNConcepto.Text = c_.TxtBusco.Text();
-  try {
-    BuscarConcepto();
-  } catch (...) {
-    // The code of an earlier search is not that of what is typed.
-    c_.TxtNConcepto.Text = "";
-    throw;
-  }
+  BuscarTecleado(concepto_, [this] { BuscarConcepto(); });
   ExigirConcepto();
 }
 
@@ -106,13 +99,6 @@ void Concepto::ExigirConcepto() {
 void Concepto::RehacerCaja() {
   c_.BotonCaja.Enabled = true;
   if (!lista_.FilaElegida) caja_.Rehacer();
-}
-
-void Concepto::TxtBusco_Change() {
-  c_.TxtNConcepto.Tag = c_.TxtNConcepto.Text();
-  c_.TxtNConcepto.Text = c_.TxtBusco.Text();
-  const auto descripcion = DescripcionDe(sesion_, c_.TxtBusco.Text());
-  if (descripcion) c_.TxtConcepto.Text = *descripcion;
 }
 
 void Concepto::CmdCon_Click() {

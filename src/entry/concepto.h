@@ -1,6 +1,7 @@
 #pragma once
 
 #include "entry/campos.h"
+#include "entry/codigo.h"
 #include "entry/edicion_vencimiento.h"
 #include "entry/pantalla_de_caja.h"
 #include "entry/selector.h"
@@ -22,7 +23,6 @@ class Concepto {
   void UnirTeclas();
   void TxtConcepto_GotFocus();
   void TxtConcepto_LostFocus();
-  void TxtBusco_Change();
   void CmdCon_Click();
   void TxtFFra_LostFocus();
 
@@ -36,6 +36,7 @@ class Concepto {
   EdicionVencimiento& edicion_;
   Terminos& terminos_;
   PantallaDeCaja& caja_;
+  const CamposDeConcepto concepto_;
   Selector selector_;
 };
 

@@ -58,8 +58,8 @@ class Terminos {
   [[nodiscard]] bool HayPagados(const std::string& sentencia) const;
   void ComprobarMismoNumero(const std::string& sentencia, int guardados);
   void ComprobarOtroNumero(int guardados);
+  // The terms and the receipts that are stored come back, that many of them.
   void ReponerTerminos(int guardados);
-  /// And the receipts.
   void ReponerRecibos(int guardados);
 
   Campos& c_;

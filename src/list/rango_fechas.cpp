@@ -48,14 +48,16 @@ void RangoFechas::Conectar(TextBox& campo) {
   };
 }
 
+std::string MesEnTexto(int anio, int mes) {
+  return (mes < 10 ? "0" : "") + std::to_string(mes) + "/" + std::to_string(anio);
+}
+
 void RangoFechas::PonerMesActual() {
   const auto hoy = services::Descomponer(sesion_.Ahora());
-  std::string mes = std::to_string(hoy.Mes);
-  if (mes.size() == 1) mes = "0" + mes;
-  const std::string resto = "/" + mes + "/" + std::to_string(hoy.Anio);
-  TxtFPrevisionD.Text = "01" + resto;
+  const std::string mes = MesEnTexto(hoy.Anio, hoy.Mes);
+  TxtFPrevisionD.Text = "01/" + mes;
   // Whatever the month's length: the conversion takes a day past its end for its last one.
-  TxtFPrevision.Text = "31" + resto;
+  TxtFPrevision.Text = "31/" + mes;
   for (TextBox* campo : {&TxtFPrevisionD, &TxtFPrevision}) {
     campo->Text = sesion_.Utiles().Normalizada(campo->Text);
     campo->Tag = campo->Text();

@@ -8,6 +8,9 @@
 
 namespace list {
 
+/// Month and year as dates have them: "02/2005".
+[[nodiscard]] std::string MesEnTexto(int anio, int mes);
+
 /// Told to the screen when a date of the range was changed and left: the working copy no longer
 /// belongs to what the fields say.
 class AlCambiarRango {

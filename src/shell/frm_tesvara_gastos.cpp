@@ -43,7 +43,7 @@ FrmTesvaraGastos::FrmTesvaraGastos(DatosComunes& datos)
       BtnAutCaja(PicPagos, "BtnAutCaja", "", EnBotonera(5)),
       ImgImpresora(PicPagos, "ImgImpresora", "impresora",
                    Diseno{14500, 9000, 480, 480}.Inhabilitado()),
-      caja_(datos, Campos, Entrada),
+      caja_(datos.Escritorio(), datos, Campos, Entrada),
       Entrada(Campos, {*this, datos, Rejilla, Edicion, Lista, Borrado, caja_, *this}) {
   Barra1.Cerrar = [this] { Barra1_Cerrar(); };
   BotonNuevo.Click = [this] { Entrada.Panel.AbrirNueva(); };

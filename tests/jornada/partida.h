@@ -166,8 +166,8 @@ tecla Escape
 cerrar
 )";
 
-/// A day at the till: an entry paid by marked cash entries, automatic invoices of one concept and of
-/// all, a mark taken off again, and an invoice deleted, which lets go of what it was paid by.
+/// A day at the till: an entry paid by marked cash entries, automatic invoices of one concept and
+/// of all, a mark taken off again, and an invoice deleted, which lets go of what it was paid by.
 inline const std::string kCaja = R"(
 responder si si si si si si si si
 cargar

@@ -54,7 +54,8 @@ std::optional<Valor> ConCaption::Leer(Aspecto aspecto) const {
 }
 
 Label::Label(Sitio sitio, std::string nombre, std::string caption, const Diseno& diseno)
-    : ConCaption(sitio, std::move(nombre), std::move(caption), diseno) {}
+    : ConCaption(sitio, std::move(nombre), std::move(caption), diseno),
+      conTeclado_(diseno.Teclado) {}
 
 CheckBox::CheckBox(Sitio sitio, std::string nombre, std::string caption, const Diseno& diseno)
     : ConCaption(sitio, std::move(nombre), std::move(caption), diseno) {}

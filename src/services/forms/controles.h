@@ -62,14 +62,16 @@ class ConCaption : public Widget {
 class Label : public ConCaption {
  public:
   Label(Sitio sitio, std::string nombre, std::string caption, const Diseno& diseno = {});
-  /// Whether the keyboard gets to it, and the blank clicks it there. A click by mouse leaves the
-  /// focus where it is all the same.
-  bool ConTeclado = false;
-  [[nodiscard]] bool AdmiteFoco() const override { return ConTeclado; }
+  /// Only one that is designed for the keyboard. A click by mouse leaves the focus where it is all
+  /// the same.
+  [[nodiscard]] bool AdmiteFoco() const override { return conTeclado_; }
   [[nodiscard]] bool TomaFocoAlPulsar() const override { return false; }
 
  protected:
   [[nodiscard]] bool TieneFondo() const override { return true; }
+
+ private:
+  const bool conTeclado_;
 };
 
 class CheckBox : public ConCaption {

@@ -15,6 +15,12 @@
 namespace services::entrada {
 namespace {
 
+/// Whether the user gets to it.
+bool AlAlcance(const Widget& widget) {
+  const Form& form = widget.Formulario();
+  return widget.Alcanzable() && form.Escritorio().AlAlcance(form);
+}
+
 void Evento(Widget& widget, const std::function<void()>& accion) {
   widget.Formulario().Escritorio().Evento(accion);
 }
@@ -65,29 +71,29 @@ void TabularAhora(Form& form, bool atras) {
 }  // namespace
 
 void Pulsar(Widget& widget) {
-  if (!widget.Alcanzable()) return;
+  if (!AlAlcance(widget)) return;
   Evento(widget, [&] { pulsacion::Pulsar(widget); });
 }
 
 bool PulsarCelda(MSFlexGrid& rejilla, int fila, int columna) {
   bool llega = false;
-  if (!rejilla.Alcanzable()) return false;
+  if (!AlAlcance(rejilla)) return false;
   Evento(rejilla, [&] { llega = pulsacion::PulsarCelda(rejilla, fila, columna); });
   return llega;
 }
 
 void DoblePulsarCelda(MSFlexGrid& rejilla, int fila, int columna) {
-  if (!rejilla.Alcanzable()) return;
+  if (!AlAlcance(rejilla)) return;
   Evento(rejilla, [&] { pulsacion::DoblePulsarCelda(rejilla, fila, columna); });
 }
 
 void SegundaPulsacion(MSFlexGrid& rejilla) {
-  if (!rejilla.Alcanzable() || !rejilla.TieneFoco()) return;
+  if (!AlAlcance(rejilla) || !rejilla.TieneFoco()) return;
   Evento(rejilla, [&] { Widget::Disparar(rejilla.DblClick); });
 }
 
 void LlevarCelda(MSFlexGrid& rejilla, int fila, int columna) {
-  if (!rejilla.Alcanzable() || rejilla.Rows < 2) return;
+  if (!AlAlcance(rejilla) || rejilla.Rows < 2) return;
   const int ultima = rejilla.Rows - 1;
   Evento(rejilla, [&] {
     if (pulsacion::EntrarALaVista(rejilla)) return;
@@ -96,22 +102,23 @@ void LlevarCelda(MSFlexGrid& rejilla, int fila, int columna) {
 }
 
 void Enfocar(Widget& widget) {
+  if (!AlAlcance(widget)) return;
   Evento(widget, [&] { pulsacion::LlevarFoco(widget); });
 }
 
 void Tecla(Widget& widget, int codigo) {
-  if (!widget.Alcanzable()) return;
+  if (!AlAlcance(widget)) return;
   if (codigo == tecla::Tabulador) return Tabular(widget.Formulario(), false);
   Evento(widget, [&] { pulsacion::Tecla(widget, codigo); });
 }
 
 void Escribir(Widget& widget, char32_t caracter) {
-  if (!widget.Alcanzable()) return;
+  if (!AlAlcance(widget)) return;
   Evento(widget, [&] { pulsacion::Escribir(widget, caracter); });
 }
 
 void CambiarTexto(TextBox& caja, std::string_view texto) {
-  if (!caja.Alcanzable() || caja.Locked) return;
+  if (!AlAlcance(caja) || caja.Locked) return;
   const auto limite = static_cast<std::size_t>(caja.MaxLength());
   const std::string nuevo = limite > 0 ? Izquierda(texto, limite) : std::string(texto);
   if (caja.Text == nuevo) return;
@@ -126,25 +133,26 @@ void Seleccionar(TextBox& caja, int desde, int cuantos) {
 }
 
 void Elegir(ComboBox& lista, int elemento) {
-  if (!lista.Alcanzable()) return;
+  if (!AlAlcance(lista)) return;
   Evento(lista, [&] {
     if (pulsacion::LlevarFoco(lista)) lista.ListIndex = elemento;
   });
 }
 
 void Mover(VScrollBar& barra, int valor) {
-  if (!barra.Alcanzable()) return;
+  if (!AlAlcance(barra)) return;
   Evento(barra, [&] { barra.Value = valor; });
 }
 
 void CerrarBarra(Cintilla& barra) {
+  if (!AlAlcance(barra)) return;
   Evento(barra, [&] { Widget::Disparar(barra.Cerrar); });
 }
 
 namespace {
 
 void DelRaton(Cintilla& barra, const Cintilla::EventoRaton& suceso, const Raton& raton) {
-  if (barra.Alcanzable() && suceso) Evento(barra, [&] { suceso(raton); });
+  if (AlAlcance(barra) && suceso) Evento(barra, [&] { suceso(raton); });
 }
 
 }  // namespace
@@ -162,10 +170,12 @@ void SoltarBarra(Cintilla& barra, const Raton& raton) {
 }
 
 void Tabular(Form& form, bool atras) {
+  if (!form.Escritorio().AlAlcance(form)) return;
   form.Escritorio().Evento([&] { TabularAhora(form, atras); });
 }
 
 void Cancelar(Form& form) {
+  if (!form.Escritorio().AlAlcance(form)) return;
   form.Escritorio().Evento([&] { pulsacion::Cancelar(form); });
 }
 

@@ -115,18 +115,32 @@ void Escritorio::Esperar(const std::function<void()>& espera, bool pregunta) {
   espera();
 }
 
-Escritorio::FocoAparte::FocoAparte(Escritorio& escritorio) : escritorio_(escritorio) {
-  escritorio_.apartados_.push_back(std::exchange(escritorio_.foco_, nullptr));
-  escritorio_.perdido_ = nullptr;
-  if (escritorio_.apartados_.back()) escritorio_.MostrarFoco();
+Escritorio::Modal::Modal(Form& form) : escritorio_(form.Escritorio()) {
+  escritorio_.apartados_.push_back({&form, std::exchange(escritorio_.foco_, nullptr),
+                                    std::exchange(escritorio_.perdido_, nullptr)});
+  if (escritorio_.apartados_.back().foco) escritorio_.MostrarFoco();
 }
 
-Escritorio::FocoAparte::~FocoAparte() {
-  Widget* antes = escritorio_.apartados_.back();
+Escritorio::Modal::~Modal() {
+  const Apartado antes = escritorio_.apartados_.back();
   escritorio_.apartados_.pop_back();
-  if (!antes || escritorio_.foco_) return;
-  escritorio_.perdido_ = antes;
-  escritorio_.RecuperarFoco(*antes);
+  if (escritorio_.foco_) return;
+  escritorio_.perdido_ = antes.foco ? antes.foco : antes.perdido;
+  if (antes.foco) escritorio_.RecuperarFoco(*antes.foco);
+}
+
+bool Escritorio::EsModal(const Form& form) const {
+  return std::any_of(apartados_.begin(), apartados_.end(),
+                     [&](const Apartado& apartado) { return apartado.modal == &form; });
+}
+
+bool Escritorio::AlAlcance(const Form& form) const {
+  if (!form.Visible()) return false;
+  // One that was hidden from inside another one's wait is in nobody's way.
+  const auto delante =
+      std::find_if(apartados_.rbegin(), apartados_.rend(),
+                   [](const Apartado& apartado) { return apartado.modal->Visible(); });
+  return delante == apartados_.rend() || delante->modal == &form;
 }
 
 bool Escritorio::DarFoco(Widget& widget) {
@@ -195,8 +209,10 @@ void Escritorio::QuitarFoco() {
 void Escritorio::OlvidarFoco(const Widget& widget) {
   if (foco_ == &widget) foco_ = nullptr;
   if (perdido_ == &widget) perdido_ = nullptr;
-  std::replace_if(
-      apartados_.begin(), apartados_.end(), [&](const Widget* w) { return w == &widget; }, nullptr);
+  for (Apartado& apartado : apartados_) {
+    if (apartado.foco == &widget) apartado.foco = nullptr;
+    if (apartado.perdido == &widget) apartado.perdido = nullptr;
+  }
   for (Salida& salida : salidas_) {
     if (salida.viejo == &widget) salida.viejo = nullptr;
     if (salida.destino == &widget) salida.destino = nullptr;

@@ -57,18 +57,22 @@ class Escritorio {
     Escritorio& escritorio_;
   };
 
-  /// While a modal screen lasts the focus of the one behind it is put aside, with no event, so that
-  /// the new one begins without any. It goes back at the end, unless another widget has taken it.
-  class FocoAparte {
+  /// A modal screen, for as long as it lives: the user works in it alone. The focus of the screen
+  /// behind is put aside, with no event, so that the new one begins without any. It goes back at
+  /// the end, unless another widget has taken it.
+  class Modal {
    public:
-    explicit FocoAparte(Escritorio& escritorio);
-    ~FocoAparte();
-    FocoAparte(const FocoAparte&) = delete;
-    FocoAparte& operator=(const FocoAparte&) = delete;
+    explicit Modal(Form& form);
+    ~Modal();
+    Modal(const Modal&) = delete;
+    Modal& operator=(const Modal&) = delete;
 
    private:
     Escritorio& escritorio_;
   };
+
+  /// Whether the user can work in a screen: shown, and not behind a modal one.
+  [[nodiscard]] bool AlAlcance(const Form& form) const;
 
   /// The widget with the focus, null for none.
   [[nodiscard]] Widget* Foco() const { return foco_; }
@@ -97,6 +101,7 @@ class Escritorio {
   friend class Form;
   void Registrar(Form& form);
   void Retirar(Form& form);
+  [[nodiscard]] bool EsModal(const Form& form) const;
 
   /// A widget whose LostFocus handler runs, and where the focus goes after it; null where the
   /// widget is gone.
@@ -129,7 +134,13 @@ class Escritorio {
   Widget* perdido_ = nullptr;
   bool dejando_ = false;  // inside the LostFocus handler of the last of salidas_
   std::vector<Salida> salidas_;
-  std::vector<Widget*> apartados_;  // one of each `FocoAparte`; null for none, or for one gone
+  /// A modal screen, and the focus that was put aside for it.
+  struct Apartado {
+    const Form* modal;
+    Widget* foco;
+    Widget* perdido;
+  };
+  std::vector<Apartado> apartados_;
   // Unloaded in this event; let go at its end. The last member, since their widgets, as they go,
   // take themselves out of the others.
   std::vector<Ref<Form>> retirados_;

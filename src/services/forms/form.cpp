@@ -46,7 +46,8 @@ void Form::Abrir(bool modal) {
 void Form::ShowModal() {
   // The last count may go with the unload that ends the wait.
   const Ref<Form> viva(this);
-  const Escritorio::FocoAparte aparte(escritorio_);
+  if (escritorio_.EsModal(*this)) return Abrir(true);
+  const Escritorio::Modal modal(*this);
   Abrir(true);
   if (!visible_) return;
   escritorio_.Esperar([this] { vista_->EsperarModal(); });
@@ -80,6 +81,8 @@ void Form::Retirar() {
   cargado_ = false;
   descargado_ = true;
   escritorio_.Retirar(*this);
+  // Nobody asks a screen that is gone for them, and each would look for itself among all of them.
+  widgets_.clear();
   if (AlRetirarse) AlRetirarse();
 }
 

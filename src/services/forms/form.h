@@ -37,7 +37,7 @@ class Form : public ObjetoContado<IForm>, public Dueno {
   /// Loads it if need be and brings it to sight, unless its load has unloaded it.
   void Show();
   /// The same, and returns when it has been hidden or unloaded. The focus goes back then to where
-  /// it was, with no event.
+  /// it was, with no event. One that is waited for already only comes to sight.
   void ShowModal();
   /// Hidden, it keeps its focus for the next `Show`; neither fires an event.
   void Hide();

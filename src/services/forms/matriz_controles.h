@@ -43,14 +43,15 @@ class MatrizControles {
   [[nodiscard]] int Count() const { return static_cast<int>(elementos_.size()); }
   [[nodiscard]] int UBound() const { return Count() - 1; }
   /// Throws 381 for an element that isn't there.
-  W& operator()(int indice) {
-    if (indice < 0 || indice > UBound()) {
-      throw ErrorEjecucion(error::CeldaNoValida, kNoExiste);
-    }
-    return *elementos_[static_cast<std::size_t>(indice)];
-  }
+  W& operator()(int indice) { return *elementos_[Lugar(indice)]; }
+  const W& operator()(int indice) const { return *elementos_[Lugar(indice)]; }
 
  private:
+  [[nodiscard]] std::size_t Lugar(int indice) const {
+    if (indice < 0 || indice > UBound()) throw ErrorEjecucion(error::CeldaNoValida, kNoExiste);
+    return static_cast<std::size_t>(indice);
+  }
+
   static constexpr const char* kNoExiste = "No existe el elemento de la matriz de controles";
 
   std::vector<std::unique_ptr<W>> elementos_;

@@ -36,10 +36,13 @@ struct Diseno {
   int TabIndex = -1;
   bool Visible = true;
   bool Enabled = true;
+  /// Of a label: the keyboard gets to it, and the blank clicks it there.
+  bool Teclado = false;
   double FontSize = 8.25;  ///< points
   bool FontBold = false;
 
   [[nodiscard]] constexpr Diseno Tab(int lugar) const { return Con(&Diseno::TabIndex, lugar); }
+  [[nodiscard]] constexpr Diseno ConTeclado() const { return Con(&Diseno::Teclado, true); }
   [[nodiscard]] constexpr Diseno Cuerpo(double puntos) const {
     return Con(&Diseno::FontSize, puntos);
   }

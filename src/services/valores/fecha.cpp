@@ -46,9 +46,8 @@ bool EsAnioValido(std::int64_t anio) {
   throw ErrorEjecucion(error::LlamadaNoValida, "La fecha se sale del calendario");
 }
 
-[[noreturn]] void RechazarTipo(std::string_view texto, const char* esperado) {
-  throw ErrorEjecucion(error::TiposNoCoinciden,
-                       "No coinciden los tipos: «" + std::string(texto) + "» no es " + esperado);
+[[noreturn]] void RechazarTipo(const std::string& cual = "") {
+  throw ErrorEjecucion(error::TiposNoCoinciden, "No coinciden los tipos" + cual);
 }
 
 FechaHora SumarDias(std::int64_t cuantos, FechaHora desde) {
@@ -163,7 +162,7 @@ int DiasDelMes(int anio, int mes) {
 FechaHora SumarFecha(std::string_view unidad, std::int64_t cuantos, FechaHora desde) {
   const bool dias = MismoTexto(unidad, "d");
   const bool meses = MismoTexto(unidad, "m");
-  if (!dias && !meses && !MismoTexto(unidad, "yyyy")) RechazarTipo(unidad, "una unidad");
+  if (!dias && !meses && !MismoTexto(unidad, "yyyy")) RechazarTipo();
   if (cuantos < -kMaximoSalto || cuantos > kMaximoSalto) Desbordar();
   if (dias) return SumarDias(cuantos, desde);
   return SumarMeses(meses ? cuantos : cuantos * 12, desde);
@@ -184,7 +183,7 @@ std::optional<FechaHora> LeerFecha(std::string_view texto) {
 
 FechaHora Fecha(std::string_view texto) {
   const std::optional<FechaHora> momento = LeerFecha(texto);
-  if (!momento) RechazarTipo(texto, "una fecha");
+  if (!momento) RechazarTipo(": «" + std::string(texto) + "» no es una fecha");
   return *momento;
 }
 

@@ -248,6 +248,28 @@ TEST_F(FocoTrasUnaModal, LoQueSeInhabilitoMientrasSigueSiendoDondeEmpiezaTab) {
   EXPECT_EQ(p.escritorio.FocoPerdido(), &f.TxtA);
 }
 
+TEST_F(FocoTrasUnaModal, DondeSePerdioAntesSigueSiendoDondeEmpiezaTab) {
+  f.TxtA.Enabled = false;
+  (void)sucesos.Tomar();
+  Abrir([this] { EXPECT_EQ(p.escritorio.FocoPerdido(), nullptr); });
+  EXPECT_EQ(p.escritorio.FocoPerdido(), &f.TxtA);
+}
+
+TEST_F(FocoTrasUnaModal, MientrasDuraLoDeDetrasNoSeAlcanza) {
+  Abrir([this] {
+    EXPECT_TRUE(p.escritorio.AlAlcance(*modal));
+    EXPECT_FALSE(p.escritorio.AlAlcance(f));
+    entrada::Pulsar(f.Btn);
+    entrada::Enfocar(f.TxtB);
+    entrada::CerrarBarra(f.Barra1);
+    entrada::Tabular(f, false);
+    entrada::Cancelar(f);
+    modal->ShowModal();  // waited for already
+  });
+  EXPECT_THAT(sucesos.Tomar(), IsEmpty());
+  EXPECT_TRUE(p.escritorio.AlAlcance(f));
+}
+
 TEST_F(FocoTrasUnaModal, NoVuelveALoQueYaNoEsta) {
   auto otra = std::make_unique<services::TextBox>(f, "Otra", services::Diseno{});
   PonerFoco(*otra);
@@ -265,15 +287,16 @@ TEST_F(FocoTrasUnaModal, UnaCargaQueFallaLoDeja) {
 }
 
 TEST_F(Foco, UnaEtiquetaConTecladoTomaElFocoPeroNoAlPulsarla) {
-  f.Lbl.ConTeclado = true;
-  entrada::Pulsar(f.Lbl);
-  EXPECT_THAT(sucesos.Tomar(), ElementsAre("Lbl.MouseDown", "Lbl.Click", "Lbl.MouseUp"));
+  services::Label fila(f, "Fila", "", services::Diseno{}.Tab(20).ConTeclado());
+  apoyo::Apuntar(fila, sucesos);
+  entrada::Pulsar(fila);
+  EXPECT_THAT(sucesos.Tomar(), ElementsAre("Fila.MouseDown", "Fila.Click", "Fila.MouseUp"));
   EXPECT_TRUE(f.TxtA.TieneFoco());
-  f.Lbl.SetFocus();
-  EXPECT_THAT(sucesos.Tomar(), ElementsAre("TxtA.LostFocus", "Lbl.GotFocus"));
-  entrada::Tecla(f.Lbl, services::tecla::Espacio);
-  EXPECT_THAT(sucesos.Tomar(), ElementsAre("Lbl.MouseDown", "Lbl.Click", "Lbl.MouseUp"));
-  entrada::Tecla(f.Lbl, services::tecla::Intro);
+  fila.SetFocus();
+  EXPECT_THAT(sucesos.Tomar(), ElementsAre("TxtA.LostFocus", "Fila.GotFocus"));
+  entrada::Tecla(fila, services::tecla::Espacio);
+  EXPECT_THAT(sucesos.Tomar(), ElementsAre("Fila.MouseDown", "Fila.Click", "Fila.MouseUp"));
+  entrada::Tecla(fila, services::tecla::Intro);
   EXPECT_THAT(sucesos.Tomar(), IsEmpty());
 }
 
