@@ -41,6 +41,9 @@ class Aceptacion:
         if self.BtnAceptar.tag == "":
             self.cargar_grip()
             self.cerrar_panel()
+        self.sellar_apuntes()
+        self.descargar_caja()
+        self.de_otra_entrada()
         self.BtnAceptar.tag = ""
 
     def _con_numero(self):
@@ -98,10 +101,10 @@ class Aceptacion:
             self._parar(NO_SUMAN)
         if self.OptVista.valor and self.celda_de_vto(2, 0) != "" and self.vtos_han_cambiado():
             self._parar(NO_SUMAN)
-        if any(not 0 <= llano(celdas[n] or "0") < 1e12 for celdas in self.vtos_que_se_graban() for n in (1, 2)):
-            self._parar(RECIBOS_NEGATIVOS, en="MSFVencimientos")
         if self.celda_de_vto(1, 0) == "":
             self._generar_lo_que_falta()
+        if any(not 0 <= llano(celdas[n] or "0") < 1e12 for celdas in self.vtos_que_se_graban() for n in (1, 2)):
+            self._parar(RECIBOS_NEGATIVOS, en="MSFVencimientos")
         for tasa in TASAS:
             if not self.hoja[f"Chk{tasa}"].valor:
                 continue

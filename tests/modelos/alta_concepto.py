@@ -35,7 +35,13 @@ class Concepto:
             self.puesto.avisar(CREAR_CONCEPTO)
             self.poner_foco("TxtConcepto")
         else:
-            self.BotonCaja.activo = True
+            self._concepto_resuelto()
+
+    def _concepto_resuelto(self):
+        """The cash screen is made anew, unless a row of the list was chosen before."""
+        self.BotonCaja.activo = True
+        if not self.fila_elegida:
+            self.rehacer_caja()
 
     def _elegir_concepto(self):
         self.TxtBusco.texto = ""
@@ -54,7 +60,7 @@ class Concepto:
         self._elegir_concepto()
         if self.TxtConcepto.texto != "":
             self.poner_foco("TxtFFra")
-            self.BotonCaja.activo = True
+            self._concepto_resuelto()
         else:
             self.poner_foco("TxtConcepto")
             self.BotonCaja.activo = self.fila_elegida

@@ -149,7 +149,8 @@ class Importes:
         total.tag = enmascarar(total.texto)
 
     def _cambiar_total(self, total):
-        if self.puesto.preguntar(IMPORTE_CAMBIADO, 4) != "si":
+        self.hay_importe = self.puesto.preguntar(IMPORTE_CAMBIADO, 4) != "si"
+        if self.hay_importe:
             total.texto = enmascarar(total.tag)
         elif self.OptVista.valor:
             self.generar_vista()

@@ -11,6 +11,7 @@ class JornadaConPanel(Jornada):
     """Answers of a step may be several, given in turn; the chooser gives one."""
 
     clase_de_pantalla = PantallaConPanel
+    con_caja = False  # These days leave the screen of cash entries as soon as it opens.
 
     def __init__(self, negocio, con):
         self.elegible, self.elegidos = None, []
@@ -33,7 +34,10 @@ class JornadaConPanel(Jornada):
 
     def _hacer(self, linea, accion, *argumentos):
         self.elegidos = []
-        return super()._hacer(linea, accion, *argumentos)
+        hecho = super()._hacer(linea, accion, *argumentos)
+        if self.pantalla.modal is not None and not self.con_caja:
+            super()._hacer("tecla Escape", self.pantalla.modal.tecla, "Escape")
+        return hecho
 
     def _decir_respuestas(self):
         super()._decir_respuestas()

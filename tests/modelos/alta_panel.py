@@ -48,10 +48,12 @@ class Panel:
             self.poner_foco(self.antes)
 
     def cancelar_entrada(self):
+        self.de_otra_entrada()
         self.saltar = True
         self.BtnCancelar.tag = "No"
         self.cerrar_panel()
         self.BtnCancelar.tag = ""
+        self.descargar_caja()
 
     def limpiar_panel(self):
         self.BtnCancelar.tag, self.saltar = "", False
@@ -108,6 +110,10 @@ class Panel:
                 and igual(recortar(f[columna]), factura) and igual(f["Año"], anno)]
 
     def cargar_factura(self):
+        self._cargar_de_la_fila()
+        self.la_caja()
+
+    def _cargar_de_la_fila(self):
         self.limpiar_panel()
         self.activar_prevision(False)
         self.Label1.rotulo = MODIFICAR

@@ -11,13 +11,14 @@ from alta_plazos import Plazos
 from alta_prevision import PrevisionDePanel
 from alta_recibos import RejillaVtos, Recibos
 from alta_teclas import Teclas
+from caja_panel import Caja
 from pantalla import Pantalla
 
 TIPOS_DE_CHK = {"Chk16": 16, "Chk7": 7, "Chk4": 4, "Chk0": 0, "Chk15": 15}
 
 
 class PantallaConPanel(Foco, Teclas, Panel, Concepto, Importes, Plazos, Recibos, PrevisionDePanel, Aceptacion,
-                       Escritura, Pantalla):
+                       Escritura, Caja, Pantalla):
     """`puesto` also answers elegir_concepto(): a code, or None when the chooser was cancelled; and
     avisar takes flags and title."""
 
@@ -90,9 +91,10 @@ class PantallaConPanel(Foco, Teclas, Panel, Concepto, Importes, Plazos, Recibos,
             return
         if widget in self.hoja:
             self._pulsar_en_panel(self.hoja[widget])
-        elif widget in ("BotonNuevo", "BotonModificar"):
+        elif widget in ("BotonNuevo", "BotonModificar", "BtnAutCaja"):
             if self.enfocar(widget):
-                {"BotonNuevo": self.nuevo, "BotonModificar": self.modificar}[widget]()
+                {"BotonNuevo": self.nuevo, "BotonModificar": self.modificar,
+                 "BtnAutCaja": self.mostrar_automaticas}[widget]()
         elif self.panel_visible:
             self.enfocar(widget)
         else:
@@ -110,7 +112,7 @@ class PantallaConPanel(Foco, Teclas, Panel, Concepto, Importes, Plazos, Recibos,
             self.soltar_opcion(control.nombre)
         elif control.clase == "boton":
             {"BtnAceptar": self.aceptar, "BtnCancelar": self.cancelar_entrada, "CmdCon": self.pulsar_concepto,
-             "BotonCaja": lambda: None}[control.nombre]()
+             "BotonCaja": self.mostrar_caja}[control.nombre]()
 
     def elegir(self, elemento):
         if self.enfocar("CboPlazo"):

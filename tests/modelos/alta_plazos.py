@@ -1,10 +1,10 @@
 """Form of payment and terms of the entry, the generation of its receipts, and what protects stored ones."""
 
 from alta_controles import BLANCO, INACTIVO
-from alta_cuentas import anno_de, enmascarar, llano, recibos
+from alta_cuentas import anno_de, enmascarar, llano, recibos, redondo
 from alta_mensajes import FECHA_VISTA, OTRO_NUMERO, RECIBOS_PAGADOS, VISTA_ANTERIOR
 from teclas import INTRO, tecla_fecha
-from valores import a_guardada, normalizar, recortar
+from valores import a_guardada, mascara, normalizar, recortar
 
 TERMINOS = ("TxtNRecibos", "TxtDias", "TxtCadencia")
 
@@ -22,16 +22,18 @@ class Plazos:
         if "" in textos or textos[3] == "0":
             return
         total, dias, cadencia, cuantos = (llano(texto) for texto in textos)
+        parte = redondo(self.importe_caja / cuantos) if self.importe_caja > 0 else 0
         serie = recibos(total, cuantos, dias, cadencia, self.TxtFFra.texto)
         for n, (fecha, importe) in enumerate(serie, 1):
             if n >= 5:
                 self.vtos.anadir()
-            self.vtos.celdas[n][:3] = [fecha, importe, "0,00"]
+            self.vtos.celdas[n][:3] = [fecha, importe, mascara(max(parte, 0))]
 
     def generar_vista(self):
         self.vaciar_vtos()
         if self.TxtIFra.texto != "":
-            self.vtos.celdas[1][:3] = [self.TxtFVista.texto, enmascarar(self.TxtIFra.texto), "0,00"]
+            self.vtos.celdas[1][:3] = [self.TxtFVista.texto, enmascarar(self.TxtIFra.texto),
+                                       mascara(self.importe_caja)]
 
     def opt(self, tipo, estado, generar):
         terminos = [self.hoja[nombre] for nombre in TERMINOS]
@@ -89,8 +91,8 @@ class Plazos:
         if cuantos == (llano(self.TxtNRecibos.texto) if self.TxtNRecibos.texto != "" else 1):
             pagado = any(r["Pagado"] is not None and r["Pagado"] > 0 for r in guardados)
             mismo = enmascarar(self.TxtIFra.texto) == enmascarar(self.TxtIFra.tag)
-            if pagado and mismo and self.puesto.preguntar(RECIBOS_PAGADOS, 4) != "si":
-                self._volver_a(cuantos)
+            if pagado and mismo and self._rehusa(RECIBOS_PAGADOS):
+                self._volver_a(cuantos, rehacer=cuantos < 2)
             else:
                 self.guardar_vencimientos()
         elif cuantos == 0:
@@ -98,10 +100,14 @@ class Plazos:
                 self.generar_vista()
             else:
                 self.generar_aplazado()
-        elif self.puesto.preguntar(OTRO_NUMERO, 4) != "si":
-            self._volver_a(cuantos)
+        elif self._rehusa(OTRO_NUMERO):
+            self._volver_a(cuantos, rehacer=True)
 
-    def _volver_a(self, cuantos):
+    def _rehusa(self, pregunta):
+        self.hay_importe = self.puesto.preguntar(pregunta, 4) != "si"
+        return self.hay_importe
+
+    def _volver_a(self, cuantos, rehacer):
         """Brings back the stored terms and receipts; a focus that went off with its field goes on from them."""
         if cuantos >= 2:
             self.TxtDias.texto = self.TxtDias1.texto
@@ -110,6 +116,8 @@ class Plazos:
         self.volviendo = True
         self.opt("Vista" if cuantos < 2 else "Aplazado", True, False)
         self.volviendo = False
+        if rehacer:
+            self.rehacer_caja()
         self.restaurar_vencimientos()
         if cuantos < 2:
             self.TxtFVista.texto = self.celda_de_vto(1, 0)

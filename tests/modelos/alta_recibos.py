@@ -1,6 +1,6 @@
 """The receipts of the entry: their grid, its editor, and their stored rows."""
 
-from alta_cuentas import enmascarar, es_numero, redondo
+from alta_cuentas import enmascarar, es_numero, llano, redondo
 from mensajes import EXCESO_AL_TECLEAR
 from teclas import ESCAPE, INTRO, tecla_importe
 from valores import a_vista, mascara, numero, recortar
@@ -66,7 +66,7 @@ class Recibos:
             if celdas[0] == "":
                 break
             self.vtos.anadir(celdas)
-            if numero(celdas[1]) == numero(celdas[2]):
+            if llano(celdas[1] or "0") == llano(celdas[2] or "0"):
                 self.ir_vto(self.vtos.fila, 3)
                 self.vtos.marcas[self.vtos.fila] = True
         self.vtos.filas(len(self.vtos2) + 1)

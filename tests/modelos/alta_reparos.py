@@ -24,7 +24,7 @@ def calla_entrada(paso, pantalla, con):
     clase = paso[0]
     if not pantalla.panel_visible:
         return clase in ("teclear", "anadir", "enfocar", "tecla_panel", "vto", "vto_doble", "elegir") or (
-            clase == "apretar" and paso[1] not in ("BotonNuevo", "BotonModificar"))
+            clase == "apretar" and paso[1] not in ("BotonNuevo", "BotonModificar", "BtnAutCaja"))
     if clase in DE_LISTA:
         return True
     if clase == "cerrar":

@@ -88,9 +88,10 @@ class Copia:
                 if (igual(recortar(fila["Factura"]), recortar(factura["Factura"])) and fila["Factura"]
                         and str(fila["Tipo"]) == factura["NConcepto"] and igual(fila["Año"], factura["Año"])):
                     self.local.caja.copiar(tomar(fila, CAJA))
-        for fila in self.almacen.caja.filas:
-            if fila["Factura"] is None or fila["Factura"] == "":
-                self.local.caja.copiar(tomar(fila, CAJA))
+        for libre in (None, ""):  # The order that the embedded engine gives them in.
+            for fila in self.almacen.caja.filas:
+                if fila["Factura"] == libre:
+                    self.local.caja.copiar(tomar(fila, CAJA))
 
     def grabar(self, momento, usuario):
         """Replaces the stored rows of the loaded range. On an error nothing stored has changed."""

@@ -1,9 +1,10 @@
 #!/usr/bin/env python3
 """Plays random days against the scenario runner and tells the first difference.
 
-    jugar.py --guion PATH [--alta] [--semilla N] [--dias M] [--sin editor,devolver,...] [--guardar FOLDER]
+    jugar.py --guion PATH [--alta | --caja] [--semilla N] [--dias M] [--sin editor,devolver,...] [--guardar FOLDER]
 
-With --alta the days mix the work on the list with entries in the panel.
+With --alta the days mix the work on the list with entries in the panel, with --caja also with the cash
+entries that entries take and with automatic invoices.
 Day k has seed N + k, whatever the number of days. Exit status: 0 no difference, 1 one at least.
 """
 
@@ -19,6 +20,11 @@ from alta_jornada import JornadaConPanel
 from alta_negocio import InventorDeEntradas
 from alta_reparos import RAREZAS_DE_ENTRADA
 from alta_usuario import UsuarioConPanel
+from caja_jornada import JornadaDeCaja
+from caja_miradas import que_se_mira
+from caja_negocio import InventorDeCaja
+from caja_reparos import RAREZAS_DE_CAJA
+from caja_usuario import UsuarioDeCaja
 from jornada import Jornada
 from negocio import Inventor
 from reparos import RAREZAS
@@ -27,6 +33,7 @@ from usuario import Usuario
 POR_PROCESO = 10
 DE_LISTA = (Inventor, Jornada, Usuario)
 CON_ENTRADAS = (InventorDeEntradas, JornadaConPanel, UsuarioConPanel)
+CON_CAJA = (InventorDeCaja, JornadaDeCaja, UsuarioDeCaja)
 
 
 class Dia:
@@ -73,10 +80,11 @@ def comparable(linea):
     if visto:
         return '{} {}="{}" Visible={}'.format(*visto.groups())
     nombre = linea.split(" ")[0]
-    if nombre not in MIRADOS:
+    miradas = MIRADOS.get(nombre) or que_se_mira(nombre)
+    if not miradas:
         return linea
     propiedades = re.findall(r'([A-Z]\w+)=("(?:[^"\\]|\\.)*"|-?\d+)', linea)
-    return " ".join([nombre] + [f"{p}={valor}" for p, valor in propiedades if p in MIRADOS[nombre]])
+    return " ".join([nombre] + [f"{p}={valor}" for p, valor in propiedades if p in miradas])
 
 
 def correr(guion, lineas):
@@ -138,19 +146,24 @@ def main():
     argumentos = argparse.ArgumentParser(description=__doc__, formatter_class=argparse.RawDescriptionHelpFormatter)
     argumentos.add_argument("--guion", required=True, help="the scenario runner")
     argumentos.add_argument("--alta", action="store_true", help="days with entries in the panel")
+    argumentos.add_argument("--caja", action="store_true", help="days with cash entries, settled in entries and by themselves")
     argumentos.add_argument("--semilla", type=int, default=1)
     argumentos.add_argument("--dias", type=int, default=100)
-    argumentos.add_argument("--sin", action="append", default=[], help="oddities left out of the days, of " + ", ".join(f"{r} ({t})" for r, t in (RAREZAS | RAREZAS_DE_ENTRADA).items()))
+    argumentos.add_argument("--sin", action="append", default=[], help="oddities left out of the days, of " + ", ".join(f"{r} ({t})" for r, t in (RAREZAS | RAREZAS_DE_ENTRADA | RAREZAS_DE_CAJA).items()))
     argumentos.add_argument("--guardar", default=".", help="where the scenario of a difference goes")
     argumentos.add_argument("--seguir", type=int, default=1, help="differences after which to stop")
     argumentos.add_argument("--reducir", action="store_true", help="make the scenario of a difference small")
     opciones = argumentos.parse_args()
-    rarezas = RAREZAS | RAREZAS_DE_ENTRADA if opciones.alta else RAREZAS
+    rarezas, clases = RAREZAS, DE_LISTA
+    if opciones.caja:
+        rarezas, clases = RAREZAS | RAREZAS_DE_ENTRADA | RAREZAS_DE_CAJA, CON_CAJA
+    elif opciones.alta:
+        rarezas, clases = RAREZAS | RAREZAS_DE_ENTRADA, CON_ENTRADAS
     con = [rareza for rareza in rarezas if rareza not in ",".join(opciones.sin).split(",")]
     diferencias = 0
     for primera in range(opciones.semilla, opciones.semilla + opciones.dias, POR_PROCESO):
         ultima = min(primera + POR_PROCESO, opciones.semilla + opciones.dias)
-        dias = [Dia(semilla, con, CON_ENTRADAS if opciones.alta else DE_LISTA) for semilla in range(primera, ultima)]
+        dias = [Dia(semilla, con, clases) for semilla in range(primera, ultima)]
         if not comparar(opciones.guion, dias):
             continue
         for dia in dias:

@@ -8,6 +8,8 @@ import traceback
 from decimal import Decimal
 
 import prueba_aceptar
+import prueba_automaticas
+import prueba_caja
 import prueba_cuentas
 import prueba_recibos
 from prueba_panel import Banco
@@ -165,7 +167,8 @@ def prueba_pago_sin_grabar_en_los_recibos():
 
 def principal():
     fallos = 0
-    pruebas = [f for m in (prueba_cuentas, sys.modules[__name__], prueba_aceptar, prueba_recibos)
+    pruebas = [f for m in (prueba_cuentas, sys.modules[__name__], prueba_aceptar, prueba_recibos, prueba_caja,
+                                    prueba_automaticas)
                for n, f in vars(m).items() if n.startswith("prueba_") and callable(f)]
     for prueba in pruebas:
         try:

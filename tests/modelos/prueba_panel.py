@@ -10,11 +10,12 @@ UNA_BASE = [("1", Decimal(100), Decimal(16), None)]
 
 
 class Banco:
-    """One invoice F1 of 116 in March 2005 with that many receipts, if any, and these forecasts."""
+    """One invoice F1 of 116 in March 2005 with that many receipts, if any, and these forecasts and cash
+    entries, each as (moment, concept, amount), with remark, number, year and branch if they are told."""
 
     reloj, usuario, reposo = datetime(2005, 3, 15, 10), "ANA", 22
 
-    def __init__(self, receipts=0, pagado=None, bases=None, previsiones=()):
+    def __init__(self, receipts=0, pagado=None, bases=None, previsiones=(), caja=()):
         self.almacen, self.local = Almacen(), Local()
         self.dichos, self.respuestas, self.elegible = [], [], None
         for codigo, nombre in (("400", "Luz"), ("401", "Agua")):
@@ -23,6 +24,10 @@ class Banco:
             self._factura(receipts, pagado, UNA_BASE if bases is None else bases)
         for fila in previsiones:
             self.almacen.previsiones.insertar(dict(zip(("NConcepto", "Fecha1Vto", "Cada", "Tipo", "Importe"), fila)))
+        for fila in caja:
+            momento, *resto = fila
+            columnas = dict(zip(("Tipo", "Importe", "Observaciones", "Factura", "Año", "idSucursal"), resto))
+            self.almacen.caja.insertar({"FechaHora": datetime.fromisoformat(momento), "idSucursal": "1"} | columnas)
         self.p = PantallaConPanel(self, self.almacen, self.local)
 
     def _factura(self, cuantos, pagado, bases):
@@ -83,6 +88,14 @@ class Banco:
             self.p.tecla_en_panel("Intro")
         if self.p.foco == nombre and not self.dichos:
             self.p.enfocar("OptGenerar")
+        return self
+
+    def de_caja(self, *filas, facturar=True):
+        """Opens the screen of cash entries, clicks on these rows, and goes out by one of its buttons."""
+        self.p.pulsar("BotonCaja")
+        for fila in filas:
+            self.p.modal.pulsar(f"LblSeleccion({fila})")
+        self.p.modal.pulsar("BtnFacturar" if facturar else "BtnAceptar")
         return self
 
     def plazo(self, cual):

@@ -25,12 +25,12 @@ def calla(paso, pantalla, con):
                 or "relleno" not in con and paso[2] == 4 and _cero_sobre_relleno(paso[1], pantalla))
     crecida = len(pantalla.rejilla.celdas) > len(pantalla.foto.celdas)
     if clase == "cerrar":
-        return (_sin_vuelta(pantalla) or _sobre_el_editor(pantalla, con)
+        return (_sin_vuelta(pantalla) or sobre_el_editor(pantalla, con)
                 or "cierre" not in con and (crecida or "comillas" in con))
     if clase == "pulsar":
-        return paso[1].startswith("Chk") and _sobre_el_editor(pantalla, con)
+        return paso[1].startswith("Chk") and sobre_el_editor(pantalla, con)
     if clase == "fecha":
-        return crecida or "comillas" in con or _sobre_el_editor(pantalla, con) or _abierta(paso, pantalla)
+        return crecida or "comillas" in con or sobre_el_editor(pantalla, con) or _abierta(paso, pantalla)
     return False
 
 
@@ -52,7 +52,7 @@ def _cero_sobre_relleno(fila, pantalla):
     return cero and fila < len(celdas) and celdas[fila][0] == ""
 
 
-def _sobre_el_editor(pantalla, con):
+def sobre_el_editor(pantalla, con):
     """An editor with what is no amount in it leaves the road open to question."""
     return pantalla.editor_visible and ("editor" not in con or "-" in pantalla.editor)
 
