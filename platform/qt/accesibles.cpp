@@ -72,6 +72,16 @@ class SeleccionAccesible final : public QAccessibleWidget {
   [[nodiscard]] SeleccionQt& Caja() const { return *static_cast<SeleccionQt*>(widget()); }
 };
 
+/// A screen in a window of its own.
+class DialogoAccesible final : public QAccessibleWidget {
+ public:
+  explicit DialogoAccesible(QWidget* ventana) : QAccessibleWidget(ventana, QAccessible::Dialog) {}
+
+  QString text(QAccessible::Text que) const override {
+    return que == QAccessible::Name ? widget()->windowTitle() : QAccessibleWidget::text(que);
+  }
+};
+
 class LineaAccesible final : public QAccessibleWidget {
  public:
   explicit LineaAccesible(QWidget* linea) : QAccessibleWidget(linea, QAccessible::Separator) {}
@@ -101,6 +111,7 @@ QAccessibleInterface* Accesible(const QString&, QObject* objeto) {
   if (!vista || !EsDeUnaPantalla(*vista)) return nullptr;
   if (auto* lista = qobject_cast<QComboBox*>(vista)) return new ListaAccesible(lista);
   if (auto* caja = dynamic_cast<SeleccionQt*>(vista)) return new SeleccionAccesible(caja);
+  if (dynamic_cast<Lienzo*>(vista) && vista->isWindow()) return new DialogoAccesible(vista);
   if (dynamic_cast<PanelQt*>(vista)) return new QAccessibleWidget(vista, QAccessible::Grouping);
   return EsLinea(*vista) ? new LineaAccesible(vista) : nullptr;
 }

@@ -8,6 +8,7 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <QVariant>
+#include <typeinfo>
 
 #include "qt/opcion_qt.h"
 #include "qt/seleccion_qt.h"
@@ -17,12 +18,11 @@ namespace {
 
 template <class V>
 QWidget* Otra(const QWidget& modelo, QWidget* padre) {
-  return dynamic_cast<const V*>(&modelo) ? new V(padre) : nullptr;
+  return typeid(modelo) == typeid(V) ? new V(padre) : nullptr;
 }
 
 QWidget* DelMismoTipo(const QWidget& modelo, QWidget* padre) {
   using Hacer = QWidget* (*)(const QWidget&, QWidget*);
-  // What is of several of these classes is of the first.
   static constexpr Hacer kTipos[] = {&Otra<SeleccionQt>, &Otra<QLineEdit>, &Otra<QLabel>,
                                      &Otra<QCheckBox>,   &Otra<OpcionQt>,  &Otra<QPushButton>,
                                      &Otra<QComboBox>,   &Otra<QFrame>};
@@ -34,11 +34,26 @@ QWidget* DelMismoTipo(const QWidget& modelo, QWidget* padre) {
 
 /// What the designer gave it, and not what it shows: that is told by its own model.
 void CopiarDiseno(const QWidget& modelo, QWidget& otra) {
-  for (const char* propiedad : {"minimumSize", "maximumSize", "sizePolicy", "alignment", "frame",
-                                "readOnly", "accessibleName", "toolTip", "frameShape",
-                                "autoFillBackground", "marca", "rotulos", "holguraTwips"}) {
-    const QVariant valor = modelo.property(propiedad);
-    if (valor.isValid()) otra.setProperty(propiedad, valor);
+  otra.setMinimumSize(modelo.minimumSize());
+  otra.setMaximumSize(modelo.maximumSize());
+  otra.setSizePolicy(modelo.sizePolicy());
+  otra.setAutoFillBackground(modelo.autoFillBackground());
+  otra.setAccessibleName(modelo.accessibleName());
+  otra.setToolTip(modelo.toolTip());
+  if (const auto* marco = qobject_cast<const QFrame*>(&modelo)) {
+    static_cast<QFrame&>(otra).setFrameStyle(marco->frameStyle());
+  }
+  if (const auto* caja = qobject_cast<const QLineEdit*>(&modelo)) {
+    auto& nueva = static_cast<QLineEdit&>(otra);
+    nueva.setAlignment(caja->alignment());
+    nueva.setFrame(caja->hasFrame());
+    nueva.setReadOnly(caja->isReadOnly());
+  }
+  if (const auto* rotulo = qobject_cast<const QLabel*>(&modelo)) {
+    static_cast<QLabel&>(otra).setAlignment(rotulo->alignment());
+  }
+  for (const QByteArray& propiedad : modelo.dynamicPropertyNames()) {
+    if (!propiedad.startsWith("_q_")) otra.setProperty(propiedad, modelo.property(propiedad));
   }
   otra.setBackgroundRole(modelo.backgroundRole());
 }

@@ -52,18 +52,28 @@ Lienzo::Lienzo(services::Form& form, const std::function<void(QWidget&)>& dispon
 
 void Lienzo::Unir() {
   Turno turno(*this);
-  for (QWidget* vista : findChildren<QWidget*>()) vistas_.insert(vista->objectName(), vista);
+  for (QWidget* vista : findChildren<QWidget*>()) {
+    if (!vista->objectName().isEmpty()) vistas_.insert(vista->objectName(), vista);
+  }
   for (services::Widget* modelo : form_->Widgets()) {
     QWidget* vista = Vista(NombreDeVista(*modelo));
     if (!vista && modelo->Indice() > 0) vista = Copiar(*modelo);
-    if (!vista) continue;
-    if (Vinculo* vinculo = CrearVinculo(*modelo, *vista, *this)) vinculos_[modelo] = vinculo;
+    if (vista) Unir(*modelo, *vista);
   }
   for (const auto& [modelo, vinculo] : vinculos_) vinculo->MostrarTodo();
 }
 
+Vinculo* Lienzo::Unir(services::Widget& modelo, QWidget& vista) {
+  Vinculo* vinculo = CrearVinculo(modelo, vista, *this);
+  if (!vinculo) return nullptr;
+  vinculos_[&modelo] = vinculo;
+  if (vinculo->Espera()) alFinal_.push_back(vinculo);
+  return vinculo;
+}
+
 void Lienzo::Soltar() {
   form_ = nullptr;
+  alFinal_.clear();
   for (const auto& [modelo, vinculo] : vinculos_) vinculo->Soltar();
   vinculos_.clear();
   if (marco_) marco_->removeEventFilter(this);
@@ -76,10 +86,7 @@ Vinculo* Lienzo::De(const services::Widget& modelo) const {
 
 void Lienzo::Anadir(services::Widget& modelo) {
   QWidget* nueva = Copiar(modelo);
-  Vinculo* vinculo = nueva ? CrearVinculo(modelo, *nueva, *this) : nullptr;
-  if (!vinculo) return;
-  vinculos_[&modelo] = vinculo;
-  vinculo->MostrarTodo();
+  if (Vinculo* vinculo = nueva ? Unir(modelo, *nueva) : nullptr) vinculo->MostrarTodo();
 }
 
 QWidget* Lienzo::Copiar(const services::Widget& modelo) {
@@ -98,6 +105,7 @@ void Lienzo::Quitar(const services::Widget& modelo) {
   Turno turno(*this);
   Vinculo* vinculo = donde->second;
   vinculos_.erase(donde);
+  std::erase(alFinal_, vinculo);
   vinculo->Soltar();
   QWidget& vista = vinculo->Vista();
   vistas_.remove(vista.objectName());
@@ -118,8 +126,7 @@ void Lienzo::Encuadrar(QWidget* marco) {
   PonerTitulo();
 }
 
-/// A screen that its title bar doesn't
-/// close has no button there to try it with.
+/// One that its title bar doesn't close gets no button for it.
 void Lienzo::HacerVentana() {
   const services::Cintilla* barra = BarraDe(*form_);
   const bool seCierra = barra && barra->Cerrar;
@@ -128,17 +135,25 @@ void Lienzo::HacerVentana() {
 }
 
 void Lienzo::AjustarVentana() {
+  // The focus shows from the start, without a key to bring it to sight.
+  setAttribute(Qt::WA_KeyboardFocusChange);
+  // Later it is as large as the user has made it.
+  if (std::exchange(ajustada_, true)) return;
   constexpr QSize kBordes(20, 60);
   OlvidarMedidas(*this);
   resize(sizeHint().boundedTo(screen()->availableSize() - kBordes));
 }
 
-/// A window of its own has the desktop's title bar in the place of the screen's.
+/// In a window of its own the desktop's title bar takes the place of the screen's, where both say
+/// the same.
 void Lienzo::PonerTitulo() {
-  if (const services::Cintilla* barra = BarraDe(*form_)) {
-    setWindowTitle(Texto(barra->Caption()));
-    if (Vinculo* vinculo = De(*barra)) vinculo->Vista().setVisible(!isWindow() && barra->Visible);
-  }
+  const services::Cintilla* barra = BarraDe(*form_);
+  if (!barra) return;
+  const QString titulo = Texto(barra->Caption());
+  if (windowTitle().isEmpty()) setWindowTitle(titulo);
+  Vinculo* vinculo = De(*barra);
+  const bool sobra = isWindow() && windowTitle() == titulo;
+  if (vinculo) vinculo->Vista().setVisible(!sobra && barra->Visible);
 }
 
 void Lienzo::LlevarFoco() {
@@ -163,21 +178,21 @@ void Lienzo::RepararFoco() {
 void Lienzo::FinDeEvento() {
   {
     Turno turno(*this);
-    for (const auto& [modelo, vinculo] : vinculos_) vinculo->FinDeEvento();
+    for (Vinculo* vinculo : alFinal_) vinculo->FinDeEvento();
   }
   RepararFoco();
 }
 
 void Lienzo::TraerALaVista() {
   Turno turno(*this);
-  for (const auto& [modelo, vinculo] : vinculos_) {
+  for (Vinculo* vinculo : alFinal_) {
     if (AlAlcance(vinculo->Vista())) vinculo->TraerALaVista();
   }
 }
 
 void Lienzo::EmpezarFoco() {
   if (!form_ || !form_->Visible() || form_->Escritorio().Foco()) return;
-  services::entrada::Tabular(*form_, false);
+  focusNextPrevChild(true);
 }
 
 bool Lienzo::eventFilter(QObject* objeto, QEvent* evento) {

@@ -5,6 +5,7 @@
 #include <QWidget>
 #include <functional>
 #include <unordered_map>
+#include <vector>
 
 namespace services {
 class Form;
@@ -53,7 +54,8 @@ class Lienzo final : public QWidget {
 
   /// Fills a widget of the host and follows its size, or is a window of its own when null.
   void Encuadrar(QWidget* marco);
-  /// A window of its own, as large as what is in it where the desktop has the room.
+  /// A window of its own that is about to be shown: as large as what is in it, where the desktop
+  /// has the room.
   void AjustarVentana();
   /// Gives the toolkit's focus to what has the model's, and to the bare surface when none has.
   void LlevarFoco();
@@ -78,6 +80,7 @@ class Lienzo final : public QWidget {
  private:
   using Suceso = void (Lienzo::*)(services::Form&);
   void Unir();
+  Vinculo* Unir(services::Widget& modelo, QWidget& vista);
   [[nodiscard]] QWidget* Copiar(const services::Widget& modelo);
   void Avisar(Suceso suceso, bool& pedido);
   void Redimensionado(services::Form& form);
@@ -90,10 +93,12 @@ class Lienzo final : public QWidget {
 
   services::Form* form_;
   std::unordered_map<const services::Widget*, Vinculo*> vinculos_;
+  std::vector<Vinculo*> alFinal_;  // those that wait for the end of an event
   QHash<QString, QWidget*> vistas_;
   QPointer<QWidget> marco_;
   Qt::FocusReason motivo_ = Qt::OtherFocusReason;
   int mostrando_ = 0;
+  bool ajustada_ = false;
   bool pintado_pedido_ = false;
   bool pintado_fallido_ = false;
   bool tamano_pedido_ = false;

@@ -13,7 +13,10 @@ QString NombreDeVista(const services::Widget& modelo) {
 }
 
 QString NombreDeVista(const services::Widget& modelo, int indice) {
-  const QString nombre = Texto(modelo.Nombre());
+  return NombreDeVista(Texto(modelo.Nombre()), indice);
+}
+
+QString NombreDeVista(const QString& nombre, int indice) {
   return indice < 0 ? nombre : nombre + QLatin1Char('_') + QString::number(indice);
 }
 

@@ -19,6 +19,8 @@ namespace qt {
 
 /// The same of another element of its control array.
 [[nodiscard]] QString NombreDeVista(const services::Widget& modelo, int indice);
+/// The same by the name of the array; the name alone with an index of -1.
+[[nodiscard]] QString NombreDeVista(const QString& nombre, int indice);
 
 /// Names that one side has and the other lacks, each with the side that lacks it: `TxtTotal: no
 /// está en la pantalla`. On the side of the toolkit the names that count begin with a capital;

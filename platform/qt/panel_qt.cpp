@@ -13,8 +13,16 @@ PanelQt::PanelQt(QWidget* padre) : QScrollArea(padre) {
   setWidgetResizable(true);
   setFocusPolicy(Qt::NoFocus);
   connect(qApp, &QApplication::focusChanged, this, [this](QWidget*, QWidget* ahora) {
-    if (ahora && widget() && widget()->isAncestorOf(ahora)) ensureWidgetVisible(ahora);
+    if (ahora && widget() && widget()->isAncestorOf(ahora)) TraerALaVista(*ahora);
   });
+}
+
+/// What is wider than the room shows from its beginning.
+void PanelQt::TraerALaVista(QWidget& vista) {
+  const int izquierda = vista.mapTo(widget(), QPoint()).x();
+  const int ancho = viewport()->width();
+  ensureWidgetVisible(&vista);
+  if (vista.width() > ancho) horizontalScrollBar()->setValue(izquierda);
 }
 
 QSize PanelQt::sizeHint() const {

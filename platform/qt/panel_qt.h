@@ -16,6 +16,7 @@ class PanelQt final : public QScrollArea {
   [[nodiscard]] QSize sizeHint() const override;
 
  private:
+  void TraerALaVista(QWidget& vista);
   void Partir(bool partido);
 };
 

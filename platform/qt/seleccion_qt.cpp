@@ -5,6 +5,8 @@
 #include <QPainter>
 #include <QStyleOptionButton>
 
+#include "qt/suelo_qt.h"
+
 namespace qt {
 namespace {
 
@@ -16,8 +18,13 @@ constexpr int kVeladura = 40;  // of 255
 void SeleccionQt::Unir(QWidget* marca, const QList<QLabel*>& rotulos) {
   marca_ = marca;
   if (marca) marca->installEventFilter(this);
+  anunciada_ = Marcada();
   rotulos_.clear();
   for (QLabel* rotulo : rotulos) rotulos_.append(rotulo);
+}
+
+bool SeleccionQt::Marcada() const {
+  return marca_ && SueloQt::SeMuestra(*marca_);
 }
 
 QString SeleccionQt::Nombre() const {
@@ -30,9 +37,8 @@ QString SeleccionQt::Nombre() const {
 }
 
 bool SeleccionQt::eventFilter(QObject* objeto, QEvent* evento) {
-  const bool cambia =
-      evento->type() == QEvent::ShowToParent || evento->type() == QEvent::HideToParent;
-  if (objeto == marca_ && cambia) {
+  if (objeto == marca_ && Marcada() != anunciada_) {
+    anunciada_ = !anunciada_;
     update();
     QAccessible::State que;
     que.checked = true;

@@ -18,7 +18,7 @@ class SeleccionQt final : public QLabel {
   /// What a click does, for who asks by other means.
   std::function<void()> Pulsar;
 
-  [[nodiscard]] bool Marcada() const { return marca_ && !marca_->isHidden(); }
+  [[nodiscard]] bool Marcada() const;
   [[nodiscard]] QString Nombre() const;
 
   bool eventFilter(QObject* objeto, QEvent* evento) override;
@@ -30,6 +30,7 @@ class SeleccionQt final : public QLabel {
 
  private:
   QPointer<QWidget> marca_;
+  bool anunciada_ = false;  // what was last told of it
   QList<QPointer<QLabel>> rotulos_;
 };
 

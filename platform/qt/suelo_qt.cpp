@@ -13,6 +13,7 @@ namespace qt {
 namespace {
 
 constexpr double kTwipsDeLinea = 180;
+constexpr const char* kSeMuestra = "seMuestra";
 
 }  // namespace
 
@@ -22,7 +23,7 @@ int SueloQt::Pixeles(int twips) const {
   return qRound(twips * linea_ / kTwipsDeLinea);
 }
 
-void SueloQt::Colocar(QWidget& vista, const QRect& twips) const {
+void SueloQt::Colocar(QWidget& vista, const QRect& twips) {
   const int holgura = vista.property("holguraTwips").toInt();
   const QRect lugar =
       twips.translated(-property("origenTwips").toPoint()).adjusted(0, -holgura, 0, holgura);
@@ -30,6 +31,38 @@ void SueloQt::Colocar(QWidget& vista, const QRect& twips) const {
   const QPoint desde(Pixeles(lugar.x()), Pixeles(lugar.y()));
   const QPoint hasta(Pixeles(lugar.x() + lugar.width()), Pixeles(lugar.y() + lugar.height()));
   vista.setGeometry(QRect(desde, QSize(hasta.x() - desde.x(), hasta.y() - desde.y())));
+  MostrarSiSeVe(vista);
+}
+
+void SueloQt::Mostrar(QWidget& vista, bool visible) {
+  vista.setProperty(kSeMuestra, visible);
+  MostrarSiSeVe(vista);
+}
+
+bool SueloQt::SeMuestra(const QWidget& vista) {
+  const QVariant mostrada = vista.property(kSeMuestra);
+  return mostrada.isValid() ? mostrada.toBool() : !vista.isHidden();
+}
+
+void SueloQt::MostrarSiSeVe(QWidget& vista) const {
+  const QRect alaVista = parentWidget() ? parentWidget()->rect().translated(-pos()) : rect();
+  vista.setVisible(SeMuestra(vista) && alaVista.intersects(vista.geometry()));
+}
+
+void SueloQt::MostrarLoQueSeVe() {
+  for (QWidget* vista : findChildren<QWidget*>(Qt::FindDirectChildrenOnly)) {
+    if (vista->property(kSeMuestra).isValid()) MostrarSiSeVe(*vista);
+  }
+}
+
+void SueloQt::moveEvent(QMoveEvent* evento) {
+  QFrame::moveEvent(evento);
+  MostrarLoQueSeVe();
+}
+
+void SueloQt::resizeEvent(QResizeEvent* evento) {
+  QFrame::resizeEvent(evento);
+  MostrarLoQueSeVe();
 }
 
 QSize SueloQt::sizeHint() const {

@@ -15,15 +15,24 @@ class SueloQt final : public QFrame {
  public:
   explicit SueloQt(QWidget* padre = nullptr);
 
-  void Colocar(QWidget& vista, const QRect& twips) const;
+  void Colocar(QWidget& vista, const QRect& twips);
+  /// Shows a widget on it or not. One that lies out of sight is hidden as well: the toolkit
+  /// compares all that it shows in one place with each other.
+  void Mostrar(QWidget& vista, bool visible);
+  /// Whether it is to be shown, on sight or not.
+  [[nodiscard]] static bool SeMuestra(const QWidget& vista);
 
   [[nodiscard]] QSize sizeHint() const override;
   [[nodiscard]] QSize minimumSizeHint() const override { return sizeHint(); }
 
  protected:
   void wheelEvent(QWheelEvent* evento) override;
+  void moveEvent(QMoveEvent* evento) override;
+  void resizeEvent(QResizeEvent* evento) override;
 
  private:
+  void MostrarLoQueSeVe();
+  void MostrarSiSeVe(QWidget& vista) const;
   [[nodiscard]] int Pixeles(int twips) const;
 
   int linea_;  // pixels

@@ -50,6 +50,22 @@ int Codigo(const QKeyEvent& evento) {
   return 0;
 }
 
+int CodigoDeLista(const QKeyEvent& evento) {
+  if (Modificadores(evento) != Qt::NoModifier) return 0;
+  switch (evento.key()) {
+    case Qt::Key_PageUp:
+      return services::tecla::PaginaArriba;
+    case Qt::Key_PageDown:
+      return services::tecla::PaginaAbajo;
+    case Qt::Key_Home:
+      return services::tecla::Inicio;
+    case Qt::Key_End:
+      return services::tecla::Fin;
+    default:
+      return 0;
+  }
+}
+
 std::u32string Caracteres(const QKeyEvent& evento) {
   const Qt::KeyboardModifiers con = Modificadores(evento) & ~Qt::ShiftModifier;
   // Control with Alt is the third level of the keyboard, where it is told so.

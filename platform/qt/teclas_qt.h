@@ -10,6 +10,8 @@ namespace qt::teclado {
 /// The code of a key that isn't a character, or is one with a code of its own such as Enter; 0 for
 /// any other, and for one pressed together with a modifier.
 [[nodiscard]] int Codigo(const QKeyEvent& evento);
+/// That of a key that goes through a list by pages or to its ends; 0 for any other.
+[[nodiscard]] int CodigoDeLista(const QKeyEvent& evento);
 /// The characters that it types; none for a command.
 [[nodiscard]] std::u32string Caracteres(const QKeyEvent& evento);
 [[nodiscard]] bool EsTabulador(const QKeyEvent& evento);

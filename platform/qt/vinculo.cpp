@@ -61,13 +61,15 @@ void Vinculo::MostrarAlcance() {
   const QWidget* foco = vista_.window()->focusWidget();
   // The toolkit would pass the focus on by an order of its own.
   if (sale && foco && (foco == &vista_ || vista_.isAncestorOf(foco))) lienzo_.setFocus();
-  vista_.setEnabled(modelo_->Enabled);
-  vista_.setVisible(modelo_->Visible);
+  // A text that tells what is switched on or off beside it is to be read either way.
+  vista_.setEnabled(modelo_->Enabled || vista_.property("legible").toBool());
+  auto* suelo = dynamic_cast<SueloQt*>(vista_.parentWidget());
+  suelo ? suelo->Mostrar(vista_, modelo_->Visible) : vista_.setVisible(modelo_->Visible);
 }
 
 /// Everywhere else a layout of the design has the say.
 void Vinculo::MostrarLugar() {
-  const auto* suelo = dynamic_cast<SueloQt*>(vista_.parentWidget());
+  auto* suelo = dynamic_cast<SueloQt*>(vista_.parentWidget());
   if (!suelo) return;
   suelo->Colocar(vista_, {modelo_->Left, modelo_->Top, modelo_->Width, modelo_->Height});
 }

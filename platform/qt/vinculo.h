@@ -24,6 +24,8 @@ class Vinculo : public QObject {
 
   void MostrarTodo();
   void Mostrar(services::Aspecto aspecto);
+  /// Whether it does anything at the end of an event, or before a question.
+  [[nodiscard]] virtual bool Espera() const { return false; }
   virtual void FinDeEvento() {}
   /// Brings what the user is about to be asked about to sight.
   virtual void TraerALaVista() {}

@@ -26,6 +26,7 @@ class VinculoRejilla final : public VinculoDe<services::MSFlexGrid, RejillaQt> {
   void AnotarCeldaActual() { actual_movida_ = true; }
 
   void Soltar() override;
+  [[nodiscard]] bool Espera() const override { return true; }
   void FinDeEvento() override;
   void TraerALaVista() override;
   bool eventFilter(QObject* objeto, QEvent* evento) override;

@@ -9,7 +9,10 @@
 #include "forms/entrada.h"
 #include "qt/lienzo.h"
 #include "qt/medidas.h"
+#include "qt/nombres.h"
+#include "qt/teclas_qt.h"
 #include "qt/textos_qt.h"
+#include "valores/texto.h"
 
 namespace qt {
 namespace {
@@ -40,7 +43,8 @@ VinculoEtiqueta::VinculoEtiqueta(services::Label& modelo, QLabel& vista, Lienzo&
 
 void VinculoEtiqueta::MostrarPropio(Aspecto aspecto) {
   if (aspecto == Aspecto::Caption) {
-    Vista().setText(Texto(Modelo().Caption()));
+    const std::string& rotulo = Modelo().Caption();
+    Vista().setText(Texto(Vista().wordWrap() ? rotulo : services::EnUnaLinea(rotulo)));
     Titular();
   }
   if (aspecto == Aspecto::BackColor) Vista().setAutoFillBackground(Modelo().BackColor >= 0);
@@ -48,7 +52,7 @@ void VinculoEtiqueta::MostrarPropio(Aspecto aspecto) {
 
 void VinculoEtiqueta::Titular() {
   const QString panel = Vista().property("titula").toString();
-  auto* titulado = panel.isEmpty() ? nullptr : Pantalla().findChild<QWidget*>(panel);
+  auto* titulado = panel.isEmpty() ? nullptr : Pantalla().Vista(panel);
   if (titulado) titulado->setAccessibleName(Vista().text());
 }
 
@@ -63,29 +67,15 @@ VinculoSeleccion::VinculoSeleccion(services::Label& modelo, SeleccionQt& vista, 
 }
 
 QWidget* VinculoSeleccion::Hermano(const QString& nombre) const {
-  const int indice = Modelo().Indice();
-  return Pantalla().Vista(indice < 0 ? nombre
-                                     : nombre + QLatin1Char('_') + QString::number(indice));
+  return Pantalla().Vista(NombreDeVista(nombre, Modelo().Indice()));
 }
 
-/// The keys that go through a list, which a line of text would have for itself.
+/// The keys that go through a list, too, which a line of text would have for itself.
 bool VinculoSeleccion::PulsarTecla(QKeyEvent& evento) {
-  const auto pulsar = [this](int codigo) {
-    services::entrada::Tecla(Modelo(), codigo);
-    return true;
-  };
-  switch (evento.key()) {
-    case Qt::Key_PageUp:
-      return pulsar(services::tecla::PaginaArriba);
-    case Qt::Key_PageDown:
-      return pulsar(services::tecla::PaginaAbajo);
-    case Qt::Key_Home:
-      return pulsar(services::tecla::Inicio);
-    case Qt::Key_End:
-      return pulsar(services::tecla::Fin);
-    default:
-      return VinculoEtiqueta::PulsarTecla(evento);
-  }
+  const int codigo = teclado::CodigoDeLista(evento);
+  if (codigo == 0) return VinculoEtiqueta::PulsarTecla(evento);
+  services::entrada::Tecla(Modelo(), codigo);
+  return true;
 }
 
 void VinculoGrupo::MostrarPropio(Aspecto aspecto) {

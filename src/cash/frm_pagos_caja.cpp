@@ -62,7 +62,7 @@ FrmPagosCaja::FrmPagosCaja(services::Escritorio& escritorio, services::Sesion& s
   UnirFila(0);
   VScroll1.Change = [this] { VScroll1_Change(); };
   BtnFacturar.Click = [this] { BtnFacturar_Click(); };
-  BtnAceptar.Click = [this] { Hide(); };
+  BtnAceptar.Click = [this] { Salir(); };
   BtnAceptar.Cancela = true;
 }
 
@@ -204,6 +204,12 @@ void FrmPagosCaja::BtnFacturar_Click() {
     for (services::CheckBox* caja : {&c_.Chk16, &c_.Chk7, &c_.Chk4}) caja->Value = false;
     c_.TxtB0.Text = Mascara(TotalMarcado);
   }
+  Salir();
+}
+
+/// Shown again it begins in its list: on "Facturar" the key that marks would add it all once more.
+void FrmPagosCaja::Salir() {
+  LblSeleccion(filaActual_).SetFocus();
   Hide();
 }
 

@@ -63,6 +63,7 @@ class FrmPagosCaja final : public services::Form {
   void LblSeleccion_GotFocus(int fila);
 
   void BtnFacturar_Click();
+  void Salir();
   [[nodiscard]] double SumaDeMarcados();
 
   services::Sesion& sesion_;

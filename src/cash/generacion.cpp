@@ -59,16 +59,27 @@ bool Generacion::DatosCompletos() {
   return true;
 }
 
-DatosDeFactura Generacion::Datos() const {
+/// The field that is to be mended gets the focus before its error comes out.
+void Generacion::ExigirFecha(services::TextBox& campo) {
+  if (services::LeerFecha(campo.Text)) return;
+  campo.SetFocus();
+  static_cast<void>(services::Fecha(campo.Text));
+}
+
+DatosDeFactura Generacion::Datos() {
+  ExigirFecha(c_.TxtFFra);
   return {std::string(services::Trim(c_.TxtNFra.Text())),
           sesion_.Utiles().Almacenada(c_.TxtFFra.Text()),
           std::to_string(services::Year(c_.TxtFFra.Text)), c_.Tipo()};
 }
 
-ApuntesSinFactura Generacion::Elegidos() const {
+ApuntesSinFactura Generacion::Elegidos() {
   ApuntesSinFactura apuntes;
   if (!c_.OptTodo.Value) apuntes = ApuntesSinFactura(c_.TxtNConcepto.Text());
-  if (c_.DivFecha(1).Visible) apuntes.Entre(c_.CbxFDesde.Text(), c_.CbxFHasta.Text());
+  if (c_.DivFecha(1).Visible) {
+    for (services::TextBox* fecha : {&c_.CbxFDesde, &c_.CbxFHasta}) ExigirFecha(*fecha);
+    apuntes.Entre(c_.CbxFDesde.Text(), c_.CbxFHasta.Text());
+  }
   return apuntes;
 }
 

@@ -28,8 +28,9 @@ class Generacion {
   };
 
   [[nodiscard]] bool DatosCompletos();
-  [[nodiscard]] DatosDeFactura Datos() const;
-  [[nodiscard]] ApuntesSinFactura Elegidos() const;
+  static void ExigirFecha(services::TextBox& campo);
+  [[nodiscard]] DatosDeFactura Datos();
+  [[nodiscard]] ApuntesSinFactura Elegidos();
   [[nodiscard]] Fin Facturar(FacturasDeCaja& facturas);
   [[nodiscard]] bool SePuedenFacturar(const std::vector<Grupo>& grupos);
   void PrepararAvance(std::size_t grupos);

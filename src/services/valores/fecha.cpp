@@ -183,7 +183,10 @@ std::optional<FechaHora> LeerFecha(std::string_view texto) {
 
 FechaHora Fecha(std::string_view texto) {
   const std::optional<FechaHora> momento = LeerFecha(texto);
-  if (!momento) RechazarTipo(": «" + std::string(texto) + "» no es una fecha");
+  if (!momento) {
+    RechazarTipo(texto.empty() ? ": falta una fecha"
+                               : ": «" + std::string(texto) + "» no es una fecha");
+  }
   return *momento;
 }
 
