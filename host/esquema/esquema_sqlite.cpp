@@ -62,7 +62,7 @@ constexpr std::array IndicesDeTrabajo = {
     "CREATE INDEX TempFacturasPorNumero ON TempProvFacturas "
     "(trim(Factura) COLLATE ES, NConcepto, Año, Factura)",
     "CREATE INDEX TempCajaPorFactura ON TempCajaPagos (trim(Factura) COLLATE ES, Tipo, Año)",
-    "CREATE INDEX TempCajaPorTipo ON TempCajaPagos (Tipo, FechaHora)",
+    "CREATE INDEX TempCajaPorMomento ON TempCajaPagos (Tipo, MOMENTO(FechaHora))",
     "CREATE INDEX TempBorrarPorConcepto ON TempTesvaraBorrar (NConcepto)",
 };
 

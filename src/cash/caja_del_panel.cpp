@@ -13,6 +13,11 @@ void CajaDelPanel::Rehacer() {
   Cargar();
 }
 
+void CajaDelPanel::RehacerSiEsDeOtro() {
+  const FrmPagosCaja* pantalla = pantalla_.Si();
+  if (pantalla && pantalla->Concepto() != c_.TxtNConcepto.Text()) Rehacer();
+}
+
 void CajaDelPanel::Descargar() {
   if (FrmPagosCaja* pantalla = pantalla_.Si()) pantalla->Unload();
 }

@@ -18,6 +18,7 @@ class CajaDelPanel final : public entry::PantallaDeCaja {
       : escritorio_(escritorio), sesion_(sesion), c_(campos), entrada_(entrada) {}
 
   void Rehacer() override;
+  void RehacerSiEsDeOtro() override;
   void Descargar() override;
   void Cargar() override { Cargada(); }
   void MostrarModal() override { Cargada().ShowModal(); }

@@ -24,6 +24,7 @@ class FrmFraAutomaticas final : public services::Form {
 
  private:
   void Form_Load() override;
+  void Form_Unload() override { generacion_.PonerListaAlDia(); }
   void PonerMesAnterior();
 
   void UnirFoco();

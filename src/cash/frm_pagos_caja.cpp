@@ -67,16 +67,16 @@ FrmPagosCaja::FrmPagosCaja(services::Escritorio& escritorio, services::Sesion& s
 }
 
 void FrmPagosCaja::Form_Load() {
+  concepto_ = c_.TxtNConcepto.Text();
   c_.ImporteCaja = 0;
   DivSel(0).Visible = false;
-  const std::string& concepto = c_.TxtNConcepto.Text();
   Recordset apuntes;
-  if (entry::PuedeTenerApuntes(concepto)) {
+  if (entry::PuedeTenerApuntes(concepto_)) {
     apuntes.Open(
         "SELECT TempCajaPagos.FechaHora, TempCajaPagos.Tipo, TempCajaPagos.Importe, "
         "TempCajaPagos.Observaciones, TempCajaPagos.Factura, TempCajaPagos.Año From TempCajaPagos "
         "WHERE TempCajaPagos.Tipo = " +
-            concepto + " AND " + entry::ApuntesAlAlcance(c_),
+            concepto_ + " AND " + entry::ApuntesAlAlcance(c_),
         sesion_.CnTemp(), ModoApertura::Lectura);
   }
   if (!apuntes.State() || apuntes.Eof()) return VaciarLista();
@@ -187,23 +187,23 @@ void FrmPagosCaja::LblSeleccion_KeyDown(int fila, int codigo) {
 /// The terms may bring this screen's list back to what is stored, by a load that leaves this one
 /// behind: what it has added up counts all the same.
 void FrmPagosCaja::BtnFacturar_Click() {
-  const double suma = SumaDeMarcados();
+  const double total = TotalMarcado + SumaDeMarcados();
   terminos_.Opt("Vista", true, true);
-  // Only now: a click that fails on the way adds nothing.
-  TotalMarcado += suma;
   const std::string& tecleado = c_.TxtIFra.Text();
   // Below one this is 0: a comma is no decimal mark here.
   const double antes = services::Val(tecleado) != 0 ? services::Numero(tecleado) : 0;
-  if (!c_.HayImporte) c_.TxtIFra.Text = Mascara(TotalMarcado);
-  c_.ImporteCaja = TotalMarcado;
+  if (!c_.HayImporte) c_.TxtIFra.Text = Mascara(total);
+  c_.ImporteCaja = total;
   if (c_.HayImporte) {
     c_.TxtIFra.Text = Mascara(antes);
   } else {
     terminos_.GenerarVista();
     c_.Chk0.Value = true;
     for (services::CheckBox* caja : {&c_.Chk16, &c_.Chk7, &c_.Chk4}) caja->Value = false;
-    c_.TxtB0.Text = Mascara(TotalMarcado);
+    c_.TxtB0.Text = Mascara(total);
   }
+  // Only now: a click that failed on the way is not counted by the next one.
+  TotalMarcado = total;
   Salir();
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <string>
 #include <vector>
 
 #include "entry/apunte_de_caja.h"
@@ -45,6 +46,8 @@ class FrmPagosCaja final : public services::Form {
   /// What "Facturar" has added up since the load; a second click adds the marked amounts again.
   double TotalMarcado = 0;
 
+  /// The concept whose entries these are.
+  [[nodiscard]] const std::string& Concepto() const { return concepto_; }
   /// The rows, the one of an empty list among them, whose `Tipo` is empty.
   [[nodiscard]] std::vector<entry::ApunteDeCaja> Apuntes() const;
 
@@ -69,6 +72,7 @@ class FrmPagosCaja final : public services::Form {
   services::Sesion& sesion_;
   entry::Campos& c_;
   entry::Terminos& terminos_;
+  std::string concepto_;
   /// The one row that the Tab key stops at.
   int filaActual_ = 0;
 };

@@ -37,8 +37,14 @@ bool Generacion::GenerarFacturas() {
   if (fin != Fin::Cierra) return false;
   // What can't be made durable shows while the screen is still there.
   sesion_.CnTemp().TerminarUnidad();
-  lista_.CargarGrip();
+  listaAtrasada_ = true;
+  PonerListaAlDia();
   return true;
+}
+
+/// Once: a list that can't be made must not hold the screen open.
+void Generacion::PonerListaAlDia() {
+  if (std::exchange(listaAtrasada_, false)) lista_.CargarGrip();
 }
 
 bool Generacion::DatosCompletos() {
@@ -92,6 +98,7 @@ Generacion::Fin Generacion::Facturar(FacturasDeCaja& facturas) {
   for (const Grupo& grupo : grupos) {
     // What was written before stays, its entries without a stamp.
     if (!EscribirFactura(facturas, grupo)) return Fin::Cierra;
+    listaAtrasada_ = true;
     if (!facturas.EscribirBase(grupo)) return Fin::SigueConBarra;
     c_.ProgressBar.Value = ++hechos;
     facturas.GenerarRecibo(grupo);

@@ -18,6 +18,8 @@ class Generacion {
   /// Whether the screen has nothing more to do. Throws 13 when the invoices' date, or one of the
   /// entries', is none.
   [[nodiscard]] bool GenerarFacturas();
+  /// Makes the list anew when a run was cut short: what it had written is to be seen there.
+  void PonerListaAlDia();
 
  private:
   /// What a run that has begun leaves.
@@ -39,6 +41,7 @@ class Generacion {
   CamposAutomaticas& c_;
   services::Sesion& sesion_;
   list::ListaPagos& lista_;
+  bool listaAtrasada_ = false;  ///< rows were written that the list doesn't show yet
 };
 
 }  // namespace cash

@@ -98,7 +98,7 @@ void Concepto::ExigirConcepto() {
 /// chosen.
 void Concepto::RehacerCaja() {
   c_.BotonCaja.Enabled = true;
-  if (!lista_.FilaElegida) caja_.Rehacer();
+  lista_.FilaElegida ? caja_.RehacerSiEsDeOtro() : caja_.Rehacer();
 }
 
 void Concepto::CmdCon_Click() {

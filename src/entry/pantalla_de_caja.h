@@ -15,6 +15,9 @@ class PantallaDeCaja {
   /// may be asked for from inside of one of its own handlers, which has the payment terms made
   /// anew.
   virtual void Rehacer() = 0;
+  /// The same, when its list is that of another concept than the panel's: what is marked there
+  /// would be stamped with this one's number.
+  virtual void RehacerSiEsDeOtro() = 0;
   virtual void Descargar() = 0;
   /// Loads it, when it isn't, without showing it.
   virtual void Cargar() = 0;

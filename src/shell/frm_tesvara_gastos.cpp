@@ -79,12 +79,13 @@ void FrmTesvaraGastos::Form_Load() {
 }
 
 void FrmTesvaraGastos::Form_Unload() {
+  // It may have something to show in the list, which is then to be saved.
+  if (auto* abierta = facturasAutomaticas_.Si()) abierta->Unload();
   Edicion.CerrarEdicionPago();
   ComprobarCambios();
   if (Modificado && datos_.Aviso().Preguntar("¿Desea guardar los cambios?")) BotonAceptar_Click();
   copia_.Vaciar();
   caja_.Descargar();
-  if (auto* abierta = facturasAutomaticas_.Si()) abierta->Unload();
 }
 
 void FrmTesvaraGastos::RangoCambiado(services::TextBox& campo) {

@@ -38,9 +38,9 @@ class Concepto:
             self._concepto_resuelto()
 
     def _concepto_resuelto(self):
-        """The cash screen is made anew, unless a row of the list was chosen before."""
+        """The cash screen is made anew; where a row of the list was chosen before, only one of another concept."""
         self.BotonCaja.activo = True
-        if not self.fila_elegida:
+        if not self.fila_elegida or self.caja and self.caja.concepto != self.TxtNConcepto.texto:
             self.rehacer_caja()
 
     def _elegir_concepto(self):

@@ -34,11 +34,19 @@ class Parada(Exception):
 class Generacion:
     """Part of the screen of automatic invoices."""
 
+    def _exigir_fecha(self, nombre):
+        """The field that is to be mended has the focus then."""
+        try:
+            return fecha_exacta(self.hoja[nombre].texto)
+        except ErrorEjecucion:
+            self.poner_foco(nombre)
+            raise
+
     def generar_facturas(self):
         if self._falta_algo():
             return
         madre, numero = self.madre, self.TxtNFra.texto.strip(" ")
-        anno = str(fecha_exacta(self.TxtFFra.texto).year)
+        anno = str(self._exigir_fecha("TxtFFra").year)
         sin_comilla(numero, self.TxtNConcepto.texto)
         clave = self.TxtNConcepto.texto, numero, anno
         halladas = madre.de_clave(madre.local.facturas, "Factura", clave)
@@ -46,7 +54,6 @@ class Generacion:
             self.puesto.avisar(YA_EXISTE, 16, "Error")
             self.poner_foco("TxtNFra")
             return
-        self.pic_texto.visible = True
         apuntes = self._apuntes()
         try:
             self._facturar(self._grupos(apuntes), numero, anno)
@@ -75,8 +82,8 @@ class Generacion:
         """The free ones of the concept, if one was chosen, and of the period, if it counts."""
         libres = [a for a in self.madre.local.caja.filas if not a["Factura"]]
         if self.div_fecha.visible:
-            desde = datetime.combine(fecha_exacta(self.CbxFDesde.texto), time.min)
-            hasta = datetime.combine(fecha_exacta(self.CbxFHasta.texto), time(23, 59, 59))
+            desde = datetime.combine(self._exigir_fecha("CbxFDesde"), time.min)
+            hasta = datetime.combine(self._exigir_fecha("CbxFHasta"), time(23, 59, 59))
             libres = [a for a in libres if desde <= a["FechaHora"] <= hasta]
         if self.OptTodo.valor:
             return libres

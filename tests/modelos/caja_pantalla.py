@@ -41,6 +41,7 @@ class PantallaDeCaja:
 
     def __init__(self, madre):
         self.madre, self.foco, self.ultima = madre, None, 0
+        self.concepto = madre.TxtNConcepto.texto
         self.valor = self.maximo = 0
         self.alto, self.total = ALTO, 0.0
         madre.importe_caja = 0.0
@@ -119,14 +120,14 @@ class PantallaDeCaja:
             if fila.visible:
                 fila.marcada = not fila.marcada
         elif self.enfocar(nombre):
-            (self.facturar if nombre == "BtnFacturar" else self.madre.cerrar_modal)()
+            (self.facturar if nombre == "BtnFacturar" else self.salir)()
 
     def mover(self, valor):
         self.valor = min(max(valor, 0), self.maximo)
 
     def tecla(self, nombre):
         if nombre == "Escape":
-            self.madre.cerrar_modal()
+            self.salir()
         elif nombre == "Tab":
             self._tabular()
         elif self.foco is None:
@@ -150,19 +151,19 @@ class PantallaDeCaja:
 
     def facturar(self):
         """The question of a regeneration that is refused makes the screen anew, and this goes on with its sum."""
-        madre = self.madre
+        madre, total = self.madre, self.total
         for fila in self.filas:
             if fila.tipo == "":
                 continue
             hallados = madre.apuntes_de(fila)
             if fila.marcada and hallados:
-                self.total += float(hallados[0]["Importe"] or 0)
+                total += float(hallados[0]["Importe"] or 0)
         madre.opt("Vista", True, True)
         texto = madre.TxtIFra.texto
         antes = llano(texto) if val(texto) != 0 else 0.0
         if not madre.hay_importe:
-            madre.TxtIFra.texto = mascara(self.total)
-        madre.importe_caja = self.total
+            madre.TxtIFra.texto = mascara(total)
+        madre.importe_caja = total
         if madre.hay_importe:
             madre.TxtIFra.texto = mascara(antes)
         else:
@@ -170,8 +171,16 @@ class PantallaDeCaja:
             madre.Chk0.valor = True
             for nombre in ("Chk16", "Chk7", "Chk4"):
                 madre.hoja[nombre].valor = False
-            madre.TxtB0.texto = mascara(self.total)
-        madre.cerrar_modal()
+            madre.TxtB0.texto = mascara(total)
+        # A click that failed on the way is not counted by the next one.
+        self.total = total
+        self.salir()
+
+    def salir(self):
+        """Shown again it begins in its rows."""
+        if self.madre.caja is self:
+            self.enfocar(f"LblSeleccion({self.ultima})")
+        self.madre.cerrar_modal()
 
     # Looks.
 

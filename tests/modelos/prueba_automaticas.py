@@ -166,7 +166,7 @@ def prueba_una_fecha_que_no_lo_es():
         except ErrorEjecucion as error:
             assert error.numero == TIPOS_DISTINTOS
         assert b.p.modal is b.a and b.facturas() == [] and not any(b.sellos())
-        assert b.a.pic_texto.visible == (campo != "TxtFFra")
+        assert not b.a.pic_texto.visible and b.a.foco == campo
 
 
 def prueba_un_codigo_que_no_es_numero():

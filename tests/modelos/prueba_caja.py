@@ -143,13 +143,17 @@ def prueba_un_importe_de_menos_de_un_euro_no_se_recuerda():
         assert b.textos("TxtIFra") == [queda]
 
 
-def prueba_con_una_fila_elegida_la_lista_no_cambia_de_concepto():
+def prueba_con_una_fila_elegida_la_lista_solo_se_rehace_para_otro_concepto():
     b = Banco(receipts=1, caja=[*DOS, ("2005-03-03", 401, Decimal(7))])
     b.p.celda(1, 1)
     b.nueva()
     assert b.p.caja is None and b.p.BotonCaja.activo
-    b.de_caja(facturar=False).campo("TxtConcepto", "401")
-    assert [fila.tipo for fila in b.p.caja.filas] == ["400", "400"]
+    b.de_caja(facturar=False)
+    antes = b.p.caja
+    b.campo("TxtConcepto", "400")
+    assert b.p.caja is antes and [fila.tipo for fila in antes.filas] == ["400", "400"]
+    b.campo("TxtConcepto", "401")
+    assert [fila.tipo for fila in b.p.caja.filas] == ["401"]
 
 
 def prueba_una_lista_que_cabe():

@@ -120,6 +120,24 @@ INSTANTIATE_TEST_SUITE_P(
     testing::Values("SELECT CajaPagos.* FROM CajaPagos WHERE CajaPagos.idSucursal like '1' And "
                     "CajaPagos.FechaHora like '15/03/2005 10:00:00' And CajaPagos.Tipo like 45"));
 
+class PlanDeUnApunteDeCajaTest : public PlanTest {};
+
+TEST_P(PlanDeUnApunteDeCajaTest, VaASuMomentoYNoRecorreLosDelConcepto) {
+  const auto plan = Plan(GetParam());
+  EXPECT_THAT(plan, testing::HasSubstr("(Tipo=? AND <expr>=?)")) << plan;
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Pantallas, PlanDeUnApunteDeCajaTest,
+    testing::Values(
+        "SELECT TempCajaPagos.* From TempCajaPagos WHERE TempCajaPagos.Tipo = 45 AND "
+        "TempCajaPagos.FechaHora like '15/03/2005 10:00:00' AND (TempCajaPagos.Factura Is Null "
+        "OR TempCajaPagos.Factura = '') ORDER BY TempCajaPagos.FechaHora",
+        "SELECT TempCajaPagos.* From TempCajaPagos WHERE TempCajaPagos.Tipo = 45 AND "
+        "TempCajaPagos.FechaHora like '15/03/2005 10:00:00' AND (Trim(TempCajaPagos.Factura) = "
+        "'F1' OR TempCajaPagos.Factura Is Null OR TempCajaPagos.Factura = '') ORDER BY "
+        "TempCajaPagos.FechaHora"));
+
 class PlanDeUnaFacturaTest : public PlanTest {};
 
 TEST_P(PlanDeUnaFacturaTest, NoRecorreLasDemásDelMismoConcepto) {

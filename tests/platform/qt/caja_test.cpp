@@ -131,7 +131,7 @@ TEST_F(CajaEnPantalla, LasFilasEstanUnaBajoOtraDondeDiceElModelo) {
       const QString n = QString::number(i);
       const QWidget& fecha = En<QWidget>("LblTxt_" + n);
       const QWidget& texto = En<QWidget>("LblTxt2_" + n);
-      EXPECT_TRUE(fecha.isVisibleTo(modal)) << i;
+      EXPECT_EQ(fecha.isVisibleTo(modal), i < 12) << i;  // those on sight, one of them in part
       EXPECT_GE(texto.y(), fecha.geometry().bottom()) << i;
       EXPECT_TRUE(Fila(i).geometry().contains(fecha.geometry())) << i;
       EXPECT_TRUE(Fila(i).geometry().contains(texto.geometry())) << i;
