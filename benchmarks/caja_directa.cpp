@@ -46,6 +46,12 @@ CajaDirecta::CajaDirecta(const apoyo::NegocioDePrueba& negocio)
   base_.Ejecutar("ATTACH '" + negocio.FicheroDatos() + "' AS datos");
 }
 
+std::string CajaDirecta::Texto(const char* sql) {
+  const sqlite::Preparada consulta = base_.Preparar(sql);
+  if (sqlite3_step(consulta.get()) != SQLITE_ROW) sqlite::Lanzar(base_.Motor());
+  return reinterpret_cast<const char*>(sqlite3_column_text(consulta.get(), 0));
+}
+
 void CajaDirecta::Facturar() {
   base_.Ejecutar(kFacturar);
 }

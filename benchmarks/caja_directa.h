@@ -21,6 +21,8 @@ class CajaDirecta {
   explicit CajaDirecta(const apoyo::NegocioDePrueba& negocio);
 
   void Ejecutar(const std::string& sql) { base_.Ejecutar(sql); }
+  /// The text of a query's one cell.
+  [[nodiscard]] std::string Texto(const char* sql);
   /// One invoice a concept, with its base, its receipt and the stamps, in one transaction.
   void Facturar();
   /// The entries of concept 1, each column as a text; how many there are.

@@ -31,7 +31,9 @@ void Aceptar(benchmark::State& state) {
   apoyo::ComponenteEnMarcha enMarcha(services::Ref<services::Conexion>(negocio.AbrirDatos()),
                                      services::Ref<services::Conexion>(negocio.AbrirTemp()),
                                      apoyo::kMarzo);
-  if (const auto motivo = enMarcha.Cargar(); !motivo.empty()) state.SkipWithError(motivo.c_str());
+  if (const auto motivo = enMarcha.Cargar(); !motivo.empty()) {
+    return state.SkipWithError(motivo.c_str());
+  }
   shell::FrmTesvaraGastos& pantalla = enMarcha.Pantalla();
   const auto rehacer = [&] {
     enMarcha.Sesion().Escritorio().Operacion([&] { pantalla.Lista.CargarGrip(); });
@@ -47,7 +49,7 @@ void Aceptar(benchmark::State& state) {
       rehace.Anadir(Segundos(rehacer));
       tecla.Anadir(Segundos([&] { Teclear(pantalla, ++numero); }));
       acepta.Anadir(Segundos([&] { entrada::Pulsar(pantalla.Campos.BtnAceptar); }));
-      if (pantalla.Campos.PicNuevo.Visible) state.SkipWithError("no se ha aceptado");
+      if (pantalla.Campos.PicNuevo.Visible) return state.SkipWithError("no se ha aceptado");
     }
     state.SetIterationTime(acepta.Mediana());
   }
