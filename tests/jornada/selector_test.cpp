@@ -98,4 +98,26 @@ TEST_F(Selector, DevolverOtroFormularioPorElSuyoEsUnErrorYLaPantallaSigue) {
             "");
 }
 
+TEST_F(Selector, LasFacturasAutomaticasTienenElSuyo) {
+  // In one: the screen goes with the text that opened it.
+  Jugar(R"(
+pulsar BtnCancelar
+pulsar BtnAutCaja
+pulsar FrmFraAutomaticas.OptConcepto
+teclear FrmFraAutomaticas.TxtConcepto "77"
+tecla Intro
+teclear FrmFraAutomaticas.TxtConcepto "na"
+tecla Intro
+teclear FrmFraAutomaticas.TxtConcepto "Luz"
+pulsar FrmFraAutomaticas.CmdCon
+tecla Escape
+)");
+  EXPECT_EQ(creados, 1);
+  const std::vector<Peticion> esperadas = {
+      {true, "FrmFraAutomaticas", "FraAutomatica", "Codigo", "77", "Modal", true},
+      {true, "FrmFraAutomaticas", "FraAutomatica", "Nombre", "na", "Modal", true},
+      {true, "FrmFraAutomaticas", "FraAutomatica", "Codigo", "Luz", "Modal", true}};
+  EXPECT_EQ(peticiones, esperadas);
+}
+
 }  // namespace
