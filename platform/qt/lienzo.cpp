@@ -135,8 +135,6 @@ void Lienzo::HacerVentana() {
 }
 
 void Lienzo::AjustarVentana() {
-  // The focus shows from the start, without a key to bring it to sight.
-  setAttribute(Qt::WA_KeyboardFocusChange);
   // Later it is as large as the user has made it.
   if (std::exchange(ajustada_, true)) return;
   constexpr QSize kBordes(20, 60);
@@ -206,6 +204,11 @@ void Lienzo::changeEvent(QEvent* evento) {
   }
   if (evento->type() == QEvent::PaletteChange) {
     for (const auto& [modelo, vinculo] : vinculos_) vinculo->Mostrar(services::Aspecto::BackColor);
+  }
+  // In a window of its own the focus shows from the start, without a key to bring it to sight.
+  if (evento->type() == QEvent::ActivationChange && isWindow()) {
+    setAttribute(Qt::WA_KeyboardFocusChange);
+    update();
   }
   QWidget::changeEvent(evento);
 }
