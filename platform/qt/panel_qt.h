@@ -15,6 +15,12 @@ class PanelQt final : public QScrollArea {
   [[nodiscard]] QSize Caber(const QSize& hueco);
   [[nodiscard]] QSize sizeHint() const override;
 
+ protected:
+  /// The toolkit's own would bring what gets the focus to sight a second time, by its middle.
+  bool focusNextPrevChild(bool siguiente) override {
+    return QAbstractScrollArea::focusNextPrevChild(siguiente);
+  }
+
  private:
   void TraerALaVista(QWidget& vista);
   void Partir(bool partido);

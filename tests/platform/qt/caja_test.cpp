@@ -7,6 +7,7 @@
 #include <QLineEdit>
 #include <QProgressBar>
 #include <QPushButton>
+#include <QScrollArea>
 #include <QScrollBar>
 #include <QTest>
 #include <cstdio>
@@ -369,6 +370,22 @@ TEST_F(AutomaticasEnPantalla, DeTeclaEnTeclaHastaGenerar) {
   EXPECT_EQ(lista.model()->index(0, 2).data().toString(), "02/2005");
   EXPECT_EQ(lista.model()->index(0, 3).data().toString(), "3,00");
   Responder(Qt::Key_N);
+  Cerrar();
+}
+
+TEST_F(AutomaticasEnPantalla, LoQueEsMasAnchoQueLaVentanaSeVeDesdeSuPrincipio) {
+  AbrirCon(Apuntes(3));
+  Dentro("BtnAutCaja", [this] {
+    modal->resize(260, 420);
+    QTest::qWait(20);
+    Pulsa(Qt::Key_Tab, 2);
+    EXPECT_EQ(Foco(), "lblFecha");
+    auto& hoja = En<QScrollArea>("hoja");
+    const QWidget& fechas = En<QWidget>("lblFecha");
+    EXPECT_GT(fechas.width(), hoja.viewport()->width());
+    EXPECT_EQ(fechas.mapTo(hoja.viewport(), QPoint()).x(), 0);
+    Pulsa(Qt::Key_Escape);
+  });
   Cerrar();
 }
 
