@@ -13,12 +13,12 @@
 #include "forms/escritorio.h"
 #include "forms/form.h"
 #include "qt/accesibles.h"
+#include "qt/centrado.h"
 #include "qt/colocacion.h"
 #include "qt/colores.h"
 #include "qt/copia_de_vista.h"
 #include "qt/medidas.h"
 #include "qt/nombres.h"
-#include "qt/panel_qt.h"
 #include "qt/teclas_qt.h"
 #include "qt/textos_qt.h"
 #include "qt/vinculo.h"
@@ -32,12 +32,6 @@ services::Cintilla* BarraDe(const services::Form& form) {
     if (auto* barra = dynamic_cast<services::Cintilla*>(widget)) return barra;
   }
   return nullptr;
-}
-
-/// What a panel takes of so much room.
-QSize MedidaEn(const QSize& hueco, QWidget& panel) {
-  if (auto* plegable = dynamic_cast<PanelQt*>(&panel)) return plegable->Caber(hueco);
-  return panel.sizeHint().expandedTo(panel.minimumSize()).boundedTo(hueco);
 }
 
 }  // namespace
@@ -220,7 +214,7 @@ void Lienzo::paintEvent(QPaintEvent* evento) {
 
 void Lienzo::resizeEvent(QResizeEvent* evento) {
   QWidget::resizeEvent(evento);
-  CentrarPaneles();
+  CentrarPaneles(*this, FinDeLaBarra());
   Avisar(&Lienzo::Redimensionado, tamano_pedido_);
 }
 
@@ -257,31 +251,6 @@ void Lienzo::Pintado(services::Form& form) {
     return;
   }
   if (vivo) pintado_fallido_ = false;
-}
-
-/// Panels marked `centrado` in the design lie over the middle of the screen, out of its layout.
-void Lienzo::CentrarPaneles() {
-  for (QWidget* panel : findChildren<QWidget*>(Qt::FindDirectChildrenOnly)) {
-    if (!panel->property("centrado").toBool()) continue;
-    panel->raise();
-    panel->setGeometry(LugarDe(*panel));
-  }
-}
-
-/// In the middle. One that would leave no more than a strip of the title bar on sight goes below
-/// the bar, or over it where it has to, from the top.
-QRect Lienzo::LugarDe(QWidget& panel) const {
-  QRect lugar(QPoint(), MedidaEn(size(), panel));
-  lugar.translate(rect().center() - lugar.center());
-  const int bajoLaBarra = FinDeLaBarra();
-  if (lugar.top() >= bajoLaBarra) return lugar;
-  const bool entero = lugar.height() < height();
-  lugar.moveTop(0);
-  if (entero && lugar.height() > height() - bajoLaBarra) return lugar;
-  lugar.setSize(MedidaEn(size() - QSize(0, bajoLaBarra), panel));
-  lugar.moveCenter({rect().center().x(), 0});
-  lugar.moveTop(bajoLaBarra);
-  return lugar;
 }
 
 int Lienzo::FinDeLaBarra() const {

@@ -85,8 +85,6 @@ class Lienzo final : public QWidget {
   void Avisar(Suceso suceso, bool& pedido);
   void Redimensionado(services::Form& form);
   void Pintado(services::Form& form);
-  void CentrarPaneles();
-  [[nodiscard]] QRect LugarDe(QWidget& panel) const;
   [[nodiscard]] int FinDeLaBarra() const;
   void HacerVentana();
   void PonerTitulo();
