@@ -29,11 +29,19 @@ using recorrido::kVentana;
 constexpr int kFila = 2 * kLinea + kSeparacion;
 constexpr std::size_t kLargoObservaciones = 35;
 
-constexpr Diseno kFondo{90, kSeparacion, 5340, kFila};
-constexpr Diseno kMarca{180, 2 * kSeparacion, 270, 270};
-constexpr Diseno kFecha{600, kSeparacion, 4740, kLinea};
-constexpr Diseno kObservaciones{600, 2 * kSeparacion + kLinea, 4740, kLinea};
-constexpr Diseno kSeleccion = kFondo.Tab(0).ConTeclado();
+// The parts of a row, by where they begin.
+constexpr Diseno Fondo(int arriba) {
+  return {90, arriba, 5340, kFila};
+}
+constexpr Diseno Marca(int arriba) {
+  return Diseno{180, arriba, 270, 270}.Oculto();
+}
+constexpr Diseno Linea(int arriba) {
+  return {600, arriba, 4740, kLinea};
+}
+constexpr Diseno Seleccion(int arriba) {
+  return Fondo(arriba).Tab(0).ConTeclado();
+}
 
 /// A missing amount counts 0, as it does in a sum of the database.
 double ImporteDe(Recordset& apunte) {
@@ -48,11 +56,11 @@ FrmPagosCaja::FrmPagosCaja(services::Escritorio& escritorio, services::Sesion& s
     : Form(escritorio, "FrmPagosCaja", 6000, 7800),
       Barra1(*this, "Barra1", "Apuntes de Caja", {0, 0, 6000, 420}),
       PicScroll(*this, "PicScroll", {60, kArriba, 5520, kVentana}),
-      DivFondo(PicScroll, "DivFondo", kFondo),
-      DivSel(PicScroll, "DivSel", kMarca),
-      LblTxt(PicScroll, "LblTxt", "", kFecha),
-      LblTxt2(PicScroll, "LblTxt2", "", kObservaciones),
-      LblSeleccion(PicScroll, "LblSeleccion", "", kSeleccion),
+      DivFondo(PicScroll, "DivFondo", Fondo(kSeparacion)),
+      DivSel(PicScroll, "DivSel", Marca(2 * kSeparacion)),
+      LblTxt(PicScroll, "LblTxt", "", Linea(kSeparacion)),
+      LblTxt2(PicScroll, "LblTxt2", "", Linea(2 * kSeparacion + kLinea)),
+      LblSeleccion(PicScroll, "LblSeleccion", "", Seleccion(kSeparacion)),
       VScroll1(*this, "VScroll1", {5640, kArriba, 255, kVentana}),
       BtnFacturar(*this, "BtnFacturar", "Facturar", Diseno{2400, 7140, 1560, 480}.Tab(1)),
       BtnAceptar(*this, "BtnAceptar", "Salir", Diseno{4140, 7140, 1560, 480}.Tab(2)),
@@ -69,7 +77,6 @@ FrmPagosCaja::FrmPagosCaja(services::Escritorio& escritorio, services::Sesion& s
 void FrmPagosCaja::Form_Load() {
   concepto_ = c_.TxtNConcepto.Text();
   c_.ImporteCaja = 0;
-  DivSel(0).Visible = false;
   Recordset apuntes;
   if (entry::PuedeTenerApuntes(concepto_)) {
     apuntes.Open(
@@ -108,16 +115,11 @@ void FrmPagosCaja::CargarApuntes(Recordset& apuntes) {
 void FrmPagosCaja::AnadirFila() {
   const int anterior = DivSel.UBound();
   const int arriba = LblTxt2(anterior).Top + LblTxt2(anterior).Height + kSeparacion;
-  const auto bajada = [](Diseno diseno, int top) {
-    diseno.Top = top;
-    return diseno;
-  };
-  DivFondo.Anadir(PicScroll, "DivFondo", bajada(kFondo, arriba));
-  DivSel.Anadir(PicScroll, "DivSel", bajada(kMarca.Oculto(), arriba + kSeparacion));
-  const auto& fecha = LblTxt.Anadir(PicScroll, "LblTxt", "", bajada(kFecha, arriba));
-  LblTxt2.Anadir(PicScroll, "LblTxt2", "",
-                 bajada(kObservaciones, fecha.Top + fecha.Height + kSeparacion));
-  LblSeleccion.Anadir(PicScroll, "LblSeleccion", "", bajada(kSeleccion, arriba));
+  DivFondo.Anadir(PicScroll, "DivFondo", Fondo(arriba));
+  DivSel.Anadir(PicScroll, "DivSel", Marca(arriba + kSeparacion));
+  const auto& fecha = LblTxt.Anadir(PicScroll, "LblTxt", "", Linea(arriba));
+  LblTxt2.Anadir(PicScroll, "LblTxt2", "", Linea(fecha.Top + fecha.Height + kSeparacion));
+  LblSeleccion.Anadir(PicScroll, "LblSeleccion", "", Seleccion(arriba));
   UnirFila(anterior + 1);
 }
 
