@@ -52,6 +52,8 @@ void SueloQt::MostrarSiSeVe(QWidget& vista) const {
 void SueloQt::MostrarLoQueSeVe() {
   for (QWidget* vista : findChildren<QWidget*>(Qt::FindDirectChildrenOnly)) {
     if (vista->property(kSeMuestra).isValid()) MostrarSiSeVe(*vista);
+    // Its window on what lies on that one in turn is another now.
+    if (auto* suelo = dynamic_cast<SueloQt*>(vista)) suelo->MostrarLoQueSeVe();
   }
 }
 
