@@ -62,6 +62,15 @@ class ConCaja {
   apoyo::ComponenteEnMarcha enMarcha_;
 };
 
+/// The component and the engine alone, over a business each.
+struct Enfrentados {
+  const apoyo::NegocioDePrueba Negocio{apoyo::Tamano{1, 0}};
+  const apoyo::NegocioDePrueba Otro{Negocio};
+  ConCaja Componente{Negocio};
+  CajaDirecta Directa{Otro};
+  const std::string Motivo = Componente.Cargar();  ///< of a failed load
+};
+
 constexpr const char* kResumen =
     "SELECT (SELECT count(*) || ' ' || total(Total) FROM TempProvFacturas) || ', ' || "
     "(SELECT count(*) || ' ' || total(Base) || ' ' || total(Importe) FROM TempProvBasesIva) || "
@@ -70,13 +79,10 @@ constexpr const char* kResumen =
 
 void GenerarFacturas(benchmark::State& state) {
   const auto apuntes = state.range(0);
-  const apoyo::NegocioDePrueba negocio(apoyo::Tamano{1, 0});
-  const apoyo::NegocioDePrueba otro(negocio);
-  ConCaja componente(negocio);
-  CajaDirecta directa(otro);
-  if (const auto motivo = componente.Cargar(); !motivo.empty()) {
-    return state.SkipWithError(motivo.c_str());
-  }
+  Enfrentados cada;
+  if (!cada.Motivo.empty()) return state.SkipWithError(cada.Motivo.c_str());
+  ConCaja& componente = cada.Componente;
+  CajaDirecta& directa = cada.Directa;
   Tiempos genera;
   Tiempos escribe;
   Tiempos pequena;
@@ -112,13 +118,10 @@ BENCHMARK(GenerarFacturas)
 
 void CargarPagosCaja(benchmark::State& state) {
   const auto apuntes = state.range(0);
-  const apoyo::NegocioDePrueba negocio(apoyo::Tamano{1, 0});
-  const apoyo::NegocioDePrueba otro(negocio);
-  ConCaja componente(negocio);
-  CajaDirecta directa(otro);
-  if (const auto motivo = componente.Cargar(); !motivo.empty()) {
-    return state.SkipWithError(motivo.c_str());
-  }
+  Enfrentados cada;
+  if (!cada.Motivo.empty()) return state.SkipWithError(cada.Motivo.c_str());
+  ConCaja& componente = cada.Componente;
+  CajaDirecta& directa = cada.Directa;
   componente.Llenar(apuntes, 1);
   directa.Ejecutar(SoloApuntes(apuntes, 1));
   Tiempos carga;

@@ -65,7 +65,7 @@ class SeleccionAccesible final : public QAccessibleWidget {
   QStringList actionNames() const override { return {toggleAction(), setFocusAction()}; }
   void doAction(const QString& accion) override {
     if (accion == toggleAction() && Caja().isEnabled()) Caja().Pulsar();
-    if (accion == setFocusAction()) Caja().setFocus();
+    if (accion == setFocusAction()) Caja().Enfocar();
   }
 
  private:

@@ -15,8 +15,10 @@ class SeleccionQt final : public QLabel {
   /// `marca` is there while it is on; `rotulos` are the texts that tell what is marked.
   void Unir(QWidget* marca, const QList<QLabel*>& rotulos);
 
-  /// What a click does, for who asks by other means.
+  /// What a click does, and going there by key, for who asks by other means: also where it is out
+  /// of sight, and hidden.
   std::function<void()> Pulsar;
+  std::function<void()> Enfocar;
 
   [[nodiscard]] bool Marcada() const;
   [[nodiscard]] QString Nombre() const;

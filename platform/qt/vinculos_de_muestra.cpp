@@ -64,6 +64,9 @@ VinculoSeleccion::VinculoSeleccion(services::Label& modelo, SeleccionQt& vista, 
   }
   vista.Unir(Hermano(vista.property("marca").toString()), rotulos);
   vista.Pulsar = [this] { Vinculo::Pulsar(); };
+  vista.Enfocar = [this] {
+    if (Atento()) services::entrada::Enfocar(Modelo());
+  };
 }
 
 QWidget* VinculoSeleccion::Hermano(const QString& nombre) const {

@@ -56,8 +56,9 @@ CamposAutomaticas::CamposAutomaticas(services::Form& pantalla)
   DivFecha.Anadir(pantalla, "DivFecha", Diseno{360, 1680, 180, 180}.Oculto());
   TxtConcepto.MaxLength = largo::Concepto;
   TxtNFra.MaxLength = largo::Factura;
-  for (services::TextBox* fecha : {&CbxFDesde, &CbxFHasta, &TxtFFra})
+  for (services::TextBox* fecha : {&CbxFDesde, &CbxFHasta, &TxtFFra}) {
     fecha->MaxLength = largo::Fecha;
+  }
   BtnCancelar.TomaFoco = false;
   BtnCancelar.Cancela = true;
 }

@@ -37,8 +37,8 @@ bool Generacion::GenerarFacturas() {
   if (fin != Fin::Cierra) return false;
   // What can't be made durable shows while the screen is still there.
   sesion_.CnTemp().TerminarUnidad();
-  listaAtrasada_ = true;
-  PonerListaAlDia();
+  listaAtrasada_ = false;
+  lista_.CargarGrip();
   return true;
 }
 
@@ -65,11 +65,13 @@ bool Generacion::DatosCompletos() {
   return true;
 }
 
-/// The field that is to be mended gets the focus before its error comes out.
+/// The field that is to be mended gets the focus before its error comes out. An hour alone is a
+/// moment, and no day that could be stored.
 void Generacion::ExigirFecha(services::TextBox& campo) {
-  if (services::LeerFecha(campo.Text)) return;
+  const bool seGuarda = !sesion_.Utiles().Almacenada(campo.Text()).empty();
+  if (seGuarda && services::LeerFecha(campo.Text)) return;
   campo.SetFocus();
-  static_cast<void>(services::Fecha(campo.Text));
+  services::RechazarFecha(campo.Text);
 }
 
 DatosDeFactura Generacion::Datos() {

@@ -30,7 +30,7 @@ class Generacion {
   };
 
   [[nodiscard]] bool DatosCompletos();
-  static void ExigirFecha(services::TextBox& campo);
+  void ExigirFecha(services::TextBox& campo);
   [[nodiscard]] DatosDeFactura Datos();
   [[nodiscard]] ApuntesSinFactura Elegidos();
   [[nodiscard]] Fin Facturar(FacturasDeCaja& facturas);

@@ -131,6 +131,26 @@ TEST_F(PantallasDeCaja, SinGruposLaBarraVaDeUnoAUnoYUnDecimo) {
   EXPECT_EQ(Consultar("SELECT count(*) FROM TempProvFacturas WHERE Factura = '02/2005'"), "0");
 }
 
+TEST_F(PantallasDeCaja, UnaHoraPegadaEnLaFechaNoEsUnDia) {
+  Apuntes(1, "7");
+  std::string dicho;
+  enMarcha.Entorno().AlFallar = [&](const services::ErrorEjecucion& fallo) {
+    dicho = fallo.Descripcion();
+  };
+  for (const char* texto : {"9:00", "99"}) {
+    const auto pantalla = services::Crear<cash::FrmFraAutomaticas>(
+        enMarcha.Sesion().Escritorio(), enMarcha.Sesion(), Principal().Lista);
+    pantalla->Show();
+    pantalla->Campos.TxtFFra.Text = texto;
+    entrada::Pulsar(pantalla->Campos.BtnAceptar);
+    EXPECT_EQ(dicho, std::string("No coinciden los tipos: «") + texto + "» no es una fecha");
+    EXPECT_TRUE(pantalla->Campos.TxtFFra.TieneFoco());
+    EXPECT_TRUE(pantalla->Cargado());
+    pantalla->Unload();
+  }
+  EXPECT_EQ(Consultar("SELECT count(*) FROM TempProvFacturas WHERE NConcepto = '7'"), "0");
+}
+
 TEST_F(PantallasDeCaja, ConGruposLlegaHastaElUltimo) {
   Apuntes(1, "7");
   Apuntes(1, "8");

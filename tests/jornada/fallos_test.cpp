@@ -25,8 +25,8 @@ espera consulta datos "SELECT Importe FROM ProvPrevisionPagos WHERE NConcepto = 
 /// A day at the till leaves two invoices of cash entries, which are theirs, and one entry free
 /// again.
 const std::string kCajaHecha = R"(
-espera consulta datos "SELECT NConcepto, Factura, Total FROM ProvFacturas WHERE Factura IN ('C1','AUTO','TODO') ORDER BY 1" "12|TODO|232" "31|AUTO|20"
-espera consulta datos "SELECT Importe, Factura FROM CajaPagos ORDER BY 1" "8.4|" "20|AUTO" "232|TODO"
+espera consulta datos "SELECT NConcepto, Factura, Total FROM ProvFacturas WHERE Factura IN ('C1','AUTO','TODAS') ORDER BY 1" "12|TODAS|232" "31|AUTO|20"
+espera consulta datos "SELECT Importe, Factura FROM CajaPagos ORDER BY 1" "8.4|" "20|AUTO" "232|TODAS"
 )";
 
 /// What a healthy day prints of the stored tables at its end.

@@ -196,7 +196,7 @@ pulsar FrmPagosCaja.LblSeleccion(0)
 pulsar FrmPagosCaja.BtnAceptar
 pulsar BtnAceptar
 pulsar BtnAutCaja
-teclear FrmFraAutomaticas.TxtNFra "TODO"
+teclear FrmFraAutomaticas.TxtNFra "TODAS"
 pulsar FrmFraAutomaticas.BtnAceptar
 celda MSFPagos 5 1
 pulsar BotonBorrar

@@ -20,6 +20,11 @@ void CambiarYPulsar(Widget& widget) {
   }
 }
 
+void Soltar(Widget& widget) {
+  CambiarYPulsar(widget);
+  Widget::Disparar(widget.MouseUp);
+}
+
 }  // namespace
 
 bool LlevarFoco(Widget& widget) {
@@ -28,15 +33,12 @@ bool LlevarFoco(Widget& widget) {
 
 void Pulsar(Widget& widget) {
   Widget::Disparar(widget.MouseDown);
-  if (widget.TomaFocoAlPulsar() && !LlevarFoco(widget)) return;
-  CambiarYPulsar(widget);
-  Widget::Disparar(widget.MouseUp);
+  if (!widget.TomaFocoAlPulsar() || LlevarFoco(widget)) Soltar(widget);
 }
 
 void PulsarDesdeLejos(Widget& widget) {
   Widget::Disparar(widget.MouseDown);
-  CambiarYPulsar(widget);
-  Widget::Disparar(widget.MouseUp);
+  Soltar(widget);
 }
 
 bool PulsarCelda(MSFlexGrid& rejilla, int fila, int columna) {

@@ -46,8 +46,8 @@ bool EsAnioValido(std::int64_t anio) {
   throw ErrorEjecucion(error::LlamadaNoValida, "La fecha se sale del calendario");
 }
 
-[[noreturn]] void RechazarTipo(const std::string& cual = "") {
-  throw ErrorEjecucion(error::TiposNoCoinciden, "No coinciden los tipos" + cual);
+[[noreturn]] void RechazarTipo() {
+  throw ErrorEjecucion(error::TiposNoCoinciden, "No coinciden los tipos");
 }
 
 FechaHora SumarDias(std::int64_t cuantos, FechaHora desde) {
@@ -181,12 +181,16 @@ std::optional<FechaHora> LeerFecha(std::string_view texto) {
   return FechaHora{*dias, *segundos};
 }
 
+void RechazarFecha(std::string_view texto) {
+  throw ErrorEjecucion(error::TiposNoCoinciden, texto.empty()
+                                                    ? "No coinciden los tipos: falta una fecha"
+                                                    : "No coinciden los tipos: «" +
+                                                          std::string(texto) + "» no es una fecha");
+}
+
 FechaHora Fecha(std::string_view texto) {
   const std::optional<FechaHora> momento = LeerFecha(texto);
-  if (!momento) {
-    RechazarTipo(texto.empty() ? ": falta una fecha"
-                               : ": «" + std::string(texto) + "» no es una fecha");
-  }
+  if (!momento) RechazarFecha(texto);
   return *momento;
 }
 

@@ -49,6 +49,8 @@ struct Calendario {
 [[nodiscard]] std::optional<FechaHora> LeerFecha(std::string_view texto);
 /// The same, throwing 13 where it is none.
 [[nodiscard]] FechaHora Fecha(std::string_view texto);
+/// Throws 13, with the text that is no date.
+[[noreturn]] void RechazarFecha(std::string_view texto);
 
 /// The default text: `dd/mm/yyyy`, with ` h:nn:ss` unless it is midnight; `0:00:00` for the zero
 /// moment, and the time alone for any other moment of day 0.

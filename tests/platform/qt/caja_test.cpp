@@ -1,106 +1,29 @@
 #include <gmock/gmock.h>
 
 #include <QAccessible>
-#include <QComboBox>
 #include <QElapsedTimer>
 #include <QLabel>
 #include <QLineEdit>
-#include <QProgressBar>
-#include <QPushButton>
-#include <QScrollArea>
 #include <QScrollBar>
-#include <QTest>
+#include <QWheelEvent>
+#include <algorithm>
 #include <cstdio>
-#include <set>
-#include <stdexcept>
+#include <vector>
 
-#include "jornada/partida.h"
-#include "platform/qt/dia_en_pantalla.h"
 #include "platform/qt/oido.h"
-#include "qt/lienzo.h"
+#include "platform/qt/pantalla_modal.h"
 #include "qt/nombres.h"
 #include "qt/seleccion_qt.h"
 
-// Both cash screens as a user has them.
+// The cash screen as a user has it.
 
 namespace {
 
-using jornada::Partida;
+using pruebas::Apuntes;
 using testing::Contains;
 using testing::IsEmpty;
 
-/// So many cash entries of one concept, a minute from each other.
-std::string Apuntes(int cuantos) {
-  return R"(
-datos INSERT INTO ProvConceptos VALUES('400','Luz'),('401','Agua')
-datos WITH RECURSIVE n(i) AS (SELECT 0 UNION ALL SELECT i+1 FROM n WHERE i < )" +
-         std::to_string(cuantos - 1) +
-         R"() INSERT INTO CajaPagos (idSucursal,FechaHora,Tipo,Importe,Observaciones) SELECT '1', datetime('2005-03-01 10:00:00', '+'||i||' minutes'), 400, 1, 'Apunte '||i FROM n
-)";
-}
-
-class EnPantalla : public pruebas::DiaEnPantalla {
- protected:
-  void AbrirCon(const std::string& datos) {
-    ASSERT_EQ(Partida(opciones).Jugar(datos).Errores, "");
-    Abrir();
-    ventana->activateWindow();
-    ASSERT_TRUE(QTest::qWaitForWindowActive(ventana));
-  }
-  /// Presses that button, which opens a screen, and does that in it once it is there.
-  template <class Accion>
-  void Dentro(const char* boton, Accion accion) {
-    constexpr int kIntentos = 500;
-    int intentos = 0;
-    bool hecho = false;
-    QTimer espera;
-    QObject::connect(&espera, &QTimer::timeout, &espera, [&] {
-      auto* lienzo = dynamic_cast<qt::Lienzo*>(QApplication::activeModalWidget());
-      const bool lista = lienzo && lienzo->isActiveWindow();
-      if (!lista && ++intentos < kIntentos) return;
-      espera.stop();
-      if (!lienzo) return;
-      QTest::qWait(20);
-      modal = lienzo;
-      if (lista) accion();
-      hecho = lista;
-      if (!modal || !modal->isVisible()) return;
-      ADD_FAILURE() << "sigue abierta";
-      Modelo().Hide();
-    });
-    espera.start(10);
-    Boton(boton);
-    EXPECT_TRUE(hecho);
-    QTest::qWait(20);
-  }
-  template <class W>
-  [[nodiscard]] W& En(const QString& nombre) const {
-    auto* vista = modal->findChild<W*>(nombre);
-    if (!vista) throw std::logic_error("no está " + nombre.toStdString());
-    return *vista;
-  }
-  [[nodiscard]] services::Form& Modelo() const { return *modal->Formulario(); }
-  template <class W>
-  [[nodiscard]] W& ModeloDe(const char* nombre) const {
-    return dynamic_cast<W&>(*Modelo().Buscar(nombre));
-  }
-  [[nodiscard]] std::string Foco() const {
-    const QWidget* foco = QApplication::focusWidget();
-    return foco ? foco->objectName().toStdString() : "";
-  }
-  /// Of the screen behind, which the desktop may not have made the active one again.
-  [[nodiscard]] std::string FocoDetras() const {
-    const QWidget* foco = ventana->window()->focusWidget();
-    return foco ? foco->objectName().toStdString() : "";
-  }
-  void Pulsa(Qt::Key tecla, int veces = 1) const {
-    for (int i = 0; i < veces; ++i) QTest::keyClick(QApplication::focusWidget(), tecla);
-  }
-
-  QPointer<qt::Lienzo> modal;
-};
-
-class CajaEnPantalla : public EnPantalla {
+class CajaEnPantalla : public pruebas::PantallaModal {
  protected:
   /// An entry of the concept with entries.
   void Empezar(int apuntes) {
@@ -267,6 +190,19 @@ TEST_F(CajaEnPantalla, ElEspacioYElRatonMarcanYElLectorLoOye) {
   Cancelar();
 }
 
+TEST_F(CajaEnPantalla, UnLectorLlevaElFocoAUnaFilaQueNoEstaALaVista) {
+  Empezar(40);
+  Dentro("BotonCaja", [this] {
+    EXPECT_FALSE(ALaVista(30));
+    QAccessibleInterface* fila = QAccessible::queryAccessibleInterface(&Fila(30));
+    fila->actionInterface()->doAction(QAccessibleActionInterface::setFocusAction());
+    EXPECT_EQ(Foco(), "LblSeleccion_30");
+    EXPECT_TRUE(ALaVista(30));
+    Pulsa(Qt::Key_Escape);
+  });
+  Cancelar();
+}
+
 TEST_F(CajaEnPantalla, SeCierraConEscapeYConElBotonDeLaVentanaComoConSalir) {
   Empezar(3);
   Dentro("BotonCaja", [this] {
@@ -307,118 +243,6 @@ TEST_F(CajaEnPantalla, MilFilasSeAbrenYSeVuelvenAAbrir) {
     Pulsa(Qt::Key_Escape);
   });
   Cancelar();
-}
-
-class AutomaticasEnPantalla : public EnPantalla {};
-
-TEST_F(AutomaticasEnPantalla, SusNombresEstanEnLosDosLados) {
-  AbrirCon(Apuntes(3));
-  Dentro("BtnAutCaja", [this] {
-    EXPECT_THAT(qt::NombresSinPareja(Modelo(), *modal), IsEmpty());
-    Pulsa(Qt::Key_Escape);
-  });
-  Cerrar();
-}
-
-TEST_F(AutomaticasEnPantalla, TieneSuTituloSobreSuBarra) {
-  AbrirCon(Apuntes(3));
-  Dentro("BtnAutCaja", [this] {
-    EXPECT_EQ(modal->windowTitle(), "Facturas Automaticas");
-    EXPECT_TRUE(En<QWidget>("Barra1").isVisible());
-    EXPECT_EQ(En<QWidget>("Barra1").accessibleName(), "Fra. Automáticas de Caja");
-    EXPECT_TRUE(En<QLabel>("LblFecha2").isEnabled()) << "se lee aunque las fechas no cuenten";
-    EXPECT_FALSE(ModeloDe<services::Label>("LblFecha2").Enabled);
-    Pulsa(Qt::Key_Escape);
-  });
-  Cerrar();
-}
-
-TEST_F(AutomaticasEnPantalla, DeTeclaEnTeclaHastaGenerar) {
-  AbrirCon(Apuntes(3));
-  Dentro("BtnAutCaja", [this] {
-    EXPECT_EQ(Foco(), "OptTodo");
-    Pulsa(Qt::Key_Down);
-    EXPECT_EQ(Foco(), "OptConcepto");
-    Pulsa(Qt::Key_Tab);
-    EXPECT_EQ(Foco(), "TxtConcepto");
-    QTest::keyClicks(QApplication::focusWidget(), "400");
-    Pulsa(Qt::Key_Tab);
-    EXPECT_EQ(En<QLineEdit>("TxtConcepto").text(), "Luz");
-    EXPECT_EQ(Foco(), "CmdCon");
-    Pulsa(Qt::Key_Tab);
-    EXPECT_EQ(Foco(), "lblFecha");
-    EXPECT_FALSE(En<QLineEdit>("CbxFDesde").isEnabled());
-    Pulsa(Qt::Key_Space);
-    EXPECT_TRUE(En<QLineEdit>("CbxFDesde").isEnabled());
-    QAccessibleInterface* fechas = QAccessible::queryAccessibleInterface(&En<QLabel>("lblFecha"));
-    EXPECT_EQ(fechas->text(QAccessible::Name), "Fechas");
-    EXPECT_TRUE(fechas->state().checked);
-    Pulsa(Qt::Key_Space);
-    EXPECT_FALSE(fechas->state().checked);
-    Pulsa(Qt::Key_Tab);
-    EXPECT_EQ(Foco(), "TxtFFra");
-    Pulsa(Qt::Key_Return, 2);
-    EXPECT_EQ(Foco(), "CboIVA");
-    Pulsa(Qt::Key_Down);
-    EXPECT_EQ(En<QComboBox>("CboIVA").currentText(), "16%");
-    Pulsa(Qt::Key_Tab);
-    EXPECT_EQ(Foco(), "BtnAceptar");
-    Pulsa(Qt::Key_Return);
-  });
-  EXPECT_EQ(FocoDetras(), "BtnAutCaja");
-  auto& lista = Vista<QTableView>("MSFPagos");
-  EXPECT_EQ(lista.model()->index(0, 2).data().toString(), "02/2005");
-  EXPECT_EQ(lista.model()->index(0, 3).data().toString(), "3,00");
-  Responder(Qt::Key_N);
-  Cerrar();
-}
-
-TEST_F(AutomaticasEnPantalla, LoQueEsMasAnchoQueLaVentanaSeVeDesdeSuPrincipio) {
-  AbrirCon(Apuntes(3));
-  Dentro("BtnAutCaja", [this] {
-    modal->resize(260, 420);
-    QTest::qWait(20);
-    Pulsa(Qt::Key_Tab, 2);
-    EXPECT_EQ(Foco(), "lblFecha");
-    auto& hoja = En<QScrollArea>("hoja");
-    const QWidget& fechas = En<QWidget>("lblFecha");
-    EXPECT_GT(fechas.width(), hoja.viewport()->width());
-    EXPECT_EQ(fechas.mapTo(hoja.viewport(), QPoint()).x(), 0);
-    Pulsa(Qt::Key_Escape);
-  });
-  Cerrar();
-}
-
-TEST_F(AutomaticasEnPantalla, LaBarraAvanzaMientrasSeGenera) {
-  AbrirCon(Apuntes(3) +
-           "datos INSERT INTO CajaPagos (idSucursal,FechaHora,Tipo,Importe) VALUES "
-           "('1','2005-03-01 10:00:00',401,5)\n");
-  Dentro("BtnAutCaja", [this] {
-    struct Pintadas : QObject {
-      QList<int> valores;
-      bool eventFilter(QObject* objeto, QEvent* evento) override {
-        auto* barra = qobject_cast<QProgressBar*>(objeto);
-        if (evento->type() == QEvent::Paint) valores.append(barra->value());
-        return false;
-      }
-    } pintadas;
-    En<QProgressBar>("ProgressBar").installEventFilter(&pintadas);
-    QTest::mouseClick(&En<QPushButton>("BtnAceptar"), Qt::LeftButton);
-    EXPECT_GE(std::set<int>(pintadas.valores.begin(), pintadas.valores.end()).size(), 2U);
-    EXPECT_FALSE(modal && modal->isVisible());
-  });
-  Responder(Qt::Key_N);
-  Cerrar();
-}
-
-TEST_F(AutomaticasEnPantalla, ElBotonDeLaVentanaLaCierra) {
-  AbrirCon(Apuntes(3));
-  Dentro("BtnAutCaja", [this] {
-    modal->close();
-    EXPECT_FALSE(modal && modal->isVisible());
-  });
-  EXPECT_EQ(FocoDetras(), "BtnAutCaja");
-  Cerrar();
 }
 
 }  // namespace
