@@ -73,9 +73,9 @@ void Sentencias(Ejecucion& e, const Orden&) {
 }
 
 void Informe(Ejecucion& e, const Orden&) {
-  const headless::Trazos* trazos = e.Entorno().UltimoInforme();
-  if (!trazos) return;
-  for (const headless::Trazo& trazo : *trazos) e.Escribir(LineaDeTrazo(trazo));
+  const headless::Grabacion* informe = e.Entorno().UltimoInforme();
+  if (!informe) return;
+  for (const auto& [pagina, trazo] : informe->Trazos) e.Escribir(LineaDeTrazo(pagina, trazo));
 }
 
 void Pantallas(Ejecucion& e, const Orden&) {

@@ -22,10 +22,10 @@ std::string Punto(double x, double y) {
   return Cm(x) + " " + Cm(y);
 }
 
-std::string LineaDeTexto(const headless::Trazo& trazo) {
+std::string LineaDeTexto(const services::Trazo& trazo) {
   return "texto " + Punto(trazo.X1, trazo.Y1) + " " + Entrecomillar(trazo.Texto) + " " +
-         trazo.Fuente + " " + TextoPlano(trazo.Puntos) + " " + (trazo.Negrita ? "1 " : "0 ") +
-         std::to_string(trazo.Color);
+         trazo.Letra.Nombre + " " + TextoPlano(trazo.Letra.Puntos) + " " +
+         (trazo.Letra.Negrita ? "1 " : "0 ") + std::to_string(trazo.Color);
 }
 
 }  // namespace
@@ -95,22 +95,22 @@ std::string LineaDeAviso(const headless::AvisoMostrado& aviso) {
          Entrecomillar(aviso.Titulo) + " -> " + std::string(NombreDeRespuesta(aviso.Respuesta));
 }
 
-std::string LineaDeTrazo(const headless::Trazo& trazo) {
-  using Que = headless::Trazo::Clase;
-  std::string pagina = "p" + std::to_string(trazo.Pagina) + " ";
+std::string LineaDeTrazo(int pagina, const services::Trazo& trazo) {
+  using Que = services::Trazo::Clase;
+  const std::string donde = "p" + std::to_string(pagina) + " ";
   const std::string puntos = Punto(trazo.X1, trazo.Y1) + " " + Punto(trazo.X2, trazo.Y2) + " ";
   const std::string color = std::to_string(trazo.Color);
   switch (trazo.Que) {
     case Que::Texto:
-      return pagina + LineaDeTexto(trazo);
+      return donde + LineaDeTexto(trazo);
     case Que::Linea:
-      return pagina + "linea " + puntos + color;
+      return donde + "linea " + puntos + color;
     case Que::Caja:
-      return pagina + "caja " + puntos + color + (trazo.Llena ? " 1" : " 0");
+      return donde + "caja " + puntos + color + (trazo.Llena ? " 1" : " 0");
     case Que::Imagen:
-      return pagina + "imagen " + Punto(trazo.X1, trazo.Y1) + " " + Entrecomillar(trazo.Texto);
+      return donde + "imagen " + Punto(trazo.X1, trazo.Y1) + " " + Entrecomillar(trazo.Texto);
   }
-  return pagina;
+  return donde;
 }
 
 std::string FilaUnida(const std::vector<std::string>& valores) {

@@ -7,8 +7,8 @@
 
 #include "forms/msflexgrid.h"
 #include "forms/widget.h"
-#include "headless/informe_grabado.h"
 #include "headless/mensajes.h"
+#include "services/destino_informe.h"
 #include "valores/fecha.h"
 #include "valores/valor.h"
 
@@ -33,7 +33,7 @@ namespace guion {
 [[nodiscard]] std::string LineaDeAviso(const headless::AvisoMostrado& aviso);
 /// `p1 texto X Y "text" face size bold colour`, `p1 linea X1 Y1 X2 Y2 colour`, `p1 caja X1 Y1 X2 Y2
 /// colour filled`, `p1 imagen X Y "file"`.
-[[nodiscard]] std::string LineaDeTrazo(const headless::Trazo& trazo);
+[[nodiscard]] std::string LineaDeTrazo(int pagina, const services::Trazo& trazo);
 /// `v|v|v`
 [[nodiscard]] std::string FilaUnida(const std::vector<std::string>& valores);
 /// `error NUMBER "description"`

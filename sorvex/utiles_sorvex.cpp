@@ -28,7 +28,7 @@ void Utiles::SoltarForm(services::Ref<services::Form>& form) {
 
 void Utiles::ImprimirAlineado(services::DestinoInforme& destino, double x, const std::string& texto,
                               std::string_view alineacion, bool terminaLinea) {
-  destino.CurrentX(alineacion == "D" ? x - destino.TextWidth(texto) : x);
+  destino.CurrentX = alineacion == "D" ? x - destino.TextWidth(texto) : x;
   destino.Print(texto, terminaLinea);
 }
 

@@ -25,6 +25,17 @@ class AvisoHeadless final : public services::Aviso {
   std::shared_ptr<Entorno> entorno_;
 };
 
+class AvanceHeadless final : public services::Avance {
+ public:
+  explicit AvanceHeadless(std::shared_ptr<Entorno> entorno) : entorno_(std::move(entorno)) {}
+  bool Seguir(int hechos, int total) override {
+    return !entorno_->AlAvanzar || entorno_->AlAvanzar(hechos, total);
+  }
+
+ private:
+  std::shared_ptr<Entorno> entorno_;
+};
+
 }  // namespace
 
 std::shared_ptr<Entorno> Entorno::Crear() {
@@ -49,10 +60,16 @@ services::Plataforma Entorno::Plataforma() {
   p.Ahora = [yo] { return yo->Ahora(); };
   p.Pantalla = [yo] { return yo->Pantalla; };
   p.Printers = [yo] { return yo->Printers; };
-  p.AbrirImpresora = [yo](const std::string&) {
-    yo->informe_ = std::make_shared<Trazos>();
-    return std::make_unique<InformeGrabado>(yo->informe_);
+  p.AbrirImpresora = [yo](const services::TrabajoDeImpresion& trabajo) {
+    yo->UltimoTrabajo = trabajo;
+    yo->informe_ = std::make_shared<Grabacion>();
+    return std::make_unique<ImpresoraGrabada>(yo->informe_);
   };
+  p.CrearHoja = [yo](int pagina) {
+    if (pagina == 1) yo->informe_ = std::make_shared<Grabacion>();
+    return std::make_unique<HojaGrabada>(yo->informe_, pagina);
+  };
+  p.CrearAvance = [yo](const std::string&) { return std::make_unique<AvanceHeadless>(yo); };
   p.Registrar = [yo](const services::ClaseRegistrada& clase) {
     yo->registradas_.push_back(clase);
     return services::hr::Bien;

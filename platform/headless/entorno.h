@@ -9,6 +9,7 @@
 
 #include "headless/informe_grabado.h"
 #include "headless/mensajes.h"
+#include "services/imprenta.h"
 #include "services/plataforma.h"
 #include "valores/fecha.h"
 
@@ -41,6 +42,10 @@ class Entorno : public std::enable_shared_from_this<Entorno> {
   headless::Mensajes Mensajes;
   /// Names of the printers, none at first.
   std::vector<std::string> Printers;
+  /// What was last sent to one of them.
+  std::optional<services::TrabajoDeImpresion> UltimoTrabajo;
+  /// Asked as a report goes on; false gives it up. May be left out.
+  std::function<bool(int hechos, int total)> AlAvanzar;
   services::MedidaPantalla Pantalla{15360, 11520};
   /// What the concept chooser answers the next time, once; none for a cancelled choice.
   std::optional<std::string> Concepto;
@@ -58,8 +63,8 @@ class Entorno : public std::enable_shared_from_this<Entorno> {
   /// Whether the user can work in a screen: on sight, and behind no modal one.
   [[nodiscard]] bool AlAlcance(const services::Form& form) const;
 
-  /// What the report last opened drew; null when there was none.
-  [[nodiscard]] const Trazos* UltimoInforme() const { return informe_.get(); }
+  /// What the report last begun drew, on a printer or on the screen; null when there was none.
+  [[nodiscard]] const Grabacion* UltimoInforme() const { return informe_.get(); }
   [[nodiscard]] const std::vector<services::ClaseRegistrada>& Registradas() const {
     return registradas_;
   }
@@ -72,7 +77,7 @@ class Entorno : public std::enable_shared_from_this<Entorno> {
 
   services::Escritorio* escritorio_ = nullptr;
   std::optional<services::FechaHora> parado_;
-  std::shared_ptr<Trazos> informe_;
+  std::shared_ptr<Grabacion> informe_;
   std::vector<services::ClaseRegistrada> registradas_;
 };
 

@@ -13,10 +13,13 @@
 namespace services {
 
 class Aviso;
+class Avance;
 class DestinoInforme;
+class HojaInforme;
 class SelectorConceptos;
 class Sesion;
 class Utiles;
+struct TrabajoDeImpresion;
 
 /// From which threads the objects of a class may be used: the one that loaded its library, or any.
 enum class ModeloDeHilos { Unico, Libre };
@@ -42,9 +45,12 @@ struct Plataforma : PlataformaDeForms {
   std::function<std::unique_ptr<SelectorConceptos>(Sesion&)> CrearSelectorConceptos;
   std::function<FechaHora()> Ahora;
   std::function<MedidaPantalla()> Pantalla;
-  /// Device names of the printers, in order, and a report's way to one of them.
+  /// Device names of the printers, in order, and what reports are drawn on: as `Imprenta` tells.
   std::function<std::vector<std::string>()> Printers;
-  std::function<std::unique_ptr<DestinoInforme>(const std::string& impresora)> AbrirImpresora;
+  std::function<std::unique_ptr<DestinoInforme>(const TrabajoDeImpresion&)> AbrirImpresora;
+  std::function<std::unique_ptr<HojaInforme>(int pagina)> CrearHoja;
+  /// May be left out.
+  std::function<std::unique_ptr<Avance>(const std::string& titulo)> CrearAvance;
   /// The automation runtime: puts a class of this library on its list, or takes it off.
   std::function<HRESULT(const ClaseRegistrada&)> Registrar;
   std::function<HRESULT(const ClaseRegistrada&)> Anular;

@@ -5,6 +5,7 @@
 #include <string>
 
 #include "services/anfitrion.h"
+#include "services/imprenta.h"
 #include "services/utiles.h"
 #include "valores/fecha.h"
 
@@ -24,6 +25,11 @@ class Sesion {
   [[nodiscard]] virtual const std::string& Usuario() const = 0;
   /// Tells the suite of a DELETE that ran on the stored tables, by its exact text.
   virtual void AnotarBorrado(const std::string& sentencia) = 0;
+  /// A text in the user's language, by its column in the host's row of texts.
+  [[nodiscard]] virtual std::string TextoDe(const char* columna) const = 0;
+  /// The host's main form.
+  [[nodiscard]] virtual const Ref<IForm>& FrmPrincipal() const = 0;
+  [[nodiscard]] virtual services::Imprenta& Imprenta() = 0;
   /// Twips, like the next.
   [[nodiscard]] virtual std::int32_t AnchoReferencia() const = 0;
   [[nodiscard]] virtual std::int32_t AltoReferencia() const = 0;

@@ -62,7 +62,7 @@ class AvisoConEspera final : public services::Aviso {
 }  // namespace
 
 DatosComunes::DatosComunes(const services::Plataforma& plataforma)
-    : plataforma_(plataforma), escritorio_(plataforma) {
+    : plataforma_(plataforma), escritorio_(plataforma), imprenta_(plataforma, escritorio_) {
   escritorio_.AlTerminarEvento = [this] { TerminarUnidades(); };
   escritorio_.AlFallarEvento = [this] { DeshacerAlmacenado(); };
 }
@@ -138,6 +138,13 @@ void DatosComunes::AnotarBorrado(const std::string& sentencia) {
     throw;
   }
   valores_.CnDatos = std::move(devuelta);
+}
+
+std::string DatosComunes::TextoDe(const char* columna) const {
+  if (!valores_.RsTextos) {
+    throw ErrorEjecucion(error::ObjetoNoEstablecido, "El anfitrión no ha entregado los textos");
+  }
+  return valores_.RsTextos->Collect(columna).Texto();
 }
 
 services::Utiles& DatosComunes::Utiles() {

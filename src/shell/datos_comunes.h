@@ -10,6 +10,7 @@
 #include "services/anfitrion.h"
 #include "services/plataforma.h"
 #include "services/sesion.h"
+#include "shell/imprenta_de_sesion.h"
 
 namespace shell {
 
@@ -32,12 +33,16 @@ class DatosComunes final : public services::Sesion {
 
   [[nodiscard]] services::Escritorio& Escritorio() { return escritorio_; }
   [[nodiscard]] const services::Ref<services::IForm>& FrmMarco() const { return FrmMarco_; }
-  [[nodiscard]] const services::Ref<services::IForm>& FrmPrincipal() const { return FrmPrincipal_; }
+  [[nodiscard]] const services::Ref<services::IForm>& FrmPrincipal() const override {
+    return FrmPrincipal_;
+  }
 
   [[nodiscard]] services::Conexion& CnDatos() const override;
   [[nodiscard]] services::Conexion& CnTemp() const override;
   [[nodiscard]] const std::string& Usuario() const override { return valores_.Usuario; }
   void AnotarBorrado(const std::string& sentencia) override;
+  [[nodiscard]] std::string TextoDe(const char* columna) const override;
+  [[nodiscard]] services::Imprenta& Imprenta() override { return imprenta_; }
   [[nodiscard]] std::int32_t AnchoReferencia() const override { return valores_.AnchoReferencia; }
   [[nodiscard]] std::int32_t AltoReferencia() const override { return valores_.AltoReferencia; }
   services::Utiles& Utiles() override;
@@ -74,6 +79,7 @@ class DatosComunes final : public services::Sesion {
   const std::thread::id hilo_ = std::this_thread::get_id();
   const services::Plataforma& plataforma_;
   services::Escritorio escritorio_;
+  ImprentaDeSesion imprenta_;
   services::Ref<services::IDatosClase> DatosClase_;
   Valores valores_;
   /// Why the writes of the event under way are gone, with a connection that another took the place

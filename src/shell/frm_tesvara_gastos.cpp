@@ -41,8 +41,7 @@ FrmTesvaraGastos::FrmTesvaraGastos(DatosComunes& datos)
       BotonAceptar(PicPagos, "BotonAceptar", "Grabar", EnBotonera(4)),
       BotonCancelar(PicPagos, "BotonCancelar", "Cancelar", EnBotonera(5)),
       BtnAutCaja(PicPagos, "BtnAutCaja", "", EnBotonera(3)),
-      ImgImpresora(PicPagos, "ImgImpresora", "impresora",
-                   Diseno{14500, 9000, 480, 480}.Inhabilitado()),
+      Impresion(PicPagos, {14500, 9000, 480, 480}, datos, Rejilla, Edicion, Rango, Campos.PicNuevo),
       caja_(datos.Escritorio(), datos, Campos, Entrada),
       Entrada(Campos, {*this, datos, Rejilla, Edicion, Lista, Borrado, caja_, *this}) {
   Barra1.Cerrar = [this] { Barra1_Cerrar(); };
@@ -86,6 +85,7 @@ void FrmTesvaraGastos::Form_Unload() {
   if (Modificado && datos_.Aviso().Preguntar("¿Desea guardar los cambios?")) BotonAceptar_Click();
   copia_.Vaciar();
   caja_.Descargar();
+  Impresion.Descargar();
 }
 
 void FrmTesvaraGastos::RangoCambiado(services::TextBox& campo) {

@@ -11,6 +11,7 @@
 #include "list/lista_pagos.h"
 #include "list/rango_fechas.h"
 #include "list/rejilla_pagos.h"
+#include "print/impresion.h"
 #include "store/copia_de_trabajo.h"
 
 namespace shell {
@@ -46,7 +47,7 @@ class FrmTesvaraGastos final : public services::Form,
   services::Pulsador BotonAceptar;
   services::Pulsador BotonCancelar;
   services::Pulsador BtnAutCaja;
-  services::Image ImgImpresora;
+  print::Impresion Impresion;
 
  private:
   cash::CajaDelPanel caja_;

@@ -45,26 +45,22 @@ TEST(Salida, UnAvisoDiceTextoFlagsTituloYRespuesta) {
 }
 
 TEST(Salida, LosTrazosDicenSuPaginaYSusCentimetros) {
-  using headless::Trazo;
-  Trazo texto;
-  texto.Pagina = 2;
-  texto.X1 = 1.256;
-  texto.Y1 = 3;
-  texto.Texto = "Página 1";
-  texto.Fuente = "Times New Roman";
-  texto.Puntos = 9.5;
-  texto.Negrita = true;
-  texto.Color = 255;
-  EXPECT_EQ(guion::LineaDeTrazo(texto),
+  using services::Trazo;
+  EXPECT_EQ(guion::LineaDeTrazo(2, {.X1 = 1.256,
+                                    .Y1 = 3,
+                                    .Texto = "Página 1",
+                                    .Letra = {"Times New Roman", 9.5, true},
+                                    .Color = 255}),
             "p2 texto 1.26 3.00 \"Página 1\" Times New Roman 9.5 1 255");
+  EXPECT_EQ(guion::LineaDeTrazo(1, {.Que = Trazo::Clase::Linea, .Y1 = -0.001, .X2 = 2, .Y2 = 3}),
+            "p1 linea 0.00 0.00 2.00 3.00 0");
   EXPECT_EQ(
-      guion::LineaDeTrazo({Trazo::Clase::Linea, 1, 0, -0.001, 2, 3, "", "", 0, false, 0, false}),
-      "p1 linea 0.00 0.00 2.00 3.00 0");
-  EXPECT_EQ(guion::LineaDeTrazo({Trazo::Clase::Caja, 1, 0, 1, 2, 3, "", "", 0, false, 7, true}),
-            "p1 caja 0.00 1.00 2.00 3.00 7 1");
-  EXPECT_EQ(guion::LineaDeTrazo(
-                {Trazo::Clase::Imagen, 1, 4, 5, 0, 0, "logo.bmp", "", 0, false, 0, false}),
-            "p1 imagen 4.00 5.00 \"logo.bmp\"");
+      guion::LineaDeTrazo(
+          1, {.Que = Trazo::Clase::Caja, .Y1 = 1, .X2 = 2, .Y2 = 3, .Color = 7, .Llena = true}),
+      "p1 caja 0.00 1.00 2.00 3.00 7 1");
+  EXPECT_EQ(
+      guion::LineaDeTrazo(1, {.Que = Trazo::Clase::Imagen, .X1 = 4, .Y1 = 5, .Texto = "logo.bmp"}),
+      "p1 imagen 4.00 5.00 \"logo.bmp\"");
 }
 
 TEST(Salida, UnErrorDiceSuNumeroConSigno) {

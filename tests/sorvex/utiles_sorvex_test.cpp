@@ -8,10 +8,10 @@
 #include <vector>
 
 #include "apoyo/errores.h"
+#include "apoyo/hoja_de_prueba.h"
 #include "apoyo/plataforma_de_prueba.h"
 #include "forms/controles.h"
 #include "services/datos/conexion_falsa.h"
-#include "services/destino_informe.h"
 
 namespace {
 
@@ -39,37 +39,6 @@ class ConexionDeBorrados final : public services::ObjetoContado<services::Conexi
 
  private:
   std::shared_ptr<TablaFalsa> tabla_;
-};
-
-/// A page on which every character is half a centimetre wide.
-class Hoja final : public services::DestinoInforme {
- public:
-  std::vector<std::string> impreso;
-
-  double ScaleWidth() const override { return 21; }
-  double ScaleHeight() const override { return 29.7; }
-  double CurrentX() const override { return x_; }
-  void CurrentX(double x) override { x_ = x; }
-  double CurrentY() const override { return 0; }
-  void CurrentY(double) override {}
-  double TextWidth(const std::string& texto) const override {
-    return 0.5 * static_cast<double>(texto.size());
-  }
-  double TextHeight(const std::string&) const override { return 1; }
-  void Fuente(const std::string&, double, bool) override {}
-  void ForeColor(int) override {}
-  void Print(const std::string& texto, bool terminaLinea) override {
-    impreso.push_back(std::to_string(x_).substr(0, 4) + " " + texto + (terminaLinea ? "|" : ""));
-  }
-  void Linea(double, double, double, double, int) override {}
-  void Caja(double, double, double, double, int, bool) override {}
-  void Imagen(const std::string&, double, double) override {}
-  void NewPage() override {}
-  void EndDoc() override {}
-  void Cls() override {}
-
- private:
-  double x_ = 0;
 };
 
 class UtilesTest : public testing::Test {
@@ -135,22 +104,30 @@ TEST_F(UtilesTest, FechaActualizadoOrdenaComoLosMomentos) {
 }
 
 TEST_F(UtilesTest, ImprimirAlineadoPoneElBordeIzquierdoEnX) {
-  Hoja hoja;
+  apoyo::HojaDePrueba hoja;
   utiles.ImprimirAlineado(hoja, 1.5, "Concepto", "I", false);
-  EXPECT_THAT(hoja.impreso, ElementsAre("1.50 Concepto"));
+  ASSERT_EQ(hoja.Trazos().size(), 1U);
+  EXPECT_EQ(hoja.Trazos()[0].Texto, "Concepto");
+  EXPECT_DOUBLE_EQ(hoja.Trazos()[0].X1, 1.5);
+  EXPECT_DOUBLE_EQ(hoja.CurrentY, 0);
 }
 
 TEST_F(UtilesTest, ImprimirAlineadoPoneElBordeDerechoEnX) {
-  Hoja hoja;
+  apoyo::HojaDePrueba hoja;
   utiles.ImprimirAlineado(hoja, 9, "1,50", "D", false);
-  EXPECT_THAT(hoja.impreso, ElementsAre("7.00 1,50"));
+  ASSERT_EQ(hoja.Trazos().size(), 1U);
+  EXPECT_DOUBLE_EQ(hoja.Trazos()[0].X1, 7);
+  EXPECT_DOUBLE_EQ(hoja.CurrentX, 9);
 }
 
 TEST_F(UtilesTest, ImprimirAlineadoTerminaLaLineaSiSePide) {
-  Hoja hoja;
+  apoyo::HojaDePrueba hoja;
   utiles.ImprimirAlineado(hoja, 3, "", "I", true);
+  EXPECT_TRUE(hoja.Trazos().empty());
   utiles.ImprimirAlineado(hoja, 3, "ab", "D", true);
-  EXPECT_THAT(hoja.impreso, ElementsAre("3.00 |", "2.00 ab|"));
+  EXPECT_DOUBLE_EQ(hoja.Trazos().at(0).Y1, 1);
+  EXPECT_DOUBLE_EQ(hoja.CurrentX, 0);
+  EXPECT_DOUBLE_EQ(hoja.CurrentY, 2);
 }
 
 TEST_F(UtilesTest, SoltarFormVaciaLaReferenciaYElFormSigueConSuDueno) {

@@ -13,6 +13,17 @@ namespace services {
 PictureBox::PictureBox(Sitio sitio, std::string nombre, const Diseno& diseno)
     : Widget(sitio, std::move(nombre), diseno) {}
 
+void PictureBox::PaintPicture(std::shared_ptr<const Lamina> imagen, int x, int y, int ancho,
+                              int alto) {
+  pintadas_.push_back({std::move(imagen), x, y, ancho, alto});
+  Mostrar(Aspecto::Picture);
+}
+
+void PictureBox::Cls() {
+  pintadas_.clear();
+  Mostrar(Aspecto::Picture);
+}
+
 TextBox::TextBox(Sitio sitio, std::string nombre, const Diseno& diseno)
     : Widget(sitio, std::move(nombre), diseno) {
   BackColor.PonerEnSilencio(color::Blanco);

@@ -1,9 +1,11 @@
 #pragma once
 
 #include <functional>
+#include <memory>
 #include <string>
 #include <vector>
 
+#include "forms/lamina.h"
 #include "forms/widget.h"
 
 // The widgets of the screens, one class a kind. What an assignment fires is told at each property;
@@ -11,13 +13,31 @@
 
 namespace services {
 
-/// A panel: a container of other widgets.
+/// A panel: a container of other widgets, on which pictures can be painted.
 class PictureBox : public Widget {
  public:
   PictureBox(Sitio sitio, std::string nombre, const Diseno& diseno = {});
 
+  /// A picture and its place on the panel, in twips.
+  struct Pintada {
+    std::shared_ptr<const Lamina> Imagen;
+    int X = 0;
+    int Y = 0;
+    int Ancho = 0;
+    int Alto = 0;
+  };
+  /// Paints a picture over what is there, stretched to that size.
+  void PaintPicture(std::shared_ptr<const Lamina> imagen, int x, int y, int ancho, int alto);
+  /// Takes everything painted away.
+  void Cls();
+  /// What is painted, in its order.
+  [[nodiscard]] const std::vector<Pintada>& Pintadas() const { return pintadas_; }
+
  protected:
   [[nodiscard]] bool TieneFondo() const override { return true; }
+
+ private:
+  std::vector<Pintada> pintadas_;
 };
 
 /// A line of text that the user edits.

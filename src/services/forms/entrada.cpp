@@ -174,6 +174,11 @@ void Tabular(Form& form, bool atras) {
   form.Escritorio().Evento([&] { TabularAhora(form, atras); });
 }
 
+void Acercar(Form& form, int pasos) {
+  if (!form.Escritorio().AlAlcance(form)) return;
+  form.Escritorio().Evento([&] { form.Form_Zoom(pasos); });
+}
+
 void Cancelar(Form& form) {
   if (!form.Escritorio().AlAlcance(form)) return;
   form.Escritorio().Evento([&] { pulsacion::Cancelar(form); });

@@ -85,6 +85,8 @@ void SoltarBarra(Cintilla& barra, const Raton& raton);
 /// or move the focus itself, and then the focus goes to the next widget in the designed order. When
 /// no widget has it, it goes on from where it was lost.
 void Tabular(Form& form, bool atras);
+/// The user wants to see what is in a screen larger by so many steps, or smaller.
+void Acercar(Form& form, int pasos);
 /// Escape in a screen of which no widget has the focus: clicks the button that cancels.
 void Cancelar(Form& form);
 

@@ -15,6 +15,12 @@
 
 namespace services {
 
+/// Shapes of the mouse pointer.
+namespace puntero {
+inline constexpr int Normal = 0;
+inline constexpr int Mover = 15;
+}  // namespace puntero
+
 /// A screen: the widgets that name it as their form, and its start and end. Loaded by its first
 /// `Show` or by `Load`, gone at `Unload`; a screen unloaded is not loaded again, another one is
 /// made in its place (`Instancia`).
@@ -30,6 +36,8 @@ class Form : public ObjetoContado<IForm>, public Dueno {
   Propiedad<int> Top{*this, Aspecto::Geometria};
   Propiedad<int> Width;
   Propiedad<int> Height;
+  /// The pointer's shape over it: one of `puntero`.
+  Propiedad<int> MousePointer{*this, Aspecto::Picture, puntero::Normal};
 
   /// Runs `Form_Load`, once. An error in it comes out, and the form then counts as unloaded. Throws
   /// 364 for a form that was unloaded before.
@@ -64,6 +72,8 @@ class Form : public ObjetoContado<IForm>, public Dueno {
 
   virtual void Form_Resize() {}
   virtual void Form_Paint() {}
+  /// The user wants to see it larger by so many steps, or smaller where that is negative.
+  virtual void Form_Zoom(int /*pasos*/) {}
 
   Rectangulo Geometria() noexcept override { return {Left, Top, Width, Height}; }
   std::int32_t WindowState() noexcept override { return 0; }

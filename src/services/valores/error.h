@@ -41,6 +41,8 @@ inline constexpr std::int32_t UsoDeNull = 94;
 inline constexpr std::int32_t ObjetoDescargado = 364;
 /// A cell that the grid doesn't have.
 inline constexpr std::int32_t CeldaNoValida = 381;
+/// A printer that fails, or that isn't there.
+inline constexpr std::int32_t ErrorDeImpresora = 482;
 /// A key that repeats or a value that doesn't fit its column.
 inline constexpr std::int32_t RepetidoONoCabe = Numero(0x80040E21);
 /// A statement that isn't understood, or is refused.

@@ -120,6 +120,17 @@ std::string_view Trim(std::string_view texto) {
   return texto.substr(desde, texto.find_last_not_of(' ') - desde + 1);
 }
 
+std::u32string Signos(std::string_view texto) {
+  constexpr char32_t kNinguno = 0xFFFD;
+  std::u32string signos;
+  signos.reserve(texto.size());
+  while (!texto.empty()) {
+    const Codigo codigo = Extraer(texto);
+    signos += codigo < kBytesSueltos ? static_cast<char32_t>(codigo) : kNinguno;
+  }
+  return signos;
+}
+
 std::string EnUnaLinea(std::string_view texto) {
   std::string linea(texto);
   for (char& signo : linea) {

@@ -21,6 +21,9 @@ namespace services {
 /// The text as a cell shows it: a blank in the place of each tab, line break or other control sign.
 [[nodiscard]] std::string EnUnaLinea(std::string_view texto);
 
+/// The characters of a text by their code points; U+FFFD for a byte that is no part of one.
+[[nodiscard]] std::u32string Signos(std::string_view texto);
+
 /// Order of two texts without regard to case, the Spanish way: letters first (ñ after n, an
 /// accented letter with its plain one), then accents; what is no letter by its code point.
 /// Negative, zero or positive. Texts that differ only in case compare equal; "a" and "á" don't.

@@ -118,11 +118,29 @@ TEST_F(UnEntorno, ElSelectorEscribeLoElegidoUnaSolaVez) {
 
 TEST_F(UnEntorno, ElUltimoInformeSustituyeAlAnterior) {
   EXPECT_EQ(entorno->UltimoInforme(), nullptr);
-  plataforma.AbrirImpresora("Una")->Print("viejo", true);
-  plataforma.AbrirImpresora("Una")->Print("nuevo", true);
+  const services::TrabajoDeImpresion trabajo{.Impresora = "Una"};
+  plataforma.AbrirImpresora(trabajo)->Print("viejo", true);
+  plataforma.AbrirImpresora(trabajo)->Print("nuevo", true);
   ASSERT_NE(entorno->UltimoInforme(), nullptr);
-  ASSERT_EQ(entorno->UltimoInforme()->size(), 1U);
-  EXPECT_EQ(entorno->UltimoInforme()->front().Texto, "nuevo");
+  ASSERT_EQ(entorno->UltimoInforme()->Trazos.size(), 1U);
+  EXPECT_EQ(entorno->UltimoInforme()->Trazos.front().Trazo.Texto, "nuevo");
+  EXPECT_EQ(entorno->UltimoTrabajo->Impresora, "Una");
+}
+
+TEST_F(UnEntorno, LasHojasDeLaVistaPreviaSonUnInforme) {
+  const auto primera = plataforma.CrearHoja(1);
+  primera->Print("una", true);
+  const auto segunda = plataforma.CrearHoja(2);
+  segunda->Print("otra", true);
+  segunda->Cls();
+  segunda->Print("y otra", true);
+  const auto& trazos = entorno->UltimoInforme()->Trazos;
+  ASSERT_EQ(trazos.size(), 2U);
+  EXPECT_EQ(trazos[0].Pagina, 1);
+  EXPECT_EQ(trazos[1].Pagina, 2);
+  EXPECT_EQ(trazos[1].Trazo.Texto, "y otra");
+  plataforma.CrearHoja(1);
+  EXPECT_TRUE(entorno->UltimoInforme()->Trazos.empty());
 }
 
 TEST_F(UnEntorno, ElRelojAndaHastaQueSePara) {
