@@ -23,8 +23,6 @@ struct Boton {
 constexpr int kBotones = 0x0F;
 constexpr int kIcono = 0x70;
 constexpr int kPregunta = 32;
-constexpr int kExclamacion = 48;
-constexpr int kInformacion = 64;
 
 std::vector<Boton> BotonesDe(int flags) {
   constexpr Boton kSi{"Sí", mensaje::Si, QMessageBox::YesRole};
@@ -38,6 +36,8 @@ std::vector<Boton> BotonesDe(int flags) {
       return {kSi, kNoSolo};
     case mensaje::SiNoCancelar:
       return {kSi, kNo, kCancelar};
+    case kAceptarCancelar:
+      return {kAceptar, kCancelar};
     default:
       return {kAceptar};
   }

@@ -5,6 +5,11 @@
 
 namespace qt {
 
+/// Besides those of `services::mensaje`: a box with "Aceptar" and "Cancelar", and icons.
+inline constexpr int kAceptarCancelar = 1;
+inline constexpr int kExclamacion = 48;
+inline constexpr int kInformacion = 64;
+
 /// The messages of the system. Buttons read in Spanish whatever the desktop's language, and answer
 /// to their first letter, to Enter and, where there is a way out, to Escape.
 class AvisoQt final : public services::Aviso {

@@ -2,14 +2,15 @@
 
 #include <QApplication>
 #include <QDateTime>
-#include <QPrinterInfo>
 #include <QScreen>
 #include <QThread>
 #include <iostream>
 #include <utility>
 
 #include "forms/form.h"
+#include "qt/avance_qt.h"
 #include "qt/aviso_qt.h"
+#include "qt/imprenta_qt.h"
 #include "qt/medidas.h"
 #include "qt/selector_conceptos_qt.h"
 #include "qt/textos_qt.h"
@@ -51,14 +52,23 @@ void MostrarEspera(bool ocupado) {
           : QGuiApplication::restoreOverrideCursor();
 }
 
-std::vector<std::string> Impresoras() {
-  ExigirVentanas();
-  std::vector<std::string> nombres;
-  for (const QString& nombre : QPrinterInfo::availablePrinterNames()) {
-    nombres.push_back(Utf8(nombre));
-  }
-  nombres.emplace_back(kGuardarComoPdf);
-  return nombres;
+void PonerImprenta(services::Plataforma& plataforma) {
+  plataforma.Printers = [] {
+    ExigirVentanas();
+    return Impresoras();
+  };
+  plataforma.AbrirImpresora = [](const services::TrabajoDeImpresion& trabajo) {
+    ExigirVentanas();
+    return AbrirImpresora(trabajo);
+  };
+  plataforma.CrearHoja = [](int pagina) {
+    ExigirVentanas();
+    return CrearHoja(pagina);
+  };
+  plataforma.CrearAvance = [](const std::string& titulo) {
+    ExigirVentanas();
+    return std::make_unique<AvanceQt>(titulo);
+  };
 }
 
 }  // namespace
@@ -94,7 +104,7 @@ services::Plataforma CrearPlataforma(Disenos disenos) {
   plataforma.Ocupado = &MostrarEspera;
   plataforma.Ahora = &Ahora;
   plataforma.Pantalla = &MedirPantalla;
-  plataforma.Printers = &Impresoras;
+  PonerImprenta(plataforma);
   return plataforma;
 }
 

@@ -1,0 +1,54 @@
+#include "qt/avance_qt.h"
+
+#include <QCoreApplication>
+#include <limits>
+
+#include "qt/colocacion.h"
+#include "qt/textos_qt.h"
+#include "valores/formato.h"
+
+namespace qt {
+namespace {
+
+constexpr qint64 kPaciencia = 500;  // ms
+constexpr qint64 kRitmo = 50;
+
+QString Cuenta(int numero) {
+  return Texto(services::Mascara(numero, services::mascara::Entero));
+}
+
+}  // namespace
+
+AvanceQt::AvanceQt(const std::string& titulo)
+    : titulo_(Texto(titulo)),
+      caja_(QString(), QStringLiteral("Cancelar"), 0, 0, VentanaDelUsuario()) {
+  caja_.setWindowTitle(titulo_);
+  caja_.setWindowModality(Qt::ApplicationModal);
+  // Shown by the clock alone: its own guess needs the event loop.
+  caja_.setMinimumDuration(std::numeric_limits<int>::max());
+  caja_.setAutoReset(false);
+  caja_.setAutoClose(false);
+  desdeElPrincipio_.start();
+  desdeLaUltima_.start();
+}
+
+bool AvanceQt::Seguir(int hechos, int total) {
+  if (!Toca()) return !caja_.wasCanceled();
+  caja_.setMaximum(total);
+  caja_.setLabelText(
+      QStringLiteral("%1: %2 de %3 líneas").arg(titulo_, Cuenta(hechos), Cuenta(total)));
+  // Shown, it lets the event loop run by itself.
+  caja_.setValue(hechos);
+  if (!caja_.isVisible()) caja_.show();
+  QCoreApplication::processEvents();
+  return !caja_.wasCanceled();
+}
+
+bool AvanceQt::Toca() {
+  if (caja_.wasCanceled() || desdeElPrincipio_.elapsed() < kPaciencia) return false;
+  if (caja_.isVisible() && desdeLaUltima_.elapsed() < kRitmo) return false;
+  desdeLaUltima_.start();
+  return true;
+}
+
+}  // namespace qt

@@ -1,0 +1,56 @@
+#include "qt/dialogo_guardar.h"
+
+#include <QCoreApplication>
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QLibraryInfo>
+#include <QLocale>
+#include <QTranslator>
+
+#include "qt/colocacion.h"
+
+namespace qt {
+namespace {
+
+/// The toolkit's own Spanish for what the dialog gives no way to label, such as its columns and
+/// hints, while it lives. Where it isn't installed those stay as the desktop has them.
+class EnEspanol {
+ public:
+  EnEspanol() {
+    const QString carpeta = QLibraryInfo::path(QLibraryInfo::TranslationsPath);
+    if (textos_.load(QStringLiteral("qtbase_es"), carpeta)) {
+      QCoreApplication::installTranslator(&textos_);
+    }
+  }
+  ~EnEspanol() { QCoreApplication::removeTranslator(&textos_); }
+  EnEspanol(const EnEspanol&) = delete;
+
+ private:
+  QTranslator textos_;
+};
+
+void Rotular(QFileDialog& dialogo) {
+  dialogo.setLabelText(QFileDialog::LookIn, QStringLiteral("Buscar en:"));
+  dialogo.setLabelText(QFileDialog::FileName, QStringLiteral("&Nombre:"));
+  dialogo.setLabelText(QFileDialog::FileType, QStringLiteral("Tipo:"));
+  dialogo.setLabelText(QFileDialog::Accept, QStringLiteral("&Guardar"));
+  dialogo.setLabelText(QFileDialog::Reject, QStringLiteral("Cancelar"));
+}
+
+}  // namespace
+
+QString PedirFicheroPdf(const QString& propuesto) {
+  const EnEspanol espanol;
+  const QFileInfo fichero(propuesto);
+  QFileDialog dialogo(VentanaDelUsuario(), QStringLiteral("Guardar como PDF"),
+                      fichero.absolutePath(), QStringLiteral("Documentos PDF (*.pdf)"));
+  dialogo.setOptions(QFileDialog::DontUseNativeDialog | QFileDialog::DontConfirmOverwrite);
+  dialogo.setAcceptMode(QFileDialog::AcceptSave);
+  dialogo.setLocale(QLocale(QLocale::Spanish, QLocale::Spain));
+  Rotular(dialogo);
+  dialogo.selectFile(fichero.fileName());
+  if (dialogo.exec() != QDialog::Accepted) return {};
+  return dialogo.selectedFiles().value(0);
+}
+
+}  // namespace qt

@@ -1,0 +1,60 @@
+#include "qt/estampa.h"
+
+#include <QDateTime>
+#include <QFileInfo>
+#include <QImageReader>
+#include <filesystem>
+#include <system_error>
+
+#include "qt/textos_qt.h"
+#include "valores/fichero.h"
+
+namespace qt {
+namespace {
+
+struct Leida {
+  QString Ruta;
+  QDateTime Momento;
+  qint64 Largo = -1;
+  Estampa Dibujo;
+};
+
+constexpr double kTwipsPorMetro = 1440 / 0.0254;
+constexpr double kSinResolucion = 96 / 0.0254;  // dots per metre
+
+/// The toolkit gives a picture that tells none the screen's resolution.
+double Resolucion(int puntosPorMetro, int delaPantalla) {
+  const bool dicha = puntosPorMetro > 0 && puntosPorMetro != delaPantalla;
+  return dicha ? puntosPorMetro : kSinResolucion;
+}
+
+Estampa Leer(const QString& ruta) {
+  QImageReader lector(ruta);
+  lector.setDecideFormatFromContent(true);
+  lector.setAutoTransform(true);
+  const QImage imagen = lector.read();
+  if (imagen.isNull()) return {};
+  const QImage cualquiera(1, 1, QImage::Format_RGB32);
+  const double x = Resolucion(imagen.dotsPerMeterX(), cualquiera.dotsPerMeterX());
+  const double y = Resolucion(imagen.dotsPerMeterY(), cualquiera.dotsPerMeterY());
+  return {imagen, {imagen.width() * kTwipsPorMetro / x, imagen.height() * kTwipsPorMetro / y}};
+}
+
+}  // namespace
+
+Estampa EstampaDe(const std::string& fichero) {
+  static Leida ultima;
+  std::error_code fallo;
+  const auto carpeta = std::filesystem::current_path(fallo);
+  const auto hallado = fallo ? std::nullopt : services::BuscarFichero(fichero, carpeta);
+  if (!hallado) return {};
+  const QFileInfo datos(Texto(hallado->string()));
+  const QString ruta = datos.absoluteFilePath();
+  if (ultima.Ruta != ruta || ultima.Momento != datos.lastModified() ||
+      ultima.Largo != datos.size()) {
+    ultima = {ruta, datos.lastModified(), datos.size(), Leer(ruta)};
+  }
+  return ultima.Dibujo;
+}
+
+}  // namespace qt

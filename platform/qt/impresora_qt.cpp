@@ -1,0 +1,86 @@
+#include "qt/impresora_qt.h"
+
+#include <QPageLayout>
+#include <utility>
+
+#include "qt/pintor_de_informe.h"
+#include "qt/prensa.h"
+#include "qt/servidor_de_impresion.h"
+#include "qt/textos_qt.h"
+#include "valores/error.h"
+
+namespace qt {
+namespace {
+
+constexpr int kTwipsPorPulgada = 1440;
+
+/// The toolkit's papers are whole points.
+constexpr double kHolgura = kTwipsPorPunto;
+
+}  // namespace
+
+QTransform Encajar(const QRectF& hoja, const QRectF& alcance) {
+  if (alcance.marginsAdded({kHolgura, kHolgura, kHolgura, kHolgura}).contains(hoja)) return {};
+  const double escala =
+      std::min({1.0, alcance.width() / hoja.width(), alcance.height() / hoja.height()});
+  QTransform encaje = QTransform::fromTranslate(alcance.center().x(), alcance.center().y());
+  encaje.scale(escala, escala);
+  return encaje.translate(-hoja.center().x(), -hoja.center().y());
+}
+
+ImpresoraQt::ImpresoraQt(const QString& nombre, const QString& titulo) : nombre_(nombre) {
+  impresora_.setPrinterName(nombre);
+  // For a name that isn't there it takes the default printer.
+  Exigir(impresora_.isValid() && impresora_.printerName() == nombre,
+         QStringLiteral("ya no está instalada"));
+  impresora_.setResolution(kTwipsPorPulgada);
+  impresora_.setFullPage(true);
+  impresora_.setPageSize(QPageSize(QPageSize::A4));
+  impresora_.setDocName(titulo);
+  Exigir(rollo_.Abrir(), rollo_.Motivo());
+}
+
+void ImpresoraQt::Entregar(const services::LaminaInforme& hoja) {
+  Exigir(rollo_.Guardar(hoja), rollo_.Motivo());
+}
+
+void ImpresoraQt::EndDoc() {
+  if (!std::exchange(abierta_, false)) return;
+  PasarHoja();
+  Exigir(rollo_.Rebobinar(), rollo_.Motivo());
+  Imprimir();
+}
+
+void ImpresoraQt::KillDoc() {
+  abierta_ = false;
+}
+
+/// The toolkit sends the work when the painting ends, and doesn't tell how that went.
+void ImpresoraQt::Imprimir() {
+  Prensa prensa;
+  Exigir(prensa.Empezar(impresora_, Encaje()), QStringLiteral("no admite trabajos"));
+  services::LaminaInforme hoja;
+  bool entera = true;
+  while (entera && rollo_.Quedan()) entera = rollo_.Sacar(hoja) && prensa.Pintar(hoja);
+  entera = prensa.Acabar() && entera;
+  const QString reparo = ReparoDelServidor();
+  const bool falla = impresora_.printerState() == QPrinter::Error ||
+                     impresora_.printerState() == QPrinter::Aborted;
+  Exigir(entera && !falla && reparo.isEmpty(), reparo);
+}
+
+QTransform ImpresoraQt::Encaje() const {
+  QPageLayout pagina = impresora_.pageLayout();
+  pagina.setUnits(QPageLayout::Point);
+  const QRectF papel(QPointF(), pagina.fullRectPixels(kTwipsPorPulgada).size());
+  return Encajar(HojaEnTwips(), papel.marginsRemoved(pagina.minimumMargins() * kTwipsPorPunto));
+}
+
+void ImpresoraQt::Exigir(bool bien, const QString& motivo) const {
+  if (bien) return;
+  QString texto = QStringLiteral("No se ha podido imprimir en «%1»").arg(nombre_);
+  if (!motivo.isEmpty()) texto += QStringLiteral(": ") + motivo;
+  throw services::ErrorEjecucion(services::error::ErrorDeImpresora, Utf8(texto));
+}
+
+}  // namespace qt

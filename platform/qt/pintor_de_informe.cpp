@@ -1,0 +1,102 @@
+#include "qt/pintor_de_informe.h"
+
+#include <QPainter>
+
+#include "qt/estampa.h"
+#include "qt/letra_de_informe.h"
+#include "qt/textos_qt.h"
+#include "valores/texto.h"
+
+namespace qt {
+namespace {
+
+using services::Trazo;
+
+/// As wide on every target: a hair on paper, a pixel or less on the screen.
+constexpr double kGrosor = 0.02 * kTwipsPorCentimetro;
+
+constexpr QRgb kGrisDePapel = 0xFFE6E6E6;
+
+/// A negative colour is one of the desktop's, which paper doesn't have.
+QColor ColorDe(const Trazo& trazo) {
+  const int color = trazo.Color;
+  if (color < 0) return trazo.Llena ? QColor(kGrisDePapel) : QColor(Qt::black);
+  return QColor(color & 0xFF, color >> 8 & 0xFF, color >> 16 & 0xFF);
+}
+
+double Twips(double centimetros) {
+  return centimetros * kTwipsPorCentimetro;
+}
+
+QPointF Origen(const Trazo& trazo) {
+  return {Twips(trazo.X1), Twips(trazo.Y1)};
+}
+
+QPointF Final(const Trazo& trazo) {
+  return {Twips(trazo.X2), Twips(trazo.Y2)};
+}
+
+void PonerPluma(QPainter& pintor, const QColor& color) {
+  pintor.setBrush(Qt::NoBrush);
+  pintor.setPen(QPen(color, kGrosor, Qt::SolidLine, Qt::SquareCap, Qt::MiterJoin));
+}
+
+void PintarTexto(QPainter& pintor, const Trazo& trazo) {
+  const std::string linea = services::EnUnaLinea(trazo.Texto);
+  const MedidasQt& medidas = MedidasDeInforme();
+  const QPointF origen = Origen(trazo);
+  if (trazo.Opaco) {
+    const QSizeF hueco(Twips(medidas.Ancho(trazo.Letra, linea)), Twips(medidas.Alto(trazo.Letra)));
+    pintor.fillRect(QRectF(origen, hueco), Qt::white);
+  }
+  const QFont fuente = FuenteDeInforme(trazo.Letra);
+  if (pintor.font() != fuente) pintor.setFont(fuente);
+  pintor.setPen(ColorDe(trazo));
+  pintor.drawText(origen + QPointF(0, Twips(medidas.Ascenso(trazo.Letra))), Texto(linea));
+}
+
+void PintarCaja(QPainter& pintor, const Trazo& trazo) {
+  const QRectF caja = QRectF(Origen(trazo), Final(trazo)).normalized();
+  if (trazo.Llena) return pintor.fillRect(caja, ColorDe(trazo));
+  PonerPluma(pintor, ColorDe(trazo));
+  pintor.drawRect(caja);
+}
+
+void PintarLinea(QPainter& pintor, const Trazo& trazo) {
+  PonerPluma(pintor, ColorDe(trazo));
+  pintor.drawLine(Origen(trazo), Final(trazo));
+}
+
+void PintarImagen(QPainter& pintor, const Trazo& trazo) {
+  const Estampa estampa = EstampaDe(trazo.Texto);
+  if (estampa.Imagen.isNull()) return;
+  pintor.drawImage(QRectF(Origen(trazo), estampa.Twips), estampa.Imagen);
+}
+
+}  // namespace
+
+QRectF HojaEnTwips() {
+  return {0, 0, Twips(services::DestinoInforme::kAncho), Twips(services::DestinoInforme::kAlto)};
+}
+
+void Pintar(QPainter& pintor, const Trazo& trazo) {
+  constexpr auto kNitido =
+      QPainter::Antialiasing | QPainter::TextAntialiasing | QPainter::SmoothPixmapTransform;
+  if ((pintor.renderHints() & kNitido) != kNitido) pintor.setRenderHints(kNitido);
+  switch (trazo.Que) {
+    case Trazo::Clase::Texto:
+      return PintarTexto(pintor, trazo);
+    case Trazo::Clase::Linea:
+      return PintarLinea(pintor, trazo);
+    case Trazo::Clase::Caja:
+      return PintarCaja(pintor, trazo);
+    case Trazo::Clase::Imagen:
+      return PintarImagen(pintor, trazo);
+  }
+}
+
+void Pintar(QPainter& pintor, const services::LaminaInforme& lamina) {
+  for (const Trazo& trazo : lamina.Trazos) Pintar(pintor, trazo);
+}
+
+}  // namespace qt

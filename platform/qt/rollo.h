@@ -1,0 +1,29 @@
+#pragma once
+
+#include <QDataStream>
+#include <QTemporaryFile>
+
+#include "services/destino_informe.h"
+
+namespace qt {
+
+/// Sheets kept in a file without a name until they are wanted, so that they take no memory. Each
+/// step tells whether it went well.
+class Rollo {
+ public:
+  [[nodiscard]] bool Abrir();
+  [[nodiscard]] bool Guardar(const services::LaminaInforme& hoja);
+  /// Back to the first sheet: what comes next is reading.
+  [[nodiscard]] bool Rebobinar();
+  /// Ready for the next sheet, until the last one.
+  [[nodiscard]] bool Quedan() const { return !fichero_.atEnd(); }
+  [[nodiscard]] bool Sacar(services::LaminaInforme& hoja);
+  /// Why a step failed.
+  [[nodiscard]] QString Motivo() const { return fichero_.errorString(); }
+
+ private:
+  QTemporaryFile fichero_;
+  QDataStream datos_;
+};
+
+}  // namespace qt
