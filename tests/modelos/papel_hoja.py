@@ -25,7 +25,7 @@ def renglon(antes, medidas, despues):
 
 def _redondeos(medida):
     exacto = f"{medida:.2f}"
-    return [exacto, *({f"{medida + EMPATE:.2f}", f"{medida - EMPATE:.2f}"} - {exacto})]
+    return [exacto, *({f"{medida + EMPATE:.2f}", f"{medida - EMPATE:.2f}"} - {exacto, "-0.00"})]
 
 
 class Hoja:
@@ -56,7 +56,7 @@ class Hoja:
     def escribir(self, texto="", acaba=True):
         """At the current point. An empty text draws nothing."""
         if texto != "":
-            escapado = texto.replace("\\", "\\\\").replace('"', '\\"')
+            escapado = texto.replace("\\", "\\\\").replace('"', '\\"').replace("\n", "\\n")
             self._anotar("texto", (self.x, self.y),
                          f'"{escapado}" {LETRA} {self.puntos} {int(self.negrita)} {self.color}')
         self.x += self.ancho(texto)

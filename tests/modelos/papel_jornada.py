@@ -4,7 +4,9 @@ import re
 
 from alta_jornada import JornadaConPanel
 from caja_miradas import en_comillas
+from fechas import DESDE, HASTA
 from papel_pantalla import PantallaDePapel
+from valores import a_guardada
 
 MIRADOS_EN_PAPEL = {
     "Img": ["Tag", "Visible"], "LblImpre": ["Caption", "Visible"], "Boton1": ["Caption", "Enabled"],
@@ -19,6 +21,10 @@ def que_se_mira_en_papel(nombre):
     """The properties that count of a widget of chooser or preview, None of what is none."""
     hecho = re.fullmatch(r"(?:frmBuscoImpresora|frmListados)\.(\w+?)(\(\d+\))?", nombre)
     return hecho and MIRADOS_EN_PAPEL.get(hecho[1])
+
+
+def fecha_a_medias(pantalla):
+    return pantalla.foco in (DESDE, HASTA) and a_guardada(pantalla.texto[pantalla.foco]) == ""
 
 
 class JornadaDePapel(JornadaConPanel):
@@ -104,10 +110,17 @@ class JornadaDePapel(JornadaConPanel):
         for _ in range(2):
             if self.pantalla.modal:
                 self.paso_barra_otra()
+        if fecha_a_medias(self.pantalla):
+            campo = self.pantalla.foco
+            self.paso_fecha(campo, "31/12/2029" if campo == HASTA else "01/01/2004", "no")
         self.paso_informe()
         super().paso_fin()
 
     # Looks.
+
+    def paso_foco(self):
+        if self.pantalla.modal is None and self.pantalla.foco in (DESDE, HASTA):
+            self.decir("foco?", [self.pantalla.foco])
 
     def paso_informe(self):
         self.decir("informe")

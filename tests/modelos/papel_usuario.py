@@ -1,11 +1,13 @@
 """The random user who prints."""
 
+from fechas import DESDE, HASTA
 from listados import PORCENTAJES
+from papel_jornada import fecha_a_medias
 from papel_negocio import DE_PANTALLA, IMPRESORAS, PAGINAS, InventorDePapel
 from usuario import Usuario
 
 DETRAS = ["pulsar ImgImpresora", "celda MSFPagos 1 5", "celda MSFPagos 2 1", "pulsar BotonBorrar", "pulsar OptConcepto",
-          "barra FrmTesvaraGastos", "pulsar BotonNuevo", "pulsar ChkPagados", "doble MSFPagos 1 4", "pulsar BotonAceptar"]
+          "barra FrmTesvaraGastos", "foco TxtFPrevisionD", "foco OptConcepto", "pulsar BotonNuevo", "pulsar ChkPagados", "doble MSFPagos 1 4", "pulsar BotonAceptar"]
 
 
 class UsuarioDePapel(Usuario):
@@ -24,14 +26,25 @@ class UsuarioDePapel(Usuario):
             return suyo() if azar.randrange(12) else self.del_anfitrion()
         if pantalla.panel_visible:
             return azar.choice([("imprimir",), ("otras",), ("apretar", "BtnCancelar"), ("apretar", "BtnCancelar")])
+        if fecha_a_medias(pantalla) and azar.randrange(3) == 0:
+            return self.fecha_entera(pantalla.foco)
         suerte = azar.randrange(100)
-        if suerte < 30:
+        if suerte < 30 or fecha_a_medias(pantalla):
             return ("imprimir",)
         if suerte < 34:
             return ("apretar", azar.choice(["BotonNuevo", "BotonModificar"]))
         if suerte < 37:
             return self.del_anfitrion()
         return super().paso()
+
+    def fecha(self):
+        """Some are left in the middle, and the list is printed so."""
+        if self.azar.randrange(4):
+            return super().fecha()
+        return ("fecha", self.azar.choice([DESDE, HASTA]), self.azar.choice(["", "1", "12/0", "15/03/20"]), "no")
+
+    def fecha_entera(self, campo):
+        return ("fecha", campo, "31/12/2029" if campo == HASTA else "01/01/2004", self.respuesta())
 
     def del_anfitrion(self):
         azar = self.azar
@@ -61,7 +74,8 @@ class UsuarioDePapel(Usuario):
         return ("barra_otra",)
 
     def en_el_editor(self):
-        return ("imprimir",) if self.azar.randrange(5) == 0 else super().en_el_editor()
+        veces = 2 if "-" in self.jornada.pantalla.editor else 5
+        return ("imprimir",) if self.azar.randrange(veces) == 0 else super().en_el_editor()
 
     def miradas(self):
         azar, jornada = self.azar, self.jornada
@@ -71,5 +85,6 @@ class UsuarioDePapel(Usuario):
             yield ("informe",)
             yield ("rejilla",)
             yield ("colores", len(jornada.pantalla.rejilla.celdas) - 1)
+        yield ("foco",)
         if jornada.pantalla.modal and azar.randrange(3) or azar.randrange(15) == 0:
             yield ("otras",)
