@@ -6,7 +6,7 @@ from dataclasses import dataclass, fields
 from negocio import Inventor, Negocio
 
 PANTALLAS = [(15360, 11520), (12800, 9600), (19200, 14400), (24000, 15360), (15360, 8640), (19200, 10800),
-             (20480, 11520), (16390, 12287), (13660, 7680), (38400, 21600), (9600, 7200), (7001, 5003)]
+             (20480, 11520), (19200, 17280), (13660, 7680), (38400, 21600), (9600, 7200)]
 IMPRESORAS = ["HP LaserJet", "HP LaserJet", "Epson ñ", "Guardar como PDF", "Pantalla", "pantalla", "Null Impresora",
               "\\\\servidor\\cola 2", 'La "buena"', "Matricial de la oficina de administración, segunda planta", ""]
 PAGINAS = ["Página", "Página", "Página", "Page", "Pàgina nº", "Hoja «Ü»", 'P"g\\', "", "Страница", "—"]
@@ -38,7 +38,9 @@ class InventorDePapel(Inventor):
         else:
             self._alargar(azar.choice([0, 0, 10, 30, 45, 60, 100, 150]))
         referencia = azar.choice(PANTALLAS[:3]) if self.uno_de(3) else PANTALLAS[0]
-        fisica = azar.choice(PANTALLAS) if self.uno_de(2) else referencia
+        # On low ones the bar tells the gap between two pages.
+        cualquiera = azar.randrange(5000, 40000), int(1300 * 20 ** azar.random())
+        fisica = azar.choice([referencia, referencia, referencia, azar.choice(PANTALLAS), cualquiera, cualquiera])
         self.obra.pantalla_fisica, self.obra.referencia = fisica, referencia
         self.obra.reposo = 22 if fisica[0] == referencia[0] else 16
         self.obra.impresoras = tuple(azar.sample(IMPRESORAS, azar.choice([0, 1, 2, 3, 4, 5, 6, 9])))
