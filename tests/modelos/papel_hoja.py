@@ -2,7 +2,7 @@
 
 from itertools import product
 
-from papel_letra import alto, ancho
+from papel_letra import sin_control, alto, ancho
 
 LETRA = "Bookman Old Style"
 ANCHO, ALTO = 21.0, 29.7
@@ -56,7 +56,7 @@ class Hoja:
     def escribir(self, texto="", acaba=True):
         """At the current point. An empty text draws nothing."""
         if texto != "":
-            escapado = texto.replace("\\", "\\\\").replace('"', '\\"').replace("\n", "\\n")
+            escapado = sin_control(texto).replace("\\", "\\\\").replace('"', '\\"')
             self._anotar("texto", (self.x, self.y),
                          f'"{escapado}" {LETRA} {self.puntos} {int(self.negrita)} {self.color}')
         self.x += self.ancho(texto)

@@ -1,7 +1,6 @@
 """Measures of the report's letters, in centimetres."""
 
 from pathlib import Path
-from unicodedata import category
 
 MEDIDAS = Path(__file__).resolve().parent.parent / "vectores" / "medidas_de_letra.tsv"
 ALTOS = 1324, 1399  # thousandths of the size of the letter, normal and bold
@@ -18,7 +17,7 @@ ANCHOS = _leer()
 
 def sin_control(texto):
     """What is drawn: a blank for each control character."""
-    return "".join(" " if category(letra) == "Cc" else letra for letra in texto)
+    return "".join(" " if letra < " " or letra == "\x7f" else letra for letra in texto)
 
 
 def ancho(texto, puntos, negrita):
