@@ -37,17 +37,17 @@ ImpresoraQt::ImpresoraQt(const QString& nombre, const QString& titulo) : nombre_
   impresora_.setFullPage(true);
   impresora_.setPageSize(QPageSize(QPageSize::A4));
   impresora_.setDocName(titulo);
-  Exigir(rollo_.Abrir(), rollo_.Motivo());
+  ExigirRollo(rollo_.Abrir());
 }
 
 void ImpresoraQt::Entregar(const services::LaminaInforme& hoja) {
-  Exigir(rollo_.Guardar(hoja), rollo_.Motivo());
+  ExigirRollo(rollo_.Guardar(hoja));
 }
 
 void ImpresoraQt::EndDoc() {
   if (!std::exchange(abierta_, false)) return;
   PasarHoja();
-  Exigir(rollo_.Rebobinar(), rollo_.Motivo());
+  ExigirRollo(rollo_.Rebobinar());
   Imprimir();
 }
 
@@ -74,6 +74,10 @@ QTransform ImpresoraQt::Encaje() const {
   pagina.setUnits(QPageLayout::Point);
   const QRectF papel(QPointF(), pagina.fullRectPixels(kTwipsPorPulgada).size());
   return Encajar(HojaEnTwips(), papel.marginsRemoved(pagina.minimumMargins() * kTwipsPorPunto));
+}
+
+void ImpresoraQt::ExigirRollo(bool bien) {
+  if (!bien) Exigir(false, rollo_.Motivo());
 }
 
 void ImpresoraQt::Exigir(bool bien, const QString& motivo) const {
