@@ -77,6 +77,8 @@ void MarcarLetras(QPDF& pdf) {
 void AcabarPdf(QFileDevice& borrador, QIODevice& destino) {
   QPDF pdf;
   pdf.setSuppressWarnings(true);
+  // What lacks a piece isn't to be patched up without a word.
+  pdf.setAttemptRecovery(false);
   pdf.processFile("borrador", Abrir(borrador), true);
   QPDFObjectHandle raiz = pdf.getRoot();
   raiz.replaceKey("/Lang", QPDFObjectHandle::newUnicodeString("es-ES"));

@@ -173,6 +173,19 @@ TEST_F(FallosDelPdf, LoQueNoCabeAlAcabarLoSeDice) {
   }
 }
 
+TEST_F(FallosDelPdf, UnBorradorAlQueLeFaltaUnTrozoNoSeDaPorBueno) {
+  qt::InformePdf(Ruta("entero.pdf"), "Prueba").EndDoc();
+  QFile entero(Ruta("entero.pdf"));
+  ASSERT_TRUE(entero.open(QIODevice::ReadOnly));
+  QByteArray datos = entero.readAll();
+  QFile roto(Ruta("roto.pdf"));
+  ASSERT_TRUE(roto.open(QIODevice::ReadWrite));
+  roto.write(datos.remove(datos.size() / 2, 100));
+  QBuffer destino;
+  destino.open(QIODevice::WriteOnly);
+  EXPECT_THROW(qt::AcabarPdf(roto, destino), std::exception);
+}
+
 /// By the report itself: the message goes up, and the screen goes on.
 TEST_F(FallosDelPdf, ElInformeDiceElFalloYLaPantallaSigue) {
   Recibos(40);
