@@ -1,6 +1,7 @@
 #include "qt/impresora_qt.h"
 
 #include <QPageLayout>
+#include <QPrinterInfo>
 #include <utility>
 
 #include "qt/pintor_de_informe.h"
@@ -66,7 +67,11 @@ void ImpresoraQt::Imprimir() {
   const QString reparo = ReparoDelServidor();
   const bool falla = impresora_.printerState() == QPrinter::Error ||
                      impresora_.printerState() == QPrinter::Aborted;
-  Exigir(entera && !falla && reparo.isEmpty(), reparo);
+  if (entera && !falla && reparo.isEmpty()) return;
+  // What the server says of one that it doesn't have means nothing to a user.
+  Exigir(QPrinterInfo::availablePrinterNames().contains(nombre_),
+         QStringLiteral("ya no está instalada, o el servidor de impresión no responde"));
+  Exigir(false, reparo);
 }
 
 QTransform ImpresoraQt::Encaje() const {

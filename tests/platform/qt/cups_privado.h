@@ -16,9 +16,8 @@
 
 namespace pruebas {
 
-/// A print server of its own, in a folder of its own, listening to a socket there alone. What is
-/// printed on it is kept as a file. A process has one: the library that talks to it keeps its
-/// address.
+/// A print server of its own, in a folder of its own, listening to nothing but the socket that the
+/// program's environment names. What is printed on it is kept as a file.
 class CupsPrivado {
  public:
   CupsPrivado() {
@@ -32,17 +31,13 @@ class CupsPrivado {
     Escribir("etc/cupsd.conf", Servidor());
     Escribir("bin/backend/papel", Aparato());
     QFile::setPermissions(Ruta("bin/backend/papel"), QFile::ReadOwner | QFile::ExeOwner);
-    antes_ = qgetenv("CUPS_SERVER");
-    qputenv("CUPS_SERVER", Ruta("run/s").toUtf8());
     proceso_.setStandardOutputFile(QProcess::nullDevice());
     proceso_.setStandardErrorFile(Ruta("salida"));
     preparado_ = true;
   }
   ~CupsPrivado() {
     Parar();
-    if (!preparado_) return;
-    if (antes_.isNull()) qunsetenv("CUPS_SERVER");
-    if (!antes_.isNull()) qputenv("CUPS_SERVER", antes_);
+    QFile::remove(direccion_);
   }
   CupsPrivado(const CupsPrivado&) = delete;
 
@@ -50,16 +45,15 @@ class CupsPrivado {
   [[nodiscard]] bool Empezar() {
     Parar();
     if (!preparado_) return false;
-    for (const char* resto : {"run/s", "etc/printers.conf", "etc/lpoptions"}) {
-      QFile::remove(Ruta(resto));
-    }
+    QFile::remove(direccion_);
+    QFile::remove(Ruta("etc/printers.conf"));
     for (const char* resto : {"papel", "spool", "cache"}) {
       std::filesystem::remove_all(carpeta_.Ruta() / resto);
       std::filesystem::create_directory(carpeta_.Ruta() / resto);
     }
     proceso_.start(Programa("cupsd"),
                    {"-f", "-c", Ruta("etc/cupsd.conf"), "-s", Ruta("etc/cups-files.conf")});
-    return Esperar([this] { return QFile::exists(Ruta("run/s")); });
+    return Esperar([this] { return QFile::exists(direccion_); });
   }
   void Parar() {
     if (proceso_.state() == QProcess::NotRunning) return;
@@ -123,7 +117,7 @@ class CupsPrivado {
            (::geteuid() == 0 ? "SystemGroup root\n" : QByteArray());
   }
   [[nodiscard]] QByteArray Servidor() const {
-    return "Listen " + Ruta("run/s").toUtf8() +
+    return "Listen " + direccion_.toUtf8() +
            "\nBrowsing Off\nDefaultAuthType None\n"
            "<Location />\nOrder allow,deny\nAllow all\n</Location>\n"
            "<Policy default>\n<Limit All>\nOrder allow,deny\nAllow all\n</Limit>\n</Policy>\n";
@@ -136,8 +130,8 @@ class CupsPrivado {
   }
 
   guion::CarpetaTemporal carpeta_{false};
+  const QString direccion_ = qEnvironmentVariable("CUPS_SERVER");
   QProcess proceso_;
-  QByteArray antes_;
   bool preparado_ = false;
 };
 

@@ -88,7 +88,8 @@ TEST_F(Impresora, LaQueSeQuitaMientrasSeImprimeSeDice) {
     ADD_FAILURE();
   } catch (const services::ErrorEjecucion& fallo) {
     EXPECT_EQ(fallo.Numero(), services::error::ErrorDeImpresora);
-    EXPECT_THAT(fallo.Descripcion(), HasSubstr("No se ha podido imprimir en «Laser»: "));
+    EXPECT_THAT(fallo.Descripcion(),
+                HasSubstr("No se ha podido imprimir en «Laser»: ya no está instalada, o "));
   }
 }
 
@@ -100,7 +101,7 @@ TEST_F(Impresora, UnServidorQueSeParaMientrasSeImprimeSeDice) {
     informe.EndDoc();
     ADD_FAILURE();
   } catch (const services::ErrorEjecucion& fallo) {
-    EXPECT_THAT(fallo.Descripcion(), HasSubstr("No se ha podido imprimir en «Laser»"));
+    EXPECT_THAT(fallo.Descripcion(), HasSubstr("o el servidor de impresión no responde"));
   }
 }
 
