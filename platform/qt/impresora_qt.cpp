@@ -1,6 +1,7 @@
 #include "qt/impresora_qt.h"
 
 #include <QPageLayout>
+#include <QPrinterInfo>
 #include <utility>
 
 #include "qt/pintor_de_informe.h"
@@ -37,17 +38,17 @@ ImpresoraQt::ImpresoraQt(const QString& nombre, const QString& titulo) : nombre_
   impresora_.setFullPage(true);
   impresora_.setPageSize(QPageSize(QPageSize::A4));
   impresora_.setDocName(titulo);
-  Exigir(rollo_.Abrir(), rollo_.Motivo());
+  ExigirRollo(rollo_.Abrir());
 }
 
 void ImpresoraQt::Entregar(const services::LaminaInforme& hoja) {
-  Exigir(rollo_.Guardar(hoja), rollo_.Motivo());
+  ExigirRollo(rollo_.Guardar(hoja));
 }
 
 void ImpresoraQt::EndDoc() {
   if (!std::exchange(abierta_, false)) return;
   PasarHoja();
-  Exigir(rollo_.Rebobinar(), rollo_.Motivo());
+  ExigirRollo(rollo_.Rebobinar());
   Imprimir();
 }
 
@@ -66,7 +67,11 @@ void ImpresoraQt::Imprimir() {
   const QString reparo = ReparoDelServidor();
   const bool falla = impresora_.printerState() == QPrinter::Error ||
                      impresora_.printerState() == QPrinter::Aborted;
-  Exigir(entera && !falla && reparo.isEmpty(), reparo);
+  if (entera && !falla && reparo.isEmpty()) return;
+  // What the server says of one that it doesn't have means nothing to a user.
+  Exigir(QPrinterInfo::availablePrinterNames().contains(nombre_),
+         QStringLiteral("ya no está instalada, o el servidor de impresión no responde"));
+  Exigir(false, reparo);
 }
 
 QTransform ImpresoraQt::Encaje() const {
@@ -74,6 +79,10 @@ QTransform ImpresoraQt::Encaje() const {
   pagina.setUnits(QPageLayout::Point);
   const QRectF papel(QPointF(), pagina.fullRectPixels(kTwipsPorPulgada).size());
   return Encajar(HojaEnTwips(), papel.marginsRemoved(pagina.minimumMargins() * kTwipsPorPunto));
+}
+
+void ImpresoraQt::ExigirRollo(bool bien) {
+  if (!bien) Exigir(false, rollo_.Motivo());
 }
 
 void ImpresoraQt::Exigir(bool bien, const QString& motivo) const {

@@ -4,6 +4,7 @@
 #include <QFileInfo>
 #include <exception>
 
+#include "qt/motivo_de_fichero.h"
 #include "qt/pdf_acabado.h"
 #include "qt/textos_qt.h"
 #include "valores/error.h"
@@ -65,6 +66,7 @@ void InformePdf::EndDoc() {
   try {
     AcabarPdf(borrador_, *destino_);
   } catch (const std::exception& fallo) {
+    Exigir(destino_->error() == QFileDevice::NoError, *destino_);
     Fallar(QString::fromLocal8Bit(fallo.what()));
   }
   Exigir(destino_->commit(), *destino_);
@@ -84,9 +86,8 @@ void InformePdf::Cerrar() {
   borrador_.remove();
 }
 
-void InformePdf::Exigir(bool bien, const QFileDevice& fichero) const {
-  if (bien) return;
-  Fallar(fichero.error() == QFileDevice::NoError ? QString() : fichero.errorString());
+void InformePdf::Exigir(bool bien, QFileDevice& fichero) const {
+  if (!bien) Fallar(MotivoDe(fichero));
 }
 
 void InformePdf::Fallar(const QString& motivo) const {

@@ -27,7 +27,7 @@ class InformePdf final : public PapelQt {
  private:
   void AbrirDestino();
   void Cerrar();
-  void Exigir(bool bien, const QFileDevice& fichero) const;
+  void Exigir(bool bien, QFileDevice& fichero) const;
   [[noreturn]] void Fallar(const QString& motivo) const;
 
   QString fichero_;

@@ -1,10 +1,12 @@
 #include "qt/letra_de_informe.h"
 
 #include <QFontMetricsF>
+#include <array>
 #include <cmath>
 #include <map>
 
 #include "qt/textos_qt.h"
+#include "valores/texto.h"
 
 namespace qt {
 namespace {
@@ -34,8 +36,43 @@ const QFont& Fuente(int pixeles, bool negrita) {
   return fuentes.emplace(clave, Hacer(pixeles, negrita)).first->second;
 }
 
-QFontMetricsF Metrica(const services::Letra& letra) {
-  return QFontMetricsF(Fuente(kCuadratin, letra.Negrita));
+/// What is asked of a weight for every text of a report, in thousandths of the size of its letters.
+struct Medidas {
+  double Alto = 0;
+  double Ascenso = 0;
+  /// The letters up to the first sign that goes over another; negative until they are asked for.
+  std::array<double, 0x300> Anchos{};
+};
+
+Medidas Medir(bool negrita) {
+  const QFontMetricsF metrica(Fuente(kCuadratin, negrita));
+  Medidas medidas{.Alto = metrica.height(), .Ascenso = metrica.ascent()};
+  medidas.Anchos.fill(-1);
+  return medidas;
+}
+
+Medidas& MedidasDe(const services::Letra& letra) {
+  static Medidas normal = Medir(false);
+  static Medidas negrita = Medir(true);
+  return letra.Negrita ? negrita : normal;
+}
+
+double MedirTexto(const services::Letra& letra, const QString& texto) {
+  return QFontMetricsF(Fuente(kCuadratin, letra.Negrita)).horizontalAdvance(texto);
+}
+
+/// A text is as wide, as it is drawn, as its letters one by one, which are measured once: each
+/// measure takes the toolkit as long as drawing a line.
+double Unidades(const services::Letra& letra, std::string_view texto) {
+  auto& anchos = MedidasDe(letra).Anchos;
+  double suma = 0;
+  for (const char32_t signo : services::Signos(services::EnUnaLinea(texto))) {
+    if (signo >= anchos.size()) return MedirTexto(letra, Texto(services::EnUnaLinea(texto)));
+    double& ancho = anchos[signo];
+    if (ancho < 0) ancho = MedirTexto(letra, QChar(static_cast<char16_t>(signo)));
+    suma += ancho;
+  }
+  return suma;
 }
 
 double Centimetros(const services::Letra& letra, double unidades) {
@@ -50,15 +87,15 @@ QFont FuenteDeInforme(const services::Letra& letra) {
 }
 
 double MedidasQt::Ancho(const services::Letra& letra, std::string_view texto) const {
-  return Centimetros(letra, Metrica(letra).horizontalAdvance(Texto(texto)));
+  return Centimetros(letra, Unidades(letra, texto));
 }
 
 double MedidasQt::Alto(const services::Letra& letra) const {
-  return Centimetros(letra, Metrica(letra).height());
+  return Centimetros(letra, MedidasDe(letra).Alto);
 }
 
 double MedidasQt::Ascenso(const services::Letra& letra) const {
-  return Centimetros(letra, Metrica(letra).ascent());
+  return Centimetros(letra, MedidasDe(letra).Ascenso);
 }
 
 const MedidasQt& MedidasDeInforme() {

@@ -4,6 +4,7 @@
 
 #include <QFileDevice>
 #include <cstdio>
+#include <map>
 #include <qpdf/Pipeline.hh>
 #include <qpdf/QPDF.hh>
 #include <qpdf/QPDFWriter.hh>
@@ -40,15 +41,49 @@ FILE* Abrir(QFileDevice& fichero) {
   throw fallo;
 }
 
+/// A font of which only the letters in use are there is told by six capitals before its name, the
+/// same wherever that stands.
+class Subconjuntos {
+ public:
+  void Marcar(QPDFObjectHandle objeto, const std::string& clave) {
+    QPDFObjectHandle nombre = objeto.getKey(clave);
+    if (nombre.isName()) objeto.replaceKey(clave, QPDFObjectHandle::newName(De(nombre.getName())));
+  }
+
+ private:
+  const std::string& De(const std::string& nombre) {
+    const auto [donde, nueva] = marcados_.try_emplace(nombre);
+    if (nueva) {
+      std::string marca = "TESVAA";
+      marca.back() = static_cast<char>('A' + (marcados_.size() - 1) % 26);
+      donde->second = "/" + marca + "+" + nombre.substr(1);
+    }
+    return donde->second;
+  }
+
+  std::map<std::string, std::string> marcados_;
+};
+
+void MarcarLetras(QPDF& pdf) {
+  Subconjuntos subconjuntos;
+  for (QPDFObjectHandle objeto : pdf.getAllObjects()) {
+    if (objeto.isDictionaryOfType("/Font")) subconjuntos.Marcar(objeto, "/BaseFont");
+    if (objeto.isDictionaryOfType("/FontDescriptor")) subconjuntos.Marcar(objeto, "/FontName");
+  }
+}
+
 }  // namespace
 
 void AcabarPdf(QFileDevice& borrador, QIODevice& destino) {
   QPDF pdf;
   pdf.setSuppressWarnings(true);
+  // What lacks a piece isn't to be patched up without a word.
+  pdf.setAttemptRecovery(false);
   pdf.processFile("borrador", Abrir(borrador), true);
   QPDFObjectHandle raiz = pdf.getRoot();
   raiz.replaceKey("/Lang", QPDFObjectHandle::newUnicodeString("es-ES"));
   raiz.replaceKey("/ViewerPreferences", QPDFObjectHandle::parse("<< /DisplayDocTitle true >>"));
+  MarcarLetras(pdf);
   Salida salida(destino);
   QPDFWriter escritor(pdf);
   escritor.setOutputPipeline(&salida);

@@ -3,6 +3,7 @@
 #include <QDataStream>
 #include <QTemporaryFile>
 
+#include "qt/motivo_de_fichero.h"
 #include "services/destino_informe.h"
 
 namespace qt {
@@ -19,7 +20,7 @@ class Rollo {
   [[nodiscard]] bool Quedan() const { return !fichero_.atEnd(); }
   [[nodiscard]] bool Sacar(services::LaminaInforme& hoja);
   /// Why a step failed.
-  [[nodiscard]] QString Motivo() const { return fichero_.errorString(); }
+  [[nodiscard]] QString Motivo() { return MotivoDe(fichero_); }
 
  private:
   QTemporaryFile fichero_;
