@@ -28,6 +28,7 @@ class AvisoHeadless final : public services::Aviso {
 class AvanceHeadless final : public services::Avance {
  public:
   explicit AvanceHeadless(std::shared_ptr<Entorno> entorno) : entorno_(std::move(entorno)) {}
+  bool Toca() override { return true; }
   bool Seguir(int hechos, int total) override {
     return !entorno_->AlAvanzar || entorno_->AlAvanzar(hechos, total);
   }
@@ -61,6 +62,10 @@ services::Plataforma Entorno::Plataforma() {
   p.Pantalla = [yo] { return yo->Pantalla; };
   p.Printers = [yo] { return yo->Printers; };
   p.AbrirImpresora = [yo](const services::TrabajoDeImpresion& trabajo) {
+    if (yo->Printers.empty()) {
+      throw services::ErrorEjecucion(services::error::ErrorDeImpresora,
+                                     "No hay ninguna impresora instalada");
+    }
     yo->UltimoTrabajo = trabajo;
     yo->informe_ = std::make_shared<Grabacion>();
     return std::make_unique<ImpresoraGrabada>(yo->informe_);

@@ -26,17 +26,6 @@
 #include "qt/vinculos.h"
 
 namespace qt {
-namespace {
-
-services::Cintilla* BarraDe(const services::Form& form) {
-  for (services::Widget* widget : form.Widgets()) {
-    if (auto* barra = dynamic_cast<services::Cintilla*>(widget)) return barra;
-  }
-  return nullptr;
-}
-
-}  // namespace
-
 Lienzo::Lienzo(services::Form& form, const std::function<void(QWidget&)>& disponer) : form_(&form) {
   HacerAccesibles();
   setPalette(Legible(QApplication::palette()));
@@ -125,7 +114,7 @@ void Lienzo::Encuadrar(QWidget* marco) {
 
 /// One that its title bar doesn't close gets no button for it.
 void Lienzo::HacerVentana() {
-  const services::Cintilla* barra = BarraDe(*form_);
+  const services::Cintilla* barra = services::BarraDe(*form_);
   const bool seCierra = barra && barra->Cerrar;
   setParent(QApplication::activeWindow(),
             seCierra ? Qt::Dialog : Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint);
@@ -143,7 +132,7 @@ void Lienzo::AjustarVentana() {
 /// In a window of its own the desktop's title bar takes the place of the screen's, where both say
 /// the same.
 void Lienzo::PonerTitulo() {
-  const services::Cintilla* barra = BarraDe(*form_);
+  const services::Cintilla* barra = services::BarraDe(*form_);
   if (!barra) return;
   const QString titulo = Texto(barra->Caption());
   if (windowTitle().isEmpty()) setWindowTitle(titulo);
@@ -268,7 +257,7 @@ void Lienzo::Pintado(services::Form& form) {
 }
 
 int Lienzo::FinDeLaBarra() const {
-  const services::Cintilla* barra = form_ ? BarraDe(*form_) : nullptr;
+  const services::Cintilla* barra = form_ ? services::BarraDe(*form_) : nullptr;
   const Vinculo* vinculo = barra ? De(*barra) : nullptr;
   return vinculo && !vinculo->Vista().isHidden() ? vinculo->Vista().geometry().bottom() + 1 : 0;
 }
@@ -277,7 +266,7 @@ int Lienzo::FinDeLaBarra() const {
 void Lienzo::closeEvent(QCloseEvent* evento) {
   evento->ignore();
   if (!form_) return;
-  services::Cintilla* barra = BarraDe(*form_);
+  services::Cintilla* barra = services::BarraDe(*form_);
   if (barra && barra->Cerrar) return services::entrada::CerrarBarra(*barra);
   // Some desktops show the button all the same: it is not to be a dead one.
   services::entrada::Cancelar(*form_);

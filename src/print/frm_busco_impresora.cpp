@@ -12,8 +12,8 @@ namespace tecla = services::tecla;
 
 namespace {
 
-constexpr int kAncho = 11400;
-constexpr int kAlto = 3900;
+constexpr int kAnchoDeEleccion = 11400;
+constexpr int kAltoDeEleccion = 3900;
 constexpr int kAnchoDestino = 2000;
 /// Destinations on sight after the first one.
 constexpr int kResto = 4;
@@ -30,8 +30,8 @@ constexpr Diseno DeNombre() {
 }  // namespace
 
 frmBuscoImpresora::frmBuscoImpresora(services::Escritorio& escritorio, services::Sesion& sesion)
-    : Form(escritorio, "frmBuscoImpresora", kAncho, kAlto),
-      Barra1(*this, "Barra1", "Selección Impresora", {0, 0, kAncho, 420}),
+    : Form(escritorio, "frmBuscoImpresora", kAnchoDeEleccion, kAltoDeEleccion),
+      Barra1(*this, "Barra1", "Selección Impresora", {0, 0, kAnchoDeEleccion, 420}),
       PicImpre(*this, "PicImpre", {700, 600, (kResto + 1) * kAnchoDestino, 2220}),
       PicImpresoras(PicImpre, "PicImpresoras", {0, 0, (kResto + 1) * kAnchoDestino, 2220}),
       Img(PicImpresoras, "Img", "", DeIcono()),

@@ -39,6 +39,7 @@ class frmBuscoImpresora final : public services::Form {
   services::Pulsador Boton2;
 
  private:
+  void Form_Activate() override { Refresh(); }
   void Form_Load() override;
   void Form_Unload() override;
 

@@ -2,9 +2,11 @@
 
 #include <algorithm>
 #include <cmath>
+#include <initializer_list>
+#include <optional>
+#include <vector>
 
 #include "forms/escala.h"
-#include "print/vista.h"
 
 namespace print {
 
@@ -13,8 +15,8 @@ namespace color = services::color;
 
 namespace {
 
-constexpr int kAncho = 15360;
-constexpr int kAlto = 11520;
+constexpr int kAnchoDeListados = 15360;
+constexpr int kAltoDeListados = 11520;
 constexpr int kAltoBarra = 420;
 constexpr int kAltoOpciones = 480;
 constexpr int kFinDeOpciones = kAltoBarra + kAltoOpciones;
@@ -22,21 +24,22 @@ constexpr int kFinDeOpciones = kAltoBarra + kAltoOpciones;
 }  // namespace
 
 frmListados::frmListados(services::Escritorio& escritorio, services::Sesion& sesion)
-    : Form(escritorio, "frmListados", kAncho, kAlto),
-      PicFondo(*this, "PicFondo", {0, 0, kAncho, kAlto}),
+    : Form(escritorio, "frmListados", kAnchoDeListados, kAltoDeListados),
+      PicFondo(*this, "PicFondo", {0, 0, kAnchoDeListados, kAltoDeListados}),
       Listado(PicFondo, "Listado", {0, kFinDeOpciones, 0, 0}),
-      Barra1(*this, "Barra1", "Impresión Pantalla", {0, 0, kAncho, kAltoBarra}),
-      PicOpc(*this, "PicOpc", {0, kAltoBarra, kAncho, kAltoOpciones}),
+      Barra1(*this, "Barra1", "Impresión Pantalla", {0, 0, kAnchoDeListados, kAltoBarra}),
+      PicOpc(*this, "PicOpc", {0, kAltoBarra, kAnchoDeListados, kAltoOpciones}),
       Label1(PicOpc, "Label1", " Porcentaje:", Diseno{180, 120, 1200, 240}),
       CbxPor(PicOpc, "CbxPor", {vista::kMitad, vista::kEntera, vista::kEncajar},
              Diseno{1440, 80, 2700, 315}.Tab(1)),
-      PicTapa(*this, "PicTapa", {0, kFinDeOpciones, kAncho, 60}),
+      PicTapa(*this, "PicTapa", {0, kFinDeOpciones, kAnchoDeListados, 60}),
       DivScroll(*this, "DivScroll", Diseno{0, 0, 375, 0}),
       Scroll(*this, "Scroll", Diseno{0, 0, 255, 0}.Tab(0)),
-      PicList(*this, Diseno{0, 0, kAncho, kAlto}.Oculto(), sesion.Imprenta().CrearHoja(1)),
+      PicList(*this, Diseno{0, 0, kAnchoDeListados, kAltoDeListados}.Oculto(),
+              sesion.Imprenta().CrearHoja(1)),
       PicCamPag(*this, "PicCamPag", Diseno{6000, kAltoBarra, 1200, kAltoOpciones}.Oculto()),
-      LineArriba(*this, "LineArriba", 0, kAltoBarra, kAncho, kAltoBarra),
-      LineAbajo(*this, "LineAbajo", 0, kFinDeOpciones, kAncho, kFinDeOpciones),
+      LineArriba(*this, "LineArriba", 0, kAltoBarra, kAnchoDeListados, kAltoBarra),
+      LineAbajo(*this, "LineAbajo", 0, kFinDeOpciones, kAnchoDeListados, kFinDeOpciones),
       sesion_(sesion) {
   Barra1.Cerrar = [this] { Unload(); };
   CbxPor.Click = [this] { CbxPor_Click(); };
@@ -59,7 +62,7 @@ void frmListados::EscalarPantalla() {
   for (services::Widget* widget : Widgets()) {
     if (widget == &Barra1) continue;
     services::EscalarLugar(*widget, sx, sy);
-    widget->FontSize = sy.De(widget->FontSize());
+    widget->FontSize = std::trunc(widget->FontSize * sy.Real / sy.Referencia);
   }
 }
 
@@ -101,30 +104,43 @@ void frmListados::ShowP() {
 }
 
 int frmListados::Vista() const {
-  return Height - Barra1.Height - PicOpc.Height - vista::kMargen;
+  return std::max(0, Height - Barra1.Height - PicOpc.Height - vista::kMargen);
 }
 
+/// The bar comes before the place of the pages: its new bounds may move them once more.
 void frmListados::CbxPor_Click() {
   const int V = Vista();
-  Listado.Cls();
-  Listado.Height = 0;
-  int primera = 0;
-  for (int i = 0; i < PicList.Count(); ++i) {
-    const vista::Medida pagina{PicList(i).Width, PicList(i).Height};
-    const int alto = vista::AltoEnPantalla(CbxPor.Text(), pagina, V);
-    if (alto == 0) continue;
-    if (i == 0) primera = alto;
-    Listado.Height = Listado.Height + alto + (i > 0 ? vista::kSeparacion : 0);
-    Listado.Width = vista::AnchoEnPantalla(pagina, alto);
-    Listado.PaintPicture(PicList(i).Hoja().Image(), 0, (primera + vista::kSeparacion) * i,
-                         Listado.Width, alto);
-  }
+  const int alto = PintarPaginas();
+  Listado.Height = alto;
+  Scroll.Min = 0;
+  Scroll.Max = vista::Pasos(alto, V);
+  Scroll.Value = 0;
+  Scroll.Visible = V < alto;
   Listado.Top = Arriba();
   Listado.Left = (Width - Listado.Width) / 2;
-  Scroll.Min = 0;
-  Scroll.Max = vista::Pasos(Listado.Height, V);
-  Scroll.Value = 0;
-  Scroll.Visible = V < Listado.Height;
+}
+
+/// Paints every page as large as the zoom tells, and tells how high they are together: 0 for a text
+/// that is none, which leaves the panel empty.
+int frmListados::PintarPaginas() {
+  Listado.Cls();
+  int hasta = 0;
+  int primera = 0;
+  for (int i = 0; i < PicList.Count(); ++i) {
+    const vista::Medida pagina = MedidaDe(i);
+    const std::optional<int> alto = vista::AltoEnPantalla(CbxPor.Text(), pagina, Vista());
+    if (!alto) return 0;
+    if (i == 0) primera = *alto;
+    hasta += *alto + (i > 0 ? vista::kSeparacion : 0);
+    Listado.Width = vista::AnchoEnPantalla(pagina, *alto);
+    Listado.PaintPicture(PicList(i).Hoja().Image(), 0, (primera + vista::kSeparacion) * i,
+                         Listado.Width, *alto);
+  }
+  return hasta;
+}
+
+vista::Medida frmListados::MedidaDe(int pagina) const {
+  return {PicList(pagina).Width, PicList(pagina).Height};
 }
 
 void frmListados::Scroll_Change() {
@@ -142,18 +158,11 @@ void frmListados::Form_Resize() {
 
 /// To the next larger or smaller zoom, as the pages come out.
 void frmListados::Form_Zoom(int pasos) {
-  const vista::Medida pagina{PicList(0).Width, PicList(0).Height};
-  const auto alto = [&](int zoom) {
-    const std::string& texto = CbxPor.Elementos()[static_cast<std::size_t>(zoom)];
-    return vista::AltoEnPantalla(texto, pagina, Vista());
-  };
-  std::vector<int> zooms(CbxPor.Elementos().size());
-  for (std::size_t i = 0; i < zooms.size(); ++i) zooms[i] = static_cast<int>(i);
-  std::stable_sort(zooms.begin(), zooms.end(), [&](int a, int b) { return alto(a) < alto(b); });
-  const auto actual = std::find(zooms.begin(), zooms.end(), CbxPor.ListIndex());
-  const auto destino = std::clamp<std::ptrdiff_t>(actual - zooms.begin() + pasos, 0,
-                                                  static_cast<std::ptrdiff_t>(zooms.size()) - 1);
-  CbxPor.ListIndex = zooms[static_cast<std::size_t>(destino)];
+  std::vector<int> altos;
+  for (const std::string& zoom : CbxPor.Elementos()) {
+    altos.push_back(vista::AltoEnPantalla(zoom, MedidaDe(0), Vista()).value_or(0));
+  }
+  CbxPor.ListIndex = vista::Siguiente(altos, CbxPor.ListIndex, pasos);
 }
 
 }  // namespace print

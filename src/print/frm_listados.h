@@ -5,6 +5,7 @@
 #include "forms/controles.h"
 #include "forms/form.h"
 #include "forms/matriz_controles.h"
+#include "print/vista.h"
 #include "services/imprenta.h"
 #include "services/sesion.h"
 
@@ -56,6 +57,7 @@ class frmListados final : public services::Form {
   void Form_Zoom(int pasos) override;
 
  private:
+  void Form_Activate() override { Refresh(); }
   void Form_Load() override;
   void Form_Unload() override;
   void EscalarPantalla();
@@ -64,6 +66,8 @@ class frmListados final : public services::Form {
   void CbxPor_Click();
   void Scroll_Change();
 
+  [[nodiscard]] int PintarPaginas();
+  [[nodiscard]] vista::Medida MedidaDe(int pagina) const;
   [[nodiscard]] int Vista() const;
   [[nodiscard]] int Arriba() const { return PicTapa.Top + PicTapa.Height; }
 

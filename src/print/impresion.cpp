@@ -15,7 +15,7 @@ namespace {
 
 /// From the centimetres of a sheet to the twips of a screen.
 int Twips(double centimetros) {
-  return static_cast<int>(std::lround(centimetros * 1440 / 2.54));
+  return static_cast<int>(std::lround(centimetros * services::kTwipsPorCentimetro));
 }
 
 /// Year and month of a stored date, as file names have them: 2026-11.
@@ -50,6 +50,7 @@ void Impresion::ImgImpresora_Click() {
   buscoImpresora_.Pedir(pantalla.Escritorio(), sesion_).ShowModal();
   if (const auto& principal = sesion_.FrmPrincipal()) principal->Refresh();
   pantalla.Refresh();
+  if (!pantalla.Cargado()) return;
   edicion_.CerrarEdicionPago();
   const std::string elegida = sesion_.Imprenta().Impresora;
   if (elegida == kNingunDestino) return;
@@ -58,60 +59,79 @@ void Impresion::ImgImpresora_Click() {
 
 /// A preview that fails, or that is left, is not kept: the next one starts from one empty page.
 void Impresion::ImprimirEnPantalla() {
-  services::Escritorio& escritorio = ImgImpresora.Formulario().Escritorio();
-  frmListados& listados = listados_.Pedir(escritorio, sesion_);
-  listados.Load();
-  PicHoja& primera = listados.PicList(0);
-  DestinoInforme* destino = &primera.Hoja();
-  Informe informe(sesion_, rejilla_, rango_, &listados);
-  bool entero = false;
+  frmListados& listados = listados_.Pedir(ImgImpresora.Formulario().Escritorio(), sesion_);
+  const services::Ref<services::Form> viva(&listados);
   try {
-    const services::Escritorio::Ocupacion ocupacion(escritorio);
-    informe.Preparar(*destino);
-    primera.Width = Twips(DestinoInforme::kAncho);
-    primera.Height = Twips(DestinoInforme::kAlto);
-    primera.Left = (sesion_.AnchoPantalla() - primera.Width) / 2;
-    primera.Top = 10;
-    sesion_.Imprenta().PaginaInforme = 0;
-    entero = informe.ImprimirInforme(destino);
+    listados.Load();
+    if (DibujarEn(listados) && listados.Cargado()) {
+      listados.ShowP();
+    } else {
+      listados.Unload();
+    }
   } catch (...) {
     listados.Unload();
     throw;
   }
-  entero ? listados.ShowP() : listados.Unload();
+}
+
+bool Impresion::DibujarEn(frmListados& listados) {
+  PicHoja& primera = listados.PicList(0);
+  primera.Width = Twips(DestinoInforme::kAncho);
+  primera.Height = Twips(DestinoInforme::kAlto);
+  primera.Left = (sesion_.AnchoPantalla() - primera.Width) / 2;
+  primera.Top = 10;
+  return Dibujar(primera.Hoja(), &listados);
 }
 
 /// Nothing is left half printed where that can be had.
 void Impresion::ImprimirEnPapel(const std::string& elegida) {
-  const auto impresora = sesion_.Imprenta().AbrirImpresora(Trabajo(elegida));
-  if (!impresora) return;
-  DestinoInforme* destino = impresora.get();
-  Informe informe(sesion_, rejilla_, rango_, nullptr);
-  services::Escritorio& escritorio = ImgImpresora.Formulario().Escritorio();
+  services::Form& pantalla = ImgImpresora.Formulario();
+  const auto impresora = sesion_.Imprenta().AbrirImpresora(Trabajo(PonerActual(elegida)));
+  // The user was waited for: the host may have closed the screen.
+  if (!impresora || !pantalla.Cargado()) return;
   bool entero = false;
   try {
-    const services::Escritorio::Ocupacion ocupacion(escritorio);
-    informe.Preparar(*destino);
-    destino->PaperSize = DestinoInforme::kA4;
-    sesion_.Imprenta().PaginaInforme = 0;
-    entero = informe.ImprimirInforme(destino);
+    impresora->PaperSize = DestinoInforme::kA4;
+    entero = Dibujar(*impresora, nullptr);
   } catch (...) {
     impresora->KillDoc();
     throw;
   }
-  escritorio.Esperar([&] { entero ? impresora->EndDoc() : impresora->KillDoc(); });
+  pantalla.Escritorio().Esperar([&] { entero ? impresora->EndDoc() : impresora->KillDoc(); });
 }
 
-/// A printer that is no longer installed is no error: the report goes to whichever is current.
-services::TrabajoDeImpresion Impresion::Trabajo(const std::string& elegida) const {
+/// Whether the user let it come to its end.
+bool Impresion::Dibujar(DestinoInforme& primera, frmListados* listados) {
+  const services::Escritorio::Ocupacion ocupacion(ImgImpresora.Formulario().Escritorio());
+  Informe informe(sesion_, rejilla_, rango_, listados);
+  DestinoInforme* destino = &primera;
+  informe.Preparar(*destino);
+  sesion_.Imprenta().PaginaInforme = 0;
+  return informe.ImprimirInforme(destino);
+}
+
+/// Makes a printer the current one and hands back an empty text. One that is no longer installed is
+/// no error: the report goes to whichever is current, and its name is handed back.
+std::string Impresion::PonerActual(const std::string& elegida) {
   services::Imprenta& imprenta = sesion_.Imprenta();
   const std::vector<std::string> printers = imprenta.Printers();
-  const bool esta = std::find(printers.begin(), printers.end(), elegida) != printers.end();
-  if (esta) imprenta.Printer = elegida;
-  return {.Impresora = imprenta.Printer,
-          .Ausente = esta ? "" : elegida,
-          .Titulo = "Tesvara de gastos, del " + rango_.TxtFPrevisionD.Text + " al " +
-                    rango_.TxtFPrevision.Text,
+  const auto esta = [&](const std::string& nombre) {
+    return std::find(printers.begin(), printers.end(), nombre) != printers.end();
+  };
+  if (esta(elegida)) {
+    imprenta.Printer = elegida;
+    return "";
+  }
+  if (!esta(imprenta.Printer)) imprenta.Printer.clear();
+  return elegida;
+}
+
+services::TrabajoDeImpresion Impresion::Trabajo(const std::string& ausente) const {
+  const std::string& desde = rango_.TxtFPrevisionD.Text;
+  const std::string& hasta = rango_.TxtFPrevision.Text;
+  return {.Impresora = sesion_.Imprenta().Printer,
+          .Ausente = ausente,
+          .Titulo = "Tesvara de gastos, del " + desde + " al " + hasta,
           .Fichero = NombreDeFichero()};
 }
 

@@ -28,8 +28,11 @@ class Impresion {
  private:
   void ImgImpresora_Click();
   void ImprimirEnPantalla();
+  [[nodiscard]] bool DibujarEn(frmListados& listados);
   void ImprimirEnPapel(const std::string& elegida);
-  [[nodiscard]] services::TrabajoDeImpresion Trabajo(const std::string& elegida) const;
+  [[nodiscard]] bool Dibujar(services::DestinoInforme& primera, frmListados* listados);
+  [[nodiscard]] std::string PonerActual(const std::string& elegida);
+  [[nodiscard]] services::TrabajoDeImpresion Trabajo(const std::string& ausente) const;
   [[nodiscard]] std::string NombreDeFichero() const;
 
   services::Sesion& sesion_;

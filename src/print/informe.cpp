@@ -23,12 +23,37 @@ constexpr int kGranate = 128;
 constexpr int kNegro = 0;
 /// Back colour of a group row. Nothing paints it today, so the list gives no such rows.
 constexpr int kFondoDeGrupo = 0xC0E0FF;
-constexpr int kTransparente = 1;
 
 /// Where text begins that is meant to stand in the middle: a little left of it.
 double CentradoConAire(const DestinoInforme& destino, const std::string& texto) {
   return (destino.ScaleWidth() - (destino.TextWidth(texto) + 2)) / 2;
 }
+
+/// The rows are made current one by one with the list's events off; however that ends, the list
+/// then shows the last one as if the user had gone there.
+class Recorrido {
+ public:
+  explicit Recorrido(list::RejillaPagos& rejilla)
+      : rejilla_(rejilla), antes_(rejilla.MSFPagos.Row), ocupado_(rejilla.GridOcupado) {}
+  ~Recorrido() {
+    if (!enMarcha_) return;
+    rejilla_.PintarFranja(antes_);
+    rejilla_.PintarElegida(rejilla_.MSFPagos.Row);
+    rejilla_.FilaElegida = true;
+  }
+  void Llegar(int fila) {
+    rejilla_.MSFPagos.Row = fila;
+    enMarcha_ = true;
+  }
+  Recorrido(const Recorrido&) = delete;
+  Recorrido& operator=(const Recorrido&) = delete;
+
+ private:
+  list::RejillaPagos& rejilla_;
+  const int antes_;
+  const list::Mientras ocupado_;
+  bool enMarcha_ = false;
+};
 
 }  // namespace
 
@@ -40,37 +65,33 @@ void Informe::Preparar(DestinoInforme& destino) {
 
 void Informe::PonerTransparente(DestinoInforme& destino) {
   destino.FontTransparent = true;
-  sesion_.Imprenta().ModoDeFondo = destino.SetBkMode(kTransparente);
+  sesion_.Imprenta().ModoDeFondo = destino.SetBkMode(DestinoInforme::kTransparente);
 }
 
-/// The rows are made current one by one; the list follows at the end alone, as if the user had gone
-/// to the last one.
 bool Informe::ImprimirInforme(DestinoInforme*& destino) {
-  services::MSFlexGrid& MSFPagos = rejilla_.MSFPagos;
-  const auto avance = sesion_.Imprenta().CrearAvance("Preparando el informe");
-  const int antes = MSFPagos.Row;
-  const int ultima = MSFPagos.Rows - 1;
-  bool entero = true;
   EmpezarPagina(*destino);
-  {
-    const list::Mientras ocupado(rejilla_.GridOcupado);
-    for (int fila = 1; entero && fila <= ultima; ++fila) {
-      MSFPagos.Row = fila;
-      destino->FontBold = MSFPagos.CellFontBold;
-      if (destino->CurrentY + destino->TextHeight("X") >= sesion_.Imprenta().LimiteInforme) {
-        PasarPagina(destino);
-      }
-      ImprimirFila(*destino, fila);
-      entero = !avance || avance->Seguir(fila, ultima);
-    }
-  }
-  if (MSFPagos.Row != antes) {
-    rejilla_.PintarFranja(antes);
-    rejilla_.PintarElegida(MSFPagos.Row);
-  }
+  if (!ImprimirFilas(destino)) return false;
   destino->FontBold = false;
   ImprimirPie(*destino);
-  return entero;
+  return true;
+}
+
+bool Informe::ImprimirFilas(DestinoInforme*& destino) {
+  services::MSFlexGrid& MSFPagos = rejilla_.MSFPagos;
+  const auto avance = sesion_.Imprenta().CrearAvance("Preparando el informe");
+  const int ultima = MSFPagos.Rows - 1;
+  Recorrido recorrido(rejilla_);
+  for (int fila = 1; fila <= ultima; ++fila) {
+    recorrido.Llegar(fila);
+    destino->FontBold = MSFPagos.CellFontBold;
+    if (destino->CurrentY + destino->TextHeight("X") >= sesion_.Imprenta().LimiteInforme) {
+      PasarPagina(destino);
+    }
+    ImprimirFila(*destino, fila);
+    if (!avance || !avance->Toca()) continue;
+    if (!avance->Seguir(fila, ultima) || !MSFPagos.Formulario().Cargado()) return false;
+  }
+  return true;
 }
 
 void Informe::EmpezarPagina(DestinoInforme& destino) {
@@ -108,7 +129,9 @@ void Informe::ImprimirGrupo(DestinoInforme& destino, int fila) {
 }
 
 void Informe::ImprimirDetalle(DestinoInforme& destino, int fila) {
-  const auto celda = [&](int c) { return rejilla_.MSFPagos.TextMatrix(fila, c); };
+  const auto celda = [&](int c) -> const std::string& {
+    return rejilla_.MSFPagos.TextMatrix(fila, c);
+  };
   destino.ForeColor = rejilla_.EsPagable(fila) ? kNegro : list::color::TextoPrevision;
   destino.FontSize = 10;
   destino.FontBold = false;
@@ -175,7 +198,9 @@ void Informe::PintarFondo(DestinoInforme& destino) {
 /// for the eye: they don't line up with the columns below.
 void Informe::ImprimirTitulos(DestinoInforme& destino) {
   const double derecha = destino.ScaleWidth() - 1;
-  const auto titulo = [&](int c) { return rejilla_.MSFPagos.TextMatrix(0, c); };
+  const auto titulo = [&](int c) -> const std::string& {
+    return rejilla_.MSFPagos.TextMatrix(0, c);
+  };
   PonerTransparente(destino);
   destino.FontSize = 9;
   destino.FontBold = true;

@@ -23,10 +23,12 @@ class Informe {
   /// What the target takes before anything is drawn on it.
   void Preparar(services::DestinoInforme& destino);
   /// Draws every page, the first one on `destino`, which each page of the preview takes the place
-  /// of. The grid's current row is the last one printed then. False when the user left it.
+  /// of. The grid's current row is the last one printed then. False when the user left it, or its
+  /// screen is gone; throws what the target throws. In both cases the report is not whole.
   [[nodiscard]] bool ImprimirInforme(services::DestinoInforme*& destino);
 
  private:
+  [[nodiscard]] bool ImprimirFilas(services::DestinoInforme*& destino);
   void EmpezarPagina(services::DestinoInforme& destino);
   void PasarPagina(services::DestinoInforme*& destino);
   void ImprimirFila(services::DestinoInforme& destino, int fila);

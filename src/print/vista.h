@@ -1,6 +1,8 @@
 #pragma once
 
+#include <optional>
 #include <string_view>
+#include <vector>
 
 // Where the preview shows its pages: plain arithmetic, in twips.
 
@@ -21,8 +23,12 @@ struct Medida {
   int Alto = 0;
 };
 
-/// The height at which a page is shown in a view so high; 0 for a text that is no zoom.
-[[nodiscard]] int AltoEnPantalla(std::string_view zoom, const Medida& pagina, int vista);
+/// The height at which a page is shown in a view so high; none for a text that is no zoom.
+[[nodiscard]] std::optional<int> AltoEnPantalla(std::string_view zoom, const Medida& pagina,
+                                                int vista);
+/// Which of several heights comes so many steps after one of them, the lower ones first; the last
+/// one there is where there are not as many.
+[[nodiscard]] int Siguiente(const std::vector<int>& altos, int actual, int pasos);
 /// The width that goes with it: the aspect of the sheet is kept.
 [[nodiscard]] int AnchoEnPantalla(const Medida& pagina, int alto);
 /// Steps of the scroll bar for so much to show, a tenth of a view each; negative where the view is

@@ -6,12 +6,6 @@
 
 namespace services {
 
-namespace {
-
-constexpr int kTransparente = 1;
-
-}  // namespace
-
 double DestinoInforme::TextWidth(std::string_view texto) const {
   return medidas_.Ancho(LetraActual(), EnUnaLinea(texto));
 }

@@ -60,10 +60,14 @@ class DestinoInforme {
   static constexpr int kCentimetros = 7;
   static constexpr int kA4 = 9;
 
+  /// Of `SetBkMode`.
+  static constexpr int kTransparente = 1;
+
+  // What the report asks of its target, and every target is: nothing goes by them.
   int ScaleMode = kCentimetros;
   int PaperSize = kA4;
-  /// 1 leaves what is under a box that isn't filled.
   int FillStyle = 0;
+
   bool FontTransparent = false;
   std::string FontName = Letra{}.Nombre;
   double FontSize = Letra{}.Puntos;  ///< points
@@ -88,11 +92,13 @@ class DestinoInforme {
   void Caja(double x1, double y1, double x2, double y2, int color, bool llena);
   /// At its own size; a file that holds no picture draws nothing.
   void PaintPicture(const std::string& fichero, double x, double y);
-  /// The current point goes to the corner of the new sheet, fonts and colours stay.
+  /// The current point goes to the corner of the new sheet, fonts and colours stay. Throws 482 when
+  /// the sheet that is done can't be kept.
   void NewPage();
-  /// The report is whole: it is printed, or kept. Throws 482 when it can't be.
+  /// The report is whole: it is printed, or kept. Throws 482 when it can't be; nothing of it stays
+  /// then either.
   virtual void EndDoc() = 0;
-  /// The report is given up: nothing of it stays where that can be had.
+  /// The report is given up, also after a failure: nothing of it stays where that can be had.
   virtual void KillDoc() = 0;
   /// Takes back what was drawn on the current sheet.
   void Cls();

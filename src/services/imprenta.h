@@ -25,7 +25,10 @@ struct TrabajoDeImpresion {
 class Avance {
  public:
   virtual ~Avance() = default;
-  /// So many of `total` are done. False when the user wants to leave.
+  /// Whether it is time to tell, which is not to be asked of the user at every step.
+  [[nodiscard]] virtual bool Toca() = 0;
+  /// So many of `total` are done. False when the user wants to leave. The user is waited for: other
+  /// events run meanwhile, and the screens may be gone afterwards.
   [[nodiscard]] virtual bool Seguir(int hechos, int total) = 0;
 };
 

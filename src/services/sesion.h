@@ -25,10 +25,12 @@ class Sesion {
   [[nodiscard]] virtual const std::string& Usuario() const = 0;
   /// Tells the suite of a DELETE that ran on the stored tables, by its exact text.
   virtual void AnotarBorrado(const std::string& sentencia) = 0;
-  /// A text in the user's language, by its column in the host's row of texts.
+  /// A text in the user's language, by its column in the host's row of texts. Throws 91 when there
+  /// is no such row, and what the recordset throws.
   [[nodiscard]] virtual std::string TextoDe(const char* columna) const = 0;
   /// The host's main form.
   [[nodiscard]] virtual const Ref<IForm>& FrmPrincipal() const = 0;
+  /// Kept for the process, like the session.
   [[nodiscard]] virtual services::Imprenta& Imprenta() = 0;
   /// Twips, like the next.
   [[nodiscard]] virtual std::int32_t AnchoReferencia() const = 0;

@@ -199,12 +199,39 @@ TEST_F(BuscoImpresora, UnaImpresoraQueYaNoEstaNoEsUnError) {
   EXPECT_EQ(Paginas(), 1);
 }
 
+TEST_F(BuscoImpresora, LaUnicaQueHabiaYSeHaIdoTampocoLoEs) {
+  Cargar(1);
+  ImprimirEn(1);
+  Imprimir([this](frmBuscoImpresora& busco) {
+    entrada::Pulsar(busco.Img(1));
+    entrada::Pulsar(busco.Boton1);
+    enMarcha.Entorno().Printers = {"Otra"};
+  });
+  EXPECT_EQ(enMarcha.Entorno().UltimoTrabajo->Impresora, "") << "la del sistema";
+  EXPECT_EQ(enMarcha.Entorno().UltimoTrabajo->Ausente, "Impresora 1");
+}
+
+TEST_F(BuscoImpresora, SinNingunaImpresoraEsUnError) {
+  Cargar(1);
+  std::int32_t numero = 0;
+  enMarcha.Entorno().AlFallar = [&](const services::ErrorEjecucion& fallo) {
+    numero = fallo.Numero();
+  };
+  Imprimir([this](frmBuscoImpresora& busco) {
+    entrada::Pulsar(busco.Img(1));
+    entrada::Pulsar(busco.Boton1);
+    enMarcha.Entorno().Printers.clear();
+  });
+  EXPECT_EQ(numero, services::error::ErrorDeImpresora);
+  EXPECT_TRUE(Trazos().empty());
+}
+
 TEST_F(BuscoImpresora, SinQueNadieEligieraNuncaEsLaDelSistema) {
   Cargar(1);
   Imprimir([this](frmBuscoImpresora& busco) {
     entrada::Pulsar(busco.Img(1));
     entrada::Pulsar(busco.Boton1);
-    enMarcha.Entorno().Printers.clear();
+    enMarcha.Entorno().Printers = {"Otra"};
   });
   EXPECT_EQ(enMarcha.Entorno().UltimoTrabajo->Impresora, "");
   EXPECT_EQ(enMarcha.Entorno().UltimoTrabajo->Ausente, "Impresora 1");

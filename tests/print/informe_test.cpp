@@ -4,6 +4,7 @@
 #include <filesystem>
 #include <fstream>
 
+#include "list/color_lista.h"
 #include "print/con_impresion.h"
 
 namespace {
@@ -26,6 +27,14 @@ class Informe : public pruebas::ConImpresion {
   void SetUp() override {
     enMarcha.Entorno().Printers = {"Láser"};
     Cargar();
+  }
+  /// The rows that show as the current one.
+  [[nodiscard]] std::vector<int> Elegidas() {
+    std::vector<int> filas;
+    for (int fila = 1; fila < Lista().Rows; ++fila) {
+      if (Lista().FondoDe(fila, 0) == list::color::FondoElegida) filas.push_back(fila);
+    }
+    return filas;
   }
   [[nodiscard]] std::vector<Trazo> DePagina(int pagina) {
     std::vector<Trazo> trazos;
@@ -77,6 +86,8 @@ TEST_F(InformeVacio, UnaFilaDeGrupoVaEnMedioYBajaCuatroMilimetros) {
   const auto segundo = TrazoDe("Marzo 2");
   const double ancho = (580 * 2 + 440 + 480 + 560 + 920 - 580 + 320 + 620) / 1000.0;
   EXPECT_EQ(primero.Letra.Puntos, 8);
+  EXPECT_FALSE(primero.Letra.Negrita);
+  EXPECT_TRUE(segundo.Letra.Negrita) << "como su celda";
   EXPECT_LT(primero.X1, 10.5 - ancho * 8 * 2.54 / 72 / 2) << "un poco a la izquierda del medio";
   EXPECT_NEAR(segundo.Y1 - primero.Y1, 0.4, 1e-9);
 }
@@ -144,12 +155,11 @@ TEST_F(Informe, CadaFilaDeLaListaSaleUnaVezYEnSuOrden) {
 
 TEST_F(Informe, LaFilaActualQuedaEnLaUltimaYSoloEsaSeVeElegida) {
   entrada::PulsarCelda(Lista(), 5, 1);
-  const int elegida = Lista().FondoDe(5, 0);
+  ASSERT_EQ(Elegidas(), std::vector<int>{5});
   ImprimirEn(1);
   EXPECT_EQ(Lista().Row, Lista().Rows - 1);
   EXPECT_EQ(Lista().Col, 1);
-  EXPECT_EQ(Lista().FondoDe(Lista().Rows - 1, 0), elegida);
-  EXPECT_NE(Lista().FondoDe(5, 0), elegida);
+  EXPECT_EQ(Elegidas(), std::vector<int>{Lista().Rows - 1});
   EXPECT_EQ(Lista().FondoDe(5, 0), Lista().FondoDe(7, 0));
   EXPECT_FALSE(Principal().Rejilla.GridOcupado);
 }
@@ -176,8 +186,40 @@ TEST_F(Informe, LoQueNoEsUnImporteLoDetieneSinImprimirNada) {
   EXPECT_TRUE(Trazos().empty());
 }
 
+TEST_F(Informe, NingunTextoTapaLoQueHayDebajo) {
+  VerEnPantalla({});
+  for (const TrazoGrabado& trazo : Trazos()) EXPECT_FALSE(trazo.Trazo.Opaco) << trazo.Trazo.Texto;
+}
+
+TEST_F(Informe, DeUnaListaRecienCargadaTambienQuedaElegidaLaUltima) {
+  ImprimirEn(1);
+  EXPECT_EQ(Elegidas(), std::vector<int>{Lista().Rows - 1});
+  EXPECT_TRUE(Principal().Rejilla.FilaElegida);
+}
+
+TEST_F(Informe, TrasElegirSeRefrescanLasDosPantallas) {
+  class Contada final : public services::ObjetoContado<services::IForm> {
+   public:
+    int veces = 0;
+    services::Rectangulo Geometria() noexcept override { return {0, 0, 15360, 11520}; }
+    std::int32_t WindowState() noexcept override { return 0; }
+    void PonerWindowState(std::int32_t) noexcept override {}
+    void Refresh() noexcept override { ++veces; }
+    void* VentanaNativa() noexcept override { return nullptr; }
+  };
+  const auto principal = services::Crear<Contada>();
+  enMarcha.Contexto().Principal = services::Ref<services::IUnknown>(principal);
+  ASSERT_EQ(enMarcha.Cargar(), "");
+  Imprimir([&](auto& busco) {
+    EXPECT_EQ(principal->veces, 0);
+    entrada::Pulsar(busco.Boton2);
+  });
+  EXPECT_EQ(principal->veces, 1) << "también cuando se cancela";
+}
+
 TEST_F(Informe, SePuedeDejarAMedias) {
   int dichos = 0;
+  entrada::PulsarCelda(Lista(), 5, 1);
   enMarcha.Entorno().AlAvanzar = [&](int hechos, int total) {
     EXPECT_EQ(total, Lista().Rows - 1);
     EXPECT_EQ(hechos, ++dichos);
@@ -187,6 +229,7 @@ TEST_F(Informe, SePuedeDejarAMedias) {
   EXPECT_EQ(dichos, 100);
   EXPECT_TRUE(Trazos().empty()) << "no se imprime nada";
   EXPECT_FALSE(Principal().Rejilla.GridOcupado);
+  EXPECT_EQ(Elegidas(), std::vector<int>{100});
   dichos = 0;
   VerEnPantalla([](auto&) { ADD_FAILURE() << "no se enseña nada"; });
   EXPECT_EQ(enMarcha.Entorno().Buscar("frmListados"), nullptr);
@@ -209,6 +252,7 @@ TEST_F(Informe, UnFalloAMediasNoDejaNadaNiLaRejillaSorda) {
   enMarcha.Entorno().AlFallar = [&](const services::ErrorEjecucion& fallo) {
     dicho = fallo.Descripcion();
   };
+  entrada::PulsarCelda(Lista(), 5, 1);
   enMarcha.Entorno().AlAvanzar = [](int hechos, int) -> bool {
     if (hechos == 50)
       throw services::ErrorEjecucion(services::error::ErrorDeImpresora, "Sin papel");
@@ -218,7 +262,36 @@ TEST_F(Informe, UnFalloAMediasNoDejaNadaNiLaRejillaSorda) {
   EXPECT_EQ(dicho, "Sin papel");
   EXPECT_TRUE(Trazos().empty());
   EXPECT_FALSE(Principal().Rejilla.GridOcupado);
+  EXPECT_EQ(Elegidas(), std::vector<int>{50});
   VerEnPantalla([](auto&) { ADD_FAILURE() << "no se enseña nada"; });
+  EXPECT_EQ(enMarcha.Entorno().Buscar("frmListados"), nullptr);
+}
+
+TEST_F(Informe, ElAnfitrionPuedeCerrarMientrasSePrepara) {
+  enMarcha.Entorno().AlAvanzar = [this](int hechos, int) {
+    if (hechos == 10) {
+      EXPECT_EQ(enMarcha.Cerrar(), "");
+    }
+    return true;
+  };
+  VerEnPantalla([](auto&) { ADD_FAILURE() << "no se enseña nada"; });
+  EXPECT_TRUE(enMarcha.Entorno().Pantallas().empty());
+}
+
+TEST_F(Informe, UnaVistaQueNoSePuedeAbrirNoSeGuarda) {
+  std::string dicho;
+  enMarcha.Entorno().AlFallar = [&](const services::ErrorEjecucion& fallo) {
+    dicho = fallo.Descripcion();
+  };
+  enMarcha.Entorno().AlEsperarModal = [](services::Form& form) {
+    if (auto* busco = dynamic_cast<print::frmBuscoImpresora*>(&form)) {
+      entrada::Pulsar(busco->Boton1);
+    } else {
+      throw services::ErrorEjecucion(services::error::ObjetoNoEstablecido, "Sin ventana");
+    }
+  };
+  entrada::Pulsar(Principal().Impresion.ImgImpresora);
+  EXPECT_EQ(dicho, "Sin ventana");
   EXPECT_EQ(enMarcha.Entorno().Buscar("frmListados"), nullptr);
 }
 

@@ -12,8 +12,9 @@ TEST(Vista, CadaPorcentajeDaSuAlto) {
   EXPECT_EQ(vista::AltoEnPantalla("100 %", kA4, 10000), 16838);
   EXPECT_EQ(vista::AltoEnPantalla("50 %", kA4, 10000), 8419);
   EXPECT_EQ(vista::AltoEnPantalla("Encajar en Pantalla", kA4, 10000), 10000);
-  EXPECT_EQ(vista::AltoEnPantalla("Encajar en pantalla", kA4, 10000), 0) << "otro texto no es nada";
-  EXPECT_EQ(vista::AltoEnPantalla("", kA4, 10000), 0);
+  EXPECT_EQ(vista::AltoEnPantalla("Encajar en pantalla", kA4, 10000), std::nullopt)
+      << "otro texto no es nada";
+  EXPECT_EQ(vista::AltoEnPantalla("", kA4, 10000), std::nullopt);
 }
 
 TEST(Vista, LaHojaGuardaSuProporcion) {
@@ -42,9 +43,19 @@ TEST(Vista, ElUltimoPasoDejaElFinalAlFinal) {
   EXPECT_EQ(vista::Desplazado(pasos, pasos, alto, kVista), alto - kVista);
 }
 
-TEST(Vista, CincoMilPaginasNoDesbordan) {
+TEST(Vista, ElSiguienteVaPorAlturas) {
+  const std::vector<int> altos{8419, 16838, 10000};
+  EXPECT_EQ(vista::Siguiente(altos, 0, 1), 2);
+  EXPECT_EQ(vista::Siguiente(altos, 2, 1), 1);
+  EXPECT_EQ(vista::Siguiente(altos, 1, 1), 1) << "no hay otro";
+  EXPECT_EQ(vista::Siguiente(altos, 1, -2), 0);
+  EXPECT_EQ(vista::Siguiente(altos, 0, -1), 0);
+  EXPECT_EQ(vista::Siguiente({5, 5}, 0, 1), 1) << "con la misma altura, por su orden";
+}
+
+TEST(Vista, MuchasPaginasNoDesbordan) {
   constexpr int kVista = 16000;
-  const int alto = 5000 * 16938;
+  const int alto = 120000 * 16938;
   const int pasos = vista::Pasos(alto, kVista);
   EXPECT_EQ(vista::Desplazado(pasos - 1, pasos, alto, kVista), kVista / 10 * (pasos - 1));
 }

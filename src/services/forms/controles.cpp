@@ -174,6 +174,13 @@ Pulsador::Pulsador(Sitio sitio, std::string nombre, std::string caption, const D
 Cintilla::Cintilla(Sitio sitio, std::string nombre, std::string caption, const Diseno& diseno)
     : ConCaption(sitio, std::move(nombre), std::move(caption), diseno) {}
 
+Cintilla* BarraDe(const Form& form) {
+  for (Widget* widget : form.Widgets()) {
+    if (auto* barra = dynamic_cast<Cintilla*>(widget)) return barra;
+  }
+  return nullptr;
+}
+
 Image::Image(Sitio sitio, std::string nombre, std::string imagen, const Diseno& diseno)
     : Widget(sitio, std::move(nombre), diseno),
       Picture(*this, Aspecto::Picture, std::move(imagen)) {}

@@ -189,6 +189,9 @@ class Cintilla : public ConCaption {
   EventoRaton Soltada;
 };
 
+/// The title bar of a screen, null where it has none.
+[[nodiscard]] Cintilla* BarraDe(const Form& form);
+
 class Image : public Widget {
  public:
   Image(Sitio sitio, std::string nombre, std::string imagen, const Diseno& diseno = {});

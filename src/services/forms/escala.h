@@ -12,7 +12,6 @@ struct Razon {
   [[nodiscard]] int De(int medida) const {
     return static_cast<int>(static_cast<long long>(medida) * Real / Referencia);
   }
-  [[nodiscard]] double De(double medida) const { return medida * Real / Referencia; }
 };
 
 /// Throws 11 when a size of reference is zero: the session doesn't say what the screens are laid

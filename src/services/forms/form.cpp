@@ -40,6 +40,7 @@ void Form::Abrir(bool modal) {
   if (!vista_) vista_ = escritorio_.Plataforma().CrearVentana(*this);
   visible_ = true;
   vista_->Mostrar(modal);
+  Form_Activate();
   if (enfocado_) escritorio_.RecuperarFoco(*std::exchange(enfocado_, nullptr));
 }
 

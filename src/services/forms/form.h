@@ -70,6 +70,8 @@ class Form : public ObjetoContado<IForm>, public Dueno {
   /// The screen is gone, and whoever keeps it can let go.
   std::function<void()> AlRetirarse;
 
+  /// It has come to the front.
+  virtual void Form_Activate() {}
   virtual void Form_Resize() {}
   virtual void Form_Paint() {}
   /// The user wants to see it larger by so many steps, or smaller where that is negative.

@@ -8,6 +8,8 @@ namespace services {
 
 /// Twips of a logical pixel.
 inline constexpr int kTwips = 15;
+inline constexpr int kTwipsPorPulgada = 1440;
+inline constexpr double kTwipsPorCentimetro = kTwipsPorPulgada / 2.54;
 
 /// Place and size on the desktop, in twips.
 struct Rectangulo {

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include "apoyo/errores.h"
+
 #include <string>
 #include <vector>
 
@@ -119,6 +121,9 @@ TEST_F(UnEntorno, ElSelectorEscribeLoElegidoUnaSolaVez) {
 TEST_F(UnEntorno, ElUltimoInformeSustituyeAlAnterior) {
   EXPECT_EQ(entorno->UltimoInforme(), nullptr);
   const services::TrabajoDeImpresion trabajo{.Impresora = "Una"};
+  EXPECT_EQ(apoyo::NumeroDeError([&] { return plataforma.AbrirImpresora(trabajo); }),
+            services::error::ErrorDeImpresora);
+  entorno->Printers = {"Una"};
   plataforma.AbrirImpresora(trabajo)->Print("viejo", true);
   plataforma.AbrirImpresora(trabajo)->Print("nuevo", true);
   ASSERT_NE(entorno->UltimoInforme(), nullptr);

@@ -87,7 +87,7 @@ TEST_F(BuscoImpresoraEnPantalla, ConElRatonSeEligePorElIconoYPorElNombre) {
 
 TEST_F(BuscoImpresoraEnPantalla, UnNombreLargoNoSeCorta) {
   const std::string largo(127, 'M');
-  const std::string guiones = "Brother_HL-L2350DW_series_Administracion_Planta_Segunda_Despacho_12";
+  const std::string guiones = "Oficina_LX-2350DW_series_Administracion_Planta_Segunda_Despacho_12";
   AbrirCon(0, {largo, guiones, "Laser"});
   Imprimir({[this] {
     for (const int cual : {1, 2, 3}) {
