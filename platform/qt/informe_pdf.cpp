@@ -12,8 +12,6 @@
 namespace qt {
 namespace {
 
-constexpr int kTwipsPorPulgada = 1440;
-
 /// Why no file can be put there, as far as it can be told beforehand; empty otherwise. The
 /// toolkit's own texts for these aren't for users.
 QString Impedimento(const QFileInfo& fichero) {
