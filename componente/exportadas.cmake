@@ -4,6 +4,11 @@ execute_process(COMMAND ${NM} -D --defined-only --format=posix ${BIBLIOTECA}
 string(REGEX MATCHALL "[^\n]+" lineas "${salida}")
 set(nombres)
 foreach(linea ${lineas})
+  # Of its own though it is listed: a table of the standard library's headers that a library which
+  # this one links has too.
+  if(linea MATCHES "^[^ ]+ [abdrt] ")
+    continue()
+  endif()
   string(REGEX REPLACE " .*" "" nombre "${linea}")
   list(APPEND nombres ${nombre})
 endforeach()

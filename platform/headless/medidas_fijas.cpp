@@ -58,8 +58,7 @@ constexpr const Tabla& De(const services::Letra& letra) {
 }
 
 int Ancho(const Tabla& tabla, char32_t signo) {
-  if (signo < U' ') return 0;
-  if (signo <= U'~') return tabla.Llanas[signo - U' '];
+  if (signo >= U' ' && signo <= U'~') return tabla.Llanas[signo - U' '];
   if (signo >= 0xA0 && signo <= 0xFF) return tabla.Latinas[signo - 0xA0];
   switch (signo) {
     case 0x2013:

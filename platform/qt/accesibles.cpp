@@ -7,7 +7,7 @@
 
 #include "qt/lienzo.h"
 #include "qt/panel_qt.h"
-#include "qt/seleccion_qt.h"
+#include "qt/pulsable_qt.h"
 
 namespace qt {
 namespace {
@@ -48,10 +48,10 @@ class ListaAccesible final : public QAccessibleWidget {
   [[nodiscard]] QComboBox& Lista() const { return *static_cast<QComboBox*>(widget()); }
 };
 
-/// The box of a mark, by what it marks.
-class SeleccionAccesible final : public QAccessibleWidget {
+/// The box that a text stands for, by what it marks.
+class PulsableAccesible final : public QAccessibleWidget {
  public:
-  explicit SeleccionAccesible(SeleccionQt* caja) : QAccessibleWidget(caja, QAccessible::CheckBox) {}
+  explicit PulsableAccesible(PulsableQt* caja) : QAccessibleWidget(caja, caja->Papel()) {}
 
   QString text(QAccessible::Text que) const override {
     return que == QAccessible::Name ? Caja().Nombre() : QAccessibleWidget::text(que);
@@ -69,7 +69,7 @@ class SeleccionAccesible final : public QAccessibleWidget {
   }
 
  private:
-  [[nodiscard]] SeleccionQt& Caja() const { return *static_cast<SeleccionQt*>(widget()); }
+  [[nodiscard]] PulsableQt& Caja() const { return *static_cast<PulsableQt*>(widget()); }
 };
 
 /// A screen in a window of its own.
@@ -110,7 +110,7 @@ QAccessibleInterface* Accesible(const QString&, QObject* objeto) {
   auto* vista = qobject_cast<QWidget*>(objeto);
   if (!vista || !EsDeUnaPantalla(*vista)) return nullptr;
   if (auto* lista = qobject_cast<QComboBox*>(vista)) return new ListaAccesible(lista);
-  if (auto* caja = dynamic_cast<SeleccionQt*>(vista)) return new SeleccionAccesible(caja);
+  if (auto* caja = dynamic_cast<PulsableQt*>(vista)) return new PulsableAccesible(caja);
   if (dynamic_cast<Lienzo*>(vista) && vista->isWindow()) return new DialogoAccesible(vista);
   if (dynamic_cast<PanelQt*>(vista)) return new QAccessibleWidget(vista, QAccessible::Grouping);
   return EsLinea(*vista) ? new LineaAccesible(vista) : nullptr;

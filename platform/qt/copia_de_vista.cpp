@@ -10,6 +10,8 @@
 #include <QVariant>
 #include <typeinfo>
 
+#include "qt/destino_qt.h"
+#include "qt/imagen.h"
 #include "qt/opcion_qt.h"
 #include "qt/seleccion_qt.h"
 
@@ -23,9 +25,9 @@ QWidget* Otra(const QWidget& modelo, QWidget* padre) {
 
 QWidget* DelMismoTipo(const QWidget& modelo, QWidget* padre) {
   using Hacer = QWidget* (*)(const QWidget&, QWidget*);
-  static constexpr Hacer kTipos[] = {&Otra<SeleccionQt>, &Otra<QLineEdit>, &Otra<QLabel>,
-                                     &Otra<QCheckBox>,   &Otra<OpcionQt>,  &Otra<QPushButton>,
-                                     &Otra<QComboBox>,   &Otra<QFrame>};
+  static constexpr Hacer kTipos[] = {
+      &Otra<SeleccionQt>, &Otra<DestinoQt>, &Otra<ImagenQt>,    &Otra<QLineEdit>, &Otra<QLabel>,
+      &Otra<QCheckBox>,   &Otra<OpcionQt>,  &Otra<QPushButton>, &Otra<QComboBox>, &Otra<QFrame>};
   for (const Hacer hacer : kTipos) {
     if (QWidget* otra = hacer(modelo, padre)) return otra;
   }

@@ -5,6 +5,8 @@
 #include "ui_FrmFraAutomaticas.h"
 #include "ui_FrmPagosCaja.h"
 #include "ui_FrmTesvaraGastos.h"
+#include "ui_frmBuscoImpresora.h"
+#include "ui_frmListados.h"
 
 namespace qt {
 namespace {
@@ -21,6 +23,8 @@ Disenos DisenosDeTesvara() {
       {"FrmFraAutomaticas", &Disponer<Ui::FrmFraAutomaticas>},
       {"FrmPagosCaja", &Disponer<Ui::FrmPagosCaja>},
       {"FrmTesvaraGastos", &Disponer<Ui::FrmTesvaraGastos>},
+      {"frmBuscoImpresora", &Disponer<Ui::frmBuscoImpresora>},
+      {"frmListados", &Disponer<Ui::frmListados>},
   };
 }
 

@@ -2,6 +2,7 @@
 
 #include <QMouseEvent>
 #include <QPainter>
+#include <utility>
 
 #include "qt/dibujos.h"
 
@@ -20,6 +21,10 @@ ImagenQt::ImagenQt(QWidget* padre) : QWidget(padre) {
 void ImagenQt::PonerDibujo(const QString& nombre) {
   dibujo_ = nombre;
   update();
+}
+
+void ImagenQt::PonerElegida(bool elegida) {
+  if (std::exchange(elegida_, elegida) != elegida && AlElegirse) AlElegirse();
 }
 
 QSize ImagenQt::sizeHint() const {

@@ -13,6 +13,11 @@ class ImagenQt final : public QWidget {
   void PonerDibujo(const QString& nombre);
   std::function<void()> AlPulsar;
 
+  /// It is the chosen one among several.
+  void PonerElegida(bool elegida);
+  [[nodiscard]] bool Elegida() const { return elegida_; }
+  std::function<void()> AlElegirse;
+
   [[nodiscard]] QSize sizeHint() const override;
   [[nodiscard]] QSize minimumSizeHint() const override { return sizeHint(); }
 
@@ -25,6 +30,7 @@ class ImagenQt final : public QWidget {
  private:
   QString dibujo_;
   bool apretada_ = false;
+  bool elegida_ = false;
 };
 
 }  // namespace qt

@@ -61,13 +61,13 @@ double MedirTexto(const services::Letra& letra, const QString& texto) {
   return QFontMetricsF(FuenteGuardada(kCuadratin, letra.Negrita)).horizontalAdvance(texto);
 }
 
-/// A text is as wide, as it is drawn, as its letters one by one, which are measured once: each
+/// A text is as wide as its letters one by one, which are measured once: each
 /// measure takes the toolkit as long as drawing a line.
 double Milesimas(const services::Letra& letra, std::string_view texto) {
   auto& anchos = MedidasDe(letra).Anchos;
   double suma = 0;
-  for (const char32_t signo : services::Signos(services::EnUnaLinea(texto))) {
-    if (signo >= anchos.size()) return MedirTexto(letra, Texto(services::EnUnaLinea(texto)));
+  for (const char32_t signo : services::Signos(texto)) {
+    if (signo >= anchos.size()) return MedirTexto(letra, Texto(texto));
     double& ancho = anchos[signo];
     if (ancho < 0) ancho = MedirTexto(letra, QChar(static_cast<char16_t>(signo)));
     suma += ancho;

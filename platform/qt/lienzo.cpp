@@ -7,6 +7,7 @@
 #include <QPointer>
 #include <QScreen>
 #include <QTimer>
+#include <QWheelEvent>
 
 #include "forms/controles.h"
 #include "forms/entrada.h"
@@ -49,10 +50,12 @@ void Lienzo::Unir() {
   for (QWidget* vista : findChildren<QWidget*>()) {
     if (!vista->objectName().isEmpty()) vistas_.insert(vista->objectName(), vista);
   }
+  // All are there before any is joined: some look for others of their place.
   for (services::Widget* modelo : form_->Widgets()) {
-    QWidget* vista = Vista(NombreDeVista(*modelo));
-    if (!vista && modelo->Indice() > 0) vista = Copiar(*modelo);
-    if (vista) Unir(*modelo, *vista);
+    if (modelo->Indice() > 0 && !Vista(NombreDeVista(*modelo))) Copiar(*modelo);
+  }
+  for (services::Widget* modelo : form_->Widgets()) {
+    if (QWidget* vista = Vista(NombreDeVista(*modelo))) Unir(*modelo, *vista);
   }
   for (const auto& [modelo, vinculo] : vinculos_) vinculo->MostrarTodo();
 }
@@ -129,6 +132,7 @@ void Lienzo::HacerVentana() {
 }
 
 void Lienzo::AjustarVentana() {
+  if (property("pantallaCompleta").toBool()) return setWindowState(Qt::WindowFullScreen);
   // Later it is as large as the user has made it.
   if (std::exchange(ajustada_, true)) return;
   constexpr QSize kBordes(20, 60);
@@ -235,7 +239,17 @@ void Lienzo::Avisar(Suceso suceso, bool& pedido) {
   });
 }
 
+/// Where the design says so the model is as large as it is on the screen, and so are those of its
+/// widgets that say so too: what it works out for itself fits then.
+void Lienzo::Medir(services::Form& form) {
+  if (!property("medidaReal").toBool()) return;
+  form.Width = width() * services::kTwips;
+  form.Height = height() * services::kTwips;
+  for (const auto& [modelo, vinculo] : vinculos_) vinculo->Medir();
+}
+
 void Lienzo::Redimensionado(services::Form& form) {
+  Medir(form);
   form.Form_Resize();
 }
 
@@ -271,9 +285,31 @@ void Lienzo::closeEvent(QCloseEvent* evento) {
 
 /// While nothing of the model has the focus the bare surface has the toolkit's.
 void Lienzo::keyPressEvent(QKeyEvent* evento) {
+  if (RecorrerYAcercar(*evento)) return;
   const bool escape = teclado::Codigo(*evento) == services::tecla::Escape;
   if (!escape || !form_ || window()->focusWidget() != this) return QWidget::keyPressEvent(evento);
   services::entrada::Cancelar(*form_);
+}
+
+/// Keys that nobody has taken: those that go by pages move the bar that the property `barra` of the
+/// design names.
+bool Lienzo::RecorrerYAcercar(QKeyEvent& evento) {
+  if (!form_) return false;
+  if (const int pasos = teclado::PasosDeZoom(evento)) {
+    services::entrada::Acercar(*form_, pasos);
+    return true;
+  }
+  QWidget* barra = Vista(property("barra").toString());
+  if (!barra || !barra->isVisible() || teclado::CodigoDeLista(evento) == 0) return false;
+  return QCoreApplication::sendEvent(barra, &evento);
+}
+
+void Lienzo::wheelEvent(QWheelEvent* evento) {
+  const int giro = evento->angleDelta().y();
+  if (!form_ || giro == 0 || !(evento->modifiers() & Qt::ControlModifier)) {
+    return QWidget::wheelEvent(evento);
+  }
+  services::entrada::Acercar(*form_, giro > 0 ? 1 : -1);
 }
 
 /// The Tab key goes by the model's order. The toolkit also asks this when it hides what has the

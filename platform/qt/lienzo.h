@@ -75,14 +75,17 @@ class Lienzo final : public QWidget {
   void resizeEvent(QResizeEvent* evento) override;
   void closeEvent(QCloseEvent* evento) override;
   void keyPressEvent(QKeyEvent* evento) override;
+  void wheelEvent(QWheelEvent* evento) override;
   bool focusNextPrevChild(bool siguiente) override;
 
  private:
   using Suceso = void (Lienzo::*)(services::Form&);
   void Unir();
   Vinculo* Unir(services::Widget& modelo, QWidget& vista);
-  [[nodiscard]] QWidget* Copiar(const services::Widget& modelo);
+  QWidget* Copiar(const services::Widget& modelo);
   void Avisar(Suceso suceso, bool& pedido);
+  void Medir(services::Form& form);
+  [[nodiscard]] bool RecorrerYAcercar(QKeyEvent& evento);
   void Redimensionado(services::Form& form);
   void Pintado(services::Form& form);
   [[nodiscard]] int FinDeLaBarra() const;

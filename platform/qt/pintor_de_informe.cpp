@@ -5,7 +5,6 @@
 #include "qt/estampa.h"
 #include "qt/letra_de_informe.h"
 #include "qt/textos_qt.h"
-#include "valores/texto.h"
 
 namespace qt {
 namespace {
@@ -42,18 +41,17 @@ void PonerPluma(QPainter& pintor, const QColor& color) {
 }
 
 void PintarTexto(QPainter& pintor, const Trazo& trazo) {
-  const std::string linea = services::EnUnaLinea(trazo.Texto);
   const MedidasQt& medidas = MedidasDeInforme();
   const QPointF origen = Origen(trazo);
   if (trazo.Opaco) {
-    const QSizeF hueco(ATwips(medidas.Ancho(trazo.Letra, linea)),
+    const QSizeF hueco(ATwips(medidas.Ancho(trazo.Letra, trazo.Texto)),
                        ATwips(medidas.Alto(trazo.Letra)));
     pintor.fillRect(QRectF(origen, hueco), Qt::white);
   }
   const QFont fuente = FuenteDeInforme(trazo.Letra);
   if (pintor.font() != fuente) pintor.setFont(fuente);
   pintor.setPen(ColorDe(trazo));
-  pintor.drawText(origen + QPointF(0, ATwips(medidas.Ascenso(trazo.Letra))), Texto(linea));
+  pintor.drawText(origen + QPointF(0, ATwips(medidas.Ascenso(trazo.Letra))), Texto(trazo.Texto));
 }
 
 void PintarCaja(QPainter& pintor, const Trazo& trazo) {

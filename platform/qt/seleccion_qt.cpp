@@ -1,6 +1,5 @@
 #include "qt/seleccion_qt.h"
 
-#include <QAccessible>
 #include <QEvent>
 #include <QPainter>
 #include <QStyleOptionButton>
@@ -18,7 +17,7 @@ constexpr int kVeladura = 40;  // of 255
 void SeleccionQt::Unir(QWidget* marca, const QList<QLabel*>& rotulos) {
   marca_ = marca;
   if (marca) marca->installEventFilter(this);
-  anunciada_ = Marcada();
+  Recordar();
   rotulos_.clear();
   for (QLabel* rotulo : rotulos) rotulos_.append(rotulo);
 }
@@ -37,19 +36,12 @@ QString SeleccionQt::Nombre() const {
 }
 
 bool SeleccionQt::eventFilter(QObject* objeto, QEvent* evento) {
-  if (objeto == marca_ && Marcada() != anunciada_) {
-    anunciada_ = !anunciada_;
-    update();
-    QAccessible::State que;
-    que.checked = true;
-    QAccessibleStateChangeEvent aviso(this, que);
-    QAccessible::updateAccessibility(&aviso);
-  }
-  return QLabel::eventFilter(objeto, evento);
+  if (objeto == marca_) AnunciarMarca();
+  return PulsableQt::eventFilter(objeto, evento);
 }
 
 void SeleccionQt::paintEvent(QPaintEvent* evento) {
-  QLabel::paintEvent(evento);
+  PulsableQt::paintEvent(evento);
   QPainter pintor(this);
   QStyleOptionButton caja;
   caja.initFrom(this);
@@ -63,20 +55,7 @@ void SeleccionQt::paintEvent(QPaintEvent* evento) {
     pintor.fillRect(rect(), velo);
   }
   style()->drawPrimitive(QStyle::PE_IndicatorCheckBox, &caja, &pintor, this);
-  if (!hasFocus()) return;
-  pintor.setRenderHint(QPainter::Antialiasing);
-  pintor.setPen(QPen(palette().color(QPalette::Highlight), 2));
-  pintor.drawRoundedRect(QRectF(rect()).adjusted(1, 1, -1, -1), 3, 3);
-}
-
-void SeleccionQt::focusInEvent(QFocusEvent* evento) {
-  QLabel::focusInEvent(evento);
-  update();
-}
-
-void SeleccionQt::focusOutEvent(QFocusEvent* evento) {
-  QLabel::focusOutEvent(evento);
-  update();
+  PintarFoco(pintor, rect());
 }
 
 }  // namespace qt

@@ -1,38 +1,31 @@
 #pragma once
 
-#include <QLabel>
 #include <QPointer>
-#include <functional>
+
+#include "qt/pulsable_qt.h"
 
 namespace qt {
 
 /// A text, mostly an empty one, that lies over others and by a click turns a mark on and off: it
-/// draws the box that the mark is in, and the focus. Screen readers know it as that box.
-class SeleccionQt final : public QLabel {
+/// draws the box that the mark is in.
+class SeleccionQt final : public PulsableQt {
  public:
-  explicit SeleccionQt(QWidget* padre = nullptr) : QLabel(padre) {}
+  explicit SeleccionQt(QWidget* padre = nullptr) : PulsableQt(padre) {}
 
   /// `marca` is there while it is on; `rotulos` are the texts that tell what is marked.
   void Unir(QWidget* marca, const QList<QLabel*>& rotulos);
 
-  /// What a click does, and going there by key, for who asks by other means: also where it is out
-  /// of sight, and hidden.
-  std::function<void()> Pulsar;
-  std::function<void()> Enfocar;
-
-  [[nodiscard]] bool Marcada() const;
-  [[nodiscard]] QString Nombre() const;
+  [[nodiscard]] bool Marcada() const override;
+  [[nodiscard]] QString Nombre() const override;
+  [[nodiscard]] QAccessible::Role Papel() const override { return QAccessible::CheckBox; }
 
   bool eventFilter(QObject* objeto, QEvent* evento) override;
 
  protected:
   void paintEvent(QPaintEvent* evento) override;
-  void focusInEvent(QFocusEvent* evento) override;
-  void focusOutEvent(QFocusEvent* evento) override;
 
  private:
   QPointer<QWidget> marca_;
-  bool anunciada_ = false;  // what was last told of it
   QList<QPointer<QLabel>> rotulos_;
 };
 

@@ -6,6 +6,7 @@
 #include <QVariant>
 #include <QWheelEvent>
 
+#include "forms/iform.h"
 #include "qt/medidas.h"
 
 namespace qt {
@@ -19,14 +20,22 @@ constexpr const char* kSeMuestra = "seMuestra";
 
 SueloQt::SueloQt(QWidget* padre) : QFrame(padre), linea_(QFontMetrics(Fuente(0, false)).height()) {}
 
+bool SueloQt::AEscala() const {
+  return property("aEscala").toBool();
+}
+
+QPoint SueloQt::Origen() const {
+  return AEscala() ? mapTo(window(), QPoint()) * services::kTwips
+                   : property("origenTwips").toPoint();
+}
+
 int SueloQt::Pixeles(int twips) const {
-  return qRound(twips * linea_ / kTwipsDeLinea);
+  return qRound(AEscala() ? double(twips) / services::kTwips : twips * linea_ / kTwipsDeLinea);
 }
 
 void SueloQt::Colocar(QWidget& vista, const QRect& twips) {
   const int holgura = vista.property("holguraTwips").toInt();
-  const QRect lugar =
-      twips.translated(-property("origenTwips").toPoint()).adjusted(0, -holgura, 0, holgura);
+  const QRect lugar = twips.translated(-Origen()).adjusted(0, -holgura, 0, holgura);
   // Each edge by itself: what lies side by side in the model leaves no gap here.
   const QPoint desde(Pixeles(lugar.x()), Pixeles(lugar.y()));
   const QPoint hasta(Pixeles(lugar.x() + lugar.width()), Pixeles(lugar.y() + lugar.height()));
@@ -75,7 +84,8 @@ QSize SueloQt::sizeHint() const {
 
 void SueloQt::wheelEvent(QWheelEvent* evento) {
   auto* barra = window()->findChild<QScrollBar*>(property("barra").toString());
-  if (!barra) return QFrame::wheelEvent(evento);
+  const bool zoom = (evento->modifiers() & Qt::ControlModifier) != 0;
+  if (!barra || zoom) return QFrame::wheelEvent(evento);
   QCoreApplication::sendEvent(barra, evento);
   evento->accept();
 }

@@ -10,7 +10,10 @@ namespace qt {
 ///
 /// A widget with the property `holguraTwips` is drawn so much higher and lower than its model says.
 /// With `medidaTwips` the surface takes that much room itself; `origenTwips` is the place of the
-/// model that its corner shows. The wheel over it moves the scroll bar that `barra` names.
+/// model that its corner shows. With `aEscala` its measure is not the font but the desktop's own
+/// inch: what lies on it is as large as its model says, and its corner shows the place of the
+/// screen that it stands at. The wheel over it moves the scroll bar that `barra` names; with Ctrl
+/// it is the screen's.
 class SueloQt final : public QFrame {
  public:
   explicit SueloQt(QWidget* padre = nullptr);
@@ -33,6 +36,8 @@ class SueloQt final : public QFrame {
  private:
   void MostrarLoQueSeVe();
   void MostrarSiSeVe(QWidget& vista) const;
+  [[nodiscard]] bool AEscala() const;
+  [[nodiscard]] QPoint Origen() const;
   [[nodiscard]] int Pixeles(int twips) const;
 
   int linea_;  // pixels

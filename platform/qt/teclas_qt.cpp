@@ -66,6 +66,21 @@ int CodigoDeLista(const QKeyEvent& evento) {
   }
 }
 
+/// On most keyboards the plus sign is typed with Shift or without, and is told as an equals sign on
+/// others.
+int PasosDeZoom(const QKeyEvent& evento) {
+  if ((Modificadores(evento) & ~Qt::ShiftModifier) != Qt::ControlModifier) return 0;
+  switch (evento.key()) {
+    case Qt::Key_Plus:
+    case Qt::Key_Equal:
+      return 1;
+    case Qt::Key_Minus:
+      return -1;
+    default:
+      return 0;
+  }
+}
+
 std::u32string Caracteres(const QKeyEvent& evento) {
   const Qt::KeyboardModifiers con = Modificadores(evento) & ~Qt::ShiftModifier;
   // Control with Alt is the third level of the keyboard, where it is told so.

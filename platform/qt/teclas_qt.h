@@ -12,6 +12,9 @@ namespace qt::teclado {
 [[nodiscard]] int Codigo(const QKeyEvent& evento);
 /// That of a key that goes through a list by pages or to its ends; 0 for any other.
 [[nodiscard]] int CodigoDeLista(const QKeyEvent& evento);
+/// How much larger the user wants to see what is there, in steps: Ctrl with plus or minus; 0 for
+/// any other key.
+[[nodiscard]] int PasosDeZoom(const QKeyEvent& evento);
 /// The characters that it types; none for a command.
 [[nodiscard]] std::u32string Caracteres(const QKeyEvent& evento);
 [[nodiscard]] bool EsTabulador(const QKeyEvent& evento);

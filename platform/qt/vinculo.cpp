@@ -3,6 +3,7 @@
 #include <QKeyEvent>
 
 #include "forms/entrada.h"
+#include "forms/iform.h"
 #include "qt/colores.h"
 #include "qt/lienzo.h"
 #include "qt/medidas.h"
@@ -25,9 +26,10 @@ bool Vinculo::Atento() const {
 
 void Vinculo::MostrarTodo() {
   for (const Aspecto aspecto :
-       {Aspecto::Fuente, Aspecto::Elementos, Aspecto::Caption, Aspecto::Picture, Aspecto::Min,
-        Aspecto::Max, Aspecto::Tecleo, Aspecto::Text, Aspecto::Value, Aspecto::ListIndex,
-        Aspecto::BackColor, Aspecto::Enabled, Aspecto::Visible, Aspecto::Geometria}) {
+       {Aspecto::Fuente, Aspecto::Elementos, Aspecto::Caption, Aspecto::Picture, Aspecto::Tag,
+        Aspecto::Min, Aspecto::Max, Aspecto::Tecleo, Aspecto::Text, Aspecto::Value,
+        Aspecto::ListIndex, Aspecto::BackColor, Aspecto::Enabled, Aspecto::Visible,
+        Aspecto::Geometria}) {
     Mostrar(aspecto);
   }
 }
@@ -72,6 +74,12 @@ void Vinculo::MostrarLugar() {
   auto* suelo = dynamic_cast<SueloQt*>(vista_.parentWidget());
   if (!suelo) return;
   suelo->Colocar(vista_, {modelo_->Left, modelo_->Top, modelo_->Width, modelo_->Height});
+}
+
+void Vinculo::Medir() {
+  if (Suelto() || !vista_.property("medidaReal").toBool()) return;
+  modelo_->Top = vista_.mapTo(&lienzo_, QPoint()).y() * services::kTwips;
+  modelo_->Height = vista_.height() * services::kTwips;
 }
 
 void Vinculo::MostrarColores() {

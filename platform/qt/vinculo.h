@@ -24,6 +24,9 @@ class Vinculo : public QObject {
 
   void MostrarTodo();
   void Mostrar(services::Aspecto aspecto);
+  /// The model of a widget that is marked `medidaReal` in the design takes its height and its place
+  /// from above as they are on the screen.
+  void Medir();
   /// Whether it does anything at the end of an event, or before a question.
   [[nodiscard]] virtual bool Espera() const { return false; }
   virtual void FinDeEvento() {}

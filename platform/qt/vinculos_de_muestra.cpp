@@ -56,25 +56,34 @@ void VinculoEtiqueta::Titular() {
   if (titulado) titulado->setAccessibleName(Vista().text());
 }
 
-VinculoSeleccion::VinculoSeleccion(services::Label& modelo, SeleccionQt& vista, Lienzo& lienzo)
+VinculoPulsable::VinculoPulsable(services::Label& modelo, PulsableQt& vista, Lienzo& lienzo)
     : VinculoEtiqueta(modelo, vista, lienzo) {
-  QList<QLabel*> rotulos;
-  for (const QString& nombre : vista.property("rotulos").toString().split(QLatin1Char(' '))) {
-    if (auto* rotulo = qobject_cast<QLabel*>(Hermano(nombre))) rotulos.append(rotulo);
-  }
-  vista.Unir(Hermano(vista.property("marca").toString()), rotulos);
   vista.Pulsar = [this] { Vinculo::Pulsar(); };
   vista.Enfocar = [this] {
     if (Atento()) services::entrada::Enfocar(Modelo());
   };
 }
 
-QWidget* VinculoSeleccion::Hermano(const QString& nombre) const {
+VinculoSeleccion::VinculoSeleccion(services::Label& modelo, SeleccionQt& vista, Lienzo& lienzo)
+    : VinculoPulsable(modelo, vista, lienzo) {
+  QList<QLabel*> rotulos;
+  for (const QString& nombre : vista.property("rotulos").toString().split(QLatin1Char(' '))) {
+    if (auto* rotulo = qobject_cast<QLabel*>(Hermano(nombre))) rotulos.append(rotulo);
+  }
+  vista.Unir(Hermano(vista.property("marca").toString()), rotulos);
+}
+
+VinculoDestino::VinculoDestino(services::Label& modelo, DestinoQt& vista, Lienzo& lienzo)
+    : VinculoPulsable(modelo, vista, lienzo) {
+  vista.Unir(dynamic_cast<ImagenQt*>(Hermano(vista.property("imagen").toString())));
+}
+
+QWidget* VinculoPulsable::Hermano(const QString& nombre) const {
   return Pantalla().Vista(NombreDeVista(nombre, Modelo().Indice()));
 }
 
 /// The keys that go through a list, too, which a line of text would have for itself.
-bool VinculoSeleccion::PulsarTecla(QKeyEvent& evento) {
+bool VinculoPulsable::PulsarTecla(QKeyEvent& evento) {
   const int codigo = teclado::CodigoDeLista(evento);
   if (codigo == 0) return VinculoEtiqueta::PulsarTecla(evento);
   services::entrada::Tecla(Modelo(), codigo);
@@ -135,6 +144,11 @@ VinculoImagen::VinculoImagen(services::Image& modelo, ImagenQt& vista, Lienzo& l
 
 void VinculoImagen::MostrarPropio(Aspecto aspecto) {
   if (aspecto == Aspecto::Picture) Vista().PonerDibujo(Texto(Modelo().Picture()));
+  if (aspecto == Aspecto::Tag) Vista().PonerElegida(Modelo().Tag == "1");
+}
+
+void VinculoListado::MostrarPropio(Aspecto aspecto) {
+  if (aspecto == Aspecto::Picture) Vista().Poner(Modelo().Pintadas());
 }
 
 /// The bounds are any numbers; the bar on the screen goes in thousandths of the way.

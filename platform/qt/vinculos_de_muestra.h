@@ -7,7 +7,9 @@
 
 #include "forms/controles.h"
 #include "qt/cintilla.h"
+#include "qt/destino_qt.h"
 #include "qt/imagen.h"
+#include "qt/listado_qt.h"
 #include "qt/seleccion_qt.h"
 #include "qt/vinculo.h"
 
@@ -29,17 +31,28 @@ class VinculoEtiqueta : public VinculoDe<services::Label, QLabel> {
   void Titular();
 };
 
-/// What turns a mark on and off. The property `marca` names what shows the mark, `rotulos` the
-/// texts that tell what is marked; in a control array they are the elements of its own place.
-class VinculoSeleccion final : public VinculoEtiqueta {
+/// A text that a click, or the blank, turns on.
+class VinculoPulsable : public VinculoEtiqueta {
  public:
-  VinculoSeleccion(services::Label& modelo, SeleccionQt& vista, Lienzo& lienzo);
+  VinculoPulsable(services::Label& modelo, PulsableQt& vista, Lienzo& lienzo);
 
  protected:
   bool PulsarTecla(QKeyEvent& evento) override;
-
- private:
+  /// Another widget of its place in a control array.
   [[nodiscard]] QWidget* Hermano(const QString& nombre) const;
+};
+
+/// What turns a mark on and off. The property `marca` names what shows the mark, `rotulos` the
+/// texts that tell what is marked.
+class VinculoSeleccion final : public VinculoPulsable {
+ public:
+  VinculoSeleccion(services::Label& modelo, SeleccionQt& vista, Lienzo& lienzo);
+};
+
+/// A destination by its name. The property `imagen` names its picture.
+class VinculoDestino final : public VinculoPulsable {
+ public:
+  VinculoDestino(services::Label& modelo, DestinoQt& vista, Lienzo& lienzo);
 };
 
 /// A title that stands in the frame around its group.
@@ -71,6 +84,15 @@ class VinculoImagen final : public VinculoDe<services::Image, ImagenQt> {
 };
 
 class VinculoProgreso final : public VinculoDe<services::ProgressBar, QProgressBar> {
+ public:
+  using VinculoDe::VinculoDe;
+
+ protected:
+  void MostrarPropio(services::Aspecto aspecto) override;
+};
+
+/// A panel on which pictures are painted.
+class VinculoListado final : public VinculoDe<services::PictureBox, ListadoQt> {
  public:
   using VinculoDe::VinculoDe;
 

@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <cmath>
 
-#include "forms/entrada.h"
 #include "forms/escala.h"
 #include "print/vista.h"
 
@@ -11,7 +10,6 @@ namespace print {
 
 using services::Diseno;
 namespace color = services::color;
-namespace tecla = services::tecla;
 
 namespace {
 
@@ -43,7 +41,6 @@ frmListados::frmListados(services::Escritorio& escritorio, services::Sesion& ses
   Barra1.Cerrar = [this] { Unload(); };
   CbxPor.Click = [this] { CbxPor_Click(); };
   Scroll.Change = [this] { Scroll_Change(); };
-  CbxPor.KeyPress = Scroll.KeyPress = [this](int& codigo) { Cerrar(codigo); };
 }
 
 void frmListados::Form_Load() {
@@ -157,10 +154,6 @@ void frmListados::Form_Zoom(int pasos) {
   const auto destino = std::clamp<std::ptrdiff_t>(actual - zooms.begin() + pasos, 0,
                                                   static_cast<std::ptrdiff_t>(zooms.size()) - 1);
   CbxPor.ListIndex = zooms[static_cast<std::size_t>(destino)];
-}
-
-void frmListados::Cerrar(int codigo) {
-  if (codigo == tecla::Escape) services::Widget::Disparar(Barra1.Cerrar);
 }
 
 }  // namespace print

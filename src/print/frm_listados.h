@@ -63,7 +63,6 @@ class frmListados final : public services::Form {
 
   void CbxPor_Click();
   void Scroll_Change();
-  void Cerrar(int tecla);
 
   [[nodiscard]] int Vista() const;
   [[nodiscard]] int Arriba() const { return PicTapa.Top + PicTapa.Height; }

@@ -16,6 +16,7 @@ int AnchoEnPantalla(const Medida& pagina, int alto) {
 }
 
 int Pasos(int alto, int vista) {
+  if (vista <= 0) return 0;
   return static_cast<int>((alto - vista) / (vista / 10.0));
 }
 

@@ -26,7 +26,7 @@ struct Medida {
 /// The width that goes with it: the aspect of the sheet is kept.
 [[nodiscard]] int AnchoEnPantalla(const Medida& pagina, int alto);
 /// Steps of the scroll bar for so much to show, a tenth of a view each; negative where the view is
-/// the higher one by more than a step.
+/// the higher one by more than a step, 0 where there is no view at all.
 [[nodiscard]] int Pasos(int alto, int vista);
 /// How far up the pages are moved at a step. At the last one the bottom of what is shown is at the
 /// bottom of the view, whatever the rounding of the steps.

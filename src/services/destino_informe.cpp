@@ -2,6 +2,8 @@
 
 #include <utility>
 
+#include "valores/texto.h"
+
 namespace services {
 
 namespace {
@@ -11,7 +13,7 @@ constexpr int kTransparente = 1;
 }  // namespace
 
 double DestinoInforme::TextWidth(std::string_view texto) const {
-  return medidas_.Ancho(LetraActual(), texto);
+  return medidas_.Ancho(LetraActual(), EnUnaLinea(texto));
 }
 
 double DestinoInforme::TextHeight(std::string_view) const {
@@ -27,7 +29,7 @@ void DestinoInforme::Print(const std::string& texto, bool terminaLinea) {
     Trazar({.Que = Trazo::Clase::Texto,
             .X1 = CurrentX,
             .Y1 = CurrentY,
-            .Texto = texto,
+            .Texto = EnUnaLinea(texto),
             .Letra = LetraActual(),
             .Color = ForeColor,
             .Opaco = !FontTransparent || modoDeFondo_ != kTransparente});

@@ -82,7 +82,7 @@ class DestinoInforme {
   int SetBkMode(int modo);
 
   /// With `terminaLinea` the point goes to the beginning of the next line. An empty text draws
-  /// nothing.
+  /// nothing; a control sign in it is a blank.
   void Print(const std::string& texto, bool terminaLinea);
   void Linea(double x1, double y1, double x2, double y2, int color);
   void Caja(double x1, double y1, double x2, double y2, int color, bool llena);

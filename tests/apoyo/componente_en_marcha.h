@@ -8,6 +8,7 @@
 
 #include "headless/entorno.h"
 #include "services/anfitrion.h"
+#include "services/datos/conexion_falsa.h"
 #include "shell/class_tesvara.h"
 #include "shell/datos_comunes.h"
 #include "shell/frm_tesvara_gastos.h"
@@ -38,8 +39,11 @@ class ContextoDeAnfitrion final : public services::ObjetoContado<services::IDato
       services::Ref<services::IUnknown>&, services::Ref<services::IUnknown>& FrmMarco,
       services::Ref<services::IUnknown>& FrmPrincipal, std::int32_t& AnchoReferencia,
       std::int32_t& AltoReferencia, double&, services::Ref<services::Recordset>&,
-      services::Ref<services::Recordset>&, services::Ref<services::Recordset>&,
+      services::Ref<services::Recordset>& RsTextos, services::Ref<services::Recordset>&,
       std::string& ClaveBorrado, std::string& Usuario) noexcept override {
+    if (!RsTextos->State()) {
+      RsTextos->Open("SELECT", *textos_, services::ModoApertura::Lectura);
+    }
     CnDatos = datos_;
     CnTemp = temp_;
     FrmMarco = Marco;
@@ -62,6 +66,9 @@ class ContextoDeAnfitrion final : public services::ObjetoContado<services::IDato
  private:
   services::Ref<services::Conexion> datos_;
   services::Ref<services::Conexion> temp_;
+  services::Ref<services::Conexion> textos_{services::Crear<pruebas::ConexionFalsa>(
+      std::make_shared<pruebas::TablaFalsa>(pruebas::TablaFalsa{
+          .Columnas = {{"Pagina"}, {"Pantalla"}}, .FilasGuardadas = {{"Página", "Pantalla"}}}))};
 };
 
 class ComponenteEnMarcha {

@@ -53,13 +53,19 @@ class Jornada:
         self.lineas, self.esperado = [], []
         self.avisos, self.respuesta, self.dadas = [], "no", []
         self.decir(f"reloj {self.reloj}")
-        self.decir("pantalla 15360 11520" if self.reposo == 22 else "pantalla 12800 9600")
+        self._preparar(negocio)
         for base, tabla in TABLAS.values():
             self.decir(f"{base} DELETE FROM {tabla}")
         for tabla, fila in negocio.filas:
             self._insertar(tabla, fila)
-        self.decir("cargar")
+        self.cargar()
         self.pantalla = self.clase_de_pantalla(self, self.almacen, self.local)
+
+    def _preparar(self, _):
+        self.decir("pantalla 15360 11520" if self.reposo == 22 else "pantalla 12800 9600")
+
+    def cargar(self):
+        self.decir("cargar")
 
     # What the screen asks of its post.
 
@@ -157,12 +163,12 @@ class Jornada:
         self.respuesta = respuesta
         if self._hacer(orden, self.pantalla.cerrar):
             self.paso_avisos()
-            self.decir("cargar")
+            self.cargar()
             self.pantalla = self.clase_de_pantalla(self, self.almacen, self.local)
 
     def paso_ocultar(self):
         self.decir("ocultar")
-        self.decir("cargar")
+        self.cargar()
 
     def paso_reloj(self, momento):
         self.reloj = datetime.fromisoformat(momento)

@@ -30,9 +30,9 @@ class Linea:
         return self.pagado is None or mascara(self.pagado) == mascara(self.importe)
 
     def celdas(self, por_fecha):
-        fecha, concepto = a_vista(self.fecha), en_linea(self.concepto)
+        fecha, concepto = a_vista(self.fecha), self.concepto or ""
         primeras = [fecha, concepto] if por_fecha else [concepto, fecha]
-        return primeras + [en_linea(self.factura), mascara(self.importe), mascara(self.pagado), "",
+        return primeras + [self.factura, mascara(self.importe), mascara(self.pagado), "",
                            self.codigo, self.anno or ""]
 
 
@@ -154,6 +154,6 @@ class Rejilla:
         """As the scenario runner prints it."""
         lineas = [f"MSFPagos filas={len(self.celdas)} fila={self.fila} columna={self.columna}"]
         for n, (celdas, marca) in enumerate(zip(self.celdas, self.marcas)):
-            lineas.append(f"{n}: " + "|".join(c + ("[x]" if i == 5 and marca else "")
+            lineas.append(f"{n}: " + "|".join(en_linea(c) + ("[x]" if i == 5 and marca else "")
                                              for i, c in enumerate(celdas)))
         return lineas

@@ -165,11 +165,9 @@ def prueba_pago_sin_grabar_en_los_recibos():
     assert len(b.p.vtos.celdas) == 5
 
 
-def principal():
+def principal(modulos):
     fallos = 0
-    pruebas = [f for m in (prueba_cuentas, sys.modules[__name__], prueba_aceptar, prueba_recibos, prueba_caja,
-                                    prueba_automaticas)
-               for n, f in vars(m).items() if n.startswith("prueba_") and callable(f)]
+    pruebas = [f for m in modulos for n, f in vars(m).items() if n.startswith("prueba_") and callable(f)]
     for prueba in pruebas:
         try:
             prueba()
@@ -181,4 +179,5 @@ def principal():
 
 
 if __name__ == "__main__":
-    sys.exit(principal())
+    sys.exit(principal((prueba_cuentas, sys.modules[__name__], prueba_aceptar, prueba_recibos, prueba_caja,
+                        prueba_automaticas)))

@@ -14,6 +14,7 @@ class Banco:
     entries, each as (moment, concept, amount), with remark, number, year and branch if they are told."""
 
     reloj, usuario, reposo = datetime(2005, 3, 15, 10), "ANA", 22
+    clase_de_pantalla = PantallaConPanel
 
     def __init__(self, receipts=0, pagado=None, bases=None, previsiones=(), caja=()):
         self.almacen, self.local = Almacen(), Local()
@@ -28,7 +29,7 @@ class Banco:
             momento, *resto = fila
             columnas = dict(zip(("Tipo", "Importe", "Observaciones", "Factura", "Año", "idSucursal"), resto))
             self.almacen.caja.insertar({"FechaHora": datetime.fromisoformat(momento), "idSucursal": "1"} | columnas)
-        self.p = PantallaConPanel(self, self.almacen, self.local)
+        self.p = self.clase_de_pantalla(self, self.almacen, self.local)
 
     def _factura(self, cuantos, pagado, bases):
         clave = {"NConcepto": "400", "Año": "2005"}

@@ -138,5 +138,5 @@ def orden(texto):
 
 
 def en_linea(texto):
-    """A text as a cell shows it: tabs and line breaks as blanks."""
-    return re.sub(r"[\t\r\n]", " ", texto or "")
+    """A text of a cell as it is printed: tabs, line breaks and their like as blanks."""
+    return re.sub(r"[\x00-\x1f]", " ", texto)

@@ -87,7 +87,8 @@ void SoltarBarra(Cintilla& barra, const Raton& raton);
 void Tabular(Form& form, bool atras);
 /// The user wants to see what is in a screen larger by so many steps, or smaller.
 void Acercar(Form& form, int pasos);
-/// Escape in a screen of which no widget has the focus: clicks the button that cancels.
+/// Escape in a screen of which no widget has the focus: clicks the button that cancels, or closes a
+/// modal screen without one.
 void Cancelar(Form& form);
 
 }  // namespace entrada

@@ -74,6 +74,9 @@ class Escritorio {
   /// Whether the user can work in a screen: shown, and not behind a modal one.
   [[nodiscard]] bool AlAlcance(const Form& form) const;
 
+  /// Whether the user is waited for in a screen.
+  [[nodiscard]] bool EsModal(const Form& form) const;
+
   /// The widget with the focus, null for none.
   [[nodiscard]] Widget* Foco() const { return foco_; }
   /// While no widget has the focus, the last one it was taken from, or could not arrive at, because
@@ -101,7 +104,6 @@ class Escritorio {
   friend class Form;
   void Registrar(Form& form);
   void Retirar(Form& form);
-  [[nodiscard]] bool EsModal(const Form& form) const;
 
   /// A widget whose LostFocus handler runs, and where the focus goes after it; null where the
   /// widget is gone.

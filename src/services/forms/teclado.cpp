@@ -197,10 +197,13 @@ bool EntrarALaVista(MSFlexGrid& rejilla) {
 }
 
 void Cancelar(const Form& form) {
+  const Cintilla* barra = nullptr;
   for (Widget* widget : form.Widgets()) {
     auto* boton = dynamic_cast<Pulsador*>(widget);
     if (boton && boton->Cancela && boton->Alcanzable()) return PulsarDesdeLejos(*boton);
+    if (auto* esta = dynamic_cast<Cintilla*>(widget)) barra = esta;
   }
+  if (barra && form.Escritorio().EsModal(form)) Widget::Disparar(barra->Cerrar);
 }
 
 int PasarTecla(Widget& widget, int codigo, int caracter) {

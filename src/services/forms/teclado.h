@@ -19,7 +19,8 @@ void Sustituir(TextBox& caja, int desde, int cuantos, std::string_view texto);
 /// A list made anew leaves its current cell in a column that isn't shown. The first key that moves
 /// takes it to where the user looks; whether it did.
 bool EntrarALaVista(MSFlexGrid& rejilla);
-/// Escape presses the button of the screen that cancels, where it can be reached.
+/// Escape presses the button of the screen that cancels, where it can be reached; a modal screen
+/// without one closes by its title bar.
 void Cancelar(const Form& form);
 /// Runs `KeyDown` and, where the key has a character, `KeyPress`; what is left of the key, 0 when a
 /// handler consumed it or the focus went away meanwhile.

@@ -61,6 +61,12 @@ TEST_F(UnInforme, DeUnInformeQueSeDejaNoQuedaNada) {
   EXPECT_TRUE(grabacion->Trazos.empty());
 }
 
+TEST_F(UnInforme, UnSignoDeControlEsUnBlanco) {
+  informe.Print("a\nb\tc", false);
+  EXPECT_EQ(grabacion->Trazos.front().Trazo.Texto, "a b c");
+  EXPECT_DOUBLE_EQ(informe.TextWidth("a\nb"), informe.TextWidth("a b"));
+}
+
 TEST(MedidasFijas, SonLasDeLaLetraDelInforme) {
   const headless::MedidasFijas medidas;
   const auto milesimas = [&](const char* texto, bool negrita) {
@@ -73,7 +79,6 @@ TEST(MedidasFijas, SonLasDeLaLetraDelInforme) {
   EXPECT_DOUBLE_EQ(milesimas("ñ", true), 680);
   EXPECT_DOUBLE_EQ(milesimas("…—", true), 2000);
   EXPECT_DOUBLE_EQ(milesimas("漢", false), milesimas("0", false));
-  EXPECT_DOUBLE_EQ(milesimas("\n", false), 0);
   EXPECT_NEAR(medidas.Alto({"", 10, false}), 0.467, 0.001);
   EXPECT_GT(medidas.Alto({"", 10, true}), medidas.Alto({"", 10, false}));
 }
