@@ -12,7 +12,7 @@
 namespace qt {
 namespace {
 
-struct Leida {
+struct EstampaLeida {
   QString Ruta;
   QDateTime Momento;
   qint64 Largo = -1;
@@ -28,7 +28,7 @@ double Resolucion(int puntosPorMetro, int delaPantalla) {
   return dicha ? puntosPorMetro : kSinResolucion;
 }
 
-Estampa Leer(const QString& ruta) {
+Estampa LeerEstampa(const QString& ruta) {
   QImageReader lector(ruta);
   lector.setDecideFormatFromContent(true);
   lector.setAutoTransform(true);
@@ -43,7 +43,7 @@ Estampa Leer(const QString& ruta) {
 }  // namespace
 
 Estampa EstampaDe(const std::string& fichero) {
-  static Leida ultima;
+  static EstampaLeida ultima;
   std::error_code fallo;
   const auto carpeta = std::filesystem::current_path(fallo);
   const auto hallado = fallo ? std::nullopt : services::BuscarFichero(fichero, carpeta);
@@ -52,7 +52,7 @@ Estampa EstampaDe(const std::string& fichero) {
   const QString ruta = datos.absoluteFilePath();
   if (ultima.Ruta != ruta || ultima.Momento != datos.lastModified() ||
       ultima.Largo != datos.size()) {
-    ultima = {ruta, datos.lastModified(), datos.size(), Leer(ruta)};
+    ultima = {ruta, datos.lastModified(), datos.size(), LeerEstampa(ruta)};
   }
   return ultima.Dibujo;
 }

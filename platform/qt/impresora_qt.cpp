@@ -13,8 +13,6 @@
 namespace qt {
 namespace {
 
-constexpr int kTwipsPorPulgada = 1440;
-
 /// The toolkit's papers are whole points.
 constexpr double kHolgura = kTwipsPorPunto;
 

@@ -12,14 +12,16 @@
 namespace qt {
 namespace {
 
-constexpr int kTwipsPorPulgada = 1440;
-
 /// Why no file can be put there, as far as it can be told beforehand; empty otherwise. The
 /// toolkit's own texts for these aren't for users.
 QString Impedimento(const QFileInfo& fichero) {
   const QFileInfo carpeta(fichero.absolutePath());
   const QString nombre = QDir::toNativeSeparators(carpeta.filePath());
   if (fichero.isDir()) return QStringLiteral("ese nombre es el de una carpeta");
+  // Not a device, which would give way to the file.
+  if (fichero.exists() && !fichero.isFile()) {
+    return QStringLiteral("ese nombre no es de un fichero");
+  }
   if (!carpeta.exists()) return QStringLiteral("no existe la carpeta «%1»").arg(nombre);
   if (!carpeta.isDir()) return QStringLiteral("«%1» no es una carpeta").arg(nombre);
   if (!carpeta.isWritable()) {

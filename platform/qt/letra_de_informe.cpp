@@ -16,7 +16,7 @@ constexpr int kCuadratin = 1000;
 
 /// The light weight of this face is the common one, and the next but one its bold. Asked for by
 /// name, the toolkit makes up no bold of its own. A size is whole pixels.
-QFont Hacer(int pixeles, bool negrita) {
+QFont HacerFuente(int pixeles, bool negrita) {
   QFont fuente(QString::fromLatin1(kLetraDeInforme));
   fuente.setStyleHint(QFont::Serif);
   fuente.setPixelSize(pixeles);
@@ -28,46 +28,46 @@ QFont Hacer(int pixeles, bool negrita) {
 
 /// A font is looked up in the system once. They are left to the end of the process: the toolkit's
 /// own data is gone by then.
-const QFont& Fuente(int pixeles, bool negrita) {
+const QFont& FuenteGuardada(int pixeles, bool negrita) {
   static auto& fuentes = *new std::map<std::pair<int, bool>, QFont>;
   const std::pair clave{pixeles, negrita};
   const auto donde = fuentes.find(clave);
   if (donde != fuentes.end()) return donde->second;
-  return fuentes.emplace(clave, Hacer(pixeles, negrita)).first->second;
+  return fuentes.emplace(clave, HacerFuente(pixeles, negrita)).first->second;
 }
 
 /// What is asked of a weight for every text of a report, in thousandths of the size of its letters.
-struct Medidas {
+struct MedidasDePeso {
   double Alto = 0;
   double Ascenso = 0;
   /// The letters up to the first sign that goes over another; negative until they are asked for.
   std::array<double, 0x300> Anchos{};
 };
 
-Medidas Medir(bool negrita) {
-  const QFontMetricsF metrica(Fuente(kCuadratin, negrita));
-  Medidas medidas{.Alto = metrica.height(), .Ascenso = metrica.ascent()};
+MedidasDePeso MedirPeso(bool negrita) {
+  const QFontMetricsF metrica(FuenteGuardada(kCuadratin, negrita));
+  MedidasDePeso medidas{.Alto = metrica.height(), .Ascenso = metrica.ascent()};
   medidas.Anchos.fill(-1);
   return medidas;
 }
 
-Medidas& MedidasDe(const services::Letra& letra) {
-  static Medidas normal = Medir(false);
-  static Medidas negrita = Medir(true);
+MedidasDePeso& MedidasDe(const services::Letra& letra) {
+  static MedidasDePeso normal = MedirPeso(false);
+  static MedidasDePeso negrita = MedirPeso(true);
   return letra.Negrita ? negrita : normal;
 }
 
 double MedirTexto(const services::Letra& letra, const QString& texto) {
-  return QFontMetricsF(Fuente(kCuadratin, letra.Negrita)).horizontalAdvance(texto);
+  return QFontMetricsF(FuenteGuardada(kCuadratin, letra.Negrita)).horizontalAdvance(texto);
 }
 
-/// A text is as wide, as it is drawn, as its letters one by one, which are measured once: each
+/// A text is as wide as its letters one by one, which are measured once: each
 /// measure takes the toolkit as long as drawing a line.
-double Unidades(const services::Letra& letra, std::string_view texto) {
+double Milesimas(const services::Letra& letra, std::string_view texto) {
   auto& anchos = MedidasDe(letra).Anchos;
   double suma = 0;
-  for (const char32_t signo : services::Signos(services::EnUnaLinea(texto))) {
-    if (signo >= anchos.size()) return MedirTexto(letra, Texto(services::EnUnaLinea(texto)));
+  for (const char32_t signo : services::Signos(texto)) {
+    if (signo >= anchos.size()) return MedirTexto(letra, Texto(texto));
     double& ancho = anchos[signo];
     if (ancho < 0) ancho = MedirTexto(letra, QChar(static_cast<char16_t>(signo)));
     suma += ancho;
@@ -83,11 +83,11 @@ double Centimetros(const services::Letra& letra, double unidades) {
 
 QFont FuenteDeInforme(const services::Letra& letra) {
   const auto twips = static_cast<int>(std::lround(letra.Puntos * kTwipsPorPunto));
-  return Fuente(std::max(twips, 1), letra.Negrita);
+  return FuenteGuardada(std::max(twips, 1), letra.Negrita);
 }
 
 double MedidasQt::Ancho(const services::Letra& letra, std::string_view texto) const {
-  return Centimetros(letra, Unidades(letra, texto));
+  return Centimetros(letra, Milesimas(letra, texto));
 }
 
 double MedidasQt::Alto(const services::Letra& letra) const {

@@ -11,8 +11,9 @@ namespace qt {
 inline constexpr const char* kLetraDeInforme = "URW Bookman";
 
 /// The unit in which reports are painted.
+inline constexpr int kTwipsPorPulgada = 1440;
 inline constexpr double kTwipsPorPunto = 20;
-inline constexpr double kTwipsPorCentimetro = 1440 / 2.54;
+inline constexpr double kTwipsPorCentimetro = kTwipsPorPulgada / 2.54;
 
 /// For a painter whose unit is a twip. Without hinting or kerning, so that a text is as wide at one
 /// scale as at another, and as its letters are one by one.

@@ -23,16 +23,16 @@ QColor ColorDe(const Trazo& trazo) {
   return QColor(color & 0xFF, color >> 8 & 0xFF, color >> 16 & 0xFF);
 }
 
-double Twips(double centimetros) {
+double ATwips(double centimetros) {
   return centimetros * kTwipsPorCentimetro;
 }
 
 QPointF Origen(const Trazo& trazo) {
-  return {Twips(trazo.X1), Twips(trazo.Y1)};
+  return {ATwips(trazo.X1), ATwips(trazo.Y1)};
 }
 
 QPointF Final(const Trazo& trazo) {
-  return {Twips(trazo.X2), Twips(trazo.Y2)};
+  return {ATwips(trazo.X2), ATwips(trazo.Y2)};
 }
 
 void PonerPluma(QPainter& pintor, const QColor& color) {
@@ -44,13 +44,14 @@ void PintarTexto(QPainter& pintor, const Trazo& trazo) {
   const MedidasQt& medidas = MedidasDeInforme();
   const QPointF origen = Origen(trazo);
   if (trazo.Opaco) {
-    const QSizeF hueco(Twips(medidas.Ancho(trazo.Letra, trazo.Texto)), Twips(medidas.Alto(trazo.Letra)));
+    const QSizeF hueco(ATwips(medidas.Ancho(trazo.Letra, trazo.Texto)),
+                       ATwips(medidas.Alto(trazo.Letra)));
     pintor.fillRect(QRectF(origen, hueco), Qt::white);
   }
   const QFont fuente = FuenteDeInforme(trazo.Letra);
   if (pintor.font() != fuente) pintor.setFont(fuente);
   pintor.setPen(ColorDe(trazo));
-  pintor.drawText(origen + QPointF(0, Twips(medidas.Ascenso(trazo.Letra))), Texto(trazo.Texto));
+  pintor.drawText(origen + QPointF(0, ATwips(medidas.Ascenso(trazo.Letra))), Texto(trazo.Texto));
 }
 
 void PintarCaja(QPainter& pintor, const Trazo& trazo) {
@@ -74,7 +75,7 @@ void PintarImagen(QPainter& pintor, const Trazo& trazo) {
 }  // namespace
 
 QRectF HojaEnTwips() {
-  return {0, 0, Twips(services::DestinoInforme::kAncho), Twips(services::DestinoInforme::kAlto)};
+  return {0, 0, ATwips(services::DestinoInforme::kAncho), ATwips(services::DestinoInforme::kAlto)};
 }
 
 void Pintar(QPainter& pintor, const Trazo& trazo) {

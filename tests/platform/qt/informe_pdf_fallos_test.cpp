@@ -54,6 +54,8 @@ TEST_F(FallosDelPdf, UnaCarpetaQueNoExisteONoEsCarpeta) {
               AllOf(HasSubstr("falta/pagos.pdf»"), HasSubstr("no existe la carpeta «")));
   EXPECT_THAT(AlAbrir("pagos.pdf/otro.pdf"), HasSubstr("no es una carpeta"));
   EXPECT_THAT(AlAbrir("."), HasSubstr("es el de una carpeta"));
+  EXPECT_THAT(Fallo([] { const qt::InformePdf informe("/dev/null", "Prueba"); }),
+              HasSubstr("ese nombre no es de un fichero"));
   SigueElDeAntes();
 }
 

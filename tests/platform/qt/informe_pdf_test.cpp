@@ -1,8 +1,9 @@
+#include <qpdf/qpdf-c.h>
+
 #include <QRegularExpression>
 #include <algorithm>
 #include <fstream>
 #include <map>
-#include <qpdf/QPDF.hh>
 
 #include "platform/qt/informe_en_papel.h"
 
@@ -88,10 +89,12 @@ TEST_F(InformePdf, DiceSuTituloSuHojaYSuIdioma) {
       QRegularExpression("Title: +Tesvara de gastos, del 01/03/2005 al 31/03/2005\n")));
   EXPECT_TRUE(datos.contains(QRegularExpression("Page size: +595 x 842 pts \\(A4\\)\n")));
   EXPECT_TRUE(datos.contains(QRegularExpression("Pages: +3\n")));
-  QPDF pdf;
-  pdf.processFile(Ruta("pagos.pdf").toUtf8().constData());
-  EXPECT_EQ(pdf.getRoot().getKey("/Lang").getUTF8Value(), "es-ES");
-  EXPECT_TRUE(pdf.getWarnings().empty());
+  qpdf_data pdf = qpdf_init();
+  EXPECT_EQ(qpdf_read(pdf, Ruta("pagos.pdf").toUtf8().constData(), nullptr), QPDF_SUCCESS);
+  const qpdf_oh idioma = qpdf_oh_get_key(pdf, qpdf_get_root(pdf), "/Lang");
+  EXPECT_STREQ(qpdf_oh_get_utf8_value(pdf, idioma), "es-ES");
+  EXPECT_EQ(qpdf_check_pdf(pdf), QPDF_SUCCESS);
+  qpdf_cleanup(&pdf);
 }
 
 struct Palabra {

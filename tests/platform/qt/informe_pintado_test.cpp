@@ -37,7 +37,7 @@ class InformePintado : public pruebas::InformeEnPapel {
 
 /// Letters of the two programs are not as dark, and up to half a pixel apart: 90 of 255 at the
 /// farthest pixel. A text that is moved by two pixels is more than 150 apart somewhere.
-constexpr int kPuntos = 150;
+constexpr int kResolucion = 150;
 constexpr int kSoloBordes = 120;
 constexpr double kMediaDeBordes = 4;
 constexpr double kLejosDeBordes = 0.05;
@@ -46,22 +46,22 @@ TEST_F(InformePintado, LaVistaEsLoQueSeImprime) {
   Recibos(120);
   GuardarPdf(Ruta("pagos.pdf"));
   const LaminaInforme hoja = Hojas().front();
-  const QImage papel = EnPapel(kPuntos);
+  const QImage papel = EnPapel(kResolucion);
   ASSERT_FALSE(papel.isNull());
-  const pruebas::Distancia distancia = Comparar(papel, EnPantalla(hoja, papel.size(), kPuntos));
+  const pruebas::Distancia distancia = Comparar(papel, EnPantalla(hoja, papel.size(), kResolucion));
   EXPECT_LT(distancia.Mayor, kSoloBordes);
   EXPECT_LT(distancia.Media, kMediaDeBordes);
   EXPECT_LT(distancia.Lejos, kLejosDeBordes);
 
   // The comparison itself sees a single text out of its place, and one that isn't there.
-  constexpr double kDosPixeles = 2 * 2.54 / kPuntos;
+  constexpr double kDosPixeles = 2 * 2.54 / kResolucion;
   for (const std::size_t cual : {std::size_t{20}, std::size_t{100}, hoja.Trazos.size() - 1}) {
     LaminaInforme movida = hoja;
     ASSERT_EQ(movida.Trazos.at(cual).Que, Trazo::Clase::Texto);
     movida.Trazos[cual].X1 += kDosPixeles;
-    EXPECT_GT(Comparar(papel, EnPantalla(movida, papel.size(), kPuntos)).Mayor, kSoloBordes);
+    EXPECT_GT(Comparar(papel, EnPantalla(movida, papel.size(), kResolucion)).Mayor, kSoloBordes);
     movida.Trazos.erase(movida.Trazos.begin() + static_cast<std::ptrdiff_t>(cual));
-    EXPECT_GT(Comparar(papel, EnPantalla(movida, papel.size(), kPuntos)).Mayor, kSoloBordes);
+    EXPECT_GT(Comparar(papel, EnPantalla(movida, papel.size(), kResolucion)).Mayor, kSoloBordes);
   }
 }
 
