@@ -5,6 +5,7 @@
 #include <QComboBox>
 #include <QFrame>
 
+#include "qt/imagen.h"
 #include "qt/lienzo.h"
 #include "qt/panel_qt.h"
 #include "qt/pulsable_qt.h"
@@ -72,6 +73,18 @@ class PulsableAccesible final : public QAccessibleWidget {
   [[nodiscard]] PulsableQt& Caja() const { return *static_cast<PulsableQt*>(widget()); }
 };
 
+/// A drawing with a name is a button.
+class ImagenAccesible final : public QAccessibleWidget {
+ public:
+  explicit ImagenAccesible(ImagenQt* imagen) : QAccessibleWidget(imagen, QAccessible::Button) {}
+
+  QStringList actionNames() const override { return {pressAction()}; }
+  void doAction(const QString& accion) override {
+    auto& imagen = *static_cast<ImagenQt*>(widget());
+    if (accion == pressAction() && imagen.isEnabled() && imagen.AlPulsar) imagen.AlPulsar();
+  }
+};
+
 /// A screen in a window of its own.
 class DialogoAccesible final : public QAccessibleWidget {
  public:
@@ -111,6 +124,8 @@ QAccessibleInterface* Accesible(const QString&, QObject* objeto) {
   if (!vista || !EsDeUnaPantalla(*vista)) return nullptr;
   if (auto* lista = qobject_cast<QComboBox*>(vista)) return new ListaAccesible(lista);
   if (auto* caja = dynamic_cast<PulsableQt*>(vista)) return new PulsableAccesible(caja);
+  auto* imagen = dynamic_cast<ImagenQt*>(vista);
+  if (imagen && !imagen->accessibleName().isEmpty()) return new ImagenAccesible(imagen);
   if (dynamic_cast<Lienzo*>(vista) && vista->isWindow()) return new DialogoAccesible(vista);
   if (dynamic_cast<PanelQt*>(vista)) return new QAccessibleWidget(vista, QAccessible::Grouping);
   return EsLinea(*vista) ? new LineaAccesible(vista) : nullptr;

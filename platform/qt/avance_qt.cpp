@@ -29,26 +29,24 @@ AvanceQt::AvanceQt(const std::string& titulo)
   caja_.setAutoReset(false);
   caja_.setAutoClose(false);
   desdeElPrincipio_.start();
-  desdeLaUltima_.start();
+}
+
+bool AvanceQt::Toca() {
+  if (caja_.wasCanceled()) return true;
+  if (desdeElPrincipio_.elapsed() < kPaciencia) return false;
+  return !caja_.isVisible() || desdeLaUltima_.elapsed() >= kRitmo;
 }
 
 bool AvanceQt::Seguir(int hechos, int total) {
-  if (!Toca()) return !caja_.wasCanceled();
   caja_.setMaximum(total);
   caja_.setLabelText(
       QStringLiteral("%1: %2 de %3 líneas").arg(titulo_, Cuenta(hechos), Cuenta(total)));
   // Shown, it lets the event loop run by itself.
   caja_.setValue(hechos);
-  if (!caja_.isVisible()) caja_.show();
+  if (!caja_.isVisible() && !caja_.wasCanceled()) caja_.show();
   QCoreApplication::processEvents();
-  return !caja_.wasCanceled();
-}
-
-bool AvanceQt::Toca() {
-  if (caja_.wasCanceled() || desdeElPrincipio_.elapsed() < kPaciencia) return false;
-  if (caja_.isVisible() && desdeLaUltima_.elapsed() < kRitmo) return false;
   desdeLaUltima_.start();
-  return true;
+  return !caja_.wasCanceled();
 }
 
 }  // namespace qt

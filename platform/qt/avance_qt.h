@@ -13,11 +13,10 @@ class AvanceQt final : public services::Avance {
  public:
   explicit AvanceQt(const std::string& titulo);
 
+  [[nodiscard]] bool Toca() override;
   [[nodiscard]] bool Seguir(int hechos, int total) override;
 
  private:
-  [[nodiscard]] bool Toca();
-
   QString titulo_;
   QProgressDialog caja_;
   QElapsedTimer desdeElPrincipio_;

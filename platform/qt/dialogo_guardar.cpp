@@ -3,9 +3,12 @@
 #include <QCoreApplication>
 #include <QFileDialog>
 #include <QFileInfo>
+#include <QHeaderView>
 #include <QLibraryInfo>
 #include <QLocale>
+#include <QScreen>
 #include <QTranslator>
+#include <QTreeView>
 
 #include "qt/colocacion.h"
 
@@ -37,6 +40,19 @@ void Rotular(QFileDialog& dialogo) {
   dialogo.setLabelText(QFileDialog::Reject, QStringLiteral("Cancelar"));
 }
 
+/// What can be read without dragging its columns; the kind of all of them is the same.
+void Componer(QFileDialog& dialogo) {
+  constexpr QSize kMedida(760, 480);
+  constexpr int kTipo = 2;
+  dialogo.resize(kMedida.boundedTo(dialogo.screen()->availableSize() - QSize(40, 80)));
+  auto* lista = dialogo.findChild<QTreeView*>();
+  if (!lista) return;
+  lista->setColumnHidden(kTipo, true);
+  lista->header()->setSectionResizeMode(QHeaderView::ResizeToContents);
+  lista->header()->setStretchLastSection(false);
+  lista->header()->setSectionResizeMode(0, QHeaderView::Stretch);
+}
+
 }  // namespace
 
 QString PedirFicheroPdf(const QString& propuesto) {
@@ -48,6 +64,7 @@ QString PedirFicheroPdf(const QString& propuesto) {
   dialogo.setAcceptMode(QFileDialog::AcceptSave);
   dialogo.setLocale(QLocale(QLocale::Spanish, QLocale::Spain));
   Rotular(dialogo);
+  Componer(dialogo);
   dialogo.selectFile(fichero.fileName());
   if (dialogo.exec() != QDialog::Accepted) return {};
   return dialogo.selectedFiles().value(0);

@@ -6,6 +6,7 @@
 #include <filesystem>
 #include <system_error>
 
+#include "forms/iform.h"
 #include "qt/textos_qt.h"
 #include "valores/fichero.h"
 
@@ -13,13 +14,14 @@ namespace qt {
 namespace {
 
 struct EstampaLeida {
+  std::string Fichero;  // as it was asked for
   QString Ruta;
   QDateTime Momento;
   qint64 Largo = -1;
   Estampa Dibujo;
 };
 
-constexpr double kTwipsPorMetro = 1440 / 0.0254;
+constexpr double kTwipsPorMetro = services::kTwipsPorCentimetro * 100;
 constexpr double kSinResolucion = 96 / 0.0254;  // dots per metre
 
 /// The toolkit gives a picture that tells none the screen's resolution.
@@ -47,12 +49,12 @@ Estampa EstampaDe(const std::string& fichero) {
   std::error_code fallo;
   const auto carpeta = std::filesystem::current_path(fallo);
   const auto hallado = fallo ? std::nullopt : services::BuscarFichero(fichero, carpeta);
-  if (!hallado) return {};
+  if (!hallado) return ultima.Fichero == fichero ? ultima.Dibujo : Estampa();
   const QFileInfo datos(Texto(hallado->string()));
   const QString ruta = datos.absoluteFilePath();
   if (ultima.Ruta != ruta || ultima.Momento != datos.lastModified() ||
       ultima.Largo != datos.size()) {
-    ultima = {ruta, datos.lastModified(), datos.size(), LeerEstampa(ruta)};
+    ultima = {fichero, ruta, datos.lastModified(), datos.size(), LeerEstampa(ruta)};
   }
   return ultima.Dibujo;
 }

@@ -53,7 +53,10 @@ QString ElegirFichero(const PreguntasDeImprenta& preguntas, const std::string& n
   for (;;) {
     fichero = preguntas.PedirFichero(fichero);
     if (fichero.isEmpty()) return {};
-    if (QFileInfo(fichero).suffix().isEmpty()) fichero += QStringLiteral(".pdf");
+    // A date in it isn't an ending.
+    if (!fichero.endsWith(QStringLiteral(".pdf"), Qt::CaseInsensitive)) {
+      fichero += QStringLiteral(".pdf");
+    }
     if (!QFileInfo(fichero).isFile()) return fichero;
     const std::string pregunta =
         "Ya existe " + Comillas(QFileInfo(fichero).fileName()) + ". ¿Desea sustituirlo?";

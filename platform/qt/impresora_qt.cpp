@@ -2,8 +2,10 @@
 
 #include <QPageLayout>
 #include <QPrinterInfo>
+#include <algorithm>
 #include <utility>
 
+#include "qt/cursor_de_espera.h"
 #include "qt/pintor_de_informe.h"
 #include "qt/prensa.h"
 #include "qt/servidor_de_impresion.h"
@@ -56,6 +58,7 @@ void ImpresoraQt::KillDoc() {
 
 /// The toolkit sends the work when the painting ends, and doesn't tell how that went.
 void ImpresoraQt::Imprimir() {
+  const CursorDeEspera espera;
   Prensa prensa;
   Exigir(prensa.Empezar(impresora_, Encaje()), QStringLiteral("no admite trabajos"));
   services::LaminaInforme hoja;
@@ -66,10 +69,13 @@ void ImpresoraQt::Imprimir() {
   const bool falla = impresora_.printerState() == QPrinter::Error ||
                      impresora_.printerState() == QPrinter::Aborted;
   if (entera && !falla && reparo.isEmpty()) return;
+  ExigirRollo(rollo_.Legible());
   // What the server says of one that it doesn't have means nothing to a user.
   Exigir(QPrinterInfo::availablePrinterNames().contains(nombre_),
          QStringLiteral("ya no está instalada, o el servidor de impresión no responde"));
-  Exigir(false, reparo);
+  Exigir(false, reparo.isEmpty()
+                    ? QString()
+                    : QStringLiteral("el servidor de impresión dice «%1»").arg(reparo));
 }
 
 QTransform ImpresoraQt::Encaje() const {

@@ -4,6 +4,7 @@
 #include <QFileInfo>
 #include <exception>
 
+#include "qt/cursor_de_espera.h"
 #include "qt/motivo_de_fichero.h"
 #include "qt/pdf_acabado.h"
 #include "qt/textos_qt.h"
@@ -63,6 +64,12 @@ void InformePdf::Entregar(const services::LaminaInforme& hoja) {
 
 void InformePdf::EndDoc() {
   if (!prensa_.EnMarcha()) return;
+  Acabar();
+  if (alGuardar_) alGuardar_();
+}
+
+void InformePdf::Acabar() {
+  const CursorDeEspera espera;
   PasarHoja();
   Exigir(prensa_.Acabar() && borrador_.flush(), borrador_);
   try {
@@ -73,7 +80,6 @@ void InformePdf::EndDoc() {
   }
   Exigir(destino_->commit(), *destino_);
   Cerrar();
-  if (alGuardar_) alGuardar_();
 }
 
 void InformePdf::KillDoc() {

@@ -26,6 +26,7 @@ class InformePdf final : public PapelQt {
 
  private:
   void AbrirDestino();
+  void Acabar();
   void Cerrar();
   void Exigir(bool bien, QFileDevice& fichero) const;
   [[noreturn]] void Fallar(const QString& motivo) const;

@@ -2,6 +2,7 @@
 
 #include <QFont>
 
+#include "forms/iform.h"
 #include "services/destino_informe.h"
 
 namespace qt {
@@ -11,9 +12,9 @@ namespace qt {
 inline constexpr const char* kLetraDeInforme = "URW Bookman";
 
 /// The unit in which reports are painted.
-inline constexpr int kTwipsPorPulgada = 1440;
 inline constexpr double kTwipsPorPunto = 20;
-inline constexpr double kTwipsPorCentimetro = kTwipsPorPulgada / 2.54;
+using services::kTwipsPorCentimetro;
+using services::kTwipsPorPulgada;
 
 /// For a painter whose unit is a twip. Without hinting or kerning, so that a text is as wide at one
 /// scale as at another, and as its letters are one by one.

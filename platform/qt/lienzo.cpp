@@ -298,7 +298,11 @@ void Lienzo::wheelEvent(QWheelEvent* evento) {
   if (!form_ || giro == 0 || !(evento->modifiers() & Qt::ControlModifier)) {
     return QWidget::wheelEvent(evento);
   }
-  services::entrada::Acercar(*form_, giro > 0 ? 1 : -1);
+  // A touchpad tells a notch of the wheel in many small steps.
+  giro_ += giro;
+  const int muescas = giro_ / QWheelEvent::DefaultDeltasPerStep;
+  giro_ -= muescas * QWheelEvent::DefaultDeltasPerStep;
+  if (muescas != 0) services::entrada::Acercar(*form_, muescas);
 }
 
 /// The Tab key goes by the model's order. The toolkit also asks this when it hides what has the

@@ -98,6 +98,7 @@ class Lienzo final : public QWidget {
   QHash<QString, QWidget*> vistas_;
   QPointer<QWidget> marco_;
   Qt::FocusReason motivo_ = Qt::OtherFocusReason;
+  int giro_ = 0;  // of the wheel with Ctrl, short of a notch
   int mostrando_ = 0;
   bool ajustada_ = false;
   bool pintado_pedido_ = false;

@@ -2,6 +2,7 @@
 
 #include <QPaintEvent>
 #include <QPainter>
+#include <algorithm>
 
 #include "forms/iform.h"
 #include "qt/pintor_de_informe.h"
@@ -10,24 +11,33 @@
 namespace qt {
 namespace {
 
-QRectF EnPixeles(const services::PictureBox::Pintada& pintada) {
-  constexpr double kTwips = services::kTwips;
-  return {pintada.X / kTwips, pintada.Y / kTwips, pintada.Ancho / kTwips, pintada.Alto / kTwips};
+/// Whole pixels, no further than the panel: the frame of a page is at its edge.
+QRectF EnPixeles(const services::PictureBox::Pintada& pintada, int ancho) {
+  const auto pixeles = [](int twips) { return qRound(double(twips) / services::kTwips); };
+  const int izquierda = pixeles(pintada.X);
+  const int arriba = pixeles(pintada.Y);
+  const int derecha = std::min(pixeles(pintada.X + pintada.Ancho), ancho);
+  return QRect(izquierda, arriba, derecha - izquierda, pixeles(pintada.Y + pintada.Alto) - arriba);
+}
+
+QString Anunciar(std::size_t paginas) {
+  if (paginas == 0) return {};
+  return paginas == 1 ? QStringLiteral("Informe de una página")
+                      : QStringLiteral("Informe de %1 páginas").arg(paginas);
 }
 
 }  // namespace
 
 void ListadoQt::Poner(const std::vector<services::PictureBox::Pintada>& pintadas) {
   pintadas_ = pintadas;
-  setAccessibleName(pintadas_.empty() ? QString()
-                                      : QString("Informe de %1 páginas").arg(pintadas_.size()));
+  setAccessibleName(Anunciar(pintadas_.size()));
   update();
 }
 
 void ListadoQt::paintEvent(QPaintEvent* evento) {
   QPainter pintor(this);
   for (const auto& pintada : pintadas_) {
-    const QRectF lugar = EnPixeles(pintada);
+    const QRectF lugar = EnPixeles(pintada, width());
     const auto* hoja = dynamic_cast<const services::LaminaInforme*>(pintada.Imagen.get());
     if (!hoja || !lugar.intersects(evento->rect())) continue;
     pintor.fillRect(lugar, Qt::white);

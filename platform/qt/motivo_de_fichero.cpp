@@ -16,11 +16,13 @@ QString EnEspanol(const QString& motivo) {
       {EACCES, "no hay permiso"},
       {EROFS, "el disco es de solo lectura"},
       {EIO, "el disco falla"},
+      {ENOENT, "no existe"},
+      {ENAMETOOLONG, "el nombre es demasiado largo"},
   };
   for (const auto& [codigo, texto] : kMotivos) {
     if (motivo == qt_error_string(codigo)) return QString::fromUtf8(texto);
   }
-  return motivo;
+  return QStringLiteral("el sistema dice «%1»").arg(motivo);
 }
 
 }  // namespace

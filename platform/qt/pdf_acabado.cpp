@@ -3,6 +3,7 @@
 #include <unistd.h>
 
 #include <QFileDevice>
+#include <cerrno>
 #include <cstdio>
 #include <map>
 #include <qpdf/Pipeline.hh>

@@ -11,7 +11,8 @@ namespace {
 
 using services::Trazo;
 
-/// As wide on every target: a hair on paper, a pixel or less on the screen.
+/// As wide on every target: a hair on paper. On the screen it is a pixel at the least, or the frame
+/// of a small page would fade away.
 constexpr double kGrosor = 0.02 * kTwipsPorCentimetro;
 
 constexpr QRgb kGrisDePapel = 0xFFE6E6E6;
@@ -37,7 +38,12 @@ QPointF Final(const Trazo& trazo) {
 
 void PonerPluma(QPainter& pintor, const QColor& color) {
   pintor.setBrush(Qt::NoBrush);
-  pintor.setPen(QPen(color, kGrosor, Qt::SolidLine, Qt::SquareCap, Qt::MiterJoin));
+  QPen pluma(color, kGrosor, Qt::SolidLine, Qt::SquareCap, Qt::MiterJoin);
+  if (kGrosor * pintor.deviceTransform().m11() < 1) {
+    pluma.setCosmetic(true);
+    pluma.setWidthF(1);
+  }
+  pintor.setPen(pluma);
 }
 
 void PintarTexto(QPainter& pintor, const Trazo& trazo) {

@@ -12,7 +12,8 @@ namespace qt {
 /// went well.
 class Prensa {
  public:
-  /// A twip is the device's own unit. Every sheet is first moved by `encaje`.
+  /// A twip is the unit of the device, which must outlive the painting. Every sheet is first moved
+  /// by `encaje`.
   [[nodiscard]] bool Empezar(QPagedPaintDevice& papel, const QTransform& encaje = {});
   [[nodiscard]] bool Pintar(const services::LaminaInforme& hoja);
   [[nodiscard]] bool Acabar() { return pintor_.end(); }

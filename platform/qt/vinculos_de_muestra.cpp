@@ -5,6 +5,7 @@
 #include <QShortcut>
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 #include "forms/entrada.h"
 #include "qt/lienzo.h"
@@ -148,7 +149,11 @@ void VinculoImagen::MostrarPropio(Aspecto aspecto) {
 }
 
 void VinculoListado::MostrarPropio(Aspecto aspecto) {
-  if (aspecto == Aspecto::Picture) Vista().Poner(Modelo().Pintadas());
+  if (aspecto == Aspecto::Picture) otras_ = true;
+}
+
+void VinculoListado::FinDeEvento() {
+  if (!Suelto() && std::exchange(otras_, false)) Vista().Poner(Modelo().Pintadas());
 }
 
 /// The bounds are any numbers; the bar on the screen goes in thousandths of the way.

@@ -95,9 +95,15 @@ class VinculoProgreso final : public VinculoDe<services::ProgressBar, QProgressB
 class VinculoListado final : public VinculoDe<services::PictureBox, ListadoQt> {
  public:
   using VinculoDe::VinculoDe;
+  [[nodiscard]] bool Espera() const override { return true; }
+  /// They come one by one, and are shown once.
+  void FinDeEvento() override;
 
  protected:
   void MostrarPropio(services::Aspecto aspecto) override;
+
+ private:
+  bool otras_ = false;
 };
 
 class VinculoPanel final : public VinculoDe<services::Widget, QFrame> {

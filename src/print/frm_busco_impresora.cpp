@@ -84,7 +84,7 @@ void frmBuscoImpresora::CargarDestinos() {
 void frmBuscoImpresora::UnirDestino(int destino) {
   services::Label& nombre = LblImpre(destino);
   Img(destino).Click = nombre.Click = [this, destino] { ElegirDestino(destino); };
-  nombre.KeyDown = [this, destino](int& codigo) { LblImpre_KeyDown(destino, codigo); };
+  nombre.KeyDown = [this](int& codigo) { LblImpre_KeyDown(codigo); };
   nombre.KeyPress = [this](int& codigo) {
     if (codigo == tecla::Intro) Boton1_Click();
   };
@@ -95,6 +95,7 @@ bool frmBuscoImpresora::SeVe(int destino) const {
 }
 
 void frmBuscoImpresora::MostrarDestinos() {
+  GuardarFoco();
   int x = 0;
   for (int destino = 0; destino < Img.Count(); ++destino) {
     const bool seVe = SeVe(destino);
@@ -106,6 +107,7 @@ void frmBuscoImpresora::MostrarDestinos() {
     Img(destino).Visible = seVe;
     LblImpre(destino).Visible = seVe;
   }
+  UnaSolaParada();
 }
 
 void frmBuscoImpresora::ElegirDestino(int elegido) {
@@ -117,8 +119,34 @@ void frmBuscoImpresora::ElegirDestino(int elegido) {
       Img(destino).Picture = es ? ImgImpresora.Picture : ImgImprDesactiva.Picture;
     }
     Img(destino).Tag = es ? "1" : "";
-    // The strip is one stop of the Tab key.
-    LblImpre(destino).TabStop = es;
+  }
+  UnaSolaParada();
+  if (TieneFoco() && LblImpre(elegido).Visible) LblImpre(elegido).SetFocus();
+}
+
+bool frmBuscoImpresora::TieneFoco() const {
+  for (int destino = 0; destino < Img.Count(); ++destino) {
+    if (LblImpre(destino).TieneFoco()) return true;
+  }
+  return false;
+}
+
+/// The strip keeps the focus when what has it slides out of sight.
+void frmBuscoImpresora::GuardarFoco() {
+  const bool tenia = TieneFoco();
+  LblImpre(PrimeraVisible_).Visible = true;
+  for (int destino = 0; tenia && destino < Img.Count(); ++destino) {
+    if (!SeVe(destino) && LblImpre(destino).TieneFoco()) LblImpre(PrimeraVisible_).SetFocus();
+  }
+}
+
+/// The strip is one stop of the Tab key: at what is chosen or, where that is out of sight, at the
+/// first destination that isn't.
+void frmBuscoImpresora::UnaSolaParada() {
+  const int elegido = Elegido();
+  const int parada = elegido >= 0 && SeVe(elegido) ? elegido : PrimeraVisible_;
+  for (int destino = 0; destino < Img.Count(); ++destino) {
+    LblImpre(destino).TabStop = destino == parada;
   }
 }
 
@@ -149,8 +177,9 @@ void frmBuscoImpresora::Boton1_Click() {
   services::Widget::Disparar(Barra1.Cerrar);
 }
 
-/// The arrows choose, and bring what they choose to sight.
-void frmBuscoImpresora::LblImpre_KeyDown(int destino, int codigo) {
+/// The arrows go on from what is chosen, and bring what they choose to sight.
+void frmBuscoImpresora::LblImpre_KeyDown(int codigo) {
+  const int destino = Elegido();
   switch (codigo) {
     case tecla::Izquierda:
     case tecla::Arriba:
@@ -169,14 +198,12 @@ void frmBuscoImpresora::LblImpre_KeyDown(int destino, int codigo) {
 
 void frmBuscoImpresora::LlevarA(int destino) {
   destino = std::clamp(destino, 0, Img.UBound());
+  if (destino < PrimeraVisible_) PrimeraVisible_ = static_cast<std::int16_t>(destino);
+  if (!SeVe(destino)) {
+    PrimeraVisible_ = static_cast<std::int16_t>(std::max(0, destino - kResto));
+  }
+  MostrarDestinos();
   ElegirDestino(destino);
-  // Shown before what has the focus is hidden.
-  const int antes = PrimeraVisible_;
-  if (destino < antes) PrimeraVisible_ = static_cast<std::int16_t>(destino);
-  if (destino > antes + kResto) PrimeraVisible_ = static_cast<std::int16_t>(destino - kResto);
-  LblImpre(destino).Visible = true;
-  LblImpre(destino).SetFocus();
-  if (PrimeraVisible_ != antes) MostrarDestinos();
 }
 
 void frmBuscoImpresora::Barra1_Pulsada(const services::Raton& raton) {

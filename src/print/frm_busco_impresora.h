@@ -1,5 +1,7 @@
 #pragma once
 
+#include <cstdint>
+
 #include "forms/controles.h"
 #include "forms/form.h"
 #include "forms/matriz_controles.h"
@@ -49,11 +51,14 @@ class frmBuscoImpresora final : public services::Form {
   void ElegirDestino(int elegido);
   [[nodiscard]] bool SeVe(int destino) const;
   [[nodiscard]] int Elegido() const;
+  [[nodiscard]] bool TieneFoco() const;
+  void GuardarFoco();
+  void UnaSolaParada();
 
   void ImgIzq_Click();
   void ImgDer_Click();
   void Boton1_Click();
-  void LblImpre_KeyDown(int destino, int tecla);
+  void LblImpre_KeyDown(int tecla);
   void LlevarA(int destino);
 
   void Barra1_Pulsada(const services::Raton& raton);

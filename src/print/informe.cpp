@@ -88,8 +88,8 @@ bool Informe::ImprimirFilas(DestinoInforme*& destino) {
       PasarPagina(destino);
     }
     ImprimirFila(*destino, fila);
-    if (!avance || !avance->Toca()) continue;
-    if (!avance->Seguir(fila, ultima) || !MSFPagos.Formulario().Cargado()) return false;
+    if (avance && !avance->SeguirSiToca(fila, ultima)) return false;
+    if (!MSFPagos.Formulario().Cargado()) return false;
   }
   return true;
 }

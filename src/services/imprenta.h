@@ -30,6 +30,10 @@ class Avance {
   /// So many of `total` are done. False when the user wants to leave. The user is waited for: other
   /// events run meanwhile, and the screens may be gone afterwards.
   [[nodiscard]] virtual bool Seguir(int hechos, int total) = 0;
+  /// The same, at every step.
+  [[nodiscard]] bool SeguirSiToca(int hechos, int total) {
+    return !Toca() || Seguir(hechos, total);
+  }
 };
 
 /// Printing in a session: what the reports share, and what the platform makes for them.

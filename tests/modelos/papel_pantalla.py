@@ -6,6 +6,7 @@ from fechas import DESDE, HASTA
 from informe import DE_GRUPO, Informe, Vista
 from listados import Listados
 from papel_hoja import Hoja
+from valores import ERROR_DE_IMPRESORA, ErrorEjecucion
 
 
 class PantallaDePapel(PantallaConPanel):
@@ -24,6 +25,8 @@ class PantallaDePapel(PantallaConPanel):
         self.cerrar_edicion()
         if impresora == NULA:
             return
+        if impresora != PANTALLA and not self.puesto.impresoras:
+            raise ErrorEjecucion(ERROR_DE_IMPRESORA)
         hoja = Informe(Hoja(impresora == PANTALLA), self._lo_que_se_ve()).imprimir()
         self.puesto.informe = hoja.renglones
         self._hasta_la_ultima()
@@ -37,13 +40,15 @@ class PantallaDePapel(PantallaConPanel):
                      self.puesto.reloj, self.puesto.sesion["Pagina"])
 
     def _hasta_la_ultima(self):
-        """The report leaves the last row current. One that was current before it gets its stripe back."""
+        """The report leaves the last row chosen. The one that was current before it gets its stripe back."""
         rejilla = self.rejilla
         ultima = len(rejilla.celdas) - 1
-        if rejilla.fila != ultima:
-            rejilla.despintar()
-            rejilla.fila = ultima
-            rejilla.elegir()
+        if ultima < 1:
+            return
+        rejilla.despintar()
+        rejilla.fila = ultima
+        rejilla.elegir()
+        self.fila_elegida = True
 
     def cerrar(self):
         """Takes along what lies over it."""

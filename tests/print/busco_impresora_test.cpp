@@ -152,6 +152,38 @@ TEST_F(BuscoImpresora, ElTabuladorParaUnaVezEnLaTira) {
   });
 }
 
+TEST_F(BuscoImpresora, LasFlechasSiguenDesdeLoElegidoConElRaton) {
+  Cargar(7);
+  Imprimir([](frmBuscoImpresora& busco) {
+    entrada::Enfocar(busco.LblImpre(0));
+    entrada::Pulsar(busco.LblImpre(3));
+    EXPECT_TRUE(busco.LblImpre(3).TieneFoco()) << "la tira que tiene el foco lo lleva consigo";
+    entrada::Tecla(busco.LblImpre(3), tecla::Derecha);
+    EXPECT_EQ(Elegido(busco), 4);
+    entrada::Enfocar(busco.Boton1);
+    entrada::Pulsar(busco.Img(1));
+    EXPECT_TRUE(busco.Boton1.TieneFoco()) << "y la que no, no";
+  });
+}
+
+TEST_F(BuscoImpresora, LoElegidoQueSaleDeLaVistaNoSeLlevaElTeclado) {
+  Cargar(7);
+  Imprimir([](frmBuscoImpresora& busco) {
+    entrada::Enfocar(busco.LblImpre(0));
+    entrada::Pulsar(busco.ImgDer);
+    entrada::Pulsar(busco.ImgDer);
+    EXPECT_TRUE(busco.LblImpre(2).TieneFoco());
+    EXPECT_EQ(Elegido(busco), 0);
+    entrada::Tabular(busco, false);
+    entrada::Tabular(busco, true);
+    EXPECT_TRUE(busco.LblImpre(2).TieneFoco());
+    entrada::Tecla(busco.LblImpre(2), tecla::Derecha);
+    EXPECT_EQ(Elegido(busco), 1);
+    EXPECT_TRUE(busco.LblImpre(1).TieneFoco());
+    EXPECT_THAT(AlaVista(busco), ElementsAre(1, 2, 3, 4, 5));
+  });
+}
+
 TEST_F(BuscoImpresora, SeArrastraPorSuBarra) {
   Cargar(0);
   Imprimir([](frmBuscoImpresora& busco) {

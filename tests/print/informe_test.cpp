@@ -4,6 +4,7 @@
 #include <filesystem>
 #include <fstream>
 
+#include "apoyo/en_carpeta.h"
 #include "list/color_lista.h"
 #include "print/con_impresion.h"
 
@@ -77,27 +78,26 @@ TEST_F(InformeVacio, UnaFilaDeGrupoVaEnMedioYBajaCuatroMilimetros) {
   Lista().Rows = 3;
   for (int fila = 1; fila <= 2; ++fila) {
     Lista().TextMatrix(fila, 0, "Marzo " + std::to_string(fila));
-    Lista().PintarFila(fila, 0xC0E0FF, 0);
+    Lista().MoverA(fila, 0);
+    Lista().CellFontBold = fila == 2;
   }
-  Lista().MoverA(2, 0);
-  Lista().CellFontBold = true;
+  for (int fila = 1; fila <= 2; ++fila) Lista().PintarFila(fila, 0xC0E0FF, 0);
   ImprimirEn(1);
   const auto primero = TrazoDe("Marzo 1");
   const auto segundo = TrazoDe("Marzo 2");
-  const double ancho = (580 * 2 + 440 + 480 + 560 + 920 - 580 + 320 + 620) / 1000.0;
   EXPECT_EQ(primero.Letra.Puntos, 8);
   EXPECT_FALSE(primero.Letra.Negrita);
   EXPECT_TRUE(segundo.Letra.Negrita) << "como su celda";
-  EXPECT_LT(primero.X1, 10.5 - ancho * 8 * 2.54 / 72 / 2) << "un poco a la izquierda del medio";
+  const double ancho = (920 + 580 + 440 + 480 + 560 + 320 + 620) / 1000.0 * 8 * 2.54 / 72;
+  EXPECT_NEAR(primero.X1, (21 - (ancho + 2)) / 2, 1e-9) << "a la izquierda del medio";
   EXPECT_NEAR(segundo.Y1 - primero.Y1, 0.4, 1e-9);
 }
 
 TEST_F(InformeVacio, ElFondoSeHallaConCualquierCajaYBarra) {
-  const auto antes = std::filesystem::current_path();
   const pruebas::CarpetaTemporal carpeta;
   const std::filesystem::path ruta = carpeta.Camino();
   std::filesystem::create_directories(ruta / "Fotos");
-  std::filesystem::current_path(ruta);
+  const apoyo::EnCarpeta en(ruta);
   ImprimirEn(1);
   const auto imagenes = [this] {
     return std::count_if(Trazos().begin(), Trazos().end(), [](const TrazoGrabado& trazo) {
@@ -109,7 +109,6 @@ TEST_F(InformeVacio, ElFondoSeHallaConCualquierCajaYBarra) {
   std::ofstream(ruta / "Fotos" / "FONDO.bmp") << "BM";
   ImprimirEn(1);
   EXPECT_EQ(imagenes(), 1);
-  std::filesystem::current_path(antes);
 }
 
 TEST_F(InformeVacio, ConElPanelAbiertoNoPasaNada) {

@@ -5,6 +5,7 @@
 #include <fstream>
 #include <map>
 
+#include "apoyo/en_carpeta.h"
 #include "platform/qt/informe_en_papel.h"
 
 // The report saved as PDF, read back by other programs.
@@ -135,19 +136,6 @@ TEST_F(InformePdf, LosImportesAcabanEnSuColumnaYNadaSeSale) {
   EXPECT_EQ(dePagado, 40);
 }
 
-/// The process works in a folder while it lives.
-class EnCarpeta {
- public:
-  explicit EnCarpeta(const fs::path& carpeta) : antes_(fs::current_path()) {
-    fs::current_path(carpeta);
-  }
-  ~EnCarpeta() { fs::current_path(antes_); }
-  EnCarpeta(const EnCarpeta&) = delete;
-
- private:
-  fs::path antes_;
-};
-
 TEST_F(InformePdf, ElFondoEstaUnaVezPorMuchasHojasQueSean) {
   fs::create_directory(carpeta.Ruta() / "Fotos");
   QImage fondo(200, 100, QImage::Format_RGB32);
@@ -155,7 +143,7 @@ TEST_F(InformePdf, ElFondoEstaUnaVezPorMuchasHojasQueSean) {
   fondo.setDotsPerMeterX(2000);
   fondo.setDotsPerMeterY(2000);
   ASSERT_TRUE(fondo.save(Ruta("Fotos/FONDO.BMP"), "BMP"));
-  const EnCarpeta aqui(carpeta.Ruta());
+  const apoyo::EnCarpeta aqui(carpeta.Ruta());
   Guardar(120);
   const QStringList imagenes = Leer("pdfimages", {"-list"}).trimmed().split('\n').mid(2);
   ASSERT_EQ(imagenes.size(), 3);
@@ -172,7 +160,7 @@ TEST_F(InformePdf, ElFondoEstaUnaVezPorMuchasHojasQueSean) {
 TEST_F(InformePdf, UnFondoQueNoEsUnaImagenNoEstorba) {
   fs::create_directory(carpeta.Ruta() / "fotos");
   std::ofstream(carpeta.Ruta() / "fotos" / "fondo.bmp") << "nada";
-  const EnCarpeta aqui(carpeta.Ruta());
+  const apoyo::EnCarpeta aqui(carpeta.Ruta());
   Guardar(40);
   EXPECT_EQ(Leer("pdfimages", {"-list"}).trimmed().split('\n').size(), 2);
   EXPECT_TRUE(Leer("pdftotext", {}, {"-"}).contains("TESVARA DE GASTOS"));

@@ -2,6 +2,7 @@
 #include <QImage>
 #include <QPainter>
 
+#include "apoyo/en_carpeta.h"
 #include "platform/qt/comparar_imagenes.h"
 #include "platform/qt/informe_en_papel.h"
 #include "qt/letra_de_informe.h"
@@ -140,8 +141,7 @@ TEST_F(Pintor, UnTextoEstaDebajoDeSuEsquina) {
 
 TEST_F(Pintor, UnaImagenTieneSuPropioTamano) {
   const guion::CarpetaTemporal carpeta(false);
-  const fs::path antes = fs::current_path();
-  fs::current_path(carpeta.Ruta());
+  const apoyo::EnCarpeta en(carpeta.Ruta());
   QImage cuadro(96, 48, QImage::Format_RGB32);
   cuadro.fill(Qt::blue);
   cuadro.setDotsPerMeterX(9600);  // a centimetre by half of one
@@ -165,10 +165,12 @@ TEST_F(Pintor, UnaImagenTieneSuPropioTamano) {
   EXPECT_EQ(En(3.3, 2.1), QColor(Qt::blue));
   EXPECT_EQ(En(3.7, 2.1), QColor(Qt::yellow));
 
+  fs::remove("sin.bmp");
+  Pintar(otra);
+  EXPECT_EQ(En(3.3, 2.1), QColor(Qt::blue)) << "lo dibujado con ella la guarda";
   fs::remove("Cuadro.bmp");
   Pintar(imagen);
   EXPECT_EQ(En(1.2, 1.2), QColor(Qt::yellow));
-  fs::current_path(antes);
 }
 
 }  // namespace
