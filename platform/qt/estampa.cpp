@@ -1,8 +1,12 @@
 #include "qt/estampa.h"
 
+#include <QDataStream>
 #include <QDateTime>
+#include <QDir>
+#include <QFile>
 #include <QFileInfo>
 #include <QImageReader>
+#include <cstdlib>
 #include <filesystem>
 #include <system_error>
 
@@ -15,6 +19,7 @@ namespace {
 
 struct EstampaLeida {
   std::string Fichero;  // as it was asked for
+  QString Carpeta;      // from which on
   QString Ruta;
   QDateTime Momento;
   qint64 Largo = -1;
@@ -30,11 +35,52 @@ double Resolucion(int puntosPorMetro, int delaPantalla) {
   return dicha ? puntosPorMetro : kSinResolucion;
 }
 
+/// Of a picture cut short the reader would make up the rest in black, over the report.
+bool EstaEntera(const QString& ruta) {
+  QFile fichero(ruta);
+  if (!fichero.open(QIODevice::ReadOnly)) return false;
+  QDataStream datos(&fichero);
+  datos.setByteOrder(QDataStream::LittleEndian);
+  quint16 marca = 0;
+  quint32 largo = 0;
+  quint32 nada = 0;
+  quint32 comienzo = 0;
+  quint32 cabecera = 0;
+  qint32 ancho = 0;
+  qint32 alto = 0;
+  quint16 planos = 0;
+  quint16 bits = 0;
+  quint32 compresion = 0;
+  datos >> marca >> largo >> nada >> comienzo >> cabecera >> ancho >> alto >> planos >> bits >>
+      compresion;
+  constexpr quint16 kMapaDeBits = 0x4D42;
+  constexpr quint32 kSinComprimir = 0;
+  if (marca != kMapaDeBits || compresion != kSinComprimir) return true;
+  const qint64 linea = (qint64{bits} * ancho + 31) / 32 * 4;
+  return datos.status() == QDataStream::Ok &&
+         fichero.size() >= comienzo + linea * std::abs(qint64{alto});
+}
+
+/// A whole sheet at the resolution of a scanner takes more than the toolkit's readers may.
+class SinLimiteDeMemoria {
+ public:
+  SinLimiteDeMemoria() : antes_(QImageReader::allocationLimit()) {
+    constexpr int kMegas = 1024;
+    QImageReader::setAllocationLimit(kMegas);
+  }
+  ~SinLimiteDeMemoria() { QImageReader::setAllocationLimit(antes_); }
+  SinLimiteDeMemoria(const SinLimiteDeMemoria&) = delete;
+
+ private:
+  int antes_;
+};
+
 Estampa LeerEstampa(const QString& ruta) {
+  const SinLimiteDeMemoria amplitud;
   QImageReader lector(ruta);
   lector.setDecideFormatFromContent(true);
   lector.setAutoTransform(true);
-  const QImage imagen = lector.read();
+  const QImage imagen = EstaEntera(ruta) ? lector.read() : QImage();
   if (imagen.isNull()) return {};
   const QImage cualquiera(1, 1, QImage::Format_RGB32);
   const double x = Resolucion(imagen.dotsPerMeterX(), cualquiera.dotsPerMeterX());
@@ -42,20 +88,28 @@ Estampa LeerEstampa(const QString& ruta) {
   return {imagen, {imagen.width() * kTwipsPorMetro / x, imagen.height() * kTwipsPorMetro / y}};
 }
 
+QFileInfo Buscar(const std::string& fichero) {
+  std::error_code fallo;
+  const auto carpeta = std::filesystem::current_path(fallo);
+  const auto hallado = fallo ? std::nullopt : services::BuscarFichero(fichero, carpeta);
+  return hallado ? QFileInfo(Texto(hallado->string())) : QFileInfo();
+}
+
 }  // namespace
 
 Estampa EstampaDe(const std::string& fichero) {
   static EstampaLeida ultima;
-  std::error_code fallo;
-  const auto carpeta = std::filesystem::current_path(fallo);
-  const auto hallado = fallo ? std::nullopt : services::BuscarFichero(fichero, carpeta);
-  if (!hallado) return ultima.Fichero == fichero ? ultima.Dibujo : Estampa();
-  const QFileInfo datos(Texto(hallado->string()));
+  const auto esLaUltima = [](const QFileInfo& datos) {
+    return datos.exists() && datos.lastModified() == ultima.Momento && datos.size() == ultima.Largo;
+  };
+  // Asked of every page: a folder with much in it is looked through once.
+  const bool mismo = ultima.Fichero == fichero && ultima.Carpeta == QDir::currentPath();
+  if (mismo && esLaUltima(QFileInfo(ultima.Ruta))) return ultima.Dibujo;
+  const QFileInfo datos = Buscar(fichero);
+  if (!datos.exists()) return ultima.Fichero == fichero ? ultima.Dibujo : Estampa();
   const QString ruta = datos.absoluteFilePath();
-  if (ultima.Ruta != ruta || ultima.Momento != datos.lastModified() ||
-      ultima.Largo != datos.size()) {
-    ultima = {fichero, ruta, datos.lastModified(), datos.size(), LeerEstampa(ruta)};
-  }
+  ultima = {fichero,      QDir::currentPath(), ruta, datos.lastModified(),
+            datos.size(), LeerEstampa(ruta)};
   return ultima.Dibujo;
 }
 

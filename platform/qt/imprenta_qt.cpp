@@ -9,6 +9,7 @@
 #include "qt/aviso_qt.h"
 #include "qt/dialogo_guardar.h"
 #include "qt/impresora_qt.h"
+#include "qt/impresoras_del_sistema.h"
 #include "qt/informe_pdf.h"
 #include "qt/letra_de_informe.h"
 #include "qt/textos_qt.h"
@@ -27,7 +28,8 @@ std::string Comillas(const QString& nombre) {
 std::string Resolver(const std::string& impresora) {
   const std::vector<std::string> nombres = Impresoras();
   if (impresora.empty()) {
-    const QString propia = QPrinterInfo::defaultPrinterName();
+    // A server that doesn't answer isn't asked again.
+    const QString propia = nombres.size() > 1 ? QPrinterInfo::defaultPrinterName() : QString();
     return propia.isEmpty() ? nombres.front() : Utf8(propia);
   }
   if (std::find(nombres.begin(), nombres.end(), impresora) != nombres.end()) return impresora;
@@ -57,7 +59,7 @@ QString ElegirFichero(const PreguntasDeImprenta& preguntas, const std::string& n
     if (!fichero.endsWith(QStringLiteral(".pdf"), Qt::CaseInsensitive)) {
       fichero += QStringLiteral(".pdf");
     }
-    if (!QFileInfo(fichero).isFile()) return fichero;
+    if (!QFileInfo::exists(fichero) && !QFileInfo(fichero).isSymLink()) return fichero;
     const std::string pregunta =
         "Ya existe " + Comillas(QFileInfo(fichero).fileName()) + ". ¿Desea sustituirlo?";
     if (preguntas.Mostrar(pregunta, mensaje::SiNo, kGuardarComoPdf) == mensaje::Si) return fichero;
@@ -85,7 +87,7 @@ PreguntasDeImprenta PreguntasEnPantalla() {
 
 std::vector<std::string> Impresoras() {
   std::vector<std::string> nombres;
-  for (const QString& nombre : QPrinterInfo::availablePrinterNames()) {
+  for (const QString& nombre : ImpresorasDelSistema()) {
     nombres.push_back(Utf8(nombre));
   }
   nombres.emplace_back(kGuardarComoPdf);

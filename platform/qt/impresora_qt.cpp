@@ -1,11 +1,14 @@
 #include "qt/impresora_qt.h"
 
+#include <QDir>
 #include <QPageLayout>
 #include <QPrinterInfo>
+#include <QStorageInfo>
 #include <algorithm>
 #include <utility>
 
 #include "qt/cursor_de_espera.h"
+#include "qt/impresoras_del_sistema.h"
 #include "qt/pintor_de_informe.h"
 #include "qt/prensa.h"
 #include "qt/servidor_de_impresion.h"
@@ -59,6 +62,7 @@ void ImpresoraQt::KillDoc() {
 /// The toolkit sends the work when the painting ends, and doesn't tell how that went.
 void ImpresoraQt::Imprimir() {
   const CursorDeEspera espera;
+  ExigirSitio();
   Prensa prensa;
   Exigir(prensa.Empezar(impresora_, Encaje()), QStringLiteral("no admite trabajos"));
   services::LaminaInforme hoja;
@@ -71,11 +75,21 @@ void ImpresoraQt::Imprimir() {
   if (entera && !falla && reparo.isEmpty()) return;
   ExigirRollo(rollo_.Legible());
   // What the server says of one that it doesn't have means nothing to a user.
-  Exigir(QPrinterInfo::availablePrinterNames().contains(nombre_),
+  Exigir(ImpresorasDelSistema().contains(nombre_),
          QStringLiteral("ya no está instalada, o el servidor de impresión no responde"));
   Exigir(false, reparo.isEmpty()
                     ? QString()
                     : QStringLiteral("el servidor de impresión dice «%1»").arg(reparo));
+}
+
+/// The toolkit makes a file for the print server beside the sheets, and sends what there is of it
+/// when the disk fills up.
+void ImpresoraQt::ExigirSitio() const {
+  constexpr qint64 kHolguraDeDisco = 1 << 20;
+  const QStorageInfo disco(QDir::tempPath());
+  const bool cabe =
+      !disco.isValid() || disco.bytesAvailable() > 2 * rollo_.Largo() + kHolguraDeDisco;
+  Exigir(cabe, QStringLiteral("no queda sitio en el disco"));
 }
 
 QTransform ImpresoraQt::Encaje() const {

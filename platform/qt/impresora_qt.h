@@ -27,6 +27,7 @@ class ImpresoraQt final : public PapelQt {
 
  private:
   void Imprimir();
+  void ExigirSitio() const;
   void ExigirRollo(bool bien);
   void Exigir(bool bien, const QString& motivo) const;
   [[nodiscard]] QTransform Encaje() const;

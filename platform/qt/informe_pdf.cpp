@@ -78,7 +78,8 @@ void InformePdf::Acabar() {
     Exigir(destino_->error() == QFileDevice::NoError, *destino_);
     Fallar(QString::fromLocal8Bit(fallo.what()));
   }
-  Exigir(destino_->commit(), *destino_);
+  // What is still in memory is written by the commit too, which doesn't tell whether it could.
+  Exigir(destino_->flush() && destino_->commit(), *destino_);
   Cerrar();
 }
 

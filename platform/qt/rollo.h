@@ -19,6 +19,7 @@ class Rollo {
   /// Ready for the next sheet, until the last one.
   [[nodiscard]] bool Quedan() const { return !fichero_.atEnd(); }
   [[nodiscard]] bool Sacar(services::LaminaInforme& hoja);
+  [[nodiscard]] qint64 Largo() const { return fichero_.size(); }
   /// Whether every sheet asked for so far could be read.
   [[nodiscard]] bool Legible() const { return datos_.status() == QDataStream::Ok; }
   /// Why a step failed.

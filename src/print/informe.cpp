@@ -1,6 +1,7 @@
 #include "print/informe.h"
 
 #include <filesystem>
+#include <system_error>
 
 #include "list/color_lista.h"
 #include "list/guarda.h"
@@ -27,6 +28,12 @@ constexpr int kFondoDeGrupo = 0xC0E0FF;
 /// Where text begins that is meant to stand in the middle: a little left of it.
 double CentradoConAire(const DestinoInforme& destino, const std::string& texto) {
   return (destino.ScaleWidth() - (destino.TextWidth(texto) + 2)) / 2;
+}
+
+bool HayFondo() {
+  std::error_code fallo;
+  const std::filesystem::path carpeta = std::filesystem::current_path(fallo);
+  return !fallo && services::BuscarFichero(kFondo, carpeta);
 }
 
 /// The rows are made current one by one with the list's events off; however that ends, the list
@@ -185,13 +192,8 @@ void Informe::ImprimirCabecera(DestinoInforme& destino) {
 
 /// A report comes out without its background where there is none, without a word.
 void Informe::PintarFondo(DestinoInforme& destino) {
-  try {
-    if (services::BuscarFichero(kFondo, std::filesystem::current_path())) {
-      destino.PaintPicture(kFondo, 0, 0);
-    }
-  } catch (const std::exception&) {
-    return;
-  }
+  if (!hayFondo_) hayFondo_ = HayFondo();
+  if (*hayFondo_) destino.PaintPicture(kFondo, 0, 0);
 }
 
 /// The band is drawn first, and the point goes back to where its text begins. The titles are placed

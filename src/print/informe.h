@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <string>
 
 #include "list/rango_fechas.h"
@@ -47,6 +48,8 @@ class Informe {
   list::RejillaPagos& rejilla_;
   const list::RangoFechas& rango_;
   frmListados* listados_;
+  /// Looked for once a report.
+  std::optional<bool> hayFondo_;
 };
 
 }  // namespace print

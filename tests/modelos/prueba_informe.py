@@ -140,9 +140,9 @@ def prueba_deja_la_ultima_fila():
     assert rejilla.colores[21] == ELEGIDA
 
 
-def prueba_la_ultima_de_la_carga_sigue_como_estaba():
+def prueba_la_ultima_de_la_carga_tambien_queda_elegida():
     b = BancoDePapel(receipts=1, impresoras=["HP"]).imprimir(1)
-    assert b.p.rejilla.fila == 21 and b.p.rejilla.colores[21] == (FRANJA_A, PREVISTO)
+    assert b.p.rejilla.fila == 21 and b.p.rejilla.colores[21] == ELEGIDA and b.p.fila_elegida
 
 
 def prueba_el_pago_sin_grabar_sale():

@@ -173,4 +173,15 @@ TEST_F(Pintor, UnaImagenTieneSuPropioTamano) {
   EXPECT_EQ(En(1.2, 1.2), QColor(Qt::yellow));
 }
 
+TEST_F(Pintor, UnaImagenCortadaNoTapaNada) {
+  const guion::CarpetaTemporal carpeta(false);
+  const apoyo::EnCarpeta en(carpeta.Ruta());
+  QImage cuadro(96, 96, QImage::Format_RGB32);
+  cuadro.fill(Qt::blue);
+  EXPECT_TRUE(cuadro.save("cortado.bmp"));
+  fs::resize_file("cortado.bmp", 200);
+  Pintar({.Que = Trazo::Clase::Imagen, .X1 = 1, .Y1 = 1, .Texto = "cortado.bmp"});
+  EXPECT_EQ(En(1.2, 1.2), QColor(Qt::yellow));
+}
+
 }  // namespace

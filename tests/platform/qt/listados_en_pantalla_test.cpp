@@ -103,7 +103,7 @@ TEST_F(ListadosEnPantalla, LaRuedaRecorreYConControlAcerca) {
 TEST_F(ListadosEnPantalla, ControlMasYMenosAcercanYAlejan) {
   AbrirCon(200);
   VerEnPantalla([this] {
-    const auto con = [this](Qt::Key tecla) {
+    const auto con = [](Qt::Key tecla) {
       QTest::keyClick(QApplication::focusWidget(), tecla, Qt::ControlModifier);
     };
     con(Qt::Key_Minus);
