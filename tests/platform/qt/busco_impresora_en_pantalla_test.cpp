@@ -117,4 +117,40 @@ TEST_F(BuscoImpresoraEnPantalla, UnLectorOyeCadaDestinoYElQueSeElige) {
   Cerrar();
 }
 
+TEST_F(BuscoImpresoraEnPantalla, EnUnEscritorioPequenoSeLlegaATodo) {
+  AbrirCon(0, {"Uno", "Dos", "Tres", "Cuatro", "Cinco", "Seis"});
+  Imprimir({[this] {
+    modal->resize(420, 220);
+    QTest::qWait(20);
+    EXPECT_LE(modal->width(), 420);
+    EXPECT_TRUE(modal->rect().contains(En<QPushButton>("Boton2").geometry()));
+    for (int cual = 1; cual <= 6; ++cual) {
+      Pulsa(Qt::Key_Right);
+      EXPECT_EQ(Foco(), "LblImpre_" + std::to_string(cual));
+      EXPECT_FALSE(Destino(cual).visibleRegion().isEmpty()) << cual;
+    }
+    Pulsa(Qt::Key_Escape);
+  }});
+  Cerrar();
+}
+
+TEST_F(BuscoImpresoraEnPantalla, UnLectorPuedeEmpezarAImprimir) {
+  AbrirCon(0);
+  QAccessibleInterface& imagen =
+      *QAccessible::queryAccessibleInterface(&Vista<qt::ImagenQt>("ImgImpresora"));
+  EXPECT_EQ(imagen.role(), QAccessible::Button);
+  EXPECT_EQ(imagen.text(QAccessible::Name), "Imprimir");
+  QTimer::singleShot(60, ventana, [this] {
+    auto* lienzo = dynamic_cast<qt::Lienzo*>(QApplication::activeModalWidget());
+    ASSERT_NE(lienzo, nullptr);
+    EXPECT_EQ(lienzo->windowTitle(), "Selección Impresora");
+    QTest::keyClick(lienzo, Qt::Key_Escape);
+    if (lienzo->isVisible()) lienzo->close();
+  });
+  imagen.actionInterface()->doAction(QAccessibleActionInterface::pressAction());
+  QTest::qWait(30);
+  EXPECT_EQ(sesion->Imprenta().Impresora, "Null Impresora");
+  Cerrar();
+}
+
 }  // namespace

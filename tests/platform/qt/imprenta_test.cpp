@@ -71,15 +71,15 @@ TEST_F(Imprenta, OfreceElFicheroEnLosDocumentosYDejarloNoHaceNada) {
 }
 
 TEST_F(Imprenta, PoneLaTerminacionYDiceDondeHaQuedado) {
-  elegidos = {Ruta("mis pagos")};
+  elegidos = {Ruta("pagos a 30.11.2026")};
   const auto destino = Pdf();
   ASSERT_NE(destino, nullptr);
-  EXPECT_FALSE(QFile::exists(Ruta("mis pagos.pdf")));
+  EXPECT_FALSE(QFile::exists(Ruta("pagos a 30.11.2026.pdf")));
   EXPECT_THAT(mensajes, IsEmpty());
   destino->EndDoc();
-  EXPECT_TRUE(QFile::exists(Ruta("mis pagos.pdf")));
+  EXPECT_TRUE(QFile::exists(Ruta("pagos a 30.11.2026.pdf")));
   EXPECT_THAT(mensajes, ElementsAre("El informe se ha guardado en «" +
-                                    qt::Utf8(Ruta("mis pagos.pdf")) + "»."));
+                                    qt::Utf8(Ruta("pagos a 30.11.2026.pdf")) + "»."));
 }
 
 TEST_F(Imprenta, UnInformeDejadoNoDiceNada) {

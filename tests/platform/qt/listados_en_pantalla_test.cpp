@@ -3,6 +3,7 @@
 #include <qpa/qwindowsysteminterface.h>
 #include <QComboBox>
 #include <QElapsedTimer>
+#include <algorithm>
 #include <cstdio>
 
 #include "platform/qt/informe_en_pantalla.h"
@@ -86,6 +87,38 @@ TEST_F(ListadosEnPantalla, SeRecorreConTeclasDesdeLaBarraYDesdeLaLista) {
   Cerrar();
 }
 
+TEST_F(ListadosEnPantalla, ElFocoDeLaBarraSeVe) {
+  AbrirCon(200);
+  VerEnPantalla([this] {
+    const auto marco = [this] { return En<QWidget>("DivScroll").grab().toImage(); };
+    EXPECT_EQ(Foco(), "Scroll");
+    const QImage con = marco();
+    Pulsa(Qt::Key_Tab);
+    EXPECT_NE(marco(), con);
+  });
+  Cerrar();
+}
+
+TEST_F(ListadosEnPantalla, ElMarcoDeLaHojaSeVeTambienPequeno) {
+  AbrirCon(200);
+  VerEnPantalla([this] {
+    for (const char* zoom : {"Encajar", "50 %"}) {
+      QTest::keyClick(QApplication::focusWidget(), Qt::Key_Minus, Qt::ControlModifier);
+      const QImage papel = Papel().grab().toImage();
+      const int medio = papel.height() / 20;
+      int izquierda = 255;
+      int derecha = 255;
+      for (int x = 0; x < 3; ++x) {
+        izquierda = std::min(izquierda, qGray(papel.pixel(x, medio)));
+        derecha = std::min(derecha, qGray(papel.pixel(papel.width() - 1 - x, medio)));
+      }
+      EXPECT_LT(izquierda, 140) << zoom;
+      EXPECT_LT(derecha, 140) << zoom;
+    }
+  });
+  Cerrar();
+}
+
 TEST_F(ListadosEnPantalla, LaRuedaRecorreYConControlAcerca) {
   AbrirCon(200);
   VerEnPantalla([this] {
@@ -163,7 +196,7 @@ TEST_F(ListadosEnPantalla, LoPintadoEsElInforme) {
   Cerrar();
 }
 
-/// Prints what the closing of an issue asks for; it is no test of time.
+/// How long each takes is printed, and no claim.
 TEST_F(ListadosEnPantalla, CambiarElZoomDeVeintePaginas) {
   AbrirCon(1100);
   VerEnPantalla([this] {
