@@ -97,7 +97,7 @@ std::string LineaDeAviso(const headless::AvisoMostrado& aviso) {
 
 std::string LineaDeTrazo(int pagina, const services::Trazo& trazo) {
   using Que = services::Trazo::Clase;
-  const std::string donde = "p" + std::to_string(pagina) + " ";
+  std::string donde = "p" + std::to_string(pagina) + " ";
   const std::string puntos = Punto(trazo.X1, trazo.Y1) + " " + Punto(trazo.X2, trazo.Y2) + " ";
   const std::string color = std::to_string(trazo.Color);
   switch (trazo.Que) {

@@ -121,23 +121,23 @@ void frmBuscoImpresora::ElegirDestino(int elegido) {
     Img(destino).Tag = es ? "1" : "";
   }
   UnaSolaParada();
-  if (TieneFoco() && LblImpre(elegido).Visible) LblImpre(elegido).SetFocus();
+  if (ConFoco() >= 0) LblImpre(elegido).SetFocus();
 }
 
-bool frmBuscoImpresora::TieneFoco() const {
+/// -1 for none.
+int frmBuscoImpresora::ConFoco() const {
   for (int destino = 0; destino < Img.Count(); ++destino) {
-    if (LblImpre(destino).TieneFoco()) return true;
+    if (LblImpre(destino).TieneFoco()) return destino;
   }
-  return false;
+  return -1;
 }
 
 /// The strip keeps the focus when what has it slides out of sight.
 void frmBuscoImpresora::GuardarFoco() {
-  const bool tenia = TieneFoco();
+  const int conFoco = ConFoco();
+  if (conFoco < 0 || SeVe(conFoco)) return;
   LblImpre(PrimeraVisible_).Visible = true;
-  for (int destino = 0; tenia && destino < Img.Count(); ++destino) {
-    if (!SeVe(destino) && LblImpre(destino).TieneFoco()) LblImpre(PrimeraVisible_).SetFocus();
-  }
+  LblImpre(PrimeraVisible_).SetFocus();
 }
 
 /// The strip is one stop of the Tab key: at what is chosen or, where that is out of sight, at the

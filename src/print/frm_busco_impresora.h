@@ -51,7 +51,7 @@ class frmBuscoImpresora final : public services::Form {
   void ElegirDestino(int elegido);
   [[nodiscard]] bool SeVe(int destino) const;
   [[nodiscard]] int Elegido() const;
-  [[nodiscard]] bool TieneFoco() const;
+  [[nodiscard]] int ConFoco() const;
   void GuardarFoco();
   void UnaSolaParada();
 

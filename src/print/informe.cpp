@@ -43,7 +43,7 @@ class Recorrido {
   explicit Recorrido(list::RejillaPagos& rejilla)
       : rejilla_(rejilla), antes_(rejilla.MSFPagos.Row), ocupado_(rejilla.GridOcupado) {}
   ~Recorrido() {
-    if (!enMarcha_) return;
+    if (!enMarcha_ || antes_ >= rejilla_.MSFPagos.Rows) return;
     rejilla_.PintarFranja(antes_);
     rejilla_.PintarElegida(rejilla_.MSFPagos.Row);
     rejilla_.FilaElegida = true;
