@@ -140,7 +140,7 @@ TEST_F(BuscoImpresoraEnPantalla, UnLectorPuedeEmpezarAImprimir) {
       *QAccessible::queryAccessibleInterface(&Vista<qt::ImagenQt>("ImgImpresora"));
   EXPECT_EQ(imagen.role(), QAccessible::Button);
   EXPECT_EQ(imagen.text(QAccessible::Name), "Imprimir");
-  QTimer::singleShot(60, ventana, [this] {
+  QTimer::singleShot(60, ventana, [] {
     auto* lienzo = dynamic_cast<qt::Lienzo*>(QApplication::activeModalWidget());
     ASSERT_NE(lienzo, nullptr);
     EXPECT_EQ(lienzo->windowTitle(), "Selección Impresora");
