@@ -28,9 +28,9 @@ class AvisoHeadless final : public services::Aviso {
 class AvanceHeadless final : public services::Avance {
  public:
   explicit AvanceHeadless(std::shared_ptr<Entorno> entorno) : entorno_(std::move(entorno)) {}
-  bool Toca() override { return true; }
+  bool Toca() override { return static_cast<bool>(entorno_->AlAvanzar); }
   bool Seguir(int hechos, int total) override {
-    return !entorno_->AlAvanzar || entorno_->AlAvanzar(hechos, total);
+    return entorno_->AlAvanzar(hechos, total);
   }
 
  private:

@@ -21,32 +21,33 @@ QString Cuenta(int numero) {
 
 AvanceQt::AvanceQt(const std::string& titulo)
     : titulo_(Texto(titulo)),
-      caja_(QString(), QStringLiteral("Cancelar"), 0, 0, VentanaDelUsuario()) {
-  caja_.setWindowTitle(titulo_);
-  caja_.setWindowModality(Qt::ApplicationModal);
+      caja_(new QProgressDialog(QString(), QStringLiteral("Cancelar"), 0, 0, VentanaDelUsuario())) {
+  caja_->setWindowTitle(titulo_);
+  caja_->setWindowModality(Qt::ApplicationModal);
   // Shown by the clock alone: its own guess needs the event loop.
-  caja_.setMinimumDuration(std::numeric_limits<int>::max());
-  caja_.setAutoReset(false);
-  caja_.setAutoClose(false);
+  caja_->setMinimumDuration(std::numeric_limits<int>::max());
+  caja_->setAutoReset(false);
+  caja_->setAutoClose(false);
   desdeElPrincipio_.start();
 }
 
 bool AvanceQt::Toca() {
-  if (caja_.wasCanceled()) return true;
+  if (!caja_ || caja_->wasCanceled()) return true;
   if (desdeElPrincipio_.elapsed() < kPaciencia) return false;
-  return !caja_.isVisible() || desdeLaUltima_.elapsed() >= kRitmo;
+  return !caja_->isVisible() || desdeLaUltima_.elapsed() >= kRitmo;
 }
 
 bool AvanceQt::Seguir(int hechos, int total) {
-  caja_.setMaximum(total);
-  caja_.setLabelText(
+  if (!caja_ || caja_->wasCanceled()) return false;
+  caja_->setMaximum(total);
+  caja_->setLabelText(
       QStringLiteral("%1: %2 de %3 líneas").arg(titulo_, Cuenta(hechos), Cuenta(total)));
   // Shown, it lets the event loop run by itself.
-  caja_.setValue(hechos);
-  if (!caja_.isVisible() && !caja_.wasCanceled()) caja_.show();
+  caja_->setValue(hechos);
+  if (caja_ && !caja_->isVisible()) caja_->show();
   QCoreApplication::processEvents();
   desdeLaUltima_.start();
-  return !caja_.wasCanceled();
+  return caja_ && !caja_->wasCanceled();
 }
 
 }  // namespace qt

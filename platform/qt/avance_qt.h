@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QElapsedTimer>
+#include <QPointer>
 #include <QProgressDialog>
 
 #include "services/imprenta.h"
@@ -12,13 +13,17 @@ namespace qt {
 class AvanceQt final : public services::Avance {
  public:
   explicit AvanceQt(const std::string& titulo);
+  ~AvanceQt() override { delete caja_; }
+  AvanceQt(const AvanceQt&) = delete;
+  AvanceQt& operator=(const AvanceQt&) = delete;
 
   [[nodiscard]] bool Toca() override;
   [[nodiscard]] bool Seguir(int hechos, int total) override;
 
  private:
   QString titulo_;
-  QProgressDialog caja_;
+  /// Gone with the window that it lies over, which other events may take away.
+  QPointer<QProgressDialog> caja_;
   QElapsedTimer desdeElPrincipio_;
   QElapsedTimer desdeLaUltima_;
 };

@@ -55,28 +55,34 @@ bool EstaEntera(const QString& ruta) {
       compresion;
   constexpr quint16 kMapaDeBits = 0x4D42;
   constexpr quint32 kSinComprimir = 0;
-  if (marca != kMapaDeBits || compresion != kSinComprimir) return true;
+  constexpr quint32 kConMascaras = 3;
+  constexpr quint32 kCabeceraCorriente = 40;
+  constexpr qint64 kLadoMaximo = 1 << 20;
+  constexpr qint64 kBitsMaximos = 64;
+  const bool seCuenta = compresion == kSinComprimir || compresion == kConMascaras;
+  if (marca != kMapaDeBits || cabecera < kCabeceraCorriente || !seCuenta) return true;
+  const qint64 lineas = std::abs(qint64{alto});
+  if (ancho < 0 || ancho > kLadoMaximo || lineas > kLadoMaximo || bits > kBitsMaximos) return false;
   const qint64 linea = (qint64{bits} * ancho + 31) / 32 * 4;
-  return datos.status() == QDataStream::Ok &&
-         fichero.size() >= comienzo + linea * std::abs(qint64{alto});
+  return datos.status() == QDataStream::Ok && fichero.size() >= comienzo + linea * lineas;
 }
 
 /// A whole sheet at the resolution of a scanner takes more than the toolkit's readers may.
-class SinLimiteDeMemoria {
+class MasMemoria {
  public:
-  SinLimiteDeMemoria() : antes_(QImageReader::allocationLimit()) {
+  MasMemoria() : antes_(QImageReader::allocationLimit()) {
     constexpr int kMegas = 1024;
     QImageReader::setAllocationLimit(kMegas);
   }
-  ~SinLimiteDeMemoria() { QImageReader::setAllocationLimit(antes_); }
-  SinLimiteDeMemoria(const SinLimiteDeMemoria&) = delete;
+  ~MasMemoria() { QImageReader::setAllocationLimit(antes_); }
+  MasMemoria(const MasMemoria&) = delete;
 
  private:
   int antes_;
 };
 
 Estampa LeerEstampa(const QString& ruta) {
-  const SinLimiteDeMemoria amplitud;
+  const MasMemoria amplitud;
   QImageReader lector(ruta);
   lector.setDecideFormatFromContent(true);
   lector.setAutoTransform(true);

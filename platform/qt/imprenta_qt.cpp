@@ -24,18 +24,13 @@ std::string Comillas(const QString& nombre) {
   return "«" + Utf8(nombre) + "»";
 }
 
-/// The printer that a work goes to, where it names none or names one that is still there.
+/// The printer that a work goes to: where it names none, the system's own.
 std::string Resolver(const std::string& impresora) {
+  if (!impresora.empty()) return impresora;
   const std::vector<std::string> nombres = Impresoras();
-  if (impresora.empty()) {
-    // A server that doesn't answer isn't asked again.
-    const QString propia = nombres.size() > 1 ? QPrinterInfo::defaultPrinterName() : QString();
-    return propia.isEmpty() ? nombres.front() : Utf8(propia);
-  }
-  if (std::find(nombres.begin(), nombres.end(), impresora) != nombres.end()) return impresora;
-  throw services::ErrorEjecucion(
-      services::error::ErrorDeImpresora,
-      "La impresora " + Comillas(Texto(impresora)) + " ya no está instalada");
+  // A server that doesn't answer isn't asked again.
+  const QString propia = nombres.size() > 1 ? QPrinterInfo::defaultPrinterName() : QString();
+  return propia.isEmpty() ? nombres.front() : Utf8(propia);
 }
 
 bool Conforme(const PreguntasDeImprenta& preguntas, const std::string& ausente,
@@ -44,7 +39,7 @@ bool Conforme(const PreguntasDeImprenta& preguntas, const std::string& ausente,
                                  ? "se guardará como PDF."
                                  : "irá a " + Comillas(Texto(impresora)) + ".";
   return preguntas.Mostrar("La impresora " + Comillas(Texto(ausente)) +
-                               " ya no está instalada. El informe " + adonde,
+                               " no está disponible. El informe " + adonde,
                            kAceptarCancelar | kExclamacion, "Imprimir") == mensaje::Aceptar;
 }
 
@@ -59,7 +54,7 @@ QString ElegirFichero(const PreguntasDeImprenta& preguntas, const std::string& n
     if (!fichero.endsWith(QStringLiteral(".pdf"), Qt::CaseInsensitive)) {
       fichero += QStringLiteral(".pdf");
     }
-    if (!QFileInfo::exists(fichero) && !QFileInfo(fichero).isSymLink()) return fichero;
+    if (!QFileInfo(fichero).isFile() && !QFileInfo(fichero).isSymLink()) return fichero;
     const std::string pregunta =
         "Ya existe " + Comillas(QFileInfo(fichero).fileName()) + ". ¿Desea sustituirlo?";
     if (preguntas.Mostrar(pregunta, mensaje::SiNo, kGuardarComoPdf) == mensaje::Si) return fichero;

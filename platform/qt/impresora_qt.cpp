@@ -8,6 +8,7 @@
 #include <utility>
 
 #include "qt/cursor_de_espera.h"
+#include "qt/estampa.h"
 #include "qt/impresoras_del_sistema.h"
 #include "qt/pintor_de_informe.h"
 #include "qt/prensa.h"
@@ -45,6 +46,10 @@ ImpresoraQt::ImpresoraQt(const QString& nombre, const QString& titulo) : nombre_
 }
 
 void ImpresoraQt::Entregar(const services::LaminaInforme& hoja) {
+  for (const services::Trazo& trazo : hoja.Trazos) {
+    if (trazo.Que != services::Trazo::Clase::Imagen) continue;
+    imagen_ = std::max(imagen_, qint64{EstampaDe(trazo.Texto).Imagen.sizeInBytes()});
+  }
   ExigirRollo(rollo_.Guardar(hoja));
 }
 
@@ -88,7 +93,7 @@ void ImpresoraQt::ExigirSitio() const {
   constexpr qint64 kHolguraDeDisco = 1 << 20;
   const QStorageInfo disco(QDir::tempPath());
   const bool cabe =
-      !disco.isValid() || disco.bytesAvailable() > 2 * rollo_.Largo() + kHolguraDeDisco;
+      !disco.isValid() || disco.bytesAvailable() > 2 * rollo_.Largo() + imagen_ + kHolguraDeDisco;
   Exigir(cabe, QStringLiteral("no queda sitio en el disco"));
 }
 

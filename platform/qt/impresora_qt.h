@@ -35,6 +35,7 @@ class ImpresoraQt final : public PapelQt {
   QString nombre_;
   QPrinter impresora_{QPrinter::HighResolution};
   Rollo rollo_;
+  qint64 imagen_ = 0;  // bytes of the picture that its sheets share
   bool abierta_ = true;
 };
 

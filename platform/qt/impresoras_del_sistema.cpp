@@ -26,13 +26,18 @@ std::future<QStringList> Preguntar() {
 
 QStringList ImpresorasDelSistema() {
   static std::future<QStringList> pendiente;
-  const bool yaSeEspero = pendiente.valid();
-  if (!yaSeEspero) pendiente = Preguntar();
+  static QStringList ultimas;
+  const auto llega = [](std::chrono::seconds paciencia) {
+    if (pendiente.wait_for(paciencia) != std::future_status::ready) return false;
+    ultimas = pendiente.get();
+    return true;
+  };
+  // One that was waited for in vain and hasn't answered since isn't waited for again.
+  if (pendiente.valid() && !llega(std::chrono::seconds(0))) return {};
   const CursorDeEspera espera;
-  const auto paciencia = yaSeEspero ? std::chrono::seconds(0) : kPaciencia;
-  if (pendiente.wait_for(paciencia) != std::future_status::ready) return {};
-  const QStringList nombres = pendiente.get();
-  return yaSeEspero ? ImpresorasDelSistema() : nombres;
+  pendiente = Preguntar();
+  llega(kPaciencia);
+  return ultimas;
 }
 
 }  // namespace qt

@@ -4,8 +4,8 @@
 
 namespace qt {
 
-/// The names of the system's printers. A print server that is slow is waited for so long; one that
-/// doesn't answer by then counts as without printers until it does.
+/// The names of the system's printers. A print server that is slow is waited for four seconds; then
+/// its last answer counts, and from then on none until it has answered.
 [[nodiscard]] QStringList ImpresorasDelSistema();
 
 }  // namespace qt

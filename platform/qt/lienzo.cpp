@@ -26,6 +26,7 @@
 #include "qt/vinculos.h"
 
 namespace qt {
+
 Lienzo::Lienzo(services::Form& form, const std::function<void(QWidget&)>& disponer) : form_(&form) {
   HacerAccesibles();
   setPalette(Legible(QApplication::palette()));
@@ -299,7 +300,7 @@ void Lienzo::wheelEvent(QWheelEvent* evento) {
     return QWidget::wheelEvent(evento);
   }
   // A touchpad tells a notch of the wheel in many small steps.
-  giro_ += giro;
+  giro_ = (giro_ < 0) == (giro < 0) ? giro_ + giro : giro;
   const int muescas = giro_ / QWheelEvent::DefaultDeltasPerStep;
   giro_ -= muescas * QWheelEvent::DefaultDeltasPerStep;
   if (muescas != 0) services::entrada::Acercar(*form_, muescas);

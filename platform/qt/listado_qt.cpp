@@ -12,12 +12,13 @@ namespace qt {
 namespace {
 
 /// Whole pixels, no further than the panel: the frame of a page is at its edge.
-QRectF EnPixeles(const services::PictureBox::Pintada& pintada, int ancho) {
+QRectF EnPixeles(const services::PictureBox::Pintada& pintada, const QSize& panel) {
   const auto pixeles = [](int twips) { return qRound(double(twips) / services::kTwips); };
   const int izquierda = pixeles(pintada.X);
   const int arriba = pixeles(pintada.Y);
-  const int derecha = std::min(pixeles(pintada.X + pintada.Ancho), ancho);
-  return QRect(izquierda, arriba, derecha - izquierda, pixeles(pintada.Y + pintada.Alto) - arriba);
+  const int derecha = std::min(pixeles(pintada.X + pintada.Ancho), panel.width());
+  const int abajo = std::min(pixeles(pintada.Y + pintada.Alto), panel.height());
+  return QRect(izquierda, arriba, derecha - izquierda, abajo - arriba);
 }
 
 QString Anunciar(std::size_t paginas) {
@@ -37,7 +38,7 @@ void ListadoQt::Poner(const std::vector<services::PictureBox::Pintada>& pintadas
 void ListadoQt::paintEvent(QPaintEvent* evento) {
   QPainter pintor(this);
   for (const auto& pintada : pintadas_) {
-    const QRectF lugar = EnPixeles(pintada, width());
+    const QRectF lugar = EnPixeles(pintada, size());
     const auto* hoja = dynamic_cast<const services::LaminaInforme*>(pintada.Imagen.get());
     if (!hoja || !lugar.intersects(evento->rect())) continue;
     pintor.fillRect(lugar, Qt::white);

@@ -94,18 +94,22 @@ bool frmBuscoImpresora::SeVe(int destino) const {
   return destino >= PrimeraVisible_ && destino <= PrimeraVisible_ + kResto;
 }
 
+/// The strip keeps the focus: it moves on to what comes to sight before what has it goes.
 void frmBuscoImpresora::MostrarDestinos() {
-  GuardarFoco();
   int x = 0;
   for (int destino = 0; destino < Img.Count(); ++destino) {
-    const bool seVe = SeVe(destino);
-    if (seVe) {
-      Img(destino).Left = x;
-      LblImpre(destino).Left = x + kMargenNombre;
-      x += Img(destino).Width;
-    }
-    Img(destino).Visible = seVe;
-    LblImpre(destino).Visible = seVe;
+    if (!SeVe(destino)) continue;
+    Img(destino).Left = x;
+    LblImpre(destino).Left = x + kMargenNombre;
+    Img(destino).Visible = true;
+    LblImpre(destino).Visible = true;
+    x += Img(destino).Width;
+  }
+  if (const int conFoco = ConFoco(); conFoco >= 0 && !SeVe(conFoco)) LblImpre(Parada()).SetFocus();
+  for (int destino = 0; destino < Img.Count(); ++destino) {
+    if (SeVe(destino)) continue;
+    Img(destino).Visible = false;
+    LblImpre(destino).Visible = false;
   }
   UnaSolaParada();
 }
@@ -132,21 +136,15 @@ int frmBuscoImpresora::ConFoco() const {
   return -1;
 }
 
-/// The strip keeps the focus when what has it slides out of sight.
-void frmBuscoImpresora::GuardarFoco() {
-  const int conFoco = ConFoco();
-  if (conFoco < 0 || SeVe(conFoco)) return;
-  LblImpre(PrimeraVisible_).Visible = true;
-  LblImpre(PrimeraVisible_).SetFocus();
+/// What is chosen or, where that is out of sight, the first destination that isn't.
+int frmBuscoImpresora::Parada() const {
+  const int elegido = Elegido();
+  return elegido >= 0 && SeVe(elegido) ? elegido : PrimeraVisible_;
 }
 
-/// The strip is one stop of the Tab key: at what is chosen or, where that is out of sight, at the
-/// first destination that isn't.
 void frmBuscoImpresora::UnaSolaParada() {
-  const int elegido = Elegido();
-  const int parada = elegido >= 0 && SeVe(elegido) ? elegido : PrimeraVisible_;
   for (int destino = 0; destino < Img.Count(); ++destino) {
-    LblImpre(destino).TabStop = destino == parada;
+    LblImpre(destino).TabStop = destino == Parada();
   }
 }
 
@@ -202,8 +200,9 @@ void frmBuscoImpresora::LlevarA(int destino) {
   if (!SeVe(destino)) {
     PrimeraVisible_ = static_cast<std::int16_t>(std::max(0, destino - kResto));
   }
-  MostrarDestinos();
   ElegirDestino(destino);
+  MostrarDestinos();
+  LblImpre(destino).SetFocus();
 }
 
 void frmBuscoImpresora::Barra1_Pulsada(const services::Raton& raton) {

@@ -52,7 +52,7 @@ class frmBuscoImpresora final : public services::Form {
   [[nodiscard]] bool SeVe(int destino) const;
   [[nodiscard]] int Elegido() const;
   [[nodiscard]] int ConFoco() const;
-  void GuardarFoco();
+  [[nodiscard]] int Parada() const;
   void UnaSolaParada();
 
   void ImgIzq_Click();

@@ -86,7 +86,7 @@ bool Impresion::DibujarEn(frmListados& listados) {
 /// Nothing is left half printed where that can be had.
 void Impresion::ImprimirEnPapel(const std::string& elegida) {
   services::Form& pantalla = ImgImpresora.Formulario();
-  const auto impresora = sesion_.Imprenta().AbrirImpresora(Trabajo(PonerActual(elegida)));
+  const auto impresora = sesion_.Imprenta().AbrirImpresora(PrepararTrabajo(elegida));
   // The user was waited for: the host may have closed the screen.
   if (!impresora || !pantalla.Cargado()) return;
   bool entero = false;
@@ -110,27 +110,19 @@ bool Impresion::Dibujar(DestinoInforme& primera, frmListados* listados) {
   return informe.ImprimirInforme(destino);
 }
 
-/// Makes a printer the current one and hands back an empty text. One that is no longer installed is
-/// no error: the report goes to whichever is current, and its name is handed back.
-std::string Impresion::PonerActual(const std::string& elegida) {
+/// Makes the chosen printer the current one. One that is no longer installed is no error: the
+/// report goes to whichever is current or, where that is gone too, to the system's own.
+services::TrabajoDeImpresion Impresion::PrepararTrabajo(const std::string& elegida) {
   services::Imprenta& imprenta = sesion_.Imprenta();
   const std::vector<std::string> printers = imprenta.Printers();
   const auto esta = [&](const std::string& nombre) {
     return std::find(printers.begin(), printers.end(), nombre) != printers.end();
   };
-  if (esta(elegida)) {
-    imprenta.Printer = elegida;
-    return "";
-  }
-  if (!esta(imprenta.Printer)) imprenta.Printer.clear();
-  return elegida;
-}
-
-services::TrabajoDeImpresion Impresion::Trabajo(const std::string& ausente) const {
+  if (esta(elegida)) imprenta.Printer = elegida;
   const std::string& desde = rango_.TxtFPrevisionD.Text;
   const std::string& hasta = rango_.TxtFPrevision.Text;
-  return {.Impresora = sesion_.Imprenta().Printer,
-          .Ausente = ausente,
+  return {.Impresora = esta(imprenta.Printer) ? imprenta.Printer : "",
+          .Ausente = esta(elegida) ? "" : elegida,
           .Titulo = "Tesvara de gastos, del " + desde + " al " + hasta,
           .Fichero = NombreDeFichero()};
 }

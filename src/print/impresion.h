@@ -31,8 +31,7 @@ class Impresion {
   [[nodiscard]] bool DibujarEn(frmListados& listados);
   void ImprimirEnPapel(const std::string& elegida);
   [[nodiscard]] bool Dibujar(services::DestinoInforme& primera, frmListados* listados);
-  [[nodiscard]] std::string PonerActual(const std::string& elegida);
-  [[nodiscard]] services::TrabajoDeImpresion Trabajo(const std::string& ausente) const;
+  [[nodiscard]] services::TrabajoDeImpresion PrepararTrabajo(const std::string& elegida);
   [[nodiscard]] std::string NombreDeFichero() const;
 
   services::Sesion& sesion_;

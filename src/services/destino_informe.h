@@ -96,7 +96,7 @@ class DestinoInforme {
   /// the sheet that is done can't be kept.
   void NewPage();
   /// The report is whole: it is printed, or kept. Throws 482 when it can't be; nothing of it stays
-  /// then either.
+  /// then either, where that can be had.
   virtual void EndDoc() = 0;
   /// The report is given up, also after a failure: nothing of it stays where that can be had.
   virtual void KillDoc() = 0;

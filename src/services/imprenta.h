@@ -25,7 +25,7 @@ struct TrabajoDeImpresion {
 class Avance {
  public:
   virtual ~Avance() = default;
-  /// Whether it is time to tell, which is not to be asked of the user at every step.
+  /// Whether it is time to tell: at every step it would take longer than the work.
   [[nodiscard]] virtual bool Toca() = 0;
   /// So many of `total` are done. False when the user wants to leave. The user is waited for: other
   /// events run meanwhile, and the screens may be gone afterwards.

@@ -70,7 +70,7 @@ class Form : public ObjetoContado<IForm>, public Dueno {
   /// The screen is gone, and whoever keeps it can let go.
   std::function<void()> AlRetirarse;
 
-  /// It has come to the front.
+  /// It has been shown.
   virtual void Form_Activate() {}
   virtual void Form_Resize() {}
   virtual void Form_Paint() {}

@@ -108,7 +108,7 @@ TEST_F(Imprenta, UnaQueFaltaSeDiceAntesDeNada) {
   respuestas = {mensaje::Cancelar};
   EXPECT_EQ(Abrir(trabajo), nullptr);
   EXPECT_THAT(propuestos, IsEmpty());
-  EXPECT_THAT(mensajes, ElementsAre("La impresora «Láser» ya no está instalada. El informe se "
+  EXPECT_THAT(mensajes, ElementsAre("La impresora «Láser» no está disponible. El informe se "
                                     "guardará como PDF."));
   elegidos = {Ruta("pagos.pdf")};
   EXPECT_NE(Abrir(trabajo), nullptr);
@@ -120,7 +120,8 @@ TEST_F(Imprenta, LaQueYaNoEstaEnNingunaListaEsUnFallo) {
     ADD_FAILURE();
   } catch (const services::ErrorEjecucion& fallo) {
     EXPECT_EQ(fallo.Numero(), services::error::ErrorDeImpresora);
-    EXPECT_EQ(fallo.Descripcion(), "La impresora «Una que no hay» ya no está instalada");
+    EXPECT_EQ(fallo.Descripcion(),
+              "No se ha podido imprimir en «Una que no hay»: ya no está instalada");
   }
 }
 

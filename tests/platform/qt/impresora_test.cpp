@@ -74,7 +74,8 @@ TEST_F(Impresora, LaQueSeQuitaAntesDeImprimirSeDice) {
   ASSERT_TRUE(cups.Quitar("Laser"));
   Recibos(40);
   ImprimirEn("Laser");
-  EXPECT_THAT(salida, HasSubstr("error 482 \"La impresora «Laser» ya no está instalada\""));
+  EXPECT_THAT(salida,
+              HasSubstr("error 482 \"No se ha podido imprimir en «Laser»: ya no está instalada\""));
   EXPECT_THROW(qt::ImpresoraQt("Laser", "Prueba"), services::ErrorEjecucion);
   EXPECT_EQ(cups.Papeles(0).size(), 0);
 }
@@ -116,7 +117,7 @@ TEST_F(Impresora, SinNombreVaALaDelSistema) {
                             return services::mensaje::Cancelar;
                           }});
   EXPECT_EQ(destino, nullptr);
-  EXPECT_EQ(dicho, "La impresora «Rota» ya no está instalada. El informe irá a «Otra».");
+  EXPECT_EQ(dicho, "La impresora «Rota» no está disponible. El informe irá a «Otra».");
   EXPECT_THAT(qt::Impresoras(), testing::ElementsAre("Laser", "Otra", qt::kGuardarComoPdf));
 }
 
