@@ -29,9 +29,7 @@ class AvanceHeadless final : public services::Avance {
  public:
   explicit AvanceHeadless(std::shared_ptr<Entorno> entorno) : entorno_(std::move(entorno)) {}
   bool Toca() override { return static_cast<bool>(entorno_->AlAvanzar); }
-  bool Seguir(int hechos, int total) override {
-    return entorno_->AlAvanzar(hechos, total);
-  }
+  bool Seguir(int hechos, int total) override { return entorno_->AlAvanzar(hechos, total); }
 
  private:
   std::shared_ptr<Entorno> entorno_;
