@@ -1,43 +1,32 @@
 #include "qt/impresoras_del_sistema.h"
 
 #include <QPrinterInfo>
-#include <chrono>
-#include <future>
-#include <memory>
 #include <thread>
 
 #include "qt/cursor_de_espera.h"
 
 namespace qt {
-namespace {
 
-constexpr std::chrono::seconds kPaciencia(4);
-
-/// Asked in a thread of its own, which is left alone when it takes too long: the server's library
-/// waits for a minute and more.
-std::future<QStringList> Preguntar() {
-  std::packaged_task<QStringList()> pregunta(&QPrinterInfo::availablePrinterNames);
-  std::future<QStringList> respuesta = pregunta.get_future();
-  std::thread(std::move(pregunta)).detach();
-  return respuesta;
+QStringList PreguntaConPaciencia::Responder() {
+  if (pendiente_.valid() && !Llega(std::chrono::milliseconds(0))) return {};
+  std::packaged_task<QStringList()> tarea(pregunta_);
+  pendiente_ = tarea.get_future();
+  std::thread(std::move(tarea)).detach();
+  Llega(paciencia_);
+  return ultima_;
 }
 
-}  // namespace
+bool PreguntaConPaciencia::Llega(std::chrono::milliseconds paciencia) {
+  if (pendiente_.wait_for(paciencia) != std::future_status::ready) return false;
+  ultima_ = pendiente_.get();
+  return true;
+}
 
 QStringList ImpresorasDelSistema() {
-  static std::future<QStringList> pendiente;
-  static QStringList ultimas;
-  const auto llega = [](std::chrono::seconds paciencia) {
-    if (pendiente.wait_for(paciencia) != std::future_status::ready) return false;
-    ultimas = pendiente.get();
-    return true;
-  };
-  // One that was waited for in vain and hasn't answered since isn't waited for again.
-  if (pendiente.valid() && !llega(std::chrono::seconds(0))) return {};
+  static PreguntaConPaciencia impresoras(&QPrinterInfo::availablePrinterNames,
+                                         std::chrono::seconds(4));
   const CursorDeEspera espera;
-  pendiente = Preguntar();
-  llega(kPaciencia);
-  return ultimas;
+  return impresoras.Responder();
 }
 
 }  // namespace qt

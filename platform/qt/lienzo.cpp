@@ -281,10 +281,10 @@ void Lienzo::keyPressEvent(QKeyEvent* evento) {
   services::entrada::Cancelar(*form_);
 }
 
-/// Keys that nobody has taken: those that go by pages move the bar that the property `barra` of the
-/// design names.
+/// Keys that nobody has taken, in a screen whose design names its bar in the property `barra`:
+/// those that go by pages move it. In any other screen they are the host's.
 bool Lienzo::RecorrerYAcercar(QKeyEvent& evento) {
-  if (!form_) return false;
+  if (!form_ || !property("barra").isValid()) return false;
   if (const int pasos = teclado::PasosDeZoom(evento)) {
     services::entrada::Acercar(*form_, pasos);
     return true;
@@ -296,9 +296,8 @@ bool Lienzo::RecorrerYAcercar(QKeyEvent& evento) {
 
 void Lienzo::wheelEvent(QWheelEvent* evento) {
   const int giro = evento->angleDelta().y();
-  if (!form_ || giro == 0 || !(evento->modifiers() & Qt::ControlModifier)) {
-    return QWidget::wheelEvent(evento);
-  }
+  const bool acerca = giro != 0 && (evento->modifiers() & Qt::ControlModifier) != 0;
+  if (!form_ || !acerca || !property("barra").isValid()) return QWidget::wheelEvent(evento);
   // A touchpad tells a notch of the wheel in many small steps.
   giro_ = (giro_ < 0) == (giro < 0) ? giro_ + giro : giro;
   const int muescas = giro_ / QWheelEvent::DefaultDeltasPerStep;

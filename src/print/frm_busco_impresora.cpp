@@ -143,8 +143,9 @@ int frmBuscoImpresora::Parada() const {
 }
 
 void frmBuscoImpresora::UnaSolaParada() {
+  const int parada = Parada();
   for (int destino = 0; destino < Img.Count(); ++destino) {
-    LblImpre(destino).TabStop = destino == Parada();
+    LblImpre(destino).TabStop = destino == parada;
   }
 }
 
@@ -196,10 +197,8 @@ void frmBuscoImpresora::LblImpre_KeyDown(int codigo) {
 
 void frmBuscoImpresora::LlevarA(int destino) {
   destino = std::clamp(destino, 0, Img.UBound());
-  if (destino < PrimeraVisible_) PrimeraVisible_ = static_cast<std::int16_t>(destino);
-  if (!SeVe(destino)) {
-    PrimeraVisible_ = static_cast<std::int16_t>(std::max(0, destino - kResto));
-  }
+  PrimeraVisible_ =
+      static_cast<std::int16_t>(std::clamp<int>(PrimeraVisible_, destino - kResto, destino));
   ElegirDestino(destino);
   MostrarDestinos();
   LblImpre(destino).SetFocus();

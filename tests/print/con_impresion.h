@@ -14,6 +14,21 @@ namespace pruebas {
 
 namespace entrada = services::entrada;
 
+/// Notes the screens that it is given back.
+class UtilesQueSueltan final : public sorvex::Utiles {
+ public:
+  UtilesQueSueltan(services::Sesion& sesion, std::vector<std::string>& soltadas)
+      : Utiles([&sesion] { return sesion.Usuario(); }, [&sesion] { return sesion.Ahora(); }),
+        soltadas_(soltadas) {}
+  void SoltarForm(services::Ref<services::Form>& form) override {
+    soltadas_.push_back(form->Nombre());
+    Utiles::SoltarForm(form);
+  }
+
+ private:
+  std::vector<std::string>& soltadas_;
+};
+
 /// The main screen over a business, and what is printed of it.
 class ConImpresion : public testing::Test {
  protected:
@@ -67,8 +82,13 @@ class ConImpresion : public testing::Test {
   apoyo::NegocioDePrueba negocio;
   services::Ref<sqlite::Conexion> datos = negocio.AbrirDatos();
   services::Ref<sqlite::Conexion> temp = negocio.AbrirTemp();
+  /// The screens handed to the suite as they are unloaded.
+  std::vector<std::string> soltadas;
   apoyo::ComponenteEnMarcha enMarcha{services::Ref<services::Conexion>(datos),
-                                     services::Ref<services::Conexion>(temp), apoyo::kMarzo};
+                                     services::Ref<services::Conexion>(temp), apoyo::kMarzo,
+                                     [this](services::Sesion& sesion) {
+                                       return std::make_unique<UtilesQueSueltan>(sesion, soltadas);
+                                     }};
   int vistas = 0;
 };
 

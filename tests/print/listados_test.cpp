@@ -36,6 +36,18 @@ TEST_F(ListadosDeUnaPagina, EnUnaPantallaMasAltaNoHayBarraYQuedaCentrada) {
   EXPECT_EQ(vistas, 1);
 }
 
+TEST_F(ListadosDeUnaPagina, LaHojaSePreparaYLasPantallasSeSueltan) {
+  Cargar();
+  VerEnPantalla([this](frmListados& f) {
+    const services::HojaInforme& hoja = f.PicList(0).Hoja();
+    EXPECT_EQ(hoja.ScaleMode, 7);
+    EXPECT_EQ(hoja.FillStyle, 1);
+    EXPECT_TRUE(hoja.FontTransparent);
+    EXPECT_EQ(soltadas, std::vector<std::string>{"frmBuscoImpresora"});
+  });
+  EXPECT_EQ(soltadas, (std::vector<std::string>{"frmBuscoImpresora", "frmListados"}));
+}
+
 TEST_F(ListadosDeUnaPagina, TomaTodaLaPantalla) {
   Cargar();
   VerEnPantalla([](frmListados& f) {

@@ -1,6 +1,7 @@
 #include <gmock/gmock.h>
 
 #include <QAccessible>
+#include <QKeyEvent>
 #include <QPushButton>
 
 #include "platform/qt/informe_en_pantalla.h"
@@ -150,6 +151,17 @@ TEST_F(BuscoImpresoraEnPantalla, UnLectorPuedeEmpezarAImprimir) {
   imagen.actionInterface()->doAction(QAccessibleActionInterface::pressAction());
   QTest::qWait(30);
   EXPECT_EQ(sesion->Imprenta().Impresora, "Null Impresora");
+  Cerrar();
+}
+
+TEST_F(BuscoImpresoraEnPantalla, LoQueNoEsDeUnaPantallaEsDelAnfitrion) {
+  AbrirCon(0);
+  for (const Qt::Key tecla : {Qt::Key_Plus, Qt::Key_Minus}) {
+    QKeyEvent evento(QEvent::KeyPress, tecla, Qt::ControlModifier);
+    evento.setAccepted(true);
+    QApplication::sendEvent(ventana, &evento);
+    EXPECT_FALSE(evento.isAccepted());
+  }
   Cerrar();
 }
 
