@@ -26,6 +26,26 @@ TEST_F(Formulario, ShowCargaUnaVezYTraeALaVista) {
   EXPECT_THAT(p.escritorio.Cargados(), ElementsAre(form.get()));
 }
 
+/// One that is refreshed when it comes to the front.
+class PantallaQueSeRefresca final : public services::Form {
+ public:
+  explicit PantallaQueSeRefresca(services::Escritorio& escritorio)
+      : Form(escritorio, "Refrescada", 100, 100) {}
+  void Form_Activate() override { Refresh(); }
+};
+
+TEST_F(Formulario, CadaVezQueSeMuestraSeActivaYaALaVista) {
+  const auto otra = Crear<PantallaQueSeRefresca>(p.escritorio);
+  otra->Load();
+  EXPECT_THAT(p.ventanas.Tomar(), IsEmpty());
+  otra->Show();
+  EXPECT_THAT(p.ventanas.Tomar(), ElementsAre("Refrescada: Mostrar", "Refrescada: Refrescar"));
+  otra->Hide();
+  otra->Show();
+  EXPECT_THAT(p.ventanas.Tomar(),
+              ElementsAre("Refrescada: Ocultar", "Refrescada: Mostrar", "Refrescada: Refrescar"));
+}
+
 TEST_F(Formulario, LoadCargaSinMostrar) {
   form->Load();
   form->Load();
