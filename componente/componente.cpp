@@ -11,9 +11,17 @@
 
 namespace {
 
+/// The host hears of it, when it is one that listens.
+void DecirAlAnfitrion(services::Sesion& sesion, const services::Omision& omision) {
+  if (const auto oido = sesion.DatosClase().Como<services::IOidoDeOmisiones>()) {
+    oido->PasadoPorAlto(omision);
+  }
+}
+
 services::Plataforma CrearPlataforma() {
   services::Plataforma plataforma = qt::CrearPlataforma();
   plataforma.CrearUtiles = &sorvex::CrearUtiles;
+  plataforma.PasadoPorAlto = &DecirAlAnfitrion;
   auto registro = automation::CrearRegistro(
       automation::RutaDeBiblioteca(reinterpret_cast<const void*>(&services::DllRegisterServer)));
   plataforma.Registrar = std::move(registro.Registrar);

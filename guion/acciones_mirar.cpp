@@ -53,6 +53,12 @@ void Borrados(Ejecucion& e, const Orden&) {
   }
 }
 
+void Omitidos(Ejecucion& e, const Orden&) {
+  for (const auto& omision : std::exchange(e.Entorno().Omisiones, {})) {
+    e.Escribir(LineaDeOmision(omision.Fallo));
+  }
+}
+
 std::string_view NombreDeModo(services::ModoApertura modo) {
   switch (modo) {
     case services::ModoApertura::Lectura:
@@ -85,11 +91,17 @@ void Pantallas(Ejecucion& e, const Orden&) {
 }
 
 constexpr std::array kAcciones{
-    Accion{"ver", Ver, false},           Accion{"rejilla", Rejilla, false},
-    Accion{"colores", Colores, false},   Accion{"foco?", Foco, false},
-    Accion{"avisos", Avisos, false},     Accion{"consulta", Consulta, false},
-    Accion{"borrados", Borrados, false}, Accion{"sentencias", Sentencias, false},
-    Accion{"informe", Informe, false},   Accion{"pantallas", Pantallas, false},
+    Accion{"ver", Ver, false},
+    Accion{"rejilla", Rejilla, false},
+    Accion{"colores", Colores, false},
+    Accion{"foco?", Foco, false},
+    Accion{"avisos", Avisos, false},
+    Accion{"consulta", Consulta, false},
+    Accion{"borrados", Borrados, false},
+    Accion{"omitidos", Omitidos, false},
+    Accion{"sentencias", Sentencias, false},
+    Accion{"informe", Informe, false},
+    Accion{"pantallas", Pantallas, false},
 };
 
 }  // namespace

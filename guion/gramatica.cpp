@@ -45,6 +45,7 @@ const std::vector<Firma>& Tabla() {
       {"avisos", {}, 0},
       {"consulta", {Base, Sql}, 2},
       {"borrados", {}, 0},
+      {"omitidos", {}, 0},
       {"sentencias", {}, 0},
       {"informe", {}, 0},
       {"pantallas", {}, 0},

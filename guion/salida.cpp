@@ -123,4 +123,8 @@ std::string LineaDeError(std::int32_t numero, std::string_view descripcion) {
   return "error " + std::to_string(numero) + " " + Entrecomillar(descripcion);
 }
 
+std::string LineaDeOmision(const services::ErrorEjecucion& fallo) {
+  return "omitido " + std::to_string(fallo.Numero()) + " " + Entrecomillar(fallo.Descripcion());
+}
+
 }  // namespace guion

@@ -9,6 +9,7 @@
 #include "forms/widget.h"
 #include "headless/mensajes.h"
 #include "services/destino_informe.h"
+#include "valores/error.h"
 #include "valores/fecha.h"
 #include "valores/valor.h"
 
@@ -38,5 +39,7 @@ namespace guion {
 [[nodiscard]] std::string FilaUnida(const std::vector<std::string>& valores);
 /// `error NUMBER "description"`
 [[nodiscard]] std::string LineaDeError(std::int32_t numero, std::string_view descripcion);
+/// `omitido NUMBER "description"`
+[[nodiscard]] std::string LineaDeOmision(const services::ErrorEjecucion& fallo);
 
 }  // namespace guion

@@ -56,6 +56,9 @@ services::Plataforma Entorno::Plataforma() {
   p.ErrorNoControlado = [yo](const services::ErrorEjecucion& fallo) {
     if (yo->AlFallar) yo->AlFallar(fallo);
   };
+  p.PasadoPorAlto = [yo](services::Sesion&, const services::Omision& omision) {
+    yo->Omisiones.push_back(omision);
+  };
   p.Ahora = [yo] { return yo->Ahora(); };
   p.Pantalla = [yo] { return yo->Pantalla; };
   p.Printers = [yo] { return yo->Printers; };

@@ -10,6 +10,7 @@
 #include "headless/informe_grabado.h"
 #include "headless/mensajes.h"
 #include "services/imprenta.h"
+#include "services/omision.h"
 #include "services/plataforma.h"
 #include "valores/fecha.h"
 
@@ -40,6 +41,8 @@ class Entorno : public std::enable_shared_from_this<Entorno> {
   std::function<std::unique_ptr<services::Utiles>(services::Sesion&)> CrearUtiles;
 
   headless::Mensajes Mensajes;
+  /// What loads and commits passed over.
+  std::vector<services::Omision> Omisiones;
   /// Names of the printers, none at first.
   std::vector<std::string> Printers;
   /// What was last sent to one of them.

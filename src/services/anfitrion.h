@@ -7,6 +7,7 @@
 #include "datos/recordset.h"
 #include "forms/iform.h"
 #include "services/automatizacion.h"
+#include "services/omision.h"
 
 // What the host of the component offers.
 
@@ -35,6 +36,20 @@ struct IDatosClase : IUnknown {
 
  protected:
   ~IDatosClase() = default;
+};
+
+/// What a host's context object may offer besides: it hears of what a load or a commit of the
+/// working copy passed over, as it happens, in the middle of the user's event. A load that misses a
+/// whole table makes "Grabar" refuse; a row that a load misses is deleted by the next "Grabar"; one
+/// that a commit misses is gone. To be told to the user when the event has ended.
+struct IOidoDeOmisiones : IUnknown {
+  static constexpr GUID IID{
+      0x7B1D3F52, 0xC80E, 0x4A95, {0x9E, 0x47, 0x15, 0xD2, 0x6C, 0xB8, 0x03, 0xFA}};
+
+  virtual void PasadoPorAlto(const Omision& omision) noexcept = 0;
+
+ protected:
+  ~IOidoDeOmisiones() = default;
 };
 
 /// The public class of the component, `Tesvara.ClassTesvara`. After a failure the object's

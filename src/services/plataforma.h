@@ -19,6 +19,7 @@ class HojaInforme;
 class SelectorConceptos;
 class Sesion;
 class Utiles;
+struct Omision;
 struct TrabajoDeImpresion;
 
 /// From which threads the objects of a class may be used: the one that loaded its library, or any.
@@ -51,6 +52,8 @@ struct Plataforma : PlataformaDeForms {
   std::function<std::unique_ptr<HojaInforme>(int pagina)> CrearHoja;
   /// May be left out.
   std::function<std::unique_ptr<Avance>(const std::string& titulo)> CrearAvance;
+  /// Hears of each failure that a load or a commit passed over. May be left out.
+  std::function<void(Sesion&, const Omision&)> PasadoPorAlto;
   /// The automation runtime: puts a class of this library on its list, or takes it off.
   std::function<HRESULT(const ClaseRegistrada&)> Registrar;
   std::function<HRESULT(const ClaseRegistrada&)> Anular;

@@ -13,6 +13,8 @@ namespace services {
 
 struct Plataforma;
 
+struct Omision;
+
 /// The session values as the blocks of a screen see them.
 class Sesion {
  public:
@@ -25,6 +27,8 @@ class Sesion {
   [[nodiscard]] virtual const std::string& Usuario() const = 0;
   /// Tells the suite of a DELETE that ran on the stored tables, by its exact text.
   virtual void AnotarBorrado(const std::string& sentencia) = 0;
+  /// Tells whoever stands around of what the working copy passed over. Never throws.
+  virtual void PasadoPorAlto(const Omision& omision) noexcept = 0;
   /// A text in the user's language, by its column in the host's row of texts. Throws 91 when there
   /// is no such row, and what the recordset throws.
   [[nodiscard]] virtual std::string TextoDe(const char* columna) const = 0;

@@ -41,6 +41,7 @@ class DatosComunes final : public services::Sesion {
   [[nodiscard]] services::Conexion& CnTemp() const override;
   [[nodiscard]] const std::string& Usuario() const override { return valores_.Usuario; }
   void AnotarBorrado(const std::string& sentencia) override;
+  void PasadoPorAlto(const services::Omision& omision) noexcept override;
   [[nodiscard]] std::string TextoDe(const char* columna) const override;
   [[nodiscard]] services::Imprenta& Imprenta() override { return imprenta_; }
   [[nodiscard]] std::int32_t AnchoReferencia() const override { return valores_.AnchoReferencia; }

@@ -5,22 +5,23 @@
 #include "datos/recordset.h"
 #include "store/copia.h"
 #include "store/tablas.h"
+#include "store/tramo.h"
 #include "store/vaciado.h"
-#include "valores/modo_reanudar.h"
 #include "valores/texto.h"
 
 namespace store {
 namespace {
 
 using services::ModoApertura;
-using services::ModoReanudar;
 using services::Recordset;
 using services::Valor;
+using Falta = Tramo::Falta;
 
 /// The load of one range: its sources, one after the other, each into its working table.
 class Carga {
  public:
-  Carga(services::Sesion& sesion, const Intervalo& rango) : sesion_(sesion), rango_(rango) {}
+  Carga(services::Sesion& sesion, const Intervalo& rango)
+      : sesion_(sesion), rango_(rango), tramo_(sesion, services::Omision::Tarea::Carga) {}
 
   void Facturas();
   void Bases();
@@ -28,22 +29,25 @@ class Carga {
   void Previsiones();
   void CajaDeFacturas();
   void CajaPendiente();
-  void FinDelTramo() { modo_.Desactivar(); }
+  void FinDelTramo() { tramo_.Desactivar(); }
   /// Whether every table could be opened; a row that is missing doesn't count.
   [[nodiscard]] bool Entera() const { return entera_; }
 
  private:
-  void Copiar(const std::string& origen, const std::string& destino, const Columnas& columnas);
+  void Copiar(const std::string& origen, const char* tabla, const std::string& destino,
+              const Columnas& columnas);
   void CopiarCajaDe(Recordset& factura);
+  bool Abrir(Recordset& rs, const std::string& sentencia, services::Conexion& conexion,
+             ModoApertura modo);
   void Cerrar(Recordset& rs) {
-    modo_.Paso([&] {
+    tramo_.Paso(Falta::Nada, [&] {
       if (rs.State()) rs.Close();
     });
   }
 
   services::Sesion& sesion_;
   const Intervalo& rango_;
-  ModoReanudar modo_;
+  Tramo tramo_;
   bool entera_ = true;
   Recordset origen_;
   Recordset destino_;
@@ -53,12 +57,20 @@ void CopiarDescripcion(Recordset& origen, Recordset& destino) {
   destino.Collect("Descripcion") = origen.Collect("Descripcion");
 }
 
-void Carga::Copiar(const std::string& origen, const std::string& destino,
+/// Opens one of the tables that the load is made of.
+bool Carga::Abrir(Recordset& rs, const std::string& sentencia, services::Conexion& conexion,
+                  ModoApertura modo) {
+  if (tramo_.Paso(Falta::Tabla, [&] { rs.Open(sentencia, conexion, modo); })) return true;
+  entera_ = false;
+  return false;
+}
+
+void Carga::Copiar(const std::string& origen, const char* tabla, const std::string& destino,
                    const Columnas& columnas) {
-  modo_.Paso([&] { origen_.Open(origen, sesion_.CnDatos(), ModoApertura::Lectura); });
-  modo_.Paso([&] { destino_.Open(destino, sesion_.CnTemp(), ModoApertura::Optimista); });
-  if (!origen_.State() || !destino_.State()) entera_ = false;
-  CopiarFilas(origen_, destino_, modo_, columnas);
+  tramo_.EnTabla(tabla);
+  Abrir(origen_, origen, sesion_.CnDatos(), ModoApertura::Lectura);
+  Abrir(destino_, destino, sesion_.CnTemp(), ModoApertura::Optimista);
+  CopiarFilas(origen_, destino_, tramo_, columnas);
   Cerrar(origen_);
   Cerrar(destino_);
 }
@@ -80,7 +92,7 @@ void Carga::Facturas() {
       "ProvFacturas.NConcepto = ProvConceptos.NConcepto WHERE ProvVencimientos.FechaVto >= '" +
           rango_.Desde + "' And ProvVencimientos.FechaVto <= '" + rango_.Hasta +
           "'  Order By ProvFacturas.Fecha",
-      "SELECT TempProvFacturas.* FROM TempProvFacturas",
+      "TempProvFacturas", "SELECT TempProvFacturas.* FROM TempProvFacturas",
       {tabla::ProvFacturas::Actualizado, Retencion, CopiarDescripcion});
 }
 
@@ -90,7 +102,8 @@ void Carga::Bases() {
       "(ProvBasesIva.NConcepto = ProvVencimientos.NConcepto) AND (ProvBasesIva.NFactura = "
       "ProvVencimientos.NFactura)WHERE ProvVencimientos.FechaVto >= '" +
           rango_.Desde + "' And ProvVencimientos.FechaVto <= '" + rango_.Hasta + "'",
-      "SELECT TempProvBasesIva.* From TempProvBasesIva", {tabla::ProvBasesIva::Exento});
+      "TempProvBasesIva", "SELECT TempProvBasesIva.* From TempProvBasesIva",
+      {tabla::ProvBasesIva::Exento});
 }
 
 void Carga::Vencimientos() {
@@ -104,7 +117,7 @@ void Carga::Vencimientos() {
       "ProvVencimientos.NConcepto = ProvConceptos.NConcepto"
       " WHERE (((ProvVencimientos_1.FechaVto)>='" +
           rango_.Desde + "' And (ProvVencimientos_1.FechaVto)<='" + rango_.Hasta + "'))",
-      "SELECT TempProvVencimientos.* From TempProvVencimientos",
+      "TempProvVencimientos", "SELECT TempProvVencimientos.* From TempProvVencimientos",
       {tabla::ProvVencimientos::Actualizado, nullptr, [&](Recordset& origen, Recordset& destino) {
          const std::string vence = origen.Collect("FechaVto").Texto();
          destino.Collect("Visible") = !(vence < rango_.Desde || vence > rango_.Hasta);
@@ -120,21 +133,17 @@ void Carga::Previsiones() {
       "ProvConceptos.NConcepto = ProvPrevisionPagos.NConcepto WHERE "
       "ProvPrevisionPagos.Fecha1Vto <= '" +
           rango_.Hasta + "'  Order By ProvPrevisionPagos.Fecha1Vto",
-      "SELECT TempProvPrevisionPagos.* From TempProvPrevisionPagos",
+      "TempProvPrevisionPagos", "SELECT TempProvPrevisionPagos.* From TempProvPrevisionPagos",
       {tabla::TempProvPrevisionPagos::Descripcion});
 }
 
 void Carga::CajaDeFacturas() {
   Recordset facturas;
-  modo_.Paso([&] {
-    destino_.Open("SELECT TempCajaPagos.* From TempCajaPagos", sesion_.CnTemp(),
-                  ModoApertura::Optimista);
-  });
-  modo_.Paso([&] {
-    facturas.Open("SELECT TempProvFacturas.* From TempProvFacturas", sesion_.CnTemp(),
-                  ModoApertura::Lectura);
-  });
-  if (!facturas.State() || !destino_.State()) entera_ = false;
+  tramo_.EnTabla("TempCajaPagos");
+  Abrir(destino_, "SELECT TempCajaPagos.* From TempCajaPagos", sesion_.CnTemp(),
+        ModoApertura::Optimista);
+  Abrir(facturas, "SELECT TempProvFacturas.* From TempProvFacturas", sesion_.CnTemp(),
+        ModoApertura::Lectura);
   while (facturas.State() && !facturas.Eof()) {
     CopiarCajaDe(facturas);
     facturas.MoveNext();
@@ -145,23 +154,24 @@ void Carga::CajaDeFacturas() {
 
 void Carga::CopiarCajaDe(Recordset& factura) {
   const std::string numero = factura.Collect("Factura").Texto();
-  modo_.Paso([&] {
+  tramo_.ConFila(&factura);
+  const bool abierta = tramo_.Paso(Falta::Fila, [&] {
     origen_.Open("SELECT CajaPagos.* From CajaPagos WHERE RTRIM(LTRIM(CajaPagos.Factura)) like '" +
                      std::string(services::Trim(numero)) + "' And CajaPagos.Tipo like " +
                      factura.Collect("NConcepto").Texto() + " And CajaPagos.Año like '" +
                      factura.Collect("Año").Texto() + "'",
                  sesion_.CnDatos(), ModoApertura::Lectura);
   });
-  if (modo_.Numero() != 0) modo_.Limpiar();
-  if (!origen_.State()) return;
-  CopiarFilas(origen_, destino_, modo_, {tabla::CajaPagos::ModificadoPor});
+  if (!abierta) return;
+  CopiarFilas(origen_, destino_, tramo_, {tabla::CajaPagos::ModificadoPor});
   Cerrar(origen_);
 }
 
 void Carga::CajaPendiente() {
   Copiar(
       "SELECT CajaPagos.* From CajaPagos WHERE CajaPagos.Factura Is Null OR CajaPagos.Factura = ''",
-      "SELECT TempCajaPagos.* From TempCajaPagos", {tabla::CajaPagos::ModificadoPor});
+      "TempCajaPagos", "SELECT TempCajaPagos.* From TempCajaPagos",
+      {tabla::CajaPagos::ModificadoPor});
 }
 
 }  // namespace

@@ -5,44 +5,37 @@
 namespace store {
 namespace {
 
-using services::ModoReanudar;
 using services::Recordset;
 using services::Valor;
+using Falta = Tramo::Falta;
 
-void AsignarColumnas(Recordset& origen, Recordset& destino, ModoReanudar& modo,
+void AsignarColumnas(Recordset& origen, Recordset& destino, Tramo& tramo,
                      const Columnas& columnas) {
   for (std::size_t i = 0; i <= columnas.Ultima; ++i) {
-    modo.Paso([&] {
+    tramo.Paso(Falta::Valor, [&] {
       Valor valor = origen.Fields(i).Value;
       if (columnas.Filtrar) valor = columnas.Filtrar(i, std::move(valor));
       destino.Fields(i).Value = valor;
     });
   }
-  if (columnas.Rematar) modo.Paso([&] { columnas.Rematar(origen, destino); });
+  if (columnas.Rematar) tramo.Paso(Falta::Valor, [&] { columnas.Rematar(origen, destino); });
 }
 
-/// Whether a row is left to copy; in resume-next mode a source that didn't open has none.
-bool Queda(Recordset& origen, ModoReanudar& modo) {
-  bool queda = false;
-  modo.Paso([&] { queda = !origen.Eof(); });
-  return queda;
+void CopiarFila(Recordset& origen, Recordset& destino, Tramo& tramo, const Columnas& columnas) {
+  if (!tramo.Paso(Falta::Fila, [&] { destino.AddNew(); })) return;
+  AsignarColumnas(origen, destino, tramo, columnas);
+  tramo.Activar();
+  if (tramo.Paso(Falta::Fila, [&] { destino.Update(); })) return;
+  tramo.Paso(Falta::Nada, [&] { destino.CancelUpdate(); });
 }
 
 }  // namespace
 
-void CopiarFilas(Recordset& origen, Recordset& destino, ModoReanudar& modo,
-                 const Columnas& columnas) {
-  while (Queda(origen, modo)) {
-    modo.Paso([&] { destino.AddNew(); });
-    AsignarColumnas(origen, destino, modo, columnas);
-    modo.Activar();
-    modo.Paso([&] { destino.Update(); });
-    if (modo.Numero() != 0) {
-      modo.Paso([&] { destino.CancelUpdate(); });
-      modo.Limpiar();
-    }
-    origen.MoveNext();
-  }
+void CopiarFilas(Recordset& origen, Recordset& destino, Tramo& tramo, const Columnas& columnas) {
+  if (!origen.State()) return;
+  tramo.ConFila(&origen);
+  for (; !origen.Eof(); origen.MoveNext()) CopiarFila(origen, destino, tramo, columnas);
+  tramo.ConFila(nullptr);
 }
 
 }  // namespace store

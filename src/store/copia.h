@@ -4,7 +4,7 @@
 #include <functional>
 
 #include "datos/recordset.h"
-#include "valores/modo_reanudar.h"
+#include "store/tramo.h"
 
 namespace store {
 
@@ -19,9 +19,9 @@ struct Columnas {
   Remate Rematar = nullptr;
 };
 
-/// Adds a row to `destino` for each row left in `origen`. `modo` is turned on at the first `Update`
-/// and left on: a row that can't be written is dropped without a word.
-void CopiarFilas(services::Recordset& origen, services::Recordset& destino,
-                 services::ModoReanudar& modo, const Columnas& columnas);
+/// Adds a row to `destino` for each row left in `origen`; none where that one isn't open. `tramo`
+/// is turned on at the first `Update` and left on: a row that can't be written is passed over.
+void CopiarFilas(services::Recordset& origen, services::Recordset& destino, Tramo& tramo,
+                 const Columnas& columnas);
 
 }  // namespace store

@@ -3,48 +3,51 @@
 #include "datos/recordset.h"
 #include "store/copia.h"
 #include "store/tablas.h"
+#include "store/tramo.h"
 #include "store/vaciado.h"
-#include "valores/modo_reanudar.h"
 #include "valores/texto.h"
 
 namespace store {
 namespace {
 
 using services::ModoApertura;
-using services::ModoReanudar;
+using services::Omision;
 using services::Recordset;
+using Falta = Tramo::Falta;
 
 /// One commit of a range, step by step.
 class Grabacion {
  public:
-  Grabacion(services::Sesion& sesion, const Intervalo& rango) : sesion_(sesion), rango_(rango) {}
+  Grabacion(services::Sesion& sesion, const Intervalo& rango)
+      : sesion_(sesion), rango_(rango), tramo_(sesion, Omision::Tarea::Grabacion) {}
 
   void BorrarRango();
   void EscribirFacturas();
   void EscribirPrevisiones();
   void EnlazarCaja();
   void Vaciar() {
-    modo_.Paso([this] { VaciarTemporales(sesion_.CnTemp()); });
+    tramo_.EnTabla("");
+    tramo_.Paso(Falta::Nada, [this] { VaciarTemporales(sesion_.CnTemp()); });
   }
 
  private:
   void Borrar(const std::string& sentencia);
-  void Escribir(const std::string& almacenada, const std::string& trabajo, std::size_t ultima,
-                const Remate& sellar);
+  void Escribir(const char* tabla, const std::string& almacenada, const std::string& trabajo,
+                std::size_t ultima, const Remate& sellar);
   void EnlazarApunte(Recordset& apunte);
   void Sellar(Recordset& destino);
 
   services::Sesion& sesion_;
   const Intervalo& rango_;
-  ModoReanudar modo_;
+  Tramo tramo_;
 };
 
 void Grabacion::Borrar(const std::string& sentencia) {
-  modo_.Paso([&] {
+  tramo_.Paso(Falta::Nada, [&] {
     Recordset rs;
     rs.Open(sentencia, sesion_.CnDatos(), ModoApertura::Optimista);
   });
-  modo_.Paso([&] { sesion_.AnotarBorrado(sentencia); });
+  tramo_.Paso(Falta::Nada, [&] { sesion_.AnotarBorrado(sentencia); });
 }
 
 void Grabacion::BorrarRango() {
@@ -77,61 +80,67 @@ void Grabacion::Sellar(Recordset& destino) {
   destino.Collect("ModificadoPor") = sesion_.Usuario();
 }
 
-void Grabacion::Escribir(const std::string& almacenada, const std::string& trabajo,
-                         std::size_t ultima, const Remate& sellar) {
+void Grabacion::Escribir(const char* tabla, const std::string& almacenada,
+                         const std::string& trabajo, std::size_t ultima, const Remate& sellar) {
   Recordset destino;
   Recordset origen;
-  modo_.Paso([&] { destino.Open(almacenada, sesion_.CnDatos(), ModoApertura::Optimista); });
-  modo_.Paso([&] { origen.Open(trabajo, sesion_.CnTemp(), ModoApertura::Lectura); });
-  CopiarFilas(origen, destino, modo_, {ultima, nullptr, sellar});
+  tramo_.EnTabla(tabla);
+  tramo_.Paso(Falta::Tabla,
+              [&] { destino.Open(almacenada, sesion_.CnDatos(), ModoApertura::Optimista); });
+  tramo_.Paso(Falta::Tabla, [&] { origen.Open(trabajo, sesion_.CnTemp(), ModoApertura::Lectura); });
+  CopiarFilas(origen, destino, tramo_, {ultima, nullptr, sellar});
 }
 
 void Grabacion::EscribirFacturas() {
   const Remate sellar = [this](Recordset&, Recordset& destino) { Sellar(destino); };
-  Escribir("SELECT ProvFacturas.* FROM ProvFacturas",
+  Escribir("ProvFacturas", "SELECT ProvFacturas.* FROM ProvFacturas",
            "SELECT TempProvFacturas.* FROM TempProvFacturas", tabla::ProvFacturas::Cadencia,
            sellar);
-  Escribir("SELECT ProvBasesIva.* FROM ProvBasesIva",
+  Escribir("ProvBasesIva", "SELECT ProvBasesIva.* FROM ProvBasesIva",
            "SELECT TempProvBasesIva.* From TempProvBasesIva", tabla::ProvBasesIva::Exento, sellar);
-  Escribir("SELECT ProvVencimientos.* FROM ProvVencimientos",
+  Escribir("ProvVencimientos", "SELECT ProvVencimientos.* FROM ProvVencimientos",
            "SELECT TempProvVencimientos.* From TempProvVencimientos",
            tabla::ProvVencimientos::Fechapago, sellar);
 }
 
 void Grabacion::EscribirPrevisiones() {
+  tramo_.EnTabla("ProvPrevisionPagos");
   Borrar("DELETE FROM ProvPrevisionPagos WHERE ProvPrevisionPagos.Fecha1Vto <= '" + rango_.Hasta +
          "'");
   // The statement leaves `ModificadoPor` out, so that a forecast never gets it; its assignment
   // fails and is passed over whether or not a row was written before.
   const Remate sellar = [this](Recordset&, Recordset& destino) {
-    ModoReanudar sinColumna;
+    Tramo sinColumna(sesion_, Omision::Tarea::Grabacion);
+    sinColumna.EnTabla("ProvPrevisionPagos");
     sinColumna.Activar();
-    sinColumna.Paso([&] { Sellar(destino); });
+    sinColumna.Paso(Falta::Nada, [&] { Sellar(destino); });
   };
-  Escribir(
-      "SELECT ProvPrevisionPagos.NConcepto, ProvPrevisionPagos.Fecha1Vto, "
-      "ProvPrevisionPagos.Cada, ProvPrevisionPagos.Tipo, ProvPrevisionPagos.Importe, "
-      "ProvPrevisionPagos.Actualizado FROM ProvPrevisionPagos",
-      "SELECT TempProvPrevisionPagos.* From TempProvPrevisionPagos",
-      tabla::TempProvPrevisionPagos::Importe, sellar);
+  Escribir("ProvPrevisionPagos",
+           "SELECT ProvPrevisionPagos.NConcepto, ProvPrevisionPagos.Fecha1Vto, "
+           "ProvPrevisionPagos.Cada, ProvPrevisionPagos.Tipo, ProvPrevisionPagos.Importe, "
+           "ProvPrevisionPagos.Actualizado FROM ProvPrevisionPagos",
+           "SELECT TempProvPrevisionPagos.* From TempProvPrevisionPagos",
+           tabla::TempProvPrevisionPagos::Importe, sellar);
 }
 
 void Grabacion::EnlazarCaja() {
   Recordset apuntes;
-  modo_.Paso([&] {
+  tramo_.EnTabla("CajaPagos");
+  tramo_.Paso(Falta::Tabla, [&] {
     apuntes.Open("SELECT TempCajaPagos.* From TempCajaPagos", sesion_.CnTemp(),
                  ModoApertura::Lectura);
   });
+  tramo_.ConFila(&apuntes);
   while (apuntes.State() && !apuntes.Eof()) {
     EnlazarApunte(apuntes);
-    modo_.Limpiar();
     apuntes.MoveNext();
   }
+  tramo_.ConFila(nullptr);
 }
 
 void Grabacion::EnlazarApunte(Recordset& apunte) {
   Recordset almacenado;
-  modo_.Paso([&] {
+  tramo_.Paso(Falta::Fila, [&] {
     almacenado.Open("SELECT CajaPagos.* FROM CajaPagos WHERE CajaPagos.idSucursal like '" +
                         apunte.Collect("idSucursal").Texto() + "' And CajaPagos.FechaHora like '" +
                         apunte.Collect("FechaHora").Texto() + "' And CajaPagos.Tipo like " +
@@ -139,17 +148,17 @@ void Grabacion::EnlazarApunte(Recordset& apunte) {
                     sesion_.CnDatos(), ModoApertura::Optimista);
   });
   bool encontrado = false;
-  modo_.Paso([&] { encontrado = almacenado.State() && !almacenado.Eof(); });
+  tramo_.Paso(Falta::Fila, [&] { encontrado = almacenado.State() && !almacenado.Eof(); });
   if (!encontrado) return;
-  modo_.Paso([&] {
+  tramo_.Paso(Falta::Valor, [&] {
     // Joined to an empty text: an entry without invoice is written as "", not as Null.
     almacenado.Collect("Factura") = apunte.Collect("Factura").Texto();
     almacenado.Collect("Año") = apunte.Collect("Año").Texto();
     Sellar(almacenado);
   });
-  modo_.Activar();
-  modo_.Paso([&] { almacenado.Update(); });
-  if (modo_.Numero() != 0) modo_.Paso([&] { almacenado.CancelUpdate(); });
+  tramo_.Activar();
+  if (tramo_.Paso(Falta::Fila, [&] { almacenado.Update(); })) return;
+  tramo_.Paso(Falta::Nada, [&] { almacenado.CancelUpdate(); });
 }
 
 }  // namespace

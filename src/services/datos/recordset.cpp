@@ -54,6 +54,10 @@ void Recordset::CancelUpdate() {
   Exigir().CancelUpdate();
 }
 
+std::size_t Recordset::CuantosFields() const {
+  return Exigir().Columnas().size();
+}
+
 Recordset::Campo Recordset::Fields(std::size_t posicion) {
   return {*this, Exigir().Posicion(posicion)};
 }

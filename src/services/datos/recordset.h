@@ -98,6 +98,8 @@ class Recordset final : public ObjetoContado<IUnknown> {
   /// again. Without an edit, nothing.
   void CancelUpdate();
 
+  /// How many fields a row has.
+  [[nodiscard]] std::size_t CuantosFields() const;
   /// By position, from 0. Throws 0x800A0CC1 for a field that the row doesn't have.
   [[nodiscard]] Campo Fields(std::size_t posicion);
   /// By name, without regard to case.

@@ -1,7 +1,7 @@
 #pragma once
 
 #include <cstdint>
-#include <optional>
+#include <functional>
 #include <utility>
 
 #include "valores/error.h"
@@ -9,33 +9,34 @@
 namespace services {
 
 /// Continue-after-failure mode: off until it is turned on. While off, the error of a step goes to
-/// the caller; while on, it is kept here until it is cleared and the next step runs.
+/// the caller; while on, the step is passed over and `alPasarPorAlto` is told of its error.
 class ModoReanudar {
  public:
+  using Oyente = std::function<void(const ErrorEjecucion&)>;
+  explicit ModoReanudar(Oyente alPasarPorAlto) : alPasarPorAlto_(std::move(alPasarPorAlto)) {}
+
   void Activar() noexcept { activo_ = true; }
   void Desactivar() noexcept { activo_ = false; }
 
+  /// Whether the step went well.
   template <class Accion>
-  void Paso(Accion&& accion) {
+  bool Paso(Accion&& accion) {
     if (!activo_) {
       std::forward<Accion>(accion)();
-      return;
+      return true;
     }
     try {
       std::forward<Accion>(accion)();
+      return true;
     } catch (const ErrorEjecucion& fallo) {
-      error_ = fallo;
+      alPasarPorAlto_(fallo);
+      return false;
     }
   }
 
-  /// The number of the last error kept, 0 when there is none.
-  [[nodiscard]] std::int32_t Numero() const noexcept { return error_ ? error_->Numero() : 0; }
-  [[nodiscard]] std::string Descripcion() const { return error_ ? error_->Descripcion() : ""; }
-  void Limpiar() noexcept { error_.reset(); }
-
  private:
+  Oyente alPasarPorAlto_;
   bool activo_ = false;
-  std::optional<ErrorEjecucion> error_;
 };
 
 }  // namespace services

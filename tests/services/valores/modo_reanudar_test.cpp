@@ -1,37 +1,45 @@
 #include "valores/modo_reanudar.h"
 
-#include <gtest/gtest.h>
+#include <gmock/gmock.h>
+
+#include <vector>
 
 using services::ErrorEjecucion;
 using services::ModoReanudar;
+using testing::ElementsAre;
+using testing::IsEmpty;
 
 namespace {
 
-TEST(ModoReanudar, ApagadoDejaSalirElError) {
-  ModoReanudar modo;
-  EXPECT_THROW(modo.Paso([] { throw ErrorEjecucion(13, "no coinciden los tipos"); }),
+class ModoReanudarTest : public testing::Test {
+ protected:
+  ModoReanudar modo_{[this](const ErrorEjecucion& fallo) {
+    dicho_.push_back(std::to_string(fallo.Numero()) + " " + fallo.Descripcion());
+  }};
+  std::vector<std::string> dicho_;
+};
+
+TEST_F(ModoReanudarTest, ApagadoDejaSalirElError) {
+  EXPECT_THROW(modo_.Paso([] { throw ErrorEjecucion(13, "no coinciden los tipos"); }),
                ErrorEjecucion);
-  EXPECT_EQ(modo.Numero(), 0);
+  EXPECT_THAT(dicho_, IsEmpty());
 }
 
-TEST(ModoReanudar, ActivoGuardaNumeroYDescripcionYSigue) {
-  ModoReanudar modo;
-  modo.Activar();
-  modo.Paso([] { throw ErrorEjecucion(13, "no coinciden los tipos"); });
+TEST_F(ModoReanudarTest, ActivoDiceNumeroYDescripcionYSigue) {
+  modo_.Activar();
+  EXPECT_FALSE(modo_.Paso([] { throw ErrorEjecucion(13, "no coinciden los tipos"); }));
   bool seguido = false;
-  modo.Paso([&] { seguido = true; });
+  EXPECT_TRUE(modo_.Paso([&] { seguido = true; }));
   EXPECT_TRUE(seguido);
-  EXPECT_EQ(modo.Numero(), 13);
-  EXPECT_EQ(modo.Descripcion(), "no coinciden los tipos");
-  modo.Limpiar();
-  EXPECT_EQ(modo.Numero(), 0);
+  EXPECT_FALSE(modo_.Paso([] { throw ErrorEjecucion(6, "desbordamiento"); }));
+  EXPECT_THAT(dicho_, ElementsAre("13 no coinciden los tipos", "6 desbordamiento"));
 }
 
-TEST(ModoReanudar, DesactivadoVuelveADejarSalirElError) {
-  ModoReanudar modo;
-  modo.Activar();
-  modo.Desactivar();
-  EXPECT_THROW(modo.Paso([] { throw ErrorEjecucion(13, ""); }), ErrorEjecucion);
+TEST_F(ModoReanudarTest, DesactivadoVuelveADejarSalirElError) {
+  modo_.Activar();
+  modo_.Desactivar();
+  EXPECT_THROW(modo_.Paso([] { throw ErrorEjecucion(13, ""); }), ErrorEjecucion);
+  EXPECT_THAT(dicho_, IsEmpty());
 }
 
 }  // namespace
