@@ -55,10 +55,11 @@ void Conexion::Ejecutar(const std::string& sql) {
 }
 
 void Conexion::CopiarEn(const std::string& fichero) {
-  const Preparada copia = base_.Preparar("VACUUM INTO ?");
-  sqlite3_bind_text(copia.get(), 1, fichero.data(), static_cast<int>(fichero.size()),
-                    SQLITE_STATIC);
-  if (sqlite3_step(copia.get()) != SQLITE_DONE) Lanzar(base_.Motor());
+  Base destino(fichero, {.Crear = true});
+  sqlite3_backup* copia = sqlite3_backup_init(destino.Motor(), "main", base_.Motor(), "main");
+  if (!copia) Lanzar(destino.Motor());
+  sqlite3_backup_step(copia, -1);
+  if (sqlite3_backup_finish(copia) != SQLITE_OK) Lanzar(destino.Motor());
 }
 
 Resultado Conexion::Consultar(std::string_view sql) {

@@ -28,6 +28,8 @@ class Conexion final : public services::ObjetoContado<services::Conexion> {
                                                         services::ModoApertura modo) override;
   void TerminarUnidad() override { unidad_.Terminar(); }
   void AbandonarUnidad() noexcept override { unidad_.Abandonar(); }
+  /// Takes the writer's lock for the unit that now begins, or is under way.
+  void EmpezarUnidad() { unidad_.Empezar(); }
   /// `Opciones::UnidadDeTrabajo` from now on; the unit under way ends.
   void AgruparEnUnidades(bool agrupa) { unidad_.Agrupar(agrupa); }
 

@@ -41,7 +41,7 @@ Base::Base(const std::string& fichero, const Opciones& opciones)
 // own, which the system drops with the process. Waiting for another program's would only put the
 // answer off.
 void Base::Reservar(const std::string& fichero) {
-  Ejecutar("PRAGMA locking_mode = EXCLUSIVE");
+  Ejecutar("PRAGMA main.locking_mode = EXCLUSIVE");
   const int codigo = sqlite3_exec(Motor(), "BEGIN EXCLUSIVE; COMMIT", nullptr, nullptr, nullptr);
   if (codigo == SQLITE_OK) return;
   if ((codigo & 0xFF) != SQLITE_BUSY) Lanzar(Motor());

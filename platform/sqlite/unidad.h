@@ -19,6 +19,11 @@ class Unidad {
   Unidad(Base& base, Almacen& almacen, bool agrupa)
       : base_(base), almacen_(almacen), agrupa_(agrupa) {}
 
+  /// Begins a unit now, before anything is written, unless one is under way: from here on no other
+  /// writes until its end. Nothing where each statement stands by itself.
+  void Empezar() {
+    if (agrupa_) AntesDeEscribir();
+  }
   /// Runs a statement that writes; a failure leaves what was written before it.
   void Escribir(sqlite3_stmt* sentencia);
   void Terminar();

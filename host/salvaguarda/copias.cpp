@@ -1,0 +1,169 @@
+#include "salvaguarda/copias.h"
+
+#include <algorithm>
+#include <fstream>
+#include <set>
+
+#include "salvaguarda/sql.h"
+#include "sqlite/momento.h"
+#include "valores/error.h"
+
+namespace salvaguarda {
+namespace {
+
+namespace fs = std::filesystem;
+using sql::Juntar;
+using sql::Texto;
+
+constexpr std::string_view kDeFilas = "filas-";
+constexpr std::string_view kEntera = "empresa-";
+constexpr std::string_view kExtension = ".sqlite";
+
+/// A moment as a name has it, so that names sort as moments: `20261122-141507`.
+std::string EnNombre(services::FechaHora momento) {
+  std::string texto = services::TextoIso(momento);
+  std::erase_if(texto, [](char c) { return c == '-' || c == ':'; });
+  std::ranges::replace(texto, ' ', '-');
+  return texto;
+}
+
+/// The names of the files of one kind, in order.
+std::vector<std::string> Nombres(const fs::path& carpeta, std::string_view principio) {
+  std::vector<std::string> nombres;
+  std::error_code sinCarpeta;
+  for (const auto& entrada : fs::directory_iterator(carpeta, sinCarpeta)) {
+    const std::string nombre = entrada.path().filename().string();
+    if (nombre.starts_with(principio) && nombre.ends_with(kExtension)) nombres.push_back(nombre);
+  }
+  std::ranges::sort(nombres);
+  return nombres;
+}
+
+/// A name that no file has, for copies made in one second.
+fs::path NombreLibre(const fs::path& carpeta, services::FechaHora momento) {
+  const std::string base = std::string(kDeFilas) + EnNombre(momento);
+  for (int i = 1;; ++i) {
+    std::string orden = std::to_string(i);
+    orden.insert(0, 3 - std::min<std::size_t>(3, orden.size()), '0');
+    fs::path libre = carpeta / (base + "-" + orden + std::string(kExtension));
+    if (!fs::exists(libre)) return libre;
+  }
+}
+
+/// Makes a file under another name and gives it its own once it is whole.
+template <class Hacer>
+void CrearEntero(const fs::path& fichero, const Hacer& hacer) {
+  fs::path enCurso = fichero;
+  enCurso += ".nuevo";
+  std::error_code sinFichero;
+  fs::remove(enCurso, sinFichero);
+  try {
+    hacer(enCurso.string());
+    fs::rename(enCurso, fichero);
+  } catch (...) {
+    fs::remove(enCurso, sinFichero);
+    throw;
+  }
+}
+
+std::string Filas() {
+  std::string todo;
+  for (const auto& tabla : sql::kDeFactura) {
+    todo += Juntar(
+        {"CREATE TABLE copia.", tabla.Nombre, " AS ", sql::FilasDe(tabla, "temp.Ambito"), ";"});
+  }
+  return todo + "CREATE TABLE copia.ProvPrevisionPagos AS " +
+         sql::PrevisionesCon("temp.AmbitoPrevision") + ";CREATE TABLE copia.CajaPagos AS " +
+         sql::ApuntesCon("temp.AmbitoCaja") +
+         ";CREATE TABLE copia.Claves AS SELECT * FROM temp.Ambito;"
+         "CREATE TABLE copia.ClavesPrevision AS SELECT * FROM temp.AmbitoPrevision;";
+}
+
+std::string Cabecera(const Copia& copia) {
+  return Juntar({"CREATE TABLE copia.Copia AS SELECT ", Texto(services::TextoIso(copia.Momento)),
+                 " AS Momento, ", Texto(copia.Usuario), " AS Usuario, ", Texto(copia.Rango.Desde),
+                 " AS Desde, ", Texto(copia.Rango.Hasta),
+                 " AS Hasta, (SELECT count(*) FROM copia.ProvFacturas) AS Facturas, "
+                 "(SELECT count(*) FROM copia.ProvVencimientos) AS Vencimientos;"});
+}
+
+/// The day in a name of a copy of rows.
+std::string DiaDe(const std::string& nombre) {
+  return nombre.substr(kDeFilas.size(), 8);
+}
+
+}  // namespace
+
+Copia Copias::Guardar(sqlite::Conexion& base, const std::string& ambito, Copia copia,
+                      const std::function<void()>& mirar) {
+  fs::create_directories(carpeta_);
+  copia.Fichero = NombreLibre(carpeta_, copia.Momento);
+  CrearEntero(copia.Fichero, [&](const std::string& enCurso) {
+    std::ofstream(enCurso).flush();  // the engine attaches what is there
+    const sql::Adjunta adjunta(base, enCurso, "copia");
+    base.Ejecutar("PRAGMA copia.journal_mode = OFF; PRAGMA copia.synchronous = NORMAL");
+    sql::Transaccion transaccion(base);
+    base.Ejecutar(ambito + Filas() + Cabecera(copia));
+    transaccion.Terminar();
+    mirar();
+  });
+  Podar();
+  return copia;
+}
+
+std::vector<Copia> Copias::Guardadas() const {
+  std::vector<Copia> copias;
+  const auto base = sqlite::AbrirConexion(":memory:", {.Crear = true});
+  for (const std::string& nombre : Nombres(carpeta_, kDeFilas)) {
+    const fs::path fichero = carpeta_ / nombre;
+    try {
+      const sql::Adjunta adjunta(*base, fichero.string(), "copia");
+      const auto filas = base->Consultar("SELECT * FROM copia.Copia").Filas;
+      const auto texto = [&](std::size_t columna) { return filas.En(0, columna).Texto(); };
+      copias.push_back({sqlite::LeerMomento(texto(0)).value_or(services::FechaHora{}),
+                        texto(1),
+                        {texto(2), texto(3)},
+                        fichero,
+                        static_cast<std::int64_t>(filas.En(0, 4).Numero()),
+                        static_cast<std::int64_t>(filas.En(0, 5).Numero())});
+    } catch (const services::ErrorEjecucion&) {
+      continue;
+    }
+  }
+  std::ranges::reverse(copias);
+  return copias;
+}
+
+bool Copias::GuardarEntera(const fs::path& almacenados, services::FechaHora momento) {
+  fs::create_directories(carpeta_);
+  const std::string dia = EnNombre(momento).substr(0, 8);
+  const fs::path fichero = carpeta_ / (std::string(kEntera) + dia + std::string(kExtension));
+  if (fs::exists(fichero)) return false;
+  CrearEntero(fichero, [&](const std::string& enCurso) {
+    sqlite::AbrirConexion(almacenados.string())->CopiarEn(enCurso);
+  });
+  std::vector<std::string> todas = Nombres(carpeta_, kEntera);
+  while (todas.size() > kEnteras) {
+    fs::remove(carpeta_ / todas.front());
+    todas.erase(todas.begin());
+  }
+  return true;
+}
+
+void Copias::Podar() const {
+  std::vector<std::string> sobran = Nombres(carpeta_, kDeFilas);
+  if (sobran.size() <= kUltimas) return;
+  std::set<std::string> primeras;
+  std::set<std::string> dias;
+  for (const std::string& nombre : sobran) {
+    if (dias.insert(DiaDe(nombre)).second) primeras.insert(nombre);
+  }
+  while (primeras.size() > kDias) primeras.erase(primeras.begin());
+  sobran.resize(sobran.size() - kUltimas);
+  for (const std::string& nombre : sobran) {
+    std::error_code ignorado;
+    if (!primeras.contains(nombre)) fs::remove(carpeta_ / nombre, ignorado);
+  }
+}
+
+}  // namespace salvaguarda

@@ -1,0 +1,59 @@
+#pragma once
+
+#include <cstdint>
+#include <filesystem>
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "salvaguarda/comienzo.h"
+#include "sqlite/conexion_sqlite.h"
+#include "valores/fecha.h"
+
+namespace salvaguarda {
+
+/// What a copy of rows tells of itself.
+struct Copia {
+  services::FechaHora Momento;
+  std::string Usuario;
+  /// What was to be written; both empty for one that was made before putting another back.
+  salvaguarda::Rango Rango;
+  std::filesystem::path Fichero = {};
+  std::int64_t Facturas = 0;
+  std::int64_t Vencimientos = 0;
+};
+
+/// The folder of the copies: of the rows that each commit may touch, as they are before it, and of
+/// the whole stored file, once a day.
+class Copias {
+ public:
+  /// How many stay: of the rows the last ones, and the first one of each of the last days on which
+  /// there was any; of the whole file the last ones.
+  static constexpr std::size_t kUltimas = 50;
+  static constexpr std::size_t kDias = 60;
+  static constexpr std::size_t kEnteras = 10;
+
+  explicit Copias(std::filesystem::path carpeta) : carpeta_(std::move(carpeta)) {}
+
+  /// Copies the rows that `base` finds by the keys of `ambito` (as `salvaguarda/ambito.h` tells) to
+  /// a file of their own, together with the keys: what is added under them later can be taken away
+  /// again. Then `mirar` is called, while the file is attached as `copia`, and those that are too
+  /// many go. Throws what the engine and the file system throw, with no file left.
+  Copia Guardar(
+      sqlite::Conexion& base, const std::string& ambito, Copia copia,
+      const std::function<void()>& mirar = [] {});
+  /// Those of rows, the last one first. What is no copy is passed over.
+  [[nodiscard]] std::vector<Copia> Guardadas() const;
+
+  /// Copies the whole stored file, unless there is one of that day. Whether it did. Throws alike.
+  bool GuardarEntera(const std::filesystem::path& almacenados, services::FechaHora momento);
+
+  [[nodiscard]] const std::filesystem::path& Carpeta() const { return carpeta_; }
+
+ private:
+  void Podar() const;
+
+  std::filesystem::path carpeta_;
+};
+
+}  // namespace salvaguarda

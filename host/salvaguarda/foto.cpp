@@ -1,0 +1,156 @@
+#include "salvaguarda/foto.h"
+
+#include "salvaguarda/sql.h"
+
+namespace salvaguarda {
+namespace {
+
+using sql::Juntar;
+using sql::kDeFactura;
+using sql::Texto;
+
+std::string Retratar(std::string_view tabla, const std::string& filas) {
+  return Juntar({"DROP TABLE IF EXISTS temp.Foto", tabla, "; CREATE TEMP TABLE Foto", tabla, " AS ",
+                 filas, ";"});
+}
+
+/// Those without an invoice, and those of the invoices.
+constexpr std::string_view kApuntes =
+    "SELECT c.* FROM main.CajaPagos c WHERE c.Factura IS NULL OR c.Factura = '' UNION ALL "
+    "SELECT c.* FROM temp.Claves k CROSS JOIN main.CajaPagos c ON trim(c.Factura) COLLATE ES = "
+    "k.Factura AND c.Tipo = k.NConcepto AND c.Año = k.Año WHERE k.Factura <> ''";
+
+}  // namespace
+
+Foto::Foto(const std::string& almacenados)
+    : conexion_(sqlite::AbrirConexion(almacenados,
+                                      {.UnidadDeTrabajo = false, .CualquierSentencia = true})) {}
+
+void Foto::Tomar(const Rango& rango) {
+  rango_.reset();
+  sql::Transaccion lectura(*conexion_);
+  std::string todo = "DROP TABLE IF EXISTS temp.Claves;" + sql::CrearClaves("Claves") +
+                     "INSERT OR IGNORE INTO temp.Claves " + sql::ClavesDelRango(rango) + ";";
+  for (const auto& tabla : kDeFactura) {
+    todo += Retratar(tabla.Nombre, sql::FilasDe(tabla, "temp.Claves"));
+  }
+  todo += Retratar("ProvPrevisionPagos", sql::PrevisionesDe(rango));
+  todo += Retratar("CajaPagos", std::string(kApuntes));
+  conexion_->Ejecutar(todo);
+  lectura.Terminar();
+  rango_ = rango;
+}
+
+void Foto::TomarDeCopia() {
+  std::string todo = "DELETE FROM temp.Claves; INSERT INTO temp.Claves SELECT * FROM copia.Claves;";
+  for (const std::string_view tabla : sql::kTablas) {
+    todo += Retratar(tabla, Juntar({"SELECT * FROM copia.", tabla}));
+  }
+  conexion_->Ejecutar(todo);
+}
+
+std::vector<Fila> Foto::Excluidas() {
+  if (!rango_) return {};
+  const std::string enRango =
+      Juntar({"v.FechaVto >= ", Texto(rango_->Desde), " AND v.FechaVto <= ", Texto(rango_->Hasta)});
+  const std::string conConcepto =
+      "EXISTS (SELECT 1 FROM main.ProvConceptos c WHERE c.NConcepto = t.NConcepto)";
+  const auto conVencimiento = [&](std::string_view de, std::string_view numero) {
+    return Juntar({"EXISTS (SELECT 1 FROM main.ProvVencimientos v WHERE v.NConcepto = ", de,
+                   ".NConcepto AND v.NFactura = ", de, ".", numero, " AND ", enRango, ")"});
+  };
+  const std::string conFactura =
+      "EXISTS (SELECT 1 FROM main.ProvFacturas f WHERE f.NConcepto = t.NConcepto AND f.Factura = "
+      "t.NFactura AND " +
+      conVencimiento("f", "Factura") + ")";
+  const std::string motivo = "CASE WHEN " + conConcepto +
+                             " THEN 'sus blancos no son los de su factura' "
+                             "ELSE 'su concepto no existe' END";
+  const std::string clave = ", t.NConcepto, trim(t.NFactura), t.Año, ";
+  return sql::LeerFilas(
+      *conexion_,
+      "SELECT 'ProvFacturas', t.NConcepto, trim(t.Factura), t.Año, '', " + motivo +
+          " FROM temp.FotoProvFacturas t WHERE NOT (" + conConcepto + " AND " +
+          conVencimiento("t", "Factura") + ") UNION ALL SELECT 'ProvBasesIva'" + clave +
+          "t.Tipo, 'sus blancos no son los de su factura' FROM temp.FotoProvBasesIva t WHERE NOT " +
+          conVencimiento("t", "NFactura") + " UNION ALL SELECT 'ProvVencimientos'" + clave +
+          "t.FechaVto, " + motivo + " FROM temp.FotoProvVencimientos t WHERE NOT (" + conConcepto +
+          " AND " + conFactura +
+          ") UNION ALL SELECT 'ProvPrevisionPagos', t.NConcepto, '', '', t.Fecha1Vto, 'su concepto "
+          "no existe' FROM temp.FotoProvPrevisionPagos t WHERE NOT " +
+          conConcepto);
+}
+
+std::vector<Fila> Foto::Cambiadas() {
+  if (!rango_) return {};
+  return sql::LeerFilas(*conexion_, FacturasCambiadas() + " UNION ALL " + PrevisionesCambiadas() +
+                                        " UNION ALL " + ApuntesCambiados());
+}
+
+namespace {
+
+/// The keys of the rows that a table of the copy and of the picture don't both have.
+std::string Distintas(sqlite::Conexion& base, std::string_view tabla, std::string_view clave) {
+  const std::string columnas = sql::Contenido(base, tabla, "t");
+  const std::string copia = Juntar({"SELECT ", columnas, " FROM copia.", tabla, " t"});
+  const std::string foto = Juntar({"SELECT ", columnas, " FROM temp.Foto", tabla, " t"});
+  return Juntar({"SELECT ", clave, " FROM (", copia, " EXCEPT ", foto, ") UNION SELECT ", clave,
+                 " FROM (", foto, " EXCEPT ", copia, ")"});
+}
+
+/// What happened to a row of which the picture tells as `antes` and the copy as `ahora`; null is
+/// missing.
+std::string Motivo(std::string_view comprobada) {
+  return Juntar(
+      {"CASE WHEN ahora.", comprobada,
+       " IS NULL THEN 'otro usuario la ha borrado, y se volvería a grabar' WHEN antes.", comprobada,
+       " IS NULL THEN 'la ha añadido ' || ifnull(ahora.ModificadoPor, 'otro usuario') || ', "
+       "y se borraría' ELSE 'la ha cambiado ' || ifnull(ahora.ModificadoPor, 'otro usuario') "
+       "|| ', y volvería a ser como era' END"});
+}
+
+}  // namespace
+
+std::string Foto::FacturasCambiadas() {
+  std::string claves;
+  for (const auto& tabla : kDeFactura) {
+    if (!claves.empty()) claves += " UNION ";
+    claves += Distintas(*conexion_, tabla.Nombre,
+                        Juntar({"NConcepto, trim(", tabla.Numero, ") AS Factura, Año"}));
+  }
+  const auto con = [](std::string_view donde, std::string_view alias) {
+    return Juntar(
+        {" LEFT JOIN (SELECT NConcepto, trim(Factura) AS Factura, Año, ModificadoPor FROM ", donde,
+         ") ", alias, " ON ", alias, ".NConcepto = d.NConcepto AND ", alias,
+         ".Factura = d.Factura AND ", alias, ".Año = d.Año"});
+  };
+  return "SELECT 'ProvFacturas', d.NConcepto, d.Factura, d.Año, '', CASE WHEN d.NConcepto || '|' "
+         "|| "
+         "d.Factura || '|' || d.Año NOT IN (SELECT NConcepto || '|' || Factura || '|' || Año FROM "
+         "temp.DelRango) THEN 'ya está grabada con vencimientos de otras fechas, y lo entrado con "
+         "su "
+         "número se le añadiría' ELSE " +
+         Motivo("NConcepto") + " END FROM (SELECT DISTINCT * FROM (" + claves + ")) d" +
+         con("temp.FotoProvFacturas", "antes") + con("copia.ProvFacturas", "ahora");
+}
+
+std::string Foto::PrevisionesCambiadas() {
+  return "SELECT 'ProvPrevisionPagos', d.NConcepto, '', '', '', " + Motivo("NConcepto") +
+         " FROM (" + Distintas(*conexion_, "ProvPrevisionPagos", "NConcepto") +
+         ") d LEFT JOIN temp.FotoProvPrevisionPagos antes ON antes.NConcepto = d.NConcepto LEFT "
+         "JOIN "
+         "copia.ProvPrevisionPagos ahora ON ahora.NConcepto = d.NConcepto";
+}
+
+/// An entry that is gone can't be linked any more, and nothing of it is lost.
+std::string Foto::ApuntesCambiados() {
+  return "SELECT 'CajaPagos', d.Tipo, ifnull(ahora.Factura, ''), ifnull(ahora.Año, ''), "
+         "d.FechaHora, "
+         "'lo ha cambiado ' || ifnull(ahora.ModificadoPor, 'otro usuario') || ', y volvería a ser "
+         "como era' FROM (" +
+         Distintas(*conexion_, "CajaPagos", "idSucursal, FechaHora, Tipo") +
+         ") d JOIN copia.CajaPagos ahora ON ahora.idSucursal = d.idSucursal AND ahora.FechaHora = "
+         "d.FechaHora AND ahora.Tipo = d.Tipo";
+}
+
+}  // namespace salvaguarda

@@ -1,0 +1,163 @@
+#include "salvaguarda/guardia.h"
+
+#include <algorithm>
+#include <filesystem>
+
+#include "salvaguarda/ambito.h"
+#include "salvaguarda/omitidas.h"
+#include "salvaguarda/rescate.h"
+#include "valores/error.h"
+
+namespace salvaguarda {
+namespace {
+
+using services::ErrorEjecucion;
+using services::Omision;
+
+/// As many rows as a message shows without growing out of the screen.
+constexpr std::size_t kALaVista = 12;
+
+constexpr const char* kNoGrabado =
+    "No se ha grabado nada. Lo que ha hecho sigue en la pantalla: puede grabarlo después, o pulsar "
+    "Cancelar para volver a cargar lo que hay grabado";
+
+std::string Sobre(const std::string& frase, const std::vector<Fila>& filas) {
+  return frase + " (" + Recuento(filas) + "):" + Relacion(filas, kALaVista);
+}
+
+}  // namespace
+
+Guardia::Guardia(Bases bases, std::filesystem::path carpeta, std::string usuario)
+    : bases_(std::move(bases)),
+      foto_(bases_.FicheroAlmacenados),
+      copias_(carpeta / "copias"),
+      registro_(carpeta / "registro.txt"),
+      usuario_(std::move(usuario)) {}
+
+void Guardia::Anotar(std::string_view texto) {
+  registro_.Anotar(services::TextoIso(Ahora()), usuario_ + ": " + std::string(texto));
+}
+
+void Guardia::AlComenzar(const Comienzo& comienzo) {
+  if (comienzo.Que == Comienzo::Tarea::Carga) return AlCargar(comienzo.Rango);
+  AlGrabar(comienzo.Rango);
+}
+
+// The load goes on whatever happens here.
+void Guardia::AlCargar(const Rango& rango) {
+  noCargadas_.clear();
+  deOtros_.clear();
+  try {
+    AnotarCopia(*bases_.DeTrabajo, {rango, usuario_, services::TextoIso(Ahora())});
+    foto_.Tomar(rango);
+    noCargadas_ = foto_.Excluidas();
+  } catch (const ErrorEjecucion& fallo) {
+    Decir("No se ha podido comprobar lo que se ha cargado: " + fallo.Descripcion(), {});
+  }
+  if (!noCargadas_.empty()) AlHaberQueContar();
+}
+
+void Guardia::AlRetomar(const Rango& rango) {
+  noCargadas_.clear();
+  deOtros_.clear();
+  foto_.Tomar(rango);
+}
+
+void Guardia::AlGrabar(const Rango& rango) {
+  if (!foto_.De()) foto_.Tomar(rango);
+  for (bool conCopia = true;;) {
+    bases_.Almacenados->EmpezarUnidad();
+    const std::string sinCopia = conCopia ? Copiar(rango) : "";
+    const std::string reparos = Reparos(sinCopia);
+    if (reparos.empty()) return;
+    // Nobody else is kept waiting for an answer; what changes meanwhile is asked again.
+    bases_.Almacenados->AbandonarUnidad();
+    const bool adelante = Preguntar(reparos + "\n\n¿Grabar de todos modos?");
+    Anotar(reparos + (adelante ? " Se graba de todos modos" : " No se graba"));
+    if (!adelante) throw ErrorEjecucion(services::error::FilaCambiada, kNoGrabado);
+    noCargadas_.clear();
+    deOtros_.clear();
+    conCopia = sinCopia.empty();
+  }
+}
+
+std::string Guardia::Copiar(const Rango& rango) {
+  try {
+    copias_.Guardar(
+        foto_.Conexion(), AmbitoDeGrabacion(rango, ClavesDeTrabajo::Leer(*bases_.DeTrabajo)),
+        {Ahora(), usuario_, rango}, [this] {
+          const std::vector<Fila> ahora = AvisarDeOtros ? foto_.Cambiadas() : std::vector<Fila>();
+          if (ahora.empty()) return;
+          deOtros_.insert(deOtros_.end(), ahora.begin(), ahora.end());
+          foto_.TomarDeCopia();
+        });
+    return "";
+  } catch (const std::exception& fallo) {
+    return fallo.what();
+  }
+}
+
+std::string Guardia::Reparos(const std::string& sinCopia) const {
+  std::string reparos;
+  const auto anadir = [&](const std::string& parrafo) {
+    reparos += (reparos.empty() ? "" : "\n\n") + parrafo;
+  };
+  if (!sinCopia.empty()) {
+    anadir("No se ha podido guardar una copia de lo que hay grabado: " + sinCopia);
+  }
+  if (!deOtros_.empty()) anadir(Sobre("Otro usuario ha cambiado lo que había al cargar", deOtros_));
+  if (!noCargadas_.empty()) {
+    anadir(Sobre("Hay filas del rango que no se cargaron, y que se borrarían", noCargadas_));
+  }
+  return reparos;
+}
+
+void Guardia::PasadoPorAlto(const Omision& omision) {
+  omisiones_.push_back(omision);
+  Anotar("Pasado por alto en " + (omision.Tabla.empty() ? "las tablas de trabajo" : omision.Tabla) +
+         ": " + omision.Fallo.Descripcion());
+  if (omision.Que != Omision::Falta::Nada) AlHaberQueContar();
+}
+
+void Guardia::Decir(const std::string& texto, const std::vector<Fila>& filas) {
+  relato_.Parrafos.push_back(filas.empty() ? texto : Sobre(texto, filas));
+  Anotar(texto + Relacion(filas, filas.size()));
+  AlHaberQueContar();
+}
+
+Relato Guardia::Contar() {
+  const std::vector<Omision> omisiones = std::exchange(omisiones_, {});
+  const Omitidas carga = Clasificar(omisiones, Omision::Tarea::Carga, foto_.Conexion());
+  const Omitidas grabacion = Clasificar(omisiones, Omision::Tarea::Grabacion, foto_.Conexion());
+  for (const Fila& tabla : grabacion.Tablas) {
+    Decir("No se ha podido grabar nada de " + tabla.Tabla + ": " + tabla.Motivo, {});
+  }
+  if (!grabacion.Filas.empty()) {
+    Decir(
+        "No se han podido grabar estas filas, y ya no están entre lo grabado; lo que había antes "
+        "está en Archivo, Recuperar una copia",
+        grabacion.Filas);
+  }
+  if (!grabacion.Incompletas.empty()) {
+    Decir("Se han grabado sin alguno de sus valores", grabacion.Incompletas);
+  }
+  for (const Fila& tabla : carga.Tablas) {
+    Decir("No se ha podido cargar " + tabla.Tabla + ": " + tabla.Motivo +
+              ". La lista no está completa y no se podrá grabar: pulse Cancelar para volver a "
+              "cargarla",
+          {});
+  }
+  if (!carga.Incompletas.empty()) {
+    Decir("Se han cargado sin alguno de sus valores", carga.Incompletas);
+  }
+  noCargadas_.insert(noCargadas_.end(), carga.Filas.begin(), carga.Filas.end());
+  if (!noCargadas_.empty() && noCargadas_ != yaDichas_) {
+    yaDichas_ = noCargadas_;
+    Decir("No se han cargado estas filas, que no se ven en la lista y que Grabar borraría",
+          noCargadas_);
+    relato_.BorrariaFilas = true;
+  }
+  return std::exchange(relato_, {});
+}
+
+}  // namespace salvaguarda

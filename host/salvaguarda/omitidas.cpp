@@ -1,0 +1,119 @@
+#include "salvaguarda/omitidas.h"
+
+#include <algorithm>
+
+#include "esquema/definiciones.h"
+#include "salvaguarda/sql.h"
+#include "valores/error.h"
+#include "valores/texto.h"
+
+namespace salvaguarda {
+namespace {
+
+using services::Omision;
+using services::Valor;
+
+/// The stored table of a working one, or of itself.
+std::string Almacenada(const std::string& tabla) {
+  return tabla.starts_with("Temp") ? tabla.substr(4) : tabla;
+}
+
+std::string Campo(const Omision& omision, std::string_view nombre) {
+  const auto campo = std::ranges::find(omision.Fila, nombre, &Omision::Campo::Nombre);
+  return campo == omision.Fila.end() ? "" : campo->Valor.Texto();
+}
+
+Fila ComoFila(const Omision& omision) {
+  Fila fila{Almacenada(omision.Tabla),
+            Campo(omision, "NConcepto"),
+            std::string(services::Trim(Campo(omision, "NFactura"))),
+            Campo(omision, "Año"),
+            "",
+            omision.Fallo.Descripcion()};
+  if (fila.Tabla == "ProvFacturas") fila.Factura = services::Trim(Campo(omision, "Factura"));
+  if (fila.Tabla == "ProvBasesIva") fila.Detalle = Campo(omision, "Tipo");
+  if (fila.Tabla == "ProvVencimientos") fila.Detalle = Campo(omision, "FechaVto");
+  if (fila.Tabla == "CajaPagos") {
+    fila.NConcepto = Campo(omision, "Tipo");
+    fila.Detalle = Campo(omision, "FechaHora");
+  }
+  return fila;
+}
+
+std::string Literal(const Valor& valor) {
+  if (const auto* momento = valor.Si<services::FechaHora>()) {
+    return sql::Texto(services::TextoIso(*momento));
+  }
+  return valor.EsTexto() ? sql::Texto(valor.Texto()) : std::to_string(valor.Numero());
+}
+
+/// The condition that finds the row by its key; empty where it isn't known whole.
+std::string PorSuClave(const Omision& omision) {
+  const auto tablas = esquema::Almacenadas();
+  const auto tabla = std::ranges::find(tablas, omision.Tabla, &esquema::Tabla::Nombre);
+  if (tabla == tablas.end()) return "";
+  std::string condicion;
+  for (const std::string_view nombre : tabla->Clave) {
+    const auto campo = std::ranges::find(omision.Fila, nombre, &Omision::Campo::Nombre);
+    if (campo == omision.Fila.end() || campo->Valor.EsNulo()) return "";
+    condicion +=
+        sql::Juntar({condicion.empty() ? "" : " AND ", nombre, " = ", Literal(campo->Valor)});
+  }
+  return condicion;
+}
+
+bool DicenLoMismo(const Valor& a, const Valor& b) {
+  return (a.EsNulo() && b.EsNulo()) || services::Igual(a, b).value_or(false);
+}
+
+/// Whether the stored table holds the row as it was to be written.
+bool EstaIgual(const Omision& omision, sqlite::Conexion& almacenados) {
+  const std::string condicion = PorSuClave(omision);
+  if (condicion.empty()) return false;
+  const auto hallada =
+      almacenados.Consultar(sql::Juntar({"SELECT * FROM ", omision.Tabla, " WHERE ", condicion}));
+  if (hallada.Filas.Cuantas() != 1) return false;
+  for (std::size_t i = 0; i < hallada.Columnas.size(); ++i) {
+    const std::string& nombre = hallada.Columnas[i].Nombre;
+    if (nombre == "Actualizado" || nombre == "ModificadoPor") continue;
+    const auto campo = std::ranges::find(omision.Fila, nombre, &Omision::Campo::Nombre);
+    if (campo != omision.Fila.end() && !DicenLoMismo(campo->Valor, hallada.Filas.En(0, i))) {
+      return false;
+    }
+  }
+  return true;
+}
+
+bool MismaFila(const Fila& a, const Fila& b) {
+  return a.Tabla == b.Tabla && a.NConcepto == b.NConcepto && a.Factura == b.Factura &&
+         a.Anio == b.Anio && a.Detalle == b.Detalle;
+}
+
+bool Contiene(const std::vector<Fila>& filas, const Fila& una) {
+  return std::ranges::any_of(filas, [&](const Fila& otra) { return MismaFila(otra, una); });
+}
+
+}  // namespace
+
+Omitidas Clasificar(const std::vector<Omision>& omisiones, Omision::Tarea durante,
+                    sqlite::Conexion& almacenados) {
+  Omitidas omitidas;
+  for (const Omision& omision : omisiones) {
+    if (omision.Durante != durante || omision.Que == Omision::Falta::Nada) continue;
+    if (omision.Que == Omision::Falta::Tabla) {
+      omitidas.Tablas.push_back(ComoFila(omision));
+    } else if (durante == Omision::Tarea::Carga || !EstaIgual(omision, almacenados)) {
+      auto& filas = omision.Que == Omision::Falta::Fila ? omitidas.Filas : omitidas.Incompletas;
+      filas.push_back(ComoFila(omision));
+    }
+  }
+  std::vector<Fila> incompletas;
+  for (Fila& fila : omitidas.Incompletas) {
+    if (Contiene(omitidas.Filas, fila) || Contiene(incompletas, fila)) continue;
+    incompletas.push_back(std::move(fila));
+  }
+  omitidas.Incompletas = std::move(incompletas);
+  return omitidas;
+}
+
+}  // namespace salvaguarda

@@ -1,0 +1,127 @@
+#include "salvaguarda/recuperacion.h"
+
+#include <iterator>
+
+#include "salvaguarda/ambito.h"
+#include "salvaguarda/sql.h"
+
+namespace salvaguarda {
+namespace {
+
+using sql::Juntar;
+
+/// A table of the copy beside the stored rows that it is about.
+struct Pareja {
+  std::string Tabla;
+  /// The stored rows, as a query.
+  std::string Ahora;
+  /// That row `a` of the copy and row `b` of the store are the same one.
+  std::string Misma;
+  /// What tells one row from the others: the columns of a `Fila` from the second to the fifth, `@`
+  /// for the row's name.
+  std::string Clave;
+  /// What they say, split by commas, alike.
+  std::string Contenido;
+};
+
+std::string De(std::string_view alias, const std::string& texto) {
+  std::string puesto;
+  for (const char c : texto) puesto += c == '@' ? std::string(alias) : std::string(1, c);
+  return puesto;
+}
+
+std::vector<Pareja> Parejas(sqlite::Conexion& base) {
+  std::vector<Pareja> parejas;
+  for (const auto& tabla : sql::kDeFactura) {
+    const std::string detalle =
+        tabla.Detalle.starts_with("'") ? "''" : Juntar({"@.", tabla.Detalle});
+    const auto igual = [](std::string_view a, std::string_view b) {
+      return Juntar({a, " COLLATE ES = ", b});
+    };
+    parejas.push_back(
+        {std::string(tabla.Nombre), sql::FilasDe(tabla, "copia.Claves"),
+         igual("a.NConcepto", "b.NConcepto") + " AND " +
+             igual(Juntar({"trim(a.", tabla.Numero, ")"}), Juntar({"trim(b.", tabla.Numero, ")"})) +
+             " AND " + igual("a.Año", "b.Año") + " AND " + De("a", detalle) + " = " +
+             De("b", detalle),
+         Juntar({"@.NConcepto, trim(@.", tabla.Numero, "), @.Año, ", detalle}),
+         sql::Contenido(base, tabla.Nombre, "@")});
+  }
+  parejas.push_back({"ProvPrevisionPagos", sql::PrevisionesCon("copia.ClavesPrevision"),
+                     "a.NConcepto COLLATE ES = b.NConcepto", "@.NConcepto, '', '', @.Fecha1Vto",
+                     sql::Contenido(base, "ProvPrevisionPagos", "@")});
+  parejas.push_back(
+      {"CajaPagos", sql::ApuntesCon("copia.CajaPagos"),
+       "a.idSucursal = b.idSucursal AND MOMENTO(a.FechaHora) = MOMENTO(b.FechaHora) AND "
+       "a.Tipo = b.Tipo",
+       "@.Tipo, ifnull(@.Factura, ''), ifnull(@.Año, ''), @.FechaHora",
+       "ifnull(@.Factura, ''), ifnull(@.Año, '')"});
+  return parejas;
+}
+
+void Anadir(std::vector<Fila>& a, std::vector<Fila> otras) {
+  a.insert(a.end(), std::make_move_iterator(otras.begin()), std::make_move_iterator(otras.end()));
+}
+
+void Comparar(sqlite::Conexion& base, const Pareja& pareja, Reposicion& reposicion) {
+  const auto filas = [&](std::string_view alias, std::string_view desde) {
+    return sql::LeerFilas(
+        base, Juntar({"WITH a AS MATERIALIZED (SELECT * FROM copia.", pareja.Tabla,
+                      "), b AS MATERIALIZED (", pareja.Ahora, ") SELECT '", pareja.Tabla, "', ",
+                      De(alias, pareja.Clave), ", '' FROM ", desde}));
+  };
+  const std::string con = " ON " + pareja.Misma;
+  if (pareja.Tabla != "CajaPagos") {
+    Anadir(reposicion.Vuelven, filas("a", "a LEFT JOIN b" + con + " WHERE b.NConcepto IS NULL"));
+    Anadir(reposicion.SeVan, filas("b", "b LEFT JOIN a" + con + " WHERE a.NConcepto IS NULL"));
+  }
+  Anadir(reposicion.Cambian, filas("a", "a JOIN b" + con + " WHERE (" + De("a", pareja.Contenido) +
+                                            ") IS NOT (" + De("b", pareja.Contenido) + ")"));
+}
+
+/// The rows of a table under the copy's keys make way for the copy's.
+std::string Sustituir(sqlite::Conexion& base, std::string_view tabla, const std::string& suyas) {
+  std::string columnas;
+  for (const services::Columna& columna :
+       base.Consultar(Juntar({"SELECT * FROM copia.", tabla})).Columnas) {
+    columnas += Juntar({columnas.empty() ? "\"" : ", \"", columna.Nombre, "\""});
+  }
+  return Juntar({"DELETE FROM main.", tabla, " WHERE rowid IN (", suyas, "); INSERT INTO main.",
+                 tabla, " (", columnas, ") SELECT ", columnas, " FROM copia.", tabla, ";"});
+}
+
+std::string EnlazarApuntes() {
+  return "UPDATE main.CajaPagos AS t SET Factura = k.Factura, Año = k.Año, Actualizado = "
+         "k.Actualizado, ModificadoPor = k.ModificadoPor FROM copia.CajaPagos k WHERE t.idSucursal "
+         "= "
+         "k.idSucursal AND MOMENTO(t.FechaHora) = MOMENTO(k.FechaHora) AND t.Tipo = k.Tipo;";
+}
+
+}  // namespace
+
+Reposicion Comparar(sqlite::Conexion& base, const Copia& copia) {
+  const sql::Adjunta adjunta(base, copia.Fichero.string(), "copia");
+  Reposicion reposicion;
+  for (const Pareja& pareja : Parejas(base)) Comparar(base, pareja, reposicion);
+  return reposicion;
+}
+
+void Reponer(sqlite::Conexion& almacenados, sqlite::Conexion& lectura, const Copia& copia,
+             Copias& copias, services::FechaHora momento, const std::string& usuario) {
+  const sql::Adjunta adjunta(almacenados, copia.Fichero.string(), "copia");
+  sql::Transaccion unidad(almacenados, "BEGIN IMMEDIATE");
+  {
+    const sql::Adjunta vieja(lectura, copia.Fichero.string(), "vieja");
+    copias.Guardar(lectura, AmbitoDeCopia("vieja"), {momento, usuario, {}});
+  }
+  std::string todo;
+  for (const auto& tabla : sql::kDeFactura) {
+    todo += Sustituir(almacenados, tabla.Nombre, sql::FilasDe(tabla, "copia.Claves", "t.rowid"));
+  }
+  todo += Sustituir(almacenados, "ProvPrevisionPagos",
+                    sql::PrevisionesCon("copia.ClavesPrevision", "t.rowid"));
+  almacenados.Ejecutar(todo + EnlazarApuntes());
+  unidad.Terminar();
+}
+
+}  // namespace salvaguarda

@@ -1,0 +1,250 @@
+#include <gmock/gmock.h>
+
+#include <filesystem>
+#include <fstream>
+
+#include "apoyo/errores.h"
+#include "host/salvaguarda/oficina.h"
+#include "salvaguarda/ambito.h"
+#include "salvaguarda/recuperacion.h"
+#include "salvaguarda/rescate.h"
+
+// What is kept before each "Grabar", how it is put back, and what a program that was killed leaves.
+
+namespace {
+
+namespace fs = std::filesystem;
+using testing::AllOf;
+using testing::Contains;
+using testing::ElementsAre;
+using testing::Field;
+using testing::IsEmpty;
+using testing::SizeIs;
+
+class Copias : public testing::Test, protected pruebas::Oficina {
+ protected:
+  salvaguarda::Reposicion ComoSeria(const salvaguarda::Copia& copia) {
+    return salvaguarda::Comparar(guardia->LaFoto().Conexion(), copia);
+  }
+  void Reponer(const salvaguarda::Copia& copia) {
+    salvaguarda::Reponer(*datos, guardia->LaFoto().Conexion(), copia, guardia->LasCopias(),
+                         apoyo::kMarzo, "EVA");
+  }
+  /// Of a folder of copies, by the beginning of their names.
+  std::vector<std::string> Ficheros(const std::string& principio) {
+    std::vector<std::string> nombres;
+    for (const auto& entrada : fs::directory_iterator(Carpeta() + "/copias")) {
+      const std::string nombre = entrada.path().filename();
+      if (nombre.starts_with(principio)) nombres.push_back(nombre);
+    }
+    std::ranges::sort(nombres);
+    return nombres;
+  }
+};
+
+TEST_F(Copias, CadaGrabarDejaUna) {
+  Cargar();
+  Grabar();
+  Cargar();
+  Grabar();
+  const auto copias = Guardadas();
+  ASSERT_THAT(copias, SizeIs(2));
+  EXPECT_EQ(copias[0].Usuario, "ANA");
+  EXPECT_EQ(copias[0].Momento, apoyo::kMarzo);
+  EXPECT_EQ(copias[0].Rango.Desde, "20050301");
+  EXPECT_EQ(copias[0].Rango.Hasta, "20050331");
+  EXPECT_EQ(copias[0].Facturas, 3);
+  EXPECT_EQ(copias[0].Vencimientos, 9);
+  EXPECT_THAT(Ficheros("filas-"),
+              ElementsAre("filas-20050315-110000-001.sqlite", "filas-20050315-110000-002.sqlite"));
+}
+
+TEST_F(Copias, DevuelveTodoLoQueUnGrabarCambio) {
+  Otro(
+      "INSERT INTO ProvPrevisionPagos (NConcepto, Fecha1Vto, Cada, Tipo, Importe) VALUES ('7', "
+      "'20050101', 1, 2, 50), ('8', '20050101', 1, 2, 50)");
+  const auto antes = Todo();
+  Cargar();
+  Trabajar(
+      "DELETE FROM TempProvFacturas WHERE Factura = 'F000001';"
+      "DELETE FROM TempProvVencimientos WHERE NFactura = 'F000001';"
+      "UPDATE TempProvVencimientos SET Pagado = 3 WHERE FechaVto = '20050301';"
+      "INSERT INTO TempProvFacturas (NConcepto, Factura, Año, Fecha, Total) VALUES ('5', 'NUEVA', "
+      "'2005', '20050301', 9);"
+      "INSERT INTO TempProvVencimientos (NConcepto, NFactura, Año, FechaVto, Importe) VALUES ('5', "
+      "'NUEVA', '2005', '20050407', 9);"
+      "UPDATE TempProvPrevisionPagos SET Importe = 51 WHERE NConcepto = '7';"
+      "DELETE FROM TempProvPrevisionPagos WHERE NConcepto = '8';"
+      "INSERT INTO TempProvPrevisionPagos (NConcepto, Fecha1Vto) VALUES ('9', '20050302');"
+      "UPDATE TempCajaPagos SET Factura = 'NUEVA', Año = '2005' WHERE Factura IS NULL");
+  Grabar();
+  const auto grabado = Todo();
+  ASSERT_NE(grabado, antes);
+
+  const auto copia = Guardadas().at(0);
+  const salvaguarda::Reposicion seria = ComoSeria(copia);
+  EXPECT_THAT(
+      seria.Vuelven,
+      AllOf(Contains(salvaguarda::Fila{"ProvFacturas", "2", "F000001", "2005"}),
+            Contains(salvaguarda::Fila{"ProvVencimientos", "2", "F000001", "2005", "20050302"}),
+            Contains(salvaguarda::Fila{"ProvPrevisionPagos", "8", "", "", "20050101"})));
+  EXPECT_THAT(seria.SeVan,
+              AllOf(Contains(salvaguarda::Fila{"ProvFacturas", "5", "NUEVA", "2005"}),
+                    Contains(salvaguarda::Fila{"ProvPrevisionPagos", "9", "", "", "20050302"})));
+  EXPECT_THAT(
+      seria.Cambian,
+      AllOf(Contains(salvaguarda::Fila{"ProvVencimientos", "1", "F000000", "2005", "20050301"}),
+            Contains(salvaguarda::Fila{"ProvPrevisionPagos", "7", "", "", "20050101"}),
+            Contains(Field(&salvaguarda::Fila::Tabla, "CajaPagos"))));
+  EXPECT_EQ(Todo(), grabado) << "mirar no cambia nada";
+
+  Reponer(copia);
+  EXPECT_EQ(Todo(), antes);
+  EXPECT_EQ(ComoSeria(copia).Cuantas(), 0U);
+
+  const auto despues = Guardadas();
+  ASSERT_THAT(despues, SizeIs(2)) << "lo que había también se guardó";
+  EXPECT_EQ(despues[0].Usuario, "EVA");
+  Reponer(despues[0]);
+  EXPECT_EQ(Todo(), grabado);
+}
+
+TEST_F(Copias, LoQueNoEsDeLaCopiaNoSeToca) {
+  Cargar();
+  Grabar();
+  const auto copia = Guardadas().at(0);
+  Otro(
+      "INSERT INTO ProvFacturas (NConcepto, Factura, Año, Fecha, Total) VALUES ('1', 'DE-OTRO', "
+      "'2005', '20050301', 10); INSERT INTO ProvVencimientos (NConcepto, NFactura, Año, FechaVto, "
+      "Importe) VALUES ('1', 'DE-OTRO', '2005', '20050310', 10)");
+  const auto antes = Todo();
+  EXPECT_EQ(ComoSeria(copia).Cuantas(), 0U);
+  Reponer(copia);
+  EXPECT_EQ(Todo(), antes);
+}
+
+TEST_F(Copias, LoQueLaCargaDejoFueraYGrabarBorroVuelve) {
+  Otro("DELETE FROM ProvConceptos WHERE NConcepto = '2'");
+  const auto antes = Todo();
+  Cargar();
+  Grabar();
+  ASSERT_NE(Todo(), antes);
+  Reponer(Guardadas().at(0));
+  EXPECT_EQ(Todo(), antes);
+}
+
+TEST_F(Copias, UnaQueNoSePuedeReponerDejaTodoComoEstaba) {
+  Cargar();
+  Trabajar("DELETE FROM TempProvVencimientos WHERE NFactura = 'F000001'");
+  Grabar();
+  const auto copia = Guardadas().at(0);
+  Otro(
+      "CREATE TRIGGER No BEFORE INSERT ON ProvPrevisionPagos BEGIN SELECT RAISE(ABORT, 'no'); END;"
+      "CREATE TRIGGER Tampoco BEFORE INSERT ON ProvVencimientos BEGIN SELECT RAISE(ABORT, 'no'); "
+      "END");
+  const auto antes = Todo();
+  EXPECT_NE(apoyo::NumeroDeError([&] { Reponer(copia); }), 0);
+  EXPECT_EQ(Todo(), antes);
+  Otro("UPDATE ProvFacturas SET Total = Total");  // nobody holds the file
+}
+
+TEST_F(Copias, LoQueNoEsUnaCopiaNoSeLista) {
+  Cargar();
+  Grabar();
+  std::ofstream(Carpeta() + "/copias/filas-20990101-000000-001.sqlite")
+      << "no es una base de datos";
+  EXPECT_THAT(Guardadas(), SizeIs(1));
+}
+
+TEST_F(Copias, QuedanLasUltimasYLaPrimeraDeCadaDia) {
+  Cargar();
+  auto& copias = guardia->LasCopias();
+  const auto guardar = [&](int dia, int cuantas) {
+    for (int i = 0; i < cuantas; ++i) {
+      services::FechaHora momento = apoyo::kMarzo;
+      momento.Dias += dia;
+      momento.Segundos += i;
+      copias.Guardar(guardia->LaFoto().Conexion(), salvaguarda::AmbitoDeGrabacion({"1", "0"}, {}),
+                     {momento, "ANA", {"1", "0"}});
+    }
+  };
+  for (int dia = 0; dia < 70; ++dia) guardar(dia, 2);
+  guardar(70, 49);
+  const auto quedan = Ficheros("filas-");
+  // The last fifty, and the first of each of the sixty days before the last that has any.
+  EXPECT_THAT(quedan, SizeIs(50 + 60 - 1));
+  EXPECT_EQ(quedan.front(), "filas-20050326-110000-001.sqlite");
+  EXPECT_EQ(quedan.back(), "filas-20050524-110048-001.sqlite");
+}
+
+TEST_F(Copias, LaEnteraSeGuardaUnaVezAlDiaYQuedanDiez) {
+  auto& copias = guardia->LasCopias();
+  services::FechaHora momento = apoyo::kMarzo;
+  EXPECT_TRUE(copias.GuardarEntera(Negocio().FicheroDatos(), momento));
+  EXPECT_FALSE(copias.GuardarEntera(Negocio().FicheroDatos(), momento));
+  for (int i = 0; i < 11; ++i) {
+    ++momento.Dias;
+    EXPECT_TRUE(copias.GuardarEntera(Negocio().FicheroDatos(), momento));
+  }
+  const auto enteras = Ficheros("empresa-");
+  EXPECT_THAT(enteras, SizeIs(10));
+  const auto entera = sqlite::AbrirConexion(Carpeta() + "/copias/" + enteras.back());
+  EXPECT_EQ(entera->Consultar("SELECT count(*) FROM ProvVencimientos").Filas.En(0, 0).Numero(), 9);
+}
+
+class RescateDeUnaMuerte : public Copias {
+ protected:
+  std::optional<salvaguarda::Rescate> Rescate() {
+    return salvaguarda::BuscarRescate(*temp, Negocio().FicheroDatos());
+  }
+};
+
+TEST_F(RescateDeUnaMuerte, NoHayNadaQueRescatarDeUnaCopiaSinTocar) {
+  EXPECT_FALSE(Rescate()) << "nunca se ha cargado";
+  Cargar();
+  EXPECT_FALSE(Rescate());
+  Grabar();
+  EXPECT_FALSE(Rescate()) << "vacía";
+}
+
+TEST_F(RescateDeUnaMuerte, DiceCadaFilaQueNoEsComoLaGrabada) {
+  Cargar();
+  Trabajar(
+      "DELETE FROM TempProvFacturas WHERE Factura = 'F000001';"
+      "DELETE FROM TempProvVencimientos WHERE NFactura = 'F000001';"
+      "UPDATE TempProvVencimientos SET Pagado = 3 WHERE FechaVto = '20050301';"
+      "INSERT INTO TempProvFacturas (NConcepto, Factura, Año, Fecha, Total) VALUES ('5', 'NUEVA', "
+      "'2005', '20050301', 9);"
+      "UPDATE TempCajaPagos SET Factura = 'NUEVA', Año = '2005' WHERE Factura IS NULL");
+  const auto rescate = Rescate();
+  ASSERT_TRUE(rescate);
+  EXPECT_EQ(rescate->Copia.Rango.Desde, "20050301");
+  EXPECT_EQ(rescate->Copia.Usuario, "ANA");
+  EXPECT_EQ(rescate->Copia.Momento, "2005-03-15 11:00:00");
+  EXPECT_THAT(rescate->Filas,
+              AllOf(Contains(salvaguarda::Fila{"ProvVencimientos", "2", "F000001", "2005",
+                                               "20050302", "borrada"}),
+                    Contains(salvaguarda::Fila{"ProvVencimientos", "1", "F000000", "2005",
+                                               "20050301", "cambiada"}),
+                    Contains(salvaguarda::Fila{"ProvFacturas", "5", "NUEVA", "2005", "", "nueva"}),
+                    Contains(Field(&salvaguarda::Fila::Tabla, "CajaPagos"))));
+}
+
+TEST_F(RescateDeUnaMuerte, BuscarloNoCierraLasTablasDeLaEmpresaANadie) {
+  Cargar();
+  Trabajar("UPDATE TempProvVencimientos SET Pagado = 3 WHERE FechaVto = '20050301'");
+  temp->TerminarUnidad();
+  const auto deTrabajo = sqlite::AbrirConexion(Negocio().FicheroTemp(), {.UnidadDeTrabajo = true});
+  ASSERT_TRUE(salvaguarda::BuscarRescate(*deTrabajo, Negocio().FicheroDatos()));
+  Otro("UPDATE ProvFacturas SET Total = Total");
+}
+
+TEST_F(RescateDeUnaMuerte, DescartarLoDejaVacio) {
+  Cargar();
+  Trabajar("UPDATE TempProvVencimientos SET Pagado = 3 WHERE FechaVto = '20050301'");
+  salvaguarda::Descartar(*temp);
+  EXPECT_FALSE(Rescate());
+  EXPECT_EQ(temp->Consultar("SELECT count(*) FROM TempProvFacturas").Filas.En(0, 0).Numero(), 0);
+}
+
+}  // namespace

@@ -1,0 +1,244 @@
+#include <gmock/gmock.h>
+
+#include <filesystem>
+#include <fstream>
+
+#include "apoyo/errores.h"
+#include "host/salvaguarda/oficina.h"
+#include "valores/error.h"
+
+// What the suite asks before a "Grabar", and what it tells after it.
+
+namespace {
+
+using testing::AllOf;
+using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::IsEmpty;
+using testing::Not;
+using testing::SizeIs;
+
+class Guardia : public testing::Test, protected pruebas::Oficina {
+ protected:
+  std::string Factura(const std::string& numero) {
+    const auto totales =
+        Consulta("SELECT Total FROM ProvFacturas WHERE Factura = '" + numero + "'");
+    return totales.empty() ? "no está" : totales.front();
+  }
+};
+
+TEST_F(Guardia, NoPreguntaNiCuentaNadaCuandoNadaSePierde) {
+  Cargar();
+  Grabar();
+  Cargar();
+  EXPECT_THAT(Preguntas, IsEmpty());
+  EXPECT_EQ(Contado(), "");
+  EXPECT_EQ(Avisos, 0);
+}
+
+TEST_F(Guardia, PreguntaAntesDeDeshacerLoDeOtro) {
+  Cargar();
+  Otro("UPDATE ProvFacturas SET Total = 99.5, ModificadoPor = 'EVA' WHERE Factura = 'F000001'");
+  Grabar();
+  ASSERT_THAT(Preguntas, SizeIs(1));
+  EXPECT_EQ(
+      Preguntas[0],
+      "Otro usuario ha cambiado lo que había al cargar (1 factura):\n"
+      "· factura F000001 de 2005 del concepto 2: la ha cambiado EVA, y volvería a ser como era"
+      "\n\n¿Grabar de todos modos?");
+  EXPECT_NE(Factura("F000001"), "99,5") << "con Sí se graba";
+}
+
+TEST_F(Guardia, ConNoNoSeGrabaNadaYSePuedeGrabarDespues) {
+  Cargar();
+  Trabajar("UPDATE TempProvFacturas SET Total = 5 WHERE Factura = 'F000000'");
+  Otro("UPDATE ProvFacturas SET Total = 99.5 WHERE Factura = 'F000001'");
+  const auto antes = Todo();
+  Respuesta = false;
+  EXPECT_EQ(apoyo::NumeroDeError([this] { Grabar(); }), services::error::FilaCambiada);
+  EXPECT_EQ(Todo(), antes);
+  Respuesta = true;
+  Grabar();
+  EXPECT_EQ(Factura("F000000"), "5");
+  EXPECT_THAT(Preguntas, SizeIs(2));
+}
+
+TEST_F(Guardia, VuelveAPreguntarPorLoQueCambiaMientrasSePregunta) {
+  Cargar();
+  Otro("UPDATE ProvFacturas SET Total = 1 WHERE Factura = 'F000001'");
+  guardia->Preguntar = [this](const std::string& pregunta) {
+    Preguntas.push_back(pregunta);
+    if (Preguntas.size() == 1) Otro("UPDATE ProvFacturas SET Total = 2 WHERE Factura = 'F000002'");
+    return true;
+  };
+  Grabar();
+  ASSERT_THAT(Preguntas, SizeIs(2));
+  EXPECT_THAT(Preguntas[1], AllOf(HasSubstr("F000002"), Not(HasSubstr("F000001"))));
+}
+
+TEST_F(Guardia, QuienGrabaLoMismoNoCambiaNada) {
+  Cargar();
+  Otro("UPDATE ProvFacturas SET Actualizado = '2005-03-15 12:00:00', ModificadoPor = 'EVA'");
+  Grabar();
+  EXPECT_THAT(Preguntas, IsEmpty());
+}
+
+TEST_F(Guardia, CuentaLoQueOtroAnadioYLoQueBorro) {
+  Cargar();
+  Otro(
+      "INSERT INTO ProvFacturas SELECT NConcepto, 'NUEVA', Año, Fecha, Total, forpago, NRecibos, "
+      "Dias1Vto, BIRPF, TipoIRPF, IRPF, Cadencia, Actualizado, 'EVA' FROM ProvFacturas LIMIT 1;"
+      "INSERT INTO ProvVencimientos (NConcepto, NFactura, Año, FechaVto, Importe) VALUES ('1', "
+      "'NUEVA', '2005', '20050320', 10);"
+      "DELETE FROM ProvFacturas WHERE Factura = 'F000002';"
+      "DELETE FROM ProvVencimientos WHERE NFactura = 'F000001' AND FechaVto = '20050302'");
+  Grabar();
+  ASSERT_THAT(Preguntas, SizeIs(1));
+  EXPECT_THAT(Preguntas[0],
+              AllOf(HasSubstr("NUEVA de 2005 del concepto 1: la ha añadido EVA, y se borraría"),
+                    HasSubstr("F000002 de 2005 del concepto 3: otro usuario la ha borrado, y se "
+                              "volvería a grabar"),
+                    HasSubstr("F000001 de 2005 del concepto 2: la ha cambiado CARMEN")));
+}
+
+TEST_F(Guardia, CuentaLosApuntesYLasPrevisionesQueOtroCambio) {
+  Otro(
+      "INSERT INTO ProvPrevisionPagos (NConcepto, Fecha1Vto, Cada, Tipo, Importe) VALUES ('7', "
+      "'20050101', 1, 2, 50)");
+  Cargar();
+  Otro(
+      "UPDATE ProvPrevisionPagos SET Importe = 60, ModificadoPor = 'EVA';"
+      "UPDATE CajaPagos SET Factura = 'X', Año = '2005', ModificadoPor = 'EVA' WHERE Factura IS "
+      "NULL "
+      "AND FechaHora = '2005-02-01 00:01:00';"
+      "INSERT INTO CajaPagos (idSucursal, FechaHora, Tipo, Importe) VALUES ('9', '2005-03-14 "
+      "08:00:00', 1, 5)");
+  Grabar();
+  ASSERT_THAT(Preguntas, SizeIs(1));
+  EXPECT_THAT(Preguntas[0], AllOf(HasSubstr("(1 previsión, 1 apunte de caja)"),
+                                  HasSubstr("previsión del concepto 7: la ha cambiado EVA"),
+                                  HasSubstr("apunte de caja de")));
+}
+
+TEST_F(Guardia, LoDeOtroEnOtrasFechasNoImporta) {
+  Otro(
+      "INSERT INTO ProvFacturas (NConcepto, Factura, Año, Fecha, Total) VALUES ('1', 'ABRIL', "
+      "'2005', '20050301', 10); INSERT INTO ProvVencimientos (NConcepto, NFactura, Año, FechaVto, "
+      "Importe) VALUES ('1', 'ABRIL', '2005', '20050410', 10)");
+  Cargar();
+  Otro(
+      "UPDATE ProvFacturas SET Total = 11 WHERE Factura = 'ABRIL'; UPDATE ProvVencimientos SET "
+      "Importe = 11 WHERE NFactura = 'ABRIL'");
+  Grabar();
+  EXPECT_THAT(Preguntas, IsEmpty());
+  EXPECT_EQ(Factura("ABRIL"), "11");
+}
+
+TEST_F(Guardia, UnNumeroQueYaEstaEnOtrasFechasSePregunta) {
+  Otro(
+      "INSERT INTO ProvFacturas (NConcepto, Factura, Año, Fecha, Total) VALUES ('1', 'ABRIL', "
+      "'2005', '20050301', 10); INSERT INTO ProvVencimientos (NConcepto, NFactura, Año, FechaVto, "
+      "Importe) VALUES ('1', 'ABRIL', '2005', '20050410', 10)");
+  Cargar();
+  Trabajar(
+      "INSERT INTO TempProvFacturas (NConcepto, Factura, Año, Fecha, Total) VALUES ('1', "
+      "'ABRIL', '2005', '20050301', 77); INSERT INTO TempProvVencimientos (NConcepto, NFactura, "
+      "Año, FechaVto, Importe) VALUES ('1', 'ABRIL', '2005', '20050325', 77)");
+  Grabar();
+  ASSERT_THAT(Preguntas, SizeIs(1));
+  EXPECT_THAT(Preguntas[0], HasSubstr("ABRIL de 2005 del concepto 1: ya está grabada con "
+                                      "vencimientos de otras fechas"));
+  EXPECT_THAT(Contado(), HasSubstr("No se han podido grabar estas filas"));
+}
+
+TEST_F(Guardia, SinLaOpcionNoPreguntaPorLosOtros) {
+  guardia->AvisarDeOtros = false;
+  Cargar();
+  Otro("UPDATE ProvFacturas SET Total = 99.5 WHERE Factura = 'F000001'");
+  Grabar();
+  EXPECT_THAT(Preguntas, IsEmpty());
+}
+
+TEST_F(Guardia, LoQueLaCargaDejaFueraSeCuentaUnaVezYSePreguntaAntesDeBorrarlo) {
+  Otro("DELETE FROM ProvConceptos WHERE NConcepto = '2'");
+  Cargar();
+  EXPECT_GT(Avisos, 0);
+  const std::string contado = Contado();
+  EXPECT_THAT(contado, AllOf(HasSubstr("(1 factura, 3 vencimientos)"),
+                             HasSubstr("factura F000001 de 2005 del concepto 2: su concepto no "
+                                       "existe"),
+                             HasSubstr("vencimiento 02/03/2005 de la factura F000001")));
+  Cargar();
+  EXPECT_EQ(Contado(), "") << "lo mismo no se repite a cada carga";
+  Grabar();
+  ASSERT_THAT(Preguntas, SizeIs(1));
+  EXPECT_THAT(Preguntas[0], HasSubstr("que no se cargaron, y que se borrarían"));
+  EXPECT_EQ(Factura("F000001"), "no está");
+}
+
+TEST_F(Guardia, LosBlancosDeUnLadoDejanFueraYSeCuentan) {
+  Otro(
+      "UPDATE ProvVencimientos SET NFactura = NFactura || ' ' WHERE NFactura = 'F000001' AND "
+      "FechaVto = '20050302'");
+  Cargar();
+  EXPECT_THAT(Contado(), AllOf(HasSubstr("(1 vencimiento)"),
+                               HasSubstr("sus blancos no son los de su factura")));
+}
+
+TEST_F(Guardia, UnaFilaQueLaCopiaNoAdmiteSePreguntaTambien) {
+  Trabajar(
+      "CREATE TRIGGER SinUna BEFORE INSERT ON TempProvVencimientos WHEN NEW.FechaVto = "
+      "'20050302' BEGIN SELECT RAISE(ABORT, 'no'); END");
+  Cargar();
+  EXPECT_THAT(Contado(), HasSubstr("vencimiento 02/03/2005 de la factura F000001"));
+  Respuesta = false;
+  EXPECT_NE(apoyo::NumeroDeError([this] { Grabar(); }), 0);
+}
+
+TEST_F(Guardia, UnaTablaSinCargarSeDiceEnseguida) {
+  Otro("ALTER TABLE ProvBasesIva RENAME TO Quitada");
+  Cargar();
+  EXPECT_THAT(Contado(), HasSubstr("No se ha podido cargar ProvBasesIva"));
+}
+
+TEST_F(Guardia, UnaFilaQueNoSeGrabaSeCuentaYUnaQueEstaIgualNo) {
+  // The other year's receipts come with the load, and can't be written twice.
+  Otro(
+      "INSERT INTO ProvFacturas (NConcepto, Factura, Año, Fecha, Total) VALUES ('1', 'F000000', "
+      "'2004', '20040201', 10); INSERT INTO ProvVencimientos (NConcepto, NFactura, Año, FechaVto, "
+      "Importe) VALUES ('1', 'F000000', '2004', '20040310', 10)");
+  Cargar();
+  Grabar();
+  EXPECT_EQ(Contado(), "");
+  Cargar();
+  Otro(
+      "CREATE TRIGGER SinUna BEFORE INSERT ON ProvFacturas WHEN NEW.Factura = 'F000002' BEGIN "
+      "SELECT RAISE(ABORT, 'no cabe'); END");
+  Grabar();
+  EXPECT_THAT(Contado(),
+              AllOf(HasSubstr("No se han podido grabar estas filas"),
+                    HasSubstr("factura F000002 de 2005 del concepto 3"), HasSubstr("no cabe")));
+}
+
+TEST_F(Guardia, SinSitioParaLaCopiaLoPregunta) {
+  Cargar();
+  std::ofstream(Carpeta() + "/copias") << "un fichero en su lugar";
+  Respuesta = false;
+  EXPECT_NE(apoyo::NumeroDeError([this] { Grabar(); }), 0);
+  ASSERT_THAT(Preguntas, SizeIs(1));
+  EXPECT_THAT(Preguntas[0], HasSubstr("No se ha podido guardar una copia"));
+}
+
+TEST_F(Guardia, TodoQuedaEnElRegistro) {
+  Otro("DELETE FROM ProvConceptos WHERE NConcepto = '2'");
+  Cargar();
+  const std::string contado = Contado();
+  std::ifstream registro(Carpeta() + "/registro.txt");
+  std::string linea;
+  std::getline(registro, linea);
+  EXPECT_THAT(linea, AllOf(HasSubstr("2005-03-15 11:00:00 ANA: No se han cargado"),
+                           HasSubstr("F000001"), HasSubstr("22/03/2005")))
+      << contado;
+}
+
+}  // namespace

@@ -1,0 +1,102 @@
+#pragma once
+
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "apoyo/componente_en_marcha.h"
+#include "apoyo/negocio_de_prueba.h"
+#include "platform/carpeta_temporal.h"
+#include "salvaguarda/conexion_guardada.h"
+#include "salvaguarda/guardia.h"
+#include "store/copia_de_trabajo.h"
+
+// A suite that guards its data, without a window: a component at work on March 2005, and somebody
+// else who writes in the same tables.
+
+namespace pruebas {
+
+class Oficina {
+ public:
+  explicit Oficina(apoyo::Tamano tamano = {3, 4}) : negocio_(tamano) {
+    guardia->Ahora = [] { return apoyo::kMarzo; };
+    guardia->Preguntar = [this](const std::string& pregunta) {
+      Preguntas.push_back(pregunta);
+      return Respuesta;
+    };
+    guardia->AlHaberQueContar = [this] { ++Avisos; };
+  }
+
+  void Cargar() {
+    Operacion([this] { copia_.Cargar(apoyo::kRangoDeMarzo); });
+  }
+  void Grabar() {
+    Operacion([this] { copia_.Grabar(); });
+  }
+  /// What another program does to the stored tables, in the engine's own SQL.
+  void Otro(const std::string& sql) { otro_->Ejecutar(sql); }
+  /// What the user does to the working copy.
+  void Trabajar(const std::string& sql) { temp->Ejecutar(sql); }
+
+  /// The first column of the stored rows that a query gives.
+  std::vector<std::string> Consulta(const std::string& sql) { return Columna(*otro_, sql); }
+  /// All that is stored, but for who wrote it when.
+  std::vector<std::string> Todo() {
+    return Consulta(
+        "SELECT NConcepto||'|'||Factura||'|'||Año||'|'||Fecha||'|'||Total||'|'||NRecibos FROM "
+        "ProvFacturas UNION ALL SELECT NConcepto||'|'||NFactura||'|'||Año||'|'||Tipo||'|'||Base "
+        "FROM "
+        "ProvBasesIva UNION ALL SELECT NConcepto||'|'||NFactura||'|'||Año||'|'||FechaVto||'|'||"
+        "Importe||'|'||ifnull(Pagado,'') FROM ProvVencimientos UNION ALL SELECT NConcepto||'|'||"
+        "Fecha1Vto||'|'||Importe FROM ProvPrevisionPagos UNION ALL SELECT idSucursal||'|'||"
+        "FechaHora||'|'||Tipo||'|'||ifnull(Factura,'')||'|'||ifnull(Año,'') FROM CajaPagos ORDER "
+        "BY 1");
+  }
+  std::vector<salvaguarda::Copia> Guardadas() { return guardia->LasCopias().Guardadas(); }
+  /// What the user is told now, in one text.
+  std::string Contado() {
+    for (const auto& omision : std::exchange(componente.Entorno().Omisiones, {})) {
+      guardia->PasadoPorAlto(omision);
+    }
+    std::string todo;
+    for (const std::string& parrafo : guardia->Contar().Parrafos) todo += parrafo + "\n";
+    return todo;
+  }
+  [[nodiscard]] std::string Carpeta() const { return carpeta_.Camino(); }
+  [[nodiscard]] const apoyo::NegocioDePrueba& Negocio() const { return negocio_; }
+
+ private:
+  static std::vector<std::string> Columna(sqlite::Conexion& base, const std::string& sql) {
+    const auto filas = base.Consultar(sql).Filas;
+    std::vector<std::string> columna;
+    for (std::size_t i = 0; i < filas.Cuantas(); ++i) columna.push_back(filas.En(i, 0).Texto());
+    return columna;
+  }
+  template <class Accion>
+  void Operacion(Accion&& accion) {
+    componente.Sesion().Escritorio().Operacion(std::forward<Accion>(accion));
+  }
+
+  apoyo::NegocioDePrueba negocio_;
+  CarpetaTemporal carpeta_;
+  services::Ref<sqlite::Conexion> otro_ = negocio_.AbrirDatos();
+
+ public:
+  services::Ref<sqlite::Conexion> datos = negocio_.AbrirDatos();
+  services::Ref<sqlite::Conexion> temp = negocio_.AbrirTemp();
+  std::shared_ptr<salvaguarda::Guardia> guardia = std::make_shared<salvaguarda::Guardia>(
+      salvaguarda::Guardia::Bases{datos, temp, negocio_.FicheroDatos()}, carpeta_.Camino(), "ANA");
+  apoyo::ComponenteEnMarcha componente{
+      services::Ref<services::Conexion>(
+          services::Crear<salvaguarda::ConexionGuardada>(datos, guardia)),
+      services::Ref<services::Conexion>(temp), apoyo::kMarzo};
+  std::vector<std::string> Preguntas;
+  bool Respuesta = true;
+  int Avisos = 0;
+
+ private:
+  store::CopiaDeTrabajo copia_{componente.RecibirSesion()};
+};
+
+}  // namespace pruebas
