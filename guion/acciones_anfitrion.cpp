@@ -1,4 +1,5 @@
 #include <array>
+#include <csignal>
 
 #include "guion/acciones.h"
 #include "guion/ejecucion.h"
@@ -65,6 +66,11 @@ void Fallo(Ejecucion& e, const Orden& o) {
   e.Mundo().VigiaDe(o.Texto(0)).Provocar(o.Entero(1), numero);
 }
 
+/// The end that comes without notice: nothing is written, unlocked or told any more.
+void Matar(Ejecucion&, const Orden&) {
+  std::raise(SIGKILL);
+}
+
 constexpr std::array kAcciones{
     Accion{"reloj", Reloj, true},
     Accion{"pantalla", Pantalla, true},
@@ -79,6 +85,7 @@ constexpr std::array kAcciones{
     Accion{"concepto", Concepto, true},
     Accion{"unidad", Unidad, true},
     Accion{"fallo", Fallo, true},
+    Accion{"matar", Matar, true},
 };
 
 }  // namespace

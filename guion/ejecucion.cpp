@@ -26,17 +26,34 @@ Ejecucion::~Ejecucion() {
   Entorno().AlFallar = nullptr;
 }
 
-int Ejecucion::Correr(std::vector<Orden> ordenes) {
-  ordenes_ = std::move(ordenes);
-  siguiente_ = 0;
+int Ejecucion::Correr(Fuente fuente) {
+  fuente_ = std::move(fuente);
+  acabada_ = false;
   Seguir([] { return false; });
   salida_.flush();
+  return Estado();
+}
+
+int Ejecucion::Estado() const {
   if (rota_) return kNoSeEntiende;
   return alguna_falla_ ? kAlgunaFalla : kBien;
 }
 
 void Ejecucion::Seguir(const std::function<bool()>& hasta) {
-  while (!SeAcabo() && !hasta()) Ejecutar(ordenes_[siguiente_++]);
+  while (!hasta()) {
+    const Orden* orden = Siguiente();
+    if (!orden) return;
+    Ejecutar(*orden);
+  }
+}
+
+const Orden* Ejecucion::Siguiente() {
+  if (rota_ || acabada_) return nullptr;
+  // Whoever reads along knows at once how far the run has come.
+  salida_.flush();
+  const Orden* orden = fuente_(Estado());
+  acabada_ = !orden;
+  return orden;
 }
 
 void Ejecucion::EsperarModal(services::Form& form) {
@@ -55,8 +72,6 @@ void Ejecucion::Ejecutar(const Orden& orden) {
   } catch (const headless::PreguntaSinRespuesta&) {
     // Told below: on other ways the exception may have been swallowed.
   }
-  // Whoever reads along knows at once how far the run has come.
-  salida_.flush();
   const auto& pregunta = Entorno().Mensajes.SinRespuesta();
   if (pregunta) Romper(orden.Linea, *pregunta);
 }

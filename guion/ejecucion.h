@@ -10,6 +10,7 @@
 
 #include "forms/form.h"
 #include "forms/widget.h"
+#include "guion/fuente.h"
 #include "guion/gramatica.h"
 #include "guion/mundo.h"
 #include "valores/error.h"
@@ -34,8 +35,8 @@ class Ejecucion {
   Ejecucion(const Ejecucion&) = delete;
   Ejecucion& operator=(const Ejecucion&) = delete;
 
-  /// Plays all commands; the exit status.
-  int Correr(std::vector<Orden> ordenes);
+  /// Plays all commands; the exit status. What was printed is flushed before each is asked for.
+  int Correr(Fuente fuente);
 
   // What the commands are made of.
 
@@ -75,14 +76,15 @@ class Ejecucion {
   void EsperarModal(services::Form& form);
   /// Ends the run: the text can't be understood any further.
   void Romper(int linea, const std::string& motivo);
-  [[nodiscard]] bool SeAcabo() const { return rota_ || siguiente_ >= ordenes_.size(); }
+  [[nodiscard]] const Orden* Siguiente();
+  [[nodiscard]] int Estado() const;
 
   guion::Mundo& mundo_;
   std::ostream& salida_;
   std::ostream& errores_;
-  std::vector<Orden> ordenes_;
-  std::size_t siguiente_ = 0;
+  Fuente fuente_;
   int linea_ = 0;
+  bool acabada_ = false;  // the source has no more commands
   bool rota_ = false;
   bool dejada_ = false;  // the text ended inside a modal screen
   bool alguna_falla_ = false;

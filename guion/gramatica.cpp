@@ -1,14 +1,12 @@
 #include "guion/gramatica.h"
 
-#include <algorithm>
 #include <charconv>
 
 namespace guion {
 namespace {
 
-using enum Clase;
-
 const std::vector<Firma>& Tabla() {
+  using enum Clase;
   static const std::vector<Firma> tabla{
       {"reloj", {Fecha, Hora}, 2},
       {"pantalla", {Positivo, Positivo}, 2},
@@ -23,6 +21,7 @@ const std::vector<Firma>& Tabla() {
       {"concepto", {Texto}, 1},
       {"unidad", {Unidad}, 1},
       {"fallo", {Base, Positivo, NumeroDeError}, 2},
+      {"matar", {}, 0},
 
       {"cargar", {}, 0},
       {"ocultar", {}, 0},
@@ -62,12 +61,6 @@ const std::vector<Firma>& Tabla() {
   return tabla;
 }
 
-const Firma* BuscarFirma(std::string_view nombre) {
-  const auto una = std::find_if(Tabla().begin(), Tabla().end(),
-                                [&](const Firma& f) { return f.Nombre == nombre; });
-  return una == Tabla().end() ? nullptr : &*una;
-}
-
 std::optional<std::int64_t> LeerNumero(std::string_view texto, int base) {
   std::int64_t numero = 0;
   const char* fin = texto.data() + texto.size();
@@ -96,6 +89,7 @@ bool EsEnteroDesde(std::string_view texto, int menor) {
 
 /// What was expected in the place of a word; empty when it is right.
 std::string_view LoQueFalta(Clase clase, const std::string& palabra) {
+  using enum Clase;
   const auto si = [](bool vale, std::string_view falta) { return vale ? "" : falta; };
   switch (clase) {
     case Texto:
@@ -130,50 +124,22 @@ std::string_view LoQueFalta(Clase clase, const std::string& palabra) {
       return si(palabra == "avisos", "avisos");
     case Unidad:
       return si(palabra == "evento" || palabra == "sentencia", "evento o sentencia");
+    case Sesion:
+      return si(palabra.size() == 1 && palabra[0] >= '1' && palabra[0] <= '9',
+                "un número de sesión, de 1 a 9");
     case Sql:
       return si(!palabra.empty(), "una sentencia");
   }
   return "";
 }
 
+}  // namespace
+
 void Comprobar(Clase clase, const std::string& palabra) {
   const std::string_view falta = LoQueFalta(clase, palabra);
   if (falta.empty()) return;
   throw NoSeEntiende("se esperaba " + std::string(falta) + " en lugar de \"" + palabra + "\"");
 }
-
-/// The signature that a line begins with, its name taken from the reader.
-const Firma& LeerNombre(Lector& lector) {
-  const std::string nombre = lector.Siguiente();
-  Lector adelantado = lector;
-  if (nombre == "espera" && adelantado.Quedan()) {
-    if (const Firma* firma = BuscarFirma(nombre + " " + adelantado.Siguiente())) {
-      lector = adelantado;
-      return *firma;
-    }
-  }
-  if (const Firma* firma = BuscarFirma(nombre)) return *firma;
-  throw NoSeEntiende("orden desconocida: " + nombre);
-}
-
-std::vector<std::string> LeerArgumentos(Lector& lector, const Firma& firma) {
-  std::vector<std::string> argumentos;
-  const std::size_t cuantos = firma.Argumentos.size();
-  const auto clase = [&](std::size_t i) { return firma.Argumentos[std::min(i, cuantos - 1)]; };
-  while (argumentos.size() < cuantos || firma.Repite) {
-    const bool sql = clase(argumentos.size()) == Sql;
-    if (!sql && !lector.Quedan()) break;
-    argumentos.push_back(sql ? lector.Resto() : lector.Siguiente());
-    Comprobar(clase(argumentos.size() - 1), argumentos.back());
-  }
-  if (argumentos.size() < firma.Minimo) {
-    throw NoSeEntiende("faltan argumentos en " + std::string(firma.Nombre));
-  }
-  if (lector.Quedan()) throw NoSeEntiende("sobran argumentos en " + std::string(firma.Nombre));
-  return argumentos;
-}
-
-}  // namespace
 
 int Orden::Entero(std::size_t i) const {
   return LeerEntero(Texto(i)).value();
@@ -185,24 +151,6 @@ std::int32_t Orden::NumeroDeError(std::size_t i) const {
 
 std::span<const Firma> Firmas() {
   return Tabla();
-}
-
-std::vector<Orden> Analizar(std::string_view texto) {
-  std::vector<Orden> ordenes;
-  int numero = 0;
-  for (const std::string_view linea : Lineas(texto)) {
-    ++numero;
-    try {
-      if (!EsUtf8(linea)) throw NoSeEntiende("el texto no es UTF-8");
-      Lector lector(linea);
-      if (!lector.Quedan()) continue;
-      const Firma& firma = LeerNombre(lector);
-      ordenes.push_back({numero, firma.Nombre, LeerArgumentos(lector, firma)});
-    } catch (const NoSeEntiende& fallo) {
-      throw ErrorDeTexto(numero, fallo.what());
-    }
-  }
-  return ordenes;
 }
 
 }  // namespace guion

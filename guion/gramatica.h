@@ -33,6 +33,7 @@ enum class Clase {
   TextoDeSesion,  ///< Pagina or Pantalla
   Avisos,         ///< that very word
   Unidad,         ///< evento or sentencia
+  Sesion,         ///< 1 to 9
   Sql,            ///< the rest of the line, comment marks included
 };
 
@@ -49,6 +50,7 @@ struct Orden {
   int Linea = 0;  ///< from 1
   std::string_view Nombre;
   std::vector<std::string> Argumentos;
+  int Sesion = 1;  ///< the one that it is for, from 1
 
   [[nodiscard]] const std::string& Texto(std::size_t i) const { return Argumentos.at(i); }
   [[nodiscard]] int Entero(std::size_t i) const;
@@ -65,8 +67,13 @@ class ErrorDeTexto : public NoSeEntiende {
 /// All commands. A claim is named by its first two words, the one about a property by the first.
 [[nodiscard]] std::span<const Firma> Firmas();
 
+/// Throws `NoSeEntiende` unless the word may stand as such an argument.
+void Comprobar(Clase clase, const std::string& palabra);
+
 /// The commands of a whole text. Throws `ErrorDeTexto` for its first fault.
 [[nodiscard]] std::vector<Orden> Analizar(std::string_view texto);
+/// Whether they are for more than the first session.
+[[nodiscard]] bool SonDeVarias(std::span<const Orden> ordenes);
 
 /// `SCREEN.W` in its two parts; the screen is empty for the main one.
 struct Referencia {

@@ -5,7 +5,11 @@
 
 #include "guion/bases.h"
 #include "guion/ejecucion.h"
+#include "guion/ficheros.h"
+#include "guion/fuente.h"
 #include "guion/opciones_guion.h"
+#include "guion/salida_de_sesion.h"
+#include "guion/sesiones.h"
 
 namespace guion {
 namespace {
@@ -22,32 +26,52 @@ std::string LeerGuion(const std::string& fichero, std::istream& entrada) {
   return texto;
 }
 
+/// What `accion` gives; an error is told, and gives the status for it.
+template <class Accion>
+int Intentar(std::ostream& errores, Accion accion) {
+  try {
+    return accion();
+  } catch (const ErrorDeTexto& fallo) {
+    errores << "línea " << fallo.Linea << ": " << fallo.what() << '\n';
+  } catch (const std::exception& fallo) {
+    errores << fallo.what() << '\n';
+  }
+  return kNoSeEntiende;
+}
+
+/// One session, from the opening of its databases to the last of its commands.
+int JugarSesion(int sesion, const Fuente& fuente, const Ficheros& ficheros, Corrientes corrientes,
+                const Fabrica& fabrica) {
+  Bases bases(ficheros, sesion);
+  Mundo mundo(bases.Datos(), bases.Local(), fabrica);
+  services::InstalarPlataforma(mundo.Plataforma());
+  SalidaDeSesion destino(corrientes.Salida, sesion);
+  std::ostream salida(&destino);
+  return Ejecucion(mundo, salida, corrientes.Errores).Correr(fuente);
+}
+
 int Jugar(const std::vector<std::string>& argumentos, Corrientes corrientes,
           const Fabrica& fabrica) {
   const Opciones opciones = LeerOpciones(argumentos);
   // Nothing is made, let alone run, of a text that isn't understood as a whole.
-  std::vector<Orden> ordenes = Analizar(LeerGuion(opciones.Fichero, corrientes.Entrada));
-  Bases bases(opciones);
-  if (opciones.Mantener && !bases.Carpeta().empty()) {
-    corrientes.Errores << "bases de datos en " << bases.Carpeta() << '\n';
+  const std::vector<Orden> ordenes = Analizar(LeerGuion(opciones.Fichero, corrientes.Entrada));
+  const Ficheros ficheros(opciones);
+  if (opciones.Mantener && !ficheros.Carpeta().empty()) {
+    corrientes.Errores << "bases de datos en " << ficheros.Carpeta() << '\n';
   }
-  Mundo mundo(bases.Datos(), bases.Local(), fabrica);
-  services::InstalarPlataforma(mundo.Plataforma());
-  return Ejecucion(mundo, corrientes.Salida, corrientes.Errores).Correr(std::move(ordenes));
+  const auto papel = [&](int sesion, const Fuente& fuente) {
+    return Intentar(corrientes.Errores,
+                    [&] { return JugarSesion(sesion, fuente, ficheros, corrientes, fabrica); });
+  };
+  if (!SonDeVarias(ordenes)) return papel(1, Seguidas(ordenes));
+  return Sesiones(ordenes, papel, corrientes.Errores).Correr();
 }
 
 }  // namespace
 
 int Programa(const std::vector<std::string>& argumentos, Corrientes corrientes,
              const Fabrica& fabrica) {
-  try {
-    return Jugar(argumentos, corrientes, fabrica);
-  } catch (const ErrorDeTexto& fallo) {
-    corrientes.Errores << "línea " << fallo.Linea << ": " << fallo.what() << '\n';
-  } catch (const std::exception& fallo) {
-    corrientes.Errores << fallo.what() << '\n';
-  }
-  return kNoSeEntiende;
+  return Intentar(corrientes.Errores, [&] { return Jugar(argumentos, corrientes, fabrica); });
 }
 
 }  // namespace guion

@@ -23,7 +23,7 @@ class UnGuion : public testing::Test {
         datos, local, [&el] { return services::Crear<pruebas::ClaseDeMentira>(el->Plataforma()); });
     el = &mundo;
     guion::Ejecucion ejecucion(mundo, salida, errores);
-    const int estado = ejecucion.Correr(guion::Analizar(texto));
+    const int estado = ejecucion.Correr(guion::Seguidas(guion::Analizar(texto)));
     return {estado, salida.str(), errores.str()};
   }
 

@@ -67,6 +67,29 @@ TEST(Gramatica, LaPrimeraFaltaDiceSuLineaYSuMotivo) {
   EXPECT_EQ(Falta("\nteclear TxtA").first, 2);
 }
 
+TEST(Gramatica, CadaOrdenEsDeSuSesion) {
+  const auto ordenes = Analizar(
+      "cargar\nsesion 2 cargar # solo esta\navisos\nsesion 3\nespera celda G 1 2 x\n"
+      "sesion 1 datos SELECT 1 # 2\navisos");
+  std::vector<int> sesiones;
+  for (const Orden& orden : ordenes) sesiones.push_back(orden.Sesion);
+  EXPECT_EQ(sesiones, (std::vector<int>{1, 2, 1, 3, 1, 3}));
+  EXPECT_EQ(ordenes.at(1).Linea, 2);
+  EXPECT_EQ(ordenes.at(3).Nombre, "espera celda");
+  EXPECT_EQ(ordenes.at(4).Texto(0), "SELECT 1 # 2");
+  EXPECT_TRUE(guion::SonDeVarias(ordenes));
+  EXPECT_FALSE(guion::SonDeVarias(Analizar("sesion 1\ncargar\nsesion 2")));
+}
+
+TEST(Gramatica, MatarPideQueHayaOtraSesion) {
+  EXPECT_EQ(Falta("cargar\nsesion 1 matar"), std::make_pair(2, std::string("no hay más sesión que "
+                                                                           "esta")));
+  EXPECT_EQ(Falta("matar\nsesion 2 cargar").first, 0);
+  EXPECT_EQ(Falta("sesion 2\nmatar").first, 0);
+  EXPECT_EQ(Falta("sesion 0 cargar").second,
+            "se esperaba un número de sesión, de 1 a 9 en lugar de \"0\"");
+}
+
 class TextoMalo : public testing::TestWithParam<const char*> {};
 
 TEST_P(TextoMalo, NoSeEntiende) {
@@ -86,7 +109,8 @@ INSTANTIATE_TEST_SUITE_P(
                     "valor Barra 99999999999", "celda G 1", "pulsar A.B.C", "pulsar .B",
                     "anadir \"sin cerrar", "anadir \"a\"b", "anadir a\"b\"", "anadir \"\\t\"",
                     "anadir \"\\", "anadir \xC3", "anadir \xED\xA0\x80", "foco? TxtA",
-                    "avisos todos"));
+                    "avisos todos", "sesion", "sesion dos", "sesion 10", "sesion 2 sesion 3 cargar",
+                    "sesion 2 bailar", "sesion 2 teclear TxtA", "sesion 2 matar ya"));
 
 TEST(Gramatica, LosNombresDeWidgetLlevanPantallaYElemento) {
   EXPECT_EQ(guion::LeerReferencia("TxtA")->Pantalla, "");

@@ -1,44 +1,18 @@
 #include <gtest/gtest.h>
-#include <sys/wait.h>
 
-#include <cstdlib>
 #include <filesystem>
 #include <fstream>
-#include <sstream>
 #include <string>
 
-#include "guion/carpeta_temporal.h"
-#include "guion/corrida.h"
+#include "guion/el_programa.h"
 #include "guion/opciones_guion.h"
 #include "guion/texto_guion.h"
 #include "sqlite/conexion_sqlite.h"
 
 namespace fs = std::filesystem;
+using pruebas::ElPrograma;
 
 namespace {
-
-std::string Leer(const fs::path& fichero) {
-  std::ostringstream texto;
-  texto << std::ifstream(fichero).rdbuf();
-  return texto.str();
-}
-
-/// Runs the program itself, its temporary files in a folder of the test's own.
-class ElPrograma : public testing::Test {
- protected:
-  guion::CarpetaTemporal carpeta{false};
-  fs::path temporales = carpeta.Ruta() / "tmp";
-  void SetUp() override { fs::create_directory(temporales); }
-
-  pruebas::Corrida Correr(const std::string& opciones, const std::string& texto) {
-    std::ofstream(carpeta.Ruta() / "x.guion") << texto;
-    const std::string en = carpeta.Ruta().string();
-    const std::string orden = "cd " + en + " && TMPDIR=" + temporales.string() + " " +
-                              TESVARA_GUION + " " + opciones + " >salida 2>errores <x.guion";
-    const int estado = std::system(orden.c_str());
-    return {WEXITSTATUS(estado), Leer(carpeta.Ruta() / "salida"), Leer(carpeta.Ruta() / "errores")};
-  }
-};
 
 TEST_F(ElPrograma, TodoBienDaCeroYNoDejaNada) {
   const pruebas::Corrida corrida = Correr("x.guion", "cargar\npantallas\n");

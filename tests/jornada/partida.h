@@ -20,7 +20,7 @@ namespace jornada {
 /// A component with databases of its own, over which texts are played one after the other.
 class Partida {
  public:
-  explicit Partida(const guion::Opciones& opciones = {}) : bases_(opciones) {}
+  explicit Partida(const guion::Opciones& opciones = {}) : ficheros_(opciones) {}
 
   struct Jugada {
     int Estado;
@@ -30,7 +30,8 @@ class Partida {
   Jugada Jugar(const std::string& texto) {
     std::ostringstream salida;
     std::ostringstream errores;
-    const int estado = guion::Ejecucion(mundo_, salida, errores).Correr(guion::Analizar(texto));
+    const int estado =
+        guion::Ejecucion(mundo_, salida, errores).Correr(guion::Seguidas(guion::Analizar(texto)));
     return {estado, salida.str(), errores.str()};
   }
 
@@ -45,7 +46,8 @@ class Partida {
   [[nodiscard]] guion::Anfitrion& Anfitrion() { return mundo_.Anfitrion(); }
 
  private:
-  guion::Bases bases_;
+  guion::Ficheros ficheros_;
+  guion::Bases bases_{ficheros_, 1};
   guion::Mundo mundo_{bases_.Datos(), bases_.Local(), [this] {
                         return services::Ref<services::IClassTesvara>(
                             services::Crear<shell::ClassTesvara>(datos_, pantallas_));

@@ -1,0 +1,32 @@
+#pragma once
+
+#include <optional>
+#include <string>
+
+#include "guion/carpeta_temporal.h"
+#include "guion/opciones_guion.h"
+
+namespace guion {
+
+/// Where the databases of a run are. A file that the options don't tell is in a folder made for the
+/// run, which goes with it unless it is to be kept; files that they tell always stay.
+class Ficheros {
+ public:
+  /// Opens and makes no database.
+  explicit Ficheros(const Opciones& opciones);
+
+  [[nodiscard]] const std::string& Datos() const { return datos_; }
+  /// Of the first session, the file itself; of another one, with its number before the extension.
+  [[nodiscard]] std::string Local(int sesion) const;
+  /// The folder made for this run; empty when there was no need of it.
+  [[nodiscard]] std::string Carpeta() const { return carpeta_ ? carpeta_->Ruta().string() : ""; }
+
+ private:
+  [[nodiscard]] std::string Fichero(const std::string& dado, const char* nombre, bool conservar);
+
+  std::optional<CarpetaTemporal> carpeta_;
+  std::string datos_;
+  std::string local_;
+};
+
+}  // namespace guion
