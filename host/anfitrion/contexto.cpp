@@ -37,6 +37,18 @@ services::HRESULT Contexto::EntregarSesion(
   return services::hr::Bien;
 }
 
+void Contexto::PasadoPorAlto(const services::Omision& omision) noexcept {
+  sesion_.Custodia->Guardia().PasadoPorAlto(omision);
+}
+
+bool Contexto::HayCopiaPorRetomar(std::string& desde, std::string& hasta) noexcept {
+  const auto& rango = sesion_.Custodia->PorRetomar();
+  if (!rango) return false;
+  desde = rango->Desde;
+  hasta = rango->Hasta;
+  return true;
+}
+
 services::HRESULT Contexto::RepintarForm(Ref<IUnknown>&) noexcept {
   return services::hr::Bien;
 }

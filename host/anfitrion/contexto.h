@@ -2,6 +2,7 @@
 
 #include <string>
 
+#include "anfitrion/custodia.h"
 #include "anfitrion/datos.h"
 #include "services/anfitrion.h"
 
@@ -16,11 +17,14 @@ struct Sesion {
   std::int32_t AnchoReferencia = 0;
   std::int32_t AltoReferencia = 0;
   std::string Usuario;
+  /// Who keeps the data. Outlives the context.
+  anfitrion::Custodia* Custodia = nullptr;
 };
 
 /// The context object that a component is handed.
 class Contexto final
-    : public services::ObjetoContado<services::IDatosClase, services::IDescripcionError> {
+    : public services::ObjetoContado<services::IDatosClase, services::IDescripcionError,
+                                     services::IOidoDeOmisiones, services::ICopiaPorRetomar> {
  public:
   explicit Contexto(Sesion sesion) : sesion_(std::move(sesion)) {}
 
@@ -36,6 +40,9 @@ class Contexto final
 
   /// The suite draws nothing of its own around a form: it hands back the same one.
   services::HRESULT RepintarForm(services::Ref<services::IUnknown>& form) noexcept override;
+
+  void PasadoPorAlto(const services::Omision& omision) noexcept override;
+  bool HayCopiaPorRetomar(std::string& desde, std::string& hasta) noexcept override;
 
   const char* Descripcion() noexcept override { return descripcion_.c_str(); }
   std::int32_t Numero() noexcept override { return numero_; }

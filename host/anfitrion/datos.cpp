@@ -3,6 +3,7 @@
 #include <QDateTime>
 #include <QStandardPaths>
 
+#include "anfitrion/fechas.h"
 #include "esquema/esquema_sqlite.h"
 #include "muestra/muestra.h"
 #include "valores/error.h"
@@ -12,11 +13,6 @@ namespace anfitrion {
 namespace {
 
 namespace fs = std::filesystem;
-
-services::FechaHora Hoy() {
-  const QDate hoy = QDate::currentDate();
-  return services::HacerFecha(hoy.year(), hoy.month(), hoy.day());
-}
 
 /// Makes a file whole or not at all: it gets its name once it is filled.
 template <class Preparar>
@@ -34,11 +30,11 @@ void CrearFichero(const fs::path& fichero, const Preparar& preparar) {
   fs::rename(enCurso, fichero);
 }
 
-services::Ref<services::Conexion> AbrirAlmacenados(const fs::path& fichero, bool propio) {
+services::Ref<sqlite::Conexion> AbrirAlmacenados(const fs::path& fichero, bool propio) {
   if (propio && !fs::exists(fichero)) {
     CrearFichero(fichero, [](sqlite::Conexion& conexion) {
       esquema::CrearAlmacenadas(conexion);
-      muestra::Llenar(conexion, Hoy());
+      muestra::Llenar(conexion, {Ahora().Dias, 0});
     });
   }
   return sqlite::AbrirConexion(fichero.string());

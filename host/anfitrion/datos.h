@@ -12,7 +12,7 @@ namespace anfitrion {
 
 /// The two databases of the session.
 struct Datos {
-  services::Ref<services::Conexion> Almacenados;
+  services::Ref<sqlite::Conexion> Almacenados;
   services::Ref<sqlite::Conexion> DeTrabajo;
   /// What the status bar says of each.
   std::string NombreAlmacenados;

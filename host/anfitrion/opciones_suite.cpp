@@ -51,6 +51,8 @@ Opciones LeerOpciones(const QStringList& argumentos) {
       opciones.Captura = lectura.Valor();
     } else if (opcion == "--carpeta") {
       opciones.Carpeta = lectura.Valor();
+    } else if (opcion == "--sin-avisar-de-otros") {
+      opciones.AvisarDeOtros = false;
     } else if (opcion == "--help" || opcion == "--ayuda") {
       opciones.Ayuda = true;
     } else {
@@ -66,6 +68,7 @@ QString TextoDeAyuda() {
          "  --usuario NOMBRE     quién firma los cambios (ANA)\n"
          "  --referencia AN AL   pantalla para la que se disponen los formularios, en twips\n"
          "  --carpeta CARPETA    carpeta de los ficheros de la suite\n"
+         "  --sin-avisar-de-otros  graba sin preguntar aunque otro usuario haya cambiado lo mismo\n"
          "  --captura CARPETA    deja una imagen de la pantalla, escribe la lista y termina";
 }
 

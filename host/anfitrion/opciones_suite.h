@@ -21,6 +21,8 @@ struct Opciones {
   QString Captura;
   /// Folder of the suite's own files; the user's data folder when empty.
   QString Carpeta;
+  /// Whether to ask before a "Grabar" that would undo what others have done since the load.
+  bool AvisarDeOtros = true;
   bool Ayuda = false;
 };
 

@@ -72,7 +72,8 @@ VentanaPrincipal::VentanaPrincipal(const Opciones& opciones, const Datos& datos)
         return automation::CrearObjeto<services::IClassTesvara>(services::IClassTesvara::ProgId);
       }),
       marco_(new Superficie),
-      datos_(datos) {
+      datos_(datos),
+      custodia_(*this, datos, opciones) {
   setWindowTitle("Sorvex");
   marco_->setObjectName("marco");
   setCentralWidget(new AreaDesplazable(*marco_));
@@ -83,19 +84,23 @@ VentanaPrincipal::VentanaPrincipal(const Opciones& opciones, const Datos& datos)
   const Opciones::Medida real{pantalla.width() * services::kTwips,
                               pantalla.height() * services::kTwips};
   const Opciones::Medida referencia = opciones.Referencia.value_or(real);
-  contexto_ = services::Crear<Contexto>(Sesion{
-      datos.Almacenados, services::Ref<services::Conexion>(datos.DeTrabajo), ComoForm(*marco_),
-      ComoForm(*this), referencia.Ancho, referencia.Alto, opciones.Usuario.toStdString()});
+  contexto_ = services::Crear<Contexto>(
+      Sesion{custodia_.Almacenados(), services::Ref<services::Conexion>(datos.DeTrabajo),
+             ComoForm(*marco_), ComoForm(*this), referencia.Ancho, referencia.Alto,
+             opciones.Usuario.toStdString(), &custodia_});
+  custodia_.CerrarSinGrabar = [this] { Hacer(&services::IClassTesvara::Cerrar); };
 }
 
 void VentanaPrincipal::ComponerMenu() {
+  QMenu* archivo = menuBar()->addMenu("&Archivo");
+  archivo->addAction("&Recuperar una copia...", this, [this] { RecuperarUnaCopia(); });
+  archivo->addSeparator();
+  archivo->addAction("&Salir", QKeySequence(Qt::CTRL | Qt::Key_Q), this, &QWidget::close);
   QMenu* pagos = menuBar()->addMenu("&Pagos");
   pagos->addAction("&Tesvara de Pagos", QKeySequence(Qt::CTRL | Qt::Key_T), this,
                    [this] { AbrirPagos(); });
   pagos->addAction("&Ocultar", this, [this] { Hacer(&services::IClassTesvara::Ocultar); });
   pagos->addAction("&Cerrar", this, [this] { Hacer(&services::IClassTesvara::Cerrar); });
-  pagos->addSeparator();
-  pagos->addAction("&Salir", QKeySequence(Qt::CTRL | Qt::Key_Q), this, &QWidget::close);
 }
 
 void VentanaPrincipal::ComponerEstado(const Opciones& opciones, const Datos& datos) {
@@ -116,7 +121,16 @@ bool VentanaPrincipal::AbrirPagos() {
     Mostrar(QMessageBox::Critical, QString::fromStdString(fallo.Descripcion()));
     return false;
   }
-  return Comprobar(pagos_->Cargar(contexto_));
+  if (!Comprobar(pagos_->Cargar(contexto_))) return false;
+  custodia_.Abierta();
+  return true;
+}
+
+/// What is open is closed first, with its own questions, and opened anew on what was put back.
+void VentanaPrincipal::RecuperarUnaCopia() {
+  const bool abierta = HayPantalla();
+  custodia_.Recuperar([this] { return Hacer(&services::IClassTesvara::Cerrar) && !HayPantalla(); });
+  if (abierta && !HayPantalla()) AbrirPagos();
 }
 
 /// Asked to hide or close a screen that isn't there, the component would make one first.
@@ -162,7 +176,9 @@ bool VentanaPrincipal::Preguntar(const QString& texto) {
 }
 
 void VentanaPrincipal::closeEvent(QCloseEvent* evento) {
-  evento->setAccepted(CerrarPagos());
+  const bool cerrada = CerrarPagos();
+  custodia_.Contar();
+  evento->setAccepted(cerrada);
 }
 
 /// The screen asks about unsaved changes as it goes.

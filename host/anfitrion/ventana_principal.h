@@ -4,6 +4,7 @@
 #include <QMessageBox>
 #include <functional>
 
+#include "anfitrion/custodia.h"
 #include "anfitrion/datos.h"
 #include "anfitrion/opciones_suite.h"
 #include "services/anfitrion.h"
@@ -20,6 +21,7 @@ class VentanaPrincipal final : public QMainWindow {
   /// opened.
   bool AbrirPagos();
   [[nodiscard]] QWidget& Marco() { return *marco_; }
+  [[nodiscard]] anfitrion::Custodia& Custodia() { return custodia_; }
 
   /// Makes "Tesvara de Pagos", the first time that it is opened.
   std::function<services::Ref<services::IClassTesvara>()> CrearPagos;
@@ -47,8 +49,11 @@ class VentanaPrincipal final : public QMainWindow {
   [[nodiscard]] bool CerrarPagos();
   [[nodiscard]] bool ApartarTrabajo();
 
+  void RecuperarUnaCopia();
+
   QWidget* marco_;
   Datos datos_;
+  anfitrion::Custodia custodia_;
   services::Ref<services::IDatosClase> contexto_;
   services::Ref<services::IClassTesvara> pagos_;
 };

@@ -1,7 +1,9 @@
 #include "salvaguarda/copias.h"
 
 #include <algorithm>
+#include <chrono>
 #include <fstream>
+#include <random>
 #include <set>
 
 #include "salvaguarda/sql.h"
@@ -18,6 +20,7 @@ using sql::Texto;
 constexpr std::string_view kDeFilas = "filas-";
 constexpr std::string_view kEntera = "empresa-";
 constexpr std::string_view kExtension = ".sqlite";
+constexpr std::string_view kSinAcabar = ".nuevo";
 
 /// A moment as a name has it, so that names sort as moments: `20261122-141507`.
 std::string EnNombre(services::FechaHora momento) {
@@ -39,13 +42,19 @@ std::vector<std::string> Nombres(const fs::path& carpeta, std::string_view princ
   return nombres;
 }
 
+/// What tells the files of this program from those of another that copies to the same folder.
+const std::string& Propio() {
+  static const std::string propio = std::to_string(std::random_device()());
+  return propio;
+}
+
 /// A name that no file has, for copies made in one second.
 fs::path NombreLibre(const fs::path& carpeta, services::FechaHora momento) {
   const std::string base = std::string(kDeFilas) + EnNombre(momento);
   for (int i = 1;; ++i) {
     std::string orden = std::to_string(i);
     orden.insert(0, 3 - std::min<std::size_t>(3, orden.size()), '0');
-    fs::path libre = carpeta / (base + "-" + orden + std::string(kExtension));
+    fs::path libre = carpeta / (base + "-" + orden + "-" + Propio() + std::string(kExtension));
     if (!fs::exists(libre)) return libre;
   }
 }
@@ -54,7 +63,7 @@ fs::path NombreLibre(const fs::path& carpeta, services::FechaHora momento) {
 template <class Hacer>
 void CrearEntero(const fs::path& fichero, const Hacer& hacer) {
   fs::path enCurso = fichero;
-  enCurso += ".nuevo";
+  enCurso += "." + Propio() + std::string(kSinAcabar);
   std::error_code sinFichero;
   fs::remove(enCurso, sinFichero);
   try {
@@ -85,6 +94,16 @@ std::string Cabecera(const Copia& copia) {
                  " AS Desde, ", Texto(copia.Rango.Hasta),
                  " AS Hasta, (SELECT count(*) FROM copia.ProvFacturas) AS Facturas, "
                  "(SELECT count(*) FROM copia.ProvVencimientos) AS Vencimientos;"});
+}
+
+/// What a program that was killed left in the middle; not what another is at.
+void QuitarLasSinAcabar(const fs::path& carpeta) {
+  const auto ayer = fs::file_time_type::clock::now() - std::chrono::hours(24);
+  std::error_code ignorado;
+  for (const auto& entrada : fs::directory_iterator(carpeta, ignorado)) {
+    if (!entrada.path().string().ends_with(kSinAcabar)) continue;
+    if (entrada.last_write_time(ignorado) < ayer) fs::remove(entrada.path(), ignorado);
+  }
 }
 
 /// The day in a name of a copy of rows.
@@ -142,6 +161,7 @@ bool Copias::GuardarEntera(const fs::path& almacenados, services::FechaHora mome
   CrearEntero(fichero, [&](const std::string& enCurso) {
     sqlite::AbrirConexion(almacenados.string())->CopiarEn(enCurso);
   });
+  QuitarLasSinAcabar(carpeta_);
   std::vector<std::string> todas = Nombres(carpeta_, kEntera);
   while (todas.size() > kEnteras) {
     fs::remove(carpeta_ / todas.front());

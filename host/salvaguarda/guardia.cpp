@@ -27,11 +27,11 @@ std::string Sobre(const std::string& frase, const std::vector<Fila>& filas) {
 
 }  // namespace
 
-Guardia::Guardia(Bases bases, std::filesystem::path carpeta, std::string usuario)
+Guardia::Guardia(Bases bases, const Lugares& lugares, std::string usuario)
     : bases_(std::move(bases)),
       foto_(bases_.FicheroAlmacenados),
-      copias_(carpeta / "copias"),
-      registro_(carpeta / "registro.txt"),
+      copias_(lugares.Copias),
+      registro_(lugares.Registro),
       usuario_(std::move(usuario)) {}
 
 void Guardia::Anotar(std::string_view texto) {

@@ -34,9 +34,13 @@ class Guardia {
     services::Ref<sqlite::Conexion> DeTrabajo;
     std::string FicheroAlmacenados;
   };
+  struct Lugares {
+    std::filesystem::path Copias;    ///< a folder
+    std::filesystem::path Registro;  ///< a file
+  };
 
   /// Throws what opening the stored file once more throws.
-  Guardia(Bases bases, std::filesystem::path carpeta, std::string usuario);
+  Guardia(Bases bases, const Lugares& lugares, std::string usuario);
 
   std::function<services::FechaHora()> Ahora;
   /// Whether to save all the same.

@@ -52,6 +52,20 @@ struct IOidoDeOmisiones : IUnknown {
   ~IOidoDeOmisiones() = default;
 };
 
+/// What a host's context object may offer besides: the working tables hold a working copy that a
+/// program left when it ended, and the main screen is to go on with it instead of loading one. The
+/// list shows it as loaded: closing the screen without "Grabar" drops it without a question.
+struct ICopiaPorRetomar : IUnknown {
+  static constexpr GUID IID{
+      0xD94B6A03, 0x2E71, 0x4C5F, {0x8D, 0x10, 0x63, 0xB5, 0x07, 0xEC, 0x94, 0x2A}};
+
+  /// Whether there is one, asked each time that the screen loads; its range then, as it is stored.
+  virtual bool HayCopiaPorRetomar(std::string& desde, std::string& hasta) noexcept = 0;
+
+ protected:
+  ~ICopiaPorRetomar() = default;
+};
+
 /// The public class of the component, `Tesvara.ClassTesvara`. After a failure the object's
 /// `IDescripcionError` tells it in words. It is of a single thread, the one that made its first
 /// object: from any other each operation is 0x8001010E and does nothing.

@@ -99,6 +99,13 @@ void DatosComunes::RecibirSesion(Ref<services::IDatosClase> datos) {
   valores_ = std::move(v);
 }
 
+std::optional<store::Intervalo> DatosComunes::CopiaPorRetomar() const {
+  store::Intervalo rango;
+  const auto anfitrion = DatosClase_.Como<services::ICopiaPorRetomar>();
+  if (!anfitrion || !anfitrion->HayCopiaPorRetomar(rango.Desde, rango.Hasta)) return std::nullopt;
+  return rango;
+}
+
 void DatosComunes::Repintar(services::Form& pantalla) {
   if (!DatosClase_) return;
   const auto pedir = [this](Ref<IUnknown> form, const std::string& nombre) {

@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <string>
 #include <thread>
 
@@ -11,6 +12,7 @@
 #include "services/plataforma.h"
 #include "services/sesion.h"
 #include "shell/imprenta_de_sesion.h"
+#include "store/intervalo.h"
 
 namespace shell {
 
@@ -25,6 +27,8 @@ class DatosComunes final : public services::Sesion {
   /// for a form that is none, 91 for a connection that wasn't handed over, and 0x80040E21 for a
   /// user whose name the stored tables can't hold; what the session held before then stays.
   void RecibirSesion(services::Ref<services::IDatosClase> datos);
+  /// The range of the working copy that the host wants to be gone on with; none for a fresh load.
+  [[nodiscard]] std::optional<store::Intervalo> CopiaPorRetomar() const;
   /// Has the host draw around the main screen and its own; keeps the forms it hands back.
   void Repintar(services::Form& pantalla);
 

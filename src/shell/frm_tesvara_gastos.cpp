@@ -64,7 +64,7 @@ void FrmTesvaraGastos::Form_Load() {
   Campos.BtnCancelar.Tag = "No";
   Rango.PonerMesActual();
   Campos.BtnCancelar.Tag = "";
-  copia_.Cargar(Rango.Intervalo());
+  PrepararCopia();
 
   TomarMarco();
   Rejilla.Preparar();
@@ -75,6 +75,14 @@ void FrmTesvaraGastos::Form_Load() {
   Lista.OptFecha.Value = true;
   BtnAutCaja.Caption = "Fra.Autom.Caja";
   Rejilla.CopiarGrip();
+}
+
+/// That of the month, unless the host has one that was left behind.
+void FrmTesvaraGastos::PrepararCopia() {
+  const auto dejada = datos_.CopiaPorRetomar();
+  if (!dejada) return copia_.Cargar(Rango.Intervalo());
+  Rango.Poner(*dejada);
+  copia_.Retomar(*dejada);
 }
 
 void FrmTesvaraGastos::Form_Unload() {

@@ -76,6 +76,7 @@ class FrmTesvaraGastos final : public services::Form,
   void BotonCancelar_Click();
   void BtnAutCaja_Click();
   void Grabar();
+  void PrepararCopia();
 
   void TomarMarco();
   void EscalarPantalla();

@@ -6,14 +6,25 @@
 #include "valores/error.h"
 
 namespace store {
+namespace {
+
+void ExigirCompleto(const Intervalo& rango) {
+  if (!rango.Desde.empty() && !rango.Hasta.empty()) return;
+  throw services::ErrorEjecucion(services::error::TiposNoCoinciden,
+                                 "El rango de fechas no está completo y no se puede cargar");
+}
+
+}  // namespace
 
 void CopiaDeTrabajo::Cargar(const Intervalo& rango) {
-  if (rango.Desde.empty() || rango.Hasta.empty()) {
-    throw services::ErrorEjecucion(services::error::TiposNoCoinciden,
-                                   "El rango de fechas no está completo y no se puede cargar");
-  }
+  ExigirCompleto(rango);
   rango_.reset();
   if (CargarTemporales(sesion_, rango)) rango_ = rango;
+}
+
+void CopiaDeTrabajo::Retomar(const Intervalo& rango) {
+  ExigirCompleto(rango);
+  rango_ = rango;
 }
 
 void CopiaDeTrabajo::Grabar() {

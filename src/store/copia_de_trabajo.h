@@ -18,6 +18,9 @@ class CopiaDeTrabajo {
   /// and no table of it was passed over. Throws 13, with nothing touched, for a range of which an
   /// end is no date: it would mean the beginning of time.
   void Cargar(const Intervalo& rango);
+  /// Takes the working tables as they are for the copy of `rango`: whoever left them there ended
+  /// without saving them. Throws 13, with nothing touched, for a range of which an end is no date.
+  void Retomar(const Intervalo& rango);
   /// Replaces the stored rows of the range that is held by the working tables, and empties these;
   /// see `GrabarTemporales`. Throws 91, with nothing touched, when no range is held. Once the
   /// stored side is durable none is held any more.

@@ -27,7 +27,8 @@ class FormDeAnfitrion final : public services::ObjetoContado<services::IForm> {
   void* VentanaNativa() noexcept override { return nullptr; }
 };
 
-class ContextoDeAnfitrion final : public services::ObjetoContado<services::IDatosClase> {
+class ContextoDeAnfitrion final
+    : public services::ObjetoContado<services::IDatosClase, services::ICopiaPorRetomar> {
  public:
   ContextoDeAnfitrion(services::Ref<services::Conexion> datos,
                       services::Ref<services::Conexion> temp)
@@ -58,6 +59,15 @@ class ContextoDeAnfitrion final : public services::ObjetoContado<services::IDato
     return AlRepintar ? AlRepintar(form) : services::hr::Bien;
   }
 
+  bool HayCopiaPorRetomar(std::string& desde, std::string& hasta) noexcept override {
+    if (!PorRetomar) return false;
+    desde = PorRetomar->Desde;
+    hasta = PorRetomar->Hasta;
+    return true;
+  }
+
+  /// The working copy that the screen is to go on with.
+  std::optional<store::Intervalo> PorRetomar;
   services::Ref<services::IUnknown> Marco{services::Crear<FormDeAnfitrion>()};
   services::Ref<services::IUnknown> Principal{services::Crear<FormDeAnfitrion>()};
   /// What is done with a form that is to be repainted.

@@ -55,8 +55,14 @@ int Capturar(anfitrion::VentanaPrincipal& ventana, const QString& carpeta) {
     escribir(texto);
     return true;
   };
+  ventana.Custodia().Elegir = [escribir](const anfitrion::PreguntaConTexto& pregunta) {
+    escribir(pregunta.Texto);
+    return pregunta.AlDejarla;
+  };
   ventana.resize(kTamanoDeCaptura);
   ventana.show();
+  ventana.Custodia().CopiarElDia();
+  ventana.Custodia().OfrecerRescate();
   if (!ventana.AbrirPagos()) return EXIT_FAILURE;
   QCoreApplication::processEvents();
   anfitrion::EscribirLista(ventana, Salida());
@@ -67,7 +73,11 @@ int Capturar(anfitrion::VentanaPrincipal& ventana, const QString& carpeta) {
 int Trabajar(anfitrion::VentanaPrincipal& ventana) {
   ventana.showMaximized();
   // The frame has its size once the window is on the screen.
-  QTimer::singleShot(0, &ventana, [&ventana] { ventana.AbrirPagos(); });
+  QTimer::singleShot(0, &ventana, [&ventana] {
+    ventana.Custodia().CopiarElDia();
+    ventana.Custodia().OfrecerRescate();
+    ventana.AbrirPagos();
+  });
   return QApplication::exec();
 }
 

@@ -30,12 +30,12 @@ class Copias : public testing::Test, protected pruebas::Oficina {
     salvaguarda::Reponer(*datos, guardia->LaFoto().Conexion(), copia, guardia->LasCopias(),
                          apoyo::kMarzo, "EVA");
   }
-  /// Of a folder of copies, by the beginning of their names.
+  /// Of the folder of copies, by the beginning of their names; without what tells whose they are.
   std::vector<std::string> Ficheros(const std::string& principio) {
     std::vector<std::string> nombres;
     for (const auto& entrada : fs::directory_iterator(Carpeta() + "/copias")) {
       const std::string nombre = entrada.path().filename();
-      if (nombre.starts_with(principio)) nombres.push_back(nombre);
+      if (nombre.starts_with(principio)) nombres.push_back(nombre.substr(0, 25));
     }
     std::ranges::sort(nombres);
     return nombres;
@@ -56,7 +56,7 @@ TEST_F(Copias, CadaGrabarDejaUna) {
   EXPECT_EQ(copias[0].Facturas, 3);
   EXPECT_EQ(copias[0].Vencimientos, 9);
   EXPECT_THAT(Ficheros("filas-"),
-              ElementsAre("filas-20050315-110000-001.sqlite", "filas-20050315-110000-002.sqlite"));
+              ElementsAre("filas-20050315-110000-001", "filas-20050315-110000-002"));
 }
 
 TEST_F(Copias, DevuelveTodoLoQueUnGrabarCambio) {
@@ -173,8 +173,20 @@ TEST_F(Copias, QuedanLasUltimasYLaPrimeraDeCadaDia) {
   const auto quedan = Ficheros("filas-");
   // The last fifty, and the first of each of the sixty days before the last that has any.
   EXPECT_THAT(quedan, SizeIs(50 + 60 - 1));
-  EXPECT_EQ(quedan.front(), "filas-20050326-110000-001.sqlite");
-  EXPECT_EQ(quedan.back(), "filas-20050524-110048-001.sqlite");
+  EXPECT_EQ(quedan.front(), "filas-20050326-110000-001");
+  EXPECT_EQ(quedan.back(), "filas-20050524-110048-001");
+}
+
+TEST_F(Copias, LoQueDejoUnaMuerteEnMedioSeQuitaAlDiaSiguiente) {
+  const fs::path viejo = Carpeta() + "/copias/filas-20050315-110000-001-7.sqlite.7.nuevo";
+  const fs::path enCurso = Carpeta() + "/copias/filas-20050315-110000-002-8.sqlite.8.nuevo";
+  fs::create_directories(viejo.parent_path());
+  std::ofstream(viejo) << "a medias";
+  std::ofstream(enCurso) << "a medias";
+  fs::last_write_time(viejo, fs::file_time_type::clock::now() - std::chrono::hours(25));
+  guardia->LasCopias().GuardarEntera(Negocio().FicheroDatos(), apoyo::kMarzo);
+  EXPECT_FALSE(fs::exists(viejo));
+  EXPECT_TRUE(fs::exists(enCurso));
 }
 
 TEST_F(Copias, LaEnteraSeGuardaUnaVezAlDiaYQuedanDiez) {

@@ -86,7 +86,9 @@ class Oficina {
   services::Ref<sqlite::Conexion> datos = negocio_.AbrirDatos();
   services::Ref<sqlite::Conexion> temp = negocio_.AbrirTemp();
   std::shared_ptr<salvaguarda::Guardia> guardia = std::make_shared<salvaguarda::Guardia>(
-      salvaguarda::Guardia::Bases{datos, temp, negocio_.FicheroDatos()}, carpeta_.Camino(), "ANA");
+      salvaguarda::Guardia::Bases{datos, temp, negocio_.FicheroDatos()},
+      salvaguarda::Guardia::Lugares{carpeta_.Fichero("copias"), carpeta_.Fichero("registro.txt")},
+      "ANA");
   apoyo::ComponenteEnMarcha componente{
       services::Ref<services::Conexion>(
           services::Crear<salvaguarda::ConexionGuardada>(datos, guardia)),

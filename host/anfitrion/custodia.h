@@ -1,0 +1,61 @@
+#pragma once
+
+#include <QObject>
+#include <functional>
+#include <memory>
+#include <optional>
+
+#include "anfitrion/datos.h"
+#include "anfitrion/dialogo_de_texto.h"
+#include "anfitrion/opciones_suite.h"
+#include "salvaguarda/guardia.h"
+#include "salvaguarda/rescate.h"
+
+class QWidget;
+
+namespace anfitrion {
+
+/// Keeps the user's data and talks with the user about it, in the suite's window: what was not
+/// loaded or not saved, what others have changed, the copies, and what a program that was killed
+/// left behind.
+class Custodia final : public QObject {
+ public:
+  Custodia(QWidget& ventana, const Datos& datos, const Opciones& opciones);
+
+  /// What components are to be given for the stored tables.
+  [[nodiscard]] services::Ref<services::Conexion> Almacenados() const { return almacenados_; }
+  [[nodiscard]] salvaguarda::Guardia& Guardia() const { return *guardia_; }
+
+  /// Copies the whole stored file, at the first start of the day. A failure is told and logged.
+  void CopiarElDia();
+  /// Offers the working copy that was left behind, if there is one.
+  void OfrecerRescate();
+  /// The range of the one that the user wants to go on with; none for a fresh load.
+  [[nodiscard]] const std::optional<salvaguarda::Rango>& PorRetomar() const { return porRetomar_; }
+  /// The screen has opened: there is nothing to go on with any more.
+  void Abierta() { porRetomar_.reset(); }
+  /// Tells what there is to be told.
+  void Contar();
+  /// The window of the copies. `cerrar` closes what works on the stored tables before one is put
+  /// back; whether it did.
+  void Recuperar(const std::function<bool()>& cerrar);
+
+  /// Puts a question to the user; the answer's number, from 0.
+  std::function<int(const PreguntaConTexto&)> Elegir;
+  /// Closes the component's screen, when the user would rather not go on.
+  std::function<void()> CerrarSinGrabar = [] {};
+
+ private:
+  [[nodiscard]] QString TextoDe(const salvaguarda::Rescate& rescate) const;
+  void Decir(const QString& texto);
+  void ContarDespues();
+
+  QWidget& ventana_;
+  Datos datos_;
+  std::shared_ptr<salvaguarda::Guardia> guardia_;
+  services::Ref<services::Conexion> almacenados_;
+  std::optional<salvaguarda::Rango> porRetomar_;
+  bool porContar_ = false;
+};
+
+}  // namespace anfitrion

@@ -1,0 +1,44 @@
+#pragma once
+
+#include <QDialog>
+#include <optional>
+#include <vector>
+
+#include "salvaguarda/guardia.h"
+#include "salvaguarda/recuperacion.h"
+
+class QLabel;
+class QPlainTextEdit;
+class QPushButton;
+class QTableWidget;
+
+namespace anfitrion {
+
+/// The copies of rows: when and by whom they were made, and what putting one back would do.
+/// Accepted when the user wants one put back.
+class DialogoCopias final : public QDialog {
+ public:
+  DialogoCopias(QWidget& ventana, salvaguarda::Guardia& guardia);
+
+  /// The one that was chosen, once accepted.
+  [[nodiscard]] const salvaguarda::Copia& Elegida() const;
+
+ private:
+  void Componer();
+  void Llenar();
+  void CompararSiguiente();
+  const salvaguarda::Reposicion& Comparada(std::size_t cual);
+  void MostrarElegida();
+  void Confirmar();
+  [[nodiscard]] int Fila() const;
+
+  salvaguarda::Guardia& guardia_;
+  std::vector<salvaguarda::Copia> copias_;
+  std::vector<std::optional<salvaguarda::Reposicion>> comparadas_;
+  QTableWidget* tabla_;
+  QLabel* resumen_;
+  QPlainTextEdit* cambios_;
+  QPushButton* recuperar_;
+};
+
+}  // namespace anfitrion
