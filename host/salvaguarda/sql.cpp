@@ -17,9 +17,10 @@ std::string Juntar(std::initializer_list<std::string_view> piezas) {
   return texto;
 }
 
+// Without types: the indexes by the trimmed number have none, and serve no text column.
 std::string CrearClaves(std::string_view tabla) {
   return Juntar({"CREATE TEMP TABLE ", tabla,
-                 " (NConcepto TEXT COLLATE ES, Factura TEXT COLLATE ES, Año TEXT COLLATE ES, "
+                 " (NConcepto COLLATE ES, Factura COLLATE ES, Año COLLATE ES, "
                  "PRIMARY KEY (NConcepto, Factura, Año)) WITHOUT ROWID;"});
 }
 
@@ -51,8 +52,8 @@ std::string ApuntesCon(std::string_view claves, std::string_view columnas) {
 }
 
 std::string PrevisionesDe(const Rango& rango) {
-  return Juntar(
-      {"SELECT p.* FROM main.ProvPrevisionPagos p WHERE p.Fecha1Vto <= ", Texto(rango.Hasta)});
+  return Juntar({"SELECT p.* FROM main.ProvPrevisionPagos p WHERE p.Fecha1Vto <= ",
+                 Texto(rango.Hasta), " ORDER BY p.NConcepto"});
 }
 
 std::string Contenido(sqlite::Conexion& base, std::string_view tabla, std::string_view alias) {
