@@ -35,4 +35,8 @@ void Formulario::Refresh() noexcept {
   if (ventana_) ventana_->update();
 }
 
+void Formulario::Contar(std::int32_t cuantos) noexcept {
+  if (ventana_ && alContar_) alContar_(cuantos);
+}
+
 }  // namespace anfitrion

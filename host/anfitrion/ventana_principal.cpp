@@ -19,9 +19,8 @@
 namespace anfitrion {
 namespace {
 
-services::Ref<services::IForm> ComoForm(QWidget& ventana) {
-  return services::Crear<Formulario>(ventana);
-}
+/// The sign of what isn't saved goes first: there it shows in a narrow place, too.
+constexpr const char* kTitulo = "[*]Sorvex";
 
 QLabel* EnEstado(const QString& texto, const QString& detalle) {
   auto* rotulo = new QLabel(texto);
@@ -74,7 +73,7 @@ VentanaPrincipal::VentanaPrincipal(const Opciones& opciones, const Datos& datos)
       marco_(new Superficie),
       datos_(datos),
       custodia_(*this, datos, opciones) {
-  setWindowTitle("Sorvex");
+  setWindowTitle(kTitulo);
   marco_->setObjectName("marco");
   setCentralWidget(new AreaDesplazable(*marco_));
   ComponerMenu();
@@ -86,8 +85,9 @@ VentanaPrincipal::VentanaPrincipal(const Opciones& opciones, const Datos& datos)
   const Opciones::Medida referencia = opciones.Referencia.value_or(real);
   contexto_ = services::Crear<Contexto>(
       Sesion{custodia_.Almacenados(), services::Ref<services::Conexion>(datos.DeTrabajo),
-             ComoForm(*marco_), ComoForm(*this), referencia.Ancho, referencia.Alto,
-             opciones.Usuario.toStdString(), &custodia_});
+             services::Crear<Formulario>(*marco_),
+             services::Crear<Formulario>(*this, [this](int cuantos) { ContarPagos(cuantos); }),
+             referencia.Ancho, referencia.Alto, opciones.Usuario.toStdString(), &custodia_});
   custodia_.CerrarSinGrabar = [this] { Hacer(&services::IClassTesvara::Cerrar); };
 }
 
@@ -112,6 +112,12 @@ void VentanaPrincipal::ComponerEstado(const Opciones& opciones, const Datos& dat
                                   QString::fromStdString(datos.NombreAlmacenados)));
   statusBar()->addWidget(EnEstado("Trabajo: " + nombre(datos.NombreDeTrabajo),
                                   QString::fromStdString(datos.NombreDeTrabajo)));
+}
+
+void VentanaPrincipal::ContarPagos(int cuantos) {
+  const QString pagos = cuantos == 1 ? QString("1 pago") : QString("%1 pagos").arg(cuantos);
+  setWindowTitle(cuantos == 0 ? QString(kTitulo) : kTitulo + (" – " + pagos + " sin grabar"));
+  setWindowModified(cuantos > 0);
 }
 
 bool VentanaPrincipal::AbrirPagos() {

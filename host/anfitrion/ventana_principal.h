@@ -40,6 +40,7 @@ class VentanaPrincipal final : public QMainWindow {
 
   void ComponerMenu();
   void ComponerEstado(const Opciones& opciones, const Datos& datos);
+  void ContarPagos(int cuantos);
   [[nodiscard]] bool HayPantalla() const;
   bool Hacer(Operacion operacion);
   bool Comprobar(services::HRESULT resultado);

@@ -32,6 +32,7 @@ class VentanaHeadless final : public services::Ventana {
   void FilasCambiadas(services::MSFlexGrid&) override {}
   void CeldaActual(services::MSFlexGrid&) override {}
   void Foco(services::Widget*) override {}
+  bool Consiente(services::Widget&, services::Gesto) override { return true; }
   void FinDeEvento() override {}
   void AntesDePreguntar() override {}
 

@@ -5,6 +5,7 @@
 #include "forms/escritorio.h"
 #include "forms/form.h"
 #include "forms/msflexgrid.h"
+#include "qt/aviso_qt.h"
 #include "qt/vinculo.h"
 #include "qt/vinculo_rejilla.h"
 
@@ -102,8 +103,38 @@ void VentanaQt::Foco(services::Widget*) {
   if (lienzo_) lienzo_->LlevarFoco();
 }
 
+bool VentanaQt::Consiente(services::Widget& widget, services::Gesto gesto) {
+  services::Precaucion* precaucion = form_.Precaucion();
+  std::string pregunta = precaucion ? precaucion->PreguntaAntesDe(widget, gesto) : "";
+  if (!pregunta.empty() && precaucion->PreguntaAlDejar()) {
+    widget.SetFocus();
+    if (!widget.TieneFoco()) return false;
+    pregunta = precaucion->PreguntaAntesDe(widget, gesto);
+  }
+  return pregunta.empty() || Preguntar(pregunta, widget, gesto);
+}
+
+/// What is done first is an event of its own. The host may have closed the screen meanwhile.
+bool VentanaQt::Preguntar(const std::string& pregunta, services::Widget& widget,
+                          services::Gesto gesto) {
+  namespace mensaje = services::mensaje;
+  // The toolkit has turned a box on by itself, which isn't so yet.
+  Cambiada(widget, services::Aspecto::Value);
+  bool sigue = false;
+  const auto preguntar = [&] {
+    const int respuesta = AvisoQt().Mostrar(pregunta, mensaje::SiNoCancelar, "Atención");
+    sigue = respuesta != mensaje::Cancelar;
+    if (respuesta != mensaje::Si || !widget.Alcanzable()) return;
+    form_.Escritorio().Operacion([&] { sigue = form_.Precaucion()->Prevenir(widget, gesto); });
+  };
+  form_.Escritorio().Esperar(preguntar, true);
+  return sigue && widget.Alcanzable();
+}
+
 void VentanaQt::FinDeEvento() {
   if (lienzo_) lienzo_->FinDeEvento();
+  const services::Precaucion* precaucion = form_.Precaucion();
+  if (precaucion) recuento_.Decir(precaucion->Cuantos(), precaucion->Anfitrion());
 }
 
 void VentanaQt::AntesDePreguntar() {

@@ -6,6 +6,7 @@
 
 #include "forms/ventana.h"
 #include "qt/lienzo.h"
+#include "qt/recuento.h"
 
 namespace services {
 class Form;
@@ -33,13 +34,18 @@ class VentanaQt final : public services::Ventana {
   void FilasCambiadas(services::MSFlexGrid& rejilla) override;
   void CeldaActual(services::MSFlexGrid& rejilla) override;
   void Foco(services::Widget* widget) override;
+  bool Consiente(services::Widget& widget, services::Gesto gesto) override;
   void FinDeEvento() override;
   void AntesDePreguntar() override;
 
  private:
+  [[nodiscard]] bool Preguntar(const std::string& pregunta, services::Widget& widget,
+                               services::Gesto gesto);
+
   services::Form& form_;
   QPointer<Lienzo> lienzo_;
   QPointer<QEventLoop> espera_;
+  Recuento recuento_;
 };
 
 }  // namespace qt

@@ -35,10 +35,14 @@ void Borrado::Ejecutar(const std::string& sentencia) {
 void Borrado::BotonBorrar_Click() {
   if (PicNuevo_.Visible) return;
   edicion_.CerrarEdicionPago();
-  // After a list that couldn't be built only the header is left.
+  if (!HayLinea()) return;
+  rejilla_.EsPagable(rejilla_.MSFPagos.Row) ? BorrarDeFactura() : BorrarDePrevision();
+}
+
+/// After a list that couldn't be built only the header is left.
+bool Borrado::HayLinea() const {
   const int fila = rejilla_.MSFPagos.Row;
-  if (fila == 0 || rejilla_.MSFPagos.TextMatrix(fila, 0).empty()) return;
-  rejilla_.EsPagable(fila) ? BorrarDeFactura() : BorrarDePrevision();
+  return fila != 0 && !rejilla_.MSFPagos.TextMatrix(fila, 0).empty();
 }
 
 void Borrado::BorrarDeFactura() {

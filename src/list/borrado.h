@@ -20,6 +20,8 @@ class Borrado {
 
   services::Pulsador BotonBorrar;
 
+  /// Whether there is anything to delete in the current row.
+  [[nodiscard]] bool HayLinea() const;
   /// Deletes the forecast of the current row's concept, with the memory of its occurrences that
   /// were deleted one by one.
   void BorrarPrevision();

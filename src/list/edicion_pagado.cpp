@@ -4,6 +4,7 @@
 #include "list/editor_en_celda.h"
 #include "list/guarda.h"
 #include "services/largos.h"
+#include "valores/error.h"
 #include "valores/formato.h"
 
 namespace list {
@@ -61,9 +62,14 @@ void EdicionPagado::QuitarPago(int fila) {
 void EdicionPagado::MSFPagos_DblClick() {
   if (rejilla_.EsPagable(MSFPagos_.Row)) {
     ActivarEdicionPagado(tecla::Espacio);
-  } else if (MSFPagos_.Col == columna::Pagado || MSFPagos_.Col == columna::Marca) {
+  } else if (AbreElPanel()) {
     services::Widget::Disparar(BotonModificar_.Click);
   }
+}
+
+bool EdicionPagado::AbreElPanel() const {
+  const bool enElPago = MSFPagos_.Col == columna::Pagado || MSFPagos_.Col == columna::Marca;
+  return enElPago && !rejilla_.EsPagable(MSFPagos_.Row);
 }
 
 void EdicionPagado::MSFPagos_RowColChange() {
@@ -124,6 +130,18 @@ void EdicionPagado::CerrarEdicionPago() {
   rejilla_.Anotar(fila, EntrarAlCerrar(rejilla_.ReciboDe(fila), TxtMsf.Text));
   Ocultar();
   MSFPagos_.Col = columna::Pagado;
+}
+
+int EdicionPagado::PagosSinGrabar() const {
+  const list::PagosSinGrabar& anotados = rejilla_.SinGrabar();
+  if (!TxtMsf.Visible) return anotados.Cuantos();
+  const Recibo recibo = rejilla_.ReciboDe(MSFPagos_.Row);
+  try {
+    const Pago alCerrar = EntrarAlCerrar(recibo, TxtMsf.Text);
+    return anotados.CuantosTras(MSFPagos_.Row, recibo.Pagado, alCerrar.Pagado);
+  } catch (const services::ErrorEjecucion&) {
+    return anotados.Cuantos();
+  }
 }
 
 void EdicionPagado::AbrirEdicionPagado() {

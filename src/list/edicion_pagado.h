@@ -31,6 +31,11 @@ class EdicionPagado {
   /// Takes the amount of an open editor into the row and hides it. A text that is no amount throws
   /// 13, and row and editor stay as they are.
   void CerrarEdicionPago();
+  /// How many payments of the list are in its cells alone, with the amount in an open editor as
+  /// closing it would take it in; one that couldn't be taken in doesn't count.
+  [[nodiscard]] int PagosSinGrabar() const;
+  /// Whether a double click on the current cell opens the entry panel.
+  [[nodiscard]] bool AbreElPanel() const;
   /// Empties and hides the editor; what was typed is dropped. The focus that it had goes to the
   /// list, for who works by keyboard.
   void Ocultar();

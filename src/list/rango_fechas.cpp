@@ -113,6 +113,13 @@ void RangoFechas::Dejar(TextBox& campo) {
   pantalla_.RangoCambiado(campo);
 }
 
+bool RangoFechas::PorDejar() const {
+  const auto cambiada = [](const TextBox& campo) {
+    return campo.TieneFoco() && campo.Tag != campo.Text;
+  };
+  return cambiada(TxtFPrevisionD) || cambiada(TxtFPrevision);
+}
+
 void RangoFechas::Rechazar(TextBox& campo, const char* motivo) {
   sesion_.Aviso().Rechazar(motivo);
   campo.SetFocus();

@@ -39,6 +39,9 @@ class RangoFechas {
   /// Puts the fields on the whole current month.
   void PonerMesActual();
 
+  /// Whether a changed date has the focus: what it asks for it asks as it is left.
+  [[nodiscard]] bool PorDejar() const;
+
   /// Puts the fields on a range, with no event.
   void Poner(const store::Intervalo& rango);
   /// The range as the fields tell it; empty texts for what is no date.

@@ -79,6 +79,7 @@ void RejillaPagos::AjustarAnchos() {
 void RejillaPagos::Vaciar() {
   MSFPagos.Rows = 1;
   TotalPendiente_ = 0;
+  sinGrabar_.Olvidar();
 }
 
 void RejillaPagos::AnadirFila(std::vector<std::string> celdas, int fondo, int texto) {
@@ -120,8 +121,18 @@ void RejillaPagos::SumarAlPendiente(double importe) {
 
 void RejillaPagos::Anotar(int fila, const Pago& pago) {
   MSFPagos.PonerImagen(fila, columna::Marca, pago.Marca ? ImgCheck.Picture() : "");
+  sinGrabar_.Anotar(fila, MSFPagos.TextMatrix(fila, columna::Pagado), pago.Pagado);
   MSFPagos.TextMatrix(fila, columna::Pagado, pago.Pagado);
   SumarAlPendiente(pago.Pendiente);
+}
+
+bool RejillaPagos::Elegir(const Linea& linea, int columna) {
+  for (int fila = 1; fila < MSFPagos.Rows; ++fila) {
+    if (LineaDe(fila) != linea) continue;
+    MSFPagos.MoverA(fila, columna);
+    return true;
+  }
+  return false;
 }
 
 void RejillaPagos::QuitarFila(int fila) {
@@ -130,6 +141,7 @@ void RejillaPagos::QuitarFila(int fila) {
   TxtTotal.Text = services::Mascara(services::Numero(TxtTotal.Text) - importe);
 
   MSFPagos.RemoveItem(fila);
+  sinGrabar_.QuitarFila(fila);
   const int ultima = MSFPagos.FondoDe(MSFPagos.Rows - 1, 0);
   const bool seIntercambia = fila < MSFPagos.Rows;
   const Mientras ocupado(GridOcupado);

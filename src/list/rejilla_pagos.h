@@ -7,6 +7,7 @@
 #include "forms/msflexgrid.h"
 #include "list/linea.h"
 #include "list/pago.h"
+#include "list/pagos_sin_grabar.h"
 #include "services/sesion.h"
 
 namespace list {
@@ -56,6 +57,10 @@ class RejillaPagos {
   void QuitarFila(int fila);
   /// Writes a payment in its row: the text, the mark, and what is pending.
   void Anotar(int fila, const Pago& pago);
+  /// The payments that no table has. Whatever makes the list anew loses them.
+  [[nodiscard]] const PagosSinGrabar& SinGrabar() const { return sinGrabar_; }
+  /// Takes the user to a line, in that column. Whether it is there.
+  bool Elegir(const Linea& linea, int columna);
 
   /// Paints a row as the current one, or with its stripe, which follows that of the row above.
   void PintarElegida(int fila);
@@ -90,6 +95,7 @@ class RejillaPagos {
   services::Sesion& sesion_;
   /// What remains to be paid of the rows on display.
   double TotalPendiente_ = 0;
+  PagosSinGrabar sinGrabar_;
   Orden orden_ = PorFecha;
   Orden ordenDeLaCopia_ = PorFecha;
 };

@@ -66,6 +66,20 @@ struct ICopiaPorRetomar : IUnknown {
   ~ICopiaPorRetomar() = default;
 };
 
+/// What the host's main form offers beside `IForm` when it wants to tell the user of payments that
+/// were typed in the list and not yet saved, as by a sign in its title bar.
+struct IPagosSinGrabar : IUnknown {
+  static constexpr GUID IID{
+      0x2F7B40C6, 0xD13A, 0x4E95, {0xA8, 0x07, 0x5B, 0xE2, 0x94, 0x1C, 0x63, 0xDF}};
+  /// Called when their number is another one, at the end of what the user or the host did: 0 once
+  /// they are saved, given up or taken back, and when the screen is unloaded. While it is hidden
+  /// they stay, and count.
+  virtual void Contar(std::int32_t cuantos) noexcept = 0;
+
+ protected:
+  ~IPagosSinGrabar() = default;
+};
+
 /// The public class of the component, `Tesvara.ClassTesvara`. After a failure the object's
 /// `IDescripcionError` tells it in words. It is of a single thread, the one that made its first
 /// object: from any other each operation is 0x8001010E and does nothing.

@@ -43,6 +43,7 @@ FrmTesvaraGastos::FrmTesvaraGastos(DatosComunes& datos)
       BtnAutCaja(PicPagos, "BtnAutCaja", "", EnBotonera(3)),
       Impresion(PicPagos, {14500, 9000, 480, 480}, datos, Rejilla, Edicion, Rango, Campos.PicNuevo),
       caja_(datos.Escritorio(), datos, Campos, Entrada),
+      precaucion_(*this, datos),
       Entrada(Campos, {*this, datos, Rejilla, Edicion, Lista, Borrado, caja_, *this}) {
   Barra1.Cerrar = [this] { Barra1_Cerrar(); };
   BotonNuevo.Click = [this] { Entrada.Panel.AbrirNueva(); };

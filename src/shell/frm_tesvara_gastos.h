@@ -12,6 +12,7 @@
 #include "list/rango_fechas.h"
 #include "list/rejilla_pagos.h"
 #include "print/impresion.h"
+#include "shell/precaucion_de_pagos.h"
 #include "store/copia_de_trabajo.h"
 
 namespace shell {
@@ -52,6 +53,7 @@ class FrmTesvaraGastos final : public services::Form,
  private:
   cash::CajaDelPanel caja_;
   services::Instancia<cash::FrmFraAutomaticas> facturasAutomaticas_;
+  PrecaucionDePagos precaucion_;
 
  public:
   entry::Entrada Entrada;
@@ -62,6 +64,7 @@ class FrmTesvaraGastos final : public services::Form,
   /// Working copy, list and snapshot anew from the stored tables.
   void Recargar();
 
+  [[nodiscard]] services::Precaucion* Precaucion() override { return &precaucion_; }
   void Form_Resize() override;
   void Form_Paint() override;
 

@@ -25,11 +25,14 @@ struct Registro {
 
 /// What happens while a modal form or a message waits: the user's part, played by the test.
 using Espera = std::function<void(services::Form&)>;
+/// What the user answers before a gesture of his; not set, it goes through.
+using Consentimiento = std::function<bool(services::Widget&, services::Gesto)>;
 
 class VentanaDePrueba final : public services::Ventana {
  public:
-  VentanaDePrueba(services::Form& form, Registro& registro, const Espera& espera)
-      : form_(form), registro_(registro), espera_(espera) {}
+  VentanaDePrueba(services::Form& form, Registro& registro, const Espera& espera,
+                  const Consentimiento& consentimiento)
+      : form_(form), registro_(registro), espera_(espera), consentimiento_(consentimiento) {}
 
   void Mostrar(bool modal) override { Anotar(modal ? "Mostrar modal" : "Mostrar"); }
   void Ocultar() override { Anotar("Ocultar"); }
@@ -58,6 +61,9 @@ class VentanaDePrueba final : public services::Ventana {
   void Foco(services::Widget* widget) override {
     Anotar("Foco " + (widget ? widget->NombreCompleto() : "ninguno"));
   }
+  bool Consiente(services::Widget& widget, services::Gesto gesto) override {
+    return !consentimiento_ || consentimiento_(widget, gesto);
+  }
   void FinDeEvento() override { Anotar("FinDeEvento"); }
   void AntesDePreguntar() override { Anotar("AntesDePreguntar"); }
 
@@ -67,6 +73,7 @@ class VentanaDePrueba final : public services::Ventana {
   services::Form& form_;
   Registro& registro_;
   const Espera& espera_;
+  const Consentimiento& consentimiento_;
 };
 
 /// The platform, its desktop, and what they were told.
@@ -74,7 +81,7 @@ class PlataformaDePrueba {
  public:
   PlataformaDePrueba() {
     plataforma_.CrearVentana = [this](services::Form& form) {
-      return std::make_unique<VentanaDePrueba>(form, ventanas, espera);
+      return std::make_unique<VentanaDePrueba>(form, ventanas, espera, consentimiento);
     };
     plataforma_.ErrorNoControlado = [this](const services::ErrorEjecucion& fallo) {
       errores.push_back(fallo);
@@ -85,6 +92,7 @@ class PlataformaDePrueba {
 
   Registro ventanas;
   Espera espera;
+  Consentimiento consentimiento;
   std::vector<services::ErrorEjecucion> errores;
   std::vector<bool> ocupaciones;  // each time the user was told of a wait, or of its end
 

@@ -89,7 +89,7 @@ void DoblePulsarCelda(MSFlexGrid& rejilla, int fila, int columna) {
 
 void SegundaPulsacion(MSFlexGrid& rejilla) {
   if (!AlAlcance(rejilla) || !rejilla.TieneFoco()) return;
-  Evento(rejilla, [&] { Widget::Disparar(rejilla.DblClick); });
+  Evento(rejilla, [&] { pulsacion::SegundaPulsacion(rejilla); });
 }
 
 void LlevarCelda(MSFlexGrid& rejilla, int fila, int columna) {

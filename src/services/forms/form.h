@@ -15,6 +15,8 @@
 
 namespace services {
 
+class Precaucion;
+
 /// Shapes of the mouse pointer.
 namespace puntero {
 inline constexpr int Normal = 0;
@@ -66,6 +68,9 @@ class Form : public ObjetoContado<IForm>, public Dueno {
   /// The host's form whose area this screen fills; null for a window of its own.
   Ref<IForm> Marco;
   [[nodiscard]] Ventana* Vista() const { return vista_.get(); }
+
+  /// What a window asks the user before some of what he does; null for a screen without.
+  [[nodiscard]] virtual services::Precaucion* Precaucion() { return nullptr; }
 
   /// The screen is gone, and whoever keeps it can let go.
   std::function<void()> AlRetirarse;

@@ -8,6 +8,11 @@
 namespace services::pulsacion {
 namespace {
 
+bool SeConsiente(Widget& widget, Gesto gesto) {
+  Ventana* ventana = widget.Formulario().Vista();
+  return !ventana || ventana->Consiente(widget, gesto);
+}
+
 /// What a click does to the value of a widget, and its `Click`. The value's own change fires it
 /// where it has one.
 void CambiarYPulsar(Widget& widget) {
@@ -32,11 +37,13 @@ bool LlevarFoco(Widget& widget) {
 }
 
 void Pulsar(Widget& widget) {
+  if (!SeConsiente(widget, Gesto::Pulsar)) return;
   Widget::Disparar(widget.MouseDown);
   if (!widget.TomaFocoAlPulsar() || LlevarFoco(widget)) Soltar(widget);
 }
 
 void PulsarDesdeLejos(Widget& widget) {
+  if (!SeConsiente(widget, Gesto::Pulsar)) return;
   Widget::Disparar(widget.MouseDown);
   Soltar(widget);
 }
@@ -55,9 +62,11 @@ bool PulsarCelda(MSFlexGrid& rejilla, int fila, int columna) {
 }
 
 void DoblePulsarCelda(MSFlexGrid& rejilla, int fila, int columna) {
-  if (PulsarCelda(rejilla, fila, columna) && rejilla.TieneFoco()) {
-    Widget::Disparar(rejilla.DblClick);
-  }
+  if (PulsarCelda(rejilla, fila, columna) && rejilla.TieneFoco()) SegundaPulsacion(rejilla);
+}
+
+void SegundaPulsacion(MSFlexGrid& rejilla) {
+  if (SeConsiente(rejilla, Gesto::DoblePulsar)) Widget::Disparar(rejilla.DblClick);
 }
 
 }  // namespace services::pulsacion

@@ -2,7 +2,8 @@
 
 #include "forms/widget.h"
 
-// What the mouse does, as part of an event of the user that is already under way.
+// What the mouse does, as part of an event of the user that is already under way. What a key
+// presses comes here too: the window consents to it, or nothing of it happens.
 
 namespace services {
 
@@ -19,6 +20,8 @@ void PulsarDesdeLejos(Widget& widget);
 /// Whether the click reached a row.
 bool PulsarCelda(MSFlexGrid& rejilla, int fila, int columna);
 void DoblePulsarCelda(MSFlexGrid& rejilla, int fila, int columna);
+/// `DblClick`, the first press of it having been a click.
+void SegundaPulsacion(MSFlexGrid& rejilla);
 
 }  // namespace pulsacion
 }  // namespace services

@@ -164,7 +164,7 @@ void Surtir(Widget& widget, int queda, bool esCaracter) {
 /// takes the character. A field of another panel that gets the focus doesn't.
 void EscribirEnCelda(MSFlexGrid& rejilla, int caracter) {
   if (rejilla.Row < 1 || rejilla.ColWidth(rejilla.Col) == 0) return;
-  Widget::Disparar(rejilla.DblClick);
+  SegundaPulsacion(rejilla);
   auto* editor = dynamic_cast<TextBox*>(rejilla.Formulario().Escritorio().Foco());
   if (editor && editor->Contenedor() == rejilla.Contenedor())
     Escribir(*editor, static_cast<char32_t>(caracter));

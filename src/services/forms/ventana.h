@@ -1,5 +1,6 @@
 #pragma once
 
+#include "forms/precaucion.h"
 #include "forms/propiedad.h"
 
 namespace services {
@@ -8,8 +9,8 @@ class MSFlexGrid;
 class Widget;
 
 /// What shows a form: it reads the form's widgets and is told what changes in them. None of its
-/// operations throws. Changes come one by one as they are made; a window that has much to repaint
-/// gathers them until `FinDeEvento`.
+/// operations throws but `Consiente`. Changes come one by one as they are made; a window that has
+/// much to repaint gathers them until `FinDeEvento`.
 class Ventana {
  public:
   virtual ~Ventana() = default;
@@ -34,6 +35,9 @@ class Ventana {
   virtual void CeldaActual(MSFlexGrid& rejilla) = 0;
   /// The focus is on that widget, or on none.
   virtual void Foco(Widget* widget) = 0;
+  /// Whether a gesture of the user goes through, before anything comes of it: a window with the
+  /// user before it may have to ask him first, as the form's `Precaucion` tells.
+  [[nodiscard]] virtual bool Consiente(Widget& widget, Gesto gesto) = 0;
   /// The user's event is over, with all that its handlers did.
   virtual void FinDeEvento() = 0;
   /// The user is about to be asked: the current rows of the grids that can be got to have to be on

@@ -40,6 +40,7 @@ class ComponenteTerco final
     std::string texto;
     datos->EntregarSesion(almacenados, nada, deTrabajo, nada, nada, marco, principal, medida,
                           medida, valor, textos, textos, textos, texto, texto);
+    Principal = principal;
     auto* area = static_cast<QWidget*>(marco.Como<services::IForm>()->VentanaNativa());
     pantalla_ = new QWidget(area);
     return hr::Bien;
@@ -56,6 +57,7 @@ class ComponenteTerco final
 
   bool SeNiega = true;
   int Cierres = 0;
+  Ref<services::IUnknown> Principal;
 
  private:
   QWidget* pantalla_ = nullptr;
@@ -137,6 +139,21 @@ TEST_F(Ventana, SiLaCopiaNoSePuedeGuardarSeQueda) {
   fs::remove_all(carpeta.Camino());
   EXPECT_FALSE(ventana.close());
   EXPECT_THAT(dicho, ElementsAre(HasSubstr("No se ha podido guardar aparte")));
+}
+
+TEST_F(Ventana, ElTituloDiceCuantosPagosNoSeHanGrabado) {
+  const auto principal = componente->Principal.Como<services::IPagosSinGrabar>();
+  ASSERT_TRUE(principal);
+  EXPECT_EQ(ventana.windowTitle(), "[*]Sorvex");
+  EXPECT_FALSE(ventana.isWindowModified());
+  principal->Contar(3);
+  EXPECT_EQ(ventana.windowTitle(), "[*]Sorvex – 3 pagos sin grabar");
+  EXPECT_TRUE(ventana.isWindowModified());
+  principal->Contar(1);
+  EXPECT_EQ(ventana.windowTitle(), "[*]Sorvex – 1 pago sin grabar");
+  principal->Contar(0);
+  EXPECT_EQ(ventana.windowTitle(), "[*]Sorvex");
+  EXPECT_FALSE(ventana.isWindowModified());
 }
 
 TEST_F(Ventana, LaPreguntaTieneSiYNoYSinMasEsQueNo) {

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <QMessageBox>
+#include <QPointer>
 #include <QTableView>
 #include <QTest>
 #include <QTimer>
@@ -41,9 +43,11 @@ class DiaEnPantalla : public testing::Test {
     sesion = std::make_unique<shell::DatosComunes>(plataforma);
     pantallas = std::make_unique<shell::Pantallas>(*sesion);
     clase = services::Crear<shell::ClassTesvara>(*sesion, *pantallas);
-    contexto = services::Ref<services::IDatosClase>(services::Crear<apoyo::ContextoDeAnfitrion>(
+    auto anfitrion = services::Crear<apoyo::ContextoDeAnfitrion>(
         services::Ref<services::Conexion>(sqlite::AbrirConexion(opciones.Datos)),
-        services::Ref<services::Conexion>(sqlite::AbrirConexion(opciones.Local))));
+        services::Ref<services::Conexion>(sqlite::AbrirConexion(opciones.Local)));
+    if (principal) anfitrion->Principal = principal;
+    contexto = services::Ref<services::IDatosClase>(anfitrion);
     ASSERT_EQ(clase->Cargar(contexto), services::hr::Bien) << clase->Descripcion();
     ventana = static_cast<QWidget*>(pantallas->Principal().VentanaNativa());
     ASSERT_NE(ventana, nullptr);
@@ -80,18 +84,29 @@ class DiaEnPantalla : public testing::Test {
   void Boton(const char* nombre) {
     QTest::mouseClick(&Vista<QAbstractButton>(nombre), Qt::LeftButton);
   }
-  /// Answers the next message by its key.
-  void Responder(Qt::Key tecla) {
+  /// Answers the next messages by their keys, and keeps their texts.
+  void Responder(std::vector<Qt::Key> teclas) {
     auto* espera = new QTimer(ventana);
-    QObject::connect(espera, &QTimer::timeout, ventana, [espera, tecla] {
-      QWidget* mensaje = QApplication::activeModalWidget();
-      if (!mensaje) return;
-      espera->deleteLater();
-      espera->stop();
+    QPointer<QMessageBox> contestado;  // its button takes a moment to go up again
+    const auto contestar = [this, espera, teclas, contestado]() mutable {
+      auto* mensaje = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+      if (!mensaje || mensaje == contestado) return;
+      contestado = mensaje;
+      mensajes.push_back(mensaje->text().toStdString());
+      const Qt::Key tecla = teclas.front();
+      teclas.erase(teclas.begin());
+      if (teclas.empty()) {
+        espera->stop();
+        espera->deleteLater();
+      }
       QTest::keyClick(mensaje, tecla);
-    });
+    };
+    QObject::connect(espera, &QTimer::timeout, ventana, contestar);
     espera->start(10);
   }
+  void Responder(Qt::Key tecla) { Responder(std::vector{tecla}); }
+  /// The texts of the messages since the last call.
+  [[nodiscard]] std::vector<std::string> Mensajes() { return std::exchange(mensajes, {}); }
 
   guion::CarpetaTemporal carpeta{false};
   guion::Opciones opciones;
@@ -100,6 +115,9 @@ class DiaEnPantalla : public testing::Test {
   std::unique_ptr<shell::Pantallas> pantallas;
   services::Ref<shell::ClassTesvara> clase;
   services::Ref<services::IDatosClase> contexto;
+  /// The host's main form, where a test has one of its own.
+  services::Ref<services::IUnknown> principal;
+  std::vector<std::string> mensajes;
   QWidget* ventana = nullptr;
 };
 

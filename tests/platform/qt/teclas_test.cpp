@@ -3,6 +3,7 @@
 #include <QLineEdit>
 #include <QTableView>
 #include <QTest>
+#include <QTimer>
 #include <memory>
 #include <sstream>
 
@@ -48,11 +49,22 @@ class Teclas : public DiaEnPantalla {
     static_cast<void>(runner.Jugar(jornada::kEmpresa + "cargar\n"));
     static_cast<void>(jornada::Partida(opciones).Jugar(jornada::kEmpresa));
     Abrir();
+    SeguirSinGrabar();
     Paso("foco MSFPagos");
   }
   ~Teclas() override {
     clase = nullptr;
     QCoreApplication::processEvents();
+  }
+
+  /// What the window asks before payments would be lost, and nobody asks the runner.
+  void SeguirSinGrabar() {
+    QObject::connect(&preguntas, &QTimer::timeout, ventana, [] {
+      if (QWidget* pregunta = QApplication::activeModalWidget()) {
+        QTest::keyClick(pregunta, Qt::Key_N);
+      }
+    });
+    preguntas.start(10);
   }
 
   /// One line of a scenario, played on both sides.
@@ -91,6 +103,7 @@ class Teclas : public DiaEnPantalla {
       {"Izquierda", Qt::Key_Left},   {"Derecha", Qt::Key_Right}, {"Espacio", Qt::Key_Space}};
 
   jornada::Partida runner;
+  QTimer preguntas;
 };
 
 TEST_F(Teclas, EspacioIntroYTeclearHacenLoMismoEnLaVentanaYEnElGuion) {
