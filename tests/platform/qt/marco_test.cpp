@@ -46,7 +46,8 @@ TEST_F(MarcoDelAnfitrion, LaPantallaPasaAlMarcoDelSegundoCargar) {
 
 TEST_F(MarcoDelAnfitrion, ConUnMarcoQueNoLoEsSigueEnElSuyo) {
   Cargar();
-  for (const Ref<IUnknown>& malo : {Ref<IUnknown>(), Ref<IUnknown>(contexto)}) {
+  for (const Ref<IUnknown>& malo :
+       {Ref<IUnknown>(), Ref<IUnknown>(Ref<services::IDatosClase>(contexto))}) {
     EXPECT_EQ(CargarCon(malo), hr::SinInterfaz);
     EXPECT_STREQ(clase->Descripcion(),
                  "Lo que el anfitrión entrega como FrmMarco no es un formulario");
