@@ -26,8 +26,7 @@ services::HRESULT Contexto::EntregarSesion(
     ClaveBorrado = "TESVARA";
     Usuario = sesion_.Usuario;
     if (RsTextos->State()) RsTextos->Close();
-    RsTextos->Open("SELECT SorvexTextos.* FROM SorvexTextos", *sesion_.CnTemp,
-                   services::ModoApertura::Lectura);
+    RsTextos->Open(kLosTextos, *sesion_.CnTemp, services::ModoApertura::Lectura);
   } catch (...) {
     const services::ErrorEjecucion fallo = services::ErrorEnCurso();
     numero_ = fallo.Numero();

@@ -22,7 +22,8 @@ void CrearFichero(const fs::path& fichero, const Preparar& preparar) {
   std::error_code sinFichero;
   fs::remove(enCurso, sinFichero);
   {
-    const auto conexion = sqlite::AbrirConexion(enCurso.string(), {.Crear = true});
+    const auto conexion =
+        sqlite::AbrirConexion(enCurso.string(), {.Crear = true, .CualquierSentencia = true});
     preparar(*conexion);
     conexion->TerminarUnidad();
     conexion->Ejecutar("PRAGMA wal_checkpoint(TRUNCATE)");
@@ -40,7 +41,6 @@ services::Ref<sqlite::Conexion> AbrirAlmacenados(const fs::path& fichero, bool p
   return sqlite::AbrirConexion(fichero.string());
 }
 
-/// The words of the user's language that the suite hands to its components.
 constexpr const char* kTextos =
     "DROP TABLE IF EXISTS SorvexTextos;"
     "CREATE TABLE SorvexTextos (Pagina VARCHAR(30), Pantalla VARCHAR(30));"
@@ -49,9 +49,11 @@ constexpr const char* kTextos =
 /// The working file belongs to one running program, also while its tables are made. They come last:
 /// a file that has them is whole.
 services::Ref<sqlite::Conexion> AbrirDeTrabajo(const fs::path& fichero) {
-  auto conexion = sqlite::AbrirConexion(
-      fichero.string(),
-      {.Durabilidad = sqlite::Sincronizacion::Normal, .Crear = true, .Exclusiva = true});
+  auto conexion =
+      sqlite::AbrirConexion(fichero.string(), {.Durabilidad = sqlite::Sincronizacion::Normal,
+                                               .Crear = true,
+                                               .Exclusiva = true,
+                                               .Propias = {kLosTextos}});
   if (!conexion->TieneTabla("TempProvFacturas")) {
     conexion->Ejecutar(kTextos);
     esquema::CrearDeTrabajo(*conexion);

@@ -10,6 +10,10 @@
 
 namespace anfitrion {
 
+/// The words of the user's language that the suite hands to its components, among the working
+/// tables.
+inline constexpr const char* kLosTextos = "SELECT SorvexTextos.* FROM SorvexTextos";
+
 /// The two databases of the session.
 struct Datos {
   services::Ref<sqlite::Conexion> Almacenados;

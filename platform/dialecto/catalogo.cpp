@@ -1,8 +1,15 @@
 #include "dialecto/catalogo.h"
 
+#include "valores/error.h"
 #include "valores/texto.h"
 
 namespace dialecto {
+
+const Tabla& Catalogo::Exigir(std::string_view nombre) {
+  if (const Tabla* tabla = Buscar(nombre)) return *tabla;
+  throw services::ErrorEjecucion(services::error::TablaDesconocida,
+                                 "No existe la tabla «" + std::string(nombre) + "»");
+}
 
 bool MismoNombre(std::string_view a, std::string_view b) {
   return a == b || services::MismoTexto(a, b);

@@ -23,6 +23,8 @@ class Catalogo {
   /// By name without regard to case; null where there is none. The table lives as long as its
   /// statements are in use.
   [[nodiscard]] virtual const Tabla* Buscar(std::string_view nombre) = 0;
+  /// The same; throws 0x80040E37 where there is none.
+  [[nodiscard]] const Tabla& Exigir(std::string_view nombre);
 };
 
 /// The position of a column, by name without regard to case; -1 where there is none.

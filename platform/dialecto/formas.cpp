@@ -1,136 +1,83 @@
 #include "dialecto/formas.h"
 
 #include <algorithm>
-#include <unordered_set>
 
 #include "dialecto/sentencias.h"
 
 namespace dialecto {
 
+using services::ModoApertura;
+
 namespace {
 
-bool EsLiteral(ClaseToken clase) {
-  return clase == ClaseToken::Texto || clase == ClaseToken::Numero || clase == ClaseToken::Fecha;
+constexpr std::string_view kBlancos = " \t\r\n";
+/// As many as a number that is compared holds, whichever they are.
+constexpr std::size_t kCifras = 15;
+
+bool EsEntero(std::string_view numero) {
+  return numero.size() <= kCifras && numero.find('.') == std::string_view::npos;
 }
 
-std::string EnMayusculas(std::string_view texto) {
-  std::string mayusculas(texto);
-  for (char& c : mayusculas) {
-    if (c >= 'a' && c <= 'z') c = static_cast<char>(c - 'a' + 'A');
-  }
-  return mayusculas;
-}
-
-bool Recorta(const Token& token) {
-  if (token.clase != ClaseToken::Nombre) return false;
-  const std::string nombre = EnMayusculas(token.texto);
-  return nombre == "TRIM" || nombre == "LTRIM" || nombre == "RTRIM";
-}
-
-/// Goes over a statement once and puts its form together.
-class Formador {
- public:
-  explicit Formador(const std::vector<Token>& tokens) : tokens_(tokens) {}
-
-  std::string Forma() {
-    for (; tokens_[i_].clase != ClaseToken::Fin; ++i_) Siguiente();
-    CerrarCondiciones();
-    return forma_;
-  }
-
- private:
-  [[nodiscard]] const Token& Tras(std::size_t cuantos) const {
-    return tokens_[std::min(i_ + cuantos, tokens_.size() - 1)];
-  }
-
-  void Siguiente() {
-    const Token& token = tokens_[i_];
-    if (Recorta(token) && Recorta(Tras(2))) return JuntarRecortes();
-    if (token.simbolo == Simbolo::Cerrar && sobran_ > 0) {
-      --sobran_;
-      return;
-    }
-    if (token.simbolo == Simbolo::Menos && Tras(1).clase == ClaseToken::Numero) return;
-    if (token.simbolo == Simbolo::Abrir) ++hondo_;
-    if (token.simbolo == Simbolo::Cerrar) --hondo_;
-    if (hondo_ == 0 && Limita(token)) return;
-    Poner(EsLiteral(token.clase) ? "?" : EnMayusculas(token.texto));
-  }
-
-  /// One trimming function around another, whichever they are, trims both sides.
-  void JuntarRecortes() {
-    Poner("TRIM");
-    i_ += 2;
-    ++sobran_;
-  }
-
-  /// Whether the token begins or ends a condition, and isn't itself part of one.
-  bool Limita(const Token& token) {
-    if (token.palabra == Palabra::Where) {
-      Poner("WHERE");
-      enCondiciones_ = true;
+bool EsValor(const Token& token) {
+  switch (token.clase) {
+    case ClaseToken::Texto:
+      return token.texto.find('\'') == std::string_view::npos;
+    case ClaseToken::Numero:
+      return EsEntero(token.texto);
+    case ClaseToken::Fecha:
       return true;
-    }
-    if (!enCondiciones_) return false;
-    if (token.palabra == Palabra::And) {
-      condiciones_.emplace_back();
-      return true;
-    }
-    // What is joined by Or can't change its place.
-    if (token.palabra == Palabra::Or) conOr_ = true;
-    if (token.palabra == Palabra::Group || token.palabra == Palabra::Order) CerrarCondiciones();
-    return false;
+    default:
+      return false;
   }
-
-  void CerrarCondiciones() {
-    if (!enCondiciones_) return;
-    enCondiciones_ = false;
-    if (!conOr_) std::sort(condiciones_.begin(), condiciones_.end());
-    for (const std::string& condicion : condiciones_) forma_ += " AND" + condicion;
-  }
-
-  void Poner(std::string_view texto) {
-    std::string& donde = enCondiciones_ ? condiciones_.back() : forma_;
-    donde += ' ';
-    donde += texto;
-  }
-
-  const std::vector<Token>& tokens_;
-  std::size_t i_ = 0;
-  std::string forma_;
-  std::vector<std::string> condiciones_{1};
-  bool enCondiciones_ = false;
-  bool conOr_ = false;
-  int hondo_ = 0;
-  int sobran_ = 0;  // closing brackets of trimming functions that were left out
-};
-
-std::unordered_set<std::string> LeerFormas() {
-  std::unordered_set<std::string> formas;
-  std::vector<Token> tokens;
-  for (const std::string_view sentencia : Sentencias()) {
-    Trocear(sentencia, tokens);
-    formas.insert(Forma(tokens));
-  }
-  return formas;
 }
+
+/// A number takes its sign and the blanks around it along: a code may be stored with some.
+void PonerNumero(std::string& forma) {
+  if (forma.ends_with('-')) forma.pop_back();
+  forma.resize(forma.find_last_not_of(kBlancos) + 1);
+  forma += " 0 ";
+}
+
+constexpr std::uint8_t Bit(ModoApertura modo) {
+  return static_cast<std::uint8_t>(1U << static_cast<unsigned>(modo));
+}
+
+constexpr std::uint8_t kTodos =
+    Bit(ModoApertura::Lectura) | Bit(ModoApertura::Optimista) | Bit(ModoApertura::Pesimista);
 
 }  // namespace
 
-std::string Forma(const std::vector<Token>& tokens) {
-  return Formador(tokens).Forma();
+std::string Forma(std::string_view sentencia, const std::vector<Token>& tokens) {
+  std::string forma;
+  forma.reserve(sentencia.size());
+  std::size_t desde = 0;
+  for (const Token& token : tokens) {
+    if (!EsValor(token)) continue;
+    const auto inicio = static_cast<std::size_t>(token.texto.data() - sentencia.data());
+    forma += sentencia.substr(desde, inicio - desde);
+    desde = inicio + token.texto.size();
+    if (token.clase != ClaseToken::Numero) continue;
+    PonerNumero(forma);
+    desde = std::min(sentencia.find_first_not_of(kBlancos, desde), sentencia.size());
+  }
+  forma += sentencia.substr(desde);
+  return forma;
 }
 
-bool EsDelSistema(const std::vector<Token>& tokens) {
-  const bool condicionada = std::any_of(tokens.begin(), tokens.end(), [](const Token& token) {
-    return token.palabra == Palabra::Where;
-  });
-  if (!condicionada) {
-    return std::none_of(tokens.begin(), tokens.end(),
-                        [](const Token& token) { return EsLiteral(token.clase); });
-  }
-  static const std::unordered_set<std::string> formas = LeerFormas();
-  return formas.contains(Forma(tokens));
+Formas::Formas(std::span<const std::string> propias) {
+  std::vector<Token> tokens;
+  const auto anadir = [&](std::string_view sentencia, std::uint8_t modos) {
+    Trocear(sentencia, tokens);
+    modos_[Forma(sentencia, tokens)] |= modos;
+  };
+  for (const Escrita& escrita : Sentencias()) anadir(escrita.Texto, Bit(escrita.Modo));
+  for (const std::string& propia : propias) anadir(propia, kTodos);
+}
+
+bool Formas::Tiene(std::string_view sentencia, const std::vector<Token>& tokens,
+                   ModoApertura modo) const {
+  const auto hallada = modos_.find(Forma(sentencia, tokens));
+  return hallada != modos_.end() && (hallada->second & Bit(modo)) != 0;
 }
 
 }  // namespace dialecto

@@ -1,6 +1,5 @@
 #include "dialecto/traductor.h"
 
-#include "dialecto/formas.h"
 #include "dialecto/rechazo.h"
 
 namespace dialecto {
@@ -31,8 +30,9 @@ void Traductor::Traducir(std::string_view texto, bool conOcultas, Sentencia& sen
   }
 }
 
-void Traductor::ExigirDelSistema() const {
-  if (!EsDelSistema(tokens_)) Rechazar("no es de las que escribe el sistema", sentencia_);
+void Traductor::ExigirEntre(const Formas& formas, services::ModoApertura modo) const {
+  if (formas.Tiene(sentencia_, tokens_, modo)) return;
+  Rechazar("no es de las que escribe el sistema", sentencia_);
 }
 
 void Traductor::NoEsperado() const {
@@ -79,15 +79,11 @@ void Traductor::BuscarFuentes() {
 }
 
 void Traductor::AnadirFuente(std::size_t token) {
-  const Tabla* tabla = catalogo_.Buscar(tokens_[token].texto);
-  if (!tabla) {
-    throw ErrorEjecucion(error::TablaDesconocida,
-                         "No existe la tabla «" + std::string(tokens_[token].texto) + "»");
-  }
+  const Tabla& tabla = catalogo_.Exigir(tokens_[token].texto);
   const Token& alias = tokens_[std::min(token + 2, Ultimo())];
   const bool conAlias =
       tokens_[token + 1].palabra == Palabra::As && alias.clase == ClaseToken::Nombre;
-  fuentes_.push_back({conAlias ? alias.texto : std::string_view(tabla->Nombre), tabla});
+  fuentes_.push_back({conAlias ? alias.texto : std::string_view(tabla.Nombre), &tabla});
 }
 
 const Traductor::Fuente& Traductor::FuenteDe(std::string_view nombre) const {

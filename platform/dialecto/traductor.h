@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "dialecto/catalogo.h"
+#include "dialecto/formas.h"
 #include "dialecto/motor.h"
 #include "dialecto/token.h"
 #include "valores/valor.h"
@@ -49,9 +50,9 @@ class Traductor {
   /// own columns.
   void Traducir(std::string_view texto, bool conOcultas, Sentencia& sentencia);
 
-  /// Throws 0x80040E14 when the statement last translated isn't one of the system's, while its text
-  /// is alive.
-  void ExigirDelSistema() const;
+  /// Throws 0x80040E14 when the statement last translated isn't one of `formas`, opened like that,
+  /// while its text is alive.
+  void ExigirEntre(const Formas& formas, services::ModoApertura modo) const;
 
   /// The columns of the SELECT last translated, while its text is alive.
   [[nodiscard]] std::vector<ColumnaDada> Columnas() const;

@@ -10,8 +10,9 @@ namespace sqlite {
 Conexion::Conexion(const std::string& fichero, const Opciones& opciones)
     : base_(fichero, opciones),
       unidad_(base_, almacen_, opciones.UnidadDeTrabajo),
-      cualquierSentencia_(opciones.CualquierSentencia),
-      traductor_(DialectoSqlite, catalogo_) {}
+      traductor_(DialectoSqlite, catalogo_) {
+  if (!opciones.CualquierSentencia) formas_.emplace(opciones.Propias);
+}
 
 Conexion::~Conexion() {
   unidad_.Abandonar();
@@ -21,6 +22,8 @@ std::unique_ptr<services::Cursor> Conexion::Abrir(std::string_view sentencia,
                                                   services::ModoApertura modo) {
   const bool conOcultas = modo != services::ModoApertura::Lectura;
   traductor_.Traducir(sentencia, conOcultas, sentencia_);
+  // Each time, although the engine's text may be known: it doesn't tell what the values were.
+  if (formas_) traductor_.ExigirEntre(*formas_, modo);
   auto entrada = EntradaDe(sentencia_);
   if (sentencia_.Que == dialecto::Verbo::Delete) {
     const Prestada borrado = almacen_.Tomar(entrada);
@@ -33,10 +36,12 @@ std::unique_ptr<services::Cursor> Conexion::Abrir(std::string_view sentencia,
                                   modo);
 }
 
+std::vector<services::Columna> Conexion::ColumnasDe(std::string_view tabla) {
+  return catalogo_.Exigir(tabla).Columnas;
+}
+
 std::shared_ptr<Entrada> Conexion::EntradaDe(const dialecto::Sentencia& sentencia) {
   if (auto entrada = almacen_.Buscar(sentencia.Texto)) return entrada;
-  // Once is enough: without its values it says the same every time.
-  if (!cualquierSentencia_) traductor_.ExigirDelSistema();
   auto entrada = almacen_.Crear(sentencia.Texto);
   if (sentencia.Que == dialecto::Verbo::Delete) return entrada;
   if (sentencia.Unica) entrada->Tabla = sentencia.Unica->Nombre;

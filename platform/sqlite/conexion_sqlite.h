@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -26,6 +27,7 @@ class Conexion final : public services::ObjetoContado<services::Conexion> {
 
   [[nodiscard]] std::unique_ptr<services::Cursor> Abrir(std::string_view sentencia,
                                                         services::ModoApertura modo) override;
+  [[nodiscard]] std::vector<services::Columna> ColumnasDe(std::string_view tabla) override;
   void TerminarUnidad() override { unidad_.Terminar(); }
   void AbandonarUnidad() noexcept override { unidad_.Abandonar(); }
   /// Takes the writer's lock for the unit that now begins, or is under way.
@@ -54,7 +56,8 @@ class Conexion final : public services::ObjetoContado<services::Conexion> {
   Base base_;
   Almacen almacen_{base_};
   Unidad unidad_;
-  bool cualquierSentencia_;
+  /// Those that are run; none where any is.
+  std::optional<dialecto::Formas> formas_;
   Catalogo catalogo_{base_};
   dialecto::Traductor traductor_;
   dialecto::Sentencia sentencia_;

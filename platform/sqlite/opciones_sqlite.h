@@ -1,6 +1,8 @@
 #pragma once
 
 #include <cstddef>
+#include <string>
+#include <vector>
 
 namespace sqlite {
 
@@ -18,7 +20,9 @@ struct Opciones {
   /// Whether the file belongs to this connection alone for as long as it lives: nobody else can
   /// read or write it meanwhile. The lock goes with the process, however that ends.
   bool Exclusiva = false;
-  /// Whether any well-formed statement is run, or those of the system alone.
+  /// What whoever opens the connection runs on it besides the statements of the system.
+  std::vector<std::string> Propias = {};
+  /// Whether any well-formed statement is run, and not those alone: for tests and tools.
   bool CualquierSentencia = false;
   /// How long a writer waits for another's lock, in milliseconds.
   int EsperaMs = 5000;

@@ -1,10 +1,11 @@
-"""Every text that the component says and every statement that it runs is reached by some scenario.
+"""Every text that the component says and every statement that it runs is reached by some scenario, and the table of
+statements that a connection runs has those and no others.
 
 The texts and the statements are read from the component's sources; what the scenarios reach, from playing them all
 with their statements printed at the end. A literal of the sources that none reaches fails, unless
 `fuera_de_alcance.txt` tells why none can; and so does a line there that isn't needed any more.
 
-    alcance.py --guion PROGRAM --fuentes SRC --guiones FOLDER
+    alcance.py --guion PROGRAM --formas PROGRAM --fuentes SRC --guiones FOLDER
 """
 
 import argparse
@@ -13,6 +14,8 @@ import subprocess
 import sys
 from concurrent.futures import ThreadPoolExecutor
 from pathlib import Path
+
+import formas
 
 PIEZA = re.compile(r'//[^\n]*|/\*.*?\*/|"((?:\\.|[^"\\\n])*)"|\'(?:\\.|[^\'\\])+\'|\s+|\w+|.', re.S)
 SENTENCIA = re.compile(r"\b(SELECT|DELETE|FROM|From|WHERE|ORDER BY|like)\b|^' *(And|AND|OR|Order)|(Temp|Prov|Caja)\w*\.|^\.\w+")
@@ -45,7 +48,7 @@ def de_las_fuentes(carpeta):
 
 
 def jugar(programa, guion):
-    """What a scenario claims and prints, all the statements that it ran included."""
+    """What a scenario claims, and what it prints, all the statements that it ran included."""
     texto = guion.read_text(encoding="utf-8")
     fin = subprocess.run([programa, "-"], input=texto + "\navisos\nsentencias\n", capture_output=True,
                          text=True, timeout=100, check=False)
@@ -53,7 +56,7 @@ def jugar(programa, guion):
         sys.exit(f"{guion.name}: termina con {fin.returncode}\n{fin.stderr}")
     reclamado = "\n".join(linea for linea in texto.splitlines()
                           if linea.startswith("espera") and not linea.startswith("espera consulta"))
-    return f"{reclamado}\n{fin.stdout}".replace("\\n", "\n").replace('\\"', '"')
+    return reclamado, fin.stdout
 
 
 def exentas(fichero):
@@ -66,22 +69,27 @@ def exentas(fichero):
 def main():
     opciones = argparse.ArgumentParser()
     opciones.add_argument("--guion", required=True)
+    opciones.add_argument("--formas", required=True)
     opciones.add_argument("--fuentes", type=Path, required=True)
     opciones.add_argument("--guiones", type=Path, required=True)
     dado = opciones.parse_args()
     with ThreadPoolExecutor(2) as equipo:
-        visto = "\n".join(equipo.map(lambda g: jugar(dado.guion, g), sorted(dado.guiones.glob("*.guion"))))
+        jugado = list(equipo.map(lambda g: jugar(dado.guion, g), sorted(dado.guiones.glob("*.guion"))))
+    visto = "\n".join(f"{reclamado}\n{impreso}" for reclamado, impreso in jugado)
+    visto = visto.replace("\\n", "\n").replace('\\"', '"')
     fuera = exentas(dado.guiones / "fuera_de_alcance.txt")
     textos = dict(de_las_fuentes(dado.fuentes))
     if len(textos) < 100:
         sys.exit("No se han leído las fuentes")
     sobran = [texto for texto in fuera if texto not in textos or texto in visto]
     faltan = [f"{donde}: {texto!r}" for texto, donde in textos.items() if texto not in visto and texto not in fuera]
-    for falta in faltan:
-        print(f"Ningún guion llega a {falta}")
-    for sobra in sobran:
-        print(f"Sobra en fuera_de_alcance.txt: {sobra!r}")
-    return 1 if faltan or sobran else 0
+    quejas = ([f"Ningún guion llega a {falta}" for falta in faltan] +
+              [f"Sobra en fuera_de_alcance.txt: {sobra!r}" for sobra in sobran] +
+              formas.quejas(dado.formas, [impreso for _, impreso in jugado],
+                            exentas(dado.guiones / "sentencias_aparte.txt")))
+    for queja in quejas:
+        print(queja)
+    return 1 if quejas else 0
 
 
 if __name__ == "__main__":

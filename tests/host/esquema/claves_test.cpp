@@ -71,8 +71,8 @@ class ClavesDeTrabajo : public testing::Test {
   }
 
   pruebas::CarpetaTemporal carpeta;
-  services::Ref<sqlite::Conexion> conexion =
-      sqlite::AbrirConexion(carpeta.Fichero("local.db"), {.Crear = true});
+  services::Ref<sqlite::Conexion> conexion = sqlite::AbrirConexion(
+      carpeta.Fichero("local.db"), {.Crear = true, .CualquierSentencia = true});
 };
 
 class ClaveDe : public ClavesDeTrabajo, public testing::WithParamInterface<Clave> {};

@@ -12,9 +12,10 @@ struct Lista {
 /// What the component lists in the month of the day that the sample was made around.
 Lista ListaDelMes(services::FechaHora hoy) {
   pruebas::NegocioLleno negocio(hoy);
+  auto datos = sqlite::AbrirConexion(negocio.carpeta.Fichero("datos.db"));
   auto temp = sqlite::AbrirConexion(negocio.carpeta.Fichero("temp.db"), {.Crear = true});
   esquema::CrearDeTrabajo(*temp);
-  apoyo::ComponenteEnMarcha componente(services::Ref<services::Conexion>(negocio.datos),
+  apoyo::ComponenteEnMarcha componente(services::Ref<services::Conexion>(datos),
                                        services::Ref<services::Conexion>(temp), hoy);
   EXPECT_EQ(componente.Cargar(), "");
   const auto& rejilla = componente.Pantalla().Rejilla;

@@ -27,8 +27,8 @@ class NegocioVacio {
   }
 
   CarpetaTemporal carpeta;
-  services::Ref<sqlite::Conexion> datos =
-      sqlite::AbrirConexion(carpeta.Fichero("datos.db"), {.Crear = true});
+  services::Ref<sqlite::Conexion> datos = sqlite::AbrirConexion(
+      carpeta.Fichero("datos.db"), {.Crear = true, .CualquierSentencia = true});
 };
 
 inline const services::FechaHora kHoy = services::HacerFecha(2005, 3, 15, 11, 30);

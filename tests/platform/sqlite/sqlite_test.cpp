@@ -39,6 +39,10 @@ class SqliteTest : public testing::Test {
     return Descripcion([&] { (void)sqlite::AbrirConexion(camino); });
   }
   void Crear() { esquema::CrearAlmacenadas(*sqlite::AbrirConexion(fichero, {.Crear = true})); }
+  [[nodiscard]] services::Ref<sqlite::Conexion> Abrir(sqlite::Opciones opciones = {}) const {
+    opciones.CualquierSentencia = true;
+    return sqlite::AbrirConexion(fichero, opciones);
+  }
   static void Anadir(services::Conexion& conexion, const std::string& concepto) {
     auto rs = services::Crear<services::Recordset>();
     rs->Open("SELECT ProvConceptos.* FROM ProvConceptos", conexion, ModoApertura::Optimista);
@@ -75,7 +79,7 @@ TEST_F(SqliteTest, UnFicheroQueNoEsBaseDeDatosSeDice) {
 TEST_F(SqliteTest, UnFicheroDañadoSeDice) {
   Crear();
   {
-    auto conexion = sqlite::AbrirConexion(fichero);
+    auto conexion = Abrir();
     for (int i = 0; i < 500; ++i) Anadir(*conexion, std::to_string(i));
     conexion->TerminarUnidad();
     conexion->Ejecutar("PRAGMA wal_checkpoint(TRUNCATE)");
@@ -84,16 +88,16 @@ TEST_F(SqliteTest, UnFicheroDañadoSeDice) {
   roto.seekp(4096);
   roto << std::string(std::filesystem::file_size(fichero) - 4096, '\xEE');
   roto.close();
-  EXPECT_THAT(Descripcion([&] { Cuantos(*sqlite::AbrirConexion(fichero)); }),
+  EXPECT_THAT(Descripcion([&] { Cuantos(*Abrir()); }),
               MatchesRegex("El fichero de la base de datos está dañado: " + fichero +
                            " \\(SQLite [0-9]+\\)"));
 }
 
 TEST_F(SqliteTest, UnoBloqueadoEsperaYLuegoLoDice) {
   Crear();
-  auto ocupante = sqlite::AbrirConexion(fichero);
+  auto ocupante = Abrir();
   Anadir(*ocupante, "1");
-  auto conexion = sqlite::AbrirConexion(fichero, {.EsperaMs = 150});
+  auto conexion = Abrir({.EsperaMs = 150});
   const auto antes = std::chrono::steady_clock::now();
   const auto descripcion = Descripcion([&] { Anadir(*conexion, "2"); });
   EXPECT_GE(std::chrono::steady_clock::now() - antes, std::chrono::milliseconds(100));
@@ -110,7 +114,7 @@ TEST_F(SqliteTest, UnoBloqueadoEsperaYLuegoLoDice) {
 
 TEST_F(SqliteTest, LoQueElFicheroGuardaVuelveACaberEnSusTablas) {
   Crear();
-  auto conexion = sqlite::AbrirConexion(fichero);
+  auto conexion = Abrir();
   conexion->Ejecutar(
       "INSERT INTO ProvFacturas VALUES ('12345678901', 'F-2005-0123456789012345678', '2005', "
       "'20050301', 12345678901234.5, '2', 3000000000, 0, 0, 15.5, 0, 0, 'x', 'y')");
@@ -131,9 +135,9 @@ TEST_F(SqliteTest, LoQueElFicheroGuardaVuelveACaberEnSusTablas) {
 
 TEST_F(SqliteTest, BloqueadoParaEscribirSeSigueLeyendo) {
   Crear();
-  auto ocupante = sqlite::AbrirConexion(fichero);
+  auto ocupante = Abrir();
   Anadir(*ocupante, "1");
-  EXPECT_EQ(Cuantos(*sqlite::AbrirConexion(fichero, {.EsperaMs = 0})), 0);
+  EXPECT_EQ(Cuantos(*Abrir({.EsperaMs = 0})), 0);
 }
 
 TEST_F(SqliteTest, UnFicheroDeSoloLecturaSeLeeYNoSeEscribe) {
@@ -142,11 +146,11 @@ TEST_F(SqliteTest, UnFicheroDeSoloLecturaSeLeeYNoSeEscribe) {
   const bool esRoot = ::geteuid() == 0;
   ::chmod(carpeta.Camino().c_str(), 0755);
   ::chmod(fichero.c_str(), 0444);
-  auto ocupante = sqlite::AbrirConexion(fichero);
+  auto ocupante = Abrir();
   EXPECT_EQ(Cuantos(*ocupante), 0);
   ASSERT_TRUE(!esRoot || ::seteuid(65534) == 0);
   const auto descripcion = Descripcion([&] {
-    auto conexion = sqlite::AbrirConexion(fichero);
+    auto conexion = Abrir();
     Anadir(*conexion, "1");
   });
   ASSERT_TRUE(!esRoot || ::seteuid(0) == 0);
@@ -157,7 +161,7 @@ TEST_F(SqliteTest, UnFicheroDeSoloLecturaSeLeeYNoSeEscribe) {
 
 TEST_F(SqliteTest, SinSitioEnElDiscoLaUnidadSePierdeEntera) {
   Crear();
-  auto conexion = sqlite::AbrirConexion(fichero);
+  auto conexion = Abrir();
   Anadir(*conexion, "antes");
   conexion->TerminarUnidad();
   conexion->Ejecutar("PRAGMA cache_size = 10; PRAGMA cache_spill = 1");
@@ -170,13 +174,13 @@ TEST_F(SqliteTest, SinSitioEnElDiscoLaUnidadSePierdeEntera) {
   }
   EXPECT_THAT(descripcion, StartsWith("No queda sitio en el disco"));
   const bool seguia = NumeroDeError([&] { conexion->TerminarUnidad(); }) == 0;
-  const auto quedan = Cuantos(*sqlite::AbrirConexion(fichero));
+  const auto quedan = Cuantos(*Abrir());
   EXPECT_EQ(quedan > 1, seguia);
 }
 
 TEST_F(SqliteTest, SiElMotorDeshaceLaUnidadNadaMásSeEscribeEnElla) {
   Crear();
-  auto conexion = sqlite::AbrirConexion(fichero);
+  auto conexion = Abrir();
   Anadir(*conexion, "1");
   conexion->Ejecutar("ROLLBACK");
   EXPECT_THAT(Descripcion([&] { Anadir(*conexion, "2"); }), HasSubstr("no se han guardado"));
@@ -189,16 +193,16 @@ TEST_F(SqliteTest, SiElMotorDeshaceLaUnidadNadaMásSeEscribeEnElla) {
 
 TEST_F(SqliteTest, LaBitácoraEsAntepuestaYLaSincronizaciónLaPedida) {
   Crear();
-  auto plena = sqlite::AbrirConexion(fichero);
+  auto plena = Abrir();
   EXPECT_EQ(plena->Consultar("PRAGMA journal_mode").Filas.En(0, 0).Texto(), "wal");
   EXPECT_EQ(plena->Consultar("PRAGMA synchronous").Filas.En(0, 0).Numero(), 2);
-  auto normal = sqlite::AbrirConexion(fichero, {.Durabilidad = sqlite::Sincronizacion::Normal});
+  auto normal = Abrir({.Durabilidad = sqlite::Sincronizacion::Normal});
   EXPECT_EQ(normal->Consultar("PRAGMA synchronous").Filas.En(0, 0).Numero(), 1);
 }
 
 TEST_F(SqliteTest, ConsultarDaLosTiposDeclarados) {
   Crear();
-  auto conexion = sqlite::AbrirConexion(fichero);
+  auto conexion = Abrir();
   conexion->Ejecutar(
       "INSERT INTO CajaPagos (idSucursal, FechaHora, Tipo, Importe) VALUES "
       "('1', '2005-03-15 10:00:00', 7, 12)");
@@ -215,7 +219,7 @@ TEST_F(SqliteTest, ConsultarDaLosTiposDeclarados) {
 
 TEST_F(SqliteTest, EjecutarConUnErrorDiceCuál) {
   Crear();
-  auto conexion = sqlite::AbrirConexion(fichero);
+  auto conexion = Abrir();
   EXPECT_EQ(NumeroDeError([&] { conexion->Ejecutar("SELEC 1"); }), error::SentenciaRechazada);
   EXPECT_EQ(NumeroDeError([&] { conexion->Ejecutar("SELECT * FROM Nada"); }),
             error::TablaDesconocida);
@@ -227,7 +231,7 @@ TEST_F(SqliteTest, EjecutarConUnErrorDiceCuál) {
 
 TEST_F(SqliteTest, UnaTablaCreadaDespuésSeEncuentra) {
   Crear();
-  auto conexion = sqlite::AbrirConexion(fichero);
+  auto conexion = Abrir();
   auto rs = services::Crear<services::Recordset>();
   const auto abrir = [&] {
     rs->Open("SELECT Nueva.* FROM Nueva", *conexion, ModoApertura::Lectura);
