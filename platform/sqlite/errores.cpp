@@ -61,6 +61,12 @@ constexpr std::string_view DeConexion(int primario) {
 }
 
 constexpr Explicacion Explicar(int codigo, std::string_view texto) {
+  if (codigo == SQLITE_READONLY_DBMOVED) {
+    return {
+        services::error::FalloDeConexion,
+        "Alguien ha borrado el fichero de la base de datos o lo ha sustituido por otro, y no se "
+        "ha guardado nada"};
+  }
   const int primario = codigo & 0xFF;
   if (primario == SQLITE_ERROR) return DeSentencia(texto);
   if (primario == SQLITE_CONSTRAINT) return DeRestriccion(codigo);

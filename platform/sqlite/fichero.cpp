@@ -33,7 +33,7 @@ std::string PrimerTexto(Base& base, std::string_view sql) {
 }  // namespace
 
 Base::Base(const std::string& fichero, const Opciones& opciones)
-    : base_(Abrir(fichero, opciones.Crear)) {
+    : base_(Abrir(fichero, opciones.Crear)), exclusiva_(opciones.Exclusiva) {
   Configurar(fichero, opciones);
 }
 
@@ -80,6 +80,12 @@ Preparada Base::Preparar(std::string_view texto) {
     Lanzar(Motor());
   }
   return Preparada(sentencia);
+}
+
+void Base::ExigirSuFichero() const {
+  int movido = 0;
+  if (!exclusiva_) sqlite3_file_control(Motor(), "main", SQLITE_FCNTL_HAS_MOVED, &movido);
+  if (movido != 0) Lanzar(Motor(), SQLITE_READONLY_DBMOVED, "");
 }
 
 void Base::Ejecutar(const std::string& sql) {

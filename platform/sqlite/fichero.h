@@ -35,6 +35,10 @@ class Base {
   [[nodiscard]] Preparada Preparar(std::string_view texto);
   /// Runs the engine's own SQL, any number of statements.
   void Ejecutar(const std::string& sql);
+  /// Throws 0x80004005 when the file was deleted or another one has its name: what is written would
+  /// be lost with it. An exclusive one goes on with what it has open: nobody else works in it, and
+  /// its user couldn't go on at all.
+  void ExigirSuFichero() const;
   /// Whether a transaction is under way.
   [[nodiscard]] bool EnTransaccion() const { return sqlite3_get_autocommit(Motor()) == 0; }
   [[nodiscard]] std::size_t Preparadas() const { return preparadas_; }
@@ -48,6 +52,7 @@ class Base {
   void Reservar(const std::string& fichero);
 
   std::unique_ptr<sqlite3, Cerrar> base_;
+  bool exclusiva_;
   std::size_t preparadas_ = 0;
 };
 

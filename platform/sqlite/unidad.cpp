@@ -36,10 +36,11 @@ void Unidad::AntesDeEscribir() {
   if (enCurso_ && !perdida_ && !base_.EnTransaccion()) perdida_ = Deshecha();
   if (perdida_) throw ErrorEjecucion(*perdida_);
   if (enCurso_) return;
-  if (agrupa_) {
-    Intentar([this] { Paso("BEGIN IMMEDIATE"); });
-    enCurso_ = true;
-  }
+  Intentar([this] {
+    base_.ExigirSuFichero();
+    if (agrupa_) Paso("BEGIN IMMEDIATE");
+  });
+  enCurso_ = agrupa_;
   ++transacciones_;
 }
 
@@ -64,6 +65,7 @@ void Unidad::Terminar() {
   }
   if (!enCurso_) return;
   try {
+    base_.ExigirSuFichero();
     Paso("COMMIT");
     enCurso_ = false;
   } catch (const ErrorEjecucion&) {

@@ -11,9 +11,9 @@ namespace sqlite {
 /// The unit of work of a connection: its writes between two ends, all of them durable or none.
 ///
 /// A write that fails by the fault of its row (a key that repeats, a value that doesn't fit) fails
-/// alone. One that fails by the fault of the file (a lock, a full disk) loses the unit: nothing
-/// more is written in it, so that no half of it stays, and its end fails with the same error,
-/// whether or not anyone listened to the first.
+/// alone. One that fails by the fault of the file (a lock, a full disk, a file that isn't there any
+/// more) loses the unit: nothing more is written in it, so that no half of it stays, and its end
+/// fails with the same error, whether or not anyone listened to the first.
 class Unidad {
  public:
   Unidad(Base& base, Almacen& almacen, bool agrupa)
@@ -35,7 +35,8 @@ class Unidad {
 
  private:
   void Paso(std::string_view texto);
-  /// Begins the unit with the first write. It takes the writer's lock at once, and so may wait.
+  /// Begins the unit with the first write, once the file is known to be where it was. It takes the
+  /// writer's lock at once, and so may wait.
   void AntesDeEscribir();
   /// Runs a step of the unit; an error of the file's loses it.
   template <class Accion>

@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <filesystem>
 #include <string>
 
 #include "guion/carpeta_temporal.h"
@@ -105,6 +106,30 @@ TEST_F(Disco, DeSoloLecturaSeDiceYLuegoSeGraba) {
   ExigirQueNoSeGraba("La base de datos es de solo lectura");
   partida.Jugar("datos PRAGMA query_only = 0\n");
   ExigirQueAhoraSi();
+}
+
+TEST_F(Disco, BorradoSeDiceYDeVueltaSeGraba) {
+  const std::string aparte = datos + ".aparte";
+  std::filesystem::rename(datos, aparte);
+  ExigirQueNoSeGraba(
+      "Alguien ha borrado el fichero de la base de datos o lo ha sustituido por otro, "
+      "y no se ha guardado nada: " +
+      datos);
+  std::filesystem::rename(aparte, datos);
+  ExigirQueAhoraSi();
+}
+
+TEST_F(Disco, SustituidoSeDiceYNoSeGrabaEnNinguno) {
+  const std::string copia = datos + ".copia";
+  sqlite::AbrirConexion(datos)->CopiarEn(copia);
+  std::filesystem::rename(copia, datos);
+  ExigirQueNoSeGraba(
+      "Alguien ha borrado el fichero de la base de datos o lo ha sustituido por otro");
+  EXPECT_EQ(sqlite::AbrirConexion(datos)
+                ->Consultar("SELECT count(*) FROM ProvFacturas WHERE Factura = 'N1'")
+                .Filas.En(0, 0)
+                .Numero(),
+            0);
 }
 
 }  // namespace
