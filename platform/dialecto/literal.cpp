@@ -1,5 +1,6 @@
 #include "dialecto/literal.h"
 
+#include <algorithm>
 #include <array>
 #include <charconv>
 #include <cmath>
@@ -59,9 +60,11 @@ class Lector {
  public:
   explicit Lector(std::string_view texto) : texto_(texto) {}
 
-  int Cifras() {
+  /// At most so many.
+  int Cifras(std::size_t cuantas = 2) {
     int valor = -1;
-    const auto [fin, fallo] = std::from_chars(texto_.data(), texto_.data() + texto_.size(), valor);
+    const auto [fin, fallo] =
+        std::from_chars(texto_.data(), texto_.data() + std::min(cuantas, texto_.size()), valor);
     if (fallo != std::errc() || valor < 0) Falla();
     texto_.remove_prefix(static_cast<std::size_t>(fin - texto_.data()));
     return valor;
@@ -109,7 +112,7 @@ Valor LeerFecha(std::string_view entreAlmohadillas) {
   lector.Exigir('/');
   const int dia = lector.Cifras();
   lector.Exigir('/');
-  const int anio = lector.Cifras();
+  const int anio = lector.Cifras(4);
   std::array<int, 3> hora{};
   if (!lector.Fin()) {
     lector.Exigir(' ');
