@@ -211,7 +211,7 @@ TEST_F(ValoresInjertados, LosHechosDeTrozosTambien) {
                                            ";",
                                            "x"};
   std::minstd_rand azar(20261122);
-  std::vector<std::string> valores(40);
+  std::vector<std::string> valores(25);
   for (std::string& valor : valores) {
     for (auto quedan = 1 + azar() % 6; quedan > 0; --quedan)
       valor += trozos[azar() % trozos.size()];
