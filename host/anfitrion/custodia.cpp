@@ -82,6 +82,8 @@ void Custodia::OfrecerRescate() {
   try {
     const auto rescate = salvaguarda::BuscarRescate(*datos_.DeTrabajo, datos_.NombreAlmacenados);
     if (!rescate) return;
+    guardia_->Anotar("Quedó una copia de trabajo sin grabar:" +
+                     salvaguarda::Relacion(rescate->Filas, rescate->Filas.size()));
     const int respuesta = Elegir(
         {TextoDe(*rescate), {"Abrirla como estaba", "Guardarla aparte", "Seguir sin ella"}, 0, 1});
     if (respuesta == 2) return guardia_->Anotar("Se sigue sin la copia de trabajo que quedó");

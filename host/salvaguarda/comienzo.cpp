@@ -17,18 +17,12 @@ constexpr std::string_view kCarga =
     "ProvVencimientos ON (ProvFacturas.Factura = ProvVencimientos.NFactura) AND "
     "(ProvFacturas.NConcepto = ProvVencimientos.NConcepto)) INNER JOIN ProvConceptos ON "
     "ProvFacturas.NConcepto = ProvConceptos.NConcepto WHERE ProvVencimientos.FechaVto >= '' And "
-    "ProvVencimientos.FechaVto <= '' Order By ProvFacturas.Fecha";
+    "ProvVencimientos.FechaVto <= ''  Order By ProvFacturas.Fecha";
 constexpr std::string_view kGrabacion =
     "SELECT DISTINCT ProvFacturas.* FROM ProvFacturas INNER JOIN ProvVencimientos ON "
     "(ProvFacturas.NConcepto = ProvVencimientos.NConcepto) AND (ProvFacturas.Factura = "
     "ProvVencimientos.NFactura) WHERE ProvVencimientos.FechaVto >= '' And "
     "ProvVencimientos.FechaVto <= '' Order By ProvFacturas.Fecha";
-
-std::string FormaDe(std::string_view sentencia) {
-  std::vector<Token> tokens;
-  dialecto::Trocear(sentencia, tokens);
-  return dialecto::Forma(tokens);
-}
 
 /// The two dates, in the order in which both statements have them.
 Rango RangoDe(const std::vector<Token>& tokens) {
@@ -44,13 +38,11 @@ Rango RangoDe(const std::vector<Token>& tokens) {
 
 std::optional<Comienzo> Reconocer(std::string_view sentencia) {
   if (!sentencia.starts_with(kPrincipio)) return std::nullopt;
-  static const std::string carga = FormaDe(kCarga);
-  static const std::string grabacion = FormaDe(kGrabacion);
   std::vector<Token> tokens;
   dialecto::Trocear(sentencia, tokens);
-  const std::string forma = dialecto::Forma(tokens);
-  if (forma == carga) return Comienzo{Comienzo::Tarea::Carga, RangoDe(tokens)};
-  if (forma == grabacion) return Comienzo{Comienzo::Tarea::Grabacion, RangoDe(tokens)};
+  const std::string forma = dialecto::Forma(sentencia, tokens);
+  if (forma == kCarga) return Comienzo{Comienzo::Tarea::Carga, RangoDe(tokens)};
+  if (forma == kGrabacion) return Comienzo{Comienzo::Tarea::Grabacion, RangoDe(tokens)};
   return std::nullopt;
 }
 

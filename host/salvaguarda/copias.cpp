@@ -130,6 +130,11 @@ Copia Copias::Guardar(sqlite::Conexion& base, const std::string& ambito, Copia c
   return copia;
 }
 
+void Copias::Quitar(const Copia& copia) noexcept {
+  std::error_code noEstaba;
+  fs::remove(copia.Fichero, noEstaba);
+}
+
 std::vector<Copia> Copias::Guardadas() const {
   std::vector<Copia> copias;
   const auto base = sqlite::AbrirConexion(":memory:", {.Crear = true});

@@ -42,6 +42,8 @@ class Copias {
   Copia Guardar(
       sqlite::Conexion& base, const std::string& ambito, Copia copia,
       const std::function<void()>& mirar = [] {});
+  /// Takes one away; what isn't there is passed over.
+  void Quitar(const Copia& copia) noexcept;
   /// Those of rows, the last one first. What is no copy is passed over.
   [[nodiscard]] std::vector<Copia> Guardadas() const;
 

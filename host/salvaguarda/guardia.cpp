@@ -72,6 +72,7 @@ void Guardia::AlGrabar(const Rango& rango) {
     if (reparos.empty()) return;
     // Nobody else is kept waiting for an answer; what changes meanwhile is asked again.
     bases_.Almacenados->AbandonarUnidad();
+    copias_.Quitar(copia_);
     const bool adelante = Preguntar(reparos + "\n\n¿Grabar de todos modos?");
     Anotar(reparos + (adelante ? " Se graba de todos modos" : " No se graba"));
     if (!adelante) throw ErrorEjecucion(services::error::FilaCambiada, kNoGrabado);
@@ -82,8 +83,9 @@ void Guardia::AlGrabar(const Rango& rango) {
 }
 
 std::string Guardia::Copiar(const Rango& rango) {
+  copia_ = {};
   try {
-    copias_.Guardar(
+    copia_ = copias_.Guardar(
         foto_.Conexion(), AmbitoDeGrabacion(rango, ClavesDeTrabajo::Leer(*bases_.DeTrabajo)),
         {Ahora(), usuario_, rango}, [this] {
           const std::vector<Fila> ahora = AvisarDeOtros ? foto_.Cambiadas() : std::vector<Fila>();
@@ -103,7 +105,10 @@ std::string Guardia::Reparos(const std::string& sinCopia) const {
     reparos += (reparos.empty() ? "" : "\n\n") + parrafo;
   };
   if (!sinCopia.empty()) {
-    anadir("No se ha podido guardar una copia de lo que hay grabado: " + sinCopia);
+    anadir(
+        "No se ha podido guardar una copia de lo que hay grabado, ni ver si otro usuario lo ha "
+        "cambiado: " +
+        sinCopia);
   }
   if (!deOtros_.empty()) anadir(Sobre("Otro usuario ha cambiado lo que había al cargar", deOtros_));
   if (!noCargadas_.empty()) {

@@ -82,6 +82,8 @@ class Guardia {
   Copias copias_;
   Registro registro_;
   std::string usuario_;
+  /// The last one made: not needed when nothing was written after it.
+  Copia copia_;
   std::vector<services::Omision> omisiones_;
   /// Stored rows of the range that the working copy hasn't, and that a commit would delete.
   std::vector<Fila> noCargadas_;

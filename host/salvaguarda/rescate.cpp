@@ -110,8 +110,9 @@ std::optional<Rescate> BuscarRescate(sqlite::Conexion& deTrabajo, const std::str
   const auto texto = [&](std::size_t columna) { return anotada.En(0, columna).Texto(); };
   Rescate rescate{{{texto(0), texto(1)}, texto(2), texto(3)}, {}};
   const sql::Adjunta adjunta(deTrabajo, almacenados, "almacen");
-  std::string consulta = Borradas(rescate.Copia.Rango);
-  for (const Comun& comun : kComunes) consulta += " UNION ALL " + Distintas(comun);
+  std::string consulta;
+  for (const Comun& comun : kComunes) consulta += Distintas(comun) + " UNION ALL ";
+  consulta += Borradas(rescate.Copia.Rango);
   rescate.Filas = sql::LeerFilas(deTrabajo, consulta);
   if (rescate.Filas.empty()) return std::nullopt;
   return rescate;

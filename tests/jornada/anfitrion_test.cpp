@@ -109,7 +109,9 @@ TEST_F(AnfitrionDeLaPantalla, ElSegundoCargarTomaElOtroMarcoYNoCargaDeNuevo) {
 TEST_F(AnfitrionDeLaPantalla, ElSegundoCargarConUnMarcoQueNoLoEsDejaTodoComoEstaba) {
   ASSERT_EQ(componente.Cargar(), "");
   const Ref<IForm> marco = componente.Sesion().FrmMarco();
-  for (const Ref<IUnknown>& malo : {Ref<IUnknown>(), Ref<IUnknown>(&componente.Contexto())}) {
+  for (const Ref<IUnknown>& malo :
+       {Ref<IUnknown>(),
+        Ref<IUnknown>(static_cast<services::IDatosClase*>(&componente.Contexto()))}) {
     componente.Contexto().Marco = malo;
     EXPECT_EQ(componente.Cargar(), "Lo que el anfitrión entrega como FrmMarco no es un formulario");
     EXPECT_EQ(componente.Clase().Numero(), services::error::InterfazNoDisponible);

@@ -61,6 +61,7 @@ TEST_F(Guardia, ConNoNoSeGrabaNadaYSePuedeGrabarDespues) {
   Grabar();
   EXPECT_EQ(Factura("F000000"), "5");
   EXPECT_THAT(Preguntas, SizeIs(2));
+  EXPECT_THAT(Guardadas(), SizeIs(1)) << "solo queda la de lo que se grabó";
 }
 
 TEST_F(Guardia, VuelveAPreguntarPorLoQueCambiaMientrasSePregunta) {
@@ -227,6 +228,18 @@ TEST_F(Guardia, SinSitioParaLaCopiaLoPregunta) {
   EXPECT_NE(apoyo::NumeroDeError([this] { Grabar(); }), 0);
   ASSERT_THAT(Preguntas, SizeIs(1));
   EXPECT_THAT(Preguntas[0], HasSubstr("No se ha podido guardar una copia"));
+}
+
+TEST_F(Guardia, LaCopiaDeAntesSigueAunqueFalteLaDeAhora) {
+  Cargar();
+  Grabar();
+  ASSERT_THAT(Guardadas(), SizeIs(1));
+  Cargar();
+  Otro("ALTER TABLE ProvBasesIva RENAME TO Quitada");
+  Respuesta = false;
+  EXPECT_NE(apoyo::NumeroDeError([this] { Grabar(); }), 0);
+  EXPECT_THAT(Preguntas, ElementsAre(HasSubstr("No se ha podido guardar una copia")));
+  EXPECT_THAT(Guardadas(), SizeIs(1));
 }
 
 TEST_F(Guardia, TodoQuedaEnElRegistro) {
