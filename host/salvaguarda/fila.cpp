@@ -66,7 +66,7 @@ std::string Relacion(const std::vector<Fila>& filas, std::size_t hasta) {
     if (!filas[i].Motivo.empty()) texto += ": " + filas[i].Motivo;
   }
   if (filas.size() > hasta) {
-    texto += "\n… y " + std::to_string(filas.size() - hasta) + " más, que están en el registro";
+    texto += "\n… y " + std::to_string(filas.size() - hasta) + " más";
   }
   return texto;
 }

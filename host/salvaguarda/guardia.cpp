@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <filesystem>
+#include <limits>
 
 #include "salvaguarda/ambito.h"
 #include "salvaguarda/omitidas.h"
@@ -16,13 +17,16 @@ using services::Omision;
 
 /// As many rows as a message shows without growing out of the screen.
 constexpr std::size_t kALaVista = 12;
+constexpr std::size_t kTodas = std::numeric_limits<std::size_t>::max();
 
 constexpr const char* kNoGrabado =
     "No se ha grabado nada. Lo que ha hecho sigue en la pantalla: puede grabarlo después, o pulsar "
     "Cancelar para volver a cargar lo que hay grabado";
 
-std::string Sobre(const std::string& frase, const std::vector<Fila>& filas) {
-  return frase + " (" + Recuento(filas) + "):" + Relacion(filas, kALaVista);
+std::string Sobre(const std::string& frase, const std::vector<Fila>& filas, std::size_t hasta) {
+  const bool entera = filas.size() <= hasta;
+  return frase + " (" + Recuento(filas) + "):" + Relacion(filas, hasta) +
+         (entera ? "" : ", que están en registro.txt");
 }
 
 }  // namespace
@@ -68,13 +72,13 @@ void Guardia::AlGrabar(const Rango& rango) {
   for (bool conCopia = true;;) {
     bases_.Almacenados->EmpezarUnidad();
     const std::string sinCopia = conCopia ? Copiar(rango) : "";
-    const std::string reparos = Reparos(sinCopia);
+    const std::string reparos = Reparos(sinCopia, kALaVista);
     if (reparos.empty()) return;
     // Nobody else is kept waiting for an answer; what changes meanwhile is asked again.
     bases_.Almacenados->AbandonarUnidad();
     copias_.Quitar(copia_);
     const bool adelante = Preguntar(reparos + "\n\n¿Grabar de todos modos?");
-    Anotar(reparos + (adelante ? " Se graba de todos modos" : " No se graba"));
+    Anotar(Reparos(sinCopia, kTodas) + (adelante ? " Se graba de todos modos" : " No se graba"));
     if (!adelante) throw ErrorEjecucion(services::error::FilaCambiada, kNoGrabado);
     noCargadas_.clear();
     deOtros_.clear();
@@ -99,7 +103,7 @@ std::string Guardia::Copiar(const Rango& rango) {
   }
 }
 
-std::string Guardia::Reparos(const std::string& sinCopia) const {
+std::string Guardia::Reparos(const std::string& sinCopia, std::size_t hasta) const {
   std::string reparos;
   const auto anadir = [&](const std::string& parrafo) {
     reparos += (reparos.empty() ? "" : "\n\n") + parrafo;
@@ -110,9 +114,11 @@ std::string Guardia::Reparos(const std::string& sinCopia) const {
         "cambiado: " +
         sinCopia);
   }
-  if (!deOtros_.empty()) anadir(Sobre("Otro usuario ha cambiado lo que había al cargar", deOtros_));
+  if (!deOtros_.empty()) {
+    anadir(Sobre("Otro usuario ha cambiado lo que había al cargar", deOtros_, hasta));
+  }
   if (!noCargadas_.empty()) {
-    anadir(Sobre("Hay filas del rango que no se cargaron, y que se borrarían", noCargadas_));
+    anadir(Sobre("Hay filas del rango que no se cargaron, y que se borrarían", noCargadas_, hasta));
   }
   return reparos;
 }
@@ -125,8 +131,8 @@ void Guardia::PasadoPorAlto(const Omision& omision) {
 }
 
 void Guardia::Decir(const std::string& texto, const std::vector<Fila>& filas) {
-  relato_.Parrafos.push_back(filas.empty() ? texto : Sobre(texto, filas));
-  Anotar(texto + Relacion(filas, filas.size()));
+  relato_.Parrafos.push_back(filas.empty() ? texto : Sobre(texto, filas, kALaVista));
+  Anotar(texto + Relacion(filas, kTodas));
   AlHaberQueContar();
 }
 

@@ -73,8 +73,9 @@ class Guardia {
   /// Copies what is to be written, and sees what others have changed of it since it was last looked
   /// at. Empty, or why that can't be done.
   [[nodiscard]] std::string Copiar(const Rango& rango);
-  /// What is to be asked before what is there is written over; empty for nothing.
-  [[nodiscard]] std::string Reparos(const std::string& sinCopia) const;
+  /// What is to be asked before what is there is written over, with up to so many rows of each
+  /// kind; empty for nothing.
+  [[nodiscard]] std::string Reparos(const std::string& sinCopia, std::size_t hasta) const;
   void Decir(const std::string& texto, const std::vector<Fila>& filas);
 
   Bases bases_;

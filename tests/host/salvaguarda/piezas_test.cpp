@@ -55,7 +55,7 @@ TEST(FilaDicha, UnaRelacionLargaSeCortaYLoDice) {
   EXPECT_EQ(Relacion(filas, 2),
             "\n· factura A de 2005 del concepto 1: no cabe"
             "\n· factura A de 2005 del concepto 1: no cabe"
-            "\n… y 3 más, que están en el registro");
+            "\n… y 3 más");
 }
 
 TEST(RegistroDeLaSuite, NoCreceSinFin) {
