@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <array>
 
+#include "sqlite/momento.h"
+
 namespace salvaguarda {
 namespace {
 
@@ -31,12 +33,18 @@ std::string Fecha(const std::string& guardada) {
   return guardada.substr(6, 2) + "/" + guardada.substr(4, 2) + "/" + guardada.substr(0, 4);
 }
 
+/// A stored moment alike.
+std::string Momento(const std::string& guardado) {
+  const auto momento = sqlite::LeerMomento(guardado);
+  return momento ? services::TextoDeFecha(*momento) : guardado;
+}
+
 }  // namespace
 
 std::string Nombre(const Fila& fila) {
   if (fila.Tabla == "ProvPrevisionPagos") return "previsión del concepto " + fila.NConcepto;
   if (fila.Tabla == "CajaPagos") {
-    return "apunte de caja de " + fila.Detalle + " del concepto " + fila.NConcepto;
+    return "apunte de caja de " + Momento(fila.Detalle) + " del concepto " + fila.NConcepto;
   }
   if (fila.Tabla == "ProvVencimientos") {
     return "vencimiento " + Fecha(fila.Detalle) + " de la factura " + DeFactura(fila);

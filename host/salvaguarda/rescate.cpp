@@ -56,7 +56,7 @@ std::string Distintas(const Comun& comun) {
   const std::string columnas = ColumnasDe(comun);
   return Juntar({"SELECT '", comun.Tabla, "', ", comun.Clave,
                  ", CASE WHEN EXISTS (SELECT 1 FROM almacen.", comun.Tabla, " s WHERE ",
-                 comun.Misma, ") THEN 'cambiada' ELSE 'nueva' END FROM (SELECT ", columnas,
+                 comun.Misma, ") THEN 'se cambió' ELSE 'se añadió' END FROM (SELECT ", columnas,
                  " FROM main.Temp", comun.Tabla, " EXCEPT SELECT ", columnas, " FROM almacen.",
                  comun.Tabla, ") d"});
 }
@@ -64,7 +64,7 @@ std::string Distintas(const Comun& comun) {
 /// The stored invoices of the range that the working copy hasn't any more, or their due dates.
 std::string Borradas(const Rango& rango) {
   return Juntar(
-      {"SELECT DISTINCT 'ProvVencimientos', t.NConcepto, t.NFactura, t.Año, t.FechaVto, 'borrada' "
+      {"SELECT DISTINCT 'ProvVencimientos', t.NConcepto, t.NFactura, t.Año, t.FechaVto, 'se borró' "
        "FROM "
        "almacen.ProvVencimientos v CROSS JOIN almacen.ProvFacturas f ON f.NConcepto = v.NConcepto "
        "AND "
@@ -76,7 +76,7 @@ std::string Borradas(const Rango& rango) {
        "NOT "
        "EXISTS (SELECT 1 FROM main.TempProvVencimientos w WHERE w.NConcepto = t.NConcepto AND "
        "w.NFactura = t.NFactura AND w.Año = t.Año AND w.FechaVto = t.FechaVto) UNION ALL SELECT "
-       "'ProvPrevisionPagos', p.NConcepto, '', '', p.Fecha1Vto, 'borrada' FROM "
+       "'ProvPrevisionPagos', p.NConcepto, '', '', p.Fecha1Vto, 'se borró' FROM "
        "almacen.ProvPrevisionPagos p WHERE p.Fecha1Vto <= ",
        Texto(rango.Hasta),
        " AND EXISTS (SELECT 1 FROM almacen.ProvConceptos c WHERE c.NConcepto = p.NConcepto) AND "

@@ -233,13 +233,14 @@ TEST_F(RescateDeUnaMuerte, DiceCadaFilaQueNoEsComoLaGrabada) {
   EXPECT_EQ(rescate->Copia.Rango.Desde, "20050301");
   EXPECT_EQ(rescate->Copia.Usuario, "ANA");
   EXPECT_EQ(rescate->Copia.Momento, "2005-03-15 11:00:00");
-  EXPECT_THAT(rescate->Filas,
-              AllOf(Contains(salvaguarda::Fila{"ProvVencimientos", "2", "F000001", "2005",
-                                               "20050302", "borrada"}),
-                    Contains(salvaguarda::Fila{"ProvVencimientos", "1", "F000000", "2005",
-                                               "20050301", "cambiada"}),
-                    Contains(salvaguarda::Fila{"ProvFacturas", "5", "NUEVA", "2005", "", "nueva"}),
-                    Contains(Field(&salvaguarda::Fila::Tabla, "CajaPagos"))));
+  EXPECT_THAT(
+      rescate->Filas,
+      AllOf(Contains(salvaguarda::Fila{"ProvVencimientos", "2", "F000001", "2005", "20050302",
+                                       "se borró"}),
+            Contains(salvaguarda::Fila{"ProvVencimientos", "1", "F000000", "2005", "20050301",
+                                       "se cambió"}),
+            Contains(salvaguarda::Fila{"ProvFacturas", "5", "NUEVA", "2005", "", "se añadió"}),
+            Contains(Field(&salvaguarda::Fila::Tabla, "CajaPagos"))));
 }
 
 TEST_F(RescateDeUnaMuerte, BuscarloNoCierraLasTablasDeLaEmpresaANadie) {

@@ -41,6 +41,8 @@ TEST(FilaDicha, CadaTablaTieneSuNombre) {
   EXPECT_EQ(Nombre(Fila{"ProvBasesIva", "400", "F-1", "2005", "2"}),
             "base de IVA 2 de la factura F-1 de 2005 del concepto 400");
   EXPECT_EQ(Nombre(Fila{"ProvPrevisionPagos", "403", "", ""}), "previsión del concepto 403");
+  EXPECT_EQ(Nombre(Fila{"CajaPagos", "400", "", "", "2005-03-02 09:30:00"}),
+            "apunte de caja de 02/03/2005 9:30:00 del concepto 400");
 }
 
 TEST(FilaDicha, SeCuentanPorTablas) {
