@@ -60,6 +60,10 @@ void Unidad(Ejecucion& e, const Orden& o) {
   e.Mundo().De("datos").Agrupar(o.Texto(0) == "evento");
 }
 
+void Guardia(Ejecucion& e, const Orden&) {
+  e.Mundo().Guardar();
+}
+
 void Fallo(Ejecucion& e, const Orden& o) {
   const std::int32_t numero =
       o.Argumentos.size() > 2 ? o.NumeroDeError(2) : services::error::FalloDeConexion;
@@ -84,6 +88,7 @@ constexpr std::array kAcciones{
     Accion{"responder", Responder, true},
     Accion{"concepto", Concepto, true},
     Accion{"unidad", Unidad, true},
+    Accion{"guardia", Guardia, true},
     Accion{"fallo", Fallo, true},
     Accion{"matar", Matar, true},
 };

@@ -2,6 +2,7 @@
 
 #include <functional>
 #include <string>
+#include <utility>
 
 #include "services/anfitrion.h"
 
@@ -37,6 +38,8 @@ class Anfitrion final
 
   /// Twips; the work area is the whole of it.
   void PonerPantalla(int ancho, int alto);
+  /// The way to the stored tables that is handed over from now on.
+  void PonerDatos(services::Ref<services::Conexion> datos) { datos_ = std::move(datos); }
   /// What is done with a form that is to be repainted, and what is handed back for it.
   std::function<void(services::Ref<services::IUnknown>&)> AlRepintar;
   [[nodiscard]] FormAnfitrion& FrmMarco() { return *marco_; }

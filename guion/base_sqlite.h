@@ -19,6 +19,7 @@ class BaseSqlite final : public Base {
              const std::function<void(sqlite::Conexion&)>& crear);
 
   [[nodiscard]] services::Ref<services::Conexion> Conexion() override { return conexion_; }
+  [[nodiscard]] const services::Ref<sqlite::Conexion>& Motor() const { return conexion_; }
   void Agrupar(bool porEvento) override { conexion_->AgruparEnUnidades(porEvento); }
   void Ejecutar(const std::string& sql) override;
   [[nodiscard]] std::vector<Fila> Consultar(const std::string& sql) override;

@@ -1,17 +1,30 @@
 #include "guion/bases.h"
 
+#include <filesystem>
+
 #include "esquema/esquema_sqlite.h"
-#include "guion/base_sqlite.h"
+#include "salvaguarda/conexion_guardada.h"
 
 namespace guion {
 
 Bases::Bases(const Ficheros& ficheros, int sesion)
-    : datos_(std::make_unique<BaseSqlite>(ficheros.Datos(), sqlite::Opciones{.Crear = true},
+    : fichero_datos_(ficheros.Datos()),
+      fichero_local_(ficheros.Local(sesion)),
+      datos_(std::make_unique<BaseSqlite>(fichero_datos_, sqlite::Opciones{.Crear = true},
                                           "ProvFacturas", esquema::CrearAlmacenadas)),
       local_(std::make_unique<BaseSqlite>(
-          ficheros.Local(sesion),
+          fichero_local_,
           sqlite::Opciones{
               .Durabilidad = sqlite::Sincronizacion::Normal, .Crear = true, .Exclusiva = true},
           "TempProvFacturas", esquema::CrearDeTrabajo)) {}
+
+Guardada Bases::Guardar(const std::string& usuario) const {
+  auto guardia = std::make_shared<salvaguarda::Guardia>(
+      salvaguarda::Guardia::Bases{datos_->Motor(), local_->Motor(), fichero_datos_},
+      std::filesystem::path(fichero_local_).parent_path(), usuario);
+  services::Ref<services::Conexion> guardados =
+      services::Crear<salvaguarda::ConexionGuardada>(datos_->Motor(), guardia);
+  return {std::move(guardia), std::move(guardados)};
+}
 
 }  // namespace guion

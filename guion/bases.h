@@ -1,9 +1,11 @@
 #pragma once
 
 #include <memory>
+#include <string>
 
-#include "guion/base.h"
+#include "guion/base_sqlite.h"
 #include "guion/ficheros.h"
+#include "guion/guardada.h"
 
 namespace guion {
 
@@ -15,10 +17,15 @@ class Bases {
 
   [[nodiscard]] Base& Datos() { return *datos_; }
   [[nodiscard]] Base& Local() { return *local_; }
+  /// With the guard that the suite has for them, its copies and its log beside the working file.
+  /// Throws alike.
+  [[nodiscard]] Guardada Guardar(const std::string& usuario) const;
 
  private:
-  std::unique_ptr<Base> datos_;
-  std::unique_ptr<Base> local_;
+  std::string fichero_datos_;
+  std::string fichero_local_;
+  std::unique_ptr<BaseSqlite> datos_;
+  std::unique_ptr<BaseSqlite> local_;
 };
 
 }  // namespace guion

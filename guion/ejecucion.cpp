@@ -72,6 +72,7 @@ void Ejecucion::Ejecutar(const Orden& orden) {
   } catch (const headless::PreguntaSinRespuesta&) {
     // Told below: on other ways the exception may have been swallowed.
   }
+  mundo_.Contar();
   const auto& pregunta = Entorno().Mensajes.SinRespuesta();
   if (pregunta) Romper(orden.Linea, *pregunta);
 }

@@ -20,6 +20,7 @@ const std::vector<Firma>& Tabla() {
       {"responder", {Respuesta}, 1, true},
       {"concepto", {Texto}, 1},
       {"unidad", {Unidad}, 1},
+      {"guardia", {}, 0},
       {"fallo", {Base, Positivo, NumeroDeError}, 2},
       {"matar", {}, 0},
 

@@ -43,7 +43,8 @@ int Intentar(std::ostream& errores, Accion accion) {
 int JugarSesion(int sesion, const Fuente& fuente, const Ficheros& ficheros, Corrientes corrientes,
                 const Fabrica& fabrica) {
   Bases bases(ficheros, sesion);
-  Mundo mundo(bases.Datos(), bases.Local(), fabrica);
+  Mundo mundo(bases.Datos(), bases.Local(), fabrica,
+              [&bases](const std::string& usuario) { return bases.Guardar(usuario); });
   services::InstalarPlataforma(mundo.Plataforma());
   SalidaDeSesion destino(corrientes.Salida, sesion);
   std::ostream salida(&destino);

@@ -58,6 +58,7 @@ services::Plataforma Entorno::Plataforma() {
   };
   p.PasadoPorAlto = [yo](services::Sesion&, const services::Omision& omision) {
     yo->Omisiones.push_back(omision);
+    if (yo->AlPasarPorAlto) yo->AlPasarPorAlto(omision);
   };
   p.Ahora = [yo] { return yo->Ahora(); };
   p.Pantalla = [yo] { return yo->Pantalla; };

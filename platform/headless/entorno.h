@@ -39,6 +39,8 @@ class Entorno : public std::enable_shared_from_this<Entorno> {
   std::function<void(services::Form&)> AlEsperarModal;
   std::function<void(const services::ErrorEjecucion&)> AlFallar;
   std::function<std::unique_ptr<services::Utiles>(services::Sesion&)> CrearUtiles;
+  /// Hears of each failure that a load or a commit passes over, as it happens. May be left out.
+  std::function<void(const services::Omision&)> AlPasarPorAlto;
 
   headless::Mensajes Mensajes;
   /// What loads and commits passed over.

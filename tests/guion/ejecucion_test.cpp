@@ -42,6 +42,12 @@ TEST_F(UnGuion, LaSesionLlevaSusValoresPorOmision) {
             "Visible=1 BackColor=-2147483633\n");
 }
 
+TEST_F(UnGuion, SinGuardiaParaEstasBasesLaOrdenNoSeEntiende) {
+  const pruebas::Corrida corrida = Correr("guardia\ncargar");
+  EXPECT_EQ(corrida.Estado, 2);
+  EXPECT_EQ(corrida.Errores, "línea 1: estas bases de datos no tienen guardia\n");
+}
+
 TEST_F(UnGuion, LaSesionLlevaLoQueElTextoDice) {
   EXPECT_EQ(Salida("usuario \"EVA MAR\"\nclave K\ntexto Pagina Hoja\ntexto Pantalla Vista\n"
                    "referencia 12000 9000\ncargar\n"

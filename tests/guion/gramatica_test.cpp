@@ -33,6 +33,11 @@ TEST(Gramatica, CadaLineaEsUnaOrdenConSuNumero) {
   EXPECT_EQ(ordenes[1].Argumentos, std::vector<std::string>{"BotonNuevo"});
 }
 
+TEST(Gramatica, LaGuardiaNoLlevaNada) {
+  EXPECT_EQ(Analizar("guardia").at(0).Nombre, "guardia");
+  EXPECT_EQ(Falta("guardia si"), std::pair(1, std::string("sobran argumentos en guardia")));
+}
+
 TEST(Gramatica, LasComillasGuardanBlancosYEscapes) {
   const auto ordenes = Analizar(R"(teclear TxtA "di \"no\" \\ y # sigue\notra")");
   EXPECT_EQ(ordenes.at(0).Texto(1), "di \"no\" \\ y # sigue\notra");
