@@ -1,0 +1,118 @@
+"""Judges what a "Grabar" did to the stored tables: each row that it changed was changed by this user, or told to him.
+
+By the tables alone: what they held before the command and after it, what this user had loaded and what he made of it.
+"""
+
+import re
+
+from dos_ordenes import FUERA
+from dos_traza import CARGA, llano
+
+PREGUNTA, DICHO, DE_LA_GUARDIA = 4, 48, "Sorvex"
+
+
+class Usuario:
+    """What a session knows: its rows as they were loaded, as they are, and what the guard told it since."""
+
+    def __init__(self):
+        self.cargado, self.trabajo, self.rejilla, self.largo, self.dicho = {}, {}, [], 0, []
+
+
+def juzgar(vistas):
+    """The findings, as (step, kind, text)."""
+    usuarios, antes, hallazgos = {}, vistas[0], []
+    for n, vista in enumerate(vistas):
+        if vista.sesion != FUERA:
+            usuario = usuarios.setdefault(vista.sesion, Usuario())
+            de_ahora = [aviso for aviso in vista.avisos if aviso[2] == DE_LA_GUARDIA]
+            hallazgos += [(n, *hallazgo) for hallazgo in del_paso(usuario, antes, vista, de_ahora)]
+            seguir(usuario, vista, de_ahora)
+        antes = vista
+    return hallazgos
+
+
+def seguir(usuario, vista, de_ahora):
+    if CARGA in vista.sucesos:
+        usuario.cargado, usuario.largo, usuario.dicho = vista.trabajo, len(vista.rejilla), []
+        de_ahora = [aviso for aviso in de_ahora if aviso[0].startswith("No se ha")]
+    usuario.dicho += de_ahora
+    usuario.trabajo, usuario.rejilla = vista.trabajo, vista.rejilla
+
+
+def del_paso(usuario, antes, vista, de_ahora):
+    dijo_no = any(aviso[1] == PREGUNTA and aviso[3] == "no" for aviso in de_ahora)
+    if sorted(antes.crudo, key=str) != sorted(vista.crudo, key=str) and (dijo_no or not vista.borra):
+        yield "escribe", "ha cambiado lo almacenado con un no" if dijo_no else "ha cambiado lo almacenado sin grabar"
+    if not vista.borra or dijo_no:
+        return
+    dicho = [texto for texto, *_ in usuario.dicho + de_ahora]
+    if vista.sucesos[0] == CARGA:  # The dates just left were loaded without saving: nothing is this user's any more.
+        usuario = Usuario()
+    final, fechados = con_lo_pagado(usuario)
+    for clave in sorted(antes.almacenado.keys() | vista.almacenado.keys()):
+        que = de_la_fila(clave, antes.almacenado.get(clave), vista.almacenado.get(clave), usuario.cargado.get(clave),
+                         final.get(clave), clave in fechados)
+        if que and not nombra(dicho, clave):
+            yield que, f"{que}: {clave} {antes.almacenado.get(clave)} -> {vista.almacenado.get(clave)}"
+    if not vista.errores:
+        for clave in sorted(usuario.cargado.keys() | final.keys()):
+            if perdido(clave, usuario.cargado.get(clave), final.get(clave), antes, vista) and not nombra(dicho, clave):
+                yield "sin grabar", (f"sin grabar: {clave} {usuario.cargado.get(clave)} -> {final.get(clave)}, quedó "
+                                     f"{vista.almacenado.get(clave)}")
+
+
+def con_lo_pagado(usuario):
+    """The working rows with what the list adds to them as it is saved, and the receipts that it dates: those paid,
+    and all of a list that has another length than when it was loaded."""
+    final, fechados = {clave: dict(fila) for clave, fila in usuario.trabajo.items()}, set()
+    for celdas in usuario.rejilla[1:]:
+        pagado = llano("Pagado", celdas[4].replace(".", "").replace(",", "."))
+        dia = "".join(reversed(celdas[0].split("/")))
+        for clave, fila in final.items():
+            suya = clave[0] == "ProvVencimientos" and (clave[1], clave[2].strip(" "), *clave[3:]) == (
+                celdas[6], celdas[2].strip(" "), celdas[7], dia)
+            if suya and (fila["Pagado"] != pagado or len(usuario.rejilla) != usuario.largo):
+                fila["Pagado"] = pagado
+                fechados.add(clave)
+    return final, fechados
+
+
+def de_la_fila(clave, era, es, cargada, final, fechada):
+    """What happened to a stored row that this user didn't do himself; None for nothing."""
+    if era == es:
+        return None
+    if es is None:
+        return None if cargada and not final and era == cargada else "borrada"
+    if era is None:
+        return None if final and not cargada else "vuelta"
+    for columna, valor in es.items():
+        if valor == era[columna] or (columna == "Fechapago" and fechada):
+            continue
+        if not (cargada and final and era[columna] == cargada[columna] and valor == final[columna]):
+            return "cambiada"
+    return None
+
+
+def perdido(clave, cargada, final, antes, vista):
+    """Whether something that the user did isn't in the stored tables. An entry of the till that was gone can't be."""
+    if cargada == final or (clave[0] == "CajaPagos" and clave not in antes.almacenado):
+        return False
+    queda = vista.almacenado.get(clave)
+    if not final or not queda:
+        return bool(final) != bool(queda)
+    return any(queda[columna] != valor for columna, valor in final.items()
+               if columna != "Fechapago" and (not cargada or cargada[columna] != valor))
+
+
+def nombra(textos, clave):
+    """Whether one of the messages names the invoice, forecast or cash entry that a row belongs to."""
+    tabla = clave[0]
+    if tabla == "ProvPrevisionPagos":
+        buscado = rf"previsión del concepto {clave[1]}(?!\w)"
+    elif tabla == "CajaPagos":
+        dicho = {llano("FechaHora", moment) for texto in textos
+                 for moment in re.findall(rf"apunte de caja de (\d\S*(?: \d\S*)?) del concepto {clave[3]}(?!\w)", texto)}
+        return clave[2] in dicho
+    else:
+        buscado = rf"factura {re.escape(clave[2].strip(' '))} de {clave[3]} del concepto {clave[1]}(?!\w)"
+    return any(re.search(buscado, texto) for texto in textos)
