@@ -10,12 +10,16 @@ using sql::Texto;
 
 std::string Vacio() {
   std::string todo;
-  for (const std::string_view tabla : {"DelRango", "Ambito", "AmbitoPrevision", "AmbitoCaja"}) {
+  for (const std::string_view tabla :
+       {"DelRango", "DeTrabajo", "Ambito", "PrevisionDeTrabajo", "AmbitoPrevision", "AmbitoCaja"}) {
     todo += Juntar({"DROP TABLE IF EXISTS temp.", tabla, ";"});
   }
-  return todo + sql::CrearClaves("DelRango") + sql::CrearClaves("Ambito") +
-         "CREATE TEMP TABLE AmbitoPrevision (NConcepto TEXT COLLATE ES PRIMARY KEY) WITHOUT ROWID;"
-         "CREATE TEMP TABLE AmbitoCaja (idSucursal, FechaHora, Tipo);";
+  for (const std::string_view tabla : {"PrevisionDeTrabajo", "AmbitoPrevision"}) {
+    todo += Juntar(
+        {"CREATE TEMP TABLE ", tabla, " (NConcepto TEXT COLLATE ES PRIMARY KEY) WITHOUT ROWID;"});
+  }
+  return todo + sql::CrearClaves("DelRango") + sql::CrearClaves("DeTrabajo") +
+         sql::CrearClaves("Ambito") + "CREATE TEMP TABLE AmbitoCaja (idSucursal, FechaHora, Tipo);";
 }
 
 /// The rows of a statement of many values at a time.
@@ -62,7 +66,9 @@ std::string AmbitoDeGrabacion(const Rango& rango, const ClavesDeTrabajo& claves)
   return Vacio() + "INSERT OR IGNORE INTO temp.DelRango " + sql::ClavesDelRango(rango) +
          ";INSERT OR IGNORE INTO temp.DelRango SELECT * FROM temp.Claves;"
          "INSERT INTO temp.Ambito SELECT * FROM temp.DelRango" +
-         Insertar("temp.Ambito", facturas) + Insertar("temp.AmbitoPrevision", previsiones) +
+         Insertar("temp.DeTrabajo", facturas) + Insertar("temp.PrevisionDeTrabajo", previsiones) +
+         "INSERT OR IGNORE INTO temp.Ambito SELECT * FROM temp.DeTrabajo;"
+         "INSERT INTO temp.AmbitoPrevision SELECT * FROM temp.PrevisionDeTrabajo;"
          "INSERT OR IGNORE INTO temp.AmbitoPrevision SELECT NConcepto FROM (" +
          sql::PrevisionesDe(rango) +
          ");INSERT OR IGNORE INTO temp.AmbitoPrevision SELECT NConcepto FROM "

@@ -23,8 +23,8 @@ struct ClavesDeTrabajo {
 };
 
 // The keys of what a copy is about, in three tables of the connection's own: `temp.Ambito` for the
-// invoices, `temp.AmbitoPrevision` and `temp.AmbitoCaja`; and in `temp.DelRango` those of the
-// invoices that a commit deletes.
+// invoices, `temp.AmbitoPrevision` and `temp.AmbitoCaja`; in `temp.DelRango` those of the invoices
+// that a commit deletes; in `temp.DeTrabajo` and `temp.PrevisionDeTrabajo` what it writes.
 
 /// For a commit of `rango`: what it deletes, what the picture holds, and what bears a key of the
 /// working copy.

@@ -115,15 +115,40 @@ std::string Distintas(sqlite::Conexion& base, std::string_view tabla, std::strin
                  " FROM (", foto, " EXCEPT ", copia, ")"});
 }
 
-/// What happened to a row of which the picture tells as `antes` and the copy as `ahora`; null is
-/// missing.
-std::string Motivo(std::string_view comprobada) {
-  return Juntar(
-      {"CASE WHEN ahora.", comprobada,
-       " IS NULL THEN 'otro usuario la ha borrado, y se volvería a grabar' WHEN antes.", comprobada,
-       " IS NULL THEN 'la ha añadido ' || ifnull(ahora.ModificadoPor, 'otro usuario') || ', "
-       "y se borraría' ELSE 'la ha cambiado ' || ifnull(ahora.ModificadoPor, 'otro usuario') "
-       "|| ', y volvería a ser como era' END"});
+/// What happened to the row `d` of which the picture tells as `antes` and the copy as `ahora`, null
+/// where it is missing; and what becomes of it, which depends on whether the working copy has it.
+std::string Motivo(const std::string& deTrabajo) {
+  const std::string quien =
+      " || ifnull(ahora.ModificadoPor, 'otro usuario') || CASE WHEN " + deTrabajo + " THEN ";
+  return "CASE WHEN ahora.NConcepto IS NULL THEN 'otro usuario la ha borrado, y se volvería a "
+         "grabar' WHEN antes.NConcepto IS NULL THEN 'la ha añadido '" +
+         quien +
+         "', y la de la lista ocuparía su lugar' ELSE ', y se borraría' END "
+         "ELSE 'la ha cambiado '" +
+         quien + "', y volvería a ser como era' ELSE ', y se borraría' END END";
+}
+
+/// That the copy has something left of the invoice `d`.
+std::string QuedaAlgo() {
+  std::string condicion;
+  for (const auto& tabla : kDeFactura) {
+    condicion += Juntar({condicion.empty() ? "" : " OR ", "EXISTS (SELECT 1 FROM copia.",
+                         tabla.Nombre, " t WHERE t.NConcepto = d.NConcepto AND trim(t.",
+                         tabla.Numero, ") COLLATE ES = d.Factura AND t.Año = d.Año)"});
+  }
+  return condicion;
+}
+
+/// The rows of the copy's table that belong to the same invoice or forecast; empty for a cash
+/// entry, which nobody deletes.
+std::string EnLaCopia(const Fila& fila) {
+  const std::string desde = Juntar({"SELECT 1 FROM copia.", fila.Tabla,
+                                    " t WHERE t.NConcepto COLLATE ES = ", Texto(fila.NConcepto)});
+  if (fila.Tabla == "ProvPrevisionPagos") return desde;
+  const auto tabla = std::ranges::find(kDeFactura, fila.Tabla, &sql::TablaDeFactura::Nombre);
+  if (tabla == kDeFactura.end()) return "";
+  return Juntar({desde, " AND trim(t.", tabla->Numero, ") COLLATE ES = ", Texto(fila.Factura),
+                 " AND t.Año = ", Texto(fila.Anio)});
 }
 
 }  // namespace
@@ -141,22 +166,37 @@ std::string Foto::FacturasCambiadas() {
          ") ", alias, " ON ", alias, ".NConcepto = d.NConcepto AND ", alias,
          ".Factura = d.Factura AND ", alias, ".Año = d.Año"});
   };
-  return "SELECT 'ProvFacturas', d.NConcepto, d.Factura, d.Año, '', CASE WHEN d.NConcepto || '|' "
-         "|| "
-         "d.Factura || '|' || d.Año NOT IN (SELECT NConcepto || '|' || Factura || '|' || Año FROM "
-         "temp.DelRango) THEN 'ya está grabada con vencimientos de otras fechas, y lo entrado con "
-         "su "
-         "número se le añadiría' ELSE " +
-         Motivo("NConcepto") + " END FROM (SELECT DISTINCT * FROM (" + claves + ")) d" +
-         con("temp.FotoProvFacturas", "antes") + con("copia.ProvFacturas", "ahora");
+  const auto en = [](std::string_view tabla) {
+    return Juntar(
+        {"EXISTS (SELECT 1 FROM ", tabla,
+         " w WHERE w.NConcepto = d.NConcepto AND w.Factura = d.Factura AND w.Año = d.Año)"});
+  };
+  const std::string deTrabajo = en("temp.DeTrabajo");
+  return "SELECT 'ProvFacturas', d.NConcepto, d.Factura, d.Año, '', CASE WHEN NOT " +
+         en("temp.DelRango") +
+         " THEN 'ya está grabada con vencimientos de otras fechas, y lo entrado con su número "
+         "se le añadiría' ELSE " +
+         Motivo(deTrabajo) + " END FROM (SELECT DISTINCT * FROM (" + claves + ")) d" +
+         con("temp.FotoProvFacturas", "antes") + con("copia.ProvFacturas", "ahora") + " WHERE " +
+         deTrabajo + " OR " + QuedaAlgo();
 }
 
 std::string Foto::PrevisionesCambiadas() {
-  return "SELECT 'ProvPrevisionPagos', d.NConcepto, '', '', '', " + Motivo("NConcepto") +
-         " FROM (" + Distintas(*conexion_, "ProvPrevisionPagos", "NConcepto") +
+  const std::string deTrabajo =
+      "EXISTS (SELECT 1 FROM temp.PrevisionDeTrabajo w WHERE w.NConcepto = d.NConcepto)";
+  return "SELECT 'ProvPrevisionPagos', d.NConcepto, '', '', '', " + Motivo(deTrabajo) + " FROM (" +
+         Distintas(*conexion_, "ProvPrevisionPagos", "NConcepto") +
          ") d LEFT JOIN temp.FotoProvPrevisionPagos antes ON antes.NConcepto = d.NConcepto LEFT "
-         "JOIN "
-         "copia.ProvPrevisionPagos ahora ON ahora.NConcepto = d.NConcepto";
+         "JOIN copia.ProvPrevisionPagos ahora ON ahora.NConcepto = d.NConcepto WHERE " +
+         deTrabajo + " OR ahora.NConcepto IS NOT NULL";
+}
+
+std::vector<Fila> Foto::QueSiguen(std::vector<Fila> filas) {
+  std::erase_if(filas, [this](const Fila& fila) {
+    const std::string suyas = EnLaCopia(fila);
+    return !suyas.empty() && conexion_->Consultar(suyas).Filas.Cuantas() == 0;
+  });
+  return filas;
 }
 
 /// An entry that is gone can't be linked any more, and nothing of it is lost.

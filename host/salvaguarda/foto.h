@@ -32,8 +32,11 @@ class Foto {
 
   /// What the tables of the attached file `copia` say otherwise than it: invoices, forecasts and
   /// cash entries that were changed, added or deleted since, each with who did it and what a commit
-  /// would do. Who wrote a row when is no difference: a commit stamps all rows of its range.
+  /// would do. No difference is who wrote a row when, nor what any commit makes of it; nor is one
+  /// that is gone and that this commit doesn't bring back.
   [[nodiscard]] std::vector<Fila> Cambiadas();
+  /// Those of the rows of whose invoice or forecast the attached file `copia` still has any there.
+  [[nodiscard]] std::vector<Fila> QueSiguen(std::vector<Fila> filas);
 
  private:
   [[nodiscard]] std::string FacturasCambiadas();

@@ -92,6 +92,7 @@ std::string Guardia::Copiar(const Rango& rango) {
     copia_ = copias_.Guardar(
         foto_.Conexion(), AmbitoDeGrabacion(rango, ClavesDeTrabajo::Leer(*bases_.DeTrabajo)),
         {Ahora(), usuario_, rango}, [this] {
+          noCargadas_ = foto_.QueSiguen(std::move(noCargadas_));
           const std::vector<Fila> ahora = AvisarDeOtros ? foto_.Cambiadas() : std::vector<Fila>();
           if (ahora.empty()) return;
           deOtros_.insert(deOtros_.end(), ahora.begin(), ahora.end());

@@ -19,15 +19,10 @@ struct Comun {
   std::string_view Misma;  ///< that row `d` is row `s`
 };
 
-// A load writes 0 for a withholding that is missing or exactly 1.
-constexpr std::string_view kRetencion =
-    ", CASE WHEN BIRPF IS NULL OR BIRPF = 1 THEN 0 ELSE BIRPF END, CASE WHEN TipoIRPF IS NULL OR "
-    "TipoIRPF = 1 THEN 0 ELSE TipoIRPF END, CASE WHEN IRPF IS NULL OR IRPF = 1 THEN 0 ELSE IRPF "
-    "END";
-
 constexpr std::array kComunes{
     Comun{"ProvFacturas",
-          "NConcepto, Factura, Año, Fecha, Total, forpago, NRecibos, Dias1Vto, Cadencia",
+          "NConcepto, Factura, Año, Fecha, Total, forpago, NRecibos, Dias1Vto, BIRPF, TipoIRPF, "
+          "IRPF, Cadencia",
           "NConcepto, Factura, Año, ''",
           "s.NConcepto = d.NConcepto AND s.Factura = d.Factura AND s.Año = d.Año"},
     Comun{"ProvBasesIva", "NConcepto, NFactura, Año, Tipo, Base, Importe, Exento",
@@ -41,14 +36,19 @@ constexpr std::array kComunes{
         "d.FechaVto"},
     Comun{"ProvPrevisionPagos", "NConcepto, Fecha1Vto, Cada, Tipo, Importe",
           "NConcepto, '', '', Fecha1Vto", "s.NConcepto = d.NConcepto"},
-    Comun{"CajaPagos", "idSucursal, FechaHora, Tipo, ifnull(Factura, ''), ifnull(Año, '')",
-          "Tipo, '', '', FechaHora",
+    Comun{"CajaPagos", "idSucursal, FechaHora, Tipo, Factura, Año", "Tipo, '', '', FechaHora",
           "s.idSucursal = d.idSucursal AND s.FechaHora = d.FechaHora AND s.Tipo = d.Tipo"},
 };
 
 std::string ColumnasDe(const Comun& comun) {
-  const bool factura = comun.Tabla == "ProvFacturas";
-  return Juntar({comun.Columnas, factura ? kRetencion : std::string_view()});
+  std::string columnas;
+  for (std::string_view quedan = comun.Columnas; !quedan.empty();) {
+    const std::size_t coma = std::min(quedan.find(", "), quedan.size());
+    columnas +=
+        (columnas.empty() ? "" : ", ") + sql::ComoQueda(comun.Tabla, quedan.substr(0, coma), "");
+    quedan.remove_prefix(std::min(coma + 2, quedan.size()));
+  }
+  return columnas;
 }
 
 /// The rows of a working table that its stored one hasn't.

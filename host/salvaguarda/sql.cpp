@@ -56,12 +56,22 @@ std::string PrevisionesDe(const Rango& rango) {
                  Texto(rango.Hasta), " ORDER BY p.NConcepto"});
 }
 
+std::string ComoQueda(std::string_view tabla, std::string_view columna, std::string_view alias) {
+  const std::string valor = Juntar({alias, alias.empty() ? "" : ".", "\"", columna, "\""});
+  if (columna == "BIRPF" || columna == "TipoIRPF" || columna == "IRPF") {
+    return "CASE WHEN ifnull(" + valor + ", 1) = 1 THEN 0 ELSE " + valor + " END";
+  }
+  const bool enlace = tabla == "CajaPagos" && (columna == "Factura" || columna == "Año");
+  if (enlace) return "ifnull(" + valor + ", '')";
+  return valor;
+}
+
 std::string Contenido(sqlite::Conexion& base, std::string_view tabla, std::string_view alias) {
   std::string columnas;
   for (const services::Columna& columna : base.ColumnasDe(tabla)) {
     if (columna.Nombre == "Actualizado" || columna.Nombre == "ModificadoPor") continue;
     if (!columnas.empty()) columnas += ", ";
-    columnas += Juntar({alias, ".\"", columna.Nombre, "\""});
+    columnas += ComoQueda(tabla, columna.Nombre, alias);
   }
   return columnas;
 }

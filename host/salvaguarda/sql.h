@@ -45,8 +45,12 @@ inline constexpr std::array<std::string_view, 5> kTablas{
 /// The stored forecasts that a commit of the range deletes.
 [[nodiscard]] std::string PrevisionesDe(const Rango& rango);
 
+/// A column of a row as any load and commit leave it: a withholding that is missing or exactly 1 is
+/// 0, and a cash entry's missing invoice is an empty one. Behind `alias`, unless that is empty.
+[[nodiscard]] std::string ComoQueda(std::string_view tabla, std::string_view columna,
+                                    std::string_view alias);
 /// The columns of a table that tell what it says, not who wrote it when; split by commas, each
-/// behind `alias`.
+/// as it is left, behind `alias`.
 [[nodiscard]] std::string Contenido(sqlite::Conexion& base, std::string_view tabla,
                                     std::string_view alias);
 

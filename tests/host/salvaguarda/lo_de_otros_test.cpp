@@ -1,0 +1,96 @@
+#include <gmock/gmock.h>
+
+#include "host/salvaguarda/oficina.h"
+
+// A question is for what would be lost, and for nothing else: one that is asked in vain teaches to
+// answer yes.
+
+namespace {
+
+using testing::AllOf;
+using testing::HasSubstr;
+using testing::IsEmpty;
+using testing::Not;
+using testing::SizeIs;
+
+class LoDeOtros : public testing::Test, protected pruebas::Oficina {};
+
+TEST_F(LoDeOtros, LoQueCualquierGrabarHaceDeUnaFilaNoEsUnCambio) {
+  Otro("UPDATE ProvFacturas SET BIRPF = NULL, TipoIRPF = 1, IRPF = NULL");
+  Cargar();
+  Otro(
+      "UPDATE ProvFacturas SET BIRPF = 0, TipoIRPF = 0, IRPF = 0, ModificadoPor = 'EVA';"
+      "UPDATE CajaPagos SET Factura = '', Año = '', ModificadoPor = 'EVA' WHERE Factura IS NULL");
+  Grabar();
+  EXPECT_THAT(Preguntas, IsEmpty());
+}
+
+TEST_F(LoDeOtros, LoQueLosDosHanBorradoNoSePregunta) {
+  Otro(
+      "INSERT INTO ProvPrevisionPagos (NConcepto, Fecha1Vto, Cada, Tipo, Importe) VALUES ('7', "
+      "'20050101', 1, 2, 50)");
+  Cargar();
+  Trabajar(
+      "DELETE FROM TempProvFacturas WHERE Factura = 'F000001'; DELETE FROM TempProvBasesIva WHERE "
+      "NFactura = 'F000001'; DELETE FROM TempProvVencimientos WHERE NFactura = 'F000001';"
+      "DELETE FROM TempProvPrevisionPagos");
+  Otro(
+      "DELETE FROM ProvFacturas WHERE Factura = 'F000001'; DELETE FROM ProvBasesIva WHERE NFactura "
+      "= 'F000001'; DELETE FROM ProvVencimientos WHERE NFactura = 'F000001'; DELETE FROM "
+      "ProvPrevisionPagos");
+  Grabar();
+  EXPECT_THAT(Preguntas, IsEmpty());
+}
+
+TEST_F(LoDeOtros, LoQueBorroUnoYElOtroTieneSePregunta) {
+  Cargar();
+  Otro("DELETE FROM ProvVencimientos WHERE NFactura = 'F000001'");
+  Grabar();
+  EXPECT_THAT(Preguntas, SizeIs(1));
+}
+
+TEST_F(LoDeOtros, DeLoQueOtroCambioDiceQueSeriaSegunLoQueHayEnLaLista) {
+  Cargar();
+  Trabajar(
+      "DELETE FROM TempProvFacturas WHERE Factura = 'F000001'; DELETE FROM TempProvBasesIva WHERE "
+      "NFactura = 'F000001'; DELETE FROM TempProvVencimientos WHERE NFactura = 'F000001';"
+      "INSERT INTO TempProvFacturas (NConcepto, Factura, Año, Fecha, Total) VALUES ('1', 'NUEVA', "
+      "'2005', '20050301', 77); INSERT INTO TempProvVencimientos (NConcepto, NFactura, Año, "
+      "FechaVto, Importe) VALUES ('1', 'NUEVA', '2005', '20050325', 77)");
+  Otro(
+      "UPDATE ProvFacturas SET Total = 99.5, ModificadoPor = 'EVA' WHERE Factura = 'F000001';"
+      "INSERT INTO ProvFacturas (NConcepto, Factura, Año, Fecha, Total, ModificadoPor) VALUES "
+      "('1', 'NUEVA', '2005', '20050301', 10, 'EVA'); INSERT INTO ProvVencimientos (NConcepto, "
+      "NFactura, Año, FechaVto, Importe) VALUES ('1', 'NUEVA', '2005', '20050310', 10)");
+  Grabar();
+  ASSERT_THAT(Preguntas, SizeIs(1));
+  EXPECT_THAT(Preguntas[0], AllOf(HasSubstr("F000001 de 2005 del concepto 2: la ha cambiado EVA, y "
+                                            "se borraría"),
+                                  HasSubstr("NUEVA de 2005 del concepto 1: la ha añadido EVA, y la "
+                                            "de la lista ocuparía su lugar")));
+}
+
+TEST_F(LoDeOtros, LoQueNoSeCargoYYaNoEstaNoSePregunta) {
+  // Its bases are none: a load brings those of any concept, and a commit would write them again.
+  Otro(
+      "DELETE FROM ProvConceptos WHERE NConcepto = '2'; DELETE FROM ProvBasesIva WHERE NConcepto = "
+      "'2'");
+  Cargar();
+  Otro(
+      "DELETE FROM ProvFacturas WHERE NConcepto = '2'; DELETE FROM ProvVencimientos WHERE "
+      "NConcepto = '2'");
+  Grabar();
+  EXPECT_THAT(Preguntas, IsEmpty());
+}
+
+TEST_F(LoDeOtros, UnNumeroEsElMismoEnMinusculas) {
+  Cargar();
+  Otro(
+      "UPDATE ProvFacturas SET Factura = 'f000001', ModificadoPor = 'EVA' WHERE Factura = "
+      "'F000001'");
+  Grabar();
+  ASSERT_THAT(Preguntas, SizeIs(1));
+  EXPECT_THAT(Preguntas[0], Not(HasSubstr("ya está grabada con vencimientos de otras fechas")));
+}
+
+}  // namespace
