@@ -66,11 +66,12 @@ def con_lo_pagado(usuario):
     and all of a list that has another length than when it was loaded."""
     final, fechados = {clave: dict(fila) for clave, fila in usuario.trabajo.items()}, set()
     for celdas in usuario.rejilla[1:]:
-        pagado = llano("Pagado", celdas[4].replace(".", "").replace(",", "."))
+        importe, pagado = (llano("Pagado", celda.replace(".", "").replace(",", ".")) for celda in celdas[3:5])
         dia = "".join(reversed(celdas[0].split("/")))
         for clave, fila in final.items():
-            suya = clave[0] == "ProvVencimientos" and (clave[1], clave[2].strip(" "), *clave[3:]) == (
-                celdas[6], celdas[2].strip(" "), celdas[7], dia)
+            # Two invoices whose numbers differ in blanks alone are told apart by their amounts.
+            suya = clave[0] == "ProvVencimientos" and fila["Importe"] == importe and (
+                clave[1], clave[2].strip(" "), *clave[3:]) == (celdas[6], celdas[2].strip(" "), celdas[7], dia)
             if suya and (fila["Pagado"] != pagado or len(usuario.rejilla) != usuario.largo):
                 fila["Pagado"] = pagado
                 fechados.add(clave)
