@@ -8,8 +8,8 @@
 namespace fs = std::filesystem;
 using testing::HasSubstr;
 using testing::MatchesRegex;
-using testing::StartsWith;
 using testing::Not;
+using testing::StartsWith;
 
 namespace {
 

@@ -105,14 +105,20 @@ def perdido(clave, cargada, final, antes, vista):
                if columna != "Fechapago" and (not cargada or cargada[columna] != valor))
 
 
+def moment_iso(dia, mes, anio, hora):
+    """A moment as messages tell it, as the tables hold it."""
+    return f"{anio}-{mes}-{dia} {(hora or '0:00:00').rjust(8, '0')}"
+
+
 def nombra(textos, clave):
     """Whether one of the messages names the invoice, forecast or cash entry that a row belongs to."""
     tabla = clave[0]
     if tabla == "ProvPrevisionPagos":
         buscado = rf"previsión del concepto {clave[1]}(?!\w)"
     elif tabla == "CajaPagos":
-        dicho = {llano("FechaHora", moment) for texto in textos
-                 for moment in re.findall(rf"apunte de caja de (\d\S*(?: \d\S*)?) del concepto {clave[3]}(?!\w)", texto)}
+        dicho = {moment_iso(*partes) for texto in textos
+                 for partes in re.findall(rf"apunte de caja de (\d\d)/(\d\d)/(\d{{4}})(?: (\d+:\d\d:\d\d))? del concepto "
+                                          rf"{clave[3]}(?!\w)", texto)}
         return clave[2] in dicho
     else:
         buscado = rf"factura {re.escape(clave[2].strip(' '))} de {clave[3]} del concepto {clave[1]}(?!\w)"
