@@ -46,8 +46,9 @@ Parte Medir(const apoyo::NegocioDePrueba& negocio) {
   const pruebas::CarpetaTemporal carpeta;
   const auto datos = negocio.AbrirDatos();
   const auto temp = negocio.AbrirTemp();
-  salvaguarda::Guardia guardia({datos, temp, negocio.FicheroDatos()},
-                               {carpeta.Fichero("copias"), carpeta.Fichero("registro.txt")}, "ANA");
+  salvaguarda::Guardia guardia(
+      {datos, temp, negocio.FicheroDatos(), carpeta.Fichero("trabajo.foto")},
+      {carpeta.Fichero("copias"), carpeta.Fichero("registro.txt")}, "ANA");
   guardia.Ahora = [] { return apoyo::kMarzo; };
   guardia.Preguntar = [](const std::string& pregunta) -> bool { throw std::logic_error(pregunta); };
   apoyo::SesionSinPantalla sesion{services::Ref<services::Conexion>(datos),

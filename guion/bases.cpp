@@ -21,7 +21,8 @@ Bases::Bases(const Ficheros& ficheros, int sesion)
 Guardada Bases::Guardar(const std::string& usuario) const {
   const std::filesystem::path carpeta = std::filesystem::path(fichero_local_).parent_path();
   auto guardia = std::make_shared<salvaguarda::Guardia>(
-      salvaguarda::Guardia::Bases{datos_->Motor(), local_->Motor(), fichero_datos_},
+      salvaguarda::Guardia::Bases{datos_->Motor(), local_->Motor(), fichero_datos_,
+                                  salvaguarda::FicheroDeFoto(fichero_local_)},
       salvaguarda::Guardia::Lugares{carpeta / "copias", carpeta / "registro.txt"}, usuario);
   services::Ref<services::Conexion> guardados =
       services::Crear<salvaguarda::ConexionGuardada>(datos_->Motor(), guardia);

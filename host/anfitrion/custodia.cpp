@@ -12,6 +12,15 @@ namespace {
 
 namespace fs = std::filesystem;
 
+/// The answers to the offer, the harmless one first.
+enum { kAparte, kSinElla, kComoEstaba };
+
+QStringList RespuestasA(const salvaguarda::Rescate& rescate) {
+  QStringList respuestas{"Guardarla aparte", "Seguir sin ella"};
+  if (rescate.Copia.Completa) respuestas << "Abrirla como estaba";
+  return respuestas;
+}
+
 }  // namespace
 
 Custodia::Custodia(QWidget& ventana, const Datos& datos, const Opciones& opciones)
@@ -19,7 +28,8 @@ Custodia::Custodia(QWidget& ventana, const Datos& datos, const Opciones& opcione
   const fs::path almacenados = datos.NombreAlmacenados;
   const fs::path deTrabajo = datos.NombreDeTrabajo;
   guardia_ = std::make_shared<salvaguarda::Guardia>(
-      salvaguarda::Guardia::Bases{datos.Almacenados, datos.DeTrabajo, datos.NombreAlmacenados},
+      salvaguarda::Guardia::Bases{datos.Almacenados, datos.DeTrabajo, datos.NombreAlmacenados,
+                                  salvaguarda::FicheroDeFoto(datos.NombreDeTrabajo)},
       salvaguarda::Guardia::Lugares{almacenados.parent_path() / "copias",
                                     deTrabajo.parent_path() / "registro.txt"},
       opciones.Usuario.toStdString());
@@ -45,7 +55,7 @@ void Custodia::ContarDespues() {
       this, [this] { Contar(); }, Qt::QueuedConnection);
 }
 
-void Custodia::Contar() {
+void Custodia::Contar() try {
   porContar_ = false;
   const salvaguarda::Relato relato = guardia_->Contar();
   if (relato.Parrafos.empty()) return;
@@ -54,6 +64,9 @@ void Custodia::Contar() {
   const QString texto = parrafos.join("\n\n");
   if (!relato.BorrariaFilas) return Decir(texto);
   if (Elegir({texto, {"Seguir", "Cerrar sin grabar"}}) == 1) CerrarSinGrabar();
+} catch (const std::exception& fallo) {
+  Decir("No se ha podido mirar lo que no se ha cargado o grabado: " +
+        QString::fromUtf8(fallo.what()));
 }
 
 void Custodia::CopiarElDia() {
@@ -68,46 +81,58 @@ void Custodia::CopiarElDia() {
 
 QString Custodia::TextoDe(const salvaguarda::Rescate& rescate) const {
   const salvaguarda::CopiaAbierta& copia = rescate.Copia;
+  const QString queHacer =
+      copia.Completa
+          ? "Puede guardarla aparte en un fichero, seguir sin ella, o abrirla como estaba."
+          : "No se llegó a cargar entera y no se puede abrir: puede guardarla aparte en un "
+            "fichero, "
+            "o seguir sin ella.";
   return "Tesvara de Pagos terminó la última vez sin grabar ni cerrar. La copia de trabajo de " +
          QString::fromStdString(copia.Usuario) + ", del " + FechaMostrada(copia.Rango.Desde) +
          " al " + FechaMostrada(copia.Rango.Hasta) +
          ", tiene filas que no están así en las tablas de la empresa (" +
          QString::fromStdString(salvaguarda::Recuento(rescate.Filas)) +
          "):" + QString::fromStdString(salvaguarda::Relacion(rescate.Filas, 12)) +
-         "\n\nLos pagos que solo estaban escritos en la lista no están en ella."
-         "\n\nPuede abrirla como estaba, guardarla aparte en un fichero, o seguir sin ella.";
+         "\n\nLos pagos que solo estaban escritos en la lista no están en ella.\n\n" + queHacer;
 }
 
 void Custodia::OfrecerRescate() {
   try {
-    const auto rescate = salvaguarda::BuscarRescate(*datos_.DeTrabajo, datos_.NombreAlmacenados);
+    const auto rescate =
+        salvaguarda::BuscarRescate(*datos_.DeTrabajo, datos_.NombreAlmacenados,
+                                   salvaguarda::FicheroDeFoto(datos_.NombreDeTrabajo));
     if (!rescate) return;
     guardia_->Anotar("Quedó una copia de trabajo sin grabar:" +
                      salvaguarda::Relacion(rescate->Filas, rescate->Filas.size()));
-    const int respuesta = Elegir(
-        {TextoDe(*rescate), {"Abrirla como estaba", "Guardarla aparte", "Seguir sin ella"}, 0, 1});
-    if (respuesta == 2) return guardia_->Anotar("Se sigue sin la copia de trabajo que quedó");
+    const int respuesta = Elegir({TextoDe(*rescate), RespuestasA(*rescate), 0, 0});
+    if (respuesta == kSinElla)
+      return guardia_->Anotar("Se sigue sin la copia de trabajo que quedó");
     // Also when it is opened: what is closed without saving is then still there.
     const fs::path aparte = ApartarDeTrabajo(datos_);
     guardia_->Anotar("La copia de trabajo que quedó se guarda en " + aparte.string());
-    if (respuesta == 1) {
+    if (respuesta == kAparte) {
       return Decir("La copia de trabajo queda guardada en " + QString::fromStdString(aparte));
     }
-    guardia_->AlRetomar(rescate->Copia.Rango);
+    guardia_->AlRetomar(*rescate);
     porRetomar_ = rescate->Copia.Rango;
-  } catch (const services::ErrorEjecucion& fallo) {
-    Decir("No se ha podido mirar si quedó algo sin grabar: " +
-          QString::fromStdString(fallo.Descripcion()));
+  } catch (const std::exception& fallo) {
+    Decir("No se ha podido mirar si quedó algo sin grabar: " + QString::fromUtf8(fallo.what()));
   }
 }
 
 void Custodia::Recuperar(const std::function<bool()>& cerrar) {
   DialogoCopias dialogo(ventana_, *guardia_);
-  if (dialogo.exec() != QDialog::Accepted || !cerrar()) return;
+  if (dialogo.exec() != QDialog::Accepted) return;
+  const salvaguarda::Copia& elegida = dialogo.Elegida();
+  guardia_->LasCopias().Reservar(elegida);
+  if (!cerrar()) {
+    return Decir("No se ha recuperado la copia: Tesvara de Pagos sigue abierto.");
+  }
   try {
-    salvaguarda::Reponer(*datos_.Almacenados, guardia_->LaFoto().Conexion(), dialogo.Elegida(),
+    salvaguarda::Reponer(*datos_.Almacenados, guardia_->LaFoto().Conexion(), elegida,
                          guardia_->LasCopias(), Ahora(), guardia_->Usuario());
-    guardia_->Anotar("Recuperada la copia " + dialogo.Elegida().Fichero.string());
+    guardia_->Anotar("Recuperada la copia " + elegida.Fichero.string());
+    Decir("La copia está recuperada. Lo que había hasta ahora queda en otra.");
   } catch (const std::exception& fallo) {
     Decir("No se ha podido recuperar la copia, y todo queda como estaba: " +
           QString::fromUtf8(fallo.what()));

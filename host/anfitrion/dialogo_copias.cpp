@@ -41,7 +41,7 @@ QString Apartado(const QString& titulo, const std::vector<salvaguarda::Fila>& fi
 
 QString Resumen(const Reposicion& reposicion) {
   if (reposicion.Cuantas() == 0) return "Lo grabado está como en esta copia.";
-  return QString("Al recuperarla vuelven %1 filas, se van %2 y cambian %3.")
+  return QString("Filas que vuelven al recuperarla: %1. Que se van: %2. Que cambian: %3.")
       .arg(reposicion.Vuelven.size())
       .arg(reposicion.SeVan.size())
       .arg(reposicion.Cambian.size());
@@ -139,22 +139,26 @@ const Reposicion& DialogoCopias::Comparada(std::size_t cual) {
   auto& comparada = comparadas_[cual];
   if (comparada) return *comparada;
   QString distintas = "no se puede leer";
+  QString motivo;
   comparada.emplace();
   try {
     comparada = salvaguarda::Comparar(guardia_.LaFoto().Conexion(), copias_[cual]);
     distintas = QString::number(comparada->Cuantas());
   } catch (const services::ErrorEjecucion& fallo) {
+    motivo = QString::fromStdString(fallo.Descripcion());
     guardia_.Anotar("No se puede leer la copia " + copias_[cual].Fichero.string() + ": " +
                     fallo.Descripcion());
   }
   Poner(*tabla_, static_cast<int>(cual), kDistintas, distintas);
+  tabla_->item(static_cast<int>(cual), kDistintas)->setToolTip(motivo);
   return *comparada;
 }
 
 void DialogoCopias::MostrarElegida() {
   if (Fila() < 0) return;
   const Reposicion& reposicion = Comparada(static_cast<std::size_t>(Fila()));
-  resumen_->setText(Resumen(reposicion));
+  const QString motivo = tabla_->item(Fila(), kDistintas)->toolTip();
+  resumen_->setText(motivo.isEmpty() ? Resumen(reposicion) : "No se puede leer: " + motivo);
   cambios_->setPlainText((Apartado("Vuelven", reposicion.Vuelven) +
                           Apartado("Se van", reposicion.SeVan) +
                           Apartado("Vuelven a ser como eran", reposicion.Cambian))

@@ -135,8 +135,9 @@ bool VentanaPrincipal::AbrirPagos() {
 /// What is open is closed first, with its own questions, and opened anew on what was put back.
 void VentanaPrincipal::RecuperarUnaCopia() {
   const bool abierta = HayPantalla();
-  custodia_.Recuperar([this] { return Hacer(&services::IClassTesvara::Cerrar) && !HayPantalla(); });
-  if (abierta && !HayPantalla()) AbrirPagos();
+  bool cerrada = false;
+  custodia_.Recuperar([&] { return cerrada = Hacer(&services::IClassTesvara::Cerrar); });
+  if (abierta && cerrada) AbrirPagos();
 }
 
 /// Asked to hide or close a screen that isn't there, the component would make one first.

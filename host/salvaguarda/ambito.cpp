@@ -18,8 +18,9 @@ std::string Vacio() {
     todo += Juntar(
         {"CREATE TEMP TABLE ", tabla, " (NConcepto TEXT COLLATE ES PRIMARY KEY) WITHOUT ROWID;"});
   }
-  return todo + sql::CrearClaves("DelRango") + sql::CrearClaves("DeTrabajo") +
-         sql::CrearClaves("Ambito") + "CREATE TEMP TABLE AmbitoCaja (idSucursal, FechaHora, Tipo);";
+  return todo + sql::CrearClaves("temp", "DelRango") + sql::CrearClaves("temp", "DeTrabajo") +
+         sql::CrearClaves("temp", "Ambito") +
+         "CREATE TEMP TABLE AmbitoCaja (idSucursal, FechaHora, Tipo);";
 }
 
 /// The rows of a statement of many values at a time.
@@ -64,7 +65,7 @@ std::string AmbitoDeGrabacion(const Rango& rango, const ClavesDeTrabajo& claves)
   std::vector<std::string> previsiones;
   for (const std::string& concepto : claves.Previsiones) previsiones.push_back(Texto(concepto));
   return Vacio() + "INSERT OR IGNORE INTO temp.DelRango " + sql::ClavesDelRango(rango) +
-         ";INSERT OR IGNORE INTO temp.DelRango SELECT * FROM temp.Claves;"
+         ";INSERT OR IGNORE INTO temp.DelRango SELECT * FROM foto.Claves;"
          "INSERT INTO temp.Ambito SELECT * FROM temp.DelRango" +
          Insertar("temp.DeTrabajo", facturas) + Insertar("temp.PrevisionDeTrabajo", previsiones) +
          "INSERT OR IGNORE INTO temp.Ambito SELECT * FROM temp.DeTrabajo;"
@@ -72,8 +73,8 @@ std::string AmbitoDeGrabacion(const Rango& rango, const ClavesDeTrabajo& claves)
          "INSERT OR IGNORE INTO temp.AmbitoPrevision SELECT NConcepto FROM (" +
          sql::PrevisionesDe(rango) +
          ");INSERT OR IGNORE INTO temp.AmbitoPrevision SELECT NConcepto FROM "
-         "temp.FotoProvPrevisionPagos;"
-         "INSERT INTO temp.AmbitoCaja SELECT idSucursal, FechaHora, Tipo FROM temp.FotoCajaPagos;";
+         "foto.ProvPrevisionPagos;"
+         "INSERT INTO temp.AmbitoCaja SELECT idSucursal, FechaHora, Tipo FROM foto.CajaPagos;";
 }
 
 std::string AmbitoDeCopia(std::string_view nombre) {

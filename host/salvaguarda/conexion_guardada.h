@@ -19,6 +19,9 @@ class ConexionGuardada final : public services::ObjetoContado<services::Conexion
     if (const auto comienzo = Reconocer(sentencia)) guardia_->AlComenzar(*comienzo);
     return dentro_->Abrir(sentencia, modo);
   }
+  [[nodiscard]] std::vector<services::Columna> ColumnasDe(std::string_view tabla) override {
+    return dentro_->ColumnasDe(tabla);
+  }
   void TerminarUnidad() override { dentro_->TerminarUnidad(); }
   void AbandonarUnidad() noexcept override { dentro_->AbandonarUnidad(); }
 

@@ -187,7 +187,8 @@ void Copias::Podar() const {
   sobran.resize(sobran.size() - kUltimas);
   for (const std::string& nombre : sobran) {
     std::error_code ignorado;
-    if (!primeras.contains(nombre)) fs::remove(carpeta_ / nombre, ignorado);
+    if (nombre == reservada_ || primeras.contains(nombre)) continue;
+    fs::remove(carpeta_ / nombre, ignorado);
   }
 }
 

@@ -42,6 +42,8 @@ class Copias {
   Copia Guardar(
       sqlite::Conexion& base, const std::string& ambito, Copia copia,
       const std::function<void()>& mirar = [] {});
+  /// This one isn't let go of, however many there come to be.
+  void Reservar(const Copia& copia) { reservada_ = copia.Fichero.filename(); }
   /// Takes one away; what isn't there is passed over.
   void Quitar(const Copia& copia) noexcept;
   /// Those of rows, the last one first. What is no copy is passed over.
@@ -56,6 +58,7 @@ class Copias {
   void Podar() const;
 
   std::filesystem::path carpeta_;
+  std::string reservada_;
 };
 
 }  // namespace salvaguarda

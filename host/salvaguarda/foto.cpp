@@ -1,8 +1,12 @@
 #include "salvaguarda/foto.h"
 
 #include <algorithm>
+#include <filesystem>
+#include <fstream>
+#include <random>
 
 #include "salvaguarda/sql.h"
+#include "valores/error.h"
 
 namespace salvaguarda {
 namespace {
@@ -12,50 +16,75 @@ using sql::kDeFactura;
 using sql::Texto;
 
 std::string Retratar(std::string_view tabla, const std::string& filas) {
-  return Juntar({"DROP TABLE IF EXISTS temp.Foto", tabla, "; CREATE TEMP TABLE Foto", tabla, " AS ",
-                 filas, ";"});
+  return Juntar(
+      {"DROP TABLE IF EXISTS foto.", tabla, "; CREATE TABLE foto.", tabla, " AS ", filas, ";"});
 }
 
 /// Those without an invoice, and those of the invoices.
 constexpr std::string_view kApuntes =
     "SELECT c.* FROM main.CajaPagos c WHERE c.Factura IS NULL OR c.Factura = '' UNION ALL "
-    "SELECT c.* FROM temp.Claves k CROSS JOIN main.CajaPagos c ON trim(c.Factura) COLLATE ES = "
+    "SELECT c.* FROM foto.Claves k CROSS JOIN main.CajaPagos c ON trim(c.Factura) COLLATE ES = "
     "k.Factura AND c.Tipo = k.NConcepto AND c.Año = k.Año WHERE k.Factura <> ''";
 
 /// Whether the copy and the picture have the same rows in the same order, as they do when nothing
 /// has changed: a look at each, which is soon done.
 bool DiceLoMismo(sqlite::Conexion& base, std::string_view tabla) {
   const auto hay = base.Consultar(
-      Juntar({"SELECT (SELECT count(*) FROM copia.", tabla, ") = (SELECT count(*) FROM temp.Foto",
-              tabla, ") AND NOT EXISTS (SELECT 1 FROM copia.", tabla, " a LEFT JOIN temp.Foto",
-              tabla, " b ON b.rowid = a.rowid WHERE (", sql::Contenido(base, tabla, "a"),
-              ") IS NOT (", sql::Contenido(base, tabla, "b"), "))"}));
+      Juntar({"SELECT (SELECT count(*) FROM copia.", tabla, ") = (SELECT count(*) FROM foto.",
+              tabla, ") AND NOT EXISTS (SELECT 1 FROM copia.", tabla, " a LEFT JOIN foto.", tabla,
+              " b ON b.rowid = a.rowid WHERE (", sql::Contenido(base, tabla, "a"), ") IS NOT (",
+              sql::Contenido(base, tabla, "b"), "))"}));
   return hay.Filas.En(0, 0).Numero() != 0;
 }
 
 }  // namespace
 
-Foto::Foto(const std::string& almacenados)
-    : conexion_(sqlite::AbrirConexion(almacenados,
-                                      {.UnidadDeTrabajo = false, .CualquierSentencia = true})) {}
+std::string FicheroDeFoto(const std::string& deTrabajo) {
+  return std::filesystem::path(deTrabajo).replace_extension(".foto").string();
+}
+
+Foto::Foto(const std::string& almacenados, const std::string& fichero)
+    : conexion_(sqlite::AbrirConexion(almacenados, {.UnidadDeTrabajo = false})) {
+  std::ofstream(fichero, std::ios::app).flush();  // the engine attaches what is there
+  conexion_->Ejecutar(Juntar({"ATTACH ", Texto(fichero),
+                              " AS foto; PRAGMA foto.journal_mode = MEMORY; "
+                              "PRAGMA foto.synchronous = OFF"}));
+}
 
 void Foto::Tomar(const Rango& rango) {
-  rango_.reset();
+  Olvidar();
   sql::Transaccion lectura(*conexion_);
-  std::string todo = "DROP TABLE IF EXISTS temp.Claves;" + sql::CrearClaves("Claves") +
-                     "INSERT OR IGNORE INTO temp.Claves " + sql::ClavesDelRango(rango) + ";";
+  std::string todo =
+      Juntar({"DROP TABLE IF EXISTS foto.Claves;", sql::CrearClaves("foto", "Claves"),
+              "INSERT OR IGNORE INTO foto.Claves ", sql::ClavesDelRango(rango), ";"});
   for (const auto& tabla : kDeFactura) {
-    todo += Retratar(tabla.Nombre, sql::FilasDe(tabla, "temp.Claves"));
+    todo += Retratar(tabla.Nombre, sql::FilasDe(tabla, "foto.Claves"));
   }
   todo += Retratar("ProvPrevisionPagos", sql::PrevisionesDe(rango));
   todo += Retratar("CajaPagos", std::string(kApuntes));
+  const std::string sena = std::to_string(std::random_device()());
+  todo += Retratar("Foto", Juntar({"SELECT ", Texto(sena), " AS Sena"}));
   conexion_->Ejecutar(todo);
   lectura.Terminar();
   rango_ = rango;
+  sena_ = sena;
+}
+
+void Foto::Olvidar() {
+  rango_.reset();
+  sena_.clear();
+}
+
+bool Foto::Recuperar(const Rango& rango, const std::string& sena) {
+  Olvidar();
+  if (sena.empty() || sql::SenaDeFoto(*conexion_) != sena) return false;
+  rango_ = rango;
+  sena_ = sena;
+  return true;
 }
 
 void Foto::TomarDeCopia() {
-  std::string todo = "DELETE FROM temp.Claves; INSERT INTO temp.Claves SELECT * FROM copia.Claves;";
+  std::string todo = "DELETE FROM foto.Claves; INSERT INTO foto.Claves SELECT * FROM copia.Claves;";
   for (const std::string_view tabla : sql::kTablas) {
     todo += Retratar(tabla, Juntar({"SELECT * FROM copia.", tabla}));
   }
@@ -83,14 +112,14 @@ std::vector<Fila> Foto::Excluidas() {
   return sql::LeerFilas(
       *conexion_,
       "SELECT 'ProvFacturas', t.NConcepto, trim(t.Factura), t.Año, '', " + motivo +
-          " FROM temp.FotoProvFacturas t WHERE NOT (" + conConcepto + " AND " +
+          " FROM foto.ProvFacturas t WHERE NOT (" + conConcepto + " AND " +
           conVencimiento("t", "Factura") + ") UNION ALL SELECT 'ProvBasesIva'" + clave +
-          "t.Tipo, 'sus blancos no son los de su factura' FROM temp.FotoProvBasesIva t WHERE NOT " +
+          "t.Tipo, 'sus blancos no son los de su factura' FROM foto.ProvBasesIva t WHERE NOT " +
           conVencimiento("t", "NFactura") + " UNION ALL SELECT 'ProvVencimientos'" + clave +
-          "t.FechaVto, " + motivo + " FROM temp.FotoProvVencimientos t WHERE NOT (" + conConcepto +
+          "t.FechaVto, " + motivo + " FROM foto.ProvVencimientos t WHERE NOT (" + conConcepto +
           " AND " + conFactura +
           ") UNION ALL SELECT 'ProvPrevisionPagos', t.NConcepto, '', '', t.Fecha1Vto, 'su concepto "
-          "no existe' FROM temp.FotoProvPrevisionPagos t WHERE NOT " +
+          "no existe' FROM foto.ProvPrevisionPagos t WHERE NOT " +
           conConcepto);
 }
 
@@ -110,7 +139,7 @@ namespace {
 std::string Distintas(sqlite::Conexion& base, std::string_view tabla, std::string_view clave) {
   const std::string columnas = sql::Contenido(base, tabla, "t");
   const std::string copia = Juntar({"SELECT ", columnas, " FROM copia.", tabla, " t"});
-  const std::string foto = Juntar({"SELECT ", columnas, " FROM temp.Foto", tabla, " t"});
+  const std::string foto = Juntar({"SELECT ", columnas, " FROM foto.", tabla, " t"});
   return Juntar({"SELECT ", clave, " FROM (", copia, " EXCEPT ", foto, ") UNION SELECT ", clave,
                  " FROM (", foto, " EXCEPT ", copia, ")"});
 }
@@ -177,7 +206,7 @@ std::string Foto::FacturasCambiadas() {
          " THEN 'ya está grabada con vencimientos de otras fechas, y lo entrado con su número "
          "se le añadiría' ELSE " +
          Motivo(deTrabajo) + " END FROM (SELECT DISTINCT * FROM (" + claves + ")) d" +
-         con("temp.FotoProvFacturas", "antes") + con("copia.ProvFacturas", "ahora") + " WHERE " +
+         con("foto.ProvFacturas", "antes") + con("copia.ProvFacturas", "ahora") + " WHERE " +
          deTrabajo + " OR " + QuedaAlgo();
 }
 
@@ -186,7 +215,7 @@ std::string Foto::PrevisionesCambiadas() {
       "EXISTS (SELECT 1 FROM temp.PrevisionDeTrabajo w WHERE w.NConcepto = d.NConcepto)";
   return "SELECT 'ProvPrevisionPagos', d.NConcepto, '', '', '', " + Motivo(deTrabajo) + " FROM (" +
          Distintas(*conexion_, "ProvPrevisionPagos", "NConcepto") +
-         ") d LEFT JOIN temp.FotoProvPrevisionPagos antes ON antes.NConcepto = d.NConcepto LEFT "
+         ") d LEFT JOIN foto.ProvPrevisionPagos antes ON antes.NConcepto = d.NConcepto LEFT "
          "JOIN copia.ProvPrevisionPagos ahora ON ahora.NConcepto = d.NConcepto WHERE " +
          deTrabajo + " OR ahora.NConcepto IS NOT NULL";
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -9,17 +10,26 @@
 
 namespace salvaguarda {
 
+/// The file of the picture that belongs to a working file.
+[[nodiscard]] std::string FicheroDeFoto(const std::string& deTrabajo);
+
 /// The stored rows that a commit of a range would touch, as they were at one moment: its invoices
-/// with their bases and due dates, the forecasts, and the cash entries that a load brings. Kept in
-/// the memory of a connection of its own to the stored file, which sees what is durable, whatever
-/// another connection has under way.
+/// with their bases and due dates, the forecasts, and the cash entries that a load brings. Taken by
+/// a connection of its own to the stored file, which sees what is durable, whatever another has
+/// under way, and kept in a file, so that it is still there when the program was killed.
 class Foto {
  public:
-  /// Throws what opening the file throws.
-  explicit Foto(const std::string& almacenados);
+  /// Throws what opening the files throws.
+  Foto(const std::string& almacenados, const std::string& fichero);
 
   /// Takes it now, in place of the one before.
   void Tomar(const Rango& rango);
+  /// There is none any more.
+  void Olvidar();
+  /// Goes on with the one in the file, if it is that of the sign. Whether it is.
+  [[nodiscard]] bool Recuperar(const Rango& rango, const std::string& sena);
+  /// What tells it from any other; empty when there is none.
+  [[nodiscard]] const std::string& Sena() const { return sena_; }
   /// Takes what the tables of the attached file `copia` tell, in place of the one before.
   void TomarDeCopia();
   /// The range that was taken; none before.
@@ -45,6 +55,7 @@ class Foto {
 
   services::Ref<sqlite::Conexion> conexion_;
   std::optional<Rango> rango_;
+  std::string sena_;
 };
 
 }  // namespace salvaguarda

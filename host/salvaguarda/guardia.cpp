@@ -33,7 +33,7 @@ std::string Sobre(const std::string& frase, const std::vector<Fila>& filas, std:
 
 Guardia::Guardia(Bases bases, const Lugares& lugares, std::string usuario)
     : bases_(std::move(bases)),
-      foto_(bases_.FicheroAlmacenados),
+      foto_(bases_.FicheroAlmacenados, bases_.FicheroFoto),
       copias_(lugares.Copias),
       registro_(lugares.Registro),
       usuario_(std::move(usuario)) {}
@@ -47,27 +47,45 @@ void Guardia::AlComenzar(const Comienzo& comienzo) {
   AlGrabar(comienzo.Rango);
 }
 
-// The load goes on whatever happens here.
+// The load goes on whatever happens here. Without a picture the copy is noted all the same.
 void Guardia::AlCargar(const Rango& rango) {
   noCargadas_.clear();
   deOtros_.clear();
-  try {
-    AnotarCopia(*bases_.DeTrabajo, {rango, usuario_, services::TextoIso(Ahora())});
+  foto_.Olvidar();
+  const auto intentar = [this](const auto& accion) {
+    try {
+      accion();
+    } catch (const std::exception& fallo) {
+      Decir(std::string("No se ha podido comprobar lo que se ha cargado: ") + fallo.what(), {});
+    }
+  };
+  intentar([&] {
     foto_.Tomar(rango);
     noCargadas_ = foto_.Excluidas();
-  } catch (const ErrorEjecucion& fallo) {
-    Decir("No se ha podido comprobar lo que se ha cargado: " + fallo.Descripcion(), {});
-  }
+  });
+  intentar([&] {
+    AnotarCopia(*bases_.DeTrabajo,
+                {rango, usuario_, services::TextoIso(Ahora()), foto_.Sena(), true});
+  });
   if (!noCargadas_.empty()) AlHaberQueContar();
 }
 
-void Guardia::AlRetomar(const Rango& rango) {
+void Guardia::AlRetomar(const Rescate& rescate) {
   noCargadas_.clear();
   deOtros_.clear();
-  foto_.Tomar(rango);
+  if (foto_.Recuperar(rescate.Copia.Rango, rescate.Copia.Foto)) {
+    noCargadas_ = foto_.Excluidas();
+    return;
+  }
+  // Without the picture of its load nobody knows who changed what.
+  foto_.Tomar(rescate.Copia.Rango);
+  noCargadas_ = foto_.Excluidas();
+  deOtros_ = rescate.Filas;
 }
 
 void Guardia::AlGrabar(const Rango& rango) {
+  // What the user paid stays in the working file, whatever becomes of the commit.
+  bases_.DeTrabajo->TerminarUnidad();
   if (!foto_.De()) foto_.Tomar(rango);
   for (bool conCopia = true;;) {
     bases_.Almacenados->EmpezarUnidad();
@@ -125,10 +143,14 @@ std::string Guardia::Reparos(const std::string& sinCopia, std::size_t hasta) con
 }
 
 void Guardia::PasadoPorAlto(const Omision& omision) {
+  if (omision.Que == Omision::Falta::Nada) return;
   omisiones_.push_back(omision);
   Anotar("Pasado por alto en " + (omision.Tabla.empty() ? "las tablas de trabajo" : omision.Tabla) +
          ": " + omision.Fallo.Descripcion());
-  if (omision.Que != Omision::Falta::Nada) AlHaberQueContar();
+  if (omision.Durante == Omision::Tarea::Carga && omision.Que == Omision::Falta::Tabla) {
+    AnotarIncompleta(*bases_.DeTrabajo);
+  }
+  AlHaberQueContar();
 }
 
 void Guardia::Decir(const std::string& texto, const std::vector<Fila>& filas) {
@@ -158,6 +180,11 @@ Relato Guardia::Contar() {
               ". La lista no está completa y no se podrá grabar: pulse Cancelar para volver a "
               "cargarla",
           {});
+  }
+  if (!carga.SinApuntes.empty()) {
+    Decir(
+        "No se han podido buscar los apuntes de caja de estas facturas, y Grabar fallará con ellas",
+        carga.SinApuntes);
   }
   if (!carga.Incompletas.empty()) {
     Decir("Se han cargado sin alguno de sus valores", carga.Incompletas);

@@ -10,6 +10,7 @@
 #include "salvaguarda/fila.h"
 #include "salvaguarda/foto.h"
 #include "salvaguarda/registro.h"
+#include "salvaguarda/rescate.h"
 #include "services/omision.h"
 #include "sqlite/conexion_sqlite.h"
 
@@ -33,6 +34,8 @@ class Guardia {
     services::Ref<sqlite::Conexion> Almacenados;
     services::Ref<sqlite::Conexion> DeTrabajo;
     std::string FicheroAlmacenados;
+    /// Where the picture of the stored rows is kept, beside the working file that it belongs to.
+    std::string FicheroFoto;
   };
   struct Lugares {
     std::filesystem::path Copias;    ///< a folder
@@ -54,7 +57,7 @@ class Guardia {
   /// the commit.
   void AlComenzar(const Comienzo& comienzo);
   /// A working copy that was there before is gone on with, instead of a load.
-  void AlRetomar(const Rango& rango);
+  void AlRetomar(const Rescate& rescate);
   void PasadoPorAlto(const services::Omision& omision);
 
   /// What there is to be told since the last time; empty paragraphs for nothing. What was passed

@@ -23,6 +23,11 @@ std::string Campo(const Omision& omision, std::string_view nombre) {
   return campo == omision.Fila.end() ? "" : campo->Valor.Texto();
 }
 
+/// Whether what failed was the look for an invoice's cash entries: the row is then the invoice.
+bool DeUnaFactura(const Omision& omision) {
+  return omision.Tabla == "TempCajaPagos" && !Campo(omision, "NConcepto").empty();
+}
+
 Fila ComoFila(const Omision& omision) {
   Fila fila{Almacenada(omision.Tabla),
             Campo(omision, "NConcepto"),
@@ -30,6 +35,7 @@ Fila ComoFila(const Omision& omision) {
             Campo(omision, "Año"),
             "",
             omision.Fallo.Descripcion()};
+  if (DeUnaFactura(omision)) fila.Tabla = "ProvFacturas";
   if (fila.Tabla == "ProvFacturas") fila.Factura = services::Trim(Campo(omision, "Factura"));
   if (fila.Tabla == "ProvBasesIva") fila.Detalle = Campo(omision, "Tipo");
   if (fila.Tabla == "ProvVencimientos") fila.Detalle = Campo(omision, "FechaVto");
@@ -66,8 +72,9 @@ bool DicenLoMismo(const Valor& a, const Valor& b) {
   return (a.EsNulo() && b.EsNulo()) || services::Igual(a, b).value_or(false);
 }
 
-/// Whether the stored table holds the row as it was to be written.
-bool EstaIgual(const Omision& omision, sqlite::Conexion& almacenados) {
+/// Whether the stored table holds the row as it was to be written. What can't be looked at is not
+/// there.
+bool EstaIgual(const Omision& omision, sqlite::Conexion& almacenados) try {
   const std::string condicion = PorSuClave(omision);
   if (condicion.empty()) return false;
   const auto hallada =
@@ -82,6 +89,8 @@ bool EstaIgual(const Omision& omision, sqlite::Conexion& almacenados) {
     }
   }
   return true;
+} catch (const services::ErrorEjecucion&) {
+  return false;
 }
 
 bool MismaFila(const Fila& a, const Fila& b) {
@@ -102,6 +111,8 @@ Omitidas Clasificar(const std::vector<Omision>& omisiones, Omision::Tarea durant
     if (omision.Durante != durante || omision.Que == Omision::Falta::Nada) continue;
     if (omision.Que == Omision::Falta::Tabla) {
       omitidas.Tablas.push_back(ComoFila(omision));
+    } else if (DeUnaFactura(omision)) {
+      omitidas.SinApuntes.push_back(ComoFila(omision));
     } else if (durante == Omision::Tarea::Carga || !EstaIgual(omision, almacenados)) {
       auto& filas = omision.Que == Omision::Falta::Fila ? omitidas.Filas : omitidas.Incompletas;
       filas.push_back(ComoFila(omision));

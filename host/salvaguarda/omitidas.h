@@ -14,6 +14,8 @@ struct Omitidas {
   /// Tables of which nothing was loaded or saved, each with the reason.
   std::vector<Fila> Tablas;
   std::vector<Fila> Filas;
+  /// Invoices whose cash entries could not be looked for.
+  std::vector<Fila> SinApuntes;
   /// Rows written without one of their values.
   std::vector<Fila> Incompletas;
 };

@@ -97,6 +97,21 @@ std::string EnlazarApuntes() {
          "k.idSucursal AND MOMENTO(t.FechaHora) = MOMENTO(k.FechaHora) AND t.Tipo = k.Tipo;";
 }
 
+/// A unit of the driver's own, which sees to it that the file is still the one that was opened.
+class UnidadDeReposicion {
+ public:
+  explicit UnidadDeReposicion(sqlite::Conexion& almacenados) : almacenados_(almacenados) {
+    almacenados_.EmpezarUnidad();
+  }
+  ~UnidadDeReposicion() { almacenados_.AbandonarUnidad(); }
+  UnidadDeReposicion(const UnidadDeReposicion&) = delete;
+  UnidadDeReposicion& operator=(const UnidadDeReposicion&) = delete;
+  void Terminar() { almacenados_.TerminarUnidad(); }
+
+ private:
+  sqlite::Conexion& almacenados_;
+};
+
 }  // namespace
 
 Reposicion Comparar(sqlite::Conexion& base, const Copia& copia) {
@@ -108,8 +123,9 @@ Reposicion Comparar(sqlite::Conexion& base, const Copia& copia) {
 
 void Reponer(sqlite::Conexion& almacenados, sqlite::Conexion& lectura, const Copia& copia,
              Copias& copias, services::FechaHora momento, const std::string& usuario) {
+  almacenados.TerminarUnidad();
   const sql::Adjunta adjunta(almacenados, copia.Fichero.string(), "copia");
-  sql::Transaccion unidad(almacenados, "BEGIN IMMEDIATE");
+  UnidadDeReposicion unidad(almacenados);
   {
     const sql::Adjunta vieja(lectura, copia.Fichero.string(), "vieja");
     copias.Guardar(lectura, AmbitoDeCopia("vieja"), {momento, usuario, {}});

@@ -51,37 +51,43 @@ std::string ColumnasDe(const Comun& comun) {
   return columnas;
 }
 
-/// The rows of a working table that its stored one hasn't.
-std::string Distintas(const Comun& comun) {
+/// The rows of a working table that its stored one hasn't, nor the picture.
+std::string Distintas(const Comun& comun, bool conFoto) {
   const std::string columnas = ColumnasDe(comun);
+  const std::string menos = Juntar({" EXCEPT SELECT ", columnas, " FROM "});
   return Juntar({"SELECT '", comun.Tabla, "', ", comun.Clave,
                  ", CASE WHEN EXISTS (SELECT 1 FROM almacen.", comun.Tabla, " s WHERE ",
                  comun.Misma, ") THEN 'se cambió' ELSE 'se añadió' END FROM (SELECT ", columnas,
-                 " FROM main.Temp", comun.Tabla, " EXCEPT SELECT ", columnas, " FROM almacen.",
-                 comun.Tabla, ") d"});
+                 " FROM main.Temp", comun.Tabla, menos, "almacen.", comun.Tabla,
+                 conFoto ? Juntar({menos, "foto.", comun.Tabla}) : "", ") d"});
 }
 
-/// The stored invoices of the range that the working copy hasn't any more, or their due dates.
-std::string Borradas(const Rango& rango) {
+/// That a stored row `t` was there at the load.
+std::string Estaba(std::string_view tabla, std::string_view misma, bool conFoto) {
+  if (!conFoto) return "";
+  return Juntar({" AND EXISTS (SELECT 1 FROM foto.", tabla, " w WHERE ", misma, ")"});
+}
+
+/// The stored due dates of the range and the forecasts that the working copy hasn't any more.
+std::string Borradas(const Rango& rango, bool conFoto) {
+  constexpr std::string_view kMismo =
+      "w.NConcepto = t.NConcepto AND w.NFactura = t.NFactura AND w.Año = t.Año AND w.FechaVto = "
+      "t.FechaVto";
+  constexpr std::string_view kMisma = "w.NConcepto = t.NConcepto";
+  constexpr std::string_view kConConcepto =
+      " AND EXISTS (SELECT 1 FROM almacen.ProvConceptos c WHERE c.NConcepto = t.NConcepto) AND NOT "
+      "EXISTS (SELECT 1 FROM main.Temp";
   return Juntar(
       {"SELECT DISTINCT 'ProvVencimientos', t.NConcepto, t.NFactura, t.Año, t.FechaVto, 'se borró' "
-       "FROM "
-       "almacen.ProvVencimientos v CROSS JOIN almacen.ProvFacturas f ON f.NConcepto = v.NConcepto "
-       "AND "
-       "f.Factura = v.NFactura CROSS JOIN almacen.ProvVencimientos t ON t.NConcepto = f.NConcepto "
-       "AND "
-       "t.NFactura = f.Factura WHERE v.FechaVto >= ",
-       Texto(rango.Desde), " AND v.FechaVto <= ", Texto(rango.Hasta),
-       " AND EXISTS (SELECT 1 FROM almacen.ProvConceptos c WHERE c.NConcepto = t.NConcepto) AND "
-       "NOT "
-       "EXISTS (SELECT 1 FROM main.TempProvVencimientos w WHERE w.NConcepto = t.NConcepto AND "
-       "w.NFactura = t.NFactura AND w.Año = t.Año AND w.FechaVto = t.FechaVto) UNION ALL SELECT "
-       "'ProvPrevisionPagos', p.NConcepto, '', '', p.Fecha1Vto, 'se borró' FROM "
-       "almacen.ProvPrevisionPagos p WHERE p.Fecha1Vto <= ",
-       Texto(rango.Hasta),
-       " AND EXISTS (SELECT 1 FROM almacen.ProvConceptos c WHERE c.NConcepto = p.NConcepto) AND "
-       "NOT "
-       "EXISTS (SELECT 1 FROM main.TempProvPrevisionPagos w WHERE w.NConcepto = p.NConcepto)"});
+       "FROM almacen.ProvVencimientos v CROSS JOIN almacen.ProvFacturas f ON f.NConcepto = "
+       "v.NConcepto AND f.Factura = v.NFactura CROSS JOIN almacen.ProvVencimientos t ON "
+       "t.NConcepto = f.NConcepto AND t.NFactura = f.Factura WHERE v.FechaVto >= ",
+       Texto(rango.Desde), " AND v.FechaVto <= ", Texto(rango.Hasta), kConConcepto,
+       "ProvVencimientos w WHERE ", kMismo, ")", Estaba("ProvVencimientos", kMismo, conFoto),
+       " UNION ALL SELECT 'ProvPrevisionPagos', t.NConcepto, '', '', t.Fecha1Vto, 'se borró' FROM "
+       "almacen.ProvPrevisionPagos t WHERE t.Fecha1Vto <= ",
+       Texto(rango.Hasta), kConConcepto, "ProvPrevisionPagos w WHERE ", kMisma, ")",
+       Estaba("ProvPrevisionPagos", kMisma, conFoto)});
 }
 
 constexpr std::string_view kTabla = "SorvexCopia";
@@ -94,36 +100,52 @@ bool Vacias(sqlite::Conexion& deTrabajo) {
   });
 }
 
+std::optional<CopiaAbierta> LeerCopia(sqlite::Conexion& deTrabajo) {
+  const auto anotada =
+      deTrabajo
+          .Consultar(
+              Juntar({"SELECT Desde, Hasta, Usuario, Momento, Foto, Completa FROM ", kTabla}))
+          .Filas;
+  if (anotada.Cuantas() == 0) return std::nullopt;
+  const auto texto = [&](std::size_t columna) { return anotada.En(0, columna).Texto(); };
+  return CopiaAbierta{{texto(0), texto(1)}, texto(2), texto(3), texto(4), texto(5) == "1"};
+}
+
+std::vector<Fila> Diferencias(sqlite::Conexion& deTrabajo, const Rango& rango, bool conFoto) {
+  std::string consulta;
+  for (const Comun& comun : kComunes) consulta += Distintas(comun, conFoto) + " UNION ALL ";
+  return sql::LeerFilas(deTrabajo, consulta + Borradas(rango, conFoto));
+}
+
 }  // namespace
 
 void AnotarCopia(sqlite::Conexion& deTrabajo, const CopiaAbierta& copia) {
-  deTrabajo.Ejecutar(Juntar(
-      {"CREATE TABLE IF NOT EXISTS ", kTabla, " (Desde, Hasta, Usuario, Momento); DELETE FROM ",
-       kTabla, "; INSERT INTO ", kTabla, " VALUES (", Texto(copia.Rango.Desde), ", ",
-       Texto(copia.Rango.Hasta), ", ", Texto(copia.Usuario), ", ", Texto(copia.Momento), ")"}));
+  deTrabajo.Ejecutar(
+      Juntar({"CREATE TABLE IF NOT EXISTS ", kTabla,
+              " (Desde, Hasta, Usuario, Momento, Foto, Completa); DELETE FROM ", kTabla,
+              "; INSERT INTO ", kTabla, " VALUES (", Texto(copia.Rango.Desde), ", ",
+              Texto(copia.Rango.Hasta), ", ", Texto(copia.Usuario), ", ", Texto(copia.Momento),
+              ", ", Texto(copia.Foto), ", ", copia.Completa ? "'1'" : "'0'", ")"}));
 }
 
-std::optional<Rescate> BuscarRescate(sqlite::Conexion& deTrabajo, const std::string& almacenados) {
+void AnotarIncompleta(sqlite::Conexion& deTrabajo) {
+  if (deTrabajo.TieneTabla(kTabla)) {
+    deTrabajo.Ejecutar(Juntar({"UPDATE ", kTabla, " SET Completa = '0'"}));
+  }
+}
+
+std::optional<Rescate> BuscarRescate(sqlite::Conexion& deTrabajo, const std::string& almacenados,
+                                     const std::string& foto) {
   if (!deTrabajo.TieneTabla(kTabla) || Vacias(deTrabajo)) return std::nullopt;
-  const auto anotada = deTrabajo.Consultar(Juntar({"SELECT * FROM ", kTabla})).Filas;
-  if (anotada.Cuantas() == 0) return std::nullopt;
-  const auto texto = [&](std::size_t columna) { return anotada.En(0, columna).Texto(); };
-  Rescate rescate{{{texto(0), texto(1)}, texto(2), texto(3)}, {}};
-  const sql::Adjunta adjunta(deTrabajo, almacenados, "almacen");
-  std::string consulta;
-  for (const Comun& comun : kComunes) consulta += Distintas(comun) + " UNION ALL ";
-  consulta += Borradas(rescate.Copia.Rango);
-  rescate.Filas = sql::LeerFilas(deTrabajo, consulta);
+  const auto copia = LeerCopia(deTrabajo);
+  if (!copia) return std::nullopt;
+  Rescate rescate{*copia, {}, false};
+  const sql::Adjunta tablas(deTrabajo, almacenados, "almacen");
+  const sql::Adjunta retrato(deTrabajo, foto, "foto");
+  rescate.ConFoto = !copia->Foto.empty() && sql::SenaDeFoto(deTrabajo) == copia->Foto;
+  rescate.Filas = Diferencias(deTrabajo, copia->Rango, rescate.ConFoto);
   if (rescate.Filas.empty()) return std::nullopt;
   return rescate;
-}
-
-void Descartar(sqlite::Conexion& deTrabajo) {
-  std::string todo;
-  for (const std::string_view tabla : sql::kTablas) {
-    todo += Juntar({"DELETE FROM Temp", tabla, ";"});
-  }
-  deTrabajo.Ejecutar(Juntar({"BEGIN;", todo, "DELETE FROM ", kTabla, "; COMMIT"}));
 }
 
 }  // namespace salvaguarda

@@ -10,30 +10,34 @@
 
 namespace salvaguarda {
 
-/// What a working file says of the working copy in it: its range, and whose it is.
+/// What a working file says of the working copy in it.
 struct CopiaAbierta {
   salvaguarda::Rango Rango;
   std::string Usuario;
-  std::string Momento;  ///< of its load, `yyyy-mm-dd hh:nn:ss`
+  std::string Momento;   ///< of its load, `yyyy-mm-dd hh:nn:ss`
+  std::string Foto;      ///< the sign of the picture taken then; empty for none
+  bool Completa = true;  ///< false when the load missed a table: it must not be saved
 };
 
 /// Keeps that in the working file, in the unit under way there.
 void AnotarCopia(sqlite::Conexion& deTrabajo, const CopiaAbierta& copia);
+/// The load that was noted misses a table.
+void AnotarIncompleta(sqlite::Conexion& deTrabajo);
 
 /// A working copy that a program left behind when it ended without saving it.
 struct Rescate {
   CopiaAbierta Copia;
   /// The rows of it that the stored tables don't have as they are there, each with what was done to
-  /// it. They may have been changed there since by others.
+  /// it. What others have done since its load isn't among them, where its picture is there to tell.
   std::vector<Fila> Filas;
+  /// Whether it is.
+  bool ConFoto = false;
 };
 
-/// The one in a working file that is open; none when the working tables are empty, or say the same
-/// as the stored ones. Throws what the engine throws.
+/// The one in a working file that is open; none when the working tables are empty, or hold nothing
+/// that isn't stored. `foto` is the file of the picture. Throws what the engine throws.
 [[nodiscard]] std::optional<Rescate> BuscarRescate(sqlite::Conexion& deTrabajo,
-                                                   const std::string& almacenados);
-
-/// Empties the working tables: nothing is left to be rescued.
-void Descartar(sqlite::Conexion& deTrabajo);
+                                                   const std::string& almacenados,
+                                                   const std::string& foto);
 
 }  // namespace salvaguarda

@@ -18,8 +18,8 @@ std::string Juntar(std::initializer_list<std::string_view> piezas) {
 }
 
 // Without types: the indexes by the trimmed number have none, and serve no text column.
-std::string CrearClaves(std::string_view tabla) {
-  return Juntar({"CREATE TEMP TABLE ", tabla,
+std::string CrearClaves(std::string_view esquema, std::string_view tabla) {
+  return Juntar({"CREATE TABLE ", esquema, ".", tabla,
                  " (NConcepto COLLATE ES, Factura COLLATE ES, Año COLLATE ES, "
                  "PRIMARY KEY (NConcepto, Factura, Año)) WITHOUT ROWID;"});
 }
@@ -86,6 +86,15 @@ std::vector<Fila> LeerFilas(sqlite::Conexion& base, std::string_view consulta) {
   return filas;
 }
 
+std::string SenaDeFoto(sqlite::Conexion& base) {
+  try {
+    const auto sena = base.Consultar("SELECT Sena FROM foto.Foto").Filas;
+    return sena.Cuantas() == 1 ? sena.En(0, 0).Texto() : "";
+  } catch (const services::ErrorEjecucion&) {
+    return "";
+  }
+}
+
 Adjunta::Adjunta(sqlite::Conexion& base, const std::string& fichero, std::string_view nombre)
     : base_(base), nombre_(nombre) {
   base_.Ejecutar(Juntar({"ATTACH ", Texto(fichero), " AS ", nombre}));
@@ -100,8 +109,8 @@ Adjunta::~Adjunta() {
   }
 }
 
-Transaccion::Transaccion(sqlite::Conexion& base, std::string_view comienzo) : base_(base) {
-  base_.Ejecutar(std::string(comienzo));
+Transaccion::Transaccion(sqlite::Conexion& base) : base_(base) {
+  base_.Ejecutar("BEGIN");
 }
 
 Transaccion::~Transaccion() {

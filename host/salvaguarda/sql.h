@@ -32,7 +32,7 @@ inline constexpr std::array<std::string_view, 5> kTablas{
 [[nodiscard]] std::string Juntar(std::initializer_list<std::string_view> piezas);
 
 /// The definition of a table of invoice keys.
-[[nodiscard]] std::string CrearClaves(std::string_view tabla);
+[[nodiscard]] std::string CrearClaves(std::string_view esquema, std::string_view tabla);
 /// The keys of the invoices that a commit of the range deletes.
 [[nodiscard]] std::string ClavesDelRango(const Rango& rango);
 /// The stored rows of the invoices whose keys stand in a table; `columnas` of each, as `t`.
@@ -57,6 +57,9 @@ inline constexpr std::array<std::string_view, 5> kTablas{
 /// The rows of a query whose columns are those of a `Fila`, in their order.
 [[nodiscard]] std::vector<Fila> LeerFilas(sqlite::Conexion& base, std::string_view consulta);
 
+/// The sign of the picture in the attached file `foto`; empty where there is no whole one.
+[[nodiscard]] std::string SenaDeFoto(sqlite::Conexion& base);
+
 /// Another file under a name of its own, for as long as it lives.
 class Adjunta {
  public:
@@ -73,7 +76,7 @@ class Adjunta {
 /// A transaction, undone unless it is finished.
 class Transaccion {
  public:
-  explicit Transaccion(sqlite::Conexion& base, std::string_view comienzo = "BEGIN");
+  explicit Transaccion(sqlite::Conexion& base);
   ~Transaccion();
   Transaccion(const Transaccion&) = delete;
   Transaccion& operator=(const Transaccion&) = delete;

@@ -207,7 +207,7 @@ TEST_F(Copias, LaEnteraSeGuardaUnaVezAlDiaYQuedanDiez) {
 class RescateDeUnaMuerte : public Copias {
  protected:
   std::optional<salvaguarda::Rescate> Rescate() {
-    return salvaguarda::BuscarRescate(*temp, Negocio().FicheroDatos());
+    return salvaguarda::BuscarRescate(*temp, Negocio().FicheroDatos(), Foto());
   }
 };
 
@@ -248,16 +248,70 @@ TEST_F(RescateDeUnaMuerte, BuscarloNoCierraLasTablasDeLaEmpresaANadie) {
   Trabajar("UPDATE TempProvVencimientos SET Pagado = 3 WHERE FechaVto = '20050301'");
   temp->TerminarUnidad();
   const auto deTrabajo = sqlite::AbrirConexion(Negocio().FicheroTemp(), {.UnidadDeTrabajo = true});
-  ASSERT_TRUE(salvaguarda::BuscarRescate(*deTrabajo, Negocio().FicheroDatos()));
+  ASSERT_TRUE(salvaguarda::BuscarRescate(*deTrabajo, Negocio().FicheroDatos(), Foto()));
   Otro("UPDATE ProvFacturas SET Total = Total");
 }
 
-TEST_F(RescateDeUnaMuerte, DescartarLoDejaVacio) {
+TEST_F(RescateDeUnaMuerte, LoQueOtroHizoDespuesNoEsSuyo) {
   Cargar();
-  Trabajar("UPDATE TempProvVencimientos SET Pagado = 3 WHERE FechaVto = '20050301'");
-  salvaguarda::Descartar(*temp);
-  EXPECT_FALSE(Rescate());
-  EXPECT_EQ(temp->Consultar("SELECT count(*) FROM TempProvFacturas").Filas.En(0, 0).Numero(), 0);
+  Otro(
+      "UPDATE ProvFacturas SET Total = 99 WHERE Factura = 'F000001';"
+      "DELETE FROM ProvVencimientos WHERE FechaVto = '20050301';"
+      "INSERT INTO ProvFacturas (NConcepto, Factura, Año, Fecha, Total) VALUES ('5', 'DE-OTRO', "
+      "'2005', '20050301', 9); INSERT INTO ProvVencimientos (NConcepto, NFactura, Año, FechaVto, "
+      "Importe) VALUES ('5', 'DE-OTRO', '2005', '20050307', 9)");
+  EXPECT_FALSE(Rescate()) << "nada suyo está sin grabar";
+  Trabajar("UPDATE TempProvVencimientos SET Pagado = 3 WHERE FechaVto = '20050302'");
+  const auto rescate = Rescate();
+  ASSERT_TRUE(rescate);
+  EXPECT_TRUE(rescate->ConFoto);
+  EXPECT_THAT(rescate->Filas, ElementsAre(salvaguarda::Fila{"ProvVencimientos", "2", "F000001",
+                                                            "2005", "20050302", "se cambió"}));
+}
+
+TEST_F(RescateDeUnaMuerte, RetomadaSePreguntaPorLoQueOtroHizoDesdeSuCarga) {
+  Cargar();
+  Trabajar("UPDATE TempProvVencimientos SET Pagado = 3 WHERE FechaVto = '20050302'");
+  Otro("UPDATE ProvFacturas SET Total = 99, ModificadoPor = 'EVA' WHERE Factura = 'F000000'");
+  salvaguarda::Guardia otra({datos, temp, Negocio().FicheroDatos(), Foto()},
+                            {Carpeta() + "/copias", Carpeta() + "/registro.txt"}, "ANA");
+  otra.Ahora = [] { return apoyo::kMarzo; };
+  std::string preguntado;
+  otra.Preguntar = [&](const std::string& pregunta) {
+    preguntado = pregunta;
+    return true;
+  };
+  otra.AlRetomar(*Rescate());
+  otra.AlComenzar({salvaguarda::Comienzo::Tarea::Grabacion, {"20050301", "20050331"}});
+  datos->AbandonarUnidad();
+  EXPECT_THAT(preguntado, testing::HasSubstr("F000000 de 2005 del concepto 1: la ha cambiado EVA"));
+}
+
+TEST_F(RescateDeUnaMuerte, SinFotoSePreguntaPorTodoLoDistinto) {
+  Cargar();
+  Trabajar("UPDATE TempProvVencimientos SET Pagado = 3 WHERE FechaVto = '20050302'");
+  auto rescate = Rescate();
+  rescate->Copia.Foto = "otra";
+  std::string preguntado;
+  guardia->Preguntar = [&](const std::string& pregunta) {
+    preguntado = pregunta;
+    return true;
+  };
+  guardia->AlRetomar(*rescate);
+  guardia->AlComenzar({salvaguarda::Comienzo::Tarea::Grabacion, {"20050301", "20050331"}});
+  datos->AbandonarUnidad();
+  EXPECT_THAT(preguntado, testing::HasSubstr("vencimiento 02/03/2005"));
+}
+
+TEST_F(RescateDeUnaMuerte, UnaCargaIncompletaNoSePuedeAbrir) {
+  Otro("ALTER TABLE ProvPrevisionPagos RENAME TO Quitada");
+  Cargar();
+  Contado();
+  Otro("ALTER TABLE Quitada RENAME TO ProvPrevisionPagos");
+  Trabajar("UPDATE TempProvVencimientos SET Pagado = 3 WHERE FechaVto = '20050302'");
+  const auto rescate = Rescate();
+  ASSERT_TRUE(rescate);
+  EXPECT_FALSE(rescate->Copia.Completa);
 }
 
 }  // namespace

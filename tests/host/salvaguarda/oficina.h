@@ -63,6 +63,8 @@ class Oficina {
     for (const std::string& parrafo : guardia->Contar().Parrafos) todo += parrafo + "\n";
     return todo;
   }
+  /// The file of the picture.
+  [[nodiscard]] std::string Foto() const { return carpeta_.Fichero("trabajo.foto"); }
   [[nodiscard]] std::string Carpeta() const { return carpeta_.Camino(); }
   [[nodiscard]] const apoyo::NegocioDePrueba& Negocio() const { return negocio_; }
 
@@ -86,7 +88,7 @@ class Oficina {
   services::Ref<sqlite::Conexion> datos = negocio_.AbrirDatos();
   services::Ref<sqlite::Conexion> temp = negocio_.AbrirTemp();
   std::shared_ptr<salvaguarda::Guardia> guardia = std::make_shared<salvaguarda::Guardia>(
-      salvaguarda::Guardia::Bases{datos, temp, negocio_.FicheroDatos()},
+      salvaguarda::Guardia::Bases{datos, temp, negocio_.FicheroDatos(), Foto()},
       salvaguarda::Guardia::Lugares{carpeta_.Fichero("copias"), carpeta_.Fichero("registro.txt")},
       "ANA");
   apoyo::ComponenteEnMarcha componente{
