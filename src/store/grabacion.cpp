@@ -170,6 +170,9 @@ void GrabarTemporales(services::Sesion& sesion, const Intervalo& rango,
   grabacion.EscribirFacturas();
   grabacion.EscribirPrevisiones();
   grabacion.EnlazarCaja();
+  // The working side first: both then say the same, and a process killed before the working tables
+  // are empty leaves nothing there that seems not to have been saved.
+  sesion.CnTemp().TerminarUnidad();
   sesion.CnDatos().TerminarUnidad();
   alQuedarGrabado();
   grabacion.Vaciar();

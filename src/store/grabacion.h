@@ -15,8 +15,9 @@ namespace store {
 ///
 /// A failure before the first row is written goes to the caller, with part of the range deleted
 /// until the event's end undoes it, or for good where each statement stands by itself; after it, a
-/// row that can't be written is dropped without a message. The working tables are emptied only once
-/// the stored ones are durable; when they can't be, the error goes to the caller.
+/// row that can't be written is dropped without a message. What the working tables hold is made
+/// durable before the stored ones, and they are emptied only once these are; when they can't be,
+/// the error goes to the caller.
 void GrabarTemporales(services::Sesion& sesion, const Intervalo& rango,
                       const std::function<void()>& alQuedarGrabado);
 

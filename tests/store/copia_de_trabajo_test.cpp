@@ -5,6 +5,7 @@
 #include "apoyo/componente_en_marcha.h"
 #include "apoyo/errores.h"
 #include "apoyo/negocio_de_prueba.h"
+#include "store/grabacion.h"
 #include "store/tablas.h"
 #include "valores/error.h"
 
@@ -51,6 +52,26 @@ TEST_F(CopiaDeTrabajo, GrabadaYaNoTieneRangoNiFilas) {
                 .Numero(),
             5);
   EXPECT_NE(apoyo::NumeroDeError([&] { copia.Grabar(); }), 0);
+}
+
+/// Who kills the program there finds both sides saying the same: nothing is left to be saved.
+TEST_F(CopiaDeTrabajo, AlQuedarGrabadaLoDeTrabajoDiceLoMismoEnSuFichero) {
+  copia.Cargar(kRangoDeMarzo);
+  temp->TerminarUnidad();
+  temp->EmpezarUnidad();
+  temp->Ejecutar("UPDATE TempProvVencimientos SET Pagado = 7");
+  const auto sieteEn = [](sqlite::Conexion& fichero, const std::string& tabla) {
+    return fichero.Consultar("SELECT count(*) FROM " + tabla + " WHERE Pagado = 7")
+        .Filas.En(0, 0)
+        .Numero();
+  };
+  bool grabado = false;
+  store::GrabarTemporales(componente.Sesion(), kRangoDeMarzo, [&] {
+    grabado = true;
+    EXPECT_EQ(sieteEn(*negocio.AbrirDatos(), "ProvVencimientos"), 15);
+    EXPECT_EQ(sieteEn(*negocio.AbrirTemp(), "TempProvVencimientos"), 15);
+  });
+  EXPECT_TRUE(grabado);
 }
 
 TEST_F(CopiaDeTrabajo, VaciadaTampocoTieneRango) {
