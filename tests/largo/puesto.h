@@ -1,0 +1,65 @@
+#pragma once
+
+#include <filesystem>
+#include <functional>
+#include <memory>
+#include <string>
+
+#include "guion/bases.h"
+#include "guion/mundo.h"
+#include "salvaguarda/guardia.h"
+#include "shell/class_tesvara.h"
+#include "shell/datos_comunes.h"
+#include "shell/pantallas.h"
+#include "sqlite/conexion_sqlite.h"
+
+namespace largo {
+
+/// A user's workplace over the files of one folder, as the suite puts it together: the component,
+/// its two connections, and the guard on the stored one. Everything is played in this process.
+class Puesto {
+ public:
+  /// What is put between the component and a connection: it is given the one behind.
+  using Puerta =
+      std::function<services::Ref<services::Conexion>(services::Ref<services::Conexion> detras)>;
+  struct Puertas {
+    Puerta Datos;
+    Puerta Local;
+  };
+
+  /// Throws what opening the files throws.
+  explicit Puesto(const std::filesystem::path& carpeta);
+  Puesto(const std::filesystem::path& carpeta, const Puertas& puertas);
+
+  [[nodiscard]] static std::string FicheroDatos(const std::filesystem::path& carpeta) {
+    return carpeta / "datos.sqlite";
+  }
+  [[nodiscard]] static std::string FicheroLocal(const std::filesystem::path& carpeta) {
+    return carpeta / "local.sqlite";
+  }
+  /// The working file as a program opens it.
+  [[nodiscard]] static services::Ref<sqlite::Conexion> AbrirLocal(
+      const std::filesystem::path& carpeta);
+
+  /// How many files bear the name of a copy of the guard and are none.
+  [[nodiscard]] static int CopiasAMedias(const std::filesystem::path& carpeta);
+
+  [[nodiscard]] guion::Mundo& Mundo() { return mundo_; }
+  [[nodiscard]] salvaguarda::Guardia& Guardia() { return *guardia_; }
+  [[nodiscard]] sqlite::Conexion& Local() { return *local_; }
+
+ private:
+  guion::Ficheros ficheros_;
+  guion::Bases bases_{ficheros_, 1};
+  services::Ref<sqlite::Conexion> datos_;
+  services::Ref<sqlite::Conexion> local_;
+  std::shared_ptr<salvaguarda::Guardia> guardia_;
+  std::unique_ptr<guion::Base> deDatos_;
+  std::unique_ptr<guion::Base> deLocal_;
+  guion::Mundo mundo_;
+  services::Plataforma plataforma_;
+  shell::DatosComunes sesion_{plataforma_};
+  shell::Pantallas pantallas_{sesion_};
+};
+
+}  // namespace largo
