@@ -62,10 +62,11 @@ class Lector {
 
   /// At most so many.
   int Cifras(std::size_t cuantas = 2) {
-    int valor = -1;
+    int valor = 0;
+    if (texto_.starts_with('-')) Falla();  // -0 is read as 0
     const auto [fin, fallo] =
         std::from_chars(texto_.data(), texto_.data() + std::min(cuantas, texto_.size()), valor);
-    if (fallo != std::errc() || valor < 0) Falla();
+    if (fallo != std::errc()) Falla();
     texto_.remove_prefix(static_cast<std::size_t>(fin - texto_.data()));
     return valor;
   }

@@ -232,7 +232,8 @@ void Muertes::MirarRescate(const fs::path& carpeta, bool guardado) {
   if (momento_ % 10 == 0 && largo::Uno(*local, "PRAGMA integrity_check") != "ok") {
     Hallar("integrity_check de lo de trabajo");
   }
-  const auto rescate = salvaguarda::BuscarRescate(*local, Puesto::FicheroDatos(carpeta));
+  const auto rescate = salvaguarda::BuscarRescate(*local, Puesto::FicheroDatos(carpeta),
+                                                  Puesto::FicheroFoto(carpeta));
   ++cuentas_[rescate ? "rescates" : "sin rescate"];
   const std::string filas =
       rescate ? salvaguarda::Recuento(rescate->Filas) + salvaguarda::Relacion(rescate->Filas, 5)

@@ -49,7 +49,7 @@ Puesto::Puesto(const std::filesystem::path& carpeta, const Puertas& puertas)
       datos_(DeFichero(bases_.Datos())),
       local_(DeFichero(bases_.Local())),
       guardia_(std::make_shared<salvaguarda::Guardia>(
-          salvaguarda::Guardia::Bases{datos_, local_, FicheroDatos(carpeta)},
+          salvaguarda::Guardia::Bases{datos_, local_, FicheroDatos(carpeta), FicheroFoto(carpeta)},
           salvaguarda::Guardia::Lugares{carpeta / "copias", carpeta / "registro.txt"}, "ANA")),
       deDatos_(std::make_unique<BaseConPuerta>(
           bases_.Datos(), puertas.Datos(Ref<services::Conexion>(

@@ -34,6 +34,9 @@ class Puesto {
   [[nodiscard]] static std::string FicheroDatos(const std::filesystem::path& carpeta) {
     return carpeta / "datos.sqlite";
   }
+  [[nodiscard]] static std::string FicheroFoto(const std::filesystem::path& carpeta) {
+    return salvaguarda::FicheroDeFoto(FicheroLocal(carpeta));
+  }
   [[nodiscard]] static std::string FicheroLocal(const std::filesystem::path& carpeta) {
     return carpeta / "local.sqlite";
   }

@@ -9,6 +9,9 @@
 
 namespace largo {
 
+using services::Form;
+using services::Widget;
+
 void Usuario::Planear() {
   const Form* form = AlFrente();
   if (!form) {

@@ -123,9 +123,9 @@ void Vida::Empezar(const Herencia& herencia) {
   if (Puesto::CopiasAMedias(carpeta_) != 0) Hallar("una copia a medias con su nombre");
   puesto_.Guardia().LasCopias().GuardarEntera(Puesto::FicheroDatos(carpeta_),
                                               puesto_.Mundo().Entorno().Ahora());
-  const auto rescate = salvaguarda::BuscarRescate(puesto_.Local(), Puesto::FicheroDatos(carpeta_));
+  const auto rescate = salvaguarda::BuscarRescate(puesto_.Local(), Puesto::FicheroDatos(carpeta_),
+                                                  Puesto::FicheroFoto(carpeta_));
   if (rescate) Dice("rescate de " + rescate->Copia.Usuario);
-  if (rescate && usuario_.Azar().DeCada100(50)) salvaguarda::Descartar(puesto_.Local());
 }
 
 bool Vida::EnModal() {

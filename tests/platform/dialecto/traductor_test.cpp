@@ -181,6 +181,7 @@ INSTANTIATE_TEST_SUITE_P(
         "SELECT Caja.* FROM Caja WHERE FechaHora = #2/29/2005#",
         "SELECT Caja.* FROM Caja WHERE FechaHora = #1/1/2005 25:00:00#",
         "SELECT Caja.* FROM Caja WHERE FechaHora = #1/011/2005#",
+        "SELECT Caja.* FROM Caja WHERE FechaHora = #1/11/2005 9:-0#",
         "SELECT Caja.* FROM Caja WHERE FechaHora = #1/1/02005#",
         "SELECT Caja.* FROM Caja WHERE FechaHora = #1/1/2005",
         "SELECT Caja.* FROM Caja WHERE load_extension('x')", "SELECT Caja.* FROM Caja WHERE $x",
