@@ -17,7 +17,7 @@ enum { kAparte, kSinElla, kComoEstaba };
 
 QStringList RespuestasA(const salvaguarda::Rescate& rescate) {
   QStringList respuestas{"Guardarla aparte", "Seguir sin ella"};
-  if (rescate.Copia.Completa) respuestas << "Abrirla como estaba";
+  if (rescate.Copia.Completa && !rescate.DeOtraEmpresa) respuestas << "Abrirla como estaba";
   return respuestas;
 }
 
@@ -30,7 +30,7 @@ Custodia::Custodia(QWidget& ventana, const Datos& datos, const Opciones& opcione
   guardia_ = std::make_shared<salvaguarda::Guardia>(
       salvaguarda::Guardia::Bases{datos.Almacenados, datos.DeTrabajo, datos.NombreAlmacenados,
                                   salvaguarda::FicheroDeFoto(datos.NombreDeTrabajo)},
-      salvaguarda::Guardia::Lugares{almacenados.parent_path() / "copias",
+      salvaguarda::Guardia::Lugares{almacenados.parent_path() / "copias" / almacenados.stem(),
                                     deTrabajo.parent_path() / "registro.txt"},
       opciones.Usuario.toStdString());
   guardia_->Ahora = &Ahora;
@@ -82,41 +82,68 @@ void Custodia::CopiarElDia() {
 QString Custodia::TextoDe(const salvaguarda::Rescate& rescate) const {
   const salvaguarda::CopiaAbierta& copia = rescate.Copia;
   const QString queHacer =
-      copia.Completa
-          ? "Puede guardarla aparte en un fichero, seguir sin ella, o abrirla como estaba."
-          : "No se llegó a cargar entera y no se puede abrir: puede guardarla aparte en un "
-            "fichero, "
-            "o seguir sin ella.";
-  return "Tesvara de Pagos terminó la última vez sin grabar ni cerrar. La copia de trabajo de " +
-         QString::fromStdString(copia.Usuario) + ", del " + FechaMostrada(copia.Rango.Desde) +
-         " al " + FechaMostrada(copia.Rango.Hasta) +
-         ", tiene filas que no están así en las tablas de la empresa (" +
+      copia.Completa ? "Puede guardarla aparte en un fichero, seguir sin ella, o abrirla como "
+                       "estaba y pulsar Grabar."
+                     : "No se llegó a cargar entera y no se puede abrir: puede guardarla aparte en "
+                       "un fichero, o seguir sin ella.";
+  const QString suya =
+      "Tesvara de Pagos terminó la última vez sin grabar ni cerrar. La copia de trabajo de " +
+      QString::fromStdString(copia.Usuario) + ", del " + FechaMostrada(copia.Rango.Desde) + " al " +
+      FechaMostrada(copia.Rango.Hasta);
+  if (rescate.DeOtraEmpresa) {
+    return suya + ", es de otras tablas, " + QString::fromStdString(copia.Almacenados) +
+           ", y no se puede abrir aquí: puede guardarla aparte en un fichero, o seguir sin ella.";
+  }
+  return suya + ", tiene filas que no están así en las tablas de la empresa (" +
          QString::fromStdString(salvaguarda::Recuento(rescate.Filas)) +
          "):" + QString::fromStdString(salvaguarda::Relacion(rescate.Filas, 12)) +
          "\n\nLos pagos que solo estaban escritos en la lista no están en ella.\n\n" + queHacer;
 }
 
-void Custodia::OfrecerRescate() {
+bool Custodia::OfrecerRescate() {
   try {
     const auto rescate =
         salvaguarda::BuscarRescate(*datos_.DeTrabajo, datos_.NombreAlmacenados,
                                    salvaguarda::FicheroDeFoto(datos_.NombreDeTrabajo));
-    if (!rescate) return;
-    guardia_->Anotar("Quedó una copia de trabajo sin grabar:" +
-                     salvaguarda::Relacion(rescate->Filas, rescate->Filas.size()));
-    const int respuesta = Elegir({TextoDe(*rescate), RespuestasA(*rescate), 0, 0});
-    if (respuesta == kSinElla)
-      return guardia_->Anotar("Se sigue sin la copia de trabajo que quedó");
-    // Also when it is opened: what is closed without saving is then still there.
-    const fs::path aparte = ApartarDeTrabajo(datos_);
-    guardia_->Anotar("La copia de trabajo que quedó se guarda en " + aparte.string());
-    if (respuesta == kAparte) {
-      return Decir("La copia de trabajo queda guardada en " + QString::fromStdString(aparte));
-    }
-    guardia_->AlRetomar(*rescate);
-    porRetomar_ = rescate->Copia.Rango;
+    if (rescate) Ofrecer(*rescate);
+    return true;
   } catch (const std::exception& fallo) {
-    Decir("No se ha podido mirar si quedó algo sin grabar: " + QString::fromUtf8(fallo.what()));
+    return ApartarSinMirar(QString::fromUtf8(fallo.what()));
+  }
+}
+
+void Custodia::Ofrecer(const salvaguarda::Rescate& rescate) {
+  guardia_->Anotar("Quedó una copia de trabajo sin grabar:" +
+                   salvaguarda::Relacion(rescate.Filas, rescate.Filas.size()));
+  const int respuesta = Elegir({TextoDe(rescate), RespuestasA(rescate), 0, 0});
+  if (respuesta == kSinElla) return guardia_->Anotar("Se sigue sin la copia de trabajo que quedó");
+  // Also when it is opened: what is closed without saving is then still there.
+  const std::string aparte = Apartar();
+  if (respuesta == kAparte) {
+    return Decir("La copia de trabajo queda guardada en " + QString::fromStdString(aparte));
+  }
+  guardia_->AlRetomar(rescate);
+  porRetomar_ = rescate.Copia.Rango;
+}
+
+std::string Custodia::Apartar() {
+  const std::string aparte = ApartarDeTrabajo(datos_).string();
+  guardia_->Anotar("La copia de trabajo que quedó se guarda en " + aparte);
+  return aparte;
+}
+
+/// A load would empty it.
+bool Custodia::ApartarSinMirar(const QString& motivo) {
+  try {
+    Decir("No se ha podido mirar si quedó algo sin grabar: " + motivo +
+          "\n\nLa copia de trabajo que había queda guardada en " +
+          QString::fromStdString(Apartar()));
+    return true;
+  } catch (const std::exception& fallo) {
+    Decir("No se ha podido mirar si quedó algo sin grabar: " + motivo +
+          "\n\nTampoco se puede guardar aparte, y no se abre para no perderlo: " +
+          QString::fromUtf8(fallo.what()));
+    return false;
   }
 }
 

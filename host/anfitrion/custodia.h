@@ -28,8 +28,9 @@ class Custodia final : public QObject {
 
   /// Copies the whole stored file, at the first start of the day. A failure is told and logged.
   void CopiarElDia();
-  /// Offers the working copy that was left behind, if there is one.
-  void OfrecerRescate();
+  /// Offers the working copy that was left behind, if there is one; what can't be looked at is kept
+  /// aside. Whether the screen may be loaded, which empties it.
+  [[nodiscard]] bool OfrecerRescate();
   /// The range of the one that the user wants to go on with; none for a fresh load.
   [[nodiscard]] const std::optional<salvaguarda::Rango>& PorRetomar() const { return porRetomar_; }
   /// The screen has opened: there is nothing to go on with any more.
@@ -47,6 +48,9 @@ class Custodia final : public QObject {
 
  private:
   [[nodiscard]] QString TextoDe(const salvaguarda::Rescate& rescate) const;
+  void Ofrecer(const salvaguarda::Rescate& rescate);
+  std::string Apartar();
+  [[nodiscard]] bool ApartarSinMirar(const QString& motivo);
   void Decir(const QString& texto);
   void ContarDespues();
 

@@ -127,6 +127,7 @@ bool VentanaPrincipal::AbrirPagos() {
     Mostrar(QMessageBox::Critical, QString::fromStdString(fallo.Descripcion()));
     return false;
   }
+  if (!HayPantalla() && !custodia_.OfrecerRescate()) return false;
   if (!Comprobar(pagos_->Cargar(contexto_))) return false;
   custodia_.Abierta();
   return true;

@@ -126,7 +126,7 @@ Copia Copias::Guardar(sqlite::Conexion& base, const std::string& ambito, Copia c
     transaccion.Terminar();
     mirar();
   });
-  Podar();
+  Podar(copia.Fichero.filename());
   return copia;
 }
 
@@ -143,6 +143,7 @@ std::vector<Copia> Copias::Guardadas() const {
     try {
       const sql::Adjunta adjunta(*base, fichero.string(), "copia");
       const auto filas = base->Consultar("SELECT * FROM copia.Copia").Filas;
+      if (filas.Cuantas() != 1 || filas.Columnas() != 6) continue;
       const auto texto = [&](std::size_t columna) { return filas.En(0, columna).Texto(); };
       copias.push_back({sqlite::LeerMomento(texto(0)).value_or(services::FechaHora{}),
                         texto(1),
@@ -168,14 +169,16 @@ bool Copias::GuardarEntera(const fs::path& almacenados, services::FechaHora mome
   });
   QuitarLasSinAcabar(carpeta_);
   std::vector<std::string> todas = Nombres(carpeta_, kEntera);
-  while (todas.size() > kEnteras) {
-    fs::remove(carpeta_ / todas.front());
-    todas.erase(todas.begin());
+  // The one just made stays, whatever the clock says.
+  std::erase(todas, fichero.filename().string());
+  for (; todas.size() >= kEnteras; todas.erase(todas.begin())) {
+    std::error_code ignorado;
+    fs::remove(carpeta_ / todas.front(), ignorado);
   }
   return true;
 }
 
-void Copias::Podar() const {
+void Copias::Podar(const std::string& nueva) const {
   std::vector<std::string> sobran = Nombres(carpeta_, kDeFilas);
   if (sobran.size() <= kUltimas) return;
   std::set<std::string> primeras;
@@ -187,7 +190,7 @@ void Copias::Podar() const {
   sobran.resize(sobran.size() - kUltimas);
   for (const std::string& nombre : sobran) {
     std::error_code ignorado;
-    if (nombre == reservada_ || primeras.contains(nombre)) continue;
+    if (nombre == nueva || nombre == reservada_ || primeras.contains(nombre)) continue;
     fs::remove(carpeta_ / nombre, ignorado);
   }
 }

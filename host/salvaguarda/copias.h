@@ -55,7 +55,8 @@ class Copias {
   [[nodiscard]] const std::filesystem::path& Carpeta() const { return carpeta_; }
 
  private:
-  void Podar() const;
+  /// Lets go of those that are too many; never of `nueva`, whatever the clocks of others say.
+  void Podar(const std::string& nueva) const;
 
   std::filesystem::path carpeta_;
   std::string reservada_;

@@ -64,8 +64,8 @@ void Guardia::AlCargar(const Rango& rango) {
     noCargadas_ = foto_.Excluidas();
   });
   intentar([&] {
-    AnotarCopia(*bases_.DeTrabajo,
-                {rango, usuario_, services::TextoIso(Ahora()), foto_.Sena(), true});
+    AnotarCopia(*bases_.DeTrabajo, {rango, usuario_, services::TextoIso(Ahora()), foto_.Sena(),
+                                    bases_.FicheroAlmacenados, true});
   });
   if (!noCargadas_.empty()) AlHaberQueContar();
 }
@@ -86,7 +86,8 @@ void Guardia::AlRetomar(const Rescate& rescate) {
 void Guardia::AlGrabar(const Rango& rango) {
   // What the user paid stays in the working file, whatever becomes of the commit.
   bases_.DeTrabajo->TerminarUnidad();
-  if (!foto_.De()) foto_.Tomar(rango);
+  sinFoto_ = !foto_.De();
+  if (sinFoto_) foto_.Tomar(rango);
   for (bool conCopia = true;;) {
     bases_.Almacenados->EmpezarUnidad();
     const std::string sinCopia = conCopia ? Copiar(rango) : "";
@@ -100,6 +101,7 @@ void Guardia::AlGrabar(const Rango& rango) {
     if (!adelante) throw ErrorEjecucion(services::error::FilaCambiada, kNoGrabado);
     noCargadas_.clear();
     deOtros_.clear();
+    sinFoto_ = false;
     conCopia = sinCopia.empty();
   }
 }
@@ -132,6 +134,9 @@ std::string Guardia::Reparos(const std::string& sinCopia, std::size_t hasta) con
         "No se ha podido guardar una copia de lo que hay grabado, ni ver si otro usuario lo ha "
         "cambiado: " +
         sinCopia);
+  }
+  if (sinFoto_ && AvisarDeOtros) {
+    anadir("No se pudo mirar lo que había al cargar, y no se sabe si otro usuario lo ha cambiado");
   }
   if (!deOtros_.empty()) {
     anadir(Sobre("Otro usuario ha cambiado lo que había al cargar", deOtros_, hasta));
@@ -189,7 +194,12 @@ Relato Guardia::Contar() {
   if (!carga.Incompletas.empty()) {
     Decir("Se han cargado sin alguno de sus valores", carga.Incompletas);
   }
-  noCargadas_.insert(noCargadas_.end(), carga.Filas.begin(), carga.Filas.end());
+  // No commit deletes a cash entry.
+  std::vector<Fila> apuntes;
+  for (const Fila& fila : carga.Filas) {
+    (fila.Tabla == "CajaPagos" ? apuntes : noCargadas_).push_back(fila);
+  }
+  if (!apuntes.empty()) Decir("No se han cargado estos apuntes de caja", apuntes);
   if (!noCargadas_.empty() && noCargadas_ != yaDichas_) {
     yaDichas_ = noCargadas_;
     Decir("No se han cargado estas filas, que no se ven en la lista y que Grabar borraría",

@@ -91,6 +91,8 @@ class Guardia {
   std::vector<services::Omision> omisiones_;
   /// Stored rows of the range that the working copy hasn't, and that a commit would delete.
   std::vector<Fila> noCargadas_;
+  /// Whether nobody knows what was there at the load.
+  bool sinFoto_ = false;
   /// What others have changed of it since the load, until the user agrees to write over it.
   std::vector<Fila> deOtros_;
   std::vector<Fila> yaDichas_;

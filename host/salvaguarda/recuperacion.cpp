@@ -30,6 +30,18 @@ std::string De(std::string_view alias, const std::string& texto) {
   return puesto;
 }
 
+/// That the entry `e` belongs to no invoice now, or to one that the copy is about: one that another
+/// has linked since to his own stays there.
+constexpr std::string_view kDeLaCopia =
+    "(e.Suya IS NULL OR e.Suya = '' OR EXISTS (SELECT 1 FROM temp.DeLaCopia c WHERE c.NConcepto = "
+    "CAST(e.Tipo AS TEXT) AND c.Factura = trim(e.Suya) AND c.Año = e.SuAnio))";
+
+/// The keys that the attached copy is about, where they are soon found.
+void PrepararClaves(sqlite::Conexion& base) {
+  base.Ejecutar("DROP TABLE IF EXISTS temp.DeLaCopia;" + sql::CrearClaves("temp", "DeLaCopia") +
+                "INSERT OR IGNORE INTO temp.DeLaCopia SELECT * FROM copia.Claves");
+}
+
 std::vector<Pareja> Parejas(sqlite::Conexion& base) {
   std::vector<Pareja> parejas;
   for (const auto& tabla : sql::kDeFactura) {
@@ -51,7 +63,10 @@ std::vector<Pareja> Parejas(sqlite::Conexion& base) {
                      "a.NConcepto COLLATE ES = b.NConcepto", "@.NConcepto, '', '', @.Fecha1Vto",
                      sql::Contenido(base, "ProvPrevisionPagos", "@")});
   parejas.push_back(
-      {"CajaPagos", sql::ApuntesCon("copia.CajaPagos"),
+      {"CajaPagos",
+       Juntar({"SELECT e.* FROM (",
+               sql::ApuntesCon("copia.CajaPagos", "t.*, t.Factura AS Suya, t.Año AS SuAnio"),
+               ") e WHERE ", kDeLaCopia}),
        "a.idSucursal = b.idSucursal AND MOMENTO(a.FechaHora) = MOMENTO(b.FechaHora) AND "
        "a.Tipo = b.Tipo",
        "@.Tipo, ifnull(@.Factura, ''), ifnull(@.Año, ''), @.FechaHora",
@@ -90,11 +105,21 @@ std::string Sustituir(sqlite::Conexion& base, std::string_view tabla, const std:
                  tabla, " (", columnas, ") SELECT ", columnas, " FROM copia.", tabla, ";"});
 }
 
+/// First found, by their moment, then written one by one.
 std::string EnlazarApuntes() {
-  return "UPDATE main.CajaPagos AS t SET Factura = k.Factura, Año = k.Año, Actualizado = "
-         "k.Actualizado, ModificadoPor = k.ModificadoPor FROM copia.CajaPagos k WHERE t.idSucursal "
-         "= "
-         "k.idSucursal AND MOMENTO(t.FechaHora) = MOMENTO(k.FechaHora) AND t.Tipo = k.Tipo;";
+  return Juntar(
+      {"DROP TABLE IF EXISTS temp.Enlaces; CREATE TABLE temp.Enlaces (Fila INTEGER PRIMARY KEY, "
+       "Factura, Año, Actualizado, ModificadoPor); INSERT OR IGNORE INTO temp.Enlaces SELECT "
+       "e.Fila, "
+       "e.Factura, e.Año, e.Actualizado, e.ModificadoPor FROM (",
+       sql::ApuntesCon("copia.CajaPagos",
+                       "t.rowid AS Fila, k.Factura, k.Año, k.Actualizado, k.ModificadoPor, "
+                       "t.Importe, t.Factura AS Suya, t.Tipo, t.Año AS SuAnio"),
+       ") e WHERE ", kDeLaCopia,
+       "; UPDATE main.CajaPagos SET (Factura, Año, Actualizado, ModificadoPor) = (SELECT "
+       "e.Factura, "
+       "e.Año, e.Actualizado, e.ModificadoPor FROM temp.Enlaces e WHERE e.Fila = CajaPagos.rowid) "
+       "WHERE rowid IN (SELECT Fila FROM temp.Enlaces);"});
 }
 
 /// A unit of the driver's own, which sees to it that the file is still the one that was opened.
@@ -116,6 +141,7 @@ class UnidadDeReposicion {
 
 Reposicion Comparar(sqlite::Conexion& base, const Copia& copia) {
   const sql::Adjunta adjunta(base, copia.Fichero.string(), "copia");
+  PrepararClaves(base);
   Reposicion reposicion;
   for (const Pareja& pareja : Parejas(base)) Comparar(base, pareja, reposicion);
   return reposicion;
@@ -130,6 +156,7 @@ void Reponer(sqlite::Conexion& almacenados, sqlite::Conexion& lectura, const Cop
     const sql::Adjunta vieja(lectura, copia.Fichero.string(), "vieja");
     copias.Guardar(lectura, AmbitoDeCopia("vieja"), {momento, usuario, {}});
   }
+  PrepararClaves(almacenados);
   std::string todo;
   for (const auto& tabla : sql::kDeFactura) {
     todo += Sustituir(almacenados, tabla.Nombre, sql::FilasDe(tabla, "copia.Claves", "t.rowid"));

@@ -103,12 +103,13 @@ bool Vacias(sqlite::Conexion& deTrabajo) {
 std::optional<CopiaAbierta> LeerCopia(sqlite::Conexion& deTrabajo) {
   const auto anotada =
       deTrabajo
-          .Consultar(
-              Juntar({"SELECT Desde, Hasta, Usuario, Momento, Foto, Completa FROM ", kTabla}))
+          .Consultar(Juntar(
+              {"SELECT Desde, Hasta, Usuario, Momento, Foto, Almacenados, Completa FROM ", kTabla}))
           .Filas;
   if (anotada.Cuantas() == 0) return std::nullopt;
   const auto texto = [&](std::size_t columna) { return anotada.En(0, columna).Texto(); };
-  return CopiaAbierta{{texto(0), texto(1)}, texto(2), texto(3), texto(4), texto(5) == "1"};
+  return CopiaAbierta{{texto(0), texto(1)}, texto(2), texto(3), texto(4), texto(5),
+                      texto(6) == "1"};
 }
 
 std::vector<Fila> Diferencias(sqlite::Conexion& deTrabajo, const Rango& rango, bool conFoto) {
@@ -121,11 +122,27 @@ std::vector<Fila> Diferencias(sqlite::Conexion& deTrabajo, const Rango& rango, b
 
 void AnotarCopia(sqlite::Conexion& deTrabajo, const CopiaAbierta& copia) {
   deTrabajo.Ejecutar(
-      Juntar({"CREATE TABLE IF NOT EXISTS ", kTabla,
-              " (Desde, Hasta, Usuario, Momento, Foto, Completa); DELETE FROM ", kTabla,
-              "; INSERT INTO ", kTabla, " VALUES (", Texto(copia.Rango.Desde), ", ",
-              Texto(copia.Rango.Hasta), ", ", Texto(copia.Usuario), ", ", Texto(copia.Momento),
-              ", ", Texto(copia.Foto), ", ", copia.Completa ? "'1'" : "'0'", ")"}));
+      Juntar({"DROP TABLE IF EXISTS ",
+              kTabla,
+              "; CREATE TABLE ",
+              kTabla,
+              " (Desde, Hasta, Usuario, Momento, Foto, Almacenados, Completa); INSERT INTO ",
+              kTabla,
+              " VALUES (",
+              Texto(copia.Rango.Desde),
+              ", ",
+              Texto(copia.Rango.Hasta),
+              ", ",
+              Texto(copia.Usuario),
+              ", ",
+              Texto(copia.Momento),
+              ", ",
+              Texto(copia.Foto),
+              ", ",
+              Texto(copia.Almacenados),
+              ", ",
+              copia.Completa ? "'1'" : "'0'",
+              ")"}));
 }
 
 void AnotarIncompleta(sqlite::Conexion& deTrabajo) {
@@ -139,7 +156,8 @@ std::optional<Rescate> BuscarRescate(sqlite::Conexion& deTrabajo, const std::str
   if (!deTrabajo.TieneTabla(kTabla) || Vacias(deTrabajo)) return std::nullopt;
   const auto copia = LeerCopia(deTrabajo);
   if (!copia) return std::nullopt;
-  Rescate rescate{*copia, {}, false};
+  Rescate rescate{*copia, {}, false, copia->Almacenados != almacenados};
+  if (rescate.DeOtraEmpresa) return rescate;
   const sql::Adjunta tablas(deTrabajo, almacenados, "almacen");
   const sql::Adjunta retrato(deTrabajo, foto, "foto");
   rescate.ConFoto = !copia->Foto.empty() && sql::SenaDeFoto(deTrabajo) == copia->Foto;

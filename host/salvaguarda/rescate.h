@@ -14,9 +14,10 @@ namespace salvaguarda {
 struct CopiaAbierta {
   salvaguarda::Rango Rango;
   std::string Usuario;
-  std::string Momento;   ///< of its load, `yyyy-mm-dd hh:nn:ss`
-  std::string Foto;      ///< the sign of the picture taken then; empty for none
-  bool Completa = true;  ///< false when the load missed a table: it must not be saved
+  std::string Momento;      ///< of its load, `yyyy-mm-dd hh:nn:ss`
+  std::string Foto;         ///< the sign of the picture taken then; empty for none
+  std::string Almacenados;  ///< the stored file that it belongs to
+  bool Completa = true;     ///< false when the load missed a table: it must not be saved
 };
 
 /// Keeps that in the working file, in the unit under way there.
@@ -32,6 +33,8 @@ struct Rescate {
   std::vector<Fila> Filas;
   /// Whether it is.
   bool ConFoto = false;
+  /// Whether it belongs to another stored file: nothing of it can be held against this one.
+  bool DeOtraEmpresa = false;
 };
 
 /// The one in a working file that is open; none when the working tables are empty, or hold nothing

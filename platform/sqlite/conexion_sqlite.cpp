@@ -61,10 +61,14 @@ void Conexion::Ejecutar(const std::string& sql) {
 
 void Conexion::CopiarEn(const std::string& fichero) {
   Base destino(fichero, {.Crear = true});
+  destino.Ejecutar("PRAGMA journal_mode = OFF");  // a log would take as much room again
   sqlite3_backup* copia = sqlite3_backup_init(destino.Motor(), "main", base_.Motor(), "main");
   if (!copia) Lanzar(destino.Motor());
-  sqlite3_backup_step(copia, -1);
-  if (sqlite3_backup_finish(copia) != SQLITE_OK) Lanzar(destino.Motor());
+  const int paso = sqlite3_backup_step(copia, -1);
+  const int fin = sqlite3_backup_finish(copia);
+  if (paso == SQLITE_DONE && fin == SQLITE_OK) return;
+  // That it had to wait in vain is no error of its end.
+  Lanzar(destino.Motor(), paso == SQLITE_DONE ? fin : paso, "");
 }
 
 Resultado Conexion::Consultar(std::string_view sql) {

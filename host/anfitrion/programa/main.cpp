@@ -62,7 +62,6 @@ int Capturar(anfitrion::VentanaPrincipal& ventana, const QString& carpeta) {
   ventana.resize(kTamanoDeCaptura);
   ventana.show();
   ventana.Custodia().CopiarElDia();
-  ventana.Custodia().OfrecerRescate();
   if (!ventana.AbrirPagos()) return EXIT_FAILURE;
   QCoreApplication::processEvents();
   anfitrion::EscribirLista(ventana, Salida());
@@ -75,7 +74,6 @@ int Trabajar(anfitrion::VentanaPrincipal& ventana) {
   // The frame has its size once the window is on the screen.
   QTimer::singleShot(0, &ventana, [&ventana] {
     ventana.Custodia().CopiarElDia();
-    ventana.Custodia().OfrecerRescate();
     ventana.AbrirPagos();
   });
   return QApplication::exec();

@@ -109,7 +109,7 @@ TEST_F(CustodiaTest, LasFilasQueGrabarBorrariaDejanCerrarSinGrabar) {
 }
 
 TEST_F(CustodiaTest, SinCopiaQueRescatarNoSeOfreceNada) {
-  custodia.OfrecerRescate();
+  EXPECT_TRUE(custodia.OfrecerRescate());
   EXPECT_THAT(dicho, IsEmpty());
   EXPECT_FALSE(custodia.PorRetomar());
 }
@@ -117,7 +117,7 @@ TEST_F(CustodiaTest, SinCopiaQueRescatarNoSeOfreceNada) {
 TEST_F(CustodiaTest, LaCopiaQueQuedoSeAbreComoEstaba) {
   DejarUnaCopia();
   respuesta = 2;
-  custodia.OfrecerRescate();
+  EXPECT_TRUE(custodia.OfrecerRescate());
   ASSERT_THAT(dicho, SizeIs(1));
   EXPECT_THAT(dicho[0],
               AllOf(HasSubstr("La copia de trabajo de ANA"), HasSubstr("SIN-GRABAR"),
@@ -133,7 +133,7 @@ TEST_F(CustodiaTest, LaCopiaQueQuedoSeAbreComoEstaba) {
 
 TEST_F(CustodiaTest, LaCopiaQueQuedoSeGuardaAparte) {
   DejarUnaCopia();
-  custodia.OfrecerRescate();
+  EXPECT_TRUE(custodia.OfrecerRescate());
   ASSERT_THAT(dicho, SizeIs(2));
   EXPECT_THAT(dicho[1], HasSubstr("queda guardada en"));
   EXPECT_FALSE(custodia.PorRetomar());
@@ -143,16 +143,42 @@ TEST_F(CustodiaTest, LaCopiaQueQuedoSeGuardaAparte) {
 TEST_F(CustodiaTest, SeSigueSinLaCopiaQueQuedo) {
   DejarUnaCopia();
   respuesta = 1;
-  custodia.OfrecerRescate();
+  EXPECT_TRUE(custodia.OfrecerRescate());
   EXPECT_FALSE(custodia.PorRetomar());
   EXPECT_EQ(Apartados(), 0);
+}
+
+TEST_F(CustodiaTest, LaCopiaDeOtraEmpresaSoloSePuedeApartar) {
+  DejarUnaCopia();
+  datos.DeTrabajo->Ejecutar("UPDATE SorvexCopia SET Almacenados = 'otra.sqlite'");
+  EXPECT_TRUE(custodia.OfrecerRescate());
+  EXPECT_THAT(dicho[0], HasSubstr("es de otras tablas, otra.sqlite"));
+  EXPECT_EQ(ofrecido, QStringList({"Aceptar"})) << "tras guardarla";
+  EXPECT_EQ(Apartados(), 1);
+}
+
+TEST_F(CustodiaTest, LoQueNoSePuedeMirarSeApartaAntesDeCargar) {
+  DejarUnaCopia();
+  datos.Almacenados->Ejecutar("ALTER TABLE ProvVencimientos RENAME COLUMN Pagado TO Abonado");
+  EXPECT_TRUE(custodia.OfrecerRescate());
+  EXPECT_THAT(dicho, ElementsAre(AllOf(HasSubstr("No se ha podido mirar"),
+                                       HasSubstr("queda guardada en"))));
+  EXPECT_EQ(Apartados(), 1);
+}
+
+TEST_F(CustodiaTest, LoQueNoSePuedeMirarNiApartarNoSeCarga) {
+  DejarUnaCopia();
+  datos.Almacenados->Ejecutar("ALTER TABLE ProvVencimientos RENAME COLUMN Pagado TO Abonado");
+  fs::remove_all(carpeta.Camino());
+  EXPECT_FALSE(custodia.OfrecerRescate());
+  EXPECT_THAT(dicho, ElementsAre(HasSubstr("no se abre para no perderlo")));
 }
 
 TEST_F(CustodiaTest, UnaVezAlDiaSeCopiaElFicheroEntero) {
   custodia.CopiarElDia();
   custodia.CopiarElDia();
   int enteras = 0;
-  for (const auto& entrada : fs::directory_iterator(carpeta.Fichero("copias"))) {
+  for (const auto& entrada : fs::directory_iterator(carpeta.Fichero("copias/empresa"))) {
     if (entrada.path().filename().string().starts_with("empresa-")) ++enteras;
   }
   EXPECT_EQ(enteras, 1);

@@ -69,14 +69,15 @@ TEST_F(Copias, DevuelveTodoLoQueUnGrabarCambio) {
       "DELETE FROM TempProvFacturas WHERE Factura = 'F000001';"
       "DELETE FROM TempProvVencimientos WHERE NFactura = 'F000001';"
       "UPDATE TempProvVencimientos SET Pagado = 3 WHERE FechaVto = '20050301';"
-      "INSERT INTO TempProvFacturas (NConcepto, Factura, Año, Fecha, Total) VALUES ('5', 'NUEVA', "
+      "INSERT INTO TempProvFacturas (NConcepto, Factura, Año, Fecha, Total) VALUES ('1', 'NUEVA', "
       "'2005', '20050301', 9);"
-      "INSERT INTO TempProvVencimientos (NConcepto, NFactura, Año, FechaVto, Importe) VALUES ('5', "
+      "INSERT INTO TempProvVencimientos (NConcepto, NFactura, Año, FechaVto, Importe) VALUES ('1', "
       "'NUEVA', '2005', '20050407', 9);"
       "UPDATE TempProvPrevisionPagos SET Importe = 51 WHERE NConcepto = '7';"
       "DELETE FROM TempProvPrevisionPagos WHERE NConcepto = '8';"
       "INSERT INTO TempProvPrevisionPagos (NConcepto, Fecha1Vto) VALUES ('9', '20050302');"
-      "UPDATE TempCajaPagos SET Factura = 'NUEVA', Año = '2005' WHERE Factura IS NULL");
+      "UPDATE TempCajaPagos SET Factura = 'NUEVA', Año = '2005' WHERE Factura IS NULL AND "
+      "Tipo = 1");
   Grabar();
   const auto grabado = Todo();
   ASSERT_NE(grabado, antes);
@@ -89,7 +90,7 @@ TEST_F(Copias, DevuelveTodoLoQueUnGrabarCambio) {
             Contains(salvaguarda::Fila{"ProvVencimientos", "2", "F000001", "2005", "20050302"}),
             Contains(salvaguarda::Fila{"ProvPrevisionPagos", "8", "", "", "20050101"})));
   EXPECT_THAT(seria.SeVan,
-              AllOf(Contains(salvaguarda::Fila{"ProvFacturas", "5", "NUEVA", "2005"}),
+              AllOf(Contains(salvaguarda::Fila{"ProvFacturas", "1", "NUEVA", "2005"}),
                     Contains(salvaguarda::Fila{"ProvPrevisionPagos", "9", "", "", "20050302"})));
   EXPECT_THAT(
       seria.Cambian,
@@ -120,6 +121,18 @@ TEST_F(Copias, LoQueNoEsDeLaCopiaNoSeToca) {
   const auto antes = Todo();
   EXPECT_EQ(ComoSeria(copia).Cuantas(), 0U);
   Reponer(copia);
+  EXPECT_EQ(Todo(), antes);
+}
+
+TEST_F(Copias, UnApunteQueOtroHaEnlazadoDespuesSeQuedaConEl) {
+  Cargar();
+  Grabar();
+  Otro(
+      "UPDATE CajaPagos SET Factura = 'DE-OTRO', Año = '2005' WHERE FechaHora = '2005-02-01 "
+      "00:01:00'");
+  const auto antes = Todo();
+  EXPECT_EQ(ComoSeria(Guardadas().at(0)).Cuantas(), 0U);
+  Reponer(Guardadas().at(0));
   EXPECT_EQ(Todo(), antes);
 }
 
@@ -225,7 +238,7 @@ TEST_F(RescateDeUnaMuerte, DiceCadaFilaQueNoEsComoLaGrabada) {
       "DELETE FROM TempProvFacturas WHERE Factura = 'F000001';"
       "DELETE FROM TempProvVencimientos WHERE NFactura = 'F000001';"
       "UPDATE TempProvVencimientos SET Pagado = 3 WHERE FechaVto = '20050301';"
-      "INSERT INTO TempProvFacturas (NConcepto, Factura, Año, Fecha, Total) VALUES ('5', 'NUEVA', "
+      "INSERT INTO TempProvFacturas (NConcepto, Factura, Año, Fecha, Total) VALUES ('1', 'NUEVA', "
       "'2005', '20050301', 9);"
       "UPDATE TempCajaPagos SET Factura = 'NUEVA', Año = '2005' WHERE Factura IS NULL");
   const auto rescate = Rescate();
@@ -239,7 +252,7 @@ TEST_F(RescateDeUnaMuerte, DiceCadaFilaQueNoEsComoLaGrabada) {
                                        "se borró"}),
             Contains(salvaguarda::Fila{"ProvVencimientos", "1", "F000000", "2005", "20050301",
                                        "se cambió"}),
-            Contains(salvaguarda::Fila{"ProvFacturas", "5", "NUEVA", "2005", "", "se añadió"}),
+            Contains(salvaguarda::Fila{"ProvFacturas", "1", "NUEVA", "2005", "", "se añadió"}),
             Contains(Field(&salvaguarda::Fila::Tabla, "CajaPagos"))));
 }
 
