@@ -5,6 +5,7 @@
 #include <QLabel>
 #include <QPlainTextEdit>
 #include <QPushButton>
+#include <QScreen>
 #include <QTableWidget>
 #include <QTimer>
 #include <QVBoxLayout>
@@ -88,7 +89,8 @@ void DialogoCopias::Componer() {
   columna->addWidget(cambios_, 2);
   columna->addWidget(botones);
   const int letra = fontMetrics().averageCharWidth();
-  resize(letra * 110, fontMetrics().lineSpacing() * 34);
+  const QSize cabe = screen()->availableSize();
+  resize(QSize(letra * 110, fontMetrics().lineSpacing() * 34).boundedTo(cabe * 9 / 10));
 
   connect(botones, &QDialogButtonBox::accepted, this, [this] { Confirmar(); });
   connect(botones, &QDialogButtonBox::rejected, this, &QDialog::reject);
@@ -100,7 +102,8 @@ void DialogoCopias::Llenar() {
     const Copia& copia = copias_[static_cast<std::size_t>(i)];
     Poner(*tabla_, i, kMomento, QString::fromStdString(services::TextoDeFecha(copia.Momento)));
     Poner(*tabla_, i, kUsuario, QString::fromStdString(copia.Usuario));
-    Poner(*tabla_, i, kDesde, FechaMostrada(copia.Rango.Desde));
+    const bool deGrabar = !copia.Rango.Desde.empty();
+    Poner(*tabla_, i, kDesde, deGrabar ? FechaMostrada(copia.Rango.Desde) : "(al recuperar)");
     Poner(*tabla_, i, kHasta, FechaMostrada(copia.Rango.Hasta));
     Poner(*tabla_, i, kFacturas, QString::number(copia.Facturas));
     Poner(*tabla_, i, kVencimientos, QString::number(copia.Vencimientos));

@@ -44,6 +44,7 @@ int Preguntar(QWidget& ventana, const PreguntaConTexto& pregunta) {
   const CursorDeSiempre cursor;
   QDialog dialogo(QApplication::activeModalWidget() ? QApplication::activeModalWidget() : &ventana);
   dialogo.setWindowTitle("Sorvex");
+  dialogo.setAccessibleDescription(pregunta.Texto);
   auto* botones = new QDialogButtonBox;
   QPushButton* porDefecto = nullptr;
   int respuesta = pregunta.AlDejarla;

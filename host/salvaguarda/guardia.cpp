@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <filesystem>
+#include <iterator>
 #include <limits>
 
 #include "salvaguarda/ambito.h"
@@ -115,7 +116,9 @@ std::string Guardia::Copiar(const Rango& rango) {
           noCargadas_ = foto_.QueSiguen(std::move(noCargadas_));
           const std::vector<Fila> ahora = AvisarDeOtros ? foto_.Cambiadas() : std::vector<Fila>();
           if (ahora.empty()) return;
-          deOtros_.insert(deOtros_.end(), ahora.begin(), ahora.end());
+          std::ranges::copy_if(ahora, std::back_inserter(deOtros_), [this](const Fila& fila) {
+            return std::ranges::find(deOtros_, fila) == deOtros_.end();
+          });
           foto_.TomarDeCopia();
         });
     return "";

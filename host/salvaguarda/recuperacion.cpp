@@ -1,5 +1,6 @@
 #include "salvaguarda/recuperacion.h"
 
+#include <algorithm>
 #include <iterator>
 
 #include "salvaguarda/ambito.h"
@@ -42,6 +43,25 @@ void PrepararClaves(sqlite::Conexion& base) {
                 "INSERT OR IGNORE INTO temp.DeLaCopia SELECT * FROM copia.Claves");
 }
 
+/// The columns that the copy and the store both have of a table: either may have got or lost one.
+std::vector<std::string> Comunes(sqlite::Conexion& base, std::string_view tabla) {
+  const auto suyas = base.Consultar(Juntar({"SELECT * FROM copia.", tabla, " LIMIT 0"})).Columnas;
+  std::vector<std::string> comunes;
+  for (const services::Columna& columna : base.ColumnasDe(tabla)) {
+    const auto suya = std::ranges::find(suyas, columna.Nombre, &services::Columna::Nombre);
+    if (suya != suyas.end()) comunes.push_back(columna.Nombre);
+  }
+  return comunes;
+}
+
+/// What those say.
+std::string ContenidoComun(sqlite::Conexion& base, std::string_view tabla) {
+  const std::vector<std::string> comunes = Comunes(base, tabla);
+  return sql::Contenido(base, tabla, "@", [&](const std::string& nombre) {
+    return std::ranges::find(comunes, nombre) != comunes.end();
+  });
+}
+
 std::vector<Pareja> Parejas(sqlite::Conexion& base) {
   std::vector<Pareja> parejas;
   for (const auto& tabla : sql::kDeFactura) {
@@ -57,11 +77,11 @@ std::vector<Pareja> Parejas(sqlite::Conexion& base) {
              " AND " + igual("a.Año", "b.Año") + " AND " + De("a", detalle) + " = " +
              De("b", detalle),
          Juntar({"@.NConcepto, trim(@.", tabla.Numero, "), @.Año, ", detalle}),
-         sql::Contenido(base, tabla.Nombre, "@")});
+         ContenidoComun(base, tabla.Nombre)});
   }
   parejas.push_back({"ProvPrevisionPagos", sql::PrevisionesCon("copia.ClavesPrevision"),
                      "a.NConcepto COLLATE ES = b.NConcepto", "@.NConcepto, '', '', @.Fecha1Vto",
-                     sql::Contenido(base, "ProvPrevisionPagos", "@")});
+                     ContenidoComun(base, "ProvPrevisionPagos")});
   parejas.push_back(
       {"CajaPagos",
        Juntar({"SELECT e.* FROM (",
@@ -97,9 +117,8 @@ void Comparar(sqlite::Conexion& base, const Pareja& pareja, Reposicion& reposici
 /// The rows of a table under the copy's keys make way for the copy's.
 std::string Sustituir(sqlite::Conexion& base, std::string_view tabla, const std::string& suyas) {
   std::string columnas;
-  for (const services::Columna& columna :
-       base.Consultar(Juntar({"SELECT * FROM copia.", tabla})).Columnas) {
-    columnas += Juntar({columnas.empty() ? "\"" : ", \"", columna.Nombre, "\""});
+  for (const std::string& nombre : Comunes(base, tabla)) {
+    columnas += Juntar({columnas.empty() ? "\"" : ", \"", nombre, "\""});
   }
   return Juntar({"DELETE FROM main.", tabla, " WHERE rowid IN (", suyas, "); INSERT INTO main.",
                  tabla, " (", columnas, ") SELECT ", columnas, " FROM copia.", tabla, ";"});

@@ -66,10 +66,12 @@ std::string ComoQueda(std::string_view tabla, std::string_view columna, std::str
   return valor;
 }
 
-std::string Contenido(sqlite::Conexion& base, std::string_view tabla, std::string_view alias) {
+std::string Contenido(sqlite::Conexion& base, std::string_view tabla, std::string_view alias,
+                      const std::function<bool(const std::string&)>& cuenta) {
   std::string columnas;
   for (const services::Columna& columna : base.ColumnasDe(tabla)) {
     if (columna.Nombre == "Actualizado" || columna.Nombre == "ModificadoPor") continue;
+    if (!cuenta(columna.Nombre)) continue;
     if (!columnas.empty()) columnas += ", ";
     columnas += ComoQueda(tabla, columna.Nombre, alias);
   }

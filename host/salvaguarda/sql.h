@@ -1,6 +1,8 @@
 #pragma once
 
 #include <array>
+#include <functional>
+#include <initializer_list>
 #include <string>
 #include <string_view>
 
@@ -50,9 +52,12 @@ inline constexpr std::array<std::string_view, 5> kTablas{
 [[nodiscard]] std::string ComoQueda(std::string_view tabla, std::string_view columna,
                                     std::string_view alias);
 /// The columns of a table that tell what it says, not who wrote it when; split by commas, each
-/// as it is left, behind `alias`.
-[[nodiscard]] std::string Contenido(sqlite::Conexion& base, std::string_view tabla,
-                                    std::string_view alias);
+/// as it is left, behind `alias`. Those alone that `cuenta`.
+[[nodiscard]] std::string Contenido(
+    sqlite::Conexion& base, std::string_view tabla, std::string_view alias,
+    const std::function<bool(const std::string&)>& cuenta = [](const std::string&) {
+      return true;
+    });
 
 /// The rows of a query whose columns are those of a `Fila`, in their order.
 [[nodiscard]] std::vector<Fila> LeerFilas(sqlite::Conexion& base, std::string_view consulta);

@@ -8,6 +8,7 @@
 #include "salvaguarda/ambito.h"
 #include "salvaguarda/recuperacion.h"
 #include "salvaguarda/rescate.h"
+#include "valores/error.h"
 
 // What is kept before each "Grabar", how it is put back, and what a program that was killed leaves.
 
@@ -159,6 +160,27 @@ TEST_F(Copias, UnaQueNoSePuedeReponerDejaTodoComoEstaba) {
   EXPECT_NE(apoyo::NumeroDeError([&] { Reponer(copia); }), 0);
   EXPECT_EQ(Todo(), antes);
   Otro("UPDATE ProvFacturas SET Total = Total");  // nobody holds the file
+}
+
+TEST_F(Copias, UnaDeAntesDeQueLaTablaCambiaraSePuedeReponer) {
+  Cargar();
+  Trabajar("DELETE FROM TempProvVencimientos WHERE NFactura = 'F000001'");
+  Grabar();
+  Otro(
+      "ALTER TABLE ProvVencimientos ADD COLUMN Nueva; ALTER TABLE ProvFacturas DROP COLUMN "
+      "forpago");
+  EXPECT_THAT(ComoSeria(Guardadas().at(0)).Vuelven, SizeIs(3));
+  Reponer(Guardadas().at(0));
+  EXPECT_EQ(ComoSeria(Guardadas().at(1)).Cuantas(), 0U);
+}
+
+TEST_F(Copias, SobreUnFicheroQueYaNoEstaNoSeRepone) {
+  Cargar();
+  Trabajar("DELETE FROM TempProvVencimientos WHERE NFactura = 'F000001'");
+  Grabar();
+  const auto copia = Guardadas().at(0);
+  fs::remove(Negocio().FicheroDatos());
+  EXPECT_EQ(apoyo::NumeroDeError([&] { Reponer(copia); }), services::error::FalloDeConexion);
 }
 
 TEST_F(Copias, LoQueNoEsUnaCopiaNoSeLista) {

@@ -77,6 +77,68 @@ TEST_F(Guardia, VuelveAPreguntarPorLoQueCambiaMientrasSePregunta) {
   EXPECT_THAT(Preguntas[1], AllOf(HasSubstr("F000002"), Not(HasSubstr("F000001"))));
 }
 
+TEST_F(Guardia, LoMismoNoSeCuentaDosVeces) {
+  Cargar();
+  Otro("UPDATE ProvFacturas SET Total = 1 WHERE Factura = 'F000001'");
+  Respuesta = false;
+  EXPECT_NE(apoyo::NumeroDeError([this] { Grabar(); }), 0);
+  Otro("UPDATE ProvFacturas SET Total = 2 WHERE Factura = 'F000001'");
+  EXPECT_NE(apoyo::NumeroDeError([this] { Grabar(); }), 0);
+  ASSERT_THAT(Preguntas, SizeIs(2));
+  EXPECT_THAT(Preguntas[1], HasSubstr("(1 factura)"));
+}
+
+TEST_F(Guardia, LosPagosEscritosSiguenEnLaCopiaSiSeMuereAlPreguntar) {
+  Cargar();
+  temp->EmpezarUnidad();
+  Trabajar("UPDATE TempProvVencimientos SET Pagado = 3 WHERE FechaVto = '20050302'");
+  Otro("UPDATE ProvFacturas SET Total = 1 WHERE Factura = 'F000001'");
+  guardia->Preguntar = [this](const std::string&) {
+    const auto otra = Negocio().AbrirTemp();
+    EXPECT_EQ(otra->Consultar("SELECT Pagado FROM TempProvVencimientos WHERE FechaVto = '20050302'")
+                  .Filas.En(0, 0)
+                  .Numero(),
+              3);
+    return true;
+  };
+  Grabar();
+}
+
+TEST_F(Guardia, ElNombreDelUsuarioSeCompruebaTambienConElla) {
+  EXPECT_EQ(componente.Sesion().CnDatos().ColumnasDe("ProvFacturas").back().Longitud, 30);
+}
+
+TEST_F(Guardia, LoQueNoSePuedeMirarSeDaPorPerdido) {
+  Cargar();
+  Otro("ALTER TABLE ProvPrevisionPagos RENAME TO Quitada");
+  guardia->PasadoPorAlto({services::Omision::Tarea::Grabacion,
+                          services::Omision::Falta::Fila,
+                          "ProvPrevisionPagos",
+                          {{"NConcepto", "7"}},
+                          {1, "no se escribe"}});
+  EXPECT_THAT(Contado(), HasSubstr("previsión del concepto 7: no se escribe"));
+}
+
+TEST_F(Guardia, UnaFacturaSinSusApuntesSeDiceSinAmenazas) {
+  Otro(
+      "UPDATE ProvFacturas SET Factura = 'O''1' WHERE Factura = 'F000001'; UPDATE "
+      "ProvVencimientos SET NFactura = 'O''1' WHERE NFactura = 'F000001'; UPDATE ProvBasesIva SET "
+      "NFactura = 'O''1' WHERE NFactura = 'F000001'");
+  Cargar();
+  EXPECT_THAT(Contado(), AllOf(HasSubstr("No se han podido buscar los apuntes de caja"),
+                               HasSubstr("factura O'1 de 2005"), Not(HasSubstr("borraría"))));
+}
+
+TEST_F(Guardia, QuienNoSabeQueHabiaAlCargarPregunta) {
+  Otro("ALTER TABLE ProvPrevisionPagos RENAME TO Quitada");
+  Cargar();
+  EXPECT_THAT(Contado(), HasSubstr("No se ha podido comprobar lo que se ha cargado"));
+  Otro("ALTER TABLE Quitada RENAME TO ProvPrevisionPagos");
+  guardia->AlComenzar({salvaguarda::Comienzo::Tarea::Grabacion, {"20050301", "20050331"}});
+  datos->AbandonarUnidad();
+  EXPECT_THAT(Preguntas, ElementsAre(HasSubstr("no se sabe si otro usuario")));
+}
+
 TEST_F(Guardia, QuienGrabaLoMismoNoCambiaNada) {
   Cargar();
   Otro("UPDATE ProvFacturas SET Actualizado = '2005-03-15 12:00:00', ModificadoPor = 'EVA'");
