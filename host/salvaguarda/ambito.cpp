@@ -34,56 +34,120 @@ std::string Insertar(std::string_view tabla, const std::vector<std::string>& fil
   return texto + ";";
 }
 
-}  // namespace
-
-ClavesDeTrabajo ClavesDeTrabajo::Leer(sqlite::Conexion& deTrabajo) {
-  ClavesDeTrabajo claves;
-  const auto facturas = deTrabajo
-                            .Consultar(
-                                "SELECT NConcepto, Factura, Año FROM TempProvFacturas UNION "
-                                "SELECT NConcepto, NFactura, Año FROM TempProvVencimientos UNION "
-                                "SELECT NConcepto, NFactura, Año FROM TempProvBasesIva")
-                            .Filas;
-  for (std::size_t i = 0; i < facturas.Cuantas(); ++i) {
-    claves.Facturas.push_back(
-        {facturas.En(i, 0).Texto(), facturas.En(i, 1).Texto(), facturas.En(i, 2).Texto()});
+std::vector<std::string> Valores(const std::vector<ClavesDeTrabajo::Factura>& claves) {
+  std::vector<std::string> filas;
+  for (const auto& f : claves) {
+    filas.push_back(Juntar({Texto(f.NConcepto), ",trim(", Texto(f.Factura), "),", Texto(f.Anio)}));
   }
-  const auto previsiones =
-      deTrabajo.Consultar("SELECT NConcepto FROM TempProvPrevisionPagos").Filas;
-  for (std::size_t i = 0; i < previsiones.Cuantas(); ++i) {
-    claves.Previsiones.push_back(previsiones.En(i, 0).Texto());
+  return filas;
+}
+
+std::vector<std::string> Valores(const std::vector<std::string>& conceptos) {
+  std::vector<std::string> filas;
+  for (const std::string& concepto : conceptos) filas.push_back(Texto(concepto));
+  return filas;
+}
+
+/// The stored rows that bear the keys.
+std::string PorClaves() {
+  std::string todo;
+  for (const auto& tabla : sql::kDeFactura) {
+    todo += Juntar(
+        {"CREATE TABLE copia.", tabla.Nombre, " AS ", sql::FilasDe(tabla, "temp.Ambito"), ";"});
+  }
+  return todo + "CREATE TABLE copia.ProvPrevisionPagos AS " +
+         sql::PrevisionesCon("temp.AmbitoPrevision") + ";CREATE TABLE copia.CajaPagos AS " +
+         sql::ApuntesCon("temp.AmbitoCaja") +
+         ";CREATE TABLE copia.Claves AS SELECT * FROM temp.Ambito;"
+         "CREATE TABLE copia.ClavesPrevision AS SELECT * FROM temp.AmbitoPrevision;";
+}
+
+ClavesDeTrabajo LeerClaves(sqlite::Conexion& deTrabajo, const std::string& facturas,
+                           const std::string& previsiones) {
+  ClavesDeTrabajo claves;
+  const auto filas = deTrabajo.Consultar(facturas).Filas;
+  for (std::size_t i = 0; i < filas.Cuantas(); ++i) {
+    claves.Facturas.push_back(
+        {filas.En(i, 0).Texto(), filas.En(i, 1).Texto(), filas.En(i, 2).Texto()});
+  }
+  const auto conceptos = deTrabajo.Consultar(previsiones).Filas;
+  for (std::size_t i = 0; i < conceptos.Cuantas(); ++i) {
+    claves.Previsiones.push_back(conceptos.En(i, 0).Texto());
   }
   return claves;
 }
 
-std::string AmbitoDeGrabacion(const Rango& rango, const ClavesDeTrabajo& claves) {
-  std::vector<std::string> facturas;
-  for (const auto& f : claves.Facturas) {
-    facturas.push_back(
-        Juntar({Texto(f.NConcepto), ",trim(", Texto(f.Factura), "),", Texto(f.Anio)}));
+}  // namespace
+
+ClavesDeTrabajo ClavesDeTrabajo::Leer(sqlite::Conexion& deTrabajo) {
+  return LeerClaves(deTrabajo,
+                    "SELECT NConcepto, Factura, Año FROM TempProvFacturas UNION SELECT NConcepto, "
+                    "NFactura, Año FROM TempProvVencimientos UNION SELECT NConcepto, NFactura, Año "
+                    "FROM TempProvBasesIva",
+                    "SELECT NConcepto FROM TempProvPrevisionPagos");
+}
+
+ClavesDeTrabajo ClavesDeTrabajo::Nuevas(sqlite::Conexion& deTrabajo, const std::string& foto) {
+  const sql::Adjunta adjunta(deTrabajo, foto, "foto");
+  std::string facturas;
+  for (const auto& tabla : sql::kDeFactura) {
+    facturas += Juntar({facturas.empty() ? "" : " UNION ", "SELECT t.NConcepto, t.", tabla.Numero,
+                        ", t.Año FROM main.Temp", tabla.Nombre,
+                        " t WHERE NOT EXISTS (SELECT 1 FROM foto.Claves c WHERE c.NConcepto = "
+                        "t.NConcepto AND c.Factura = trim(t.",
+                        tabla.Numero, ") AND c.Año = t.Año)"});
   }
-  std::vector<std::string> previsiones;
-  for (const std::string& concepto : claves.Previsiones) previsiones.push_back(Texto(concepto));
+  return LeerClaves(
+      deTrabajo, facturas,
+      "SELECT NConcepto FROM main.TempProvPrevisionPagos EXCEPT SELECT NConcepto FROM "
+      "foto.ProvPrevisionPagos");
+}
+
+std::string CopiaDeGrabacion(const Rango& rango, const ClavesDeTrabajo& claves) {
   return Vacio() + "INSERT OR IGNORE INTO temp.DelRango " + sql::ClavesDelRango(rango) +
          ";INSERT OR IGNORE INTO temp.DelRango SELECT * FROM foto.Claves;"
          "INSERT INTO temp.Ambito SELECT * FROM temp.DelRango" +
-         Insertar("temp.DeTrabajo", facturas) + Insertar("temp.PrevisionDeTrabajo", previsiones) +
+         Insertar("temp.DeTrabajo", Valores(claves.Facturas)) +
+         Insertar("temp.PrevisionDeTrabajo", Valores(claves.Previsiones)) +
          "INSERT OR IGNORE INTO temp.Ambito SELECT * FROM temp.DeTrabajo;"
          "INSERT INTO temp.AmbitoPrevision SELECT * FROM temp.PrevisionDeTrabajo;"
          "INSERT OR IGNORE INTO temp.AmbitoPrevision SELECT NConcepto FROM (" +
          sql::PrevisionesDe(rango) +
          ");INSERT OR IGNORE INTO temp.AmbitoPrevision SELECT NConcepto FROM "
          "foto.ProvPrevisionPagos;"
-         "INSERT INTO temp.AmbitoCaja SELECT idSucursal, FechaHora, Tipo FROM foto.CajaPagos;";
+         "INSERT INTO temp.AmbitoCaja SELECT idSucursal, FechaHora, Tipo FROM foto.CajaPagos;" +
+         PorClaves();
 }
 
-std::string AmbitoDeCopia(std::string_view nombre) {
+std::string CopiaDeFoto(const ClavesDeTrabajo& nuevas) {
+  std::string todo = "CREATE TABLE copia.Claves AS SELECT * FROM foto.Claves";
+  todo += Insertar("copia.Claves", Valores(nuevas.Facturas)) +
+          "CREATE TABLE copia.ClavesPrevision AS SELECT NConcepto FROM foto.ProvPrevisionPagos" +
+          Insertar("copia.ClavesPrevision", Valores(nuevas.Previsiones));
+  for (const std::string_view tabla : sql::kTablas) {
+    todo += Juntar({"CREATE TABLE copia.", tabla, " AS SELECT * FROM foto.", tabla, ";"});
+  }
+  return todo;
+}
+
+std::size_t Guardadas(sqlite::Conexion& base, const ClavesDeTrabajo& claves) {
+  base.Ejecutar(Vacio() + Insertar("temp.Ambito", Valores(claves.Facturas)) +
+                Insertar("temp.AmbitoPrevision", Valores(claves.Previsiones)));
+  std::string consulta = sql::PrevisionesCon("temp.AmbitoPrevision", "1");
+  for (const auto& tabla : sql::kDeFactura) {
+    consulta += " UNION ALL " + sql::FilasDe(tabla, "temp.Ambito", "1");
+  }
+  return base.Consultar(consulta).Filas.Cuantas();
+}
+
+std::string CopiaDeCopia(std::string_view nombre) {
   return Vacio() +
          Juntar({"INSERT INTO temp.Ambito SELECT * FROM ", nombre,
                  ".Claves; INSERT INTO temp.AmbitoPrevision SELECT * FROM ", nombre,
                  ".ClavesPrevision; INSERT INTO temp.AmbitoCaja SELECT idSucursal, FechaHora, Tipo "
                  "FROM ",
-                 nombre, ".CajaPagos;"});
+                 nombre, ".CajaPagos;"}) +
+         PorClaves();
 }
 
 }  // namespace salvaguarda

@@ -75,19 +75,6 @@ void CrearEntero(const fs::path& fichero, const Hacer& hacer) {
   }
 }
 
-std::string Filas() {
-  std::string todo;
-  for (const auto& tabla : sql::kDeFactura) {
-    todo += Juntar(
-        {"CREATE TABLE copia.", tabla.Nombre, " AS ", sql::FilasDe(tabla, "temp.Ambito"), ";"});
-  }
-  return todo + "CREATE TABLE copia.ProvPrevisionPagos AS " +
-         sql::PrevisionesCon("temp.AmbitoPrevision") + ";CREATE TABLE copia.CajaPagos AS " +
-         sql::ApuntesCon("temp.AmbitoCaja") +
-         ";CREATE TABLE copia.Claves AS SELECT * FROM temp.Ambito;"
-         "CREATE TABLE copia.ClavesPrevision AS SELECT * FROM temp.AmbitoPrevision;";
-}
-
 std::string Cabecera(const Copia& copia) {
   return Juntar({"CREATE TABLE copia.Copia AS SELECT ", Texto(services::TextoIso(copia.Momento)),
                  " AS Momento, ", Texto(copia.Usuario), " AS Usuario, ", Texto(copia.Rango.Desde),
@@ -113,7 +100,7 @@ std::string DiaDe(const std::string& nombre) {
 
 }  // namespace
 
-Copia Copias::Guardar(sqlite::Conexion& base, const std::string& ambito, Copia copia,
+Copia Copias::Guardar(sqlite::Conexion& base, const std::string& filas, Copia copia,
                       const std::function<void()>& mirar) {
   fs::create_directories(carpeta_);
   copia.Fichero = NombreLibre(carpeta_, copia.Momento);
@@ -122,7 +109,7 @@ Copia Copias::Guardar(sqlite::Conexion& base, const std::string& ambito, Copia c
     const sql::Adjunta adjunta(base, enCurso, "copia");
     base.Ejecutar("PRAGMA copia.journal_mode = OFF; PRAGMA copia.synchronous = NORMAL");
     sql::Transaccion transaccion(base);
-    base.Ejecutar(ambito + Filas() + Cabecera(copia));
+    base.Ejecutar(filas + Cabecera(copia));
     transaccion.Terminar();
     mirar();
   });

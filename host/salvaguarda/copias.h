@@ -35,12 +35,12 @@ class Copias {
 
   explicit Copias(std::filesystem::path carpeta) : carpeta_(std::move(carpeta)) {}
 
-  /// Copies the rows that `base` finds by the keys of `ambito` (as `salvaguarda/ambito.h` tells) to
-  /// a file of their own, together with the keys: what is added under them later can be taken away
-  /// again. Then `mirar` is called, while the file is attached as `copia`, and those that are too
+  /// Makes a file of rows, by SQL on `base` that fills the attached file `copia`: one of those that
+  /// `salvaguarda/ambito.h` tells. The keys stand in it too: what is added under them later can be
+  /// taken away again. Then `mirar` is called, while the file is attached, and those that are too
   /// many go. Throws what the engine and the file system throw, with no file left.
   Copia Guardar(
-      sqlite::Conexion& base, const std::string& ambito, Copia copia,
+      sqlite::Conexion& base, const std::string& filas, Copia copia,
       const std::function<void()>& mirar = [] {});
   /// This one isn't let go of, however many there come to be.
   void Reservar(const Copia& copia) { reservada_ = copia.Fichero.filename(); }

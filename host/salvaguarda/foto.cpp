@@ -26,6 +26,11 @@ constexpr std::string_view kApuntes =
     "SELECT c.* FROM foto.Claves k CROSS JOIN main.CajaPagos c ON trim(c.Factura) COLLATE ES = "
     "k.Factura AND c.Tipo = k.NConcepto AND c.Año = k.Año WHERE k.Factura <> ''";
 
+/// Another number each time that another connection has stored something.
+double Version(sqlite::Conexion& base) {
+  return base.Consultar("PRAGMA main.data_version").Filas.En(0, 0).Numero();
+}
+
 /// Whether the copy and the picture have the same rows in the same order, as they do when nothing
 /// has changed: a look at each, which is soon done.
 bool DiceLoMismo(sqlite::Conexion& base, std::string_view tabla) {
@@ -65,14 +70,21 @@ void Foto::Tomar(const Rango& rango) {
   const std::string sena = std::to_string(std::random_device()());
   todo += Retratar("Foto", Juntar({"SELECT ", Texto(sena), " AS Sena"}));
   conexion_->Ejecutar(todo);
+  const double version = Version(*conexion_);
   lectura.Terminar();
+  version_ = version;
   rango_ = rango;
   sena_ = sena;
 }
 
 void Foto::Olvidar() {
   rango_.reset();
+  version_.reset();
   sena_.clear();
+}
+
+bool Foto::SigueIgual() {
+  return version_ && Version(*conexion_) == *version_;
 }
 
 bool Foto::Recuperar(const Rango& rango, const std::string& sena) {
@@ -89,6 +101,7 @@ void Foto::TomarDeCopia() {
     todo += Retratar(tabla, Juntar({"SELECT * FROM copia.", tabla}));
   }
   conexion_->Ejecutar(todo);
+  version_.reset();
 }
 
 std::vector<Fila> Foto::Excluidas() {

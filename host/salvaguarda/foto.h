@@ -24,6 +24,8 @@ class Foto {
 
   /// Takes it now, in place of the one before.
   void Tomar(const Rango& rango);
+  /// Whether nothing at all was stored since it was taken by this program.
+  [[nodiscard]] bool SigueIgual();
   /// There is none any more.
   void Olvidar();
   /// Goes on with the one in the file, if it is that of the sign. Whether it is.
@@ -56,6 +58,8 @@ class Foto {
   services::Ref<sqlite::Conexion> conexion_;
   std::optional<Rango> rango_;
   std::string sena_;
+  /// The engine's count of what others have stored, when it was taken.
+  std::optional<double> version_;
 };
 
 }  // namespace salvaguarda

@@ -110,21 +110,34 @@ void Guardia::AlGrabar(const Rango& rango) {
 std::string Guardia::Copiar(const Rango& rango) {
   copia_ = {};
   try {
-    copia_ = copias_.Guardar(
-        foto_.Conexion(), AmbitoDeGrabacion(rango, ClavesDeTrabajo::Leer(*bases_.DeTrabajo)),
-        {Ahora(), usuario_, rango}, [this] {
-          noCargadas_ = foto_.QueSiguen(std::move(noCargadas_));
-          const std::vector<Fila> ahora = AvisarDeOtros ? foto_.Cambiadas() : std::vector<Fila>();
-          if (ahora.empty()) return;
-          std::ranges::copy_if(ahora, std::back_inserter(deOtros_), [this](const Fila& fila) {
-            return std::ranges::find(deOtros_, fila) == deOtros_.end();
-          });
-          foto_.TomarDeCopia();
-        });
+    copia_ = copias_.Guardar(foto_.Conexion(), FilasDeLaCopia(rango), {Ahora(), usuario_, rango},
+                             [this] { Comparar(); });
     return "";
   } catch (const std::exception& fallo) {
     return fallo.what();
   }
+}
+
+// As long as nobody has stored anything the picture is the copy, and there is nothing to compare.
+std::string Guardia::FilasDeLaCopia(const Rango& rango) {
+  sinCambios_ = foto_.SigueIgual();
+  if (sinCambios_) {
+    const auto nuevas = ClavesDeTrabajo::Nuevas(*bases_.DeTrabajo, bases_.FicheroFoto);
+    if (nuevas.Ninguna() || Guardadas(foto_.Conexion(), nuevas) == 0) return CopiaDeFoto(nuevas);
+    sinCambios_ = false;
+  }
+  return CopiaDeGrabacion(rango, ClavesDeTrabajo::Leer(*bases_.DeTrabajo));
+}
+
+void Guardia::Comparar() {
+  noCargadas_ = foto_.QueSiguen(std::move(noCargadas_));
+  if (sinCambios_ || !AvisarDeOtros) return;
+  const std::vector<Fila> ahora = foto_.Cambiadas();
+  if (ahora.empty()) return;
+  std::ranges::copy_if(ahora, std::back_inserter(deOtros_), [this](const Fila& fila) {
+    return std::ranges::find(deOtros_, fila) == deOtros_.end();
+  });
+  foto_.TomarDeCopia();
 }
 
 std::string Guardia::Reparos(const std::string& sinCopia, std::size_t hasta) const {

@@ -76,6 +76,8 @@ class Guardia {
   /// Copies what is to be written, and sees what others have changed of it since it was last looked
   /// at. Empty, or why that can't be done.
   [[nodiscard]] std::string Copiar(const Rango& rango);
+  [[nodiscard]] std::string FilasDeLaCopia(const Rango& rango);
+  void Comparar();
   /// What is to be asked before what is there is written over, with up to so many rows of each
   /// kind; empty for nothing.
   [[nodiscard]] std::string Reparos(const std::string& sinCopia, std::size_t hasta) const;
@@ -91,6 +93,8 @@ class Guardia {
   std::vector<services::Omision> omisiones_;
   /// Stored rows of the range that the working copy hasn't, and that a commit would delete.
   std::vector<Fila> noCargadas_;
+  /// Whether nothing was stored since the picture.
+  bool sinCambios_ = false;
   /// Whether nobody knows what was there at the load.
   bool sinFoto_ = false;
   /// What others have changed of it since the load, until the user agrees to write over it.

@@ -173,7 +173,7 @@ void Reponer(sqlite::Conexion& almacenados, sqlite::Conexion& lectura, const Cop
   UnidadDeReposicion unidad(almacenados);
   {
     const sql::Adjunta vieja(lectura, copia.Fichero.string(), "vieja");
-    copias.Guardar(lectura, AmbitoDeCopia("vieja"), {momento, usuario, {}});
+    copias.Guardar(lectura, CopiaDeCopia("vieja"), {momento, usuario, {}});
   }
   PrepararClaves(almacenados);
   std::string todo;

@@ -199,7 +199,7 @@ TEST_F(Copias, QuedanLasUltimasYLaPrimeraDeCadaDia) {
       services::FechaHora momento = apoyo::kMarzo;
       momento.Dias += dia;
       momento.Segundos += i;
-      copias.Guardar(guardia->LaFoto().Conexion(), salvaguarda::AmbitoDeGrabacion({"1", "0"}, {}),
+      copias.Guardar(guardia->LaFoto().Conexion(), salvaguarda::CopiaDeGrabacion({"1", "0"}, {}),
                      {momento, "ANA", {"1", "0"}});
     }
   };
