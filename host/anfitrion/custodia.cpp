@@ -12,6 +12,9 @@ namespace {
 
 namespace fs = std::filesystem;
 
+/// As many rows as anyone reads through.
+constexpr std::size_t kALaVista = 100;
+
 /// The answers to the offer, the harmless one first.
 enum { kAparte, kSinElla, kComoEstaba };
 
@@ -96,7 +99,7 @@ QString Custodia::TextoDe(const salvaguarda::Rescate& rescate) const {
   }
   return suya + ", tiene filas que no están así en las tablas de la empresa (" +
          QString::fromStdString(salvaguarda::Recuento(rescate.Filas)) +
-         "):" + QString::fromStdString(salvaguarda::Relacion(rescate.Filas, 12)) +
+         "):" + QString::fromStdString(salvaguarda::Relacion(rescate.Filas, kALaVista)) +
          "\n\nLos pagos que solo estaban escritos en la lista no están en ella.\n\n" + queHacer;
 }
 

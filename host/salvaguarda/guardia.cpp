@@ -16,8 +16,8 @@ namespace {
 using services::ErrorEjecucion;
 using services::Omision;
 
-/// As many rows as a message shows without growing out of the screen.
-constexpr std::size_t kALaVista = 12;
+/// As many rows as anyone reads through; the message scrolls.
+constexpr std::size_t kALaVista = 100;
 constexpr std::size_t kTodas = std::numeric_limits<std::size_t>::max();
 
 constexpr const char* kNoGrabado =
