@@ -20,13 +20,14 @@ from dos_traza import correr, lineas_de
 
 
 def reducir(guion, orden, clase):
-    """Takes away steps, largest runs first, while a finding of that kind remains."""
+    """Takes away steps, largest runs first, while a finding of that kind remains; never one that puts the guard."""
     trozo = 16
     while trozo:
         n = 0
         while n < len(orden.pasos):
-            menos = Orden(orden.semilla, [(s, list(o)) for s, o in orden.pasos[:n] + orden.pasos[n + trozo:]])
-            if halla(guion, menos, clase):
+            quedan = [paso for paso in orden.pasos[n:n + trozo] if "guardia" in paso[1]]
+            menos = Orden(orden.semilla, [(s, list(o)) for s, o in orden.pasos[:n] + quedan + orden.pasos[n + trozo:]])
+            if len(menos.pasos) < len(orden.pasos) and halla(guion, menos, clase):
                 orden = menos
             else:
                 n += trozo
