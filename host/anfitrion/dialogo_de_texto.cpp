@@ -34,7 +34,9 @@ QPlainTextEdit* Texto(const QString& texto, const QScreen& pantalla) {
   const QRect ocupa =
       letra.boundingRect(0, 0, ancho - letra.averageCharWidth() * 4, 0, Qt::TextWordWrap, texto);
   const int alto = ocupa.height() + letra.lineSpacing() * 2;
-  caja->setMinimumSize(ancho, std::min(alto, pantalla.availableSize().height() * 2 / 3));
+  const int cabe = pantalla.availableSize().height() * 2 / 3;
+  caja->setMinimumSize(ancho, std::min(alto, cabe));
+  if (alto <= cabe) caja->setMaximumHeight(alto);
   return caja;
 }
 
