@@ -25,7 +25,7 @@ const QStringList kTitulos{"Momento",  "Usuario",      "Desde",          "Hasta"
                            "Facturas", "Vencimientos", "Filas distintas"};
 
 /// Enough for anyone to see what it is about.
-constexpr std::size_t kALaVista = 200;
+constexpr std::size_t kDeCadaClase = 200;
 
 void Poner(QTableWidget& tabla, int fila, Columna columna, const QString& texto) {
   auto* celda = new QTableWidgetItem(texto);
@@ -37,7 +37,7 @@ void Poner(QTableWidget& tabla, int fila, Columna columna, const QString& texto)
 QString Apartado(const QString& titulo, const std::vector<salvaguarda::Fila>& filas) {
   if (filas.empty()) return "";
   return titulo + " " + QString::fromStdString(Recuento(filas)) + ":" +
-         QString::fromStdString(Relacion(filas, kALaVista)) + "\n\n";
+         QString::fromStdString(Relacion(filas, kDeCadaClase)) + "\n\n";
 }
 
 QString Resumen(const Reposicion& reposicion) {
