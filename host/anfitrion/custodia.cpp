@@ -130,7 +130,7 @@ void Custodia::Ofrecer(const salvaguarda::Rescate& rescate) {
 }
 
 std::string Custodia::Apartar() {
-  const std::string aparte = ApartarDeTrabajo(datos_).string();
+  std::string aparte = ApartarDeTrabajo(datos_).string();
   guardia_->Anotar("La copia de trabajo que quedó se guarda en " + aparte);
   return aparte;
 }

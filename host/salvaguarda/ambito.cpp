@@ -36,6 +36,7 @@ std::string Insertar(std::string_view tabla, const std::vector<std::string>& fil
 
 std::vector<std::string> Valores(const std::vector<ClavesDeTrabajo::Factura>& claves) {
   std::vector<std::string> filas;
+  filas.reserve(claves.size());
   for (const auto& f : claves) {
     filas.push_back(Juntar({Texto(f.NConcepto), ",trim(", Texto(f.Factura), "),", Texto(f.Anio)}));
   }
@@ -44,6 +45,7 @@ std::vector<std::string> Valores(const std::vector<ClavesDeTrabajo::Factura>& cl
 
 std::vector<std::string> Valores(const std::vector<std::string>& conceptos) {
   std::vector<std::string> filas;
+  filas.reserve(conceptos.size());
   for (const std::string& concepto : conceptos) filas.push_back(Texto(concepto));
   return filas;
 }

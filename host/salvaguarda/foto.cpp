@@ -184,8 +184,8 @@ std::string QuedaAlgo() {
 /// The rows of the copy's table that belong to the same invoice or forecast; empty for a cash
 /// entry, which nobody deletes.
 std::string EnLaCopia(const Fila& fila) {
-  const std::string desde = Juntar({"SELECT 1 FROM copia.", fila.Tabla,
-                                    " t WHERE t.NConcepto COLLATE ES = ", Texto(fila.NConcepto)});
+  std::string desde = Juntar({"SELECT 1 FROM copia.", fila.Tabla,
+                              " t WHERE t.NConcepto COLLATE ES = ", Texto(fila.NConcepto)});
   if (fila.Tabla == "ProvPrevisionPagos") return desde;
   const auto tabla = std::ranges::find(kDeFactura, fila.Tabla, &sql::TablaDeFactura::Nombre);
   if (tabla == kDeFactura.end()) return "";

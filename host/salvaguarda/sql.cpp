@@ -57,7 +57,7 @@ std::string PrevisionesDe(const Rango& rango) {
 }
 
 std::string ComoQueda(std::string_view tabla, std::string_view columna, std::string_view alias) {
-  const std::string valor = Juntar({alias, alias.empty() ? "" : ".", "\"", columna, "\""});
+  std::string valor = Juntar({alias, alias.empty() ? "" : ".", "\"", columna, "\""});
   if (columna == "BIRPF" || columna == "TipoIRPF" || columna == "IRPF") {
     return "CASE WHEN ifnull(" + valor + ", 1) = 1 THEN 0 ELSE " + valor + " END";
   }
