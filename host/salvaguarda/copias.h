@@ -52,8 +52,6 @@ class Copias {
   /// Copies the whole stored file, unless there is one of that day. Whether it did. Throws alike.
   bool GuardarEntera(const std::filesystem::path& almacenados, services::FechaHora momento);
 
-  [[nodiscard]] const std::filesystem::path& Carpeta() const { return carpeta_; }
-
  private:
   /// Lets go of those that are too many; never of `nueva`, whatever the clocks of others say.
   void Podar(const std::string& nueva) const;

@@ -96,7 +96,9 @@ bool Foto::Recuperar(const Rango& rango, const std::string& sena) {
 }
 
 void Foto::TomarDeCopia() {
-  std::string todo = "DELETE FROM foto.Claves; INSERT INTO foto.Claves SELECT * FROM copia.Claves;";
+  std::string todo =
+      "DROP TABLE IF EXISTS foto.Foto; DELETE FROM foto.Claves; INSERT INTO foto.Claves SELECT * "
+      "FROM copia.Claves;";
   for (const std::string_view tabla : sql::kTablas) {
     todo += Retratar(tabla, Juntar({"SELECT * FROM copia.", tabla}));
   }

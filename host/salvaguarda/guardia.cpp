@@ -169,9 +169,19 @@ void Guardia::PasadoPorAlto(const Omision& omision) {
   Anotar("Pasado por alto en " + (omision.Tabla.empty() ? "las tablas de trabajo" : omision.Tabla) +
          ": " + omision.Fallo.Descripcion());
   if (omision.Durante == Omision::Tarea::Carga && omision.Que == Omision::Falta::Tabla) {
-    AnotarIncompleta(*bases_.DeTrabajo);
+    DarPorIncompleta();
   }
   AlHaberQueContar();
+}
+
+// What kept the load from a working table may keep this from being noted, too.
+void Guardia::DarPorIncompleta() {
+  try {
+    AnotarIncompleta(*bases_.DeTrabajo);
+  } catch (const ErrorEjecucion& fallo) {
+    Anotar("No se ha podido anotar que la copia de trabajo está incompleta: " +
+           fallo.Descripcion());
+  }
 }
 
 void Guardia::Decir(const std::string& texto, const std::vector<Fila>& filas) {

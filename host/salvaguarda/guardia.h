@@ -66,7 +66,6 @@ class Guardia {
 
   [[nodiscard]] Copias& LasCopias() { return copias_; }
   [[nodiscard]] Foto& LaFoto() { return foto_; }
-  [[nodiscard]] Registro& ElRegistro() { return registro_; }
   [[nodiscard]] const std::string& Usuario() const { return usuario_; }
   void Anotar(std::string_view texto);
 
@@ -78,6 +77,7 @@ class Guardia {
   [[nodiscard]] std::string Copiar(const Rango& rango);
   [[nodiscard]] std::string FilasDeLaCopia(const Rango& rango);
   void Comparar();
+  void DarPorIncompleta();
   /// What is to be asked before what is there is written over, with up to so many rows of each
   /// kind; empty for nothing.
   [[nodiscard]] std::string Reparos(const std::string& sinCopia, std::size_t hasta) const;

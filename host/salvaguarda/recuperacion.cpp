@@ -129,15 +129,14 @@ std::string EnlazarApuntes() {
   return Juntar(
       {"DROP TABLE IF EXISTS temp.Enlaces; CREATE TABLE temp.Enlaces (Fila INTEGER PRIMARY KEY, "
        "Factura, Año, Actualizado, ModificadoPor); INSERT OR IGNORE INTO temp.Enlaces SELECT "
-       "e.Fila, "
-       "e.Factura, e.Año, e.Actualizado, e.ModificadoPor FROM (",
+       "e.Fila, e.Factura, e.Año, e.Actualizado, e.ModificadoPor FROM (",
        sql::ApuntesCon("copia.CajaPagos",
                        "t.rowid AS Fila, k.Factura, k.Año, k.Actualizado, k.ModificadoPor, "
                        "t.Importe, t.Factura AS Suya, t.Tipo, t.Año AS SuAnio"),
        ") e WHERE ", kDeLaCopia,
        "; UPDATE main.CajaPagos SET (Factura, Año, Actualizado, ModificadoPor) = (SELECT "
-       "e.Factura, "
-       "e.Año, e.Actualizado, e.ModificadoPor FROM temp.Enlaces e WHERE e.Fila = CajaPagos.rowid) "
+       "e.Factura, e.Año, e.Actualizado, e.ModificadoPor FROM temp.Enlaces e WHERE e.Fila = "
+       "CajaPagos.rowid) "
        "WHERE rowid IN (SELECT Fila FROM temp.Enlaces);"});
 }
 

@@ -24,6 +24,17 @@ using testing::SizeIs;
 
 class Copias : public testing::Test, protected pruebas::Oficina {
  protected:
+  /// A line less, a payment, a new invoice, and an entry of the till that belongs to it.
+  void TrabajarEnFacturas() {
+    Trabajar(
+        "DELETE FROM TempProvFacturas WHERE Factura = 'F000001';"
+        "DELETE FROM TempProvVencimientos WHERE NFactura = 'F000001';"
+        "UPDATE TempProvVencimientos SET Pagado = 3 WHERE FechaVto = '20050301';"
+        "INSERT INTO TempProvFacturas (NConcepto, Factura, Año, Fecha, Total) VALUES ('1', "
+        "'NUEVA', '2005', '20050301', 9);"
+        "UPDATE TempCajaPagos SET Factura = 'NUEVA', Año = '2005' WHERE Factura IS NULL AND "
+        "Tipo = 1");
+  }
   salvaguarda::Reposicion ComoSeria(const salvaguarda::Copia& copia) {
     return salvaguarda::Comparar(guardia->LaFoto().Conexion(), copia);
   }
@@ -66,19 +77,13 @@ TEST_F(Copias, DevuelveTodoLoQueUnGrabarCambio) {
       "'20050101', 1, 2, 50), ('8', '20050101', 1, 2, 50)");
   const auto antes = Todo();
   Cargar();
+  TrabajarEnFacturas();
   Trabajar(
-      "DELETE FROM TempProvFacturas WHERE Factura = 'F000001';"
-      "DELETE FROM TempProvVencimientos WHERE NFactura = 'F000001';"
-      "UPDATE TempProvVencimientos SET Pagado = 3 WHERE FechaVto = '20050301';"
-      "INSERT INTO TempProvFacturas (NConcepto, Factura, Año, Fecha, Total) VALUES ('1', 'NUEVA', "
-      "'2005', '20050301', 9);"
       "INSERT INTO TempProvVencimientos (NConcepto, NFactura, Año, FechaVto, Importe) VALUES ('1', "
       "'NUEVA', '2005', '20050407', 9);"
       "UPDATE TempProvPrevisionPagos SET Importe = 51 WHERE NConcepto = '7';"
       "DELETE FROM TempProvPrevisionPagos WHERE NConcepto = '8';"
-      "INSERT INTO TempProvPrevisionPagos (NConcepto, Fecha1Vto) VALUES ('9', '20050302');"
-      "UPDATE TempCajaPagos SET Factura = 'NUEVA', Año = '2005' WHERE Factura IS NULL AND "
-      "Tipo = 1");
+      "INSERT INTO TempProvPrevisionPagos (NConcepto, Fecha1Vto) VALUES ('9', '20050302')");
   Grabar();
   const auto grabado = Todo();
   ASSERT_NE(grabado, antes);
@@ -256,13 +261,7 @@ TEST_F(RescateDeUnaMuerte, NoHayNadaQueRescatarDeUnaCopiaSinTocar) {
 
 TEST_F(RescateDeUnaMuerte, DiceCadaFilaQueNoEsComoLaGrabada) {
   Cargar();
-  Trabajar(
-      "DELETE FROM TempProvFacturas WHERE Factura = 'F000001';"
-      "DELETE FROM TempProvVencimientos WHERE NFactura = 'F000001';"
-      "UPDATE TempProvVencimientos SET Pagado = 3 WHERE FechaVto = '20050301';"
-      "INSERT INTO TempProvFacturas (NConcepto, Factura, Año, Fecha, Total) VALUES ('1', 'NUEVA', "
-      "'2005', '20050301', 9);"
-      "UPDATE TempCajaPagos SET Factura = 'NUEVA', Año = '2005' WHERE Factura IS NULL");
+  TrabajarEnFacturas();
   const auto rescate = Rescate();
   ASSERT_TRUE(rescate);
   EXPECT_EQ(rescate->Copia.Rango.Desde, "20050301");
@@ -336,6 +335,20 @@ TEST_F(RescateDeUnaMuerte, SinFotoSePreguntaPorTodoLoDistinto) {
   guardia->AlComenzar({salvaguarda::Comienzo::Tarea::Grabacion, {"20050301", "20050331"}});
   datos->AbandonarUnidad();
   EXPECT_THAT(preguntado, testing::HasSubstr("vencimiento 02/03/2005"));
+}
+
+TEST_F(RescateDeUnaMuerte, TrasUnNoLoDeOtroSeSiguePreguntandoAunqueSeMuera) {
+  Cargar();
+  Trabajar("UPDATE TempProvVencimientos SET Pagado = 3 WHERE FechaVto = '20050302'");
+  Otro("UPDATE ProvFacturas SET Total = 99 WHERE Factura = 'F000000'");
+  Respuesta = false;
+  EXPECT_NE(apoyo::NumeroDeError([this] { Grabar(); }), 0);
+  guardia->AlRetomar(*Rescate());
+  Preguntas.clear();
+  EXPECT_NE(apoyo::NumeroDeError([this] { Grabar(); }), 0);
+  ASSERT_THAT(Preguntas, SizeIs(1));
+  EXPECT_THAT(Preguntas[0], AllOf(testing::HasSubstr("factura F000000"),
+                                  testing::HasSubstr("vencimiento 02/03/2005")));
 }
 
 TEST_F(RescateDeUnaMuerte, UnaCargaIncompletaNoSePuedeAbrir) {

@@ -264,6 +264,18 @@ TEST_F(Guardia, UnaTablaSinCargarSeDiceEnseguida) {
   EXPECT_THAT(Contado(), HasSubstr("No se ha podido cargar ProvBasesIva"));
 }
 
+TEST_F(Guardia, UnaTablaSinCargarSeDiceAunqueNoSePuedaAnotar) {
+  Cargar();
+  Trabajar(
+      "CREATE TRIGGER No BEFORE UPDATE ON SorvexCopia BEGIN SELECT RAISE(ABORT, 'lleno'); END");
+  guardia->PasadoPorAlto({services::Omision::Tarea::Carga,
+                          services::Omision::Falta::Tabla,
+                          "TempProvBasesIva",
+                          {},
+                          {1, "no se abre"}});
+  EXPECT_THAT(Contado(), HasSubstr("No se ha podido cargar ProvBasesIva: no se abre"));
+}
+
 TEST_F(Guardia, UnaFilaQueNoSeGrabaSeCuentaYUnaQueEstaIgualNo) {
   // The other year's receipts come with the load, and can't be written twice.
   Otro(
