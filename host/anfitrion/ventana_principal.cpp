@@ -100,7 +100,7 @@ void VentanaPrincipal::ComponerMenu() {
   pagos->addAction("&Tesvara de Pagos", QKeySequence(Qt::CTRL | Qt::Key_T), this,
                    [this] { AbrirPagos(); });
   pagos->addAction("&Ocultar", this, [this] { Hacer(&services::IClassTesvara::Ocultar); });
-  pagos->addAction("&Cerrar", this, [this] { Hacer(&services::IClassTesvara::Cerrar); });
+  pagos->addAction("&Cerrar", this, [this] { CerrarPantalla(); });
 }
 
 void VentanaPrincipal::ComponerEstado(const Opciones& opciones, const Datos& datos) {
@@ -137,7 +137,8 @@ bool VentanaPrincipal::AbrirPagos() {
 void VentanaPrincipal::RecuperarUnaCopia() {
   const bool abierta = HayPantalla();
   bool cerrada = false;
-  custodia_.Recuperar([&] { return cerrada = Hacer(&services::IClassTesvara::Cerrar); });
+  custodia_.Recuperar(
+      [&] { return cerrada = PuedeCerrarse() && Hacer(&services::IClassTesvara::Cerrar); });
   if (abierta && cerrada) AbrirPagos();
 }
 
@@ -189,8 +190,21 @@ void VentanaPrincipal::closeEvent(QCloseEvent* evento) {
   evento->setAccepted(cerrada);
 }
 
+bool VentanaPrincipal::PuedeCerrarse() {
+  if (!HayPantalla()) return true;
+  const auto cierre = pagos_.Como<services::ICierre>();
+  const QString motivo = cierre ? QString::fromUtf8(cierre->MotivoParaNoCerrar()) : QString();
+  if (!motivo.isEmpty()) Mostrar(QMessageBox::Warning, motivo);
+  return motivo.isEmpty();
+}
+
+void VentanaPrincipal::CerrarPantalla() {
+  if (PuedeCerrarse()) Hacer(&services::IClassTesvara::Cerrar);
+}
+
 /// The screen asks about unsaved changes as it goes.
 bool VentanaPrincipal::CerrarPagos() {
+  if (!PuedeCerrarse()) return false;
   if (!HayPantalla() || !services::hr::Fallido(pagos_->Cerrar())) return true;
   return Preguntar("No se ha podido cerrar Tesvara de Pagos: " + MotivoDePagos() +
                    "\n\n¿Quiere salir de todas formas? Lo que no se haya grabado se perderá; la "

@@ -47,6 +47,9 @@ class VentanaPrincipal final : public QMainWindow {
   [[nodiscard]] QString MotivoDePagos();
   void Mostrar(QMessageBox::Icon icono, const QString& texto);
   [[nodiscard]] bool Preguntar(const QString& texto);
+  /// Whether what is on the screen can be saved as it closes; otherwise the user is told.
+  [[nodiscard]] bool PuedeCerrarse();
+  void CerrarPantalla();
   [[nodiscard]] bool CerrarPagos();
   [[nodiscard]] bool ApartarTrabajo();
 

@@ -27,6 +27,13 @@ void PagosSinGrabar::QuitarFila(int fila) {
   alConstruir_ = std::move(quedan);
 }
 
+std::vector<int> PagosSinGrabar::Filas() const {
+  std::vector<int> filas;
+  filas.reserve(alConstruir_.size());
+  for (const auto& [fila, pagado] : alConstruir_) filas.push_back(fila);
+  return filas;
+}
+
 int PagosSinGrabar::CuantosTras(int fila, const std::string& de, const std::string& a) const {
   const int otros = Cuantos() - static_cast<int>(alConstruir_.count(fila));
   return otros + (Cambia(fila, de, a) ? 1 : 0);

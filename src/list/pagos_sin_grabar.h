@@ -2,6 +2,7 @@
 
 #include <map>
 #include <string>
+#include <vector>
 
 namespace list {
 
@@ -17,6 +18,7 @@ class PagosSinGrabar {
   /// The list is about to be built anew.
   void Olvidar() { alConstruir_.clear(); }
 
+  [[nodiscard]] std::vector<int> Filas() const;
   [[nodiscard]] int Cuantos() const { return static_cast<int>(alConstruir_.size()); }
   /// How many they would be after such an `Anotar`.
   [[nodiscard]] int CuantosTras(int fila, const std::string& de, const std::string& a) const;

@@ -1,6 +1,8 @@
 #include "list/rejilla_pagos.h"
 
+#include <algorithm>
 #include <utility>
+#include <vector>
 
 #include "list/color_lista.h"
 #include "list/guarda.h"
@@ -174,6 +176,13 @@ bool RejillaPagos::EsPagable(int fila) const {
 
 Recibo RejillaPagos::ReciboDe(int fila) const {
   return {MSFPagos.TextMatrix(fila, columna::Importe), MSFPagos.TextMatrix(fila, columna::Pagado)};
+}
+
+bool RejillaPagos::HayPagoExcesivo() const {
+  const std::vector<int> filas = sinGrabar_.Filas();
+  return std::any_of(filas.begin(), filas.end(), [this](int fila) {
+    return ImporteDe(fila, columna::Pagado) > ImporteDe(fila, columna::Importe);
+  });
 }
 
 double RejillaPagos::ImporteDe(int fila, int columna) const {

@@ -70,6 +70,8 @@ class RejillaPagos {
   [[nodiscard]] bool EsPagable(int fila) const;
   [[nodiscard]] Linea LineaDe(int fila) const { return list::LineaDe(MSFPagos, fila, orden_); }
   [[nodiscard]] Recibo ReciboDe(int fila) const;
+  /// Whether one that isn't saved yet pays more than its due date.
+  [[nodiscard]] bool HayPagoExcesivo() const;
   /// Amount of a cell; an empty one counts 0.
   [[nodiscard]] double ImporteDe(int fila, int columna) const;
 

@@ -66,6 +66,21 @@ struct ICopiaPorRetomar : IUnknown {
   ~ICopiaPorRetomar() = default;
 };
 
+/// What the component's object offers besides. Closing asks whether to save, and closes whatever
+/// came of a yes: with an entry on its panel nothing is saved, and an amount that is refused takes
+/// the others along. A host asks this first.
+struct ICierre : IUnknown {
+  static constexpr GUID IID{
+      0x8A1F65C7, 0x30D4, 0x4E2B, {0xB9, 0x5C, 0x0E, 0x71, 0xA2, 0x4D, 0x96, 0xF8}};
+
+  /// Why a yes couldn't save now what is on the screen, in words for the user; the empty text when
+  /// it could, and when there is no screen.
+  virtual const char* MotivoParaNoCerrar() noexcept = 0;
+
+ protected:
+  ~ICierre() = default;
+};
+
 /// What the host's main form offers beside `IForm` when it wants to tell the user of payments that
 /// were typed in the list and not yet saved, as by a sign in its title bar.
 struct IPagosSinGrabar : IUnknown {

@@ -22,6 +22,17 @@ HRESULT ClassTesvara::Cerrar() noexcept {
   return Hacer([&] { pantallas_.Principal().Unload(); });
 }
 
+// An amount that can't be read is none of its business: closing fails by it, and stays.
+const char* ClassTesvara::MotivoParaNoCerrar() noexcept {
+  if (!datos_.EnSuHilo()) return "";
+  try {
+    motivo_ = pantallas_.MotivoParaNoCerrar();
+  } catch (...) {
+    motivo_.clear();
+  }
+  return motivo_.c_str();
+}
+
 HRESULT ClassTesvara::Hacer(const std::function<void()>& operacion) noexcept {
   // A positive number, such as 13, would read as a success.
   const auto comoResultado = [](std::int32_t numero) {

@@ -139,6 +139,17 @@ void FrmTesvaraGastos::Recargar() {
   Rejilla.CopiarGrip();
 }
 
+std::string FrmTesvaraGastos::MotivoParaNoCerrar() const {
+  if (Campos.PicNuevo.Visible) {
+    return "Hay una entrada a medio hacer. Acéptela o cancélela antes de cerrar.";
+  }
+  if (Rejilla.HayPagoExcesivo()) {
+    return "Hay un importe pagado mayor que su recibo, con el que no se puede grabar nada. "
+           "Corríjalo antes de cerrar.";
+  }
+  return "";
+}
+
 void FrmTesvaraGastos::Barra1_Cerrar() {
   if (!Campos.PicNuevo.Visible) Unload();
 }

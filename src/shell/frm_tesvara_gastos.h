@@ -65,6 +65,9 @@ class FrmTesvaraGastos final : public services::Form,
   void Recargar();
 
   [[nodiscard]] services::Precaucion* Precaucion() override { return &precaucion_; }
+  /// Why a "Grabar" couldn't save what is on the screen; empty when it could.
+  [[nodiscard]] std::string MotivoParaNoCerrar() const;
+
   void Form_Resize() override;
   void Form_Paint() override;
 

@@ -16,4 +16,9 @@ void Pantallas::MostrarPrincipal() {
   pantalla.Show();
 }
 
+std::string Pantallas::MotivoParaNoCerrar() {
+  const FrmTesvaraGastos* pantalla = principal_.Si();
+  return pantalla ? pantalla->MotivoParaNoCerrar() : "";
+}
+
 }  // namespace shell

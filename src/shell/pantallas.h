@@ -1,5 +1,7 @@
 #pragma once
 
+#include <string>
+
 #include "forms/form.h"
 #include "shell/frm_tesvara_gastos.h"
 
@@ -17,6 +19,8 @@ class Pantallas {
   FrmTesvaraGastos& Principal();
   /// Brings it to sight in the host's frame.
   void MostrarPrincipal();
+  /// Why the main screen should stay; empty when it isn't loaded.
+  [[nodiscard]] std::string MotivoParaNoCerrar();
 
  private:
   DatosComunes& datos_;

@@ -26,7 +26,8 @@ namespace hr = services::hr;
 
 /// Shows an empty screen in the host's frame, and closes it when it may.
 class ComponenteTerco final
-    : public services::ObjetoContado<services::IClassTesvara, services::IDescripcionError> {
+    : public services::ObjetoContado<services::IClassTesvara, services::IDescripcionError,
+                                     services::ICierre> {
  public:
   HRESULT Cargar(Ref<services::IDatosClase>& datos) noexcept override {
     Ref<services::Conexion> almacenados;
@@ -52,10 +53,12 @@ class ComponenteTerco final
     delete pantalla_;
     return hr::Bien;
   }
+  const char* MotivoParaNoCerrar() noexcept override { return Motivo.c_str(); }
   const char* Descripcion() noexcept override { return "Falta la celda 7"; }
   std::int32_t Numero() noexcept override { return 381; }
 
   bool SeNiega = true;
+  std::string Motivo;
   int Cierres = 0;
   Ref<services::IUnknown> Principal;
 
@@ -106,6 +109,16 @@ TEST_F(Ventana, SeCierraConElComponente) {
   EXPECT_EQ(componente->Cierres, 1);
   EXPECT_TRUE(preguntado.empty());
   EXPECT_TRUE(Apartados().empty());
+}
+
+TEST_F(Ventana, LoQueNoSePodriaGrabarNoSeCierra) {
+  componente->SeNiega = false;
+  componente->Motivo = "Hay una entrada a medio hacer";
+  EXPECT_FALSE(ventana.close());
+  EXPECT_EQ(componente->Cierres, 0);
+  EXPECT_THAT(dicho, ElementsAre("Hay una entrada a medio hacer"));
+  componente->Motivo.clear();
+  EXPECT_TRUE(ventana.close());
 }
 
 TEST_F(Ventana, SeQuedaAbiertaYDicePorQue) {
