@@ -104,6 +104,7 @@ QString Custodia::TextoDe(const salvaguarda::Rescate& rescate) const {
 }
 
 bool Custodia::OfrecerRescate() {
+  porRetomar_.reset();
   try {
     const auto rescate =
         salvaguarda::BuscarRescate(*datos_.DeTrabajo, datos_.NombreAlmacenados,

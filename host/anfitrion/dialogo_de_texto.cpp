@@ -8,6 +8,8 @@
 #include <QScreen>
 #include <QVBoxLayout>
 
+#include "mensajes/teclas_de_mensaje.h"
+
 namespace anfitrion {
 namespace {
 
@@ -48,14 +50,14 @@ int Preguntar(QWidget& ventana, const PreguntaConTexto& pregunta) {
   dialogo.setWindowTitle("Sorvex");
   dialogo.setAccessibleDescription(pregunta.Texto);
   auto* botones = new QDialogButtonBox;
-  QPushButton* porDefecto = nullptr;
+  QList<QPushButton*> puestos;
   int respuesta = pregunta.AlDejarla;
   for (int i = 0; i < pregunta.Respuestas.size(); ++i) {
     QPushButton* boton = botones->addButton(
         pregunta.Respuestas[i],
         i == pregunta.AlDejarla ? QDialogButtonBox::RejectRole : QDialogButtonBox::AcceptRole);
     boton->setAutoDefault(true);
-    if (i == pregunta.PorDefecto) porDefecto = boton;
+    puestos << boton;
     QObject::connect(boton, &QPushButton::clicked, &dialogo, [&, i] {
       respuesta = i;
       dialogo.accept();
@@ -64,10 +66,9 @@ int Preguntar(QWidget& ventana, const PreguntaConTexto& pregunta) {
   auto* columna = new QVBoxLayout(&dialogo);
   columna->addWidget(Texto(pregunta.Texto, *ventana.screen()));
   columna->addWidget(botones);
-  if (porDefecto) {
-    porDefecto->setDefault(true);
-    porDefecto->setFocus();
-  }
+  mensajes::DarTeclas(dialogo, puestos);
+  puestos[pregunta.PorDefecto]->setDefault(true);
+  puestos[pregunta.PorDefecto]->setFocus();
   dialogo.exec();
   return respuesta;
 }

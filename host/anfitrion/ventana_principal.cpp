@@ -14,6 +14,7 @@
 #include "anfitrion/contexto.h"
 #include "anfitrion/formulario.h"
 #include "automation/servidores.h"
+#include "mensajes/teclas_de_mensaje.h"
 #include "valores/error.h"
 
 namespace anfitrion {
@@ -153,8 +154,14 @@ bool VentanaPrincipal::Hacer(Operacion operacion) {
 
 bool VentanaPrincipal::Comprobar(services::HRESULT resultado) {
   if (!services::hr::Fallido(resultado)) return true;
-  Mostrar(QMessageBox::Critical, MotivoDePagos());
+  Mostrar(SeDejo() ? QMessageBox::Information : QMessageBox::Critical, MotivoDePagos());
   return false;
+}
+
+/// Whether the last operation failed by the user's own answer.
+bool VentanaPrincipal::SeDejo() {
+  const auto descrito = pagos_.Como<services::IDescripcionError>();
+  return descrito && descrito->Numero() == services::error::OperacionCancelada;
 }
 
 QString VentanaPrincipal::MotivoDePagos() {
@@ -168,7 +175,7 @@ void VentanaPrincipal::Mostrar(QMessageBox::Icon icono, const QString& texto) {
   if (AlMostrar) return AlMostrar(texto);
   QMessageBox caja(icono, "Sorvex", texto, QMessageBox::NoButton, this);
   caja.setTextFormat(Qt::PlainText);
-  caja.addButton("Aceptar", QMessageBox::AcceptRole);
+  mensajes::DarTeclas(caja, {caja.addButton("Aceptar", QMessageBox::AcceptRole)});
   caja.exec();
 }
 
@@ -176,10 +183,11 @@ bool VentanaPrincipal::Preguntar(const QString& texto) {
   if (AlPreguntar) return AlPreguntar(texto);
   QMessageBox caja(QMessageBox::Question, "Sorvex", texto, QMessageBox::NoButton, this);
   caja.setTextFormat(Qt::PlainText);
-  const QPushButton* si = caja.addButton("Sí", QMessageBox::YesRole);
+  QPushButton* si = caja.addButton("Sí", QMessageBox::YesRole);
   QPushButton* no = caja.addButton("No", QMessageBox::NoRole);
   caja.setDefaultButton(no);
   caja.setEscapeButton(no);
+  mensajes::DarTeclas(caja, {si, no});
   caja.exec();
   return caja.clickedButton() == si;
 }
@@ -205,7 +213,9 @@ void VentanaPrincipal::CerrarPantalla() {
 /// The screen asks about unsaved changes as it goes.
 bool VentanaPrincipal::CerrarPagos() {
   if (!PuedeCerrarse()) return false;
-  if (!HayPantalla() || !services::hr::Fallido(pagos_->Cerrar())) return true;
+  if (!HayPantalla()) return true;
+  const services::HRESULT cerrada = pagos_->Cerrar();
+  if (!services::hr::Fallido(cerrada) || SeDejo()) return Comprobar(cerrada);
   return Preguntar("No se ha podido cerrar Tesvara de Pagos: " + MotivoDePagos() +
                    "\n\n¿Quiere salir de todas formas? Lo que no se haya grabado se perderá; la "
                    "copia de trabajo se guardará aparte.") &&

@@ -44,6 +44,7 @@ class VentanaPrincipal final : public QMainWindow {
   [[nodiscard]] bool HayPantalla() const;
   bool Hacer(Operacion operacion);
   bool Comprobar(services::HRESULT resultado);
+  [[nodiscard]] bool SeDejo();
   [[nodiscard]] QString MotivoDePagos();
   void Mostrar(QMessageBox::Icon icono, const QString& texto);
   [[nodiscard]] bool Preguntar(const QString& texto);

@@ -99,7 +99,7 @@ void Guardia::AlGrabar(const Rango& rango) {
     copias_.Quitar(copia_);
     const bool adelante = Preguntar(reparos + "\n\n¿Grabar de todos modos?");
     Anotar(Reparos(sinCopia, kTodas) + (adelante ? " Se graba de todos modos" : " No se graba"));
-    if (!adelante) throw ErrorEjecucion(services::error::FilaCambiada, kNoGrabado);
+    if (!adelante) throw ErrorEjecucion(services::error::OperacionCancelada, kNoGrabado);
     noCargadas_.clear();
     deOtros_.clear();
     sinFoto_ = false;

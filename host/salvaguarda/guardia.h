@@ -53,7 +53,7 @@ class Guardia {
   /// Whether to ask when others have changed what is to be written.
   bool AvisarDeOtros = true;
 
-  /// A load or a commit begins. Throws 0x80040E38, with nothing written, when the user doesn't want
+  /// A load or a commit begins. Throws 0x800A0E80, with nothing written, when the user doesn't want
   /// the commit.
   void AlComenzar(const Comienzo& comienzo);
   /// A working copy that was there before is gone on with, instead of a load.

@@ -82,12 +82,11 @@ int AvisoQt::Mostrar(const std::string& texto, int flags, const std::string& tit
   caja.setText(Texto(texto));
   caja.setIcon(IconoDe(flags));
   const std::vector<Boton> botones = BotonesDe(flags);
-  std::vector<QPushButton*> puestos;
+  QList<QPushButton*> puestos;
   for (const Boton& boton : botones) {
-    QPushButton* puesto = caja.addButton(QString::fromUtf8(boton.Rotulo), boton.Papel);
-    puesto->setShortcut(QKeySequence(puesto->text().front()));
-    puestos.push_back(puesto);
+    puestos.push_back(caja.addButton(QString::fromUtf8(boton.Rotulo), boton.Papel));
   }
+  mensajes::DarTeclas(caja, puestos, antesDeLeer_);
   caja.setDefaultButton(puestos.front());
   caja.exec();
   const auto pulsado = std::find(puestos.begin(), puestos.end(), caja.clickedButton());
@@ -96,9 +95,13 @@ int AvisoQt::Mostrar(const std::string& texto, int flags, const std::string& tit
   return botones[static_cast<std::size_t>(pulsado - puestos.begin())].Respuesta;
 }
 
-void MostrarError(const services::ErrorEjecucion& fallo) {
-  AvisoQt().Mostrar("Nº Error: " + std::to_string(fallo.Numero()) + "\n" + fallo.Descripcion(),
-                    mensaje::Alto, "Error");
+void MostrarError(services::Aviso& aviso, const services::ErrorEjecucion& fallo) {
+  if (fallo.Numero() == services::error::OperacionCancelada) {
+    aviso.Mostrar(fallo.Descripcion(), kInformacion, "");
+    return;
+  }
+  aviso.Mostrar("Nº Error: " + std::to_string(fallo.Numero()) + "\n" + fallo.Descripcion(),
+                mensaje::Alto, "Error");
 }
 
 }  // namespace qt

@@ -33,8 +33,8 @@ void ExigirVentanas() {
   throw services::ErrorEjecucion(services::error::ObjetoNoEstablecido, motivo);
 }
 
-void DecirError(const services::ErrorEjecucion& fallo) {
-  if (SinVentanas().empty()) return MostrarError(fallo);
+void DecirError(services::Aviso& aviso, const services::ErrorEjecucion& fallo) {
+  if (SinVentanas().empty()) return MostrarError(aviso, fallo);
   std::cerr << "Nº Error: " << fallo.Numero() << ": " << fallo.Descripcion() << std::endl;
 }
 
@@ -81,26 +81,30 @@ services::FechaHora Ahora() {
                               hora.second());
 }
 
-services::Plataforma CrearPlataforma(Disenos disenos) {
+services::Plataforma CrearPlataforma(Disenos disenos, std::chrono::milliseconds antesDeLeer) {
   services::Plataforma plataforma;
-  plataforma.CrearVentana = [disenos = std::move(disenos)](services::Form& form) {
+  plataforma.CrearAviso = [antesDeLeer] {
+    ExigirVentanas();
+    return std::make_unique<AvisoQt>(antesDeLeer);
+  };
+  plataforma.CrearVentana = [disenos = std::move(disenos),
+                             crearAviso = plataforma.CrearAviso](services::Form& form) {
     ExigirVentanas();
     const auto diseno = disenos.find(form.Nombre());
     if (diseno == disenos.end()) {
       throw services::ErrorEjecucion(services::error::ObjetoNoEstablecido,
                                      "La pantalla " + form.Nombre() + " no tiene diseño");
     }
-    return std::make_unique<VentanaQt>(form, diseno->second);
-  };
-  plataforma.CrearAviso = [] {
-    ExigirVentanas();
-    return std::make_unique<AvisoQt>();
+    return std::make_unique<VentanaQt>(form, diseno->second, crearAviso);
   };
   plataforma.CrearSelectorConceptos = [](services::Sesion& sesion) {
     ExigirVentanas();
     return std::make_unique<SelectorConceptosQt>(sesion);
   };
-  plataforma.ErrorNoControlado = &DecirError;
+  plataforma.ErrorNoControlado = [antesDeLeer](const services::ErrorEjecucion& fallo) {
+    AvisoQt aviso(antesDeLeer);
+    DecirError(aviso, fallo);
+  };
   plataforma.Ocupado = &MostrarEspera;
   plataforma.Ahora = &Ahora;
   plataforma.Pantalla = &MedirPantalla;

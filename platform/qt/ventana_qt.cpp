@@ -5,9 +5,9 @@
 #include "forms/escritorio.h"
 #include "forms/form.h"
 #include "forms/msflexgrid.h"
-#include "qt/aviso_qt.h"
 #include "qt/vinculo.h"
 #include "qt/vinculo_rejilla.h"
+#include "services/utiles.h"
 
 namespace qt {
 namespace {
@@ -18,8 +18,9 @@ VinculoRejilla* Rejilla(const QPointer<Lienzo>& lienzo, const services::MSFlexGr
 
 }  // namespace
 
-VentanaQt::VentanaQt(services::Form& form, const std::function<void(QWidget&)>& disponer)
-    : form_(form), lienzo_(new Lienzo(form, disponer)) {}
+VentanaQt::VentanaQt(services::Form& form, const std::function<void(QWidget&)>& disponer,
+                     CreaAviso crearAviso)
+    : form_(form), crearAviso_(std::move(crearAviso)), lienzo_(new Lienzo(form, disponer)) {}
 
 VentanaQt::~VentanaQt() {
   // The toolkit may have ended before the session.
@@ -122,7 +123,7 @@ bool VentanaQt::Preguntar(const std::string& pregunta, services::Widget& widget,
   Cambiada(widget, services::Aspecto::Value);
   bool sigue = false;
   const auto preguntar = [&] {
-    const int respuesta = AvisoQt().Mostrar(pregunta, mensaje::SiNoCancelar, "Atención");
+    const int respuesta = crearAviso_()->Mostrar(pregunta, mensaje::SiNoCancelar, "Atención");
     sigue = respuesta != mensaje::Cancelar;
     if (respuesta != mensaje::Si || !widget.Alcanzable()) return;
     form_.Escritorio().Operacion([&] { sigue = form_.Precaucion()->Prevenir(widget, gesto); });

@@ -7,6 +7,7 @@
 #include "forms/ventana.h"
 #include "qt/lienzo.h"
 #include "qt/recuento.h"
+#include "services/plataforma.h"
 
 namespace services {
 class Form;
@@ -14,10 +15,13 @@ class Form;
 
 namespace qt {
 
+using CreaAviso = decltype(services::Plataforma::CrearAviso);
+
 /// Shows a form. By the time it is destroyed the widgets of the model are gone already.
 class VentanaQt final : public services::Ventana {
  public:
-  VentanaQt(services::Form& form, const std::function<void(QWidget&)>& disponer);
+  VentanaQt(services::Form& form, const std::function<void(QWidget&)>& disponer,
+            CreaAviso crearAviso);
   ~VentanaQt() override;
   VentanaQt(const VentanaQt&) = delete;
 
@@ -43,6 +47,7 @@ class VentanaQt final : public services::Ventana {
                                services::Gesto gesto);
 
   services::Form& form_;
+  CreaAviso crearAviso_;
   QPointer<Lienzo> lienzo_;
   QPointer<QEventLoop> espera_;
   Recuento recuento_;

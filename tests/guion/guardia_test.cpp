@@ -42,7 +42,7 @@ TEST_F(LaGuardiaDelGuion, CuentaAlAcabarLaOrdenYPreguntaAntesDeGrabar) {
   EXPECT_THAT(
       Salida("guardia\ncargar\navisos\nresponder no\npulsar BotonAceptar\navisos\n"),
       MatchesRegex("aviso \"No se han cargado estas filas, .*A1.*\" 48 \"Sorvex\" -> aceptar\n"
-                   "error -2147217864 \"No se ha grabado nada.*\n"
+                   "error -2146824576 \"No se ha grabado nada.*\n"
                    "aviso \"Hay filas del rango .*A1.*\" 4 \"Sorvex\" -> no\n"));
 }
 

@@ -90,8 +90,9 @@ std::string SinCifras(const std::string& texto) {
 /// that isn't whole, a list that has grown past its snapshot, no printer, a quote in a number, the
 /// misspelt column of a last due date, a commit that was refused, and the failures asked for.
 bool EsConocido(const std::string& error) {
-  static const std::set<std::int64_t> conocidos{
-      5, 13, 91, 381, 482, -2147217900, -2147217904, -2147217864, -2147217887, -2147467259};
+  static const std::set<std::int64_t> conocidos{5,           13,          91,          381,
+                                                482,         -2147217900, -2147217904, -2147217864,
+                                                -2147217887, -2146824576, -2147467259};
   return conocidos.contains(
       std::strtoll(error.c_str() + std::string("error ").size(), nullptr, 10));
 }

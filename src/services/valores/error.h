@@ -60,6 +60,8 @@ inline constexpr std::int32_t RecordsetAbierto = Numero(0x800A0E79);
 /// An operation that the recordset's mode doesn't allow.
 inline constexpr std::int32_t NoDisponible = Numero(0x800A0CB3);
 inline constexpr std::int32_t ArgumentoNoValido = Numero(0x800A0BB9);
+/// What the user, asked by the host, gave up.
+inline constexpr std::int32_t OperacionCancelada = Numero(0x800A0E80);
 inline constexpr std::int32_t FalloDeConexion = Numero(0x80004005);
 /// An object that doesn't offer the interface it is narrowed to.
 inline constexpr std::int32_t InterfazNoDisponible = Numero(0x80004002);

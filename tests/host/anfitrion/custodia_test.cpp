@@ -12,6 +12,7 @@
 
 #include "anfitrion/dialogo_copias.h"
 #include "anfitrion/fechas.h"
+#include "mensajes/teclas_de_mensaje.h"
 #include "platform/carpeta_temporal.h"
 
 // What the suite asks and tells of the user's data, in its window.
@@ -128,6 +129,16 @@ TEST_F(CustodiaTest, LaCopiaQueQuedoSeAbreComoEstaba) {
   EXPECT_EQ(EnTrabajo(), 1);
   EXPECT_EQ(Apartados(), 1) << "por si se cierra sin grabar";
   custodia.Abierta();
+  EXPECT_FALSE(custodia.PorRetomar());
+}
+
+/// A list without rows would empty the month at the next "Grabar".
+TEST_F(CustodiaTest, LaQueYaSeVacioNoSeRetoma) {
+  DejarUnaCopia();
+  respuesta = 2;
+  EXPECT_TRUE(custodia.OfrecerRescate());
+  datos.DeTrabajo->Ejecutar("DELETE FROM TempProvFacturas");
+  EXPECT_TRUE(custodia.OfrecerRescate());
   EXPECT_FALSE(custodia.PorRetomar());
 }
 
@@ -259,16 +270,17 @@ TEST_F(CustodiaTest, SinNingunaCopiaLaVentanaLoDice) {
   }
 }
 
-TEST(PreguntaDeTexto, EscapeEsDejarlaYEnterLaDeSiempre) {
+TEST(PreguntaDeTexto, EscapeEsDejarlaEnterLaDeSiempreYLaPrimeraLetraLaSuya) {
   QWidget ventana;
-  const PreguntaConTexto pregunta{"Algo", {"Sí", "No"}, 0, 1};
+  const PreguntaConTexto pregunta{"Algo", {"Sí", "Abrir", "No"}, 0, 2};
   const auto con = [&](Qt::Key tecla) {
-    QTimer::singleShot(0, &ventana,
+    QTimer::singleShot(mensajes::kAntesDeLeer + std::chrono::milliseconds(50), &ventana,
                        [tecla] { QTest::keyClick(QApplication::activeModalWidget(), tecla); });
     return anfitrion::Preguntar(ventana, pregunta);
   };
-  EXPECT_EQ(con(Qt::Key_Escape), 1);
+  EXPECT_EQ(con(Qt::Key_Escape), 2);
   EXPECT_EQ(con(Qt::Key_Return), 0);
+  EXPECT_EQ(con(Qt::Key_A), 1);
 }
 
 }  // namespace

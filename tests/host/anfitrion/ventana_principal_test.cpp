@@ -11,6 +11,7 @@
 #include <QVBoxLayout>
 
 #include "platform/carpeta_temporal.h"
+#include "valores/error.h"
 
 // The suite's window around a component that can't be closed.
 
@@ -55,9 +56,10 @@ class ComponenteTerco final
   }
   const char* MotivoParaNoCerrar() noexcept override { return Motivo.c_str(); }
   const char* Descripcion() noexcept override { return "Falta la celda 7"; }
-  std::int32_t Numero() noexcept override { return 381; }
+  std::int32_t Numero() noexcept override { return Error; }
 
   bool SeNiega = true;
+  std::int32_t Error = services::error::CeldaNoValida;
   std::string Motivo;
   int Cierres = 0;
   Ref<services::IUnknown> Principal;
@@ -130,6 +132,13 @@ TEST_F(Ventana, SeQuedaAbiertaYDicePorQue) {
   // Once what stood in the way is gone it closes as always.
   componente->SeNiega = false;
   EXPECT_TRUE(ventana.close());
+}
+
+TEST_F(Ventana, LoQueElUsuarioDejoSeDiceSinOfrecerSalir) {
+  componente->Error = services::error::OperacionCancelada;
+  EXPECT_FALSE(ventana.close());
+  EXPECT_THAT(dicho, ElementsAre("Falta la celda 7"));
+  EXPECT_TRUE(preguntado.empty());
 }
 
 TEST_F(Ventana, SaleSiElUsuarioQuiereYGuardaAparteLaCopiaDeTrabajo) {

@@ -55,7 +55,7 @@ TEST_F(Guardia, ConNoNoSeGrabaNadaYSePuedeGrabarDespues) {
   Otro("UPDATE ProvFacturas SET Total = 99.5 WHERE Factura = 'F000001'");
   const auto antes = Todo();
   Respuesta = false;
-  EXPECT_EQ(apoyo::NumeroDeError([this] { Grabar(); }), services::error::FilaCambiada);
+  EXPECT_EQ(apoyo::NumeroDeError([this] { Grabar(); }), services::error::OperacionCancelada);
   EXPECT_EQ(Todo(), antes);
   Respuesta = true;
   Grabar();

@@ -20,11 +20,13 @@ QMessageBox* Abierta() {
   return qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
 }
 
+constexpr std::chrono::milliseconds kSinDemora{0};
+
 /// The answer to a message when `hacer` is done to its box.
 template <class Hacer>
 int Contestar(int flags, const Hacer& hacer) {
   QTimer::singleShot(0, [&hacer] { hacer(*Abierta()); });
-  return qt::AvisoQt().Mostrar("¿Desea guardar los cambios?", flags, "Atención");
+  return qt::AvisoQt(kSinDemora).Mostrar("¿Desea guardar los cambios?", flags, "Atención");
 }
 
 int ContestarCon(int flags, Qt::Key tecla) {
@@ -82,14 +84,43 @@ TEST(Mensajes, ElIconoVaConElMensaje) {
   EXPECT_EQ(icono(mensaje::Simple), QMessageBox::NoIcon);
 }
 
-TEST(Mensajes, UnErrorSinControlarDiceNumeroYDescripcion) {
+/// A typist goes on before the message can be read, and holds a key down.
+TEST(Mensajes, LoTecleadoDeCorridoNoContesta) {
+  bool abierta = true;
+  QTimer::singleShot(0, [&abierta] {
+    for (const Qt::Key tecla : {Qt::Key_Return, Qt::Key_Space, Qt::Key_N, Qt::Key_Escape}) {
+      QTest::keyClick(Abierta()->focusWidget(), tecla);
+    }
+    abierta = Abierta() != nullptr;
+    QTest::qWait(static_cast<int>(mensajes::kAntesDeLeer.count()) + 50);
+    QKeyEvent mantenida(QEvent::KeyPress, Qt::Key_Return, {}, "\r", true);
+    QApplication::sendEvent(Abierta()->focusWidget(), &mantenida);
+    abierta = abierta && Abierta() != nullptr;
+    QTest::keyClick(Abierta(), Qt::Key_N);
+  });
+  EXPECT_EQ(qt::AvisoQt().Mostrar("¿Guardar?", mensaje::SiNo, ""), mensaje::No);
+  EXPECT_TRUE(abierta);
+}
+
+QString TextoDelError(const services::ErrorEjecucion& fallo) {
   QString texto;
   QTimer::singleShot(0, [&texto] {
-    texto = Abierta()->text();
+    texto = Abierta()->windowTitle() + ": " + Abierta()->text();
     QTest::keyClick(Abierta(), Qt::Key_Return);
   });
-  qt::MostrarError(services::ErrorEjecucion(services::error::RepetidoONoCabe, "ya existe"));
-  EXPECT_EQ(texto, QString::fromUtf8("Nº Error: -2147217887\nya existe"));
+  qt::AvisoQt aviso(kSinDemora);
+  qt::MostrarError(aviso, fallo);
+  return texto;
+}
+
+TEST(Mensajes, UnErrorSinControlarDiceNumeroYDescripcion) {
+  EXPECT_EQ(TextoDelError({services::error::RepetidoONoCabe, "ya existe"}),
+            QString::fromUtf8("Error: Nº Error: -2147217887\nya existe"));
+}
+
+TEST(Mensajes, LoQueSeDejoNoEsUnError) {
+  EXPECT_EQ(TextoDelError({services::error::OperacionCancelada, "No se ha grabado nada"}),
+            "Tesvara de Pagos: No se ha grabado nada");
 }
 
 }  // namespace

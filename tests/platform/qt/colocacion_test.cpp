@@ -74,7 +74,8 @@ class LoQueSePregunta : public pruebas::RejillaEnPantalla {
       donde = QApplication::activeModalWidget()->frameGeometry();
       QTest::keyClick(QApplication::activeModalWidget(), Qt::Key_Return);
     });
-    qt::AvisoQt().Mostrar("¿Desea eliminar el pago?", services::mensaje::SiNo, "");
+    qt::AvisoQt(std::chrono::milliseconds::zero())
+        .Mostrar("¿Desea eliminar el pago?", services::mensaje::SiNo, "");
     return donde;
   }
   [[nodiscard]] static QRect EnElEscritorio(const QWidget& vista) {
@@ -129,7 +130,8 @@ TEST_F(LoQueSePregunta, SinTituloSeLeeElDeLaPantalla) {
     titulo = QApplication::activeModalWidget()->windowTitle();
     QTest::keyClick(QApplication::activeModalWidget(), Qt::Key_Return);
   });
-  qt::AvisoQt().Mostrar("El importe no es válido", services::mensaje::Simple, "");
+  qt::AvisoQt(std::chrono::milliseconds::zero())
+      .Mostrar("El importe no es válido", services::mensaje::Simple, "");
   EXPECT_EQ(titulo, "Tesvara de Pagos");
 }
 

@@ -10,7 +10,7 @@
 #include "esquema/esquema_sqlite.h"
 #include "guion/carpeta_temporal.h"
 #include "platform/qt/frm_prueba.h"
-#include "qt/plataforma_qt.h"
+#include "platform/qt/plataforma_sin_demora.h"
 #include "sorvex/utiles_sorvex.h"
 #include "sqlite/conexion_sqlite.h"
 
@@ -53,7 +53,7 @@ class ComponenteEnVentana : public testing::Test {
   }
 
   guion::CarpetaTemporal carpeta{false};
-  services::Plataforma plataforma = qt::CrearPlataforma();
+  services::Plataforma plataforma = PlataformaSinDemora();
   services::Ref<apoyo::ContextoDeAnfitrion> contexto = services::Crear<apoyo::ContextoDeAnfitrion>(
       Abrir("datos", &esquema::CrearAlmacenadas), Abrir("trabajo", &esquema::CrearDeTrabajo));
   std::vector<std::string> errores;

@@ -12,7 +12,7 @@
 #include "apoyo/componente_en_marcha.h"
 #include "guion/carpeta_temporal.h"
 #include "jornada/partida.h"
-#include "qt/plataforma_qt.h"
+#include "platform/qt/plataforma_sin_demora.h"
 #include "sorvex/utiles_sorvex.h"
 #include "sqlite/conexion_sqlite.h"
 
@@ -110,7 +110,7 @@ class DiaEnPantalla : public testing::Test {
 
   guion::CarpetaTemporal carpeta{false};
   guion::Opciones opciones;
-  services::Plataforma plataforma = qt::CrearPlataforma();
+  services::Plataforma plataforma = PlataformaSinDemora();
   std::unique_ptr<shell::DatosComunes> sesion;
   std::unique_ptr<shell::Pantallas> pantallas;
   services::Ref<shell::ClassTesvara> clase;

@@ -146,7 +146,8 @@ TEST(MensajesDeImprenta, AceptarYCancelar) {
     }
     QTest::keyClick(caja, Qt::Key_Escape);
   });
-  EXPECT_EQ(qt::AvisoQt().Mostrar("texto", qt::kAceptarCancelar | qt::kExclamacion, "T"),
+  EXPECT_EQ(qt::AvisoQt(std::chrono::milliseconds::zero())
+                .Mostrar("texto", qt::kAceptarCancelar | qt::kExclamacion, "T"),
             mensaje::Cancelar);
   EXPECT_THAT(rotulos, testing::UnorderedElementsAre("Aceptar", "Cancelar"));
 }

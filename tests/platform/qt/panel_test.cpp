@@ -9,6 +9,7 @@
 #include <ostream>
 
 #include "platform/qt/frm_prueba.h"
+#include "platform/qt/plataforma_sin_demora.h"
 #include "qt/lienzo.h"
 #include "shell/datos_comunes.h"
 #include "shell/frm_tesvara_gastos.h"
@@ -61,7 +62,7 @@ class PanelEnPoco : public testing::TestWithParam<Sitio> {
   }
 
   const QFont antes = QApplication::font();
-  services::Plataforma plataforma = qt::CrearPlataforma();
+  services::Plataforma plataforma = pruebas::PlataformaSinDemora();
   shell::DatosComunes datos{plataforma};
   services::Ref<shell::FrmTesvaraGastos> form = services::Crear<shell::FrmTesvaraGastos>(datos);
   std::unique_ptr<qt::Lienzo> lienzo;

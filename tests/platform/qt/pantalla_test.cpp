@@ -5,6 +5,7 @@
 #include <QTableView>
 
 #include "platform/qt/frm_prueba.h"
+#include "platform/qt/plataforma_sin_demora.h"
 #include "qt/lienzo.h"
 #include "qt/nombres.h"
 #include "shell/datos_comunes.h"
@@ -28,7 +29,7 @@ class PantallaDePagos : public testing::Test {
     lienzo->resize(1024, 700);
   }
 
-  services::Plataforma plataforma = qt::CrearPlataforma();
+  services::Plataforma plataforma = pruebas::PlataformaSinDemora();
   shell::DatosComunes datos{plataforma};
   services::Ref<shell::FrmTesvaraGastos> form = services::Crear<shell::FrmTesvaraGastos>(datos);
   std::unique_ptr<qt::Lienzo> lienzo;
