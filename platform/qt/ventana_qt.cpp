@@ -134,8 +134,6 @@ bool VentanaQt::Preguntar(const std::string& pregunta, services::Widget& widget,
 
 void VentanaQt::FinDeEvento() {
   if (lienzo_) lienzo_->FinDeEvento();
-  const services::Precaucion* precaucion = form_.Precaucion();
-  if (precaucion) recuento_.Decir(precaucion->Cuantos(), precaucion->Anfitrion());
 }
 
 void VentanaQt::AntesDePreguntar() {

@@ -6,7 +6,6 @@
 
 #include "forms/ventana.h"
 #include "qt/lienzo.h"
-#include "qt/recuento.h"
 #include "services/plataforma.h"
 
 namespace services {
@@ -50,7 +49,6 @@ class VentanaQt final : public services::Ventana {
   CreaAviso crearAviso_;
   QPointer<Lienzo> lienzo_;
   QPointer<QEventLoop> espera_;
-  Recuento recuento_;
 };
 
 }  // namespace qt

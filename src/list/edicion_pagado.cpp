@@ -135,8 +135,8 @@ void EdicionPagado::CerrarEdicionPago() {
 int EdicionPagado::PagosSinGrabar() const {
   const list::PagosSinGrabar& anotados = rejilla_.SinGrabar();
   if (!TxtMsf.Visible) return anotados.Cuantos();
-  const Recibo recibo = rejilla_.ReciboDe(MSFPagos_.Row);
   try {
+    const Recibo recibo = rejilla_.ReciboDe(MSFPagos_.Row);
     const Pago alCerrar = EntrarAlCerrar(recibo, TxtMsf.Text);
     return anotados.CuantosTras(MSFPagos_.Row, recibo.Pagado, alCerrar.Pagado);
   } catch (const services::ErrorEjecucion&) {

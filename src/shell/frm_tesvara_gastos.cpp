@@ -211,6 +211,10 @@ void FrmTesvaraGastos::Form_Paint() {
   datos_.Repintar(*this);
 }
 
+void FrmTesvaraGastos::AlAcabarEvento() {
+  recuento_.Decir(Edicion.PagosSinGrabar(), datos_.FrmPrincipal());
+}
+
 void FrmTesvaraGastos::TomarMarco() {
   const services::Rectangulo marco = datos_.FrmMarco()->Geometria();
   Top = marco.Top;

@@ -13,6 +13,7 @@
 #include "list/rejilla_pagos.h"
 #include "print/impresion.h"
 #include "shell/precaucion_de_pagos.h"
+#include "shell/recuento.h"
 #include "store/copia_de_trabajo.h"
 
 namespace shell {
@@ -54,6 +55,7 @@ class FrmTesvaraGastos final : public services::Form,
   cash::CajaDelPanel caja_;
   services::Instancia<cash::FrmFraAutomaticas> facturasAutomaticas_;
   PrecaucionDePagos precaucion_;
+  Recuento recuento_;
 
  public:
   entry::Entrada Entrada;
@@ -70,6 +72,7 @@ class FrmTesvaraGastos final : public services::Form,
 
   void Form_Resize() override;
   void Form_Paint() override;
+  void AlAcabarEvento() override;
 
  private:
   void Form_Load() override;

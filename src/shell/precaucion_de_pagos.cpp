@@ -12,7 +12,7 @@ using services::Gesto;
 using services::Widget;
 
 std::string PrecaucionDePagos::PreguntaAntesDe(const Widget& widget, Gesto gesto) const {
-  const std::int32_t cuantos = Cuantos();
+  const int cuantos = pantalla_.Edicion.PagosSinGrabar();
   if (cuantos == 0 || !LosPierde(widget, gesto)) return "";
   if (cuantos == 1) return "Hay 1 pago sin grabar, que se perdería. ¿Grabarlo antes?";
   return "Hay " + std::to_string(cuantos) +
@@ -64,14 +64,6 @@ void PrecaucionDePagos::DecirQueNoEsta() {
       "Se ha grabado, pero la línea elegida ya no está en la lista y no se ha hecho nada con ella.";
   if (!pantalla_.Lista.ChkPagados.Value) motivo += "\nPuede verla con \"Ver Pagados\".";
   datos_.Aviso().Mostrar(motivo, services::mensaje::Simple, "Atención");
-}
-
-std::int32_t PrecaucionDePagos::Cuantos() const {
-  return pantalla_.Edicion.PagosSinGrabar();
-}
-
-const services::Ref<services::IForm>& PrecaucionDePagos::Anfitrion() const {
-  return datos_.FrmPrincipal();
 }
 
 }  // namespace shell

@@ -22,8 +22,6 @@ class PrecaucionDePagos final : public services::Precaucion {
   /// Saves, and takes the user back to the line that a gesture is about. One that is gone from the
   /// list is told, and the gesture goes no further.
   [[nodiscard]] bool Prevenir(const services::Widget& widget, services::Gesto gesto) override;
-  [[nodiscard]] std::int32_t Cuantos() const override;
-  [[nodiscard]] const services::Ref<services::IForm>& Anfitrion() const override;
 
  private:
   [[nodiscard]] bool LosPierde(const services::Widget& widget, services::Gesto gesto) const;

@@ -63,10 +63,15 @@ void Escritorio::FinDeEvento(const std::function<void()>& cierre) {
 }
 
 void Escritorio::Rematar() {
+  AcabarEnPantallas();
+  SoltarRetirados();
+}
+
+void Escritorio::AcabarEnPantallas() {
   for (Form* form : cargados_) {
+    form->AlAcabarEvento();
     if (form->Vista()) form->Vista()->FinDeEvento();
   }
-  SoltarRetirados();
 }
 
 /// A handler of a screen that was unloaded may still be on the stack of a wait.
@@ -107,10 +112,9 @@ class Escritorio::Pausa {
 void Escritorio::Esperar(const std::function<void()>& espera, bool pregunta) {
   if (AlTerminarEvento) AlTerminarEvento();
   const Pausa pausa(*this);
+  AcabarEnPantallas();
   for (Form* form : cargados_) {
-    if (!form->Vista()) continue;
-    form->Vista()->FinDeEvento();
-    if (pregunta) form->Vista()->AntesDePreguntar();
+    if (pregunta && form->Vista()) form->Vista()->AntesDePreguntar();
   }
   espera();
 }

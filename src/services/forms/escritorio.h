@@ -119,6 +119,7 @@ class Escritorio {
   void Rematar();
   void SoltarRetirados();
   void FinDeEvento(const std::function<void()>& cierre);
+  void AcabarEnPantallas();
   void FinTrasError(const std::exception_ptr& yaDicho);
   void Informar(const std::function<void()>& accion);
   void Correr(const std::function<void()>& accion);

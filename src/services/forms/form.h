@@ -79,6 +79,8 @@ class Form : public ObjetoContado<IForm>, public Dueno {
   virtual void Form_Activate() {}
   virtual void Form_Resize() {}
   virtual void Form_Paint() {}
+  /// The user's event is over, or waits for him.
+  virtual void AlAcabarEvento() {}
   /// The user wants to see it larger by so many steps, or smaller where that is negative.
   virtual void Form_Zoom(int /*pasos*/) {}
 

@@ -1,9 +1,6 @@
 #pragma once
 
-#include <cstdint>
 #include <string>
-
-#include "forms/iform.h"
 
 namespace services {
 
@@ -25,11 +22,6 @@ class Precaucion {
   /// What a yes does first. Whether the gesture can go on: not when nothing came of it, which the
   /// user was told then. Errors come out.
   [[nodiscard]] virtual bool Prevenir(const Widget& widget, Gesto gesto) = 0;
-
-  /// How many things would be lost.
-  [[nodiscard]] virtual std::int32_t Cuantos() const = 0;
-  /// The host's main form, which may want to know.
-  [[nodiscard]] virtual const Ref<IForm>& Anfitrion() const = 0;
 
  protected:
   ~Precaucion() = default;

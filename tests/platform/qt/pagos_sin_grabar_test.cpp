@@ -1,88 +1,23 @@
-#include <gmock/gmock.h>
-
 #include <QAccessible>
 #include <QCheckBox>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QRadioButton>
-#include <QTest>
 #include <QTimer>
 
-#include "platform/qt/dia_en_pantalla.h"
+#include "platform/qt/pagos_en_pantalla.h"
 
 // Payments that are in the cells alone: the window asks before they would be lost, and the host is
 // told how many there are.
 
 namespace {
 
-using pruebas::DiaEnPantalla;
+using pruebas::kDos;
+using pruebas::kUno;
+using pruebas::PagosSinGrabar;
 using testing::ElementsAre;
 using testing::IsEmpty;
 using testing::StartsWith;
-
-const std::string kUno = "Hay 1 pago sin grabar, que se perdería. ¿Grabarlo antes?";
-const std::string kDos = "Hay 2 pagos sin grabar, que se perderían. ¿Grabarlos antes?";
-constexpr const char* kBorrarFactura = "Pulsar 'Si' para borrar la Factura";
-
-class FormQueCuenta final
-    : public services::ObjetoContado<services::IForm, services::IPagosSinGrabar> {
- public:
-  services::Rectangulo Geometria() noexcept override { return {0, 0, 15360, 11520}; }
-  std::int32_t WindowState() noexcept override { return 0; }
-  void PonerWindowState(std::int32_t) noexcept override {}
-  void Refresh() noexcept override {}
-  void* VentanaNativa() noexcept override { return nullptr; }
-  void Contar(std::int32_t cuantos) noexcept override { Cuentas.push_back(cuantos); }
-
-  std::vector<int> Cuentas;
-};
-
-/// March of 2005: rows 2, 5 and 9 are receipts to pay, row 3 is one paid in part, row 1 a forecast.
-class PagosSinGrabar : public DiaEnPantalla {
- protected:
-  PagosSinGrabar() {
-    principal = services::Ref<services::IUnknown>(static_cast<services::IForm*>(quienCuenta.get()));
-    EXPECT_EQ(jornada::Partida(opciones).Jugar(jornada::kEmpresa).Estado, 0);
-    Abrir();
-    ventana->activateWindow();
-    EXPECT_TRUE(QTest::qWaitForWindowActive(ventana));
-  }
-  ~PagosSinGrabar() override {
-    if (!clase) return;
-    // What is left of a test is not to be saved.
-    if (Pantalla().Campos.PicNuevo.Visible) Boton("BtnCancelar");
-    Boton("BotonCancelar");
-    Cerrar();
-  }
-
-  [[nodiscard]] shell::FrmTesvaraGastos& Pantalla() const { return pantallas->Principal(); }
-  [[nodiscard]] const services::MSFlexGrid& Lista() const { return Pantalla().Rejilla.MSFPagos; }
-  [[nodiscard]] const std::string& Factura() const { return Lista().TextMatrix(Lista().Row, 2); }
-  [[nodiscard]] std::string Enfocada() const {
-    return ventana->window()->focusWidget()->objectName().toStdString();
-  }
-  /// By key, once a message that was closed has given the window back.
-  void Ir(QWidget& vista) {
-    ventana->activateWindow();
-    ASSERT_TRUE(QTest::qWaitForWindowActive(ventana));
-    vista.setFocus();
-  }
-  void PagarDos() {
-    Celda(2, 5);
-    Celda(5, 5);
-  }
-  /// A box or an option is pressed on its left, where its mark is.
-  void Marca(const char* nombre) {
-    auto& vista = Vista<QAbstractButton>(nombre);
-    QTest::mouseClick(&vista, Qt::LeftButton, {}, {8, vista.height() / 2});
-  }
-
-  services::Ref<FormQueCuenta> quienCuenta = services::Crear<FormQueCuenta>();
-  const std::vector<const char*> marcas = {"OptFecha", "OptConcepto", "ChkPrevisiones",
-                                           "ChkPagados"};
-  const std::vector<const char*> botones = {"BotonNuevo", "BotonModificar", "BotonBorrar",
-                                            "BtnAutCaja"};
-};
 
 TEST_F(PagosSinGrabar, CancelarDejaTodoComoEstaba) {
   PagarDos();
@@ -183,76 +118,6 @@ TEST_F(PagosSinGrabar, LoQuePulsaUnLectorDePantallaTambienPregunta) {
   EXPECT_TRUE(Vista<QRadioButton>("OptFecha").isChecked());
 }
 
-TEST_F(PagosSinGrabar, TrasGrabarSeBorraLaLineaElegida) {
-  PagarDos();
-  Celda(9, 3);
-  Responder({Qt::Key_S, Qt::Key_N});
-  Boton("BotonBorrar");
-  EXPECT_THAT(Mensajes(), ElementsAre(kDos, StartsWith(kBorrarFactura)));
-  std::vector<std::string> quedan;
-  for (int fila = 1; fila < Lista().Rows; ++fila) {
-    if (!Lista().TextMatrix(fila, 2).empty()) quedan.push_back(Lista().TextMatrix(fila, 2));
-  }
-  EXPECT_THAT(quedan, ElementsAre("F1", "F2", "F1", "F3")) << "F4 no está";
-  EXPECT_EQ(Lista().TextMatrix(2, 4), "58,00");
-}
-
-TEST_F(PagosSinGrabar, TrasGrabarSeModificaLaLineaElegida) {
-  PagarDos();
-  Celda(3, 1);
-  Responder(Qt::Key_S);
-  Boton("BotonModificar");
-  EXPECT_THAT(Mensajes(), ElementsAre(kDos));
-  EXPECT_TRUE(Pantalla().Campos.PicNuevo.Visible());
-  EXPECT_EQ(Pantalla().Campos.TxtNFra.Text(), "F2");
-  EXPECT_EQ(Factura(), "F2");
-}
-
-TEST_F(PagosSinGrabar, UnDobleClicEnUnaPrevisionPregunta) {
-  PagarDos();
-  Responder(Qt::Key_Escape);
-  DobleCelda(1, 4);
-  EXPECT_THAT(Mensajes(), ElementsAre(kDos));
-  EXPECT_FALSE(Pantalla().Campos.PicNuevo.Visible());
-  auto& lista = Vista<QTableView>("MSFPagos");
-  for (const Qt::Key tecla : {Qt::Key_Return, Qt::Key_5}) {
-    Responder(Qt::Key_Escape);
-    QTest::keyClick(&lista, tecla);
-    EXPECT_THAT(Mensajes(), ElementsAre(kDos));
-    EXPECT_FALSE(Pantalla().Campos.PicNuevo.Visible());
-  }
-  Responder(Qt::Key_S);
-  DobleCelda(1, 4);
-  EXPECT_THAT(Mensajes(), ElementsAre(kDos));
-  EXPECT_TRUE(Pantalla().Campos.PicNuevo.Visible());
-  EXPECT_EQ(Pantalla().Campos.TxtConcepto.Text(), "Alquiler");
-}
-
-TEST_F(PagosSinGrabar, SiLaLineaYaNoEstaSeDiceYNoPasaNada) {
-  // With the paid ones left out only what is paid in part shows.
-  Marca("ChkPagados");
-  Celda(1, 5);
-  Responder({Qt::Key_S, Qt::Key_Return});
-  Boton("BotonBorrar");
-  EXPECT_THAT(Mensajes(),
-              ElementsAre(kUno, StartsWith("Se ha grabado, pero la línea elegida ya no está")));
-  Marca("ChkPagados");
-  EXPECT_EQ(Lista().TextMatrix(3, 2), "F2");
-  EXPECT_EQ(Lista().TextMatrix(3, 4), "232,00");
-}
-
-TEST_F(PagosSinGrabar, LoQueNoSeGrabaNoSigue) {
-  DobleCelda(5, 4);
-  QTest::keyClicks(&Vista<QLineEdit>("TxtMsf"), "999");
-  Celda(2, 3);
-  Responder({Qt::Key_S, Qt::Key_Return});
-  Marca("ChkPagados");
-  EXPECT_THAT(Mensajes(),
-              ElementsAre(kUno, "El Importe Pagado no puede ser mayor que el Importe del Recibo"));
-  EXPECT_TRUE(Vista<QCheckBox>("ChkPagados").isChecked());
-  EXPECT_EQ(Lista().TextMatrix(5, 4), "999,00");
-}
-
 TEST_F(PagosSinGrabar, ElEditorAbiertoSigueAbiertoAlCancelar) {
   DobleCelda(5, 4);
   auto& editor = Vista<QLineEdit>("TxtMsf");
@@ -325,7 +190,7 @@ TEST_F(PagosSinGrabar, LoQueYaNoSeAlcanzaAlContestarNoSigue) {
   });
   Marca("ChkPagados");
   EXPECT_TRUE(Pantalla().Lista.ChkPagados.Value());
-  EXPECT_EQ(Pantalla().Precaucion()->Cuantos(), 2) << "ni se graba";
+  EXPECT_EQ(Pantalla().Edicion.PagosSinGrabar(), 2) << "ni se graba";
 }
 
 TEST_F(PagosSinGrabar, AlAnfitrionSeLeDiceCuantosHay) {

@@ -1,8 +1,8 @@
-#include "qt/recuento.h"
+#include "shell/recuento.h"
 
 #include <utility>
 
-namespace qt {
+namespace shell {
 
 void Recuento::Decir(std::int32_t cuantos, const services::Ref<services::IForm>& principal) {
   if (principal.get() != principal_.get()) {
@@ -19,4 +19,4 @@ void Recuento::Avisar(std::int32_t cuantos) {
   }
 }
 
-}  // namespace qt
+}  // namespace shell

@@ -4,7 +4,7 @@
 
 #include "services/anfitrion.h"
 
-namespace qt {
+namespace shell {
 
 /// Tells the host's main form how many payments are not saved, when that changes and the form wants
 /// to know. When the screen goes there are none.
@@ -24,4 +24,4 @@ class Recuento {
   std::int32_t dicho_ = 0;
 };
 
-}  // namespace qt
+}  // namespace shell
