@@ -6,6 +6,7 @@
 #include <random>
 #include <set>
 
+#include "salvaguarda/adjunta.h"
 #include "salvaguarda/sql.h"
 #include "sqlite/momento.h"
 #include "valores/error.h"

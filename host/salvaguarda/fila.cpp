@@ -1,26 +1,12 @@
 #include "salvaguarda/fila.h"
 
 #include <algorithm>
-#include <array>
 
+#include "salvaguarda/tablas.h"
 #include "sqlite/momento.h"
 
 namespace salvaguarda {
 namespace {
-
-struct NombreDeTabla {
-  std::string_view Tabla;
-  std::string_view Una;
-  std::string_view Varias;
-};
-
-constexpr std::array kNombres{
-    NombreDeTabla{"ProvFacturas", "factura", "facturas"},
-    NombreDeTabla{"ProvBasesIva", "base de IVA", "bases de IVA"},
-    NombreDeTabla{"ProvVencimientos", "vencimiento", "vencimientos"},
-    NombreDeTabla{"ProvPrevisionPagos", "previsión", "previsiones"},
-    NombreDeTabla{"CajaPagos", "apunte de caja", "apuntes de caja"},
-};
 
 std::string DeFactura(const Fila& fila) {
   return fila.Factura + " de " + fila.Anio + " del concepto " + fila.NConcepto;
@@ -42,27 +28,32 @@ std::string Momento(const std::string& guardado) {
 }  // namespace
 
 std::string Nombre(const Fila& fila) {
-  if (fila.Tabla == "ProvPrevisionPagos") return "previsión del concepto " + fila.NConcepto;
-  if (fila.Tabla == "CajaPagos") {
-    return "apunte de caja de " + Momento(fila.Detalle) + " del concepto " + fila.NConcepto;
+  const Tabla* tabla = BuscarTabla(fila.Tabla);
+  if (tabla == nullptr) return fila.Tabla;
+  const std::string una(tabla->Una);
+  switch (tabla->Que) {
+    case Tabla::Cosa::Factura:
+      return una + " " + DeFactura(fila);
+    case Tabla::Cosa::Base:
+      return una + " " + fila.Detalle + " de la factura " + DeFactura(fila);
+    case Tabla::Cosa::Vencimiento:
+      return una + " " + Fecha(fila.Detalle) + " de la factura " + DeFactura(fila);
+    case Tabla::Cosa::Prevision:
+      return una + " del concepto " + fila.NConcepto;
+    case Tabla::Cosa::Apunte:
+      return una + " de " + Momento(fila.Detalle) + " del concepto " + fila.NConcepto;
   }
-  if (fila.Tabla == "ProvVencimientos") {
-    return "vencimiento " + Fecha(fila.Detalle) + " de la factura " + DeFactura(fila);
-  }
-  if (fila.Tabla == "ProvBasesIva") {
-    return "base de IVA " + fila.Detalle + " de la factura " + DeFactura(fila);
-  }
-  return "factura " + DeFactura(fila);
+  return una;
 }
 
 std::string Recuento(const std::vector<Fila>& filas) {
   std::string texto;
-  for (const NombreDeTabla& nombre : kNombres) {
-    const auto cuantas = std::ranges::count(filas, nombre.Tabla, &Fila::Tabla);
+  for (const Tabla& tabla : Tablas()) {
+    const auto cuantas = std::ranges::count(filas, tabla.Nombre, &Fila::Tabla);
     if (cuantas == 0) continue;
     if (!texto.empty()) texto += ", ";
     texto += std::to_string(cuantas) + " ";
-    texto += cuantas == 1 ? nombre.Una : nombre.Varias;
+    texto += cuantas == 1 ? tabla.Una : tabla.Varias;
   }
   return texto;
 }

@@ -5,6 +5,8 @@
 #include <fstream>
 #include <random>
 
+#include "salvaguarda/adjunta.h"
+#include "salvaguarda/consultas.h"
 #include "salvaguarda/sql.h"
 #include "valores/error.h"
 
@@ -12,7 +14,6 @@ namespace salvaguarda {
 namespace {
 
 using sql::Juntar;
-using sql::kDeFactura;
 using sql::Texto;
 
 std::string Retratar(std::string_view tabla, const std::string& filas) {
@@ -33,12 +34,13 @@ double Version(sqlite::Conexion& base) {
 
 /// Whether the copy and the picture have the same rows in the same order, as they do when nothing
 /// has changed: a look at each, which is soon done.
-bool DiceLoMismo(sqlite::Conexion& base, std::string_view tabla) {
-  const auto hay = base.Consultar(
-      Juntar({"SELECT (SELECT count(*) FROM copia.", tabla, ") = (SELECT count(*) FROM foto.",
-              tabla, ") AND NOT EXISTS (SELECT 1 FROM copia.", tabla, " a LEFT JOIN foto.", tabla,
-              " b ON b.rowid = a.rowid WHERE (", sql::Contenido(base, tabla, "a"), ") IS NOT (",
-              sql::Contenido(base, tabla, "b"), "))"}));
+bool DiceLoMismo(sqlite::Conexion& base, const Tabla& tabla) {
+  const std::vector<std::string> columnas = sql::Contenido(base, tabla);
+  const auto hay = base.Consultar(Juntar(
+      {"SELECT (SELECT count(*) FROM copia.", tabla.Nombre, ") = (SELECT count(*) FROM foto.",
+       tabla.Nombre, ") AND NOT EXISTS (SELECT 1 FROM copia.", tabla.Nombre, " a LEFT JOIN foto.",
+       tabla.Nombre, " b ON b.rowid = a.rowid WHERE (", sql::Valores(tabla, columnas, "a"),
+       ") IS NOT (", sql::Valores(tabla, columnas, "b"), "))"}));
   return hay.Filas.En(0, 0).Numero() != 0;
 }
 
@@ -46,6 +48,15 @@ bool DiceLoMismo(sqlite::Conexion& base, std::string_view tabla) {
 
 std::string FicheroDeFoto(const std::string& deTrabajo) {
   return std::filesystem::path(deTrabajo).replace_extension(".foto").string();
+}
+
+std::string SenaDeFoto(sqlite::Conexion& base) {
+  try {
+    const auto sena = base.Consultar("SELECT Sena FROM foto.Foto").Filas;
+    return sena.Cuantas() == 1 ? sena.En(0, 0).Texto() : "";
+  } catch (const services::ErrorEjecucion&) {
+    return "";
+  }
 }
 
 Foto::Foto(const std::string& almacenados, const std::string& fichero)
@@ -62,7 +73,7 @@ void Foto::Tomar(const Rango& rango) {
   std::string todo =
       Juntar({"DROP TABLE IF EXISTS foto.Claves;", sql::CrearClaves("foto", "Claves"),
               "INSERT OR IGNORE INTO foto.Claves ", sql::ClavesDelRango(rango), ";"});
-  for (const auto& tabla : kDeFactura) {
+  for (const Tabla& tabla : TablasDeFactura()) {
     todo += Retratar(tabla.Nombre, sql::FilasDe(tabla, "foto.Claves"));
   }
   todo += Retratar("ProvPrevisionPagos", sql::PrevisionesDe(rango));
@@ -89,7 +100,7 @@ bool Foto::SigueIgual() {
 
 bool Foto::Recuperar(const Rango& rango, const std::string& sena) {
   Olvidar();
-  if (sena.empty() || sql::SenaDeFoto(*conexion_) != sena) return false;
+  if (sena.empty() || SenaDeFoto(*conexion_) != sena) return false;
   rango_ = rango;
   sena_ = sena;
   return true;
@@ -99,8 +110,8 @@ void Foto::TomarDeCopia() {
   std::string todo =
       "DROP TABLE IF EXISTS foto.Foto; DELETE FROM foto.Claves; INSERT INTO foto.Claves SELECT * "
       "FROM copia.Claves;";
-  for (const std::string_view tabla : sql::kTablas) {
-    todo += Retratar(tabla, Juntar({"SELECT * FROM copia.", tabla}));
+  for (const Tabla& tabla : Tablas()) {
+    todo += Retratar(tabla.Nombre, Juntar({"SELECT * FROM copia.", tabla.Nombre}));
   }
   conexion_->Ejecutar(todo);
   version_.reset();
@@ -123,23 +134,24 @@ std::vector<Fila> Foto::Excluidas() {
   const std::string motivo = "CASE WHEN " + conConcepto +
                              " THEN 'sus blancos no son los de su factura' "
                              "ELSE 'su concepto no existe' END";
-  const std::string clave = ", t.NConcepto, trim(t.NFactura), t.Año, ";
+  const auto excluidas = [](const Tabla& tabla, const std::string& porque,
+                            const std::string& entra) {
+    return Juntar({"SELECT ", sql::ComoFila(tabla, "t", porque), " FROM foto.", tabla.Nombre,
+                   " t WHERE NOT (", entra, ")"});
+  };
+  const auto deFactura = TablasDeFactura();
   return sql::LeerFilas(
-      *conexion_,
-      "SELECT 'ProvFacturas', t.NConcepto, trim(t.Factura), t.Año, '', " + motivo +
-          " FROM foto.ProvFacturas t WHERE NOT (" + conConcepto + " AND " +
-          conVencimiento("t", "Factura") + ") UNION ALL SELECT 'ProvBasesIva'" + clave +
-          "t.Tipo, 'sus blancos no son los de su factura' FROM foto.ProvBasesIva t WHERE NOT " +
-          conVencimiento("t", "NFactura") + " UNION ALL SELECT 'ProvVencimientos'" + clave +
-          "t.FechaVto, " + motivo + " FROM foto.ProvVencimientos t WHERE NOT (" + conConcepto +
-          " AND " + conFactura +
-          ") UNION ALL SELECT 'ProvPrevisionPagos', t.NConcepto, '', '', t.Fecha1Vto, 'su concepto "
-          "no existe' FROM foto.ProvPrevisionPagos t WHERE NOT " +
-          conConcepto);
+      *conexion_, sql::Separar({excluidas(deFactura[0], motivo,
+                                          conConcepto + " AND " + conVencimiento("t", "Factura")),
+                                excluidas(deFactura[1], "'sus blancos no son los de su factura'",
+                                          conVencimiento("t", "NFactura")),
+                                excluidas(deFactura[2], motivo, conConcepto + " AND " + conFactura),
+                                excluidas(Previsiones(), "'su concepto no existe'", conConcepto)},
+                               " UNION ALL "));
 }
 
 std::vector<Fila> Foto::Cambiadas() {
-  if (!rango_ || std::ranges::all_of(sql::kTablas, [&](std::string_view tabla) {
+  if (!rango_ || std::ranges::all_of(Tablas(), [&](const Tabla& tabla) {
         return DiceLoMismo(*conexion_, tabla);
       })) {
     return {};
@@ -151,10 +163,10 @@ std::vector<Fila> Foto::Cambiadas() {
 namespace {
 
 /// The keys of the rows that a table of the copy and of the picture don't both have.
-std::string Distintas(sqlite::Conexion& base, std::string_view tabla, std::string_view clave) {
-  const std::string columnas = sql::Contenido(base, tabla, "t");
-  const std::string copia = Juntar({"SELECT ", columnas, " FROM copia.", tabla, " t"});
-  const std::string foto = Juntar({"SELECT ", columnas, " FROM foto.", tabla, " t"});
+std::string Distintas(sqlite::Conexion& base, const Tabla& tabla, std::string_view clave) {
+  const std::string columnas = sql::ValoresConNombre(tabla, sql::Contenido(base, tabla), "t");
+  const std::string copia = Juntar({"SELECT ", columnas, " FROM copia.", tabla.Nombre, " t"});
+  const std::string foto = Juntar({"SELECT ", columnas, " FROM foto.", tabla.Nombre, " t"});
   return Juntar({"SELECT ", clave, " FROM (", copia, " EXCEPT ", foto, ") UNION SELECT ", clave,
                  " FROM (", foto, " EXCEPT ", copia, ")"});
 }
@@ -175,7 +187,7 @@ std::string Motivo(const std::string& deTrabajo) {
 /// That the copy has something left of the invoice `d`.
 std::string QuedaAlgo() {
   std::string condicion;
-  for (const auto& tabla : kDeFactura) {
+  for (const Tabla& tabla : TablasDeFactura()) {
     condicion += Juntar({condicion.empty() ? "" : " OR ", "EXISTS (SELECT 1 FROM copia.",
                          tabla.Nombre, " t WHERE t.NConcepto = d.NConcepto AND trim(t.",
                          tabla.Numero, ") COLLATE ES = d.Factura AND t.Año = d.Año)"});
@@ -188,9 +200,9 @@ std::string QuedaAlgo() {
 std::string EnLaCopia(const Fila& fila) {
   std::string desde = Juntar({"SELECT 1 FROM copia.", fila.Tabla,
                               " t WHERE t.NConcepto COLLATE ES = ", Texto(fila.NConcepto)});
-  if (fila.Tabla == "ProvPrevisionPagos") return desde;
-  const auto tabla = std::ranges::find(kDeFactura, fila.Tabla, &sql::TablaDeFactura::Nombre);
-  if (tabla == kDeFactura.end()) return "";
+  const Tabla* tabla = BuscarTabla(fila.Tabla);
+  if (tabla == nullptr || tabla->Que == Tabla::Cosa::Apunte) return "";
+  if (tabla->Que == Tabla::Cosa::Prevision) return desde;
   return Juntar({desde, " AND trim(t.", tabla->Numero, ") COLLATE ES = ", Texto(fila.Factura),
                  " AND t.Año = ", Texto(fila.Anio)});
 }
@@ -199,9 +211,9 @@ std::string EnLaCopia(const Fila& fila) {
 
 std::string Foto::FacturasCambiadas() {
   std::string claves;
-  for (const auto& tabla : kDeFactura) {
+  for (const Tabla& tabla : TablasDeFactura()) {
     if (!claves.empty()) claves += " UNION ";
-    claves += Distintas(*conexion_, tabla.Nombre,
+    claves += Distintas(*conexion_, tabla,
                         Juntar({"NConcepto, trim(", tabla.Numero, ") AS Factura, Año"}));
   }
   const auto con = [](std::string_view donde, std::string_view alias) {
@@ -229,7 +241,7 @@ std::string Foto::PrevisionesCambiadas() {
   const std::string deTrabajo =
       "EXISTS (SELECT 1 FROM temp.PrevisionDeTrabajo w WHERE w.NConcepto = d.NConcepto)";
   return "SELECT 'ProvPrevisionPagos', d.NConcepto, '', '', '', " + Motivo(deTrabajo) + " FROM (" +
-         Distintas(*conexion_, "ProvPrevisionPagos", "NConcepto") +
+         Distintas(*conexion_, Previsiones(), "NConcepto") +
          ") d LEFT JOIN foto.ProvPrevisionPagos antes ON antes.NConcepto = d.NConcepto LEFT "
          "JOIN copia.ProvPrevisionPagos ahora ON ahora.NConcepto = d.NConcepto WHERE " +
          deTrabajo + " OR ahora.NConcepto IS NOT NULL";
@@ -249,7 +261,7 @@ std::string Foto::ApuntesCambiados() {
          "d.FechaHora, "
          "'lo ha cambiado ' || ifnull(ahora.ModificadoPor, 'otro usuario') || ', y volvería a ser "
          "como era' FROM (" +
-         Distintas(*conexion_, "CajaPagos", "idSucursal, FechaHora, Tipo") +
+         Distintas(*conexion_, Apuntes(), "idSucursal, FechaHora, Tipo") +
          ") d JOIN copia.CajaPagos ahora ON ahora.idSucursal = d.idSucursal AND ahora.FechaHora = "
          "d.FechaHora AND ahora.Tipo = d.Tipo";
 }

@@ -13,6 +13,9 @@ namespace salvaguarda {
 /// The file of the picture that belongs to a working file.
 [[nodiscard]] std::string FicheroDeFoto(const std::string& deTrabajo);
 
+/// The sign of the picture in the attached file `foto`; empty where there is no whole one.
+[[nodiscard]] std::string SenaDeFoto(sqlite::Conexion& base);
+
 /// The stored rows that a commit of a range would touch, as they were at one moment: its invoices
 /// with their bases and due dates, the forecasts, and the cash entries that a load brings. Taken by
 /// a connection of its own to the stored file, which sees what is durable, whatever another has

@@ -2,8 +2,8 @@
 
 #include <algorithm>
 
-#include "esquema/definiciones.h"
 #include "salvaguarda/sql.h"
+#include "salvaguarda/tablas.h"
 #include "valores/error.h"
 #include "valores/texto.h"
 
@@ -12,11 +12,6 @@ namespace {
 
 using services::Omision;
 using services::Valor;
-
-/// The stored table of a working one, or of itself.
-std::string Almacenada(const std::string& tabla) {
-  return tabla.starts_with("Temp") ? tabla.substr(4) : tabla;
-}
 
 std::string Campo(const Omision& omision, std::string_view nombre) {
   const auto campo = std::ranges::find(omision.Fila, nombre, &Omision::Campo::Nombre);
@@ -29,21 +24,14 @@ bool DeUnaFactura(const Omision& omision) {
 }
 
 Fila ComoFila(const Omision& omision) {
-  Fila fila{Almacenada(omision.Tabla),
-            Campo(omision, "NConcepto"),
-            std::string(services::Trim(Campo(omision, "NFactura"))),
-            Campo(omision, "Año"),
-            "",
-            omision.Fallo.Descripcion()};
-  if (DeUnaFactura(omision)) fila.Tabla = "ProvFacturas";
-  if (fila.Tabla == "ProvFacturas") fila.Factura = services::Trim(Campo(omision, "Factura"));
-  if (fila.Tabla == "ProvBasesIva") fila.Detalle = Campo(omision, "Tipo");
-  if (fila.Tabla == "ProvVencimientos") fila.Detalle = Campo(omision, "FechaVto");
-  if (fila.Tabla == "CajaPagos") {
-    fila.NConcepto = Campo(omision, "Tipo");
-    fila.Detalle = Campo(omision, "FechaHora");
-  }
-  return fila;
+  const Tabla* tabla = BuscarTabla(DeUnaFactura(omision) ? "ProvFacturas" : omision.Tabla);
+  if (tabla == nullptr) return {omision.Tabla, "", "", "", "", omision.Fallo.Descripcion()};
+  return {std::string(tabla->Nombre),
+          Campo(omision, tabla->Concepto),
+          std::string(services::Trim(Campo(omision, tabla->Numero))),
+          Campo(omision, tabla->Anio),
+          Campo(omision, tabla->Detalle),
+          omision.Fallo.Descripcion()};
 }
 
 std::string Literal(const Valor& valor) {
@@ -54,18 +42,14 @@ std::string Literal(const Valor& valor) {
 }
 
 /// The condition that finds the row by its key; empty where it isn't known whole.
-std::string PorSuClave(const Omision& omision) {
-  const auto tablas = esquema::Almacenadas();
-  const auto tabla = std::ranges::find(tablas, omision.Tabla, &esquema::Tabla::Nombre);
-  if (tabla == tablas.end()) return "";
-  std::string condicion;
-  for (const std::string_view nombre : tabla->Clave) {
+std::string PorSuClave(const Omision& omision, const Tabla& tabla) {
+  std::vector<std::string> condiciones;
+  for (const std::string_view nombre : tabla.Clave()) {
     const auto campo = std::ranges::find(omision.Fila, nombre, &Omision::Campo::Nombre);
     if (campo == omision.Fila.end() || campo->Valor.EsNulo()) return "";
-    condicion +=
-        sql::Juntar({condicion.empty() ? "" : " AND ", nombre, " = ", Literal(campo->Valor)});
+    condiciones.push_back(sql::Juntar({nombre, " = ", Literal(campo->Valor)}));
   }
-  return condicion;
+  return sql::Separar(condiciones, " AND ");
 }
 
 bool DicenLoMismo(const Valor& a, const Valor& b) {
@@ -75,14 +59,16 @@ bool DicenLoMismo(const Valor& a, const Valor& b) {
 /// Whether the stored table holds the row as it was to be written. What can't be looked at is not
 /// there.
 bool EstaIgual(const Omision& omision, sqlite::Conexion& almacenados) try {
-  const std::string condicion = PorSuClave(omision);
+  const Tabla* tabla = BuscarTabla(omision.Tabla);
+  if (tabla == nullptr) return false;
+  const std::string condicion = PorSuClave(omision, *tabla);
   if (condicion.empty()) return false;
   const auto hallada =
       almacenados.Consultar(sql::Juntar({"SELECT * FROM ", omision.Tabla, " WHERE ", condicion}));
   if (hallada.Filas.Cuantas() != 1) return false;
   for (std::size_t i = 0; i < hallada.Columnas.size(); ++i) {
     const std::string& nombre = hallada.Columnas[i].Nombre;
-    if (nombre == "Actualizado" || nombre == "ModificadoPor") continue;
+    if (!tabla->EsContenido(nombre)) continue;
     const auto campo = std::ranges::find(omision.Fila, nombre, &Omision::Campo::Nombre);
     if (campo != omision.Fila.end() && !DicenLoMismo(campo->Valor, hallada.Filas.En(0, i))) {
       return false;
