@@ -2,27 +2,14 @@
 
 #include <algorithm>
 
+#include "salvaguarda/dicho.h"
 #include "salvaguarda/tablas.h"
-#include "sqlite/momento.h"
 
 namespace salvaguarda {
 namespace {
 
 std::string DeFactura(const Fila& fila) {
   return fila.Factura + " de " + fila.Anio + " del concepto " + fila.NConcepto;
-}
-
-/// A stored date as users write it; any other text as it is.
-std::string Fecha(const std::string& guardada) {
-  const bool cifras = std::ranges::all_of(guardada, [](char c) { return c >= '0' && c <= '9'; });
-  if (guardada.size() != 8 || !cifras) return guardada;
-  return guardada.substr(6, 2) + "/" + guardada.substr(4, 2) + "/" + guardada.substr(0, 4);
-}
-
-/// A stored moment alike.
-std::string Momento(const std::string& guardado) {
-  const auto momento = sqlite::LeerMomento(guardado);
-  return momento ? services::TextoDeFecha(*momento) : guardado;
 }
 
 }  // namespace
@@ -37,11 +24,11 @@ std::string Nombre(const Fila& fila) {
     case Tabla::Cosa::Base:
       return una + " " + fila.Detalle + " de la factura " + DeFactura(fila);
     case Tabla::Cosa::Vencimiento:
-      return una + " " + Fecha(fila.Detalle) + " de la factura " + DeFactura(fila);
+      return una + " " + FechaDicha(fila.Detalle) + " de la factura " + DeFactura(fila);
     case Tabla::Cosa::Prevision:
       return una + " del concepto " + fila.NConcepto;
     case Tabla::Cosa::Apunte:
-      return una + " de " + Momento(fila.Detalle) + " del concepto " + fila.NConcepto;
+      return una + " de " + MomentoDicho(fila.Detalle) + " del concepto " + fila.NConcepto;
   }
   return una;
 }

@@ -5,6 +5,7 @@
 
 #include "platform/carpeta_temporal.h"
 #include "salvaguarda/comienzo.h"
+#include "salvaguarda/dicho.h"
 #include "salvaguarda/fila.h"
 #include "salvaguarda/registro.h"
 
@@ -43,6 +44,13 @@ TEST(FilaDicha, CadaTablaTieneSuNombre) {
   EXPECT_EQ(Nombre(Fila{"ProvPrevisionPagos", "403", "", ""}), "previsión del concepto 403");
   EXPECT_EQ(Nombre(Fila{"CajaPagos", "400", "", "", "2005-03-02 09:30:00"}),
             "apunte de caja de 02/03/2005 9:30:00 del concepto 400");
+}
+
+TEST(ValorDicho, UnaFechaQueNoExisteSeDiceComoEsta) {
+  EXPECT_EQ(salvaguarda::FechaDicha("20050310"), "10/03/2005");
+  EXPECT_EQ(salvaguarda::FechaDicha("20051310"), "20051310");
+  EXPECT_EQ(salvaguarda::FechaDicha("2005031"), "2005031");
+  EXPECT_EQ(salvaguarda::MomentoDicho("ayer"), "ayer");
 }
 
 TEST(FilaDicha, SeCuentanPorTablas) {
