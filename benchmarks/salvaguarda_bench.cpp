@@ -48,9 +48,9 @@ Parte Medir(const apoyo::NegocioDePrueba& negocio) {
   const auto temp = negocio.AbrirTemp();
   salvaguarda::Guardia guardia(
       {datos, temp, negocio.FicheroDatos(), carpeta.Fichero("trabajo.foto")},
-      {carpeta.Fichero("copias"), carpeta.Fichero("registro.txt")}, "ANA");
-  guardia.Ahora = [] { return apoyo::kMarzo; };
-  guardia.Preguntar = [](const std::string& pregunta) -> bool { throw std::logic_error(pregunta); };
+      {carpeta.Fichero("copias"), carpeta.Fichero("registro.txt")}, "ANA",
+      {[] { return apoyo::kMarzo; },
+       [](const std::string& pregunta) -> bool { throw std::logic_error(pregunta); }});
   apoyo::SesionSinPantalla sesion{services::Ref<services::Conexion>(datos),
                                   services::Ref<services::Conexion>(temp), apoyo::kMarzo,
                                   apoyo::kRangoDeMarzo};

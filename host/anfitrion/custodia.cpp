@@ -35,13 +35,13 @@ Custodia::Custodia(QWidget& ventana, const Datos& datos, const Opciones& opcione
                                   salvaguarda::FicheroDeFoto(datos.NombreDeTrabajo)},
       salvaguarda::Guardia::Lugares{almacenados.parent_path() / "copias" / almacenados.stem(),
                                     deTrabajo.parent_path() / "registro.txt"},
-      opciones.Usuario.toStdString());
-  guardia_->Ahora = &Ahora;
-  guardia_->AvisarDeOtros = opciones.AvisarDeOtros;
-  guardia_->Preguntar = [this](const std::string& pregunta) {
-    return Elegir({QString::fromStdString(pregunta), {"Sí", "No"}, 1, 1}) == 0;
-  };
-  guardia_->AlHaberQueContar = [this] { ContarDespues(); };
+      opciones.Usuario.toStdString(),
+      salvaguarda::Trato{
+          &Ahora,
+          [this](const std::string& pregunta) {
+            return Elegir({QString::fromStdString(pregunta), {"Sí", "No"}, 1, 1}) == 0;
+          },
+          [this] { ContarDespues(); }, opciones.AvisarDeOtros});
   almacenados_ = services::Crear<salvaguarda::ConexionGuardada>(datos.Almacenados, guardia_);
   Elegir = [this](const PreguntaConTexto& pregunta) { return Preguntar(ventana_, pregunta); };
 }
@@ -74,7 +74,7 @@ void Custodia::Contar() try {
 
 void Custodia::CopiarElDia() {
   try {
-    guardia_->LasCopias().GuardarEntera(datos_.NombreAlmacenados, Ahora());
+    guardia_->CopiarElDia();
   } catch (const std::exception& fallo) {
     guardia_->Anotar(std::string("No se ha podido copiar el fichero entero: ") + fallo.what());
     Decir("No se ha podido guardar la copia de hoy de las tablas de la empresa: " +
@@ -154,13 +154,12 @@ void Custodia::Recuperar(const std::function<bool()>& cerrar) {
   DialogoCopias dialogo(ventana_, *guardia_);
   if (dialogo.exec() != QDialog::Accepted) return;
   const salvaguarda::Copia& elegida = dialogo.Elegida();
-  guardia_->LasCopias().Reservar(elegida);
+  guardia_->Reservar(elegida);
   if (!cerrar()) {
     return Decir("No se ha recuperado la copia: Tesvara de Pagos sigue abierto.");
   }
   try {
-    salvaguarda::Reponer(*datos_.Almacenados, guardia_->LaFoto().Conexion(), elegida,
-                         guardia_->LasCopias(), Ahora(), guardia_->Usuario());
+    guardia_->Reponer(elegida);
     guardia_->Anotar("Recuperada la copia " + elegida.Fichero.string());
     Decir("La copia está recuperada. Lo que había hasta ahora queda en otra.");
   } catch (const std::exception& fallo) {

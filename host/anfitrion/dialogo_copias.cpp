@@ -53,7 +53,7 @@ QString Resumen(const Reposicion& reposicion) {
 DialogoCopias::DialogoCopias(QWidget& ventana, salvaguarda::Guardia& guardia)
     : QDialog(&ventana),
       guardia_(guardia),
-      copias_(guardia.LasCopias().Guardadas()),
+      copias_(guardia.Copias()),
       comparadas_(copias_.size()),
       tabla_(new QTableWidget(static_cast<int>(copias_.size()), static_cast<int>(kTitulos.size()))),
       resumen_(new QLabel),
@@ -145,7 +145,7 @@ const Reposicion& DialogoCopias::Comparada(std::size_t cual) {
   QString motivo;
   comparada.emplace();
   try {
-    comparada = salvaguarda::Comparar(guardia_.LaFoto().Conexion(), copias_[cual]);
+    comparada = guardia_.Comparar(copias_[cual]);
     distintas = QString::number(comparada->Cuantas());
   } catch (const services::ErrorEjecucion& fallo) {
     motivo = QString::fromStdString(fallo.Descripcion());

@@ -88,6 +88,13 @@ bool Contiene(const std::vector<Fila>& filas, const Fila& una) {
   return std::ranges::any_of(filas, [&](const Fila& otra) { return MismaFila(otra, una); });
 }
 
+/// Where a row belongs that isn't as it was to be.
+std::vector<Fila>& Destino(Omitidas& omitidas, const Omision& omision) {
+  if (omision.Que == Omision::Falta::Valor) return omitidas.Incompletas;
+  const bool apunte = omision.Tabla == "TempCajaPagos";
+  return apunte ? omitidas.Apuntes : omitidas.Filas;
+}
+
 }  // namespace
 
 Omitidas Clasificar(const std::vector<Omision>& omisiones, Omision::Tarea durante,
@@ -100,8 +107,7 @@ Omitidas Clasificar(const std::vector<Omision>& omisiones, Omision::Tarea durant
     } else if (DeUnaFactura(omision)) {
       omitidas.SinApuntes.push_back(ComoFila(omision));
     } else if (durante == Omision::Tarea::Carga || !EstaIgual(omision, almacenados)) {
-      auto& filas = omision.Que == Omision::Falta::Fila ? omitidas.Filas : omitidas.Incompletas;
-      filas.push_back(ComoFila(omision));
+      Destino(omitidas, omision).push_back(ComoFila(omision));
     }
   }
   std::vector<Fila> incompletas;

@@ -6,6 +6,7 @@
 #include "salvaguarda/adjunta.h"
 #include "salvaguarda/ambito.h"
 #include "salvaguarda/consultas.h"
+#include "salvaguarda/copia_en_curso.h"
 #include "salvaguarda/sql.h"
 
 namespace salvaguarda {
@@ -134,7 +135,7 @@ void Reponer(sqlite::Conexion& almacenados, sqlite::Conexion& lectura, const Cop
   UnidadDeReposicion unidad(almacenados);
   {
     const sql::Adjunta vieja(lectura, copia.Fichero.string(), "vieja");
-    copias.Guardar(lectura, CopiaDeCopia("vieja"), {momento, usuario, {}});
+    CopiaEnCurso(copias, lectura, CopiaDeCopia("vieja"), {momento, usuario, {}}).Terminar();
   }
   PrepararClaves(almacenados);
   std::string todo;

@@ -67,14 +67,34 @@ TEST_F(Guardia, ConNoNoSeGrabaNadaYSePuedeGrabarDespues) {
 TEST_F(Guardia, VuelveAPreguntarPorLoQueCambiaMientrasSePregunta) {
   Cargar();
   Otro("UPDATE ProvFacturas SET Total = 1 WHERE Factura = 'F000001'");
-  guardia->Preguntar = [this](const std::string& pregunta) {
-    Preguntas.push_back(pregunta);
+  MientrasPregunta = [this] {
     if (Preguntas.size() == 1) Otro("UPDATE ProvFacturas SET Total = 2 WHERE Factura = 'F000002'");
-    return true;
   };
   Grabar();
   ASSERT_THAT(Preguntas, SizeIs(2));
   EXPECT_THAT(Preguntas[1], AllOf(HasSubstr("F000002"), Not(HasSubstr("F000001"))));
+}
+
+TEST_F(Guardia, MientrasSePreguntaNoHayCopiaNiCerrojo) {
+  Cargar();
+  Otro("UPDATE ProvFacturas SET Total = 1 WHERE Factura = 'F000001'");
+  MientrasPregunta = [this] {
+    EXPECT_TRUE(std::filesystem::is_empty(Carpeta() + "/copias"));
+    Otro("UPDATE CajaPagos SET Observaciones = 'nadie espera'");
+  };
+  Respuesta = false;
+  EXPECT_NE(apoyo::NumeroDeError([this] { Grabar(); }), 0);
+  EXPECT_THAT(Preguntas, SizeIs(1));
+  EXPECT_TRUE(std::filesystem::is_empty(Carpeta() + "/copias"));
+}
+
+TEST_F(Guardia, LoQueGrabarNoEscribeDeUnApunteNoSePregunta) {
+  Cargar();
+  Otro("UPDATE CajaPagos SET Observaciones = 'anotado', ModificadoPor = 'EVA'");
+  Grabar();
+  EXPECT_THAT(Preguntas, IsEmpty());
+  EXPECT_EQ(Consulta("SELECT DISTINCT Observaciones FROM CajaPagos"),
+            std::vector<std::string>{"anotado"});
 }
 
 TEST_F(Guardia, LoMismoNoSeCuentaDosVeces) {
@@ -93,13 +113,12 @@ TEST_F(Guardia, LosPagosEscritosSiguenEnLaCopiaSiSeMuereAlPreguntar) {
   temp->EmpezarUnidad();
   Trabajar("UPDATE TempProvVencimientos SET Pagado = 3 WHERE FechaVto = '20050302'");
   Otro("UPDATE ProvFacturas SET Total = 1 WHERE Factura = 'F000001'");
-  guardia->Preguntar = [this](const std::string&) {
+  MientrasPregunta = [this] {
     const auto otra = Negocio().AbrirTemp();
     EXPECT_EQ(otra->Consultar("SELECT Pagado FROM TempProvVencimientos WHERE FechaVto = '20050302'")
                   .Filas.En(0, 0)
                   .Numero(),
               3);
-    return true;
   };
   Grabar();
 }
@@ -215,10 +234,11 @@ TEST_F(Guardia, UnNumeroQueYaEstaEnOtrasFechasSePregunta) {
 }
 
 TEST_F(Guardia, SinLaOpcionNoPreguntaPorLosOtros) {
-  guardia->AvisarDeOtros = false;
-  Cargar();
+  const auto callada = OtraGuardia(false);
+  callada->AlComenzar({salvaguarda::Comienzo::Tarea::Carga, {"20050301", "20050331"}});
   Otro("UPDATE ProvFacturas SET Total = 99.5 WHERE Factura = 'F000001'");
-  Grabar();
+  callada->AlComenzar({salvaguarda::Comienzo::Tarea::Grabacion, {"20050301", "20050331"}});
+  datos->AbandonarUnidad();
   EXPECT_THAT(Preguntas, IsEmpty());
 }
 
