@@ -5,15 +5,14 @@
 #include "anfitrion/dialogo_copias.h"
 #include "anfitrion/fechas.h"
 #include "salvaguarda/conexion_guardada.h"
+#include "salvaguarda/noticia.h"
+#include "salvaguarda/relacion.h"
 #include "valores/error.h"
 
 namespace anfitrion {
 namespace {
 
 namespace fs = std::filesystem;
-
-/// As many rows as anyone reads through.
-constexpr std::size_t kALaVista = 100;
 
 /// The answers to the offer, the harmless one first.
 enum { kAparte, kSinElla, kComoEstaba };
@@ -98,8 +97,10 @@ QString Custodia::TextoDe(const salvaguarda::Rescate& rescate) const {
            ", y no se puede abrir aquí: puede guardarla aparte en un fichero, o seguir sin ella.";
   }
   return suya + ", tiene filas que no están así en las tablas de la empresa (" +
-         QString::fromStdString(salvaguarda::Recuento(rescate.Filas)) +
-         "):" + QString::fromStdString(salvaguarda::Relacion(rescate.Filas, kALaVista)) +
+         QString::fromStdString(salvaguarda::Recuento(rescate.Filas)) + "):" +
+         QString::fromStdString(
+             salvaguarda::Relatar(rescate.Filas, guardia_->Conceptos(), salvaguarda::kALaVista)
+                 .Texto) +
          "\n\nLos pagos que solo estaban escritos en la lista no están en ella.\n\n" + queHacer;
 }
 
@@ -116,8 +117,8 @@ bool Custodia::OfrecerRescate() {
 }
 
 void Custodia::Ofrecer(const salvaguarda::Rescate& rescate) {
-  guardia_->Anotar("Quedó una copia de trabajo sin grabar:" +
-                   salvaguarda::Relacion(rescate.Filas, rescate.Filas.size()));
+  guardia_->Anotar(
+      ParaAnotar({"Quedó una copia de trabajo sin grabar", rescate.Filas}, guardia_->Conceptos()));
   const int respuesta = Elegir({TextoDe(rescate), RespuestasA(rescate), 0, 0});
   if (respuesta == kSinElla) return guardia_->Anotar("Se sigue sin la copia de trabajo que quedó");
   // Also when it is opened: what is closed without saving is then still there.

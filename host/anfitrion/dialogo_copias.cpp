@@ -12,6 +12,7 @@
 
 #include "anfitrion/dialogo_de_texto.h"
 #include "anfitrion/fechas.h"
+#include "salvaguarda/relacion.h"
 #include "valores/error.h"
 
 namespace anfitrion {
@@ -24,9 +25,6 @@ enum Columna { kMomento, kUsuario, kDesde, kHasta, kFacturas, kVencimientos, kDi
 const QStringList kTitulos{"Momento",  "Usuario",      "Desde",          "Hasta",
                            "Facturas", "Vencimientos", "Filas distintas"};
 
-/// Enough for anyone to see what it is about.
-constexpr std::size_t kDeCadaClase = 200;
-
 void Poner(QTableWidget& tabla, int fila, Columna columna, const QString& texto) {
   auto* celda = new QTableWidgetItem(texto);
   celda->setFlags(Qt::ItemIsSelectable | Qt::ItemIsEnabled);
@@ -34,10 +32,11 @@ void Poner(QTableWidget& tabla, int fila, Columna columna, const QString& texto)
   tabla.setItem(fila, columna, celda);
 }
 
-QString Apartado(const QString& titulo, const std::vector<salvaguarda::Fila>& filas) {
+QString Apartado(const QString& titulo, const std::vector<salvaguarda::Fila>& filas,
+                 const salvaguarda::Conceptos& conceptos) {
   if (filas.empty()) return "";
   return titulo + " " + QString::fromStdString(Recuento(filas)) + ":" +
-         QString::fromStdString(Relacion(filas, kDeCadaClase)) + "\n\n";
+         QString::fromStdString(Relatar(filas, conceptos, salvaguarda::kALaVista).Texto) + "\n\n";
 }
 
 QString Resumen(const Reposicion& reposicion) {
@@ -53,6 +52,7 @@ QString Resumen(const Reposicion& reposicion) {
 DialogoCopias::DialogoCopias(QWidget& ventana, salvaguarda::Guardia& guardia)
     : QDialog(&ventana),
       guardia_(guardia),
+      conceptos_(guardia.Conceptos()),
       copias_(guardia.Copias()),
       comparadas_(copias_.size()),
       tabla_(new QTableWidget(static_cast<int>(copias_.size()), static_cast<int>(kTitulos.size()))),
@@ -162,9 +162,9 @@ void DialogoCopias::MostrarElegida() {
   const Reposicion& reposicion = Comparada(static_cast<std::size_t>(Fila()));
   const QString motivo = tabla_->item(Fila(), kDistintas)->toolTip();
   resumen_->setText(motivo.isEmpty() ? Resumen(reposicion) : "No se puede leer: " + motivo);
-  cambios_->setPlainText((Apartado("Vuelven", reposicion.Vuelven) +
-                          Apartado("Se van", reposicion.SeVan) +
-                          Apartado("Vuelven a ser como eran", reposicion.Cambian))
+  cambios_->setPlainText((Apartado("Vuelven", reposicion.Vuelven, conceptos_) +
+                          Apartado("Se van", reposicion.SeVan, conceptos_) +
+                          Apartado("Vuelven a ser como eran", reposicion.Cambian, conceptos_))
                              .trimmed());
   recuperar_->setEnabled(reposicion.Cuantas() > 0);
 }

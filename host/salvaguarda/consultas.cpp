@@ -11,6 +11,7 @@ std::string ComoQueda(const Tabla& tabla, std::string_view columna, std::string_
   if (columna == "BIRPF" || columna == "TipoIRPF" || columna == "IRPF") {
     return "CASE WHEN ifnull(" + valor + ", 1) = 1 THEN 0 ELSE " + valor + " END";
   }
+  if (columna == "FechaHora") return "MOMENTO(" + valor + ")";
   if (tabla.Que != Tabla::Cosa::Apunte) return valor;
   const bool enlace = columna == tabla.Numero || columna == tabla.Anio;
   return enlace ? "ifnull(" + valor + ", '')" : valor;
@@ -99,12 +100,16 @@ std::vector<std::string> Contenido(sqlite::Conexion& base, const Tabla& tabla) {
   return columnas;
 }
 
-std::string ComoFila(const Tabla& tabla, std::string_view alias, std::string_view motivo) {
+std::string ComoFila(const Tabla& tabla, std::string_view alias) {
   const auto texto = [&](std::string_view columna) {
     return columna.empty() ? "''" : Juntar({"ifnull(", alias, ".", columna, ", '')"});
   };
   return Juntar({"'", tabla.Nombre, "', ", texto(tabla.Concepto), ", trim(", texto(tabla.Numero),
-                 "), ", texto(tabla.Anio), ", ", texto(tabla.Detalle), ", ", motivo});
+                 "), ", texto(tabla.Anio), ", ", texto(tabla.Detalle)});
+}
+
+std::string ComoFila(const Tabla& tabla, std::string_view alias, std::string_view motivo) {
+  return Juntar({ComoFila(tabla, alias), ", ", motivo});
 }
 
 std::vector<Fila> LeerFilas(sqlite::Conexion& base, std::string_view consulta) {

@@ -44,10 +44,12 @@ namespace salvaguarda::sql {
 /// The columns that a stored table has and that tell what a row says.
 [[nodiscard]] std::vector<std::string> Contenido(sqlite::Conexion& base, const Tabla& tabla);
 
-/// The columns of a `Fila` from the row of that name; `motivo` is an expression.
+/// The columns of a `Fila` from the row of that name, up to its detail.
+[[nodiscard]] std::string ComoFila(const Tabla& tabla, std::string_view alias);
+/// The same with what is the matter with it, an expression.
 [[nodiscard]] std::string ComoFila(const Tabla& tabla, std::string_view alias,
                                    std::string_view motivo);
-/// The rows of a query of such columns.
+/// The rows of a query of the latter.
 [[nodiscard]] std::vector<Fila> LeerFilas(sqlite::Conexion& base, std::string_view consulta);
 
 }  // namespace salvaguarda::sql

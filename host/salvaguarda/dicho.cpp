@@ -4,6 +4,7 @@
 
 #include "sqlite/momento.h"
 #include "valores/fecha.h"
+#include "valores/formato.h"
 #include "valores/texto.h"
 
 namespace salvaguarda {
@@ -18,6 +19,15 @@ std::string FechaDicha(const std::string& guardada) {
 std::string MomentoDicho(const std::string& guardado) {
   const auto momento = sqlite::LeerMomento(guardado);
   return momento ? services::TextoDeFecha(*momento) : guardado;
+}
+
+std::string ImporteDicho(const services::Valor& importe) {
+  return services::Mascara(importe);
+}
+
+std::string PagadoDicho(const services::Valor& pagado) {
+  const std::string importe = ImporteDicho(pagado);
+  return importe.empty() || importe == "0,00" ? "nada" : importe;
 }
 
 }  // namespace salvaguarda

@@ -2,35 +2,22 @@
 
 #include <algorithm>
 
-#include "salvaguarda/dicho.h"
 #include "salvaguarda/tablas.h"
+#include "valores/texto.h"
 
 namespace salvaguarda {
-namespace {
 
-std::string DeFactura(const Fila& fila) {
-  return fila.Factura + " de " + fila.Anio + " del concepto " + fila.NConcepto;
+bool SinCaso::operator()(const std::string& a, const std::string& b) const {
+  return services::CompararTexto(a, b) < 0;
 }
 
-}  // namespace
-
-std::string Nombre(const Fila& fila) {
-  const Tabla* tabla = BuscarTabla(fila.Tabla);
-  if (tabla == nullptr) return fila.Tabla;
-  const std::string una(tabla->Una);
-  switch (tabla->Que) {
-    case Tabla::Cosa::Factura:
-      return una + " " + DeFactura(fila);
-    case Tabla::Cosa::Base:
-      return una + " " + fila.Detalle + " de la factura " + DeFactura(fila);
-    case Tabla::Cosa::Vencimiento:
-      return una + " " + FechaDicha(fila.Detalle) + " de la factura " + DeFactura(fila);
-    case Tabla::Cosa::Prevision:
-      return una + " del concepto " + fila.NConcepto;
-    case Tabla::Cosa::Apunte:
-      return una + " de " + MomentoDicho(fila.Detalle) + " del concepto " + fila.NConcepto;
+bool PorSuClave::operator()(const Fila& a, const Fila& b) const {
+  for (const auto parte :
+       {&Fila::Tabla, &Fila::NConcepto, &Fila::Factura, &Fila::Anio, &Fila::Detalle}) {
+    const int orden = services::CompararTexto(a.*parte, b.*parte);
+    if (orden != 0) return orden < 0;
   }
-  return una;
+  return false;
 }
 
 std::string Recuento(const std::vector<Fila>& filas) {
@@ -41,18 +28,6 @@ std::string Recuento(const std::vector<Fila>& filas) {
     if (!texto.empty()) texto += ", ";
     texto += std::to_string(cuantas) + " ";
     texto += cuantas == 1 ? tabla.Una : tabla.Varias;
-  }
-  return texto;
-}
-
-std::string Relacion(const std::vector<Fila>& filas, std::size_t hasta) {
-  std::string texto;
-  for (std::size_t i = 0; i < filas.size() && i < hasta; ++i) {
-    texto += "\n· " + Nombre(filas[i]);
-    if (!filas[i].Motivo.empty()) texto += ": " + filas[i].Motivo;
-  }
-  if (filas.size() > hasta) {
-    texto += "\n… y " + std::to_string(filas.size() - hasta) + " más";
   }
   return texto;
 }

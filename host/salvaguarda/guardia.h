@@ -5,9 +5,10 @@
 #include <vector>
 
 #include "salvaguarda/comienzo.h"
+#include "salvaguarda/conceptos.h"
 #include "salvaguarda/copias.h"
+#include "salvaguarda/cotejo.h"
 #include "salvaguarda/fila.h"
-#include "salvaguarda/foto.h"
 #include "salvaguarda/noticia.h"
 #include "salvaguarda/recuperacion.h"
 #include "salvaguarda/registro.h"
@@ -59,6 +60,10 @@ class Guardia {
   /// over and is stored all the same isn't told.
   [[nodiscard]] Relato Contar();
   void Anotar(std::string_view texto);
+  /// What the concepts are called now.
+  [[nodiscard]] salvaguarda::Conceptos Conceptos() {
+    return salvaguarda::Conceptos::Leer(cotejo_.Conexion());
+  }
 
   /// The copies of rows, the last one first.
   [[nodiscard]] std::vector<Copia> Copias() const { return copias_.Guardadas(); }
@@ -76,29 +81,19 @@ class Guardia {
  private:
   void AlCargar(const Rango& rango);
   void AlGrabar(const Rango& rango);
-  /// Copies what is to be written, and sees what others have changed of it since it was last looked
-  /// at. The copy stays only when nothing speaks against the commit.
-  [[nodiscard]] Reparos Copiar(const Rango& rango);
-  [[nodiscard]] std::string FilasDeLaCopia(const Rango& rango);
-  void Comparar();
   /// Whether the user wants to go on in spite of that.
   [[nodiscard]] bool Confirmar(const Reparos& reparos);
   /// Notes that the working copy misses a table.
   void DarPorIncompleta();
-  void Decir(const Noticia& noticia);
-  void DecirNoCargadas(std::vector<Fila> deLaCarga);
+  void Decir(const Noticia& noticia, const salvaguarda::Conceptos& conceptos);
 
   Bases bases_;
-  Foto foto_;
+  Cotejo cotejo_;
   salvaguarda::Copias copias_;
   Registro registro_;
   std::string usuario_;
   Trato trato_;
   std::vector<services::Omision> omisiones_;
-  /// What is known to speak against a commit, until the user agrees to it.
-  Reparos reparos_;
-  /// Whether nothing was stored since the picture.
-  bool sinCambios_ = false;
   std::vector<Fila> yaDichas_;
   Relato relato_;
 };

@@ -1,27 +1,28 @@
 #include "salvaguarda/noticia.h"
 
-#include <limits>
+#include "salvaguarda/relacion.h"
 
 namespace salvaguarda {
 namespace {
 
-constexpr std::size_t kALaVista = 100;
-constexpr std::size_t kTodas = std::numeric_limits<std::size_t>::max();
-
-std::string Texto(const Noticia& noticia, std::size_t hasta) {
-  if (noticia.Filas.empty()) return noticia.Frase;
-  return noticia.Frase + " (" + Recuento(noticia.Filas) + "):" + Relacion(noticia.Filas, hasta);
+std::string Con(const Noticia& noticia, const Relacion& relacion) {
+  return noticia.Frase + " (" + Recuento(noticia.Filas) + "):" + relacion.Texto;
 }
 
 }  // namespace
 
-std::string ParaLeer(const Noticia& noticia) {
-  const bool entera = noticia.Filas.size() <= kALaVista;
-  return Texto(noticia, kALaVista) + (entera ? "" : ", que están en registro.txt");
+std::string ParaLeer(const Noticia& noticia, const Conceptos& conceptos) {
+  if (noticia.Filas.empty()) return noticia.Frase;
+  const Relacion aLaVista = Relatar(noticia.Filas, conceptos, kALaVista);
+  if (aLaVista.QueFaltan == 0) return Con(noticia, aLaVista);
+  const bool todas = Relatar(noticia.Filas, conceptos, kEnElRegistro).QueFaltan == 0;
+  return Con(noticia, aLaVista) +
+         (todas ? ", que están en registro.txt" : "; más de ellas, en registro.txt");
 }
 
-std::string ParaAnotar(const Noticia& noticia) {
-  return Texto(noticia, kTodas);
+std::string ParaAnotar(const Noticia& noticia, const Conceptos& conceptos) {
+  if (noticia.Filas.empty()) return noticia.Frase;
+  return Con(noticia, Relatar(noticia.Filas, conceptos, kEnElRegistro));
 }
 
 }  // namespace salvaguarda

@@ -3,6 +3,7 @@
 #include <string>
 #include <vector>
 
+#include "salvaguarda/conceptos.h"
 #include "salvaguarda/fila.h"
 
 namespace salvaguarda {
@@ -14,8 +15,8 @@ struct Noticia {
 };
 
 /// As it is shown: as many of its rows as anyone reads through, and where the others are.
-[[nodiscard]] std::string ParaLeer(const Noticia& noticia);
-/// As it stands in the log.
-[[nodiscard]] std::string ParaAnotar(const Noticia& noticia);
+[[nodiscard]] std::string ParaLeer(const Noticia& noticia, const Conceptos& conceptos);
+/// As it stands in the log, with as many of its rows as a line holds.
+[[nodiscard]] std::string ParaAnotar(const Noticia& noticia, const Conceptos& conceptos);
 
 }  // namespace salvaguarda

@@ -1,6 +1,7 @@
 #include "salvaguarda/omitidas.h"
 
 #include <algorithm>
+#include <set>
 
 #include "salvaguarda/sql.h"
 #include "salvaguarda/tablas.h"
@@ -42,7 +43,7 @@ std::string Literal(const Valor& valor) {
 }
 
 /// The condition that finds the row by its key; empty where it isn't known whole.
-std::string PorSuClave(const Omision& omision, const Tabla& tabla) {
+std::string CondicionDe(const Omision& omision, const Tabla& tabla) {
   std::vector<std::string> condiciones;
   for (const std::string_view nombre : tabla.Clave()) {
     const auto campo = std::ranges::find(omision.Fila, nombre, &Omision::Campo::Nombre);
@@ -61,7 +62,7 @@ bool DicenLoMismo(const Valor& a, const Valor& b) {
 bool EstaIgual(const Omision& omision, sqlite::Conexion& almacenados) try {
   const Tabla* tabla = BuscarTabla(omision.Tabla);
   if (tabla == nullptr) return false;
-  const std::string condicion = PorSuClave(omision, *tabla);
+  const std::string condicion = CondicionDe(omision, *tabla);
   if (condicion.empty()) return false;
   const auto hallada =
       almacenados.Consultar(sql::Juntar({"SELECT * FROM ", omision.Tabla, " WHERE ", condicion}));
@@ -77,15 +78,6 @@ bool EstaIgual(const Omision& omision, sqlite::Conexion& almacenados) try {
   return true;
 } catch (const services::ErrorEjecucion&) {
   return false;
-}
-
-bool MismaFila(const Fila& a, const Fila& b) {
-  return a.Tabla == b.Tabla && a.NConcepto == b.NConcepto && a.Factura == b.Factura &&
-         a.Anio == b.Anio && a.Detalle == b.Detalle;
-}
-
-bool Contiene(const std::vector<Fila>& filas, const Fila& una) {
-  return std::ranges::any_of(filas, [&](const Fila& otra) { return MismaFila(otra, una); });
 }
 
 /// Where a row belongs that isn't as it was to be.
@@ -110,12 +102,10 @@ Omitidas Clasificar(const std::vector<Omision>& omisiones, Omision::Tarea durant
       Destino(omitidas, omision).push_back(ComoFila(omision));
     }
   }
-  std::vector<Fila> incompletas;
-  for (Fila& fila : omitidas.Incompletas) {
-    if (Contiene(omitidas.Filas, fila) || Contiene(incompletas, fila)) continue;
-    incompletas.push_back(std::move(fila));
-  }
-  omitidas.Incompletas = std::move(incompletas);
+  std::set<Fila, PorSuClave> dichas(omitidas.Filas.begin(), omitidas.Filas.end());
+  dichas.insert(omitidas.Apuntes.begin(), omitidas.Apuntes.end());
+  std::erase_if(omitidas.Incompletas,
+                [&](const Fila& fila) { return !dichas.insert(fila).second; });
   return omitidas;
 }
 

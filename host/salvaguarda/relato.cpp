@@ -16,6 +16,10 @@ std::vector<Noticia> NoticiasDeGrabacion(const Omitidas& omitidas) {
     noticias.push_back({"No se ha podido grabar nada de " + tabla.Tabla + ": " + tabla.Motivo});
   }
   Anadir(noticias,
+         "Estas filas suyas ya no están entre lo grabado; lo que había antes está en Archivo, "
+         "Recuperar una copia",
+         omitidas.Perdidas);
+  Anadir(noticias,
          "No se han podido grabar estas filas, y ya no están entre lo grabado; lo que había antes "
          "está en Archivo, Recuperar una copia",
          omitidas.Filas);

@@ -11,15 +11,16 @@ namespace {
 using Cosa = Tabla::Cosa;
 
 constexpr std::array kTablas{
-    Tabla{Cosa::Factura, "ProvFacturas", "factura", "facturas", "NConcepto", "Factura", "Año", ""},
+    Tabla{Cosa::Factura, "ProvFacturas", "factura", "facturas", "NConcepto", "Factura", "Año", "",
+          "Total"},
     Tabla{Cosa::Base, "ProvBasesIva", "base de IVA", "bases de IVA", "NConcepto", "NFactura", "Año",
-          "Tipo"},
+          "Tipo", "Importe"},
     Tabla{Cosa::Vencimiento, "ProvVencimientos", "vencimiento", "vencimientos", "NConcepto",
-          "NFactura", "Año", "FechaVto"},
+          "NFactura", "Año", "FechaVto", "Importe"},
     Tabla{Cosa::Prevision, "ProvPrevisionPagos", "previsión", "previsiones", "NConcepto", "", "",
-          "Fecha1Vto"},
+          "Fecha1Vto", "Importe"},
     Tabla{Cosa::Apunte, "CajaPagos", "apunte de caja", "apuntes de caja", "Tipo", "Factura", "Año",
-          "FechaHora"},
+          "FechaHora", "Importe"},
 };
 constexpr std::size_t kDeFactura = 3;
 

@@ -20,6 +20,8 @@ struct Tabla {
   std::string_view Numero;
   std::string_view Anio;
   std::string_view Detalle;
+  /// What it amounts to.
+  std::string_view Importe;
 
   /// The columns of its key.
   [[nodiscard]] std::span<const std::string_view> Clave() const;

@@ -267,6 +267,17 @@ TEST_F(RescateDeUnaMuerte, NoHayNadaQueRescatarDeUnaCopiaSinTocar) {
   EXPECT_FALSE(Rescate()) << "vacía";
 }
 
+TEST_F(RescateDeUnaMuerte, UnApunteGuardadoSinSegundosOSinHoraEsElMismo) {
+  Otro(
+      "UPDATE CajaPagos SET FechaHora = replace(substr(FechaHora, 1, 16), ' ', 'T') WHERE Factura "
+      "IS NULL; UPDATE CajaPagos SET FechaHora = '2005-02-0' || (rowid % 9 + 1) WHERE Factura IS "
+      "NOT NULL");
+  Cargar();
+  EXPECT_FALSE(Rescate());
+  std::ofstream(Foto()).flush();  // there is no picture
+  EXPECT_FALSE(Rescate());
+}
+
 TEST_F(RescateDeUnaMuerte, DiceCadaFilaQueNoEsComoLaGrabada) {
   Cargar();
   TrabajarEnFacturas();
@@ -319,9 +330,9 @@ TEST_F(RescateDeUnaMuerte, RetomadaSePreguntaPorLoQueOtroHizoDesdeSuCarga) {
   otra->AlRetomar(*Rescate());
   otra->AlComenzar({salvaguarda::Comienzo::Tarea::Grabacion, {"20050301", "20050331"}});
   datos->AbandonarUnidad();
-  EXPECT_THAT(
-      Preguntas,
-      ElementsAre(testing::HasSubstr("F000000 de 2005 del concepto 1: la ha cambiado EVA")));
+  EXPECT_THAT(Preguntas,
+              ElementsAre(testing::HasSubstr("F000000 de 2005 de Proveedor número 0 (1), por "
+                                             "99,00, antes 321,45: la ha cambiado EVA")));
 }
 
 TEST_F(RescateDeUnaMuerte, SinFotoSePreguntaPorTodoLoDistinto) {
