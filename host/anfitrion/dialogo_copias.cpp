@@ -25,6 +25,9 @@ enum Columna { kMomento, kUsuario, kDesde, kHasta, kFacturas, kVencimientos, kDi
 const QStringList kTitulos{"Momento",  "Usuario",      "Desde",          "Hasta",
                            "Facturas", "Vencimientos", "Filas distintas"};
 
+/// Enough for anyone to see what it is about.
+constexpr salvaguarda::Tope kDeCadaClase{200, 80'000};
+
 void Poner(QTableWidget& tabla, int fila, Columna columna, const QString& texto) {
   auto* celda = new QTableWidgetItem(texto);
   celda->setFlags(Qt::ItemIsSelectable | Qt::ItemIsEnabled);
@@ -36,7 +39,7 @@ QString Apartado(const QString& titulo, const std::vector<salvaguarda::Fila>& fi
                  const salvaguarda::Conceptos& conceptos) {
   if (filas.empty()) return "";
   return titulo + " " + QString::fromStdString(Recuento(filas)) + ":" +
-         QString::fromStdString(Relatar(filas, conceptos, salvaguarda::kALaVista).Texto) + "\n\n";
+         QString::fromStdString(Relatar(filas, conceptos, kDeCadaClase).Texto) + "\n\n";
 }
 
 QString Resumen(const Reposicion& reposicion) {

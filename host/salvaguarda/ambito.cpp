@@ -151,12 +151,16 @@ std::size_t Guardadas(sqlite::Conexion& base, const ClavesDeTrabajo& claves) {
 }
 
 std::string CopiaDeCopia(std::string_view nombre) {
-  return Vacio() +
-         Juntar({"INSERT INTO temp.Ambito SELECT * FROM ", nombre,
-                 ".Claves; INSERT INTO temp.AmbitoPrevision SELECT * FROM ", nombre,
-                 ".ClavesPrevision; INSERT INTO temp.AmbitoCaja SELECT idSucursal, FechaHora, Tipo "
-                 "FROM ",
-                 nombre, ".CajaPagos;"}) +
+  const auto traer = [&](std::string_view claves, std::string_view de) {
+    return Juntar({"INSERT INTO temp.", claves, " ", de, ";"});
+  };
+  const auto todo = [&](std::string_view tabla) {
+    return Juntar({"SELECT * FROM ", nombre, ".", tabla});
+  };
+  return Vacio() + traer("Ambito", todo("Claves")) +
+         traer("AmbitoPrevision", todo("ClavesPrevision")) +
+         traer("AmbitoCaja",
+               Juntar({"SELECT idSucursal, FechaHora, Tipo FROM ", nombre, ".CajaPagos"})) +
          PorClaves();
 }
 

@@ -31,37 +31,61 @@ constexpr const char* kDistintas =
     "ES, Factura COLLATE ES, Año COLLATE ES, Detalle, EnLaCopia, Importe, Pagado, ModificadoPor, "
     "Actualizado); CREATE INDEX temp.DistintasPorClave ON Distintas (NConcepto, Factura, Año);";
 
-/// Puts there those of a table that `una` has and `otra` hasn't.
-std::string Anadir(sqlite::Conexion& base, const Tabla& tabla, std::string_view una,
-                   std::string_view otra) {
-  const auto contenido = sql::Contenido(base, tabla);
-  const auto filas = [&](std::string_view de) {
-    return Juntar({"SELECT ", sql::ValoresConNombre(tabla, contenido, "t"), " FROM ", de, ".",
-                   tabla.Nombre, " t"});
-  };
-  std::vector<std::string> misma;
-  for (const std::string_view clave : tabla.Clave()) {
-    misma.push_back(Juntar({sql::Valores(tabla, {std::string(clave)}, "t"), " = d.", clave}));
-  }
-  const bool pagado = tabla.Que == Tabla::Cosa::Vencimiento;
-  return Juntar({"INSERT INTO temp.Distintas SELECT ", sql::ComoFila(tabla, "t"), ", ",
-                 una == "copia" ? "1" : "0", ", t.", tabla.Importe,
-                 pagado ? ", t.Pagado" : ", NULL", ", t.ModificadoPor, t.Actualizado FROM (",
-                 filas(una), " EXCEPT ", filas(otra), ") d JOIN ", una, ".", tabla.Nombre, " t ON ",
-                 sql::Separar(misma, " AND "), ";"});
+/// The rows of a table of one of both, as they are compared.
+std::string Comparables(sqlite::Conexion& base, const Tabla& tabla, std::string_view de) {
+  return Juntar({"SELECT ", sql::ValoresConNombre(tabla, sql::Contenido(base, tabla), "t"),
+                 " FROM ", de, ".", tabla.Nombre, " t"});
 }
 
-/// A value of a row on both sides of the rows of one key, and whether there is one.
+/// Puts there those of a table that `una` has and `otra` hasn't. Each is found again by its key as
+/// it is compared, of which the engine then makes an index.
+std::string Anadir(sqlite::Conexion& base, const Tabla& tabla, std::string_view una,
+                   std::string_view otra) {
+  std::vector<std::string> claves;
+  std::vector<std::string> misma;
+  for (const std::string_view clave : tabla.Clave()) {
+    const std::string suya = "Clave" + std::to_string(claves.size());
+    claves.push_back(sql::Valores(tabla, {std::string(clave)}, "u") + " AS " + suya);
+    misma.push_back(Juntar({"t.", suya, " = d.", clave}));
+  }
+  const bool pagado = tabla.Que == Tabla::Cosa::Vencimiento;
+  return Juntar({"INSERT INTO temp.Distintas WITH t AS MATERIALIZED (SELECT u.*, ",
+                 sql::Separar(claves, ", "),
+                 " FROM ",
+                 una,
+                 ".",
+                 tabla.Nombre,
+                 " u) SELECT ",
+                 sql::ComoFila(tabla, "t"),
+                 ", ",
+                 una == "copia" ? "1" : "0",
+                 ", t.",
+                 tabla.Importe,
+                 pagado ? ", t.Pagado" : ", NULL",
+                 ", t.ModificadoPor, t.Actualizado FROM (",
+                 Comparables(base, tabla, una),
+                 " EXCEPT ",
+                 Comparables(base, tabla, otra),
+                 ") d JOIN t ON ",
+                 sql::Separar(misma, " AND "),
+                 ";"});
+}
+
+/// A value of the row of one key on both sides; Null where it is missing.
 std::string EnLosDos(std::string_view columna) {
   return Juntar({"max(CASE WHEN EnLaCopia = 0 THEN ", columna,
                  " END), max(CASE WHEN EnLaCopia = 1 THEN ", columna, " END)"});
 }
 
-/// Who wrote the last of the rows of one key that really differ.
-constexpr const char* kQuien =
-    "(SELECT q.ModificadoPor FROM temp.Distintas q WHERE q.NConcepto = d.NConcepto AND q.Factura = "
-    "d.Factura AND q.Año = d.Año AND q.Tabla IN ('ProvFacturas', 'ProvBasesIva', "
-    "'ProvVencimientos') AND q.EnLaCopia = 1 ORDER BY q.Actualizado DESC LIMIT 1)";
+constexpr std::string_view kDeFactura = "('ProvFacturas', 'ProvBasesIva', 'ProvVencimientos')";
+
+/// Who wrote the last of the rows of the invoice `d` that really differ.
+std::string Quien() {
+  return Juntar(
+      {"(SELECT q.ModificadoPor FROM temp.Distintas q WHERE q.NConcepto = d.NConcepto AND "
+       "q.Factura = d.Factura AND q.Año = d.Año AND q.Tabla IN ",
+       kDeFactura, " AND q.EnLaCopia = 1 ORDER BY q.Actualizado DESC LIMIT 1)"});
+}
 
 std::string MismaFactura(std::string_view a, std::string_view b) {
   return Juntar({Igual(Juntar({a, ".NConcepto"}), Juntar({b, ".NConcepto"})), " AND ",
@@ -79,38 +103,35 @@ std::string Recortadas(std::string_view de, const Tabla& tabla, std::string_view
                  " FROM ", de, ".", tabla.Nombre, " t"});
 }
 
-/// The changed invoices, one for all of their tables, of which this commit has something or
-/// something is left.
-std::string Facturas() {
+/// The tables that the changed invoices, `d`, are looked up in.
+std::string Delante() {
   const auto tablas = TablasDeFactura();
   constexpr std::string_view kDatos = ", Total, ModificadoPor";
   std::vector<std::string> quedan;
   for (const Tabla& tabla : tablas) quedan.push_back(Recortadas("copia", tabla, ""));
   return Juntar(
-      {"WITH d AS MATERIALIZED (SELECT NConcepto, Factura, Año FROM temp.Distintas WHERE Tabla IN "
-       "('ProvFacturas', 'ProvBasesIva', 'ProvVencimientos') GROUP BY NConcepto, Factura, Año), "
+      {"WITH d AS MATERIALIZED (SELECT NConcepto, Factura, Año FROM temp.Distintas WHERE "
+       "Tabla IN ",
+       kDeFactura,
+       " GROUP BY NConcepto, Factura, Año), "
        "antes AS MATERIALIZED (",
-       Recortadas("foto", tablas[0], kDatos),
-       "), ahora AS MATERIALIZED (",
-       Recortadas("copia", tablas[0], kDatos),
-       "), queda AS MATERIALIZED (",
-       sql::Separar(quedan, " UNION "),
-       ") SELECT 'ProvFacturas', d.NConcepto, d.Factura, d.Año, '', antes.NConcepto IS NOT NULL, "
-       "ahora.NConcepto IS NOT NULL, antes.Total, ahora.Total, ifnull(",
-       kQuien,
-       ", ahora.ModificadoPor), ",
-       EstaEn("temp.DeTrabajo"),
-       ", ",
-       EstaEn("temp.DelRango"),
-       " FROM d LEFT JOIN antes ON ",
-       MismaFactura("antes", "d"),
-       " LEFT JOIN ahora ON ",
-       MismaFactura("ahora", "d"),
-       " WHERE ",
-       EstaEn("temp.DeTrabajo"),
-       " OR ",
-       EstaEn("queda"),
-       " GROUP BY d.NConcepto, d.Factura, d.Año"});
+       Recortadas("foto", tablas[0], kDatos), "), ahora AS MATERIALIZED (",
+       Recortadas("copia", tablas[0], kDatos), "), queda AS MATERIALIZED (",
+       sql::Separar(quedan, " UNION "), ") "});
+}
+
+/// The changed invoices, one for all of their tables, of which this commit has something or
+/// something is left.
+std::string Facturas() {
+  const std::string enLaLista = EstaEn("temp.DeTrabajo");
+  const std::string quien = Juntar({"ifnull(", Quien(), ", ahora.ModificadoPor)"});
+  const std::string estaba = "antes.NConcepto IS NOT NULL, ahora.NConcepto IS NOT NULL";
+  return Delante() +
+         Juntar({"SELECT 'ProvFacturas', d.NConcepto, d.Factura, d.Año, '', ", estaba,
+                 ", antes.Total, ahora.Total, ", quien, ", ", enLaLista, ", ",
+                 EstaEn("temp.DelRango"), " FROM d LEFT JOIN antes ON ", MismaFactura("antes", "d"),
+                 " LEFT JOIN ahora ON ", MismaFactura("ahora", "d"), " WHERE ", enLaLista, " OR ",
+                 EstaEn("queda"), " GROUP BY d.NConcepto, d.Factura, d.Año"});
 }
 
 /// The changed due dates, one for each key, in the order in which they are due.

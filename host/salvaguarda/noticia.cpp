@@ -17,7 +17,7 @@ std::string ParaLeer(const Noticia& noticia, const Conceptos& conceptos) {
   if (aLaVista.QueFaltan == 0) return Con(noticia, aLaVista);
   const bool todas = Relatar(noticia.Filas, conceptos, kEnElRegistro).QueFaltan == 0;
   return Con(noticia, aLaVista) +
-         (todas ? ", que están en registro.txt" : "; más de ellas, en registro.txt");
+         (todas ? ", que están en registro.txt" : "; las primeras están en registro.txt");
 }
 
 std::string ParaAnotar(const Noticia& noticia, const Conceptos& conceptos) {

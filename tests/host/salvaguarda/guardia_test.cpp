@@ -194,9 +194,8 @@ TEST_F(Guardia, CuentaLosApuntesYLasPrevisionesQueOtroCambio) {
   Cargar();
   Otro(
       "UPDATE ProvPrevisionPagos SET Importe = 60, ModificadoPor = 'EVA';"
-      "UPDATE CajaPagos SET Factura = 'X', Año = '2005', ModificadoPor = 'EVA' WHERE Factura IS "
-      "NULL "
-      "AND FechaHora = '2005-02-01 00:01:00';"
+      "UPDATE CajaPagos SET Factura = 'X', Año = '2005', ModificadoPor = 'EVA' "
+      "WHERE Factura IS NULL AND FechaHora = '2005-02-01 00:01:00';"
       "INSERT INTO CajaPagos (idSucursal, FechaHora, Tipo, Importe) VALUES ('9', '2005-03-14 "
       "08:00:00', 1, 5)");
   Grabar();

@@ -85,7 +85,7 @@ TEST(NoticiaDicha, LoQueNoCabeEnUnaLineaDelRegistroNoSePrometeAhi) {
   EXPECT_LT(anotada.size(), 20'200U);
   EXPECT_THAT(anotada, testing::ContainsRegex("… y 19[0-9]+ más$"));
   EXPECT_THAT(ParaLeer(enorme, {}),
-              testing::EndsWith("… y 19900 más; más de ellas, en registro.txt"));
+              testing::EndsWith("… y 19900 más; las primeras están en registro.txt"));
 }
 
 const Fila kVencimiento{"ProvVencimientos", "400", "F-1", "2005", "20050310"};
@@ -128,7 +128,7 @@ TEST(CambioDeOtro, DiceLosVencimientosSiElTotalEsElMismo) {
 }
 
 TEST(LoOmitido, MuchasIncompletasSeClasificanEnseguida) {
-  constexpr int kCuantas = 40'000;
+  constexpr int kCuantas = 60'000;
   std::vector<services::Omision> omisiones;
   for (int i = 0; i < 2 * kCuantas; ++i) {
     omisiones.push_back({services::Omision::Tarea::Carga,
@@ -141,7 +141,7 @@ TEST(LoOmitido, MuchasIncompletasSeClasificanEnseguida) {
   const auto desde = std::chrono::steady_clock::now();
   const Omitidas omitidas =
       salvaguarda::Clasificar(omisiones, services::Omision::Tarea::Carga, *base);
-  EXPECT_LT(std::chrono::steady_clock::now() - desde, std::chrono::seconds(4));
+  EXPECT_LT(std::chrono::steady_clock::now() - desde, std::chrono::seconds(10));
   EXPECT_THAT(omitidas.Incompletas, testing::SizeIs(kCuantas));
 }
 

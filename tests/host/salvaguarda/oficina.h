@@ -38,14 +38,15 @@ class Oficina {
   /// All that is stored, but for who wrote it when.
   std::vector<std::string> Todo() {
     return Consulta(
-        "SELECT NConcepto||'|'||Factura||'|'||Año||'|'||Fecha||'|'||Total||'|'||NRecibos FROM "
-        "ProvFacturas UNION ALL SELECT NConcepto||'|'||NFactura||'|'||Año||'|'||Tipo||'|'||Base "
-        "FROM "
-        "ProvBasesIva UNION ALL SELECT NConcepto||'|'||NFactura||'|'||Año||'|'||FechaVto||'|'||"
-        "Importe||'|'||ifnull(Pagado,'') FROM ProvVencimientos UNION ALL SELECT NConcepto||'|'||"
-        "Fecha1Vto||'|'||Importe FROM ProvPrevisionPagos UNION ALL SELECT idSucursal||'|'||"
-        "FechaHora||'|'||Tipo||'|'||ifnull(Factura,'')||'|'||ifnull(Año,'') FROM CajaPagos ORDER "
-        "BY 1");
+        "SELECT NConcepto||'|'||Factura||'|'||Año||'|'||Fecha||'|'||Total||'|'||NRecibos "
+        "FROM ProvFacturas "
+        "UNION ALL SELECT NConcepto||'|'||NFactura||'|'||Año||'|'||Tipo||'|'||Base "
+        "FROM ProvBasesIva "
+        "UNION ALL SELECT NConcepto||'|'||NFactura||'|'||Año||'|'||FechaVto||'|'||Importe||'|'||"
+        "ifnull(Pagado,'') FROM ProvVencimientos "
+        "UNION ALL SELECT NConcepto||'|'||Fecha1Vto||'|'||Importe FROM ProvPrevisionPagos "
+        "UNION ALL SELECT idSucursal||'|'||FechaHora||'|'||Tipo||'|'||ifnull(Factura,'')||'|'||"
+        "ifnull(Año,'') FROM CajaPagos ORDER BY 1");
   }
   std::vector<salvaguarda::Copia> Guardadas() { return guardia->Copias(); }
   /// What the user is told now, in one text.
