@@ -16,20 +16,19 @@ void Ampliar(const apoyo::NegocioDePrueba& negocio, int veces) {
     const std::string anio = "'" + std::to_string(2005 + i) + "'";
     const std::string vence = anio + " || substr(FechaVto, 5)";
     datos->Ejecutar(
-        "BEGIN; INSERT INTO ProvFacturas SELECT NConcepto, Factura || '-' || " + anio + ", " +
-        anio +
-        ", Fecha, Total, forpago, NRecibos, Dias1Vto, BIRPF, TipoIRPF, IRPF, Cadencia, "
-        "Actualizado, "
-        "ModificadoPor FROM ProvFacturas WHERE Año = '2005'; INSERT INTO ProvBasesIva SELECT "
-        "NConcepto, "
-        "NFactura || '-' || " +
+        "BEGIN; "
+        "INSERT INTO ProvFacturas SELECT NConcepto, Factura || '-' || " +
         anio + ", " + anio +
-        ", Tipo, Base, Importe, Exento, Actualizado, ModificadoPor FROM ProvBasesIva WHERE Año = "
-        "'2005'; INSERT INTO ProvVencimientos SELECT NConcepto, NFactura || '-' || " +
+        ", Fecha, Total, forpago, NRecibos, Dias1Vto, BIRPF, TipoIRPF, IRPF, Cadencia, "
+        "Actualizado, ModificadoPor FROM ProvFacturas WHERE Año = '2005'; "
+        "INSERT INTO ProvBasesIva SELECT NConcepto, NFactura || '-' || " +
+        anio + ", " + anio +
+        ", Tipo, Base, Importe, Exento, Actualizado, ModificadoPor FROM ProvBasesIva "
+        "WHERE Año = '2005'; "
+        "INSERT INTO ProvVencimientos SELECT NConcepto, NFactura || '-' || " +
         anio + ", " + anio + ", " + vence +
-        ", Importe, Pagado, Fechapago, Actualizado, ModificadoPor FROM ProvVencimientos WHERE Año "
-        "= "
-        "'2005'; COMMIT");
+        ", Importe, Pagado, Fechapago, Actualizado, ModificadoPor FROM ProvVencimientos "
+        "WHERE Año = '2005'; COMMIT");
   }
   datos->Ejecutar("PRAGMA wal_checkpoint(TRUNCATE)");
 }
@@ -48,9 +47,9 @@ Parte Medir(const apoyo::NegocioDePrueba& negocio) {
   const auto temp = negocio.AbrirTemp();
   salvaguarda::Guardia guardia(
       {datos, temp, negocio.FicheroDatos(), carpeta.Fichero("trabajo.foto")},
-      {carpeta.Fichero("copias"), carpeta.Fichero("registro.txt")}, "ANA");
-  guardia.Ahora = [] { return apoyo::kMarzo; };
-  guardia.Preguntar = [](const std::string& pregunta) -> bool { throw std::logic_error(pregunta); };
+      {carpeta.Fichero("copias"), carpeta.Fichero("registro.txt")}, "ANA",
+      {[] { return apoyo::kMarzo; },
+       [](const std::string& pregunta) -> bool { throw std::logic_error(pregunta); }});
   apoyo::SesionSinPantalla sesion{services::Ref<services::Conexion>(datos),
                                   services::Ref<services::Conexion>(temp), apoyo::kMarzo,
                                   apoyo::kRangoDeMarzo};

@@ -19,7 +19,7 @@ class Bases {
   [[nodiscard]] Base& Local() { return *local_; }
   /// With the guard that the suite has for them, its copies and its log beside the working file.
   /// Throws alike.
-  [[nodiscard]] Guardada Guardar(const std::string& usuario) const;
+  [[nodiscard]] Guardada Guardar(const std::string& usuario, const salvaguarda::Trato& trato) const;
 
  private:
   std::string fichero_datos_;

@@ -8,6 +8,7 @@
 
 namespace salvaguarda {
 class Guardia;
+struct Trato;
 }  // namespace salvaguarda
 
 namespace guion {
@@ -19,6 +20,7 @@ struct Guardada {
 };
 
 /// Makes one for a user. Throws `services::ErrorEjecucion`.
-using Guardar = std::function<Guardada(const std::string& usuario)>;
+using Guardar =
+    std::function<Guardada(const std::string& usuario, const salvaguarda::Trato& trato)>;
 
 }  // namespace guion

@@ -46,14 +46,15 @@ services::IClassTesvara& Mundo::Componente() {
 
 void Mundo::Guardar() {
   if (!guardar_) throw NoSeEntiende("estas bases de datos no tienen guardia");
-  const Guardada guardada = guardar_(anfitrion_->Usuario);
+  const Guardada guardada =
+      guardar_(anfitrion_->Usuario, {[entorno = entorno_] { return entorno->Ahora(); },
+                                     [entorno = entorno_](const std::string& pregunta) {
+                                       return entorno->Mensajes.Mostrar(
+                                                  pregunta, services::mensaje::SiNo,
+                                                  kTituloDelAnfitrion) == services::mensaje::Si;
+                                     },
+                                     [this] { hay_que_contar_ = true; }});
   guardia_ = guardada.Guardia;
-  guardia_->Ahora = [entorno = entorno_] { return entorno->Ahora(); };
-  guardia_->Preguntar = [entorno = entorno_](const std::string& pregunta) {
-    return entorno->Mensajes.Mostrar(pregunta, services::mensaje::SiNo, kTituloDelAnfitrion) ==
-           services::mensaje::Si;
-  };
-  guardia_->AlHaberQueContar = [this] { hay_que_contar_ = true; };
   // The guard keeps the platform, not the other way round as well.
   entorno_->AlPasarPorAlto = [guardia = std::weak_ptr(guardia_)](const services::Omision& omision) {
     if (const auto suya = guardia.lock()) suya->PasadoPorAlto(omision);

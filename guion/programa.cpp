@@ -44,7 +44,9 @@ int JugarSesion(int sesion, const Fuente& fuente, const Ficheros& ficheros, Corr
                 const Fabrica& fabrica) {
   Bases bases(ficheros, sesion);
   Mundo mundo(bases.Datos(), bases.Local(), fabrica,
-              [&bases](const std::string& usuario) { return bases.Guardar(usuario); });
+              [&bases](const std::string& usuario, const salvaguarda::Trato& trato) {
+                return bases.Guardar(usuario, trato);
+              });
   services::InstalarPlataforma(mundo.Plataforma());
   SalidaDeSesion destino(corrientes.Salida, sesion);
   std::ostream salida(&destino);

@@ -5,15 +5,14 @@
 #include "anfitrion/dialogo_copias.h"
 #include "anfitrion/fechas.h"
 #include "salvaguarda/conexion_guardada.h"
+#include "salvaguarda/noticia.h"
+#include "salvaguarda/relacion.h"
 #include "valores/error.h"
 
 namespace anfitrion {
 namespace {
 
 namespace fs = std::filesystem;
-
-/// As many rows as anyone reads through.
-constexpr std::size_t kALaVista = 100;
 
 /// The answers to the offer, the harmless one first.
 enum { kAparte, kSinElla, kComoEstaba };
@@ -35,13 +34,13 @@ Custodia::Custodia(QWidget& ventana, const Datos& datos, const Opciones& opcione
                                   salvaguarda::FicheroDeFoto(datos.NombreDeTrabajo)},
       salvaguarda::Guardia::Lugares{almacenados.parent_path() / "copias" / almacenados.stem(),
                                     deTrabajo.parent_path() / "registro.txt"},
-      opciones.Usuario.toStdString());
-  guardia_->Ahora = &Ahora;
-  guardia_->AvisarDeOtros = opciones.AvisarDeOtros;
-  guardia_->Preguntar = [this](const std::string& pregunta) {
-    return Elegir({QString::fromStdString(pregunta), {"Sí", "No"}, 1, 1}) == 0;
-  };
-  guardia_->AlHaberQueContar = [this] { ContarDespues(); };
+      opciones.Usuario.toStdString(),
+      salvaguarda::Trato{
+          &Ahora,
+          [this](const std::string& pregunta) {
+            return Elegir({QString::fromStdString(pregunta), {"Sí", "No"}, 1, 1}) == 0;
+          },
+          [this] { ContarDespues(); }, opciones.AvisarDeOtros});
   almacenados_ = services::Crear<salvaguarda::ConexionGuardada>(datos.Almacenados, guardia_);
   Elegir = [this](const PreguntaConTexto& pregunta) { return Preguntar(ventana_, pregunta); };
 }
@@ -74,7 +73,7 @@ void Custodia::Contar() try {
 
 void Custodia::CopiarElDia() {
   try {
-    guardia_->LasCopias().GuardarEntera(datos_.NombreAlmacenados, Ahora());
+    guardia_->CopiarElDia();
   } catch (const std::exception& fallo) {
     guardia_->Anotar(std::string("No se ha podido copiar el fichero entero: ") + fallo.what());
     Decir("No se ha podido guardar la copia de hoy de las tablas de la empresa: " +
@@ -98,8 +97,10 @@ QString Custodia::TextoDe(const salvaguarda::Rescate& rescate) const {
            ", y no se puede abrir aquí: puede guardarla aparte en un fichero, o seguir sin ella.";
   }
   return suya + ", tiene filas que no están así en las tablas de la empresa (" +
-         QString::fromStdString(salvaguarda::Recuento(rescate.Filas)) +
-         "):" + QString::fromStdString(salvaguarda::Relacion(rescate.Filas, kALaVista)) +
+         QString::fromStdString(salvaguarda::Recuento(rescate.Filas)) + "):" +
+         QString::fromStdString(
+             salvaguarda::Relatar(rescate.Filas, guardia_->Conceptos(), salvaguarda::kALaVista)
+                 .Texto) +
          "\n\nLos pagos que solo estaban escritos en la lista no están en ella.\n\n" + queHacer;
 }
 
@@ -117,8 +118,8 @@ bool Custodia::OfrecerRescate() {
 }
 
 void Custodia::Ofrecer(const salvaguarda::Rescate& rescate) {
-  guardia_->Anotar("Quedó una copia de trabajo sin grabar:" +
-                   salvaguarda::Relacion(rescate.Filas, rescate.Filas.size()));
+  guardia_->Anotar(
+      ParaAnotar({"Quedó una copia de trabajo sin grabar", rescate.Filas}, guardia_->Conceptos()));
   const int respuesta = Elegir({TextoDe(rescate), RespuestasA(rescate), 0, 0});
   if (respuesta == kSinElla) return guardia_->Anotar("Se sigue sin la copia de trabajo que quedó");
   // Also when it is opened: what is closed without saving is then still there.
@@ -155,13 +156,12 @@ void Custodia::Recuperar(const std::function<bool()>& cerrar) {
   DialogoCopias dialogo(ventana_, *guardia_);
   if (dialogo.exec() != QDialog::Accepted) return;
   const salvaguarda::Copia& elegida = dialogo.Elegida();
-  guardia_->LasCopias().Reservar(elegida);
+  guardia_->Reservar(elegida);
   if (!cerrar()) {
     return Decir("No se ha recuperado la copia: Tesvara de Pagos sigue abierto.");
   }
   try {
-    salvaguarda::Reponer(*datos_.Almacenados, guardia_->LaFoto().Conexion(), elegida,
-                         guardia_->LasCopias(), Ahora(), guardia_->Usuario());
+    guardia_->Reponer(elegida);
     guardia_->Anotar("Recuperada la copia " + elegida.Fichero.string());
     Decir("La copia está recuperada. Lo que había hasta ahora queda en otra.");
   } catch (const std::exception& fallo) {

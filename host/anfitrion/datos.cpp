@@ -6,6 +6,7 @@
 #include "anfitrion/fechas.h"
 #include "esquema/esquema_sqlite.h"
 #include "muestra/muestra.h"
+#include "salvaguarda/fichero_entero.h"
 #include "valores/error.h"
 #include "valores/fecha.h"
 
@@ -17,18 +18,15 @@ namespace fs = std::filesystem;
 /// Makes a file whole or not at all: it gets its name once it is filled.
 template <class Preparar>
 void CrearFichero(const fs::path& fichero, const Preparar& preparar) {
-  fs::path enCurso = fichero;
-  enCurso += ".nuevo";
-  std::error_code sinFichero;
-  fs::remove(enCurso, sinFichero);
+  salvaguarda::FicheroEntero entero(fichero);
   {
-    const auto conexion =
-        sqlite::AbrirConexion(enCurso.string(), {.Crear = true, .CualquierSentencia = true});
+    const auto conexion = sqlite::AbrirConexion(entero.EnCurso().string(),
+                                                {.Crear = true, .CualquierSentencia = true});
     preparar(*conexion);
     conexion->TerminarUnidad();
     conexion->Ejecutar("PRAGMA wal_checkpoint(TRUNCATE)");
   }
-  fs::rename(enCurso, fichero);
+  entero.Terminar();
 }
 
 services::Ref<sqlite::Conexion> AbrirAlmacenados(const fs::path& fichero, bool propio) {

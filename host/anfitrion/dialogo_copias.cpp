@@ -12,6 +12,7 @@
 
 #include "anfitrion/dialogo_de_texto.h"
 #include "anfitrion/fechas.h"
+#include "salvaguarda/relacion.h"
 #include "valores/error.h"
 
 namespace anfitrion {
@@ -25,7 +26,7 @@ const QStringList kTitulos{"Momento",  "Usuario",      "Desde",          "Hasta"
                            "Facturas", "Vencimientos", "Filas distintas"};
 
 /// Enough for anyone to see what it is about.
-constexpr std::size_t kDeCadaClase = 200;
+constexpr salvaguarda::Tope kDeCadaClase{200, 80'000};
 
 void Poner(QTableWidget& tabla, int fila, Columna columna, const QString& texto) {
   auto* celda = new QTableWidgetItem(texto);
@@ -34,10 +35,11 @@ void Poner(QTableWidget& tabla, int fila, Columna columna, const QString& texto)
   tabla.setItem(fila, columna, celda);
 }
 
-QString Apartado(const QString& titulo, const std::vector<salvaguarda::Fila>& filas) {
+QString Apartado(const QString& titulo, const std::vector<salvaguarda::Fila>& filas,
+                 const salvaguarda::Conceptos& conceptos) {
   if (filas.empty()) return "";
   return titulo + " " + QString::fromStdString(Recuento(filas)) + ":" +
-         QString::fromStdString(Relacion(filas, kDeCadaClase)) + "\n\n";
+         QString::fromStdString(Relatar(filas, conceptos, kDeCadaClase).Texto) + "\n\n";
 }
 
 QString Resumen(const Reposicion& reposicion) {
@@ -53,7 +55,8 @@ QString Resumen(const Reposicion& reposicion) {
 DialogoCopias::DialogoCopias(QWidget& ventana, salvaguarda::Guardia& guardia)
     : QDialog(&ventana),
       guardia_(guardia),
-      copias_(guardia.LasCopias().Guardadas()),
+      conceptos_(guardia.Conceptos()),
+      copias_(guardia.Copias()),
       comparadas_(copias_.size()),
       tabla_(new QTableWidget(static_cast<int>(copias_.size()), static_cast<int>(kTitulos.size()))),
       resumen_(new QLabel),
@@ -145,7 +148,7 @@ const Reposicion& DialogoCopias::Comparada(std::size_t cual) {
   QString motivo;
   comparada.emplace();
   try {
-    comparada = salvaguarda::Comparar(guardia_.LaFoto().Conexion(), copias_[cual]);
+    comparada = guardia_.Comparar(copias_[cual]);
     distintas = QString::number(comparada->Cuantas());
   } catch (const services::ErrorEjecucion& fallo) {
     motivo = QString::fromStdString(fallo.Descripcion());
@@ -162,9 +165,9 @@ void DialogoCopias::MostrarElegida() {
   const Reposicion& reposicion = Comparada(static_cast<std::size_t>(Fila()));
   const QString motivo = tabla_->item(Fila(), kDistintas)->toolTip();
   resumen_->setText(motivo.isEmpty() ? Resumen(reposicion) : "No se puede leer: " + motivo);
-  cambios_->setPlainText((Apartado("Vuelven", reposicion.Vuelven) +
-                          Apartado("Se van", reposicion.SeVan) +
-                          Apartado("Vuelven a ser como eran", reposicion.Cambian))
+  cambios_->setPlainText((Apartado("Vuelven", reposicion.Vuelven, conceptos_) +
+                          Apartado("Se van", reposicion.SeVan, conceptos_) +
+                          Apartado("Vuelven a ser como eran", reposicion.Cambian, conceptos_))
                              .trimmed());
   recuperar_->setEnabled(reposicion.Cuantas() > 0);
 }

@@ -33,6 +33,8 @@ class DialogoCopias final : public QDialog {
   [[nodiscard]] int Fila() const;
 
   salvaguarda::Guardia& guardia_;
+  /// As they are called when it opens.
+  salvaguarda::Conceptos conceptos_;
   std::vector<salvaguarda::Copia> copias_;
   std::vector<std::optional<salvaguarda::Reposicion>> comparadas_;
   QTableWidget* tabla_;

@@ -2,6 +2,8 @@
 
 #include <QDateTime>
 
+#include "salvaguarda/dicho.h"
+
 namespace anfitrion {
 
 services::FechaHora Ahora() {
@@ -13,9 +15,7 @@ services::FechaHora Ahora() {
 }
 
 QString FechaMostrada(const std::string& guardada) {
-  const QString texto = QString::fromStdString(guardada);
-  const QDate fecha = QDate::fromString(texto, "yyyyMMdd");
-  return fecha.isValid() ? fecha.toString("dd/MM/yyyy") : texto;
+  return QString::fromStdString(salvaguarda::FechaDicha(guardada));
 }
 
 }  // namespace anfitrion

@@ -1,5 +1,7 @@
 #include "salvaguarda/ambito.h"
 
+#include "salvaguarda/adjunta.h"
+#include "salvaguarda/consultas.h"
 #include "salvaguarda/sql.h"
 
 namespace salvaguarda {
@@ -53,15 +55,21 @@ std::vector<std::string> Valores(const std::vector<std::string>& conceptos) {
 /// The stored rows that bear the keys.
 std::string PorClaves() {
   std::string todo;
-  for (const auto& tabla : sql::kDeFactura) {
+  for (const Tabla& tabla : TablasDeFactura()) {
     todo += Juntar(
         {"CREATE TABLE copia.", tabla.Nombre, " AS ", sql::FilasDe(tabla, "temp.Ambito"), ";"});
   }
   return todo + "CREATE TABLE copia.ProvPrevisionPagos AS " +
          sql::PrevisionesCon("temp.AmbitoPrevision") + ";CREATE TABLE copia.CajaPagos AS " +
-         sql::ApuntesCon("temp.AmbitoCaja") +
-         ";CREATE TABLE copia.Claves AS SELECT * FROM temp.Ambito;"
+         sql::ApuntesCon("temp.AmbitoCaja") + ";" + sql::CrearClaves("copia", "Claves") +
+         "INSERT INTO copia.Claves SELECT * FROM temp.Ambito;"
          "CREATE TABLE copia.ClavesPrevision AS SELECT * FROM temp.AmbitoPrevision;";
+}
+
+/// The keys that a working table holds, as `t`.
+std::string DeTrabajo(const Tabla& tabla) {
+  return Juntar(
+      {"SELECT t.NConcepto, t.", tabla.Numero, ", t.Año FROM main.Temp", tabla.Nombre, " t"});
 }
 
 ClavesDeTrabajo LeerClaves(sqlite::Conexion& deTrabajo, const std::string& facturas,
@@ -82,25 +90,23 @@ ClavesDeTrabajo LeerClaves(sqlite::Conexion& deTrabajo, const std::string& factu
 }  // namespace
 
 ClavesDeTrabajo ClavesDeTrabajo::Leer(sqlite::Conexion& deTrabajo) {
-  return LeerClaves(deTrabajo,
-                    "SELECT NConcepto, Factura, Año FROM TempProvFacturas UNION SELECT NConcepto, "
-                    "NFactura, Año FROM TempProvVencimientos UNION SELECT NConcepto, NFactura, Año "
-                    "FROM TempProvBasesIva",
+  std::vector<std::string> facturas;
+  for (const Tabla& tabla : TablasDeFactura()) facturas.push_back(DeTrabajo(tabla));
+  return LeerClaves(deTrabajo, sql::Separar(facturas, " UNION "),
                     "SELECT NConcepto FROM TempProvPrevisionPagos");
 }
 
 ClavesDeTrabajo ClavesDeTrabajo::Nuevas(sqlite::Conexion& deTrabajo, const std::string& foto) {
   const sql::Adjunta adjunta(deTrabajo, foto, "foto");
-  std::string facturas;
-  for (const auto& tabla : sql::kDeFactura) {
-    facturas += Juntar({facturas.empty() ? "" : " UNION ", "SELECT t.NConcepto, t.", tabla.Numero,
-                        ", t.Año FROM main.Temp", tabla.Nombre,
-                        " t WHERE NOT EXISTS (SELECT 1 FROM foto.Claves c WHERE c.NConcepto = "
-                        "t.NConcepto AND c.Factura = trim(t.",
-                        tabla.Numero, ") AND c.Año = t.Año)"});
+  std::vector<std::string> facturas;
+  for (const Tabla& tabla : TablasDeFactura()) {
+    facturas.push_back(DeTrabajo(tabla) +
+                       " WHERE NOT EXISTS (SELECT 1 FROM foto.Claves c WHERE c.NConcepto = "
+                       "t.NConcepto AND c.Factura = " +
+                       sql::Numero(tabla, "t") + " AND c.Año = t.Año)");
   }
   return LeerClaves(
-      deTrabajo, facturas,
+      deTrabajo, sql::Separar(facturas, " UNION "),
       "SELECT NConcepto FROM main.TempProvPrevisionPagos EXCEPT SELECT NConcepto FROM "
       "foto.ProvPrevisionPagos");
 }
@@ -122,12 +128,14 @@ std::string CopiaDeGrabacion(const Rango& rango, const ClavesDeTrabajo& claves) 
 }
 
 std::string CopiaDeFoto(const ClavesDeTrabajo& nuevas) {
-  std::string todo = "CREATE TABLE copia.Claves AS SELECT * FROM foto.Claves";
+  std::string todo =
+      sql::CrearClaves("copia", "Claves") + "INSERT INTO copia.Claves SELECT * FROM foto.Claves";
   todo += Insertar("copia.Claves", Valores(nuevas.Facturas)) +
           "CREATE TABLE copia.ClavesPrevision AS SELECT NConcepto FROM foto.ProvPrevisionPagos" +
           Insertar("copia.ClavesPrevision", Valores(nuevas.Previsiones));
-  for (const std::string_view tabla : sql::kTablas) {
-    todo += Juntar({"CREATE TABLE copia.", tabla, " AS SELECT * FROM foto.", tabla, ";"});
+  for (const Tabla& tabla : Tablas()) {
+    todo +=
+        Juntar({"CREATE TABLE copia.", tabla.Nombre, " AS SELECT * FROM foto.", tabla.Nombre, ";"});
   }
   return todo;
 }
@@ -136,19 +144,23 @@ std::size_t Guardadas(sqlite::Conexion& base, const ClavesDeTrabajo& claves) {
   base.Ejecutar(Vacio() + Insertar("temp.Ambito", Valores(claves.Facturas)) +
                 Insertar("temp.AmbitoPrevision", Valores(claves.Previsiones)));
   std::string consulta = sql::PrevisionesCon("temp.AmbitoPrevision", "1");
-  for (const auto& tabla : sql::kDeFactura) {
+  for (const Tabla& tabla : TablasDeFactura()) {
     consulta += " UNION ALL " + sql::FilasDe(tabla, "temp.Ambito", "1");
   }
   return base.Consultar(consulta).Filas.Cuantas();
 }
 
 std::string CopiaDeCopia(std::string_view nombre) {
-  return Vacio() +
-         Juntar({"INSERT INTO temp.Ambito SELECT * FROM ", nombre,
-                 ".Claves; INSERT INTO temp.AmbitoPrevision SELECT * FROM ", nombre,
-                 ".ClavesPrevision; INSERT INTO temp.AmbitoCaja SELECT idSucursal, FechaHora, Tipo "
-                 "FROM ",
-                 nombre, ".CajaPagos;"}) +
+  const auto traer = [&](std::string_view claves, std::string_view de) {
+    return Juntar({"INSERT INTO temp.", claves, " ", de, ";"});
+  };
+  const auto todo = [&](std::string_view tabla) {
+    return Juntar({"SELECT * FROM ", nombre, ".", tabla});
+  };
+  return Vacio() + traer("Ambito", todo("Claves")) +
+         traer("AmbitoPrevision", todo("ClavesPrevision")) +
+         traer("AmbitoCaja",
+               Juntar({"SELECT idSucursal, FechaHora, Tipo FROM ", nombre, ".CajaPagos"})) +
          PorClaves();
 }
 

@@ -1,28 +1,20 @@
 #include "salvaguarda/comienzo.h"
 
+#include <algorithm>
 #include <vector>
 
 #include "dialecto/formas.h"
+#include "dialecto/sentencias.h"
 
 namespace salvaguarda {
 namespace {
 
 using dialecto::Token;
 
-/// How both statements begin, and no other of the thousands that a commit runs.
+/// How both statements begin, and no other of the thousands that a commit runs. A load brings the
+/// concepts' descriptions with it.
 constexpr std::string_view kPrincipio = "SELECT DISTINCT ProvFacturas.*";
-
-constexpr std::string_view kCarga =
-    "SELECT DISTINCT ProvFacturas.*, ProvConceptos.Descripcion FROM (ProvFacturas INNER JOIN "
-    "ProvVencimientos ON (ProvFacturas.Factura = ProvVencimientos.NFactura) AND "
-    "(ProvFacturas.NConcepto = ProvVencimientos.NConcepto)) INNER JOIN ProvConceptos ON "
-    "ProvFacturas.NConcepto = ProvConceptos.NConcepto WHERE ProvVencimientos.FechaVto >= '' And "
-    "ProvVencimientos.FechaVto <= ''  Order By ProvFacturas.Fecha";
-constexpr std::string_view kGrabacion =
-    "SELECT DISTINCT ProvFacturas.* FROM ProvFacturas INNER JOIN ProvVencimientos ON "
-    "(ProvFacturas.NConcepto = ProvVencimientos.NConcepto) AND (ProvFacturas.Factura = "
-    "ProvVencimientos.NFactura) WHERE ProvVencimientos.FechaVto >= '' And "
-    "ProvVencimientos.FechaVto <= '' Order By ProvFacturas.Fecha";
+constexpr std::string_view kDeCarga = "SELECT DISTINCT ProvFacturas.*, ";
 
 /// The two dates, in the order in which both statements have them.
 Rango RangoDe(const std::vector<Token>& tokens) {
@@ -41,9 +33,12 @@ std::optional<Comienzo> Reconocer(std::string_view sentencia) {
   std::vector<Token> tokens;
   dialecto::Trocear(sentencia, tokens);
   const std::string forma = dialecto::Forma(sentencia, tokens);
-  if (forma == kCarga) return Comienzo{Comienzo::Tarea::Carga, RangoDe(tokens)};
-  if (forma == kGrabacion) return Comienzo{Comienzo::Tarea::Grabacion, RangoDe(tokens)};
-  return std::nullopt;
+  const auto sentencias = dialecto::Sentencias();
+  if (std::ranges::find(sentencias, forma, &dialecto::Escrita::Texto) == sentencias.end()) {
+    return std::nullopt;
+  }
+  const bool carga = forma.starts_with(kDeCarga);
+  return Comienzo{carga ? Comienzo::Tarea::Carga : Comienzo::Tarea::Grabacion, RangoDe(tokens)};
 }
 
 }  // namespace salvaguarda

@@ -2,11 +2,11 @@
 
 #include <algorithm>
 #include <chrono>
-#include <fstream>
 #include <random>
 #include <set>
 
-#include "salvaguarda/sql.h"
+#include "salvaguarda/adjunta.h"
+#include "salvaguarda/fichero_entero.h"
 #include "sqlite/momento.h"
 #include "valores/error.h"
 
@@ -14,13 +14,10 @@ namespace salvaguarda {
 namespace {
 
 namespace fs = std::filesystem;
-using sql::Juntar;
-using sql::Texto;
 
 constexpr std::string_view kDeFilas = "filas-";
 constexpr std::string_view kEntera = "empresa-";
 constexpr std::string_view kExtension = ".sqlite";
-constexpr std::string_view kSinAcabar = ".nuevo";
 
 /// A moment as a name has it, so that names sort as moments: `20261122-141507`.
 std::string EnNombre(services::FechaHora momento) {
@@ -42,47 +39,6 @@ std::vector<std::string> Nombres(const fs::path& carpeta, std::string_view princ
   return nombres;
 }
 
-/// What tells the files of this program from those of another that copies to the same folder.
-const std::string& Propio() {
-  static const std::string propio = std::to_string(std::random_device()());
-  return propio;
-}
-
-/// A name that no file has, for copies made in one second.
-fs::path NombreLibre(const fs::path& carpeta, services::FechaHora momento) {
-  const std::string base = std::string(kDeFilas) + EnNombre(momento);
-  for (int i = 1;; ++i) {
-    std::string orden = std::to_string(i);
-    orden.insert(0, 3 - std::min<std::size_t>(3, orden.size()), '0');
-    fs::path libre = carpeta / (base + "-" + orden + "-" + Propio() + std::string(kExtension));
-    if (!fs::exists(libre)) return libre;
-  }
-}
-
-/// Makes a file under another name and gives it its own once it is whole.
-template <class Hacer>
-void CrearEntero(const fs::path& fichero, const Hacer& hacer) {
-  fs::path enCurso = fichero;
-  enCurso += "." + Propio() + std::string(kSinAcabar);
-  std::error_code sinFichero;
-  fs::remove(enCurso, sinFichero);
-  try {
-    hacer(enCurso.string());
-    fs::rename(enCurso, fichero);
-  } catch (...) {
-    fs::remove(enCurso, sinFichero);
-    throw;
-  }
-}
-
-std::string Cabecera(const Copia& copia) {
-  return Juntar({"CREATE TABLE copia.Copia AS SELECT ", Texto(services::TextoIso(copia.Momento)),
-                 " AS Momento, ", Texto(copia.Usuario), " AS Usuario, ", Texto(copia.Rango.Desde),
-                 " AS Desde, ", Texto(copia.Rango.Hasta),
-                 " AS Hasta, (SELECT count(*) FROM copia.ProvFacturas) AS Facturas, "
-                 "(SELECT count(*) FROM copia.ProvVencimientos) AS Vencimientos;"});
-}
-
 /// What a program that was killed left in the middle; not what another is at.
 void QuitarLasSinAcabar(const fs::path& carpeta) {
   const auto ayer = fs::file_time_type::clock::now() - std::chrono::hours(24);
@@ -100,26 +56,20 @@ std::string DiaDe(const std::string& nombre) {
 
 }  // namespace
 
-Copia Copias::Guardar(sqlite::Conexion& base, const std::string& filas, Copia copia,
-                      const std::function<void()>& mirar) {
-  fs::create_directories(carpeta_);
-  copia.Fichero = NombreLibre(carpeta_, copia.Momento);
-  CrearEntero(copia.Fichero, [&](const std::string& enCurso) {
-    std::ofstream(enCurso).flush();  // the engine attaches what is there
-    const sql::Adjunta adjunta(base, enCurso, "copia");
-    base.Ejecutar("PRAGMA copia.journal_mode = OFF; PRAGMA copia.synchronous = NORMAL");
-    sql::Transaccion transaccion(base);
-    base.Ejecutar(filas + Cabecera(copia));
-    transaccion.Terminar();
-    mirar();
-  });
-  Podar(copia.Fichero.filename());
-  return copia;
+const std::string& Copias::Propio() {
+  static const std::string propio = std::to_string(std::random_device()());
+  return propio;
 }
 
-void Copias::Quitar(const Copia& copia) noexcept {
-  std::error_code noEstaba;
-  fs::remove(copia.Fichero, noEstaba);
+fs::path Copias::NombreLibre(services::FechaHora momento) const {
+  fs::create_directories(carpeta_);
+  const std::string base = std::string(kDeFilas) + EnNombre(momento);
+  for (int i = 1;; ++i) {
+    std::string orden = std::to_string(i);
+    orden.insert(0, 3 - std::min<std::size_t>(3, orden.size()), '0');
+    fs::path libre = carpeta_ / (base + "-" + orden + "-" + Propio() + std::string(kExtension));
+    if (!fs::exists(libre)) return libre;
+  }
 }
 
 std::vector<Copia> Copias::Guardadas() const {
@@ -151,9 +101,9 @@ bool Copias::GuardarEntera(const fs::path& almacenados, services::FechaHora mome
   const std::string dia = EnNombre(momento).substr(0, 8);
   const fs::path fichero = carpeta_ / (std::string(kEntera) + dia + std::string(kExtension));
   if (fs::exists(fichero)) return false;
-  CrearEntero(fichero, [&](const std::string& enCurso) {
-    sqlite::AbrirConexion(almacenados.string())->CopiarEn(enCurso);
-  });
+  FicheroEntero entero(fichero, Propio());
+  sqlite::AbrirConexion(almacenados.string())->CopiarEn(entero.EnCurso().string());
+  entero.Terminar();
   QuitarLasSinAcabar(carpeta_);
   std::vector<std::string> todas = Nombres(carpeta_, kEntera);
   // The one just made stays, whatever the clock says.

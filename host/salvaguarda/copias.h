@@ -2,7 +2,6 @@
 
 #include <cstdint>
 #include <filesystem>
-#include <functional>
 #include <string>
 #include <vector>
 
@@ -35,27 +34,24 @@ class Copias {
 
   explicit Copias(std::filesystem::path carpeta) : carpeta_(std::move(carpeta)) {}
 
-  /// Makes a file of rows, by SQL on `base` that fills the attached file `copia`: one of those that
-  /// `salvaguarda/ambito.h` tells. The keys stand in it too: what is added under them later can be
-  /// taken away again. Then `mirar` is called, while the file is attached, and those that are too
-  /// many go. Throws what the engine and the file system throw, with no file left.
-  Copia Guardar(
-      sqlite::Conexion& base, const std::string& filas, Copia copia,
-      const std::function<void()>& mirar = [] {});
   /// This one isn't let go of, however many there come to be.
   void Reservar(const Copia& copia) { reservada_ = copia.Fichero.filename(); }
-  /// Takes one away; what isn't there is passed over.
-  void Quitar(const Copia& copia) noexcept;
   /// Those of rows, the last one first. What is no copy is passed over.
   [[nodiscard]] std::vector<Copia> Guardadas() const;
 
   /// Copies the whole stored file, unless there is one of that day. Whether it did. Throws alike.
   bool GuardarEntera(const std::filesystem::path& almacenados, services::FechaHora momento);
 
- private:
-  /// Lets go of those that are too many; never of `nueva`, whatever the clocks of others say.
+  /// What tells the files of this program from those of another that copies to the same folder.
+  [[nodiscard]] static const std::string& Propio();
+  /// A name in the folder that no copy of rows has yet, for those made in one second too. Throws
+  /// what the file system throws.
+  [[nodiscard]] std::filesystem::path NombreLibre(services::FechaHora momento) const;
+  /// Lets go of those of rows that are too many; never of `nueva`, whatever the clocks of others
+  /// say.
   void Podar(const std::string& nueva) const;
 
+ private:
   std::filesystem::path carpeta_;
   std::string reservada_;
 };

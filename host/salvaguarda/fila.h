@@ -17,15 +17,22 @@ struct Fila {
   /// What is the matter with it, a sentence without its full stop; empty where that is told for
   /// all.
   std::string Motivo = {};
+  /// What it is about, "121,00" or "121,00, antes 100,00"; empty where that isn't told.
+  std::string Importe = {};
 
   bool operator==(const Fila&) const = default;
 };
 
-/// "factura F-1 de 2005 del concepto 400"
-[[nodiscard]] std::string Nombre(const Fila& fila);
+/// Orders texts that are the same whatever their case.
+struct SinCaso {
+  bool operator()(const std::string& a, const std::string& b) const;
+};
+/// Orders rows by what tells them apart, without regard to case.
+struct PorSuClave {
+  bool operator()(const Fila& a, const Fila& b) const;
+};
+
 /// How many rows of which table: "2 facturas, 1 vencimiento"
 [[nodiscard]] std::string Recuento(const std::vector<Fila>& filas);
-/// A line each, the first `hasta` of them, and how many more there are.
-[[nodiscard]] std::string Relacion(const std::vector<Fila>& filas, std::size_t hasta);
 
 }  // namespace salvaguarda

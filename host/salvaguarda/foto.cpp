@@ -1,10 +1,13 @@
 #include "salvaguarda/foto.h"
 
-#include <algorithm>
 #include <filesystem>
 #include <fstream>
 #include <random>
+#include <set>
 
+#include "salvaguarda/adjunta.h"
+#include "salvaguarda/cambios.h"
+#include "salvaguarda/consultas.h"
 #include "salvaguarda/sql.h"
 #include "valores/error.h"
 
@@ -12,7 +15,6 @@ namespace salvaguarda {
 namespace {
 
 using sql::Juntar;
-using sql::kDeFactura;
 using sql::Texto;
 
 std::string Retratar(std::string_view tabla, const std::string& filas) {
@@ -31,21 +33,24 @@ double Version(sqlite::Conexion& base) {
   return base.Consultar("PRAGMA main.data_version").Filas.En(0, 0).Numero();
 }
 
-/// Whether the copy and the picture have the same rows in the same order, as they do when nothing
-/// has changed: a look at each, which is soon done.
-bool DiceLoMismo(sqlite::Conexion& base, std::string_view tabla) {
-  const auto hay = base.Consultar(
-      Juntar({"SELECT (SELECT count(*) FROM copia.", tabla, ") = (SELECT count(*) FROM foto.",
-              tabla, ") AND NOT EXISTS (SELECT 1 FROM copia.", tabla, " a LEFT JOIN foto.", tabla,
-              " b ON b.rowid = a.rowid WHERE (", sql::Contenido(base, tabla, "a"), ") IS NOT (",
-              sql::Contenido(base, tabla, "b"), "))"}));
-  return hay.Filas.En(0, 0).Numero() != 0;
+/// The invoice or forecast that a row belongs to, among those of its table.
+Fila SinDetalle(const Fila& fila) {
+  return {fila.Tabla, fila.NConcepto, fila.Factura, fila.Anio};
 }
 
 }  // namespace
 
 std::string FicheroDeFoto(const std::string& deTrabajo) {
   return std::filesystem::path(deTrabajo).replace_extension(".foto").string();
+}
+
+std::string SenaDeFoto(sqlite::Conexion& base) {
+  try {
+    const auto sena = base.Consultar("SELECT Sena FROM foto.Foto").Filas;
+    return sena.Cuantas() == 1 ? sena.En(0, 0).Texto() : "";
+  } catch (const services::ErrorEjecucion&) {
+    return "";
+  }
 }
 
 Foto::Foto(const std::string& almacenados, const std::string& fichero)
@@ -62,7 +67,7 @@ void Foto::Tomar(const Rango& rango) {
   std::string todo =
       Juntar({"DROP TABLE IF EXISTS foto.Claves;", sql::CrearClaves("foto", "Claves"),
               "INSERT OR IGNORE INTO foto.Claves ", sql::ClavesDelRango(rango), ";"});
-  for (const auto& tabla : kDeFactura) {
+  for (const Tabla& tabla : TablasDeFactura()) {
     todo += Retratar(tabla.Nombre, sql::FilasDe(tabla, "foto.Claves"));
   }
   todo += Retratar("ProvPrevisionPagos", sql::PrevisionesDe(rango));
@@ -89,7 +94,7 @@ bool Foto::SigueIgual() {
 
 bool Foto::Recuperar(const Rango& rango, const std::string& sena) {
   Olvidar();
-  if (sena.empty() || sql::SenaDeFoto(*conexion_) != sena) return false;
+  if (sena.empty() || SenaDeFoto(*conexion_) != sena) return false;
   rango_ = rango;
   sena_ = sena;
   return true;
@@ -99,8 +104,8 @@ void Foto::TomarDeCopia() {
   std::string todo =
       "DROP TABLE IF EXISTS foto.Foto; DELETE FROM foto.Claves; INSERT INTO foto.Claves SELECT * "
       "FROM copia.Claves;";
-  for (const std::string_view tabla : sql::kTablas) {
-    todo += Retratar(tabla, Juntar({"SELECT * FROM copia.", tabla}));
+  for (const Tabla& tabla : Tablas()) {
+    todo += Retratar(tabla.Nombre, Juntar({"SELECT * FROM copia.", tabla.Nombre}));
   }
   conexion_->Ejecutar(todo);
   version_.reset();
@@ -123,135 +128,42 @@ std::vector<Fila> Foto::Excluidas() {
   const std::string motivo = "CASE WHEN " + conConcepto +
                              " THEN 'sus blancos no son los de su factura' "
                              "ELSE 'su concepto no existe' END";
-  const std::string clave = ", t.NConcepto, trim(t.NFactura), t.Año, ";
+  const auto excluidas = [](const Tabla& tabla, const std::string& porque,
+                            const std::string& entra) {
+    return Juntar({"SELECT ", sql::ComoFila(tabla, "t", porque), " FROM foto.", tabla.Nombre,
+                   " t WHERE NOT (", entra, ")"});
+  };
+  const auto deFactura = TablasDeFactura();
   return sql::LeerFilas(
-      *conexion_,
-      "SELECT 'ProvFacturas', t.NConcepto, trim(t.Factura), t.Año, '', " + motivo +
-          " FROM foto.ProvFacturas t WHERE NOT (" + conConcepto + " AND " +
-          conVencimiento("t", "Factura") + ") UNION ALL SELECT 'ProvBasesIva'" + clave +
-          "t.Tipo, 'sus blancos no son los de su factura' FROM foto.ProvBasesIva t WHERE NOT " +
-          conVencimiento("t", "NFactura") + " UNION ALL SELECT 'ProvVencimientos'" + clave +
-          "t.FechaVto, " + motivo + " FROM foto.ProvVencimientos t WHERE NOT (" + conConcepto +
-          " AND " + conFactura +
-          ") UNION ALL SELECT 'ProvPrevisionPagos', t.NConcepto, '', '', t.Fecha1Vto, 'su concepto "
-          "no existe' FROM foto.ProvPrevisionPagos t WHERE NOT " +
-          conConcepto);
+      *conexion_, sql::Separar({excluidas(deFactura[0], motivo,
+                                          conConcepto + " AND " + conVencimiento("t", "Factura")),
+                                excluidas(deFactura[1], "'sus blancos no son los de su factura'",
+                                          conVencimiento("t", "NFactura")),
+                                excluidas(deFactura[2], motivo, conConcepto + " AND " + conFactura),
+                                excluidas(Previsiones(), "'su concepto no existe'", conConcepto)},
+                               " UNION ALL "));
 }
 
 std::vector<Fila> Foto::Cambiadas() {
-  if (!rango_ || std::ranges::all_of(sql::kTablas, [&](std::string_view tabla) {
-        return DiceLoMismo(*conexion_, tabla);
-      })) {
-    return {};
-  }
-  return sql::LeerFilas(*conexion_, FacturasCambiadas() + " UNION ALL " + PrevisionesCambiadas() +
-                                        " UNION ALL " + ApuntesCambiados());
-}
-
-namespace {
-
-/// The keys of the rows that a table of the copy and of the picture don't both have.
-std::string Distintas(sqlite::Conexion& base, std::string_view tabla, std::string_view clave) {
-  const std::string columnas = sql::Contenido(base, tabla, "t");
-  const std::string copia = Juntar({"SELECT ", columnas, " FROM copia.", tabla, " t"});
-  const std::string foto = Juntar({"SELECT ", columnas, " FROM foto.", tabla, " t"});
-  return Juntar({"SELECT ", clave, " FROM (", copia, " EXCEPT ", foto, ") UNION SELECT ", clave,
-                 " FROM (", foto, " EXCEPT ", copia, ")"});
-}
-
-/// What happened to the row `d` of which the picture tells as `antes` and the copy as `ahora`, null
-/// where it is missing; and what becomes of it, which depends on whether the working copy has it.
-std::string Motivo(const std::string& deTrabajo) {
-  const std::string quien =
-      " || ifnull(ahora.ModificadoPor, 'otro usuario') || CASE WHEN " + deTrabajo + " THEN ";
-  return "CASE WHEN ahora.NConcepto IS NULL THEN 'otro usuario la ha borrado, y se volvería a "
-         "grabar' WHEN antes.NConcepto IS NULL THEN 'la ha añadido '" +
-         quien +
-         "', y la de la lista ocuparía su lugar' ELSE ', y se borraría' END "
-         "ELSE 'la ha cambiado '" +
-         quien + "', y volvería a ser como era' ELSE ', y se borraría' END END";
-}
-
-/// That the copy has something left of the invoice `d`.
-std::string QuedaAlgo() {
-  std::string condicion;
-  for (const auto& tabla : kDeFactura) {
-    condicion += Juntar({condicion.empty() ? "" : " OR ", "EXISTS (SELECT 1 FROM copia.",
-                         tabla.Nombre, " t WHERE t.NConcepto = d.NConcepto AND trim(t.",
-                         tabla.Numero, ") COLLATE ES = d.Factura AND t.Año = d.Año)"});
-  }
-  return condicion;
-}
-
-/// The rows of the copy's table that belong to the same invoice or forecast; empty for a cash
-/// entry, which nobody deletes.
-std::string EnLaCopia(const Fila& fila) {
-  std::string desde = Juntar({"SELECT 1 FROM copia.", fila.Tabla,
-                              " t WHERE t.NConcepto COLLATE ES = ", Texto(fila.NConcepto)});
-  if (fila.Tabla == "ProvPrevisionPagos") return desde;
-  const auto tabla = std::ranges::find(kDeFactura, fila.Tabla, &sql::TablaDeFactura::Nombre);
-  if (tabla == kDeFactura.end()) return "";
-  return Juntar({desde, " AND trim(t.", tabla->Numero, ") COLLATE ES = ", Texto(fila.Factura),
-                 " AND t.Año = ", Texto(fila.Anio)});
-}
-
-}  // namespace
-
-std::string Foto::FacturasCambiadas() {
-  std::string claves;
-  for (const auto& tabla : kDeFactura) {
-    if (!claves.empty()) claves += " UNION ";
-    claves += Distintas(*conexion_, tabla.Nombre,
-                        Juntar({"NConcepto, trim(", tabla.Numero, ") AS Factura, Año"}));
-  }
-  const auto con = [](std::string_view donde, std::string_view alias) {
-    return Juntar(
-        {" LEFT JOIN (SELECT NConcepto, trim(Factura) AS Factura, Año, ModificadoPor FROM ", donde,
-         ") ", alias, " ON ", alias, ".NConcepto = d.NConcepto AND ", alias,
-         ".Factura = d.Factura AND ", alias, ".Año = d.Año"});
-  };
-  const auto en = [](std::string_view tabla) {
-    return Juntar(
-        {"EXISTS (SELECT 1 FROM ", tabla,
-         " w WHERE w.NConcepto = d.NConcepto AND w.Factura = d.Factura AND w.Año = d.Año)"});
-  };
-  const std::string deTrabajo = en("temp.DeTrabajo");
-  return "SELECT 'ProvFacturas', d.NConcepto, d.Factura, d.Año, '', CASE WHEN NOT " +
-         en("temp.DelRango") +
-         " THEN 'ya está grabada con vencimientos de otras fechas, y lo entrado con su número "
-         "se le añadiría' ELSE " +
-         Motivo(deTrabajo) + " END FROM (SELECT DISTINCT * FROM (" + claves + ")) d" +
-         con("foto.ProvFacturas", "antes") + con("copia.ProvFacturas", "ahora") + " WHERE " +
-         deTrabajo + " OR " + QuedaAlgo();
-}
-
-std::string Foto::PrevisionesCambiadas() {
-  const std::string deTrabajo =
-      "EXISTS (SELECT 1 FROM temp.PrevisionDeTrabajo w WHERE w.NConcepto = d.NConcepto)";
-  return "SELECT 'ProvPrevisionPagos', d.NConcepto, '', '', '', " + Motivo(deTrabajo) + " FROM (" +
-         Distintas(*conexion_, "ProvPrevisionPagos", "NConcepto") +
-         ") d LEFT JOIN foto.ProvPrevisionPagos antes ON antes.NConcepto = d.NConcepto LEFT "
-         "JOIN copia.ProvPrevisionPagos ahora ON ahora.NConcepto = d.NConcepto WHERE " +
-         deTrabajo + " OR ahora.NConcepto IS NOT NULL";
-}
-
-std::vector<Fila> Foto::QueSiguen(std::vector<Fila> filas) {
-  std::erase_if(filas, [this](const Fila& fila) {
-    const std::string suyas = EnLaCopia(fila);
-    return !suyas.empty() && conexion_->Consultar(suyas).Filas.Cuantas() == 0;
-  });
+  if (!rango_) return {};
+  std::vector<Fila> filas;
+  for (const Cambio& cambio : LeerCambios(*conexion_)) filas.push_back(ComoFila(cambio));
   return filas;
 }
 
-/// An entry that is gone can't be linked any more, and nothing of it is lost.
-std::string Foto::ApuntesCambiados() {
-  return "SELECT 'CajaPagos', d.Tipo, ifnull(ahora.Factura, ''), ifnull(ahora.Año, ''), "
-         "d.FechaHora, "
-         "'lo ha cambiado ' || ifnull(ahora.ModificadoPor, 'otro usuario') || ', y volvería a ser "
-         "como era' FROM (" +
-         Distintas(*conexion_, "CajaPagos", "idSucursal, FechaHora, Tipo") +
-         ") d JOIN copia.CajaPagos ahora ON ahora.idSucursal = d.idSucursal AND ahora.FechaHora = "
-         "d.FechaHora AND ahora.Tipo = d.Tipo";
+std::vector<Fila> Foto::QueSiguen(std::vector<Fila> filas) {
+  if (filas.empty()) return filas;
+  std::vector<std::string> consultas;
+  for (const Tabla& tabla : Tablas()) {
+    consultas.push_back(
+        Juntar({"SELECT ", sql::ComoFila(tabla, "t", "''"), " FROM copia.", tabla.Nombre, " t"}));
+  }
+  std::set<Fila, PorSuClave> quedan;
+  for (const Fila& fila : sql::LeerFilas(*conexion_, sql::Separar(consultas, " UNION ALL "))) {
+    quedan.insert(SinDetalle(fila));
+  }
+  std::erase_if(filas, [&](const Fila& fila) { return !quedan.contains(SinDetalle(fila)); });
+  return filas;
 }
 
 }  // namespace salvaguarda

@@ -13,6 +13,9 @@ namespace salvaguarda {
 /// The file of the picture that belongs to a working file.
 [[nodiscard]] std::string FicheroDeFoto(const std::string& deTrabajo);
 
+/// The sign of the picture in the attached file `foto`; empty where there is no whole one.
+[[nodiscard]] std::string SenaDeFoto(sqlite::Conexion& base);
+
 /// The stored rows that a commit of a range would touch, as they were at one moment: its invoices
 /// with their bases and due dates, the forecasts, and the cash entries that a load brings. Taken by
 /// a connection of its own to the stored file, which sees what is durable, whatever another has
@@ -43,19 +46,12 @@ class Foto {
   /// of a concept that isn't there, or written with blanks that the rest of the invoice hasn't.
   [[nodiscard]] std::vector<Fila> Excluidas();
 
-  /// What the tables of the attached file `copia` say otherwise than it: invoices, forecasts and
-  /// cash entries that were changed, added or deleted since, each with who did it and what a commit
-  /// would do. No difference is who wrote a row when, nor what any commit makes of it; nor is one
-  /// that is gone and that this commit doesn't bring back.
+  /// What the attached file `copia`, made for a commit, says otherwise than it.
   [[nodiscard]] std::vector<Fila> Cambiadas();
   /// Those of the rows of whose invoice or forecast the attached file `copia` still has any there.
   [[nodiscard]] std::vector<Fila> QueSiguen(std::vector<Fila> filas);
 
  private:
-  [[nodiscard]] std::string FacturasCambiadas();
-  [[nodiscard]] std::string PrevisionesCambiadas();
-  [[nodiscard]] std::string ApuntesCambiados();
-
   services::Ref<sqlite::Conexion> conexion_;
   std::optional<Rango> rango_;
   std::string sena_;

@@ -1,16 +1,20 @@
 #pragma once
 
-#include <functional>
-#include <optional>
+#include <filesystem>
 #include <string>
 #include <vector>
 
 #include "salvaguarda/comienzo.h"
+#include "salvaguarda/conceptos.h"
 #include "salvaguarda/copias.h"
+#include "salvaguarda/cotejo.h"
 #include "salvaguarda/fila.h"
-#include "salvaguarda/foto.h"
+#include "salvaguarda/noticia.h"
+#include "salvaguarda/recuperacion.h"
 #include "salvaguarda/registro.h"
+#include "salvaguarda/reparos.h"
 #include "salvaguarda/rescate.h"
+#include "salvaguarda/trato.h"
 #include "services/omision.h"
 #include "sqlite/conexion_sqlite.h"
 
@@ -43,15 +47,7 @@ class Guardia {
   };
 
   /// Throws what opening the stored file once more throws.
-  Guardia(Bases bases, const Lugares& lugares, std::string usuario);
-
-  std::function<services::FechaHora()> Ahora;
-  /// Whether to save all the same.
-  std::function<bool(const std::string& pregunta)> Preguntar;
-  /// There is something to be told, when the event is over.
-  std::function<void()> AlHaberQueContar = [] {};
-  /// Whether to ask when others have changed what is to be written.
-  bool AvisarDeOtros = true;
+  Guardia(Bases bases, const Lugares& lugares, std::string usuario, Trato trato);
 
   /// A load or a commit begins. Throws 0x800A0E80, with nothing written, when the user doesn't want
   /// the commit.
@@ -63,42 +59,41 @@ class Guardia {
   /// What there is to be told since the last time; empty paragraphs for nothing. What was passed
   /// over and is stored all the same isn't told.
   [[nodiscard]] Relato Contar();
-
-  [[nodiscard]] Copias& LasCopias() { return copias_; }
-  [[nodiscard]] Foto& LaFoto() { return foto_; }
-  [[nodiscard]] const std::string& Usuario() const { return usuario_; }
   void Anotar(std::string_view texto);
+  /// What the concepts are called now.
+  [[nodiscard]] salvaguarda::Conceptos Conceptos() {
+    return salvaguarda::Conceptos::Leer(cotejo_.Conexion());
+  }
+
+  /// The copies of rows, the last one first.
+  [[nodiscard]] std::vector<Copia> Copias() const { return copias_.Guardadas(); }
+  /// What putting one back would do. Throws what the engine throws.
+  [[nodiscard]] Reposicion Comparar(const Copia& copia);
+  /// This one isn't let go of, however many there come to be.
+  void Reservar(const Copia& copia) { copias_.Reservar(copia); }
+  /// Puts it back, the present state copied first. Nothing is under way. Throws what the engine
+  /// throws, with all as it was.
+  void Reponer(const Copia& copia);
+  /// Copies the whole stored file, unless that was done today. Throws what the engine and the file
+  /// system throw.
+  void CopiarElDia();
 
  private:
   void AlCargar(const Rango& rango);
   void AlGrabar(const Rango& rango);
-  /// Copies what is to be written, and sees what others have changed of it since it was last looked
-  /// at. Empty, or why that can't be done.
-  [[nodiscard]] std::string Copiar(const Rango& rango);
-  [[nodiscard]] std::string FilasDeLaCopia(const Rango& rango);
-  void Comparar();
+  /// Whether the user wants to go on in spite of that.
+  [[nodiscard]] bool Confirmar(const Reparos& reparos);
+  /// Notes that the working copy misses a table.
   void DarPorIncompleta();
-  /// What is to be asked before what is there is written over, with up to so many rows of each
-  /// kind; empty for nothing.
-  [[nodiscard]] std::string Reparos(const std::string& sinCopia, std::size_t hasta) const;
-  void Decir(const std::string& texto, const std::vector<Fila>& filas);
+  void Decir(const Noticia& noticia, const salvaguarda::Conceptos& conceptos);
 
   Bases bases_;
-  Foto foto_;
-  Copias copias_;
+  Cotejo cotejo_;
+  salvaguarda::Copias copias_;
   Registro registro_;
   std::string usuario_;
-  /// The last one made: not needed when nothing was written after it.
-  Copia copia_;
+  Trato trato_;
   std::vector<services::Omision> omisiones_;
-  /// Stored rows of the range that the working copy hasn't, and that a commit would delete.
-  std::vector<Fila> noCargadas_;
-  /// Whether nothing was stored since the picture.
-  bool sinCambios_ = false;
-  /// Whether nobody knows what was there at the load.
-  bool sinFoto_ = false;
-  /// What others have changed of it since the load, until the user agrees to write over it.
-  std::vector<Fila> deOtros_;
   std::vector<Fila> yaDichas_;
   Relato relato_;
 };

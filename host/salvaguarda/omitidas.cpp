@@ -1,9 +1,10 @@
 #include "salvaguarda/omitidas.h"
 
 #include <algorithm>
+#include <set>
 
-#include "esquema/definiciones.h"
 #include "salvaguarda/sql.h"
+#include "salvaguarda/tablas.h"
 #include "valores/error.h"
 #include "valores/texto.h"
 
@@ -12,11 +13,6 @@ namespace {
 
 using services::Omision;
 using services::Valor;
-
-/// The stored table of a working one, or of itself.
-std::string Almacenada(const std::string& tabla) {
-  return tabla.starts_with("Temp") ? tabla.substr(4) : tabla;
-}
 
 std::string Campo(const Omision& omision, std::string_view nombre) {
   const auto campo = std::ranges::find(omision.Fila, nombre, &Omision::Campo::Nombre);
@@ -29,21 +25,14 @@ bool DeUnaFactura(const Omision& omision) {
 }
 
 Fila ComoFila(const Omision& omision) {
-  Fila fila{Almacenada(omision.Tabla),
-            Campo(omision, "NConcepto"),
-            std::string(services::Trim(Campo(omision, "NFactura"))),
-            Campo(omision, "Año"),
-            "",
-            omision.Fallo.Descripcion()};
-  if (DeUnaFactura(omision)) fila.Tabla = "ProvFacturas";
-  if (fila.Tabla == "ProvFacturas") fila.Factura = services::Trim(Campo(omision, "Factura"));
-  if (fila.Tabla == "ProvBasesIva") fila.Detalle = Campo(omision, "Tipo");
-  if (fila.Tabla == "ProvVencimientos") fila.Detalle = Campo(omision, "FechaVto");
-  if (fila.Tabla == "CajaPagos") {
-    fila.NConcepto = Campo(omision, "Tipo");
-    fila.Detalle = Campo(omision, "FechaHora");
-  }
-  return fila;
+  const Tabla* tabla = BuscarTabla(DeUnaFactura(omision) ? "ProvFacturas" : omision.Tabla);
+  if (tabla == nullptr) return {omision.Tabla, "", "", "", "", omision.Fallo.Descripcion()};
+  return {std::string(tabla->Nombre),
+          Campo(omision, tabla->Concepto),
+          std::string(services::Trim(Campo(omision, tabla->Numero))),
+          Campo(omision, tabla->Anio),
+          Campo(omision, tabla->Detalle),
+          omision.Fallo.Descripcion()};
 }
 
 std::string Literal(const Valor& valor) {
@@ -54,18 +43,14 @@ std::string Literal(const Valor& valor) {
 }
 
 /// The condition that finds the row by its key; empty where it isn't known whole.
-std::string PorSuClave(const Omision& omision) {
-  const auto tablas = esquema::Almacenadas();
-  const auto tabla = std::ranges::find(tablas, omision.Tabla, &esquema::Tabla::Nombre);
-  if (tabla == tablas.end()) return "";
-  std::string condicion;
-  for (const std::string_view nombre : tabla->Clave) {
+std::string CondicionDe(const Omision& omision, const Tabla& tabla) {
+  std::vector<std::string> condiciones;
+  for (const std::string_view nombre : tabla.Clave()) {
     const auto campo = std::ranges::find(omision.Fila, nombre, &Omision::Campo::Nombre);
     if (campo == omision.Fila.end() || campo->Valor.EsNulo()) return "";
-    condicion +=
-        sql::Juntar({condicion.empty() ? "" : " AND ", nombre, " = ", Literal(campo->Valor)});
+    condiciones.push_back(sql::Juntar({nombre, " = ", Literal(campo->Valor)}));
   }
-  return condicion;
+  return sql::Separar(condiciones, " AND ");
 }
 
 bool DicenLoMismo(const Valor& a, const Valor& b) {
@@ -75,14 +60,16 @@ bool DicenLoMismo(const Valor& a, const Valor& b) {
 /// Whether the stored table holds the row as it was to be written. What can't be looked at is not
 /// there.
 bool EstaIgual(const Omision& omision, sqlite::Conexion& almacenados) try {
-  const std::string condicion = PorSuClave(omision);
+  const Tabla* tabla = BuscarTabla(omision.Tabla);
+  if (tabla == nullptr) return false;
+  const std::string condicion = CondicionDe(omision, *tabla);
   if (condicion.empty()) return false;
   const auto hallada =
       almacenados.Consultar(sql::Juntar({"SELECT * FROM ", omision.Tabla, " WHERE ", condicion}));
   if (hallada.Filas.Cuantas() != 1) return false;
   for (std::size_t i = 0; i < hallada.Columnas.size(); ++i) {
     const std::string& nombre = hallada.Columnas[i].Nombre;
-    if (nombre == "Actualizado" || nombre == "ModificadoPor") continue;
+    if (!tabla->EsContenido(nombre)) continue;
     const auto campo = std::ranges::find(omision.Fila, nombre, &Omision::Campo::Nombre);
     if (campo != omision.Fila.end() && !DicenLoMismo(campo->Valor, hallada.Filas.En(0, i))) {
       return false;
@@ -93,13 +80,11 @@ bool EstaIgual(const Omision& omision, sqlite::Conexion& almacenados) try {
   return false;
 }
 
-bool MismaFila(const Fila& a, const Fila& b) {
-  return a.Tabla == b.Tabla && a.NConcepto == b.NConcepto && a.Factura == b.Factura &&
-         a.Anio == b.Anio && a.Detalle == b.Detalle;
-}
-
-bool Contiene(const std::vector<Fila>& filas, const Fila& una) {
-  return std::ranges::any_of(filas, [&](const Fila& otra) { return MismaFila(otra, una); });
+/// Where a row belongs that isn't as it was to be.
+std::vector<Fila>& Destino(Omitidas& omitidas, const Omision& omision) {
+  if (omision.Que == Omision::Falta::Valor) return omitidas.Incompletas;
+  const bool apunte = omision.Tabla == "TempCajaPagos";
+  return apunte ? omitidas.Apuntes : omitidas.Filas;
 }
 
 }  // namespace
@@ -114,16 +99,13 @@ Omitidas Clasificar(const std::vector<Omision>& omisiones, Omision::Tarea durant
     } else if (DeUnaFactura(omision)) {
       omitidas.SinApuntes.push_back(ComoFila(omision));
     } else if (durante == Omision::Tarea::Carga || !EstaIgual(omision, almacenados)) {
-      auto& filas = omision.Que == Omision::Falta::Fila ? omitidas.Filas : omitidas.Incompletas;
-      filas.push_back(ComoFila(omision));
+      Destino(omitidas, omision).push_back(ComoFila(omision));
     }
   }
-  std::vector<Fila> incompletas;
-  for (Fila& fila : omitidas.Incompletas) {
-    if (Contiene(omitidas.Filas, fila) || Contiene(incompletas, fila)) continue;
-    incompletas.push_back(std::move(fila));
-  }
-  omitidas.Incompletas = std::move(incompletas);
+  std::set<Fila, PorSuClave> dichas(omitidas.Filas.begin(), omitidas.Filas.end());
+  dichas.insert(omitidas.Apuntes.begin(), omitidas.Apuntes.end());
+  std::erase_if(omitidas.Incompletas,
+                [&](const Fila& fila) { return !dichas.insert(fila).second; });
   return omitidas;
 }
 

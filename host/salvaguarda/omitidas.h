@@ -13,7 +13,12 @@ namespace salvaguarda {
 struct Omitidas {
   /// Tables of which nothing was loaded or saved, each with the reason.
   std::vector<Fila> Tablas;
+  /// The rows that are gone with those of a commit.
+  std::vector<Fila> Perdidas;
+  /// Rows that are missing.
   std::vector<Fila> Filas;
+  /// Cash entries that were not loaded: no commit deletes one.
+  std::vector<Fila> Apuntes;
   /// Invoices whose cash entries could not be looked for.
   std::vector<Fila> SinApuntes;
   /// Rows written without one of their values.

@@ -3,33 +3,16 @@
 #include <algorithm>
 #include <iterator>
 
+#include "salvaguarda/adjunta.h"
 #include "salvaguarda/ambito.h"
+#include "salvaguarda/consultas.h"
+#include "salvaguarda/copia_en_curso.h"
 #include "salvaguarda/sql.h"
 
 namespace salvaguarda {
 namespace {
 
 using sql::Juntar;
-
-/// A table of the copy beside the stored rows that it is about.
-struct Pareja {
-  std::string Tabla;
-  /// The stored rows, as a query.
-  std::string Ahora;
-  /// That row `a` of the copy and row `b` of the store are the same one.
-  std::string Misma;
-  /// What tells one row from the others: the columns of a `Fila` from the second to the fifth, `@`
-  /// for the row's name.
-  std::string Clave;
-  /// What they say, split by commas, alike.
-  std::string Contenido;
-};
-
-std::string De(std::string_view alias, const std::string& texto) {
-  std::string puesto;
-  for (const char c : texto) puesto += c == '@' ? std::string(alias) : std::string(1, c);
-  return puesto;
-}
 
 /// That the entry `e` belongs to no invoice now, or to one that the copy is about: one that another
 /// has linked since to his own stays there.
@@ -54,72 +37,52 @@ std::vector<std::string> Comunes(sqlite::Conexion& base, std::string_view tabla)
   return comunes;
 }
 
-/// What those say.
-std::string ContenidoComun(sqlite::Conexion& base, std::string_view tabla) {
-  const std::vector<std::string> comunes = Comunes(base, tabla);
-  return sql::Contenido(base, tabla, "@", [&](const std::string& nombre) {
-    return std::ranges::find(comunes, nombre) != comunes.end();
-  });
+/// Those of them that tell what a row says.
+std::string Dice(const Tabla& tabla, const std::vector<std::string>& comunes,
+                 std::string_view alias) {
+  std::vector<std::string> columnas;
+  std::ranges::copy_if(comunes, std::back_inserter(columnas),
+                       [&](const std::string& nombre) { return tabla.EsContenido(nombre); });
+  return sql::Valores(tabla, columnas, alias);
 }
 
-std::vector<Pareja> Parejas(sqlite::Conexion& base) {
-  std::vector<Pareja> parejas;
-  for (const auto& tabla : sql::kDeFactura) {
-    const std::string detalle =
-        tabla.Detalle.starts_with("'") ? "''" : Juntar({"@.", tabla.Detalle});
-    const auto igual = [](std::string_view a, std::string_view b) {
-      return Juntar({a, " COLLATE ES = ", b});
-    };
-    parejas.push_back(
-        {std::string(tabla.Nombre), sql::FilasDe(tabla, "copia.Claves"),
-         igual("a.NConcepto", "b.NConcepto") + " AND " +
-             igual(Juntar({"trim(a.", tabla.Numero, ")"}), Juntar({"trim(b.", tabla.Numero, ")"})) +
-             " AND " + igual("a.Año", "b.Año") + " AND " + De("a", detalle) + " = " +
-             De("b", detalle),
-         Juntar({"@.NConcepto, trim(@.", tabla.Numero, "), @.Año, ", detalle}),
-         ContenidoComun(base, tabla.Nombre)});
-  }
-  parejas.push_back({"ProvPrevisionPagos", sql::PrevisionesCon("copia.ClavesPrevision"),
-                     "a.NConcepto COLLATE ES = b.NConcepto", "@.NConcepto, '', '', @.Fecha1Vto",
-                     ContenidoComun(base, "ProvPrevisionPagos")});
-  parejas.push_back(
-      {"CajaPagos",
-       Juntar({"SELECT e.* FROM (",
-               sql::ApuntesCon("copia.CajaPagos", "t.*, t.Factura AS Suya, t.Año AS SuAnio"),
-               ") e WHERE ", kDeLaCopia}),
-       "a.idSucursal = b.idSucursal AND MOMENTO(a.FechaHora) = MOMENTO(b.FechaHora) AND "
-       "a.Tipo = b.Tipo",
-       "@.Tipo, ifnull(@.Factura, ''), ifnull(@.Año, ''), @.FechaHora",
-       "ifnull(@.Factura, ''), ifnull(@.Año, '')"});
-  return parejas;
+/// The stored rows that the copy is about, as a query.
+std::string Ahora(const Tabla& tabla) {
+  if (tabla.Que == Tabla::Cosa::Prevision) return sql::PrevisionesCon("copia.ClavesPrevision");
+  if (tabla.Que != Tabla::Cosa::Apunte) return sql::FilasDe(tabla, "copia.Claves");
+  return Juntar({"SELECT e.* FROM (",
+                 sql::ApuntesCon("copia.CajaPagos", "t.*, t.Factura AS Suya, t.Año AS SuAnio"),
+                 ") e WHERE ", kDeLaCopia});
 }
 
 void Anadir(std::vector<Fila>& a, std::vector<Fila> otras) {
   a.insert(a.end(), std::make_move_iterator(otras.begin()), std::make_move_iterator(otras.end()));
 }
 
-void Comparar(sqlite::Conexion& base, const Pareja& pareja, Reposicion& reposicion) {
-  const auto filas = [&](std::string_view alias, std::string_view desde) {
-    return sql::LeerFilas(
-        base, Juntar({"WITH a AS MATERIALIZED (SELECT * FROM copia.", pareja.Tabla,
-                      "), b AS MATERIALIZED (", pareja.Ahora, ") SELECT '", pareja.Tabla, "', ",
-                      De(alias, pareja.Clave), ", '' FROM ", desde}));
+/// The rows `a` of the copy beside the stored ones, `b`.
+void Comparar(sqlite::Conexion& base, const Tabla& tabla, Reposicion& reposicion) {
+  const auto filas = [&](std::string_view alias, const std::string& desde) {
+    return sql::LeerFilas(base,
+                          Juntar({"WITH a AS MATERIALIZED (SELECT * FROM copia.", tabla.Nombre,
+                                  "), b AS MATERIALIZED (", Ahora(tabla), ") SELECT ",
+                                  sql::ComoFila(tabla, alias, "''"), " FROM ", desde}));
   };
-  const std::string con = " ON " + pareja.Misma;
-  if (pareja.Tabla != "CajaPagos") {
-    Anadir(reposicion.Vuelven, filas("a", "a LEFT JOIN b" + con + " WHERE b.NConcepto IS NULL"));
-    Anadir(reposicion.SeVan, filas("b", "b LEFT JOIN a" + con + " WHERE a.NConcepto IS NULL"));
+  const std::string con = " ON " + sql::MismaFila(tabla, "a", "b");
+  if (tabla.Que != Tabla::Cosa::Apunte) {
+    const std::string falta = Juntar({".", tabla.Concepto, " IS NULL"});
+    Anadir(reposicion.Vuelven, filas("a", "a LEFT JOIN b" + con + " WHERE b" + falta));
+    Anadir(reposicion.SeVan, filas("b", "b LEFT JOIN a" + con + " WHERE a" + falta));
   }
-  Anadir(reposicion.Cambian, filas("a", "a JOIN b" + con + " WHERE (" + De("a", pareja.Contenido) +
-                                            ") IS NOT (" + De("b", pareja.Contenido) + ")"));
+  const std::vector<std::string> comunes = Comunes(base, tabla.Nombre);
+  Anadir(reposicion.Cambian, filas("a", "a JOIN b" + con + " WHERE (" + Dice(tabla, comunes, "a") +
+                                            ") IS NOT (" + Dice(tabla, comunes, "b") + ")"));
 }
 
 /// The rows of a table under the copy's keys make way for the copy's.
 std::string Sustituir(sqlite::Conexion& base, std::string_view tabla, const std::string& suyas) {
-  std::string columnas;
-  for (const std::string& nombre : Comunes(base, tabla)) {
-    columnas += Juntar({columnas.empty() ? "\"" : ", \"", nombre, "\""});
-  }
+  std::vector<std::string> comunes = Comunes(base, tabla);
+  for (std::string& nombre : comunes) nombre = sql::Columna("", nombre);
+  const std::string columnas = sql::Separar(comunes, ", ");
   return Juntar({"DELETE FROM main.", tabla, " WHERE rowid IN (", suyas, "); INSERT INTO main.",
                  tabla, " (", columnas, ") SELECT ", columnas, " FROM copia.", tabla, ";"});
 }
@@ -161,7 +124,7 @@ Reposicion Comparar(sqlite::Conexion& base, const Copia& copia) {
   const sql::Adjunta adjunta(base, copia.Fichero.string(), "copia");
   PrepararClaves(base);
   Reposicion reposicion;
-  for (const Pareja& pareja : Parejas(base)) Comparar(base, pareja, reposicion);
+  for (const Tabla& tabla : Tablas()) Comparar(base, tabla, reposicion);
   return reposicion;
 }
 
@@ -172,11 +135,11 @@ void Reponer(sqlite::Conexion& almacenados, sqlite::Conexion& lectura, const Cop
   UnidadDeReposicion unidad(almacenados);
   {
     const sql::Adjunta vieja(lectura, copia.Fichero.string(), "vieja");
-    copias.Guardar(lectura, CopiaDeCopia("vieja"), {momento, usuario, {}});
+    CopiaEnCurso(copias, lectura, CopiaDeCopia("vieja"), {momento, usuario, {}}).Terminar();
   }
   PrepararClaves(almacenados);
   std::string todo;
-  for (const auto& tabla : sql::kDeFactura) {
+  for (const Tabla& tabla : TablasDeFactura()) {
     todo += Sustituir(almacenados, tabla.Nombre, sql::FilasDe(tabla, "copia.Claves", "t.rowid"));
   }
   todo += Sustituir(almacenados, "ProvPrevisionPagos",

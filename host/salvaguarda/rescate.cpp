@@ -1,8 +1,10 @@
 #include "salvaguarda/rescate.h"
 
 #include <algorithm>
-#include <array>
 
+#include "salvaguarda/adjunta.h"
+#include "salvaguarda/consultas.h"
+#include "salvaguarda/foto.h"
 #include "salvaguarda/sql.h"
 
 namespace salvaguarda {
@@ -11,101 +13,64 @@ namespace {
 using sql::Juntar;
 using sql::Texto;
 
-/// A working table, what it has in common with the stored one, and how the user knows its rows.
-struct Comun {
-  std::string_view Tabla;
-  std::string_view Columnas;
-  std::string_view Clave;  ///< the columns of a `Fila` from the second to the fifth
-  std::string_view Misma;  ///< that row `d` is row `s`
-};
-
-constexpr std::array kComunes{
-    Comun{"ProvFacturas",
-          "NConcepto, Factura, Año, Fecha, Total, forpago, NRecibos, Dias1Vto, BIRPF, TipoIRPF, "
-          "IRPF, Cadencia",
-          "NConcepto, Factura, Año, ''",
-          "s.NConcepto = d.NConcepto AND s.Factura = d.Factura AND s.Año = d.Año"},
-    Comun{"ProvBasesIva", "NConcepto, NFactura, Año, Tipo, Base, Importe, Exento",
-          "NConcepto, NFactura, Año, Tipo",
-          "s.NConcepto = d.NConcepto AND s.NFactura = d.NFactura AND s.Año = d.Año AND s.Tipo = "
-          "d.Tipo"},
-    Comun{
-        "ProvVencimientos", "NConcepto, NFactura, Año, FechaVto, Importe, Pagado, Fechapago",
-        "NConcepto, NFactura, Año, FechaVto",
-        "s.NConcepto = d.NConcepto AND s.NFactura = d.NFactura AND s.Año = d.Año AND s.FechaVto = "
-        "d.FechaVto"},
-    Comun{"ProvPrevisionPagos", "NConcepto, Fecha1Vto, Cada, Tipo, Importe",
-          "NConcepto, '', '', Fecha1Vto", "s.NConcepto = d.NConcepto"},
-    Comun{"CajaPagos", "idSucursal, FechaHora, Tipo, Factura, Año", "Tipo, '', '', FechaHora",
-          "s.idSucursal = d.idSucursal AND s.FechaHora = d.FechaHora AND s.Tipo = d.Tipo"},
-};
-
-std::string ColumnasDe(const Comun& comun) {
-  std::string columnas;
-  for (std::string_view quedan = comun.Columnas; !quedan.empty();) {
-    const std::size_t coma = std::min(quedan.find(", "), quedan.size());
-    columnas +=
-        (columnas.empty() ? "" : ", ") + sql::ComoQueda(comun.Tabla, quedan.substr(0, coma), "");
-    quedan.remove_prefix(std::min(coma + 2, quedan.size()));
-  }
-  return columnas;
+std::vector<std::string> ContenidoDe(const Tabla& tabla) {
+  const auto columnas = tabla.Contenido();
+  return {columnas.begin(), columnas.end()};
 }
 
 /// The rows of a working table that its stored one hasn't, nor the picture.
-std::string Distintas(const Comun& comun, bool conFoto) {
-  const std::string columnas = ColumnasDe(comun);
-  const std::string menos = Juntar({" EXCEPT SELECT ", columnas, " FROM "});
-  return Juntar({"SELECT '", comun.Tabla, "', ", comun.Clave,
-                 ", CASE WHEN EXISTS (SELECT 1 FROM almacen.", comun.Tabla, " s WHERE ",
-                 comun.Misma, ") THEN 'se cambió' ELSE 'se añadió' END FROM (SELECT ", columnas,
-                 " FROM main.Temp", comun.Tabla, menos, "almacen.", comun.Tabla,
-                 conFoto ? Juntar({menos, "foto.", comun.Tabla}) : "", ") d"});
+std::string Distintas(const Tabla& tabla, bool conFoto) {
+  const auto filas = [&](std::string_view de) {
+    return Juntar({"SELECT ", sql::ValoresConNombre(tabla, ContenidoDe(tabla), ""), " FROM ", de,
+                   tabla.Nombre});
+  };
+  const std::string motivo =
+      Juntar({"CASE WHEN EXISTS (SELECT 1 FROM almacen.", tabla.Nombre, " s WHERE ",
+              sql::MismaFila(tabla, "s", "d"), ") THEN 'se cambió' ELSE 'se añadió' END"});
+  return Juntar({"SELECT ", sql::ComoFila(tabla, "d", motivo), " FROM (", filas("main.Temp"),
+                 " EXCEPT ", filas("almacen."), conFoto ? " EXCEPT " + filas("foto.") : "", ") d"});
 }
 
-/// That a stored row `t` was there at the load.
-std::string Estaba(std::string_view tabla, std::string_view misma, bool conFoto) {
-  if (!conFoto) return "";
-  return Juntar({" AND EXISTS (SELECT 1 FROM foto.", tabla, " w WHERE ", misma, ")"});
+/// The stored rows `t` of a query that the working copy hasn't any more, though it could have
+/// loaded them and they were there then.
+std::string Borradas(const Tabla& tabla, const std::string& desde, bool conFoto) {
+  const auto esta = [&](std::string_view en) {
+    return Juntar({"EXISTS (SELECT 1 FROM ", en, tabla.Nombre, " w WHERE ",
+                   sql::MismaFila(tabla, "w", "t"), ")"});
+  };
+  return Juntar({"SELECT DISTINCT ", sql::ComoFila(tabla, "t", "'se borró'"), desde,
+                 " AND EXISTS (SELECT 1 FROM almacen.ProvConceptos c WHERE c.NConcepto = "
+                 "t.NConcepto) AND NOT ",
+                 esta("main.Temp"), conFoto ? " AND " + esta("foto.") : ""});
 }
 
-/// The stored due dates of the range and the forecasts that the working copy hasn't any more.
+/// Of the due dates of the range, with those of the same invoices, and of the forecasts.
 std::string Borradas(const Rango& rango, bool conFoto) {
-  constexpr std::string_view kMismo =
-      "w.NConcepto = t.NConcepto AND w.NFactura = t.NFactura AND w.Año = t.Año AND w.FechaVto = "
-      "t.FechaVto";
-  constexpr std::string_view kMisma = "w.NConcepto = t.NConcepto";
-  constexpr std::string_view kConConcepto =
-      " AND EXISTS (SELECT 1 FROM almacen.ProvConceptos c WHERE c.NConcepto = t.NConcepto) AND NOT "
-      "EXISTS (SELECT 1 FROM main.Temp";
-  return Juntar(
-      {"SELECT DISTINCT 'ProvVencimientos', t.NConcepto, t.NFactura, t.Año, t.FechaVto, 'se borró' "
-       "FROM almacen.ProvVencimientos v CROSS JOIN almacen.ProvFacturas f ON f.NConcepto = "
-       "v.NConcepto AND f.Factura = v.NFactura CROSS JOIN almacen.ProvVencimientos t ON "
-       "t.NConcepto = f.NConcepto AND t.NFactura = f.Factura WHERE v.FechaVto >= ",
-       Texto(rango.Desde), " AND v.FechaVto <= ", Texto(rango.Hasta), kConConcepto,
-       "ProvVencimientos w WHERE ", kMismo, ")", Estaba("ProvVencimientos", kMismo, conFoto),
-       " UNION ALL SELECT 'ProvPrevisionPagos', t.NConcepto, '', '', t.Fecha1Vto, 'se borró' FROM "
-       "almacen.ProvPrevisionPagos t WHERE t.Fecha1Vto <= ",
-       Texto(rango.Hasta), kConConcepto, "ProvPrevisionPagos w WHERE ", kMisma, ")",
-       Estaba("ProvPrevisionPagos", kMisma, conFoto)});
+  const std::string vencimientos =
+      Juntar({" FROM almacen.ProvVencimientos v CROSS JOIN almacen.ProvFacturas f ON f.NConcepto = "
+              "v.NConcepto AND f.Factura = v.NFactura CROSS JOIN almacen.ProvVencimientos t ON "
+              "t.NConcepto = f.NConcepto AND t.NFactura = f.Factura WHERE v.FechaVto >= ",
+              Texto(rango.Desde), " AND v.FechaVto <= ", Texto(rango.Hasta)});
+  const std::string previsiones =
+      Juntar({" FROM almacen.ProvPrevisionPagos t WHERE t.Fecha1Vto <= ", Texto(rango.Hasta)});
+  return Borradas(*BuscarTabla("ProvVencimientos"), vencimientos, conFoto) + " UNION ALL " +
+         Borradas(Previsiones(), previsiones, conFoto);
 }
 
 constexpr std::string_view kTabla = "SorvexCopia";
+constexpr std::string_view kColumnas =
+    "Desde, Hasta, Usuario, Momento, Foto, Almacenados, Completa";
 
 /// As a screen leaves them when it closes.
 bool Vacias(sqlite::Conexion& deTrabajo) {
-  return std::ranges::none_of(sql::kTablas, [&](std::string_view tabla) {
-    return deTrabajo.Consultar(Juntar({"SELECT 1 FROM Temp", tabla, " LIMIT 1"})).Filas.Cuantas() >
-           0;
+  return std::ranges::none_of(Tablas(), [&](const Tabla& tabla) {
+    const std::string una = Juntar({"SELECT 1 FROM Temp", tabla.Nombre, " LIMIT 1"});
+    return deTrabajo.Consultar(una).Filas.Cuantas() > 0;
   });
 }
 
 std::optional<CopiaAbierta> LeerCopia(sqlite::Conexion& deTrabajo) {
-  const auto anotada =
-      deTrabajo
-          .Consultar(Juntar(
-              {"SELECT Desde, Hasta, Usuario, Momento, Foto, Almacenados, Completa FROM ", kTabla}))
-          .Filas;
+  const auto anotada = deTrabajo.Consultar(Juntar({"SELECT ", kColumnas, " FROM ", kTabla})).Filas;
   if (anotada.Cuantas() == 0) return std::nullopt;
   const auto texto = [&](std::size_t columna) { return anotada.En(0, columna).Texto(); };
   return CopiaAbierta{{texto(0), texto(1)}, texto(2), texto(3), texto(4), texto(5),
@@ -114,35 +79,22 @@ std::optional<CopiaAbierta> LeerCopia(sqlite::Conexion& deTrabajo) {
 
 std::vector<Fila> Diferencias(sqlite::Conexion& deTrabajo, const Rango& rango, bool conFoto) {
   std::string consulta;
-  for (const Comun& comun : kComunes) consulta += Distintas(comun, conFoto) + " UNION ALL ";
+  for (const Tabla& tabla : Tablas()) consulta += Distintas(tabla, conFoto) + " UNION ALL ";
   return sql::LeerFilas(deTrabajo, consulta + Borradas(rango, conFoto));
 }
 
 }  // namespace
 
 void AnotarCopia(sqlite::Conexion& deTrabajo, const CopiaAbierta& copia) {
+  std::vector<std::string> valores;
+  for (const std::string& valor :
+       {copia.Rango.Desde, copia.Rango.Hasta, copia.Usuario, copia.Momento, copia.Foto,
+        copia.Almacenados, std::string(copia.Completa ? "1" : "0")}) {
+    valores.push_back(Texto(valor));
+  }
   deTrabajo.Ejecutar(
-      Juntar({"DROP TABLE IF EXISTS ",
-              kTabla,
-              "; CREATE TABLE ",
-              kTabla,
-              " (Desde, Hasta, Usuario, Momento, Foto, Almacenados, Completa); INSERT INTO ",
-              kTabla,
-              " VALUES (",
-              Texto(copia.Rango.Desde),
-              ", ",
-              Texto(copia.Rango.Hasta),
-              ", ",
-              Texto(copia.Usuario),
-              ", ",
-              Texto(copia.Momento),
-              ", ",
-              Texto(copia.Foto),
-              ", ",
-              Texto(copia.Almacenados),
-              ", ",
-              copia.Completa ? "'1'" : "'0'",
-              ")"}));
+      Juntar({"DROP TABLE IF EXISTS ", kTabla, "; CREATE TABLE ", kTabla, " (", kColumnas,
+              "); INSERT INTO ", kTabla, " VALUES (", sql::Separar(valores, ", "), ")"}));
 }
 
 void AnotarIncompleta(sqlite::Conexion& deTrabajo) {
@@ -160,7 +112,7 @@ std::optional<Rescate> BuscarRescate(sqlite::Conexion& deTrabajo, const std::str
   if (rescate.DeOtraEmpresa) return rescate;
   const sql::Adjunta tablas(deTrabajo, almacenados, "almacen");
   const sql::Adjunta retrato(deTrabajo, foto, "foto");
-  rescate.ConFoto = !copia->Foto.empty() && sql::SenaDeFoto(deTrabajo) == copia->Foto;
+  rescate.ConFoto = !copia->Foto.empty() && SenaDeFoto(deTrabajo) == copia->Foto;
   rescate.Filas = Diferencias(deTrabajo, copia->Rango, rescate.ConFoto);
   if (rescate.Filas.empty()) return std::nullopt;
   return rescate;

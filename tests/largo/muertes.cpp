@@ -15,6 +15,7 @@
 #include "largo/proceso_aparte.h"
 #include "largo/puesto.h"
 #include "largo/tablas.h"
+#include "salvaguarda/relacion.h"
 #include "salvaguarda/rescate.h"
 
 // A program at work, killed at moments spread over the time of a "Grabar", with the suite's guard
@@ -236,7 +237,8 @@ void Muertes::MirarRescate(const fs::path& carpeta, bool guardado) {
                                                   Puesto::FicheroFoto(carpeta));
   ++cuentas_[rescate ? "rescates" : "sin rescate"];
   const std::string filas =
-      rescate ? salvaguarda::Recuento(rescate->Filas) + salvaguarda::Relacion(rescate->Filas, 5)
+      rescate ? salvaguarda::Recuento(rescate->Filas) +
+                    salvaguarda::Relatar(rescate->Filas, {}, salvaguarda::kALaVista).Texto
               : "";
   if (guardado && rescate) return Hallar("ofrece lo que ya se grabó: " + filas);
   if (!guardado && !rescate) return Hallar("no ofrece lo que no se grabó");

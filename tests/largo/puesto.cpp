@@ -50,7 +50,9 @@ Puesto::Puesto(const std::filesystem::path& carpeta, const Puertas& puertas)
       local_(DeFichero(bases_.Local())),
       guardia_(std::make_shared<salvaguarda::Guardia>(
           salvaguarda::Guardia::Bases{datos_, local_, FicheroDatos(carpeta), FicheroFoto(carpeta)},
-          salvaguarda::Guardia::Lugares{carpeta / "copias", carpeta / "registro.txt"}, "ANA")),
+          salvaguarda::Guardia::Lugares{carpeta / "copias", carpeta / "registro.txt"}, "ANA",
+          salvaguarda::Trato{[this] { return mundo_.Entorno().Ahora(); },
+                             [this](const std::string& pregunta) { return Preguntar(pregunta); }})),
       deDatos_(std::make_unique<BaseConPuerta>(
           bases_.Datos(), puertas.Datos(Ref<services::Conexion>(
                               services::Crear<salvaguarda::ConexionGuardada>(datos_, guardia_))))),
@@ -62,8 +64,6 @@ Puesto::Puesto(const std::filesystem::path& carpeta, const Puertas& puertas)
                    services::Crear<shell::ClassTesvara>(sesion_, pantallas_));
              }),
       plataforma_(mundo_.Plataforma()) {
-  guardia_->Ahora = [this] { return mundo_.Entorno().Ahora(); };
-  guardia_->Preguntar = [](const std::string&) { return true; };
   plataforma_.PasadoPorAlto = [this, apuntar = plataforma_.PasadoPorAlto](
                                   services::Sesion& sesion, const services::Omision& omision) {
     guardia_->PasadoPorAlto(omision);

@@ -51,6 +51,11 @@ class Puesto {
   [[nodiscard]] salvaguarda::Guardia& Guardia() { return *guardia_; }
   [[nodiscard]] sqlite::Conexion& Local() { return *local_; }
 
+  /// What the user answers to the guard.
+  std::function<bool(const std::string& pregunta)> Preguntar = [](const std::string&) {
+    return true;
+  };
+
  private:
   guion::Ficheros ficheros_;
   guion::Bases bases_{ficheros_, 1};

@@ -54,7 +54,7 @@ Vida::Vida(const std::filesystem::path& carpeta, std::uint64_t semilla, int acci
   vigilante_->AlLlamar = [this] { AlLlamar(); };
   vigilante_->AlAbrir = [this](std::string_view sentencia) { AlAbrir(sentencia); };
   puesto_.Mundo().Entorno().PararReloj(services::HacerFecha(2005, 3, 15, 10));
-  puesto_.Guardia().Preguntar = [this](const std::string& pregunta) {
+  puesto_.Preguntar = [this](const std::string& pregunta) {
     const bool adelante = usuario_.Azar().DeCada100(70);
     Dice("la guardia pregunta " + pregunta.substr(0, 60));
     return adelante;
@@ -121,8 +121,7 @@ void Vida::Empezar(const Herencia& herencia) {
     Hallar("integrity_check de lo de trabajo");
   }
   if (Puesto::CopiasAMedias(carpeta_) != 0) Hallar("una copia a medias con su nombre");
-  puesto_.Guardia().LasCopias().GuardarEntera(Puesto::FicheroDatos(carpeta_),
-                                              puesto_.Mundo().Entorno().Ahora());
+  puesto_.Guardia().CopiarElDia();
   const auto rescate = salvaguarda::BuscarRescate(puesto_.Local(), Puesto::FicheroDatos(carpeta_),
                                                   Puesto::FicheroFoto(carpeta_));
   if (rescate) Dice("rescate de " + rescate->Copia.Usuario);

@@ -110,16 +110,21 @@ def moment_iso(dia, mes, anio, hora):
     return f"{anio}-{mes}-{dia} {(hora or '0:00:00').rjust(8, '0')}"
 
 
+def del_concepto(codigo):
+    """How messages call a concept: by its description and its code, or by its code alone."""
+    return rf"(?:de [^()\n]* \({codigo}\)|del concepto {codigo}(?!\w))"
+
+
 def nombra(textos, clave):
     """Whether one of the messages names the invoice, forecast or cash entry that a row belongs to."""
     tabla = clave[0]
     if tabla == "ProvPrevisionPagos":
-        buscado = rf"previsión del concepto {clave[1]}(?!\w)"
+        buscado = rf"previsión {del_concepto(clave[1])}"
     elif tabla == "CajaPagos":
         dicho = {moment_iso(*partes) for texto in textos
-                 for partes in re.findall(rf"apunte de caja de (\d\d)/(\d\d)/(\d{{4}})(?: (\d+:\d\d:\d\d))? del concepto "
-                                          rf"{clave[3]}(?!\w)", texto)}
+                 for partes in re.findall(rf"apunte de caja de (\d\d)/(\d\d)/(\d{{4}})(?: (\d+:\d\d:\d\d))? "
+                                          + del_concepto(clave[3]), texto)}
         return clave[2] in dicho
     else:
-        buscado = rf"factura {re.escape(clave[2].strip(' '))} de {clave[3]} del concepto {clave[1]}(?!\w)"
+        buscado = rf"factura {re.escape(clave[2].strip(' '))} de {clave[3]} {del_concepto(clave[1])}"
     return any(re.search(buscado, texto) for texto in textos)

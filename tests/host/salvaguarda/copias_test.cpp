@@ -5,7 +5,9 @@
 
 #include "apoyo/errores.h"
 #include "host/salvaguarda/oficina.h"
+#include "salvaguarda/adjunta.h"
 #include "salvaguarda/ambito.h"
+#include "salvaguarda/copia_en_curso.h"
 #include "salvaguarda/recuperacion.h"
 #include "salvaguarda/rescate.h"
 #include "valores/error.h"
@@ -36,11 +38,12 @@ class Copias : public testing::Test, protected pruebas::Oficina {
         "Tipo = 1");
   }
   salvaguarda::Reposicion ComoSeria(const salvaguarda::Copia& copia) {
-    return salvaguarda::Comparar(guardia->LaFoto().Conexion(), copia);
+    return guardia->Comparar(copia);
   }
   void Reponer(const salvaguarda::Copia& copia) {
-    salvaguarda::Reponer(*datos, guardia->LaFoto().Conexion(), copia, guardia->LasCopias(),
-                         apoyo::kMarzo, "EVA");
+    const auto lectura = Negocio().AbrirDatos();
+    salvaguarda::Copias copias(Carpeta() + "/copias");
+    salvaguarda::Reponer(*datos, *lectura, copia, copias, apoyo::kMarzo, "EVA");
   }
   /// Of the folder of copies, by the beginning of their names; without what tells whose they are.
   std::vector<std::string> Ficheros(const std::string& principio) {
@@ -197,15 +200,20 @@ TEST_F(Copias, LoQueNoEsUnaCopiaNoSeLista) {
 }
 
 TEST_F(Copias, QuedanLasUltimasYLaPrimeraDeCadaDia) {
-  Cargar();
-  auto& copias = guardia->LasCopias();
+  salvaguarda::Copias copias(Carpeta() + "/copias");
+  const auto lectura = sqlite::AbrirConexion(Negocio().FicheroDatos(), {.UnidadDeTrabajo = false});
+  const salvaguarda::sql::Adjunta sinFoto(*lectura, ":memory:", "foto");
+  lectura->Ejecutar(
+      "CREATE TABLE foto.Claves (NConcepto, Factura, Año); CREATE TABLE foto.ProvPrevisionPagos "
+      "(NConcepto); CREATE TABLE foto.CajaPagos (idSucursal, FechaHora, Tipo)");
   const auto guardar = [&](int dia, int cuantas) {
     for (int i = 0; i < cuantas; ++i) {
       services::FechaHora momento = apoyo::kMarzo;
       momento.Dias += dia;
       momento.Segundos += i;
-      copias.Guardar(guardia->LaFoto().Conexion(), salvaguarda::CopiaDeGrabacion({"1", "0"}, {}),
-                     {momento, "ANA", {"1", "0"}});
+      salvaguarda::CopiaEnCurso(copias, *lectura, salvaguarda::CopiaDeGrabacion({"1", "0"}, {}),
+                                {momento, "ANA", {"1", "0"}})
+          .Terminar();
     }
   };
   for (int dia = 0; dia < 70; ++dia) guardar(dia, 2);
@@ -224,13 +232,13 @@ TEST_F(Copias, LoQueDejoUnaMuerteEnMedioSeQuitaAlDiaSiguiente) {
   std::ofstream(viejo) << "a medias";
   std::ofstream(enCurso) << "a medias";
   fs::last_write_time(viejo, fs::file_time_type::clock::now() - std::chrono::hours(25));
-  guardia->LasCopias().GuardarEntera(Negocio().FicheroDatos(), apoyo::kMarzo);
+  guardia->CopiarElDia();
   EXPECT_FALSE(fs::exists(viejo));
   EXPECT_TRUE(fs::exists(enCurso));
 }
 
 TEST_F(Copias, LaEnteraSeGuardaUnaVezAlDiaYQuedanDiez) {
-  auto& copias = guardia->LasCopias();
+  salvaguarda::Copias copias(Carpeta() + "/copias");
   services::FechaHora momento = apoyo::kMarzo;
   EXPECT_TRUE(copias.GuardarEntera(Negocio().FicheroDatos(), momento));
   EXPECT_FALSE(copias.GuardarEntera(Negocio().FicheroDatos(), momento));
@@ -257,6 +265,17 @@ TEST_F(RescateDeUnaMuerte, NoHayNadaQueRescatarDeUnaCopiaSinTocar) {
   EXPECT_FALSE(Rescate());
   Grabar();
   EXPECT_FALSE(Rescate()) << "vacía";
+}
+
+TEST_F(RescateDeUnaMuerte, UnApunteGuardadoSinSegundosOSinHoraEsElMismo) {
+  Otro(
+      "UPDATE CajaPagos SET FechaHora = replace(substr(FechaHora, 1, 16), ' ', 'T') WHERE Factura "
+      "IS NULL; UPDATE CajaPagos SET FechaHora = '2005-02-0' || (rowid % 9 + 1) WHERE Factura IS "
+      "NOT NULL");
+  Cargar();
+  EXPECT_FALSE(Rescate());
+  std::ofstream(Foto()).flush();  // there is no picture
+  EXPECT_FALSE(Rescate());
 }
 
 TEST_F(RescateDeUnaMuerte, DiceCadaFilaQueNoEsComoLaGrabada) {
@@ -307,18 +326,13 @@ TEST_F(RescateDeUnaMuerte, RetomadaSePreguntaPorLoQueOtroHizoDesdeSuCarga) {
   Cargar();
   Trabajar("UPDATE TempProvVencimientos SET Pagado = 3 WHERE FechaVto = '20050302'");
   Otro("UPDATE ProvFacturas SET Total = 99, ModificadoPor = 'EVA' WHERE Factura = 'F000000'");
-  salvaguarda::Guardia otra({datos, temp, Negocio().FicheroDatos(), Foto()},
-                            {Carpeta() + "/copias", Carpeta() + "/registro.txt"}, "ANA");
-  otra.Ahora = [] { return apoyo::kMarzo; };
-  std::string preguntado;
-  otra.Preguntar = [&](const std::string& pregunta) {
-    preguntado = pregunta;
-    return true;
-  };
-  otra.AlRetomar(*Rescate());
-  otra.AlComenzar({salvaguarda::Comienzo::Tarea::Grabacion, {"20050301", "20050331"}});
+  const auto otra = OtraGuardia();
+  otra->AlRetomar(*Rescate());
+  otra->AlComenzar({salvaguarda::Comienzo::Tarea::Grabacion, {"20050301", "20050331"}});
   datos->AbandonarUnidad();
-  EXPECT_THAT(preguntado, testing::HasSubstr("F000000 de 2005 del concepto 1: la ha cambiado EVA"));
+  EXPECT_THAT(Preguntas,
+              ElementsAre(testing::HasSubstr("F000000 de 2005 de Proveedor número 0 (1), por "
+                                             "99,00, antes 321,45: la ha cambiado EVA")));
 }
 
 TEST_F(RescateDeUnaMuerte, SinFotoSePreguntaPorTodoLoDistinto) {
@@ -326,15 +340,10 @@ TEST_F(RescateDeUnaMuerte, SinFotoSePreguntaPorTodoLoDistinto) {
   Trabajar("UPDATE TempProvVencimientos SET Pagado = 3 WHERE FechaVto = '20050302'");
   auto rescate = Rescate();
   rescate->Copia.Foto = "otra";
-  std::string preguntado;
-  guardia->Preguntar = [&](const std::string& pregunta) {
-    preguntado = pregunta;
-    return true;
-  };
   guardia->AlRetomar(*rescate);
   guardia->AlComenzar({salvaguarda::Comienzo::Tarea::Grabacion, {"20050301", "20050331"}});
   datos->AbandonarUnidad();
-  EXPECT_THAT(preguntado, testing::HasSubstr("vencimiento 02/03/2005"));
+  EXPECT_THAT(Preguntas, ElementsAre(testing::HasSubstr("vencimiento 02/03/2005")));
 }
 
 TEST_F(RescateDeUnaMuerte, TrasUnNoLoDeOtroSeSiguePreguntandoAunqueSeMuera) {

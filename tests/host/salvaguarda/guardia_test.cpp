@@ -41,11 +41,12 @@ TEST_F(Guardia, PreguntaAntesDeDeshacerLoDeOtro) {
   Otro("UPDATE ProvFacturas SET Total = 99.5, ModificadoPor = 'EVA' WHERE Factura = 'F000001'");
   Grabar();
   ASSERT_THAT(Preguntas, SizeIs(1));
-  EXPECT_EQ(
-      Preguntas[0],
-      "Otro usuario ha cambiado lo que había al cargar (1 factura):\n"
-      "· factura F000001 de 2005 del concepto 2: la ha cambiado EVA, y volvería a ser como era"
-      "\n\n¿Grabar de todos modos?");
+  EXPECT_EQ(Preguntas[0],
+            "Otro usuario ha cambiado lo que había al cargar (1 factura):\n"
+            "· factura F000001 de 2005 de Proveedor número 1 (2), por 99,50, antes 322,45: la ha "
+            "cambiado EVA, y volvería a "
+            "ser como era"
+            "\n\n¿Grabar de todos modos?");
   EXPECT_NE(Factura("F000001"), "99,5") << "con Sí se graba";
 }
 
@@ -67,14 +68,34 @@ TEST_F(Guardia, ConNoNoSeGrabaNadaYSePuedeGrabarDespues) {
 TEST_F(Guardia, VuelveAPreguntarPorLoQueCambiaMientrasSePregunta) {
   Cargar();
   Otro("UPDATE ProvFacturas SET Total = 1 WHERE Factura = 'F000001'");
-  guardia->Preguntar = [this](const std::string& pregunta) {
-    Preguntas.push_back(pregunta);
+  MientrasPregunta = [this] {
     if (Preguntas.size() == 1) Otro("UPDATE ProvFacturas SET Total = 2 WHERE Factura = 'F000002'");
-    return true;
   };
   Grabar();
   ASSERT_THAT(Preguntas, SizeIs(2));
   EXPECT_THAT(Preguntas[1], AllOf(HasSubstr("F000002"), Not(HasSubstr("F000001"))));
+}
+
+TEST_F(Guardia, MientrasSePreguntaNoHayCopiaNiCerrojo) {
+  Cargar();
+  Otro("UPDATE ProvFacturas SET Total = 1 WHERE Factura = 'F000001'");
+  MientrasPregunta = [this] {
+    EXPECT_TRUE(std::filesystem::is_empty(Carpeta() + "/copias"));
+    Otro("UPDATE CajaPagos SET Observaciones = 'nadie espera'");
+  };
+  Respuesta = false;
+  EXPECT_NE(apoyo::NumeroDeError([this] { Grabar(); }), 0);
+  EXPECT_THAT(Preguntas, SizeIs(1));
+  EXPECT_TRUE(std::filesystem::is_empty(Carpeta() + "/copias"));
+}
+
+TEST_F(Guardia, LoQueGrabarNoEscribeDeUnApunteNoSePregunta) {
+  Cargar();
+  Otro("UPDATE CajaPagos SET Observaciones = 'anotado', ModificadoPor = 'EVA'");
+  Grabar();
+  EXPECT_THAT(Preguntas, IsEmpty());
+  EXPECT_EQ(Consulta("SELECT DISTINCT Observaciones FROM CajaPagos"),
+            std::vector<std::string>{"anotado"});
 }
 
 TEST_F(Guardia, LoMismoNoSeCuentaDosVeces) {
@@ -93,13 +114,12 @@ TEST_F(Guardia, LosPagosEscritosSiguenEnLaCopiaSiSeMuereAlPreguntar) {
   temp->EmpezarUnidad();
   Trabajar("UPDATE TempProvVencimientos SET Pagado = 3 WHERE FechaVto = '20050302'");
   Otro("UPDATE ProvFacturas SET Total = 1 WHERE Factura = 'F000001'");
-  guardia->Preguntar = [this](const std::string&) {
+  MientrasPregunta = [this] {
     const auto otra = Negocio().AbrirTemp();
     EXPECT_EQ(otra->Consultar("SELECT Pagado FROM TempProvVencimientos WHERE FechaVto = '20050302'")
                   .Filas.En(0, 0)
                   .Numero(),
               3);
-    return true;
   };
   Grabar();
 }
@@ -116,7 +136,7 @@ TEST_F(Guardia, LoQueNoSePuedeMirarSeDaPorPerdido) {
                           "ProvPrevisionPagos",
                           {{"NConcepto", "7"}},
                           {1, "no se escribe"}});
-  EXPECT_THAT(Contado(), HasSubstr("previsión del concepto 7: no se escribe"));
+  EXPECT_THAT(Contado(), HasSubstr("previsión de Proveedor número 6 (7): no se escribe"));
 }
 
 TEST_F(Guardia, UnaFacturaSinSusApuntesSeDiceSinAmenazas) {
@@ -158,10 +178,13 @@ TEST_F(Guardia, CuentaLoQueOtroAnadioYLoQueBorro) {
   Grabar();
   ASSERT_THAT(Preguntas, SizeIs(1));
   EXPECT_THAT(Preguntas[0],
-              AllOf(HasSubstr("NUEVA de 2005 del concepto 1: la ha añadido EVA, y se borraría"),
-                    HasSubstr("F000002 de 2005 del concepto 3: otro usuario la ha borrado, y se "
+              AllOf(HasSubstr("NUEVA de 2005 de Proveedor número 0 (1), por 321,45: la ha añadido "
+                              "EVA, y se borraría"),
+                    HasSubstr("F000002 de 2005 de Proveedor número 2 (3), por 323,45: otro usuario "
+                              "la ha borrado, y se "
                               "volvería a grabar"),
-                    HasSubstr("F000001 de 2005 del concepto 2: la ha cambiado CARMEN")));
+                    HasSubstr("F000001 de 2005 de Proveedor número 1 (2), por 322,45: la ha "
+                              "cambiado CARMEN (vencimiento 02/03/2005 por 110,15: borrado)")));
 }
 
 TEST_F(Guardia, CuentaLosApuntesYLasPrevisionesQueOtroCambio) {
@@ -171,16 +194,19 @@ TEST_F(Guardia, CuentaLosApuntesYLasPrevisionesQueOtroCambio) {
   Cargar();
   Otro(
       "UPDATE ProvPrevisionPagos SET Importe = 60, ModificadoPor = 'EVA';"
-      "UPDATE CajaPagos SET Factura = 'X', Año = '2005', ModificadoPor = 'EVA' WHERE Factura IS "
-      "NULL "
-      "AND FechaHora = '2005-02-01 00:01:00';"
+      "UPDATE CajaPagos SET Factura = 'X', Año = '2005', ModificadoPor = 'EVA' "
+      "WHERE Factura IS NULL AND FechaHora = '2005-02-01 00:01:00';"
       "INSERT INTO CajaPagos (idSucursal, FechaHora, Tipo, Importe) VALUES ('9', '2005-03-14 "
       "08:00:00', 1, 5)");
   Grabar();
   ASSERT_THAT(Preguntas, SizeIs(1));
-  EXPECT_THAT(Preguntas[0], AllOf(HasSubstr("(1 previsión, 1 apunte de caja)"),
-                                  HasSubstr("previsión del concepto 7: la ha cambiado EVA"),
-                                  HasSubstr("apunte de caja de")));
+  EXPECT_THAT(
+      Preguntas[0],
+      AllOf(HasSubstr("(1 previsión, 1 apunte de caja)"),
+            HasSubstr(
+                "previsión de Proveedor número 6 (7), por 60,00, antes 50,00: la ha cambiado EVA"),
+            HasSubstr("apunte de caja de 01/02/2005 0:01:00 de Proveedor número 0 (1), por 13,35: "
+                      "lo ha cambiado EVA")));
 }
 
 TEST_F(Guardia, LoDeOtroEnOtrasFechasNoImporta) {
@@ -209,16 +235,18 @@ TEST_F(Guardia, UnNumeroQueYaEstaEnOtrasFechasSePregunta) {
       "Año, FechaVto, Importe) VALUES ('1', 'ABRIL', '2005', '20050325', 77)");
   Grabar();
   ASSERT_THAT(Preguntas, SizeIs(1));
-  EXPECT_THAT(Preguntas[0], HasSubstr("ABRIL de 2005 del concepto 1: ya está grabada con "
-                                      "vencimientos de otras fechas"));
+  EXPECT_THAT(Preguntas[0],
+              HasSubstr("ABRIL de 2005 de Proveedor número 0 (1), por 10,00: ya está grabada con "
+                        "vencimientos de otras fechas"));
   EXPECT_THAT(Contado(), HasSubstr("No se han podido grabar estas filas"));
 }
 
 TEST_F(Guardia, SinLaOpcionNoPreguntaPorLosOtros) {
-  guardia->AvisarDeOtros = false;
-  Cargar();
+  const auto callada = OtraGuardia(false);
+  callada->AlComenzar({salvaguarda::Comienzo::Tarea::Carga, {"20050301", "20050331"}});
   Otro("UPDATE ProvFacturas SET Total = 99.5 WHERE Factura = 'F000001'");
-  Grabar();
+  callada->AlComenzar({salvaguarda::Comienzo::Tarea::Grabacion, {"20050301", "20050331"}});
+  datos->AbandonarUnidad();
   EXPECT_THAT(Preguntas, IsEmpty());
 }
 
@@ -276,6 +304,23 @@ TEST_F(Guardia, UnaTablaSinCargarSeDiceAunqueNoSePuedaAnotar) {
   EXPECT_THAT(Contado(), HasSubstr("No se ha podido cargar ProvBasesIva: no se abre"));
 }
 
+TEST_F(Guardia, UnaTablaSinGrabarSeDiceConLasFilasQueSeVanConElla) {
+  Cargar();
+  Grabar();
+  Otro("DELETE FROM ProvBasesIva WHERE NFactura = 'F000001'; DELETE FROM ProvVencimientos");
+  guardia->PasadoPorAlto({services::Omision::Tarea::Grabacion,
+                          services::Omision::Falta::Tabla,
+                          "ProvBasesIva",
+                          {},
+                          {1, "no se abre"}});
+  EXPECT_THAT(
+      Contado(),
+      AllOf(HasSubstr("No se ha podido grabar nada de ProvBasesIva: no se abre"),
+            HasSubstr("ya no están entre lo grabado; lo que había antes está en Archivo, "
+                      "Recuperar una copia (2 bases de IVA):\n· base de IVA 1 de la factura "
+                      "F000001 de 2005")));
+}
+
 TEST_F(Guardia, UnaFilaQueNoSeGrabaSeCuentaYUnaQueEstaIgualNo) {
   // The other year's receipts come with the load, and can't be written twice.
   Otro(
@@ -290,9 +335,9 @@ TEST_F(Guardia, UnaFilaQueNoSeGrabaSeCuentaYUnaQueEstaIgualNo) {
       "CREATE TRIGGER SinUna BEFORE INSERT ON ProvFacturas WHEN NEW.Factura = 'F000002' BEGIN "
       "SELECT RAISE(ABORT, 'no cabe'); END");
   Grabar();
-  EXPECT_THAT(Contado(),
-              AllOf(HasSubstr("No se han podido grabar estas filas"),
-                    HasSubstr("factura F000002 de 2005 del concepto 3"), HasSubstr("no cabe")));
+  EXPECT_THAT(Contado(), AllOf(HasSubstr("No se han podido grabar estas filas"),
+                               HasSubstr("factura F000002 de 2005 de Proveedor número 2 (3)"),
+                               HasSubstr("no cabe")));
 }
 
 TEST_F(Guardia, SinSitioParaLaCopiaLoPregunta) {

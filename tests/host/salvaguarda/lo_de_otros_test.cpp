@@ -64,10 +64,13 @@ TEST_F(LoDeOtros, DeLoQueOtroCambioDiceQueSeriaSegunLoQueHayEnLaLista) {
       "NFactura, Año, FechaVto, Importe) VALUES ('1', 'NUEVA', '2005', '20050310', 10)");
   Grabar();
   ASSERT_THAT(Preguntas, SizeIs(1));
-  EXPECT_THAT(Preguntas[0], AllOf(HasSubstr("F000001 de 2005 del concepto 2: la ha cambiado EVA, y "
-                                            "se borraría"),
-                                  HasSubstr("NUEVA de 2005 del concepto 1: la ha añadido EVA, y la "
-                                            "de la lista ocuparía su lugar")));
+  EXPECT_THAT(
+      Preguntas[0],
+      AllOf(HasSubstr("F000001 de 2005 de Proveedor número 1 (2), por 99,50, antes 322,45: la ha "
+                      "cambiado EVA, y "
+                      "se borraría"),
+            HasSubstr("NUEVA de 2005 de Proveedor número 0 (1), por 10,00: la ha añadido EVA, y la "
+                      "de la lista ocuparía su lugar")));
 }
 
 TEST_F(LoDeOtros, LoQueNoSeCargoYYaNoEstaNoSePregunta) {
@@ -91,6 +94,50 @@ TEST_F(LoDeOtros, UnNumeroEsElMismoEnMinusculas) {
   Grabar();
   ASSERT_THAT(Preguntas, SizeIs(1));
   EXPECT_THAT(Preguntas[0], Not(HasSubstr("ya está grabada con vencimientos de otras fechas")));
+}
+
+TEST_F(LoDeOtros, LosVencimientosEnMinusculasSonDeSuFactura) {
+  Otro(
+      "UPDATE ProvVencimientos SET NFactura = lower(NFactura); UPDATE ProvBasesIva SET NFactura = "
+      "lower(NFactura)");
+  Cargar();
+  Otro(
+      "UPDATE ProvVencimientos SET Pagado = 7, ModificadoPor = 'EVA' WHERE FechaVto = '20050302';"
+      "UPDATE ProvFacturas SET Total = 1, ModificadoPor = 'EVA' WHERE Factura = 'F000001';"
+      "DELETE FROM ProvFacturas WHERE Factura = 'F000002'; DELETE FROM ProvVencimientos WHERE "
+      "NFactura = 'f000002'; DELETE FROM ProvBasesIva WHERE NFactura = 'f000002'");
+  Grabar();
+  ASSERT_THAT(Preguntas, SizeIs(1));
+  EXPECT_THAT(Preguntas[0], AllOf(HasSubstr("(2 facturas)"), HasSubstr("la ha cambiado EVA, y"),
+                                  HasSubstr("otro usuario la ha borrado, y se volvería a grabar")));
+}
+
+TEST_F(LoDeOtros, UnConceptoEsElMismoEnMinusculas) {
+  Otro(
+      "UPDATE ProvConceptos SET NConcepto = 'LUZ' WHERE NConcepto = '2'; UPDATE ProvFacturas SET "
+      "NConcepto = 'Luz' WHERE NConcepto = '2'; UPDATE ProvVencimientos SET NConcepto = 'luz' "
+      "WHERE NConcepto = '2'; UPDATE ProvBasesIva SET NConcepto = 'LUZ' WHERE NConcepto = '2'");
+  Cargar();
+  Otro("UPDATE ProvVencimientos SET Pagado = 7, ModificadoPor = 'EVA' WHERE NConcepto = 'luz'");
+  Grabar();
+  ASSERT_THAT(Preguntas, SizeIs(1));
+  EXPECT_THAT(Preguntas[0],
+              AllOf(HasSubstr("(1 factura)"), HasSubstr("de Proveedor número 1 ("),
+                    HasSubstr(", por 322,45: la ha cambiado EVA (vencimiento 02/03/2005 por 110,15:"
+                              " pagado 7,00, antes nada; ")));
+}
+
+TEST_F(LoDeOtros, LoHaCambiadoQuienEscribioLoDistinto) {
+  Otro("UPDATE ProvFacturas SET ModificadoPor = 'CARMEN'");
+  Cargar();
+  Otro(
+      "UPDATE ProvVencimientos SET Pagado = 5, ModificadoPor = 'LUIS', Actualizado = '2005-03-15 "
+      "09:00:00' WHERE FechaVto = '20050302';"
+      "UPDATE ProvVencimientos SET Pagado = 7, ModificadoPor = 'EVA', Actualizado = '2005-03-15 "
+      "10:00:00' WHERE FechaVto = '20050312'");
+  Grabar();
+  ASSERT_THAT(Preguntas, SizeIs(1));
+  EXPECT_THAT(Preguntas[0], HasSubstr("la ha cambiado EVA"));
 }
 
 }  // namespace

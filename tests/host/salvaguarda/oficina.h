@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
@@ -19,14 +20,7 @@ namespace pruebas {
 
 class Oficina {
  public:
-  explicit Oficina(apoyo::Tamano tamano = {3, 4}) : negocio_(tamano) {
-    guardia->Ahora = [] { return apoyo::kMarzo; };
-    guardia->Preguntar = [this](const std::string& pregunta) {
-      Preguntas.push_back(pregunta);
-      return Respuesta;
-    };
-    guardia->AlHaberQueContar = [this] { ++Avisos; };
-  }
+  explicit Oficina(apoyo::Tamano tamano = {3, 4}) : negocio_(tamano) {}
 
   void Cargar() {
     Operacion([this] { copia_.Cargar(apoyo::kRangoDeMarzo); });
@@ -44,16 +38,17 @@ class Oficina {
   /// All that is stored, but for who wrote it when.
   std::vector<std::string> Todo() {
     return Consulta(
-        "SELECT NConcepto||'|'||Factura||'|'||Año||'|'||Fecha||'|'||Total||'|'||NRecibos FROM "
-        "ProvFacturas UNION ALL SELECT NConcepto||'|'||NFactura||'|'||Año||'|'||Tipo||'|'||Base "
-        "FROM "
-        "ProvBasesIva UNION ALL SELECT NConcepto||'|'||NFactura||'|'||Año||'|'||FechaVto||'|'||"
-        "Importe||'|'||ifnull(Pagado,'') FROM ProvVencimientos UNION ALL SELECT NConcepto||'|'||"
-        "Fecha1Vto||'|'||Importe FROM ProvPrevisionPagos UNION ALL SELECT idSucursal||'|'||"
-        "FechaHora||'|'||Tipo||'|'||ifnull(Factura,'')||'|'||ifnull(Año,'') FROM CajaPagos ORDER "
-        "BY 1");
+        "SELECT NConcepto||'|'||Factura||'|'||Año||'|'||Fecha||'|'||Total||'|'||NRecibos "
+        "FROM ProvFacturas "
+        "UNION ALL SELECT NConcepto||'|'||NFactura||'|'||Año||'|'||Tipo||'|'||Base "
+        "FROM ProvBasesIva "
+        "UNION ALL SELECT NConcepto||'|'||NFactura||'|'||Año||'|'||FechaVto||'|'||Importe||'|'||"
+        "ifnull(Pagado,'') FROM ProvVencimientos "
+        "UNION ALL SELECT NConcepto||'|'||Fecha1Vto||'|'||Importe FROM ProvPrevisionPagos "
+        "UNION ALL SELECT idSucursal||'|'||FechaHora||'|'||Tipo||'|'||ifnull(Factura,'')||'|'||"
+        "ifnull(Año,'') FROM CajaPagos ORDER BY 1");
   }
-  std::vector<salvaguarda::Copia> Guardadas() { return guardia->LasCopias().Guardadas(); }
+  std::vector<salvaguarda::Copia> Guardadas() { return guardia->Copias(); }
   /// What the user is told now, in one text.
   std::string Contado() {
     for (const auto& omision : std::exchange(componente.Entorno().Omisiones, {})) {
@@ -62,6 +57,13 @@ class Oficina {
     std::string todo;
     for (const std::string& parrafo : guardia->Contar().Parrafos) todo += parrafo + "\n";
     return todo;
+  }
+  /// A guard like the one at work.
+  std::shared_ptr<salvaguarda::Guardia> OtraGuardia(bool avisarDeOtros = true) {
+    return std::make_shared<salvaguarda::Guardia>(
+        salvaguarda::Guardia::Bases{datos, temp, negocio_.FicheroDatos(), Foto()},
+        salvaguarda::Guardia::Lugares{carpeta_.Fichero("copias"), carpeta_.Fichero("registro.txt")},
+        "ANA", Trato(avisarDeOtros));
   }
   /// The file of the picture.
   [[nodiscard]] std::string Foto() const { return carpeta_.Fichero("trabajo.foto"); }
@@ -75,6 +77,15 @@ class Oficina {
     for (std::size_t i = 0; i < filas.Cuantas(); ++i) columna.push_back(filas.En(i, 0).Texto());
     return columna;
   }
+  salvaguarda::Trato Trato(bool avisarDeOtros) {
+    return {[] { return apoyo::kMarzo; },
+            [this](const std::string& pregunta) {
+              Preguntas.push_back(pregunta);
+              MientrasPregunta();
+              return Respuesta;
+            },
+            [this] { ++Avisos; }, avisarDeOtros};
+  }
   template <class Accion>
   void Operacion(Accion&& accion) {
     componente.Sesion().Escritorio().Operacion(std::forward<Accion>(accion));
@@ -87,17 +98,16 @@ class Oficina {
  public:
   services::Ref<sqlite::Conexion> datos = negocio_.AbrirDatos();
   services::Ref<sqlite::Conexion> temp = negocio_.AbrirTemp();
-  std::shared_ptr<salvaguarda::Guardia> guardia = std::make_shared<salvaguarda::Guardia>(
-      salvaguarda::Guardia::Bases{datos, temp, negocio_.FicheroDatos(), Foto()},
-      salvaguarda::Guardia::Lugares{carpeta_.Fichero("copias"), carpeta_.Fichero("registro.txt")},
-      "ANA");
+  std::vector<std::string> Preguntas;
+  bool Respuesta = true;
+  /// What happens while the user reads the question.
+  std::function<void()> MientrasPregunta = [] {};
+  int Avisos = 0;
+  std::shared_ptr<salvaguarda::Guardia> guardia = OtraGuardia();
   apoyo::ComponenteEnMarcha componente{
       services::Ref<services::Conexion>(
           services::Crear<salvaguarda::ConexionGuardada>(datos, guardia)),
       services::Ref<services::Conexion>(temp), apoyo::kMarzo};
-  std::vector<std::string> Preguntas;
-  bool Respuesta = true;
-  int Avisos = 0;
 
  private:
   store::CopiaDeTrabajo copia_{componente.RecibirSesion()};

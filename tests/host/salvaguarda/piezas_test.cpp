@@ -5,12 +5,15 @@
 
 #include "platform/carpeta_temporal.h"
 #include "salvaguarda/comienzo.h"
+#include "salvaguarda/dicho.h"
 #include "salvaguarda/fila.h"
 #include "salvaguarda/registro.h"
+#include "salvaguarda/relacion.h"
 
 namespace {
 
 using salvaguarda::Comienzo;
+using salvaguarda::Conceptos;
 using salvaguarda::Fila;
 
 TEST(Comienzo, UnaCargaSeReconocePorSuPrimeraSentencia) {
@@ -31,18 +34,41 @@ TEST(Comienzo, OtraSentenciaNoEmpiezaNada) {
   EXPECT_FALSE(salvaguarda::Reconocer("SELECT DISTINCT ProvFacturas.* FROM ProvFacturas"));
 }
 
+const Conceptos kConceptos({{"400", "Luz y Fuerza"}, {"500", ""}});
+
 TEST(FilaDicha, CadaTablaTieneSuNombre) {
-  EXPECT_EQ(Nombre(Fila{"ProvFacturas", "400", "F-1", "2005"}),
-            "factura F-1 de 2005 del concepto 400");
-  EXPECT_EQ(Nombre(Fila{"ProvVencimientos", "400", "F-1", "2005", "20050310"}),
-            "vencimiento 10/03/2005 de la factura F-1 de 2005 del concepto 400");
-  EXPECT_EQ(Nombre(Fila{"ProvVencimientos", "400", "F-1", "2005", "marzo"}),
-            "vencimiento marzo de la factura F-1 de 2005 del concepto 400");
-  EXPECT_EQ(Nombre(Fila{"ProvBasesIva", "400", "F-1", "2005", "2"}),
-            "base de IVA 2 de la factura F-1 de 2005 del concepto 400");
-  EXPECT_EQ(Nombre(Fila{"ProvPrevisionPagos", "403", "", ""}), "previsión del concepto 403");
-  EXPECT_EQ(Nombre(Fila{"CajaPagos", "400", "", "", "2005-03-02 09:30:00"}),
-            "apunte de caja de 02/03/2005 9:30:00 del concepto 400");
+  EXPECT_EQ(Nombre(Fila{"ProvFacturas", "400", "F-1", "2005"}, kConceptos),
+            "factura F-1 de 2005 de Luz y Fuerza (400)");
+  EXPECT_EQ(Nombre(Fila{"ProvVencimientos", "400", "F-1", "2005", "20050310"}, kConceptos),
+            "vencimiento 10/03/2005 de la factura F-1 de 2005 de Luz y Fuerza (400)");
+  EXPECT_EQ(Nombre(Fila{"ProvVencimientos", "400", "F-1", "2005", "marzo"}, kConceptos),
+            "vencimiento marzo de la factura F-1 de 2005 de Luz y Fuerza (400)");
+  EXPECT_EQ(Nombre(Fila{"ProvBasesIva", "400", "F-1", "2005", "2"}, kConceptos),
+            "base de IVA 2 de la factura F-1 de 2005 de Luz y Fuerza (400)");
+  EXPECT_EQ(Nombre(Fila{"ProvPrevisionPagos", "400", "", ""}, kConceptos),
+            "previsión de Luz y Fuerza (400)");
+  EXPECT_EQ(Nombre(Fila{"CajaPagos", "400", "", "", "2005-03-02 09:30:00"}, kConceptos),
+            "apunte de caja de 02/03/2005 9:30:00 de Luz y Fuerza (400)");
+}
+
+TEST(FilaDicha, UnConceptoSinNombreSeDicePorSuCodigo) {
+  EXPECT_EQ(Nombre(Fila{"ProvFacturas", "401", "F-1", "2005"}, kConceptos),
+            "factura F-1 de 2005 del concepto 401");
+  EXPECT_EQ(Nombre(Fila{"ProvPrevisionPagos", "500", "", ""}, kConceptos),
+            "previsión del concepto 500");
+}
+
+TEST(FilaDicha, ConSuImporteSiSeSabe) {
+  EXPECT_EQ(Nombre(Fila{"ProvFacturas", "400", "F-1", "2005", "", "", "121,00, antes 100,00"},
+                   kConceptos),
+            "factura F-1 de 2005 de Luz y Fuerza (400), por 121,00, antes 100,00");
+}
+
+TEST(ValorDicho, UnaFechaQueNoExisteSeDiceComoEsta) {
+  EXPECT_EQ(salvaguarda::FechaDicha("20050310"), "10/03/2005");
+  EXPECT_EQ(salvaguarda::FechaDicha("20051310"), "20051310");
+  EXPECT_EQ(salvaguarda::FechaDicha("2005031"), "2005031");
+  EXPECT_EQ(salvaguarda::MomentoDicho("ayer"), "ayer");
 }
 
 TEST(FilaDicha, SeCuentanPorTablas) {
@@ -54,10 +80,41 @@ TEST(FilaDicha, SeCuentanPorTablas) {
 
 TEST(FilaDicha, UnaRelacionLargaSeCortaYLoDice) {
   const std::vector<Fila> filas(5, {"ProvFacturas", "1", "A", "2005", "", "no cabe"});
-  EXPECT_EQ(Relacion(filas, 2),
-            "\n· factura A de 2005 del concepto 1: no cabe"
-            "\n· factura A de 2005 del concepto 1: no cabe"
-            "\n… y 3 más");
+  const std::string dos =
+      "\n· factura A de 2005 del concepto 1: no cabe"
+      "\n· factura A de 2005 del concepto 1: no cabe"
+      "\n… y 3 más";
+  EXPECT_EQ(Relatar(filas, {}, {2, 1'000}).Texto, dos);
+  EXPECT_EQ(Relatar(filas, {}, {5, 110}).Texto, dos);
+  EXPECT_EQ(Relatar(filas, {}, {5, 110}).QueFaltan, 3U);
+  EXPECT_EQ(Relatar(filas, {}, {5, 1}).QueFaltan, 4U) << "la primera se dice siempre";
+  EXPECT_EQ(Relatar(filas, {}, {5, 1'000}).QueFaltan, 0U);
+}
+
+TEST(RegistroDeLaSuite, UnaLineaDeMegasSeAcortaYElFicheroNoCrece) {
+  const pruebas::CarpetaTemporal carpeta;
+  salvaguarda::Registro registro(carpeta.Fichero("registro.txt"));
+  std::string larga;
+  while (larga.size() < 3'000'000) larga += "ñandú ";
+  for (int i = 0; i < 100; ++i) registro.Anotar("2005-03-15 10:00:00", larga);
+  EXPECT_LE(std::filesystem::file_size(carpeta.Fichero("registro.txt")),
+            salvaguarda::Registro::kTope);
+  EXPECT_LE(std::filesystem::file_size(carpeta.Fichero("registro.anterior.txt")),
+            salvaguarda::Registro::kTope);
+  std::ifstream fichero(registro.Fichero());
+  std::string linea;
+  std::getline(fichero, linea);
+  EXPECT_LT(linea.size(), salvaguarda::Registro::kLinea + 10);
+  EXPECT_TRUE(linea.ends_with("…"));
+}
+
+TEST(RegistroDeLaSuite, SiLoAnteriorNoSePuedeApartarEmpiezaDeNuevo) {
+  const pruebas::CarpetaTemporal carpeta;
+  std::filesystem::create_directories(carpeta.Fichero("registro.anterior.txt") + "/ocupada");
+  salvaguarda::Registro registro(carpeta.Fichero("registro.txt"), 1000);
+  for (int i = 0; i < 200; ++i) registro.Anotar("2005-03-15 10:00:00", "línea");
+  EXPECT_LE(std::filesystem::file_size(carpeta.Fichero("registro.txt")), 1000U);
+  EXPECT_GT(std::filesystem::file_size(carpeta.Fichero("registro.txt")), 0U);
 }
 
 TEST(RegistroDeLaSuite, NoCreceSinFin) {

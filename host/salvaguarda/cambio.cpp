@@ -1,0 +1,74 @@
+#include "salvaguarda/cambio.h"
+
+#include "salvaguarda/dicho.h"
+#include "salvaguarda/tablas.h"
+
+namespace salvaguarda {
+namespace {
+
+/// As many due dates of an invoice as fit in its line.
+constexpr std::size_t kVencimientos = 3;
+
+std::string Dicho(const CambioDeVencimiento& cambio) {
+  std::string texto = "vencimiento " + FechaDicha(cambio.Fila.Detalle);
+  const std::string importe = Dicho(cambio.Importe);
+  if (!importe.empty()) texto += " por " + importe;
+  if (!cambio.Estaba) return texto + ": añadido";
+  if (!cambio.Esta) return texto + ": borrado";
+  const std::string antes = PagadoDicho(cambio.Pagado.Antes);
+  const std::string ahora = PagadoDicho(cambio.Pagado.Ahora);
+  return antes == ahora ? texto : texto + ": pagado " + ahora + ", antes " + antes;
+}
+
+/// Those that explain it, in brackets. A total that is another one explains itself.
+std::string Explicacion(const Cambio& cambio) {
+  const bool mismo = ImporteDicho(cambio.Importe.Antes) == ImporteDicho(cambio.Importe.Ahora);
+  if (!mismo || cambio.Vencimientos.empty()) return "";
+  std::string texto;
+  for (std::size_t i = 0; i < cambio.Vencimientos.size() && i < kVencimientos; ++i) {
+    texto += (i == 0 ? "" : "; ") + Dicho(cambio.Vencimientos[i]);
+  }
+  if (cambio.Vencimientos.size() > kVencimientos) {
+    texto += "; y " + std::to_string(cambio.Vencimientos.size() - kVencimientos) + " más";
+  }
+  return " (" + texto + ")";
+}
+
+std::string Motivo(const Cambio& cambio) {
+  const bool apunte = cambio.Fila.Tabla == Apuntes().Nombre;
+  const std::string lo = apunte ? "lo" : "la";
+  const std::string quien = cambio.Quien.empty() ? "otro usuario" : cambio.Quien;
+  if (!cambio.DelRango) {
+    return "ya está grabada con vencimientos de otras fechas, y lo entrado con su número se le "
+           "añadiría";
+  }
+  if (!cambio.Esta) return "otro usuario la ha borrado, y se volvería a grabar";
+  if (!cambio.Estaba) {
+    return "la ha añadido " + quien +
+           (cambio.EnLaLista ? ", y la de la lista ocuparía su lugar" : ", y se borraría");
+  }
+  return lo + " ha cambiado " + quien + Explicacion(cambio) +
+         (cambio.EnLaLista || apunte ? ", y volvería a ser como era" : ", y se borraría");
+}
+
+}  // namespace
+
+std::string Dicho(const AntesYAhora& importe) {
+  const bool antes = !importe.Antes.EsNulo();
+  const bool ahora = !importe.Ahora.EsNulo();
+  if (!antes && !ahora) return "";
+  if (!antes) return ImporteDicho(importe.Ahora);
+  if (!ahora) return ImporteDicho(importe.Antes);
+  const std::string era = ImporteDicho(importe.Antes);
+  const std::string es = ImporteDicho(importe.Ahora);
+  return era == es ? es : es + ", antes " + era;
+}
+
+Fila ComoFila(const Cambio& cambio) {
+  Fila fila = cambio.Fila;
+  fila.Motivo = Motivo(cambio);
+  fila.Importe = Dicho(cambio.Importe);
+  return fila;
+}
+
+}  // namespace salvaguarda

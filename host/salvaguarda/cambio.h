@@ -1,0 +1,48 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "salvaguarda/fila.h"
+#include "valores/valor.h"
+
+namespace salvaguarda {
+
+/// A value as the picture of the load has it and as it is now; Null where the row is missing.
+struct AntesYAhora {
+  services::Valor Antes;
+  services::Valor Ahora;
+};
+
+/// A due date that others have changed.
+struct CambioDeVencimiento {
+  salvaguarda::Fila Fila;
+  bool Estaba = false;
+  bool Esta = false;
+  AntesYAhora Importe;
+  AntesYAhora Pagado;
+};
+
+/// An invoice, a forecast or a cash entry that others have changed since the load.
+struct Cambio {
+  salvaguarda::Fila Fila;
+  bool Estaba = false;
+  bool Esta = false;
+  AntesYAhora Importe;
+  /// Who did it; empty where nobody says.
+  std::string Quien;
+  /// Whether the working copy has it.
+  bool EnLaLista = false;
+  /// Whether a commit of the range deletes it; otherwise it can't be written over either.
+  bool DelRango = true;
+  /// Those of an invoice.
+  std::vector<CambioDeVencimiento> Vencimientos = {};
+};
+
+/// As it is told: with its amount, who did it, and what a commit would do.
+[[nodiscard]] Fila ComoFila(const Cambio& cambio);
+
+/// "121,00", or "121,00, antes 100,00"; nothing for none.
+[[nodiscard]] std::string Dicho(const AntesYAhora& importe);
+
+}  // namespace salvaguarda

@@ -1,0 +1,125 @@
+#include "salvaguarda/consultas.h"
+
+#include "salvaguarda/sql.h"
+
+namespace salvaguarda::sql {
+namespace {
+
+/// A column of a row as any load and commit leave it.
+std::string ComoQueda(const Tabla& tabla, std::string_view columna, std::string_view alias) {
+  const std::string valor = Columna(alias, columna);
+  if (columna == "BIRPF" || columna == "TipoIRPF" || columna == "IRPF") {
+    return "CASE WHEN ifnull(" + valor + ", 1) = 1 THEN 0 ELSE " + valor + " END";
+  }
+  if (columna == "FechaHora") return "MOMENTO(" + valor + ")";
+  if (tabla.Que != Tabla::Cosa::Apunte) return valor;
+  const bool enlace = columna == tabla.Numero || columna == tabla.Anio;
+  return enlace ? "ifnull(" + valor + ", '')" : valor;
+}
+
+}  // namespace
+
+// Without types: the indexes by the trimmed number have none, and serve no text column.
+std::string CrearClaves(std::string_view esquema, std::string_view tabla) {
+  return Juntar({"CREATE TABLE ", esquema, ".", tabla,
+                 " (NConcepto COLLATE ES, Factura COLLATE ES, Año COLLATE ES, "
+                 "PRIMARY KEY (NConcepto, Factura, Año)) WITHOUT ROWID;"});
+}
+
+std::string ClavesDelRango(const Rango& rango) {
+  return Juntar(
+      {"SELECT f.NConcepto, trim(f.Factura), f.Año FROM main.ProvVencimientos v CROSS JOIN "
+       "main.ProvFacturas f ON f.NConcepto = v.NConcepto AND f.Factura = v.NFactura WHERE "
+       "v.FechaVto >= ",
+       Texto(rango.Desde), " AND v.FechaVto <= ", Texto(rango.Hasta)});
+}
+
+std::string FilasDe(const Tabla& tabla, std::string_view claves, std::string_view columnas) {
+  return Juntar({"SELECT ", columnas, " FROM ", claves, " k CROSS JOIN main.", tabla.Nombre,
+                 " t ON ", Igual(Numero(tabla, "t"), "k.Factura"), " AND ",
+                 Igual("t.NConcepto", "k.NConcepto"), " AND ", Igual("t.Año", "k.Año")});
+}
+
+std::string PrevisionesCon(std::string_view claves, std::string_view columnas) {
+  return Juntar({"SELECT ", columnas, " FROM ", claves,
+                 " k CROSS JOIN main.ProvPrevisionPagos t ON ",
+                 Igual("t.NConcepto", "k.NConcepto")});
+}
+
+std::string ApuntesCon(std::string_view claves, std::string_view columnas) {
+  return Juntar({"SELECT ", columnas, " FROM ", claves, " k CROSS JOIN main.CajaPagos t ON ",
+                 MismaFila(Apuntes(), "t", "k")});
+}
+
+std::string PrevisionesDe(const Rango& rango) {
+  return Juntar({"SELECT p.* FROM main.ProvPrevisionPagos p WHERE p.Fecha1Vto <= ",
+                 Texto(rango.Hasta), " ORDER BY p.NConcepto"});
+}
+
+std::string Numero(const Tabla& tabla, std::string_view alias) {
+  return Juntar({"trim(", alias, ".", tabla.Numero, ")"});
+}
+
+// The engine finds a stored row by these through its indexes.
+std::string MismaFila(const Tabla& tabla, std::string_view a, std::string_view b) {
+  std::vector<std::string> condiciones;
+  for (const std::string_view columna : tabla.Clave()) {
+    const auto valor = [&](std::string_view alias) {
+      std::string suyo = Juntar({alias, ".", columna});
+      if (columna == tabla.Numero) suyo = "trim(" + suyo + ")";
+      if (columna == "FechaHora") suyo = "MOMENTO(" + suyo + ")";
+      return suyo;
+    };
+    condiciones.push_back(tabla.EsDeTexto(columna) ? Igual(valor(a), valor(b))
+                                                   : valor(a) + " = " + valor(b));
+  }
+  return Separar(condiciones, " AND ");
+}
+
+std::string Valores(const Tabla& tabla, const std::vector<std::string>& columnas,
+                    std::string_view alias) {
+  std::vector<std::string> valores;
+  for (const std::string& columna : columnas) valores.push_back(ComoQueda(tabla, columna, alias));
+  return Separar(valores, ", ");
+}
+
+std::string ValoresConNombre(const Tabla& tabla, const std::vector<std::string>& columnas,
+                             std::string_view alias) {
+  std::vector<std::string> valores;
+  for (const std::string& columna : columnas) {
+    valores.push_back(ComoQueda(tabla, columna, alias) + " AS " + Columna("", columna));
+  }
+  return Separar(valores, ", ");
+}
+
+std::vector<std::string> Contenido(sqlite::Conexion& base, const Tabla& tabla) {
+  std::vector<std::string> columnas;
+  for (const services::Columna& columna : base.ColumnasDe(tabla.Nombre)) {
+    if (tabla.EsContenido(columna.Nombre)) columnas.push_back(columna.Nombre);
+  }
+  return columnas;
+}
+
+std::string ComoFila(const Tabla& tabla, std::string_view alias) {
+  const auto texto = [&](std::string_view columna) {
+    return columna.empty() ? "''" : Juntar({"ifnull(", alias, ".", columna, ", '')"});
+  };
+  return Juntar({"'", tabla.Nombre, "', ", texto(tabla.Concepto), ", trim(", texto(tabla.Numero),
+                 "), ", texto(tabla.Anio), ", ", texto(tabla.Detalle)});
+}
+
+std::string ComoFila(const Tabla& tabla, std::string_view alias, std::string_view motivo) {
+  return Juntar({ComoFila(tabla, alias), ", ", motivo});
+}
+
+std::vector<Fila> LeerFilas(sqlite::Conexion& base, std::string_view consulta) {
+  const services::Filas leidas = base.Consultar(consulta).Filas;
+  std::vector<Fila> filas;
+  for (std::size_t f = 0; f < leidas.Cuantas(); ++f) {
+    const auto texto = [&](std::size_t columna) { return leidas.En(f, columna).Texto(); };
+    filas.push_back({texto(0), texto(1), texto(2), texto(3), texto(4), texto(5)});
+  }
+  return filas;
+}
+
+}  // namespace salvaguarda::sql

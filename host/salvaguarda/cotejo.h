@@ -1,0 +1,64 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "salvaguarda/copias.h"
+#include "salvaguarda/fila.h"
+#include "salvaguarda/foto.h"
+#include "salvaguarda/reparos.h"
+#include "salvaguarda/rescate.h"
+#include "sqlite/conexion_sqlite.h"
+
+namespace salvaguarda {
+
+/// Holds what stands there when a commit begins against what stood there at the load, and keeps
+/// what speaks against the commit until the user agrees to it.
+class Cotejo {
+ public:
+  /// `avisarDeOtros`: whether what others have changed speaks against it. Throws what opening the
+  /// stored file once more throws.
+  Cotejo(const std::string& almacenados, std::string foto,
+         services::Ref<sqlite::Conexion> deTrabajo, bool avisarDeOtros);
+
+  /// Nothing is known of what stands there.
+  void Olvidar();
+  /// A load begins. Throws what the engine throws.
+  void Cargar(const Rango& rango);
+  /// A working copy that was there before is gone on with.
+  void Retomar(const Rescate& rescate);
+  /// A commit begins, before its lock is taken.
+  void Preparar(const Rango& rango);
+  /// With the lock: copies what is to be written, and sees what others have changed of it since it
+  /// was last looked at. The copy stays only when nothing speaks against the commit.
+  [[nodiscard]] Reparos Copiar(Copias& copias, const Copia& copia);
+  /// The user agrees to what spoke against it.
+  void Aceptar() { reparos_ = {}; }
+
+  /// The rows of the range that the load left out, and that a commit would delete.
+  [[nodiscard]] const std::vector<Fila>& NoCargadas() const { return reparos_.NoCargadas; }
+  void AnadirNoCargadas(const std::vector<Fila>& filas);
+  /// What those of some tables of the last copy are that the store lacks now.
+  [[nodiscard]] std::vector<Fila> Perdidas(const std::vector<Fila>& tablas);
+
+  [[nodiscard]] const std::string& Sena() const { return foto_.Sena(); }
+  /// One to the stored file, with nothing under way.
+  [[nodiscard]] sqlite::Conexion& Conexion() { return foto_.Conexion(); }
+
+ private:
+  [[nodiscard]] std::string FilasDeLaCopia(const Rango& rango);
+  void Comparar();
+
+  std::string ficheroFoto_;
+  services::Ref<sqlite::Conexion> deTrabajo_;
+  bool avisarDeOtros_;
+  Foto foto_;
+  Reparos reparos_;
+  /// Whether nothing was stored since the picture.
+  bool sinCambios_ = false;
+  /// The one of the last commit.
+  std::optional<Copia> copia_;
+};
+
+}  // namespace salvaguarda

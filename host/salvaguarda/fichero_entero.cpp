@@ -1,0 +1,28 @@
+#include "salvaguarda/fichero_entero.h"
+
+#include <string>
+#include <system_error>
+
+namespace salvaguarda {
+
+FicheroEntero::FicheroEntero(std::filesystem::path fichero, std::string_view propio)
+    : fichero_(std::move(fichero)), enCurso_(fichero_) {
+  if (!propio.empty()) enCurso_ += "." + std::string(propio);
+  enCurso_ += kSinAcabar;
+  Quitar();
+}
+
+FicheroEntero::~FicheroEntero() {
+  Quitar();
+}
+
+void FicheroEntero::Quitar() noexcept {
+  std::error_code noEstaba;
+  std::filesystem::remove(enCurso_, noEstaba);
+}
+
+void FicheroEntero::Terminar() {
+  std::filesystem::rename(enCurso_, fichero_);
+}
+
+}  // namespace salvaguarda

@@ -1,0 +1,50 @@
+#include "salvaguarda/relato.h"
+
+namespace salvaguarda {
+namespace {
+
+void Anadir(std::vector<Noticia>& noticias, const std::string& frase,
+            const std::vector<Fila>& filas) {
+  if (!filas.empty()) noticias.push_back({frase, filas});
+}
+
+}  // namespace
+
+std::vector<Noticia> NoticiasDeGrabacion(const Omitidas& omitidas) {
+  std::vector<Noticia> noticias;
+  for (const Fila& tabla : omitidas.Tablas) {
+    noticias.push_back({"No se ha podido grabar nada de " + tabla.Tabla + ": " + tabla.Motivo});
+  }
+  Anadir(noticias,
+         "Estas filas suyas ya no están entre lo grabado; lo que había antes está en Archivo, "
+         "Recuperar una copia",
+         omitidas.Perdidas);
+  Anadir(noticias,
+         "No se han podido grabar estas filas, y ya no están entre lo grabado; lo que había antes "
+         "está en Archivo, Recuperar una copia",
+         omitidas.Filas);
+  Anadir(noticias, "Se han grabado sin alguno de sus valores", omitidas.Incompletas);
+  return noticias;
+}
+
+std::vector<Noticia> NoticiasDeCarga(const Omitidas& omitidas) {
+  std::vector<Noticia> noticias;
+  for (const Fila& tabla : omitidas.Tablas) {
+    noticias.push_back({"No se ha podido cargar " + tabla.Tabla + ": " + tabla.Motivo +
+                        ". La lista no está completa y no se podrá grabar: pulse Cancelar para "
+                        "volver a cargarla"});
+  }
+  Anadir(
+      noticias,
+      "No se han podido buscar los apuntes de caja de estas facturas, y Grabar fallará con ellas",
+      omitidas.SinApuntes);
+  Anadir(noticias, "Se han cargado sin alguno de sus valores", omitidas.Incompletas);
+  Anadir(noticias, "No se han cargado estos apuntes de caja", omitidas.Apuntes);
+  return noticias;
+}
+
+Noticia NoticiaDeNoCargadas(const std::vector<Fila>& filas) {
+  return {"No se han cargado estas filas, que no se ven en la lista y que Grabar borraría", filas};
+}
+
+}  // namespace salvaguarda

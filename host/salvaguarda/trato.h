@@ -1,0 +1,21 @@
+#pragma once
+
+#include <functional>
+#include <string>
+
+#include "valores/fecha.h"
+
+namespace salvaguarda {
+
+/// What the guard has of whoever it works for.
+struct Trato {
+  std::function<services::FechaHora()> Ahora;
+  /// Whether to save all the same.
+  std::function<bool(const std::string& pregunta)> Preguntar;
+  /// There is something to be told, when the event is over.
+  std::function<void()> AlHaberQueContar = [] {};
+  /// Whether to ask when others have changed what is to be written.
+  bool AvisarDeOtros = true;
+};
+
+}  // namespace salvaguarda
