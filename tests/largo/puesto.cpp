@@ -62,6 +62,7 @@ Puesto::Puesto(const std::filesystem::path& carpeta, const Puertas& puertas)
                    services::Crear<shell::ClassTesvara>(sesion_, pantallas_));
              }),
       plataforma_(mundo_.Plataforma()) {
+  mundo_.DatosClase() = contexto_;
   guardia_->Ahora = [this] { return mundo_.Entorno().Ahora(); };
   guardia_->Preguntar = [](const std::string&) { return true; };
   plataforma_.PasadoPorAlto = [this, apuntar = plataforma_.PasadoPorAlto](
