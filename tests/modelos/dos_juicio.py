@@ -13,10 +13,12 @@ PREGUNTA, DICHO, DE_LA_GUARDIA = 4, 48, "Sorvex"
 
 
 class Usuario:
-    """What a session knows: its rows as they were loaded, as they are, and what the guard told it since."""
+    """What a session knows: its rows as they were loaded, as they are, which it has taken away since, and what the
+    guard has told it."""
 
     def __init__(self):
         self.cargado, self.trabajo, self.rejilla, self.foto, self.dicho = {}, {}, [], [], []
+        self.quitado = set()
 
 
 def juzgar(vistas, cuenta):
@@ -35,7 +37,10 @@ def juzgar(vistas, cuenta):
 def seguir(usuario, vista, de_ahora):
     if CARGA in vista.sucesos:
         usuario.cargado, usuario.foto, usuario.dicho = vista.trabajo, vista.rejilla, []
+        usuario.quitado = set()
         de_ahora = [aviso for aviso in de_ahora if aviso[0].startswith("No se ha")]
+    else:
+        usuario.quitado |= usuario.trabajo.keys() - vista.trabajo.keys()
     usuario.dicho += de_ahora
     usuario.trabajo, usuario.rejilla = vista.trabajo, vista.rejilla
 
@@ -53,8 +58,8 @@ def del_paso(usuario, antes, vista, de_ahora, cuenta):
     final, fechados = pagos.final, pagos.fechados
     cuenta["pagos a otra de igual número"] += pagos.a_otra
     for clave in sorted(antes.almacenado.keys() | vista.almacenado.keys()):
-        que = de_la_fila(clave, antes.almacenado.get(clave), vista.almacenado.get(clave), usuario.cargado.get(clave),
-                         final.get(clave), clave in fechados)
+        que = de_la_fila(antes.almacenado.get(clave), vista.almacenado.get(clave), usuario.cargado.get(clave),
+                         final.get(clave), clave in fechados, clave in usuario.quitado)
         if que and not nombra(dicho, clave):
             yield que, f"{que}: {clave} {antes.almacenado.get(clave)} -> {vista.almacenado.get(clave)}"
     if not vista.errores:
@@ -64,14 +69,15 @@ def del_paso(usuario, antes, vista, de_ahora, cuenta):
                                      f"{vista.almacenado.get(clave)}")
 
 
-def de_la_fila(clave, era, es, cargada, final, fechada):
-    """What happened to a stored row that this user didn't do himself; None for nothing."""
+def de_la_fila(era, es, cargada, final, fechada, quitada):
+    """What happened to a stored row that this user didn't do himself; None for nothing. One that he took away and made
+    anew is his."""
     if era == es:
         return None
     if es is None:
         return None if cargada and not final and era == cargada else "borrada"
     if era is None:
-        return None if final and not cargada else "vuelta"
+        return None if final and (not cargada or quitada) else "vuelta"
     for columna, valor in es.items():
         if valor == era[columna] or (columna == "Fechapago" and fechada):
             continue
