@@ -119,13 +119,14 @@ int Vida::Vivir(const Herencia& herencia) {
 }
 
 void Vida::Empezar(const Herencia& herencia) {
-  reposo_ = LeerAlmacenadas(*grabado_);
-  const std::uint64_t huella = Huella(reposo_);
+  const std::uint64_t huella = Huella(LeerAlmacenadas(*grabado_));
   if (herencia.Antes && huella != *herencia.Antes &&
       (!herencia.Despues || huella != *herencia.Despues)) {
     Hallar("lo grabado no es lo de antes ni lo de después");
   }
-  decir_("QUEDA " + std::to_string(huella));
+  EscribirOtros();
+  reposo_ = LeerAlmacenadas(*grabado_);
+  decir_("QUEDA " + std::to_string(Huella(reposo_)));
   if (Uno(*grabado_, "PRAGMA integrity_check") != "ok") Hallar("integrity_check de lo grabado");
   if (Uno(puesto_.Local(), "PRAGMA integrity_check") != "ok") {
     Hallar("integrity_check de lo de trabajo");
@@ -133,6 +134,15 @@ void Vida::Empezar(const Herencia& herencia) {
   if (Puesto::CopiasAMedias(carpeta_) != 0) Hallar("una copia a medias con su nombre");
   puesto_.Guardia().LasCopias().GuardarEntera(Puesto::FicheroDatos(carpeta_),
                                               puesto_.Mundo().Entorno().Ahora());
+}
+
+/// Others have gone on working while there was no program.
+void Vida::EscribirOtros() {
+  for (int veces = usuario_.Azar().Entre(0, 3); veces > 0; --veces) {
+    const std::string sql = usuario_.DeOtro();
+    decir_("ORDEN datos " + sql);
+    grabado_->Ejecutar(sql);
+  }
 }
 
 /// As the suite does it whenever it opens the screen.

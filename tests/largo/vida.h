@@ -61,6 +61,7 @@ class Vida {
   void AlLlamar();
   void EmpezarGrabacion(const salvaguarda::Rango& rango);
   void Empezar(const Herencia& herencia);
+  void EscribirOtros();
   [[nodiscard]] const guion::Orden* Orden();
   /// The first word after the command under way; empty for none.
   [[nodiscard]] std::string SobreQue() const;
