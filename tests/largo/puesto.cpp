@@ -64,6 +64,7 @@ Puesto::Puesto(const std::filesystem::path& carpeta, const Puertas& puertas)
                    services::Crear<shell::ClassTesvara>(sesion_, pantallas_));
              }),
       plataforma_(mundo_.Plataforma()) {
+  mundo_.DatosClase() = contexto_;
   plataforma_.PasadoPorAlto = [this, apuntar = plataforma_.PasadoPorAlto](
                                   services::Sesion& sesion, const services::Omision& omision) {
     guardia_->PasadoPorAlto(omision);

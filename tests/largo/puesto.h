@@ -3,10 +3,12 @@
 #include <filesystem>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 
 #include "guion/bases.h"
 #include "guion/mundo.h"
+#include "largo/contexto_que_retoma.h"
 #include "salvaguarda/guardia.h"
 #include "shell/class_tesvara.h"
 #include "shell/datos_comunes.h"
@@ -50,6 +52,8 @@ class Puesto {
   [[nodiscard]] guion::Mundo& Mundo() { return mundo_; }
   [[nodiscard]] salvaguarda::Guardia& Guardia() { return *guardia_; }
   [[nodiscard]] sqlite::Conexion& Local() { return *local_; }
+  /// The range of the working copy that the next screen goes on with; none for a fresh load.
+  [[nodiscard]] std::optional<salvaguarda::Rango>& PorRetomar() { return contexto_->PorRetomar; }
 
   /// What the user answers to the guard.
   std::function<bool(const std::string& pregunta)> Preguntar = [](const std::string&) {
@@ -65,6 +69,8 @@ class Puesto {
   std::unique_ptr<guion::Base> deDatos_;
   std::unique_ptr<guion::Base> deLocal_;
   guion::Mundo mundo_;
+  services::Ref<ContextoQueRetoma> contexto_{
+      services::Crear<ContextoQueRetoma>(mundo_.DatosClase())};
   services::Plataforma plataforma_;
   shell::DatosComunes sesion_{plataforma_};
   shell::Pantallas pantallas_{sesion_};

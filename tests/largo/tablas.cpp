@@ -9,20 +9,25 @@
 namespace largo {
 namespace {
 
-constexpr std::array kConsultas{
+constexpr std::array kColumnas{
     std::pair{"ProvFacturas",
-              "SELECT NConcepto, Factura, Año, Fecha, Total, forpago, NRecibos, Dias1Vto, BIRPF, "
-              "TipoIRPF, IRPF, Cadencia FROM ProvFacturas"},
-    std::pair{"ProvBasesIva",
-              "SELECT NConcepto, NFactura, Año, Tipo, Base, Importe, Exento FROM ProvBasesIva"},
-    std::pair{"ProvVencimientos",
-              "SELECT NConcepto, NFactura, Año, FechaVto, Importe, Pagado, Fechapago FROM "
-              "ProvVencimientos"},
-    std::pair{"ProvPrevisionPagos",
-              "SELECT NConcepto, Fecha1Vto, Cada, Tipo, Importe FROM ProvPrevisionPagos"},
-    std::pair{"CajaPagos",
-              "SELECT idSucursal, FechaHora, Tipo, Importe, Factura, Año FROM CajaPagos"},
+              "NConcepto, Factura, Año, Fecha, Total, forpago, NRecibos, Dias1Vto, BIRPF, "
+              "TipoIRPF, IRPF, Cadencia"},
+    std::pair{"ProvBasesIva", "NConcepto, NFactura, Año, Tipo, Base, Importe, Exento"},
+    std::pair{"ProvVencimientos", "NConcepto, NFactura, Año, FechaVto, Importe, Pagado, Fechapago"},
+    std::pair{"ProvPrevisionPagos", "NConcepto, Fecha1Vto, Cada, Tipo, Importe"},
+    std::pair{"CajaPagos", "idSucursal, FechaHora, Tipo, Importe, Factura, Año"},
 };
+
+Tablas Leer(sqlite::Conexion& base, const std::string& prefijo) {
+  Tablas tablas;
+  for (const auto& [nombre, columnas] : kColumnas) {
+    std::vector<Fila>& filas = tablas[nombre] =
+        Consultar(base, std::string("SELECT ") + columnas + " FROM " + prefijo + nombre);
+    std::ranges::sort(filas);
+  }
+  return tablas;
+}
 
 std::string SoloEn(const std::string& rotulo, const std::vector<Fila>& unas,
                    const std::vector<Fila>& otras) {
@@ -54,12 +59,11 @@ std::string Uno(sqlite::Conexion& base, std::string_view sql) {
 }
 
 Tablas LeerAlmacenadas(sqlite::Conexion& almacenados) {
-  Tablas tablas;
-  for (const auto& [nombre, consulta] : kConsultas) {
-    std::vector<Fila>& filas = tablas[nombre] = Consultar(almacenados, consulta);
-    std::ranges::sort(filas);
-  }
-  return tablas;
+  return Leer(almacenados, "");
+}
+
+Tablas LeerDeTrabajo(sqlite::Conexion& deTrabajo) {
+  return Leer(deTrabajo, "Temp");
 }
 
 std::uint64_t Huella(const Tablas& tablas) {

@@ -20,6 +20,8 @@ using Fila = std::vector<std::string>;
 /// All stored tables that a commit writes, by their names, without who wrote a row when; sorted.
 using Tablas = std::map<std::string, std::vector<Fila>>;
 [[nodiscard]] Tablas LeerAlmacenadas(sqlite::Conexion& almacenados);
+/// The working ones alike, by the names of the stored ones.
+[[nodiscard]] Tablas LeerDeTrabajo(sqlite::Conexion& deTrabajo);
 [[nodiscard]] std::uint64_t Huella(const Tablas& tablas);
 /// The first rows that one has and the other hasn't, a line each; empty for none.
 [[nodiscard]] std::string Diferencia(const Tablas& esperadas, const Tablas& halladas);

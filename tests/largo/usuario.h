@@ -20,6 +20,8 @@ class Usuario {
   [[nodiscard]] std::string Siguiente();
   /// One that takes the user nearer to leaving the modal screen that is open.
   [[nodiscard]] std::string SalirDeModal();
+  /// What somebody else writes in the stored tables meanwhile, in SQL.
+  [[nodiscard]] std::string DeOtro();
   [[nodiscard]] muestra::Azar& Azar() { return azar_; }
 
  private:
@@ -34,7 +36,6 @@ class Usuario {
   void PlanearCaja();
   void PlanearAutomaticas();
   void PlanearInforme();
-  void PlanearDeOtro();
   void Aceptar();
   void Plazos();
   void Prevision();

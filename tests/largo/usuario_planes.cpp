@@ -55,7 +55,7 @@ void Usuario::Planear() {
     case 16:
       return PlanearInforme();
     case 17:
-      return PlanearDeOtro();
+      return Di("datos " + DeOtro());
     case 18:
       Di(Uno({"pulsar BotonCancelar", "ocultar", "cerrar", "barra FrmTesvaraGastos"}));
       return Di("cargar");
@@ -222,19 +222,18 @@ void Usuario::PlanearInforme() {
   Di("barra frmBuscoImpresora");
 }
 
-/// Somebody else writes in the stored tables.
-void Usuario::PlanearDeOtro() {
+std::string Usuario::DeOtro() {
   const std::string hora = std::to_string(azar_.Entre(10, 23)) + ":" +
                            std::to_string(azar_.Entre(10, 59)) + ":" +
                            std::to_string(azar_.Entre(10, 59));
-  if (azar_.DeCada100(70)) {
-    return Di("datos INSERT OR IGNORE INTO CajaPagos VALUES('" + Uno({"1", "2"}) + "', '2005-03-" +
-              std::to_string(azar_.Entre(10, 28)) + " " + hora + "', " + Uno({"12", "31"}) + ", " +
-              std::to_string(azar_.Entre(1, 90)) + ".25, 'sobres', NULL, NULL, 'EVA', 'x', 'y')");
+  if (azar_.DeCada100(50)) {
+    return "INSERT OR IGNORE INTO CajaPagos VALUES('" + Uno({"1", "2"}) + "', '2005-03-" +
+           std::to_string(azar_.Entre(10, 28)) + " " + hora + "', " + Uno({"12", "31"}) + ", " +
+           std::to_string(azar_.Entre(1, 90)) + ".25, 'sobres', NULL, NULL, 'EVA', 'x', 'y')";
   }
-  Di("datos UPDATE ProvFacturas SET Dias1Vto = Dias1Vto + 1, ModificadoPor = 'EVA' WHERE Factura "
-     "= 'F" +
-     std::to_string(azar_.Entre(1, 12)) + "'");
+  return "UPDATE ProvFacturas SET Dias1Vto = Dias1Vto + 1, ModificadoPor = 'EVA' WHERE Factura = "
+         "'F" +
+         std::to_string(azar_.Entre(1, 12)) + "'";
 }
 
 std::string Usuario::FilaDeLista() {

@@ -2,16 +2,13 @@
 
 #include <algorithm>
 #include <csignal>
-#include <iterator>
 
 #include "dialecto/formas.h"
 #include "forms/controles.h"
 #include "guion/salida.h"
 #include "largo/contador.h"
 #include "largo/modelo.h"
-#include "salvaguarda/rescate.h"
 #include "services/utiles.h"
-#include "shell/frm_tesvara_gastos.h"
 
 namespace largo {
 namespace {
@@ -48,14 +45,17 @@ Vida::Vida(const std::filesystem::path& carpeta, std::uint64_t semilla, int acci
       decir_(decir),
       puesto_(carpeta, Puertas()),
       usuario_(semilla, puesto_.Mundo().Entorno()),
+      oferta_(carpeta, puesto_, usuario_.Azar()),
       grabado_(sqlite::AbrirConexion(Puesto::FicheroDatos(carpeta))),
       quedan_(acciones),
-      llamadasHastaMorir_(usuario_.Azar().DeCada100(60) ? usuario_.Azar().Entre(50, 6'000) : -1) {
+      llamadasHastaMorir_(usuario_.Azar().DeCada100(60) ? usuario_.Azar().Entre(50, 6'000) : -1),
+      desdeLaCarga_(carpeta) {
   vigilante_->AlLlamar = [this] { AlLlamar(); };
   vigilante_->AlAbrir = [this](std::string_view sentencia) { AlAbrir(sentencia); };
   puesto_.Mundo().Entorno().PararReloj(services::HacerFecha(2005, 3, 15, 10));
   puesto_.Preguntar = [this](const std::string& pregunta) {
     const bool adelante = usuario_.Azar().DeCada100(70);
+    if (grabacion_) grabacion_->Preguntado = true;
     Dice("la guardia pregunta " + pregunta.substr(0, 60));
     return adelante;
   };
@@ -80,6 +80,7 @@ void Vida::Dice(const std::string& que) {
 void Vida::AlLlamar() {
   if (llamadasHastaMorir_ < 0 || --llamadasHastaMorir_ > 0) return;
   const bool omite = !std::ranges::all_of(puesto_.Mundo().Entorno().Omisiones, EsDeSiempre);
+  if (omite) desdeLaCarga_.ApuntarFallo();
   decir_(omite ? "MATA tras omitir" : "MATA");
   std::raise(SIGKILL);
 }
@@ -91,13 +92,22 @@ void Vida::AlAbrir(std::string_view sentencia) {
   if (comienzo->Que == salvaguarda::Comienzo::Tarea::Carga) {
     cargado_ = true;
     rango_ = comienzo->Rango;
+    desdeLaCarga_.Empezar(LeerAlmacenadas(*grabado_));
     return;
   }
+  EmpezarGrabacion(comienzo->Rango);
+}
+
+void Vida::EmpezarGrabacion(const salvaguarda::Rango& rango) {
   const Tablas antes = LeerAlmacenadas(*grabado_);
-  espera_ = TrasGrabar(Puesto::FicheroDatos(carpeta_), puesto_.Local(), comienzo->Rango);
-  huerfanas_ = Huerfanas(*grabado_);
-  descuadradas_ = Descuadradas(*grabado_);
-  decir_("GRABA " + std::to_string(Huella(antes)) + " " + std::to_string(Huella(*espera_)));
+  const Tablas espera = TrasGrabar(Puesto::FicheroDatos(carpeta_), puesto_.Local(), rango);
+  grabacion_ = {espera,
+                Huerfanas(*grabado_),
+                Descuadradas(*grabado_),
+                desdeLaCarga_.Nuevas(antes, espera),
+                desdeLaCarga_.HaFallado(),
+                desdeLaCarga_.TocaRecibos()};
+  decir_("GRABA " + std::to_string(Huella(antes)) + " " + std::to_string(Huella(espera)));
 }
 
 int Vida::Vivir(const Herencia& herencia) {
@@ -109,22 +119,41 @@ int Vida::Vivir(const Herencia& herencia) {
 }
 
 void Vida::Empezar(const Herencia& herencia) {
-  reposo_ = LeerAlmacenadas(*grabado_);
-  const std::uint64_t huella = Huella(reposo_);
+  const std::uint64_t huella = Huella(LeerAlmacenadas(*grabado_));
   if (herencia.Antes && huella != *herencia.Antes &&
       (!herencia.Despues || huella != *herencia.Despues)) {
     Hallar("lo grabado no es lo de antes ni lo de después");
   }
-  decir_("QUEDA " + std::to_string(huella));
+  EscribirOtros();
+  reposo_ = LeerAlmacenadas(*grabado_);
+  decir_("QUEDA " + std::to_string(Huella(reposo_)));
   if (Uno(*grabado_, "PRAGMA integrity_check") != "ok") Hallar("integrity_check de lo grabado");
   if (Uno(puesto_.Local(), "PRAGMA integrity_check") != "ok") {
     Hallar("integrity_check de lo de trabajo");
   }
   if (Puesto::CopiasAMedias(carpeta_) != 0) Hallar("una copia a medias con su nombre");
   puesto_.Guardia().CopiarElDia();
-  const auto rescate = salvaguarda::BuscarRescate(puesto_.Local(), Puesto::FicheroDatos(carpeta_),
-                                                  Puesto::FicheroFoto(carpeta_));
-  if (rescate) Dice("rescate de " + rescate->Copia.Usuario);
+}
+
+/// Others have gone on working while there was no program.
+void Vida::EscribirOtros() {
+  for (int veces = usuario_.Azar().Entre(0, 3); veces > 0; --veces) {
+    const std::string sql = usuario_.DeOtro();
+    decir_("ORDEN datos " + sql);
+    grabado_->Ejecutar(sql);
+  }
+}
+
+/// As the suite does it whenever it opens the screen.
+void Vida::OfrecerRescate() {
+  const std::vector<Fila> suyas =
+      desdeLaCarga_.Nuevas(LeerDeTrabajo(puesto_.Local()), LeerAlmacenadas(*grabado_));
+  const std::string respuesta = oferta_.Hacer();
+  if (!respuesta.empty()) Dice("rescate: " + respuesta);
+  if (respuesta.empty() && !suyas.empty()) {
+    Hallar("no ofrece lo que no se grabó:" + Diferencia({}, suyas));
+  }
+  if (!oferta_.Reparo().empty()) Hallar(oferta_.Reparo());
 }
 
 bool Vida::EnModal() {
@@ -142,7 +171,16 @@ const guion::Orden* Vida::Orden() {
   const std::string texto = Elegir();
   decir_("ORDEN " + texto);
   orden_ = guion::Analizar(texto);
+  const std::string primero = SobreQue();
+  if (primero == "BotonBorrar" || primero == "MSFVencimientos" || primero == "TxtMsf2") {
+    desdeLaCarga_.ApuntarRecibos();
+  }
+  if (texto == "cargar" && !puesto_.Mundo().Entorno().Buscar("FrmTesvaraGastos")) OfrecerRescate();
   return &orden_.front();
+}
+
+std::string Vida::SobreQue() const {
+  return orden_.front().Argumentos.empty() ? "" : orden_.front().Argumentos.front();
 }
 
 void Vida::ContarLoAlcanzado() {
@@ -190,79 +228,6 @@ void Vida::Escuchar() {
   for (const std::string& parrafo : puesto_.Guardia().Contar().Parrafos) {
     Dice("la guardia: " + parrafo.substr(0, 60));
   }
-}
-
-void Vida::Mirar() {
-  const bool sano = !dicho_;
-  if (!orden_.empty()) {
-    const std::string_view nombre = orden_.front().Nombre;
-    const std::string primero =
-        orden_.front().Argumentos.empty() ? "" : orden_.front().Argumentos.front();
-    falloDesdeLaCarga_ = falloDesdeLaCarga_ || dicho_;
-    tocaRecibos_ = tocaRecibos_ || primero == "BotonBorrar" || primero == "MSFVencimientos" ||
-                   primero == "TxtMsf2";
-    if (espera_) {
-      MirarGrabacion(sano);
-    } else if (nombre == "datos" || quedan_ % 25 == 0) {
-      MirarReposo();
-    }
-    const bool nadaMas = nombre == "cargar" || nombre == "foco" || primero == "BotonAceptar" ||
-                         primero == "BotonCancelar";
-    if (cargado_ && sano && nadaMas) MirarCarga();
-    if (cargado_) {
-      tocaRecibos_ = false;
-      falloDesdeLaCarga_ = dicho_;
-    }
-  }
-  dicho_ = false;
-  cargado_ = false;
-  espera_.reset();
-}
-
-/// Nothing is stored but by a commit, and by somebody else.
-void Vida::MirarReposo() {
-  const Tablas ahora = LeerAlmacenadas(*grabado_);
-  if (orden_.front().Nombre != "datos" && ahora != reposo_) {
-    Hallar("se ha grabado sin grabar:" + Diferencia(reposo_, ahora));
-  }
-  reposo_ = ahora;
-  decir_("QUEDA " + std::to_string(Huella(ahora)));
-}
-
-void Vida::MirarGrabacion(bool sano) {
-  const Tablas ahora = LeerAlmacenadas(*grabado_);
-  if (sano && ahora != *espera_) Hallar("grabado otra cosa:" + Diferencia(*espera_, ahora));
-  if (sano) {
-    std::vector<Fila> nuevas;
-    std::ranges::set_difference(Huerfanas(*grabado_), huerfanas_, std::back_inserter(nuevas));
-    for (const Fila& fila : nuevas) {
-      falloDesdeLaCarga_ ? Dice("sin su factura, tras un error que se dijo")
-                         : Hallar("sin su factura: " + guion::FilaUnida(fila));
-    }
-    nuevas.clear();
-    std::ranges::set_difference(Descuadradas(*grabado_), descuadradas_, std::back_inserter(nuevas));
-    for (const Fila& fila : nuevas) {
-      const std::string cual = guion::FilaUnida(fila);
-      tocaRecibos_ || falloDesdeLaCarga_ ? Dice("descuadre que el usuario ha podido hacer")
-                                         : Hallar("los recibos no suman su factura: " + cual);
-    }
-    Dice("grabado como debe");
-  }
-  reposo_ = ahora;
-  decir_("QUEDA " + std::to_string(Huella(ahora)));
-}
-
-void Vida::MirarCarga() {
-  auto* form = puesto_.Mundo().Entorno().Buscar("FrmTesvaraGastos");
-  if (!form || !form->Visible()) return;
-  const auto& pantalla = dynamic_cast<shell::FrmTesvaraGastos&>(*form);
-  const std::string carga = DiferenciaDeCarga(*grabado_, puesto_.Local(), *rango_);
-  if (!carga.empty()) Hallar("cargado otra cosa: " + carga);
-  const Filtros filtros{*rango_, pantalla.Lista.OptFecha.Value, pantalla.Lista.ChkPagados.Value,
-                        pantalla.Lista.ChkPrevisiones.Value};
-  const std::string lista = DiferenciaDeLista(pantalla.Rejilla.MSFPagos, puesto_.Local(), filtros);
-  if (!lista.empty()) Hallar("la lista no es la copia de trabajo: " + lista);
-  Dice("cargado y listado como debe");
 }
 
 }  // namespace largo

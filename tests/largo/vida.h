@@ -8,6 +8,8 @@
 #include <string>
 
 #include "guion/ejecucion.h"
+#include "largo/desde_la_carga.h"
+#include "largo/oferta.h"
 #include "largo/proceso_aparte.h"
 #include "largo/puerta.h"
 #include "largo/puesto.h"
@@ -43,17 +45,37 @@ class Vida {
   [[nodiscard]] int Vivir(const Herencia& herencia);
 
  private:
+  /// A commit as it begins.
+  struct Grabacion {
+    Tablas Espera;  ///< what it must leave
+    std::vector<Fila> Huerfanas;
+    std::vector<Fila> Descuadradas;
+    std::vector<Fila> DeOtros;  ///< what others have stored since the load, and it undoes
+    bool TrasFallo;
+    bool TocaRecibos;
+    bool Preguntado = false;
+  };
+
   [[nodiscard]] Puesto::Puertas Puertas();
   void AlAbrir(std::string_view sentencia);
   void AlLlamar();
+  void EmpezarGrabacion(const salvaguarda::Rango& rango);
   void Empezar(const Herencia& herencia);
+  void EscribirOtros();
   [[nodiscard]] const guion::Orden* Orden();
+  /// The first word after the command under way; empty for none.
+  [[nodiscard]] std::string SobreQue() const;
   void ContarLoAlcanzado();
   [[nodiscard]] std::string Elegir();
-  void Mirar();
+  void OfrecerRescate();
   void Escuchar();
+  void Mirar();
   void MirarGrabacion(bool sano);
+  void MirarRecibos();
+  void MirarLoDeOtros();
+  void MirarRetomada(bool sano);
   void MirarCarga();
+  void MirarLista();
   void MirarReposo();
   void Hallar(const std::string& que) const { decir_("HALLAZGO " + EnUna(que)); }
   void Dice(const std::string& que);
@@ -65,6 +87,7 @@ class Vida {
   std::shared_ptr<Vigilante> vigilante_ = std::make_shared<Vigilante>();
   Puesto puesto_;
   Usuario usuario_;
+  Oferta oferta_;
   services::Ref<sqlite::Conexion> grabado_;
   std::ostringstream salida_;
   std::vector<guion::Orden> orden_;
@@ -80,12 +103,10 @@ class Vida {
   bool dicho_ = false;
   bool cargado_ = false;
   std::optional<salvaguarda::Rango> rango_;
-  std::optional<Tablas> espera_;
-  std::vector<Fila> huerfanas_;
-  std::vector<Fila> descuadradas_;
-  // Since the last load.
-  bool tocaRecibos_ = false;
-  bool falloDesdeLaCarga_ = false;
+  std::optional<Grabacion> grabacion_;
+  bool retomada_ = false;  // the working copy, until it is saved or loaded anew
+  /// Of the working copy, which an earlier program may have loaded.
+  DesdeLaCarga desdeLaCarga_;
 };
 
 }  // namespace largo

@@ -6,26 +6,29 @@ By the tables alone: what they held before the command and after it, what this u
 import re
 
 from dos_ordenes import FUERA
-from dos_traza import CARGA, llano
+from dos_pagos import Pagos
+from dos_traza import CARGA
 
 PREGUNTA, DICHO, DE_LA_GUARDIA = 4, 48, "Sorvex"
 
 
 class Usuario:
-    """What a session knows: its rows as they were loaded, as they are, and what the guard told it since."""
+    """What a session knows: its rows as they were loaded, as they are, which it has taken away since, and what the
+    guard has told it."""
 
     def __init__(self):
-        self.cargado, self.trabajo, self.rejilla, self.largo, self.dicho = {}, {}, [], 0, []
+        self.cargado, self.trabajo, self.rejilla, self.foto, self.dicho = {}, {}, [], [], []
+        self.quitado = set()
 
 
-def juzgar(vistas):
-    """The findings, as (step, kind, text)."""
+def juzgar(vistas, cuenta):
+    """The findings, as (step, kind, text). Counts what is none, and the user may not expect all the same."""
     usuarios, antes, hallazgos = {}, vistas[0], []
     for n, vista in enumerate(vistas):
         if vista.sesion != FUERA:
             usuario = usuarios.setdefault(vista.sesion, Usuario())
             de_ahora = [aviso for aviso in vista.avisos if aviso[2] == DE_LA_GUARDIA]
-            hallazgos += [(n, *hallazgo) for hallazgo in del_paso(usuario, antes, vista, de_ahora)]
+            hallazgos += [(n, *hallazgo) for hallazgo in del_paso(usuario, antes, vista, de_ahora, cuenta)]
             seguir(usuario, vista, de_ahora)
         antes = vista
     return hallazgos
@@ -33,13 +36,16 @@ def juzgar(vistas):
 
 def seguir(usuario, vista, de_ahora):
     if CARGA in vista.sucesos:
-        usuario.cargado, usuario.largo, usuario.dicho = vista.trabajo, len(vista.rejilla), []
+        usuario.cargado, usuario.foto, usuario.dicho = vista.trabajo, vista.rejilla, []
+        usuario.quitado = set()
         de_ahora = [aviso for aviso in de_ahora if aviso[0].startswith("No se ha")]
+    else:
+        usuario.quitado |= usuario.trabajo.keys() - vista.trabajo.keys()
     usuario.dicho += de_ahora
     usuario.trabajo, usuario.rejilla = vista.trabajo, vista.rejilla
 
 
-def del_paso(usuario, antes, vista, de_ahora):
+def del_paso(usuario, antes, vista, de_ahora, cuenta):
     dijo_no = any(aviso[1] == PREGUNTA and aviso[3] == "no" for aviso in de_ahora)
     if sorted(antes.crudo, key=str) != sorted(vista.crudo, key=str) and (dijo_no or not vista.borra):
         yield "escribe", "ha cambiado lo almacenado con un no" if dijo_no else "ha cambiado lo almacenado sin grabar"
@@ -48,10 +54,12 @@ def del_paso(usuario, antes, vista, de_ahora):
     dicho = [texto for texto, *_ in usuario.dicho + de_ahora]
     if vista.sucesos[0] == CARGA:  # The dates just left were loaded without saving: nothing is this user's any more.
         usuario = Usuario()
-    final, fechados = con_lo_pagado(usuario)
+    pagos = Pagos(usuario, vista.almacenado)
+    final, fechados = pagos.final, pagos.fechados
+    cuenta["pagos a otra de igual número"] += pagos.a_otra
     for clave in sorted(antes.almacenado.keys() | vista.almacenado.keys()):
-        que = de_la_fila(clave, antes.almacenado.get(clave), vista.almacenado.get(clave), usuario.cargado.get(clave),
-                         final.get(clave), clave in fechados)
+        que = de_la_fila(antes.almacenado.get(clave), vista.almacenado.get(clave), usuario.cargado.get(clave),
+                         final.get(clave), clave in fechados, clave in usuario.quitado)
         if que and not nombra(dicho, clave):
             yield que, f"{que}: {clave} {antes.almacenado.get(clave)} -> {vista.almacenado.get(clave)}"
     if not vista.errores:
@@ -61,31 +69,15 @@ def del_paso(usuario, antes, vista, de_ahora):
                                      f"{vista.almacenado.get(clave)}")
 
 
-def con_lo_pagado(usuario):
-    """The working rows with what the list adds to them as it is saved, and the receipts that it dates: those paid,
-    and all of a list that has another length than when it was loaded."""
-    final, fechados = {clave: dict(fila) for clave, fila in usuario.trabajo.items()}, set()
-    for celdas in usuario.rejilla[1:]:
-        importe, pagado = (llano("Pagado", celda.replace(".", "").replace(",", ".")) for celda in celdas[3:5])
-        dia = "".join(reversed(celdas[0].split("/")))
-        for clave, fila in final.items():
-            # Two invoices whose numbers differ in blanks alone are told apart by their amounts.
-            suya = clave[0] == "ProvVencimientos" and fila["Importe"] == importe and (
-                clave[1], clave[2].strip(" "), *clave[3:]) == (celdas[6], celdas[2].strip(" "), celdas[7], dia)
-            if suya and (fila["Pagado"] != pagado or len(usuario.rejilla) != usuario.largo):
-                fila["Pagado"] = pagado
-                fechados.add(clave)
-    return final, fechados
-
-
-def de_la_fila(clave, era, es, cargada, final, fechada):
-    """What happened to a stored row that this user didn't do himself; None for nothing."""
+def de_la_fila(era, es, cargada, final, fechada, quitada):
+    """What happened to a stored row that this user didn't do himself; None for nothing. One that he took away and made
+    anew is his."""
     if era == es:
         return None
     if es is None:
         return None if cargada and not final and era == cargada else "borrada"
     if era is None:
-        return None if final and not cargada else "vuelta"
+        return None if final and (not cargada or quitada) else "vuelta"
     for columna, valor in es.items():
         if valor == era[columna] or (columna == "Fechapago" and fechada):
             continue

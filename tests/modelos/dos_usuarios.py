@@ -37,7 +37,7 @@ def reducir(guion, orden, clase):
 
 def halla(guion, orden, clase):
     try:
-        return any(hallazgo[1] == clase for hallazgo in juzgar(correr(guion, orden)))
+        return any(hallazgo[1] == clase for hallazgo in juzgar(correr(guion, orden), Counter()))
     except (RuntimeError, IndexError):  # An order that has lost its sense is no smaller order.
         return False
 
@@ -68,13 +68,13 @@ def main():
             orden.pasos = [(s, [linea for linea in ordenes if linea != "guardia"]) for s, ordenes in orden.pasos]
         vistas = correr(opciones.guion, orden)
         contar(vistas, cuenta)
-        hallazgos = juzgar(vistas)
+        hallazgos = juzgar(vistas, cuenta)
         if not hallazgos:
             continue
         malas += 1
         if opciones.reducir:
             orden = reducir(opciones.guion, orden, hallazgos[0][1])
-            hallazgos = juzgar(correr(opciones.guion, orden))
+            hallazgos = juzgar(correr(opciones.guion, orden), Counter())
         fichero = Path(opciones.guardar) / f"orden_{semilla}.guion"
         fichero.parent.mkdir(parents=True, exist_ok=True)
         fichero.write_text("\n".join(lineas_de(orden)[0]) + "\n", encoding="utf-8")
