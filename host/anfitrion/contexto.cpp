@@ -39,15 +39,15 @@ services::HRESULT Contexto::EntregarSesion(
 // Nothing may come out of here into the load or the commit that goes on.
 void Contexto::PasadoPorAlto(const services::Omision& omision) noexcept {
   try {
-    sesion_.Custodia->Guardia().PasadoPorAlto(omision);
+    if (sesion_.Custodia) sesion_.Custodia->Guardia().PasadoPorAlto(omision);
   } catch (...) {
     return;
   }
 }
 
 bool Contexto::HayCopiaPorRetomar(std::string& desde, std::string& hasta) noexcept {
+  if (!sesion_.Custodia || !sesion_.Custodia->PorRetomar()) return false;
   const auto& rango = sesion_.Custodia->PorRetomar();
-  if (!rango) return false;
   desde = rango->Desde;
   hasta = rango->Hasta;
   return true;

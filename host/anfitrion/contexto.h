@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QPointer>
 #include <string>
 
 #include "anfitrion/custodia.h"
@@ -17,8 +18,8 @@ struct Sesion {
   std::int32_t AnchoReferencia = 0;
   std::int32_t AltoReferencia = 0;
   std::string Usuario;
-  /// Who keeps the data. Outlives the context.
-  anfitrion::Custodia* Custodia = nullptr;
+  /// Who keeps the data, for as long as there is a window.
+  QPointer<anfitrion::Custodia> Custodia;
 };
 
 /// The context object that a component is handed.

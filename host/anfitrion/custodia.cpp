@@ -1,6 +1,11 @@
 #include "anfitrion/custodia.h"
 
+#include <QApplication>
+#include <QPointer>
+#include <QTimer>
 #include <QWidget>
+#include <chrono>
+#include <utility>
 
 #include "anfitrion/dialogo_copias.h"
 #include "anfitrion/fechas.h"
@@ -27,6 +32,8 @@ QStringList RespuestasA(const salvaguarda::Rescate& rescate) {
 
 Custodia::Custodia(QWidget& ventana, const Datos& datos, const Opciones& opciones)
     : ventana_(ventana), datos_(datos) {
+  // The component may keep the guard's connection for longer than there is a window.
+  const QPointer<Custodia> yo(this);
   const fs::path almacenados = datos.NombreAlmacenados;
   const fs::path deTrabajo = datos.NombreDeTrabajo;
   guardia_ = std::make_shared<salvaguarda::Guardia>(
@@ -37,10 +44,13 @@ Custodia::Custodia(QWidget& ventana, const Datos& datos, const Opciones& opcione
       opciones.Usuario.toStdString(),
       salvaguarda::Trato{
           &Ahora,
-          [this](const std::string& pregunta) {
-            return Elegir({QString::fromStdString(pregunta), {"Sí", "No"}, 1, 1}) == 0;
+          [yo](const std::string& pregunta) {
+            return yo && yo->Elegir({QString::fromStdString(pregunta), {"Sí", "No"}, 1, 1}) == 0;
           },
-          [this] { ContarDespues(); }, opciones.AvisarDeOtros});
+          [yo] {
+            if (yo) yo->ContarDespues();
+          },
+          opciones.AvisarDeOtros});
   almacenados_ = services::Crear<salvaguarda::ConexionGuardada>(datos.Almacenados, guardia_);
   Elegir = [this](const PreguntaConTexto& pregunta) { return Preguntar(ventana_, pregunta); };
 }
@@ -51,10 +61,15 @@ void Custodia::Decir(const QString& texto) {
 
 /// Once the event that it came up in is over.
 void Custodia::ContarDespues() {
-  if (porContar_) return;
-  porContar_ = true;
-  QMetaObject::invokeMethod(
-      this, [this] { Contar(); }, Qt::QueuedConnection);
+  if (!std::exchange(porContar_, true)) QTimer::singleShot(0, this, &Custodia::ContarSinEstorbar);
+}
+
+/// An event that waits for the user isn't over yet.
+void Custodia::ContarSinEstorbar() {
+  constexpr std::chrono::milliseconds kOtraVez{100};
+  if (!porContar_) return;
+  if (!QApplication::activeModalWidget()) return Contar();
+  QTimer::singleShot(kOtraVez, this, &Custodia::ContarSinEstorbar);
 }
 
 void Custodia::Contar() try {

@@ -53,6 +53,7 @@ class Custodia final : public QObject {
   [[nodiscard]] bool ApartarSinMirar(const QString& motivo);
   void Decir(const QString& texto);
   void ContarDespues();
+  void ContarSinEstorbar();
 
   QWidget& ventana_;
   Datos datos_;

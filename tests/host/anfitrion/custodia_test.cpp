@@ -2,6 +2,7 @@
 
 #include <gmock/gmock.h>
 
+#include <QDialog>
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QTableWidget>
@@ -89,6 +90,47 @@ TEST_F(CustodiaTest, LoPasadoPorAltoSeDiceCuandoElSucesoHaTerminado) {
       << "en una sola ventana";
   QCoreApplication::processEvents();
   EXPECT_THAT(dicho, SizeIs(1));
+}
+
+/// A message of the component is part of the event.
+TEST_F(CustodiaTest, MientrasOtraVentanaEsperaNoSeDiceNada) {
+  QDialog mensaje(&ventana);
+  QTimer::singleShot(200, &mensaje, [&] {
+    EXPECT_THAT(dicho, IsEmpty());
+    mensaje.accept();
+  });
+  custodia.Guardia().PasadoPorAlto(
+      {Omision::Tarea::Carga, Omision::Falta::Tabla, "TempCajaPagos", {}, {1, "no se lee"}});
+  mensaje.exec();
+  EXPECT_TRUE(QTest::qWaitFor([&] { return !dicho.empty(); }));
+}
+
+/// The component may keep its connection to the end.
+TEST(CustodiaSinVentana, UnNoContestaPorQuienYaNoEsta) {
+  const pruebas::CarpetaTemporal carpeta;
+  anfitrion::Opciones opciones;
+  opciones.Carpeta = QString::fromStdString(carpeta.Camino());
+  const anfitrion::Datos datos = anfitrion::AbrirDatos(opciones);
+  const std::string primera = "SELECT min(FechaVto) FROM ProvVencimientos";
+  const std::string dia = datos.Almacenados->Consultar(primera).Filas.En(0, 0).Texto();
+  services::Ref<services::Conexion> conexion;
+  {
+    QWidget ventana;
+    anfitrion::Custodia custodia(ventana, datos, opciones);
+    conexion = custodia.Almacenados();
+    custodia.Guardia().AlComenzar({Comienzo::Tarea::Carga, {dia, dia}});
+  }
+  datos.Almacenados->Ejecutar("UPDATE ProvVencimientos SET Importe = 1 WHERE FechaVto = '" + dia +
+                              "'");
+  datos.Almacenados->TerminarUnidad();
+  EXPECT_THROW(
+      static_cast<void>(conexion->Abrir(
+          "SELECT DISTINCT ProvFacturas.* FROM ProvFacturas INNER JOIN ProvVencimientos ON "
+          "(ProvFacturas.NConcepto = ProvVencimientos.NConcepto) AND (ProvFacturas.Factura = "
+          "ProvVencimientos.NFactura) WHERE ProvVencimientos.FechaVto >= '" +
+              dia + "' And ProvVencimientos.FechaVto <= '" + dia + "' Order By ProvFacturas.Fecha",
+          services::ModoApertura::Lectura)),
+      services::ErrorEjecucion);
 }
 
 TEST_F(CustodiaTest, LasFilasQueGrabarBorrariaDejanCerrarSinGrabar) {
