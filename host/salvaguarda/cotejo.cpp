@@ -70,7 +70,7 @@ std::string Cotejo::FilasDeLaCopia(const Rango& rango) {
   return CopiaDeGrabacion(rango, ClavesDeTrabajo::Leer(*deTrabajo_));
 }
 
-// Of a row that was told before the last is told.
+// A row that was told before is told as it is now.
 void Cotejo::Comparar() {
   reparos_.NoCargadas = foto_.QueSiguen(reparos_.NoCargadas);
   if (sinCambios_ || !avisarDeOtros_) return;

@@ -6,7 +6,6 @@
 #include <utility>
 
 #include "salvaguarda/omitidas.h"
-#include "salvaguarda/relato.h"
 #include "valores/error.h"
 
 namespace salvaguarda {
