@@ -2,7 +2,10 @@
 
 #include <algorithm>
 #include <map>
+#include <string>
+#include <string_view>
 #include <utility>
+#include <vector>
 
 #include "salvaguarda/consultas.h"
 #include "salvaguarda/sql.h"

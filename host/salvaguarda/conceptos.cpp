@@ -1,5 +1,7 @@
 #include "salvaguarda/conceptos.h"
 
+#include <utility>
+
 #include "valores/error.h"
 #include "valores/texto.h"
 

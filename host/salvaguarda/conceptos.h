@@ -2,6 +2,7 @@
 
 #include <map>
 #include <string>
+#include <utility>
 
 #include "salvaguarda/fila.h"
 #include "sqlite/conexion_sqlite.h"

@@ -1,6 +1,9 @@
 #pragma once
 
 #include <memory>
+#include <string_view>
+#include <utility>
+#include <vector>
 
 #include "datos/conexion.h"
 #include "salvaguarda/guardia.h"

@@ -1,6 +1,7 @@
 #include "salvaguarda/copia_en_curso.h"
 
 #include <fstream>
+#include <utility>
 
 #include "salvaguarda/sql.h"
 

@@ -4,6 +4,7 @@
 #include <chrono>
 #include <random>
 #include <set>
+#include <string_view>
 
 #include "salvaguarda/adjunta.h"
 #include "salvaguarda/fichero_entero.h"

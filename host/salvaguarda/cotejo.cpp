@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <iterator>
 #include <set>
+#include <utility>
 
 #include "salvaguarda/ambito.h"
 #include "salvaguarda/copia_en_curso.h"
@@ -69,9 +70,9 @@ std::string Cotejo::FilasDeLaCopia(const Rango& rango) {
   return CopiaDeGrabacion(rango, ClavesDeTrabajo::Leer(*deTrabajo_));
 }
 
-// Of a row that was told before the last is told.
+// A row that was told before is told as it is now.
 void Cotejo::Comparar() {
-  reparos_.NoCargadas = foto_.QueSiguen(std::move(reparos_.NoCargadas));
+  reparos_.NoCargadas = foto_.QueSiguen(reparos_.NoCargadas);
   if (sinCambios_ || !avisarDeOtros_) return;
   std::vector<Fila> deOtros = foto_.Cambiadas();
   if (deOtros.empty()) return;

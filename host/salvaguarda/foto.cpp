@@ -4,6 +4,7 @@
 #include <fstream>
 #include <random>
 #include <set>
+#include <string_view>
 
 #include "salvaguarda/adjunta.h"
 #include "salvaguarda/cambios.h"
@@ -111,37 +112,62 @@ void Foto::TomarDeCopia() {
   version_.reset();
 }
 
+namespace {
+
+/// What a row `t` must meet to be loaded, as SQL.
+constexpr const char* kConConcepto =
+    "EXISTS (SELECT 1 FROM main.ProvConceptos c WHERE c.NConcepto = t.NConcepto)";
+
+std::string ConVencimiento(const Rango& rango, std::string_view de, std::string_view numero) {
+  return Juntar({"EXISTS (SELECT 1 FROM main.ProvVencimientos v WHERE v.NConcepto = ", de,
+                 ".NConcepto AND v.NFactura = ", de, ".", numero, " AND v.FechaVto >= ",
+                 Texto(rango.Desde), " AND v.FechaVto <= ", Texto(rango.Hasta), ")"});
+}
+
+std::string ConFactura(const Rango& rango) {
+  return Juntar(
+      {"EXISTS (SELECT 1 FROM main.ProvFacturas f WHERE f.NConcepto = t.NConcepto AND "
+       "f.Factura = t.NFactura AND ",
+       ConVencimiento(rango, "f", "Factura"), ")"});
+}
+
+std::string LoQueExige(const Tabla& tabla, const Rango& rango) {
+  const std::string conConcepto = kConConcepto;
+  switch (tabla.Que) {
+    case Tabla::Cosa::Factura:
+      return conConcepto + " AND " + ConVencimiento(rango, "t", tabla.Numero);
+    case Tabla::Cosa::Base:
+      return ConVencimiento(rango, "t", tabla.Numero);
+    case Tabla::Cosa::Vencimiento:
+      return conConcepto + " AND " + ConFactura(rango);
+    case Tabla::Cosa::Prevision:
+      return conConcepto;
+    case Tabla::Cosa::Apunte:
+      break;
+  }
+  return "1";
+}
+
+/// Why a row doesn't meet it.
+std::string PorQueNo(const Tabla& tabla) {
+  const std::string blancos = "'sus blancos no son los de su factura'";
+  if (tabla.Que == Tabla::Cosa::Base) return blancos;
+  return Juntar(
+      {"CASE WHEN ", kConConcepto, " THEN ", blancos, " ELSE 'su concepto no existe' END"});
+}
+
+}  // namespace
+
 std::vector<Fila> Foto::Excluidas() {
   if (!rango_) return {};
-  const std::string enRango =
-      Juntar({"v.FechaVto >= ", Texto(rango_->Desde), " AND v.FechaVto <= ", Texto(rango_->Hasta)});
-  const std::string conConcepto =
-      "EXISTS (SELECT 1 FROM main.ProvConceptos c WHERE c.NConcepto = t.NConcepto)";
-  const auto conVencimiento = [&](std::string_view de, std::string_view numero) {
-    return Juntar({"EXISTS (SELECT 1 FROM main.ProvVencimientos v WHERE v.NConcepto = ", de,
-                   ".NConcepto AND v.NFactura = ", de, ".", numero, " AND ", enRango, ")"});
-  };
-  const std::string conFactura =
-      "EXISTS (SELECT 1 FROM main.ProvFacturas f WHERE f.NConcepto = t.NConcepto AND f.Factura = "
-      "t.NFactura AND " +
-      conVencimiento("f", "Factura") + ")";
-  const std::string motivo = "CASE WHEN " + conConcepto +
-                             " THEN 'sus blancos no son los de su factura' "
-                             "ELSE 'su concepto no existe' END";
-  const auto excluidas = [](const Tabla& tabla, const std::string& porque,
-                            const std::string& entra) {
-    return Juntar({"SELECT ", sql::ComoFila(tabla, "t", porque), " FROM foto.", tabla.Nombre,
-                   " t WHERE NOT (", entra, ")"});
-  };
-  const auto deFactura = TablasDeFactura();
-  return sql::LeerFilas(
-      *conexion_, sql::Separar({excluidas(deFactura[0], motivo,
-                                          conConcepto + " AND " + conVencimiento("t", "Factura")),
-                                excluidas(deFactura[1], "'sus blancos no son los de su factura'",
-                                          conVencimiento("t", "NFactura")),
-                                excluidas(deFactura[2], motivo, conConcepto + " AND " + conFactura),
-                                excluidas(Previsiones(), "'su concepto no existe'", conConcepto)},
-                               " UNION ALL "));
+  std::vector<std::string> consultas;
+  for (const Tabla& tabla : Tablas()) {
+    if (tabla.Que == Tabla::Cosa::Apunte) continue;  // no commit deletes one
+    consultas.push_back(
+        Juntar({"SELECT ", sql::ComoFila(tabla, "t", PorQueNo(tabla)), " FROM foto.", tabla.Nombre,
+                " t WHERE NOT (", LoQueExige(tabla, *rango_), ")"}));
+  }
+  return sql::LeerFilas(*conexion_, sql::Separar(consultas, " UNION ALL "));
 }
 
 std::vector<Fila> Foto::Cambiadas() {

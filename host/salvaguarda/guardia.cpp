@@ -2,10 +2,10 @@
 
 #include <algorithm>
 #include <iterator>
+#include <string_view>
 #include <utility>
 
 #include "salvaguarda/omitidas.h"
-#include "salvaguarda/relato.h"
 #include "valores/error.h"
 
 namespace salvaguarda {

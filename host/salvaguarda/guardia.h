@@ -2,6 +2,7 @@
 
 #include <filesystem>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "salvaguarda/comienzo.h"
@@ -12,6 +13,7 @@
 #include "salvaguarda/noticia.h"
 #include "salvaguarda/recuperacion.h"
 #include "salvaguarda/registro.h"
+#include "salvaguarda/relato.h"
 #include "salvaguarda/reparos.h"
 #include "salvaguarda/rescate.h"
 #include "salvaguarda/trato.h"
@@ -19,14 +21,6 @@
 #include "sqlite/conexion_sqlite.h"
 
 namespace salvaguarda {
-
-/// What the user is to be told when an event is over.
-struct Relato {
-  /// Sentences, each a paragraph.
-  std::vector<std::string> Parrafos;
-  /// Whether a "Grabar" would now delete rows that the user hasn't seen.
-  bool BorrariaFilas = false;
-};
 
 /// Stands beside a component that works on a copy of the stored tables: it sees its loads and its
 /// commits begin, by the statements that they run, and hears of what they pass over. Before a

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <set>
+#include <string_view>
 
 #include "salvaguarda/sql.h"
 #include "salvaguarda/tablas.h"

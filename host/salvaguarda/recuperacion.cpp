@@ -2,6 +2,8 @@
 
 #include <algorithm>
 #include <iterator>
+#include <string>
+#include <string_view>
 
 #include "salvaguarda/adjunta.h"
 #include "salvaguarda/ambito.h"

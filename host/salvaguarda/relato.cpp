@@ -1,11 +1,27 @@
 #include "salvaguarda/relato.h"
 
+#include <algorithm>
+#include <iterator>
+
 namespace salvaguarda {
 namespace {
+
+constexpr const char* kYaNoEstan =
+    ". Estas filas ya no están entre lo grabado; lo que había antes está en Archivo, Recuperar una "
+    "copia";
 
 void Anadir(std::vector<Noticia>& noticias, const std::string& frase,
             const std::vector<Fila>& filas) {
   if (!filas.empty()) noticias.push_back({frase, filas});
+}
+
+/// With the rows of it that are gone.
+Noticia DeTablaSinGrabar(const Fila& tabla, const std::vector<Fila>& perdidas) {
+  Noticia noticia{"No se ha podido grabar nada de " + tabla.Tabla + ": " + tabla.Motivo};
+  std::ranges::copy_if(perdidas, std::back_inserter(noticia.Filas),
+                       [&](const Fila& fila) { return fila.Tabla == tabla.Tabla; });
+  if (!noticia.Filas.empty()) noticia.Frase += kYaNoEstan;
+  return noticia;
 }
 
 }  // namespace
@@ -13,12 +29,8 @@ void Anadir(std::vector<Noticia>& noticias, const std::string& frase,
 std::vector<Noticia> NoticiasDeGrabacion(const Omitidas& omitidas) {
   std::vector<Noticia> noticias;
   for (const Fila& tabla : omitidas.Tablas) {
-    noticias.push_back({"No se ha podido grabar nada de " + tabla.Tabla + ": " + tabla.Motivo});
+    noticias.push_back(DeTablaSinGrabar(tabla, omitidas.Perdidas));
   }
-  Anadir(noticias,
-         "Estas filas suyas ya no están entre lo grabado; lo que había antes está en Archivo, "
-         "Recuperar una copia",
-         omitidas.Perdidas);
   Anadir(noticias,
          "No se han podido grabar estas filas, y ya no están entre lo grabado; lo que había antes "
          "está en Archivo, Recuperar una copia",

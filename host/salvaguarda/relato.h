@@ -1,11 +1,20 @@
 #pragma once
 
+#include <string>
 #include <vector>
 
 #include "salvaguarda/noticia.h"
 #include "salvaguarda/omitidas.h"
 
 namespace salvaguarda {
+
+/// What the user is to be told when an event is over.
+struct Relato {
+  /// Sentences, each a paragraph.
+  std::vector<std::string> Parrafos;
+  /// Whether a "Grabar" would now delete rows that the user hasn't seen.
+  bool BorrariaFilas = false;
+};
 
 /// What is to be told of what a commit passed over.
 [[nodiscard]] std::vector<Noticia> NoticiasDeGrabacion(const Omitidas& omitidas);

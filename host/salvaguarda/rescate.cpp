@@ -1,6 +1,7 @@
 #include "salvaguarda/rescate.h"
 
 #include <algorithm>
+#include <string_view>
 
 #include "salvaguarda/adjunta.h"
 #include "salvaguarda/consultas.h"

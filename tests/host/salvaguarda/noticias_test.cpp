@@ -15,10 +15,12 @@ using salvaguarda::Noticia;
 using salvaguarda::Omitidas;
 using salvaguarda::ParaLeer;
 using salvaguarda::Reparos;
+using testing::AllOf;
 using testing::ElementsAre;
 using testing::Field;
 using testing::HasSubstr;
 using testing::IsEmpty;
+using testing::SizeIs;
 
 const Fila kFactura{"ProvFacturas", "400", "F-1", "2005", "", "no cabe"};
 const Fila kApunte{"CajaPagos", "400", "", "", "2005-03-02 09:30:00", "no cabe"};
@@ -48,12 +50,13 @@ TEST(RelatoDeLoOmitido, DeUnaGrabacion) {
   Omitidas omitidas;
   EXPECT_THAT(NoticiasDeGrabacion(omitidas), IsEmpty());
   omitidas.Tablas = {{"ProvBasesIva", "", "", "", "", "no se abre"}};
-  omitidas.Perdidas = {kFactura};
+  omitidas.Perdidas = {kApunte, {"ProvBasesIva", "400", "F-1", "2005", "2"}};
   omitidas.Filas = {kFactura};
   omitidas.Incompletas = {kFactura};
   EXPECT_THAT(NoticiasDeGrabacion(omitidas),
-              ElementsAre(Dice("No se ha podido grabar nada de ProvBasesIva: no se abre"),
-                          Dice("Estas filas suyas ya no están entre lo grabado"),
+              ElementsAre(AllOf(Dice("No se ha podido grabar nada de ProvBasesIva: no se abre. "
+                                     "Estas filas ya no están entre lo grabado"),
+                                Field(&Noticia::Filas, SizeIs(1))),
                           Dice("ya no están entre lo grabado"), Dice("sin alguno de sus valores")));
 }
 
@@ -142,7 +145,7 @@ TEST(LoOmitido, MuchasIncompletasSeClasificanEnseguida) {
   const Omitidas omitidas =
       salvaguarda::Clasificar(omisiones, services::Omision::Tarea::Carga, *base);
   EXPECT_LT(std::chrono::steady_clock::now() - desde, std::chrono::seconds(10));
-  EXPECT_THAT(omitidas.Incompletas, testing::SizeIs(kCuantas));
+  EXPECT_THAT(omitidas.Incompletas, SizeIs(kCuantas));
 }
 
 }  // namespace
