@@ -9,9 +9,10 @@
 
 #include "anfitrion/dialogo_copias.h"
 #include "anfitrion/fechas.h"
+#include "anfitrion/texto_de_rescate.h"
+#include "salvaguarda/aparte.h"
 #include "salvaguarda/conexion_guardada.h"
 #include "salvaguarda/noticia.h"
-#include "salvaguarda/relacion.h"
 #include "valores/error.h"
 
 namespace anfitrion {
@@ -24,7 +25,7 @@ enum { kAparte, kSinElla, kComoEstaba };
 
 QStringList RespuestasA(const salvaguarda::Rescate& rescate) {
   QStringList respuestas{"Guardarla aparte", "Seguir sin ella"};
-  if (rescate.Copia.Completa && !rescate.DeOtraEmpresa) respuestas << "Abrirla como estaba";
+  if (rescate.SePuedeAbrir()) respuestas << "Abrirla como estaba";
   return respuestas;
 }
 
@@ -96,36 +97,10 @@ void Custodia::CopiarElDia() {
   }
 }
 
-QString Custodia::TextoDe(const salvaguarda::Rescate& rescate) const {
-  const salvaguarda::CopiaAbierta& copia = rescate.Copia;
-  const QString queHacer =
-      copia.Completa ? "Puede guardarla aparte en un fichero, seguir sin ella, o abrirla como "
-                       "estaba y pulsar Grabar."
-                     : "No se llegó a cargar entera y no se puede abrir: puede guardarla aparte en "
-                       "un fichero, o seguir sin ella.";
-  const QString suya =
-      "Tesvara de Pagos terminó la última vez sin grabar ni cerrar. La copia de trabajo de " +
-      QString::fromStdString(copia.Usuario) + ", del " + FechaMostrada(copia.Rango.Desde) + " al " +
-      FechaMostrada(copia.Rango.Hasta);
-  if (rescate.DeOtraEmpresa) {
-    return suya + ", es de otras tablas, " + QString::fromStdString(copia.Almacenados) +
-           ", y no se puede abrir aquí: puede guardarla aparte en un fichero, o seguir sin ella.";
-  }
-  return suya + ", tiene filas que no están así en las tablas de la empresa (" +
-         QString::fromStdString(salvaguarda::Recuento(rescate.Filas)) + "):" +
-         QString::fromStdString(
-             salvaguarda::Relatar(rescate.Filas, guardia_->Conceptos(), salvaguarda::kALaVista)
-                 .Texto) +
-         "\n\nLos pagos que solo estaban escritos en la lista no están en ella.\n\n" + queHacer;
-}
-
 bool Custodia::OfrecerRescate() {
   porRetomar_.reset();
   try {
-    const auto rescate =
-        salvaguarda::BuscarRescate(*datos_.DeTrabajo, datos_.NombreAlmacenados,
-                                   salvaguarda::FicheroDeFoto(datos_.NombreDeTrabajo));
-    if (rescate) Ofrecer(*rescate);
+    if (const auto rescate = RescateEn(*datos_.DeTrabajo)) Ofrecer(*rescate);
     return true;
   } catch (const std::exception& fallo) {
     return ApartarSinMirar(QString::fromUtf8(fallo.what()));
@@ -135,15 +110,51 @@ bool Custodia::OfrecerRescate() {
 void Custodia::Ofrecer(const salvaguarda::Rescate& rescate) {
   guardia_->Anotar(
       ParaAnotar({"Quedó una copia de trabajo sin grabar", rescate.Filas}, guardia_->Conceptos()));
-  const int respuesta = Elegir({TextoDe(rescate), RespuestasA(rescate), 0, 0});
+  const int respuesta =
+      Elegir({TextoDeLaQueQuedo(rescate, guardia_->Conceptos()), RespuestasA(rescate), 0, 0});
   if (respuesta == kSinElla) return guardia_->Anotar("Se sigue sin la copia de trabajo que quedó");
   // Also when it is opened: what is closed without saving is then still there.
   const std::string aparte = Apartar();
   if (respuesta == kAparte) {
-    return Decir("La copia de trabajo queda guardada en " + QString::fromStdString(aparte));
+    return Decir("La copia de trabajo queda guardada en " + QString::fromStdString(aparte) +
+                 ". Puede abrirla con Archivo, Abrir una copia guardada aparte.");
   }
+  Retomar(rescate);
+}
+
+std::optional<salvaguarda::Rescate> Custodia::RescateEn(sqlite::Conexion& deTrabajo) const {
+  return salvaguarda::BuscarRescate(deTrabajo, datos_.NombreAlmacenados,
+                                    salvaguarda::FicheroDeFoto(datos_.NombreDeTrabajo));
+}
+
+void Custodia::Retomar(const salvaguarda::Rescate& rescate) {
   guardia_->AlRetomar(rescate);
   porRetomar_ = rescate.Copia.Rango;
+}
+
+void Custodia::AbrirAparte(const std::string& fichero, const std::function<bool()>& cerrar) {
+  porRetomar_.reset();
+  try {
+    if (!QuiereAbrir(*sqlite::AbrirConexion(fichero)) || !cerrar()) return;
+    salvaguarda::TraerCopia(*datos_.DeTrabajo, fichero);
+    // What was saved as the screen closed isn't missing any more.
+    if (const auto rescate = RescateEn(*datos_.DeTrabajo)) Retomar(*rescate);
+    guardia_->Anotar("Se abre la copia de trabajo guardada en " + fichero);
+  } catch (const std::exception& fallo) {
+    Decir("No se ha podido abrir la copia: " + QString::fromUtf8(fallo.what()));
+  }
+}
+
+bool Custodia::QuiereAbrir(sqlite::Conexion& aparte) {
+  const auto rescate = RescateEn(aparte);
+  if (!rescate) {
+    Decir("En esa copia no hay nada que no esté así en las tablas de la empresa.");
+    return false;
+  }
+  const QString texto = TextoDeLaDeAparte(*rescate, guardia_->Conceptos());
+  if (rescate->SePuedeAbrir()) return Elegir({texto, {"Sí", "No"}, 0, 1}) == 0;
+  Decir(texto);
+  return false;
 }
 
 std::string Custodia::Apartar() {

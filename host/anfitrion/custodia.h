@@ -31,6 +31,10 @@ class Custodia final : public QObject {
   /// Offers the working copy that was left behind, if there is one; what can't be looked at is kept
   /// aside. Whether the screen may be loaded, which empties it.
   [[nodiscard]] bool OfrecerRescate();
+  /// Brings the working copy of a file that was kept aside back, for the screen to go on with, if
+  /// the user wants that when told what is in it. `cerrar` closes the screen before; whether it
+  /// did.
+  void AbrirAparte(const std::string& fichero, const std::function<bool()>& cerrar);
   /// The range of the one that the user wants to go on with; none for a fresh load.
   [[nodiscard]] const std::optional<salvaguarda::Rango>& PorRetomar() const { return porRetomar_; }
   /// The screen has opened: there is nothing to go on with any more.
@@ -47,8 +51,10 @@ class Custodia final : public QObject {
   std::function<void()> CerrarSinGrabar = [] {};
 
  private:
-  [[nodiscard]] QString TextoDe(const salvaguarda::Rescate& rescate) const;
   void Ofrecer(const salvaguarda::Rescate& rescate);
+  [[nodiscard]] std::optional<salvaguarda::Rescate> RescateEn(sqlite::Conexion& deTrabajo) const;
+  [[nodiscard]] bool QuiereAbrir(sqlite::Conexion& aparte);
+  void Retomar(const salvaguarda::Rescate& rescate);
   std::string Apartar();
   [[nodiscard]] bool ApartarSinMirar(const QString& motivo);
   void Decir(const QString& texto);

@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QCloseEvent>
+#include <QFileDialog>
 #include <QFileInfo>
 #include <QGuiApplication>
 #include <QLabel>
@@ -95,6 +96,7 @@ VentanaPrincipal::VentanaPrincipal(const Opciones& opciones, const Datos& datos)
 void VentanaPrincipal::ComponerMenu() {
   QMenu* archivo = menuBar()->addMenu("&Archivo");
   archivo->addAction("&Recuperar una copia...", this, [this] { RecuperarUnaCopia(); });
+  archivo->addAction("&Abrir una copia guardada aparte...", this, [this] { AbrirUnaAparte(); });
   archivo->addSeparator();
   archivo->addAction("&Salir", QKeySequence(Qt::CTRL | Qt::Key_Q), this, &QWidget::close);
   QMenu* pagos = menuBar()->addMenu("&Pagos");
@@ -122,13 +124,20 @@ void VentanaPrincipal::ContarPagos(int cuantos) {
 }
 
 bool VentanaPrincipal::AbrirPagos() {
+  return HayComponente() && (HayPantalla() || custodia_.OfrecerRescate()) && CargarPagos();
+}
+
+bool VentanaPrincipal::HayComponente() {
   try {
     if (!pagos_) pagos_ = CrearPagos();
+    return true;
   } catch (const services::ErrorEjecucion& fallo) {
     Mostrar(QMessageBox::Critical, QString::fromStdString(fallo.Descripcion()));
     return false;
   }
-  if (!HayPantalla() && !custodia_.OfrecerRescate()) return false;
+}
+
+bool VentanaPrincipal::CargarPagos() {
   if (!Comprobar(pagos_->Cargar(contexto_))) return false;
   custodia_.Abierta();
   return true;
@@ -138,9 +147,22 @@ bool VentanaPrincipal::AbrirPagos() {
 void VentanaPrincipal::RecuperarUnaCopia() {
   const bool abierta = HayPantalla();
   bool cerrada = false;
-  custodia_.Recuperar(
-      [&] { return cerrada = PuedeCerrarse() && Hacer(&services::IClassTesvara::Cerrar); });
+  custodia_.Recuperar([&] { return cerrada = CerrarPantalla(); });
   if (abierta && cerrada) AbrirPagos();
+}
+
+void VentanaPrincipal::AbrirUnaAparte() {
+  const QString carpeta = QFileInfo(QString::fromStdString(datos_.NombreDeTrabajo)).path();
+  const QString fichero =
+      QFileDialog::getOpenFileName(this, "Abrir una copia guardada aparte", carpeta,
+                                   "Copias de trabajo (trabajo-*.sqlite);;Todos (*)");
+  if (!fichero.isEmpty()) AbrirAparte(fichero.toStdString());
+}
+
+void VentanaPrincipal::AbrirAparte(const std::string& fichero) {
+  bool cerrada = false;
+  custodia_.AbrirAparte(fichero, [&] { return cerrada = CerrarPantalla(); });
+  if (cerrada && HayComponente()) CargarPagos();
 }
 
 /// Asked to hide or close a screen that isn't there, the component would make one first.
@@ -206,8 +228,8 @@ bool VentanaPrincipal::PuedeCerrarse() {
   return motivo.isEmpty();
 }
 
-void VentanaPrincipal::CerrarPantalla() {
-  if (PuedeCerrarse()) Hacer(&services::IClassTesvara::Cerrar);
+bool VentanaPrincipal::CerrarPantalla() {
+  return PuedeCerrarse() && Hacer(&services::IClassTesvara::Cerrar);
 }
 
 /// The screen asks about unsaved changes as it goes.

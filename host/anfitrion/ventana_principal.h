@@ -20,6 +20,8 @@ class VentanaPrincipal final : public QMainWindow {
   /// Opens "Tesvara de Pagos". When it fails the user is told and the suite goes on; whether it
   /// opened.
   bool AbrirPagos();
+  /// Opens it with a working copy that was kept aside, if the user wants that.
+  void AbrirAparte(const std::string& fichero);
   [[nodiscard]] QWidget& Marco() { return *marco_; }
   [[nodiscard]] anfitrion::Custodia& Custodia() { return custodia_; }
 
@@ -41,7 +43,9 @@ class VentanaPrincipal final : public QMainWindow {
   void ComponerMenu();
   void ComponerEstado(const Opciones& opciones, const Datos& datos);
   void ContarPagos(int cuantos);
+  [[nodiscard]] bool HayComponente();
   [[nodiscard]] bool HayPantalla() const;
+  bool CargarPagos();
   bool Hacer(Operacion operacion);
   bool Comprobar(services::HRESULT resultado);
   [[nodiscard]] bool SeDejo();
@@ -50,11 +54,12 @@ class VentanaPrincipal final : public QMainWindow {
   [[nodiscard]] bool Preguntar(const QString& texto);
   /// Whether what is on the screen can be saved as it closes; otherwise the user is told.
   [[nodiscard]] bool PuedeCerrarse();
-  void CerrarPantalla();
+  bool CerrarPantalla();
   [[nodiscard]] bool CerrarPagos();
   [[nodiscard]] bool ApartarTrabajo();
 
   void RecuperarUnaCopia();
+  void AbrirUnaAparte();
 
   QWidget* marco_;
   Datos datos_;

@@ -58,7 +58,6 @@ std::string Borradas(const Rango& rango, bool conFoto) {
          Borradas(Previsiones(), previsiones, conFoto);
 }
 
-constexpr std::string_view kTabla = "SorvexCopia";
 constexpr std::string_view kColumnas =
     "Desde, Hasta, Usuario, Momento, Foto, Almacenados, Completa";
 
@@ -71,7 +70,8 @@ bool Vacias(sqlite::Conexion& deTrabajo) {
 }
 
 std::optional<CopiaAbierta> LeerCopia(sqlite::Conexion& deTrabajo) {
-  const auto anotada = deTrabajo.Consultar(Juntar({"SELECT ", kColumnas, " FROM ", kTabla})).Filas;
+  const auto anotada =
+      deTrabajo.Consultar(Juntar({"SELECT ", kColumnas, " FROM ", kCopiaAbierta})).Filas;
   if (anotada.Cuantas() == 0) return std::nullopt;
   const auto texto = [&](std::size_t columna) { return anotada.En(0, columna).Texto(); };
   return CopiaAbierta{{texto(0), texto(1)}, texto(2), texto(3), texto(4), texto(5),
@@ -93,20 +93,20 @@ void AnotarCopia(sqlite::Conexion& deTrabajo, const CopiaAbierta& copia) {
         copia.Almacenados, std::string(copia.Completa ? "1" : "0")}) {
     valores.push_back(Texto(valor));
   }
-  deTrabajo.Ejecutar(
-      Juntar({"DROP TABLE IF EXISTS ", kTabla, "; CREATE TABLE ", kTabla, " (", kColumnas,
-              "); INSERT INTO ", kTabla, " VALUES (", sql::Separar(valores, ", "), ")"}));
+  deTrabajo.Ejecutar(Juntar({"DROP TABLE IF EXISTS ", kCopiaAbierta, "; CREATE TABLE ",
+                             kCopiaAbierta, " (", kColumnas, "); INSERT INTO ", kCopiaAbierta,
+                             " VALUES (", sql::Separar(valores, ", "), ")"}));
 }
 
 void AnotarIncompleta(sqlite::Conexion& deTrabajo) {
-  if (deTrabajo.TieneTabla(kTabla)) {
-    deTrabajo.Ejecutar(Juntar({"UPDATE ", kTabla, " SET Completa = '0'"}));
+  if (deTrabajo.TieneTabla(kCopiaAbierta)) {
+    deTrabajo.Ejecutar(Juntar({"UPDATE ", kCopiaAbierta, " SET Completa = '0'"}));
   }
 }
 
 std::optional<Rescate> BuscarRescate(sqlite::Conexion& deTrabajo, const std::string& almacenados,
                                      const std::string& foto) {
-  if (!deTrabajo.TieneTabla(kTabla) || Vacias(deTrabajo)) return std::nullopt;
+  if (!deTrabajo.TieneTabla(kCopiaAbierta) || Vacias(deTrabajo)) return std::nullopt;
   const auto copia = LeerCopia(deTrabajo);
   if (!copia) return std::nullopt;
   Rescate rescate{*copia, {}, false, copia->Almacenados != almacenados};

@@ -2,6 +2,7 @@
 
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "salvaguarda/comienzo.h"
@@ -9,6 +10,9 @@
 #include "sqlite/conexion_sqlite.h"
 
 namespace salvaguarda {
+
+/// The table of a working file that says what working copy is in it.
+inline constexpr std::string_view kCopiaAbierta = "SorvexCopia";
 
 /// What a working file says of the working copy in it.
 struct CopiaAbierta {
@@ -35,6 +39,8 @@ struct Rescate {
   bool ConFoto = false;
   /// Whether it belongs to another stored file: nothing of it can be held against this one.
   bool DeOtraEmpresa = false;
+
+  [[nodiscard]] bool SePuedeAbrir() const { return Copia.Completa && !DeOtraEmpresa; }
 };
 
 /// The one in a working file that is open; none when the working tables are empty, or hold nothing

@@ -1,0 +1,162 @@
+#include <fstream>
+
+#include "host/anfitrion/custodia_de_prueba.h"
+
+// What becomes of a working copy that a program left behind, and of one that was kept aside.
+
+namespace {
+
+namespace fs = std::filesystem;
+using testing::AllOf;
+using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::IsEmpty;
+using testing::SizeIs;
+
+using RescateEnVentana = pruebas::CustodiaTest;
+
+TEST_F(RescateEnVentana, SinCopiaQueRescatarNoSeOfreceNada) {
+  EXPECT_TRUE(custodia.OfrecerRescate());
+  EXPECT_THAT(dicho, IsEmpty());
+  EXPECT_FALSE(custodia.PorRetomar());
+}
+
+TEST_F(RescateEnVentana, LaCopiaQueQuedoSeAbreComoEstaba) {
+  DejarUnaCopia();
+  respuesta = 2;
+  EXPECT_TRUE(custodia.OfrecerRescate());
+  ASSERT_THAT(dicho, SizeIs(1));
+  EXPECT_THAT(dicho[0],
+              AllOf(HasSubstr("La copia de trabajo de ANA"), HasSubstr("SIN-GRABAR"),
+                    HasSubstr("Los pagos que solo estaban escritos en la lista no están")));
+  EXPECT_EQ(ofrecido, QStringList({"Guardarla aparte", "Seguir sin ella", "Abrirla como estaba"}));
+  ASSERT_TRUE(custodia.PorRetomar());
+  EXPECT_EQ(custodia.PorRetomar()->Desde, todo.Desde);
+  EXPECT_EQ(EnTrabajo(), 1);
+  EXPECT_EQ(Apartados(), 1) << "por si se cierra sin grabar";
+  custodia.Abierta();
+  EXPECT_FALSE(custodia.PorRetomar());
+}
+
+/// A list without rows would empty the month at the next "Grabar".
+TEST_F(RescateEnVentana, LaQueYaSeVacioNoSeRetoma) {
+  DejarUnaCopia();
+  respuesta = 2;
+  EXPECT_TRUE(custodia.OfrecerRescate());
+  datos.DeTrabajo->Ejecutar("DELETE FROM TempProvFacturas");
+  EXPECT_TRUE(custodia.OfrecerRescate());
+  EXPECT_FALSE(custodia.PorRetomar());
+}
+
+TEST_F(RescateEnVentana, LaCopiaQueQuedoSeGuardaAparte) {
+  DejarUnaCopia();
+  EXPECT_TRUE(custodia.OfrecerRescate());
+  ASSERT_THAT(dicho, SizeIs(2));
+  EXPECT_THAT(dicho[1], HasSubstr("queda guardada en"));
+  EXPECT_FALSE(custodia.PorRetomar());
+  EXPECT_EQ(Apartados(), 1);
+}
+
+TEST_F(RescateEnVentana, SeSigueSinLaCopiaQueQuedo) {
+  DejarUnaCopia();
+  respuesta = 1;
+  EXPECT_TRUE(custodia.OfrecerRescate());
+  EXPECT_FALSE(custodia.PorRetomar());
+  EXPECT_EQ(Apartados(), 0);
+}
+
+TEST_F(RescateEnVentana, LaCopiaDeOtraEmpresaSoloSePuedeApartar) {
+  DejarUnaCopia();
+  datos.DeTrabajo->Ejecutar("UPDATE SorvexCopia SET Almacenados = 'otra.sqlite'");
+  EXPECT_TRUE(custodia.OfrecerRescate());
+  EXPECT_THAT(dicho[0], HasSubstr("es de otras tablas, otra.sqlite"));
+  EXPECT_EQ(ofrecido, QStringList({"Aceptar"})) << "tras guardarla";
+  EXPECT_EQ(Apartados(), 1);
+}
+
+TEST_F(RescateEnVentana, LoQueNoSePuedeMirarSeApartaAntesDeCargar) {
+  DejarUnaCopia();
+  datos.Almacenados->Ejecutar("ALTER TABLE ProvVencimientos RENAME COLUMN Pagado TO Abonado");
+  EXPECT_TRUE(custodia.OfrecerRescate());
+  EXPECT_THAT(dicho, ElementsAre(AllOf(HasSubstr("No se ha podido mirar"),
+                                       HasSubstr("queda guardada en"))));
+  EXPECT_EQ(Apartados(), 1);
+}
+
+TEST_F(RescateEnVentana, LoQueNoSePuedeMirarNiApartarNoSeCarga) {
+  DejarUnaCopia();
+  datos.Almacenados->Ejecutar("ALTER TABLE ProvVencimientos RENAME COLUMN Pagado TO Abonado");
+  fs::remove_all(carpeta.Camino());
+  EXPECT_FALSE(custodia.OfrecerRescate());
+  EXPECT_THAT(dicho, ElementsAre(HasSubstr("no se abre para no perderlo")));
+}
+
+class CopiaAparte : public pruebas::CustodiaTest {
+ protected:
+  CopiaAparte() {
+    DejarUnaCopia();
+    EXPECT_TRUE(custodia.OfrecerRescate());
+    for (const auto& entrada : fs::directory_iterator(carpeta.Camino())) {
+      const std::string nombre = entrada.path().filename();
+      if (nombre.starts_with("trabajo-")) aparte = entrada.path();
+    }
+    datos.DeTrabajo->Ejecutar("DELETE FROM TempProvFacturas");
+    dicho.clear();
+  }
+  void AbrirAparte() {
+    custodia.AbrirAparte(aparte, [this] { return cierra; });
+  }
+
+  std::string aparte;
+  bool cierra = true;
+};
+
+TEST_F(CopiaAparte, SeAbreComoEstaba) {
+  AbrirAparte();
+  EXPECT_THAT(dicho,
+              ElementsAre(AllOf(HasSubstr("La copia de trabajo de ANA"), HasSubstr("SIN-GRABAR"),
+                                HasSubstr("¿Abrirla como estaba?"))));
+  EXPECT_EQ(EnTrabajo(), 1);
+  ASSERT_TRUE(custodia.PorRetomar());
+  EXPECT_EQ(custodia.PorRetomar()->Desde, todo.Desde);
+}
+
+TEST_F(CopiaAparte, SiNoSeQuiereOLaPantallaNoSeCierraTodoQuedaComoEstaba) {
+  respuesta = 1;
+  AbrirAparte();
+  respuesta = 0;
+  cierra = false;
+  AbrirAparte();
+  EXPECT_EQ(EnTrabajo(), 0);
+  EXPECT_FALSE(custodia.PorRetomar());
+}
+
+TEST_F(CopiaAparte, LoQueYaEstaGrabadoNoSeAbre) {
+  sqlite::AbrirConexion(aparte)->Ejecutar("DELETE FROM TempProvFacturas");
+  AbrirAparte();
+  EXPECT_THAT(dicho, ElementsAre(HasSubstr("no hay nada que no esté así")));
+  EXPECT_FALSE(custodia.PorRetomar());
+}
+
+TEST_F(CopiaAparte, LaDeOtrasTablasYLaQueNoEsUnaCopiaSeDicen) {
+  sqlite::AbrirConexion(aparte)->Ejecutar("UPDATE SorvexCopia SET Almacenados = 'otra.sqlite'");
+  AbrirAparte();
+  EXPECT_THAT(dicho, ElementsAre(HasSubstr("es de otras tablas, otra.sqlite")));
+  std::ofstream(aparte) << "una carta";
+  AbrirAparte();
+  EXPECT_THAT(dicho.back(), HasSubstr("No se ha podido abrir la copia"));
+  EXPECT_FALSE(custodia.PorRetomar());
+}
+
+/// Half a copy would be saved as a whole one.
+TEST_F(CopiaAparte, LaQueNoSePuedeTraerEnteraDejaLoQueHabia) {
+  datos.DeTrabajo->Ejecutar(
+      "INSERT INTO TempProvFacturas (NConcepto, Factura, Año) VALUES ('2', 'OTRA', '2005')");
+  sqlite::AbrirConexion(aparte)->Ejecutar("ALTER TABLE TempCajaPagos ADD COLUMN Nueva TEXT");
+  AbrirAparte();
+  EXPECT_THAT(dicho.back(), HasSubstr("No se ha podido abrir la copia"));
+  EXPECT_EQ(EnTrabajo(), 1);
+  EXPECT_FALSE(custodia.PorRetomar());
+}
+
+}  // namespace
