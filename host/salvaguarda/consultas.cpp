@@ -7,7 +7,7 @@ namespace {
 
 /// A column of a row as any load and commit leave it.
 std::string ComoQueda(const Tabla& tabla, std::string_view columna, std::string_view alias) {
-  const std::string valor = Columna(alias, columna);
+  std::string valor = Columna(alias, columna);
   if (columna == "BIRPF" || columna == "TipoIRPF" || columna == "IRPF") {
     return "CASE WHEN ifnull(" + valor + ", 1) = 1 THEN 0 ELSE " + valor + " END";
   }
@@ -79,6 +79,7 @@ std::string MismaFila(const Tabla& tabla, std::string_view a, std::string_view b
 std::string Valores(const Tabla& tabla, const std::vector<std::string>& columnas,
                     std::string_view alias) {
   std::vector<std::string> valores;
+  valores.reserve(columnas.size());
   for (const std::string& columna : columnas) valores.push_back(ComoQueda(tabla, columna, alias));
   return Separar(valores, ", ");
 }
@@ -86,6 +87,7 @@ std::string Valores(const Tabla& tabla, const std::vector<std::string>& columnas
 std::string ValoresConNombre(const Tabla& tabla, const std::vector<std::string>& columnas,
                              std::string_view alias) {
   std::vector<std::string> valores;
+  valores.reserve(columnas.size());
   for (const std::string& columna : columnas) {
     valores.push_back(ComoQueda(tabla, columna, alias) + " AS " + Columna("", columna));
   }

@@ -132,7 +132,7 @@ std::string ConFactura(const Rango& rango) {
 }
 
 std::string LoQueExige(const Tabla& tabla, const Rango& rango) {
-  const std::string conConcepto = kConConcepto;
+  std::string conConcepto = kConConcepto;
   switch (tabla.Que) {
     case Tabla::Cosa::Factura:
       return conConcepto + " AND " + ConVencimiento(rango, "t", tabla.Numero);
@@ -150,7 +150,7 @@ std::string LoQueExige(const Tabla& tabla, const Rango& rango) {
 
 /// Why a row doesn't meet it.
 std::string PorQueNo(const Tabla& tabla) {
-  const std::string blancos = "'sus blancos no son los de su factura'";
+  std::string blancos = "'sus blancos no son los de su factura'";
   if (tabla.Que == Tabla::Cosa::Base) return blancos;
   return Juntar(
       {"CASE WHEN ", kConConcepto, " THEN ", blancos, " ELSE 'su concepto no existe' END"});

@@ -8,7 +8,7 @@ namespace {
 
 /// What it is, without its table's word and its concept.
 std::string Cual(const Tabla& tabla, const Fila& fila) {
-  const std::string factura = fila.Factura + " de " + fila.Anio + " ";
+  std::string factura = fila.Factura + " de " + fila.Anio + " ";
   switch (tabla.Que) {
     case Tabla::Cosa::Factura:
       return factura;
