@@ -113,8 +113,9 @@ ClavesDeTrabajo ClavesDeTrabajo::Nuevas(sqlite::Conexion& deTrabajo, const std::
 
 std::string CopiaDeGrabacion(const Rango& rango, const ClavesDeTrabajo& claves) {
   return Vacio() + "INSERT OR IGNORE INTO temp.DelRango " + sql::ClavesDelRango(rango) +
-         ";INSERT OR IGNORE INTO temp.DelRango SELECT * FROM foto.Claves;"
-         "INSERT INTO temp.Ambito SELECT * FROM temp.DelRango" +
+         ";INSERT OR IGNORE INTO temp.DelRango SELECT * FROM foto.DelRango;"
+         "INSERT INTO temp.Ambito SELECT * FROM temp.DelRango;"
+         "INSERT OR IGNORE INTO temp.Ambito SELECT * FROM foto.Claves" +
          Insertar("temp.DeTrabajo", Valores(claves.Facturas)) +
          Insertar("temp.PrevisionDeTrabajo", Valores(claves.Previsiones)) +
          "INSERT OR IGNORE INTO temp.Ambito SELECT * FROM temp.DeTrabajo;"

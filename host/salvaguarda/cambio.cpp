@@ -38,11 +38,11 @@ std::string Motivo(const Cambio& cambio) {
   const bool apunte = cambio.Fila.Tabla == Apuntes().Nombre;
   const std::string lo = apunte ? "lo" : "la";
   const std::string quien = cambio.Quien.empty() ? "otro usuario" : cambio.Quien;
+  if (!cambio.Esta) return "otro usuario la ha borrado, y se volvería a grabar";
   if (!cambio.DelRango) {
     return "ya está grabada con vencimientos de otras fechas, y lo entrado con su número se le "
            "añadiría";
   }
-  if (!cambio.Esta) return "otro usuario la ha borrado, y se volvería a grabar";
   if (!cambio.Estaba) {
     return "la ha añadido " + quien +
            (cambio.EnLaLista ? ", y la de la lista ocuparía su lugar" : ", y se borraría");

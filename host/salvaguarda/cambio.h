@@ -26,6 +26,7 @@ struct CambioDeVencimiento {
 /// An invoice, a forecast or a cash entry that others have changed since the load.
 struct Cambio {
   salvaguarda::Fila Fila;
+  /// Whether it was there, and whether it is now; of rows without an invoice, whether any was.
   bool Estaba = false;
   bool Esta = false;
   AntesYAhora Importe;

@@ -110,8 +110,11 @@ std::string Recortadas(std::string_view de, const Tabla& tabla, std::string_view
 std::string Delante() {
   const auto tablas = TablasDeFactura();
   constexpr std::string_view kDatos = ", Total, ModificadoPor";
-  std::vector<std::string> quedan;
-  for (const Tabla& tabla : tablas) quedan.push_back(Recortadas("copia", tabla, ""));
+  const auto algo = [&](std::string_view de) {
+    std::vector<std::string> suyas;
+    for (const Tabla& tabla : tablas) suyas.push_back(Recortadas(de, tabla, ""));
+    return sql::Separar(suyas, " UNION ");
+  };
   return Juntar(
       {"WITH d AS MATERIALIZED (SELECT NConcepto, Factura, Año FROM temp.Distintas WHERE "
        "Tabla IN ",
@@ -119,8 +122,14 @@ std::string Delante() {
        " GROUP BY NConcepto, Factura, Año), "
        "antes AS MATERIALIZED (",
        Recortadas("foto", tablas[0], kDatos), "), ahora AS MATERIALIZED (",
-       Recortadas("copia", tablas[0], kDatos), "), queda AS MATERIALIZED (",
-       sql::Separar(quedan, " UNION "), ") "});
+       Recortadas("copia", tablas[0], kDatos), "), estaba AS MATERIALIZED (", algo("foto"),
+       "), queda AS MATERIALIZED (", algo("copia"), ") "});
+}
+
+/// That the invoice is on a side; of one that is on neither, that it has other rows there.
+std::string Hay(std::string_view suya, std::string_view otra, std::string_view algo) {
+  return Juntar(
+      {"(", suya, ".NConcepto IS NOT NULL OR (", otra, ".NConcepto IS NULL AND ", algo, "))"});
 }
 
 /// The changed invoices, one for all of their tables, of which this commit has something or
@@ -128,13 +137,14 @@ std::string Delante() {
 std::string Facturas() {
   const std::string enLaLista = EstaEn("temp.DeTrabajo");
   const std::string quien = Juntar({"ifnull(", Quien(), ", ahora.ModificadoPor)"});
-  const std::string estaba = "antes.NConcepto IS NOT NULL, ahora.NConcepto IS NOT NULL";
+  const std::string queda = EstaEn("queda");
   return Delante() +
-         Juntar({"SELECT 'ProvFacturas', d.NConcepto, d.Factura, d.Año, '', ", estaba,
+         Juntar({"SELECT 'ProvFacturas', d.NConcepto, d.Factura, d.Año, '', ",
+                 Hay("antes", "ahora", EstaEn("estaba")), ", ", Hay("ahora", "antes", queda),
                  ", antes.Total, ahora.Total, ", quien, ", ", enLaLista, ", ",
                  EstaEn("temp.DelRango"), " FROM d LEFT JOIN antes ON ", MismaFactura("antes", "d"),
                  " LEFT JOIN ahora ON ", MismaFactura("ahora", "d"), " WHERE ", enLaLista, " OR ",
-                 EstaEn("queda"), " GROUP BY d.NConcepto, d.Factura, d.Año"});
+                 queda, " GROUP BY d.NConcepto, d.Factura, d.Año"});
 }
 
 /// The changed due dates, one for each key, in the order in which they are due.

@@ -17,6 +17,15 @@ std::string ComoQueda(const Tabla& tabla, std::string_view columna, std::string_
   return enlace ? "ifnull(" + valor + ", '')" : valor;
 }
 
+constexpr std::string_view kConVencimiento = " FROM main.ProvVencimientos v CROSS JOIN ";
+constexpr std::string_view kDeSuFactura =
+    " ON f.NConcepto = v.NConcepto AND f.Factura = v.NFactura";
+
+std::string EnRango(const Rango& rango) {
+  return Juntar(
+      {" WHERE v.FechaVto >= ", Texto(rango.Desde), " AND v.FechaVto <= ", Texto(rango.Hasta)});
+}
+
 }  // namespace
 
 // Without types: the indexes by the trimmed number have none, and serve no text column.
@@ -27,11 +36,27 @@ std::string CrearClaves(std::string_view esquema, std::string_view tabla) {
 }
 
 std::string ClavesDelRango(const Rango& rango) {
+  return Juntar({"SELECT f.NConcepto, trim(f.Factura), f.Año", kConVencimiento,
+                 "main.ProvFacturas f", kDeSuFactura, EnRango(rango)});
+}
+
+std::string ClavesQueVienen(const Rango& rango) {
+  constexpr std::string_view kClave = "SELECT t.NConcepto, trim(t.NFactura), t.Año";
   return Juntar(
-      {"SELECT f.NConcepto, trim(f.Factura), f.Año FROM main.ProvVencimientos v CROSS JOIN "
-       "main.ProvFacturas f ON f.NConcepto = v.NConcepto AND f.Factura = v.NFactura WHERE "
-       "v.FechaVto >= ",
-       Texto(rango.Desde), " AND v.FechaVto <= ", Texto(rango.Hasta)});
+      {kClave, kConVencimiento,
+       "main.ProvBasesIva t ON t.NConcepto = v.NConcepto AND t.NFactura = v.NFactura",
+       EnRango(rango), " UNION ALL ", kClave, kConVencimiento, "main.ProvFacturas f", kDeSuFactura,
+       " CROSS JOIN main.ProvVencimientos t ON t.NConcepto = f.NConcepto AND t.NFactura = "
+       "f.Factura",
+       EnRango(rango)});
+}
+
+std::string EstaEn(std::string_view claves, const Tabla& tabla, std::string_view alias) {
+  const auto columna = [&](std::string_view nombre) { return Juntar({alias, ".", nombre}); };
+  return Juntar({"EXISTS (SELECT 1 FROM ", claves, " k WHERE ",
+                 Igual("k.NConcepto", columna("NConcepto")), " AND ",
+                 Igual("k.Factura", Numero(tabla, alias)), " AND ", Igual("k.Año", columna("Año")),
+                 ")"});
 }
 
 std::string FilasDe(const Tabla& tabla, std::string_view claves, std::string_view columnas) {

@@ -17,6 +17,12 @@ namespace salvaguarda::sql {
 [[nodiscard]] std::string CrearClaves(std::string_view esquema, std::string_view tabla);
 /// The keys of the invoices that a commit of the range deletes.
 [[nodiscard]] std::string ClavesDelRango(const Rango& rango);
+/// The keys of the bases and due dates that a load of the range brings. It looks neither at their
+/// year nor for the invoice of a base.
+[[nodiscard]] std::string ClavesQueVienen(const Rango& rango);
+/// That the key of a row stands in a table of them.
+[[nodiscard]] std::string EstaEn(std::string_view claves, const Tabla& tabla,
+                                 std::string_view alias);
 /// The stored rows of the invoices whose keys stand in a table; `columnas` of each, as `t`.
 [[nodiscard]] std::string FilasDe(const Tabla& tabla, std::string_view claves,
                                   std::string_view columnas = "t.*");

@@ -38,6 +38,8 @@ class Cotejo {
 
   /// The rows of the range that the load left out, and that a commit would delete.
   [[nodiscard]] const std::vector<Fila>& NoCargadas() const { return reparos_.NoCargadas; }
+  /// The numbers of more than one invoice that the load brought.
+  [[nodiscard]] std::vector<Fila> Gemelas() { return foto_.Gemelas(); }
   void AnadirNoCargadas(const std::vector<Fila>& filas);
   /// What those of some tables of the last copy are that the store lacks now.
   [[nodiscard]] std::vector<Fila> Perdidas(const std::vector<Fila>& tablas);

@@ -65,9 +65,12 @@ Foto::Foto(const std::string& almacenados, const std::string& fichero)
 void Foto::Tomar(const Rango& rango) {
   Olvidar();
   sql::Transaccion lectura(*conexion_);
-  std::string todo =
-      Juntar({"DROP TABLE IF EXISTS foto.Claves;", sql::CrearClaves("foto", "Claves"),
-              "INSERT OR IGNORE INTO foto.Claves ", sql::ClavesDelRango(rango), ";"});
+  std::string todo = "DROP TABLE IF EXISTS foto.DelRango; DROP TABLE IF EXISTS foto.Claves;" +
+                     sql::CrearClaves("foto", "DelRango") + sql::CrearClaves("foto", "Claves") +
+                     Juntar({"INSERT OR IGNORE INTO foto.DelRango ", sql::ClavesDelRango(rango),
+                             ";INSERT INTO foto.Claves SELECT * FROM foto.DelRango;"
+                             "INSERT OR IGNORE INTO foto.Claves ",
+                             sql::ClavesQueVienen(rango), ";"});
   for (const Tabla& tabla : TablasDeFactura()) {
     todo += Retratar(tabla.Nombre, sql::FilasDe(tabla, "foto.Claves"));
   }
@@ -104,7 +107,8 @@ bool Foto::Recuperar(const Rango& rango, const std::string& sena) {
 void Foto::TomarDeCopia() {
   std::string todo =
       "DROP TABLE IF EXISTS foto.Foto; DELETE FROM foto.Claves; INSERT INTO foto.Claves SELECT * "
-      "FROM copia.Claves;";
+      "FROM copia.Claves; DELETE FROM foto.DelRango; INSERT INTO foto.DelRango SELECT * FROM "
+      "temp.DelRango;";
   for (const Tabla& tabla : Tablas()) {
     todo += Retratar(tabla.Nombre, Juntar({"SELECT * FROM copia.", tabla.Nombre}));
   }
@@ -163,11 +167,29 @@ std::vector<Fila> Foto::Excluidas() {
   std::vector<std::string> consultas;
   for (const Tabla& tabla : Tablas()) {
     if (tabla.Que == Tabla::Cosa::Apunte) continue;  // no commit deletes one
+    const bool prevision = tabla.Que == Tabla::Cosa::Prevision;
     consultas.push_back(
         Juntar({"SELECT ", sql::ComoFila(tabla, "t", PorQueNo(tabla)), " FROM foto.", tabla.Nombre,
-                " t WHERE NOT (", LoQueExige(tabla, *rango_), ")"}));
+                " t WHERE NOT (", LoQueExige(tabla, *rango_), ")",
+                prevision ? "" : " AND " + sql::EstaEn("foto.DelRango", tabla, "t")}));
   }
   return sql::LeerFilas(*conexion_, sql::Separar(consultas, " UNION ALL "));
+}
+
+// Where no number has two invoices there is nothing to look through.
+std::vector<Fila> Foto::Gemelas() {
+  if (!rango_) return {};
+  const Tabla& facturas = TablasDeFactura()[0];
+  const std::string igual =
+      Juntar({sql::Igual("g.NConcepto", "t.NConcepto"), " AND ", sql::Igual("g.Año", "t.Año"),
+              " AND ", sql::Igual(sql::Numero(facturas, "g"), sql::Numero(facturas, "t"))});
+  return sql::LeerFilas(
+      *conexion_, Juntar({"SELECT ", sql::ComoFila(facturas, "t", "''"),
+                          " FROM foto.ProvFacturas t JOIN (SELECT * FROM foto.ProvFacturas g WHERE "
+                          "(SELECT count(*) FROM foto.ProvFacturas) > (SELECT count(*) FROM "
+                          "foto.DelRango) GROUP BY NConcepto COLLATE ES, ",
+                          sql::Numero(facturas, "g"),
+                          " COLLATE ES, Año COLLATE ES HAVING count(*) > 1) g ON ", igual}));
 }
 
 std::vector<Fila> Foto::Cambiadas() {

@@ -45,6 +45,9 @@ class Foto {
   /// The rows in it that a load leaves out, and that a commit of the range would therefore delete:
   /// of a concept that isn't there, or written with blanks that the rest of the invoice hasn't.
   [[nodiscard]] std::vector<Fila> Excluidas();
+  /// The numbers in it that more than one invoice has, but for blanks around it and its case: the
+  /// due dates of those can't be told apart when one is paid.
+  [[nodiscard]] std::vector<Fila> Gemelas();
 
   /// What the attached file `copia`, made for a commit, says otherwise than it.
   [[nodiscard]] std::vector<Fila> Cambiadas();

@@ -47,12 +47,22 @@ void Guardia::AlCargar(const Rango& rango) {
       Decir({std::string("No se ha podido comprobar lo que se ha cargado: ") + fallo.what()}, {});
     }
   };
-  intentar([&] { cotejo_.Cargar(rango); });
+  intentar([&] {
+    cotejo_.Cargar(rango);
+    DecirGemelas();
+  });
   intentar([&] {
     AnotarCopia(*bases_.DeTrabajo, {rango, usuario_, services::TextoIso(trato_.Ahora()),
                                     cotejo_.Sena(), bases_.FicheroAlmacenados, true});
   });
   if (!cotejo_.NoCargadas().empty()) trato_.AlHaberQueContar();
+}
+
+// Once, and not at each load of them.
+void Guardia::DecirGemelas() {
+  const std::vector<Fila> gemelas = cotejo_.Gemelas();
+  if (gemelas.empty() || std::exchange(gemelasDichas_, gemelas) == gemelas) return;
+  Decir(NoticiaDeGemelas(gemelas), Conceptos());
 }
 
 void Guardia::AlRetomar(const Rescate& rescate) {

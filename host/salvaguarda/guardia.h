@@ -77,6 +77,7 @@ class Guardia {
   void AlGrabar(const Rango& rango);
   /// Whether the user wants to go on in spite of that.
   [[nodiscard]] bool Confirmar(const Reparos& reparos);
+  void DecirGemelas();
   /// Notes that the working copy misses a table.
   void DarPorIncompleta();
   void Decir(const Noticia& noticia, const salvaguarda::Conceptos& conceptos);
@@ -89,6 +90,7 @@ class Guardia {
   Trato trato_;
   std::vector<services::Omision> omisiones_;
   std::vector<Fila> yaDichas_;
+  std::vector<Fila> gemelasDichas_;
   Relato relato_;
 };
 

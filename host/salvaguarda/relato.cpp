@@ -2,6 +2,9 @@
 
 #include <algorithm>
 #include <iterator>
+#include <string>
+
+#include "salvaguarda/tablas.h"
 
 namespace salvaguarda {
 namespace {
@@ -15,9 +18,15 @@ void Anadir(std::vector<Noticia>& noticias, const std::string& frase,
   if (!filas.empty()) noticias.push_back({frase, filas});
 }
 
+/// A table in the user's words: "vencimientos (ProvVencimientos)"
+std::string LoSuyo(const Fila& fila) {
+  const Tabla* tabla = BuscarTabla(fila.Tabla);
+  return tabla ? std::string(tabla->Varias) + " (" + fila.Tabla + ")" : fila.Tabla;
+}
+
 /// With the rows of it that are gone.
 Noticia DeTablaSinGrabar(const Fila& tabla, const std::vector<Fila>& perdidas) {
-  Noticia noticia{"No se ha podido grabar nada de " + tabla.Tabla + ": " + tabla.Motivo};
+  Noticia noticia{"No se ha podido grabar nada de " + LoSuyo(tabla) + ": " + tabla.Motivo};
   std::ranges::copy_if(perdidas, std::back_inserter(noticia.Filas),
                        [&](const Fila& fila) { return fila.Tabla == tabla.Tabla; });
   if (!noticia.Filas.empty()) noticia.Frase += kYaNoEstan;
@@ -42,7 +51,7 @@ std::vector<Noticia> NoticiasDeGrabacion(const Omitidas& omitidas) {
 std::vector<Noticia> NoticiasDeCarga(const Omitidas& omitidas) {
   std::vector<Noticia> noticias;
   for (const Fila& tabla : omitidas.Tablas) {
-    noticias.push_back({"No se ha podido cargar " + tabla.Tabla + ": " + tabla.Motivo +
+    noticias.push_back({"No se ha podido cargar nada de " + LoSuyo(tabla) + ": " + tabla.Motivo +
                         ". La lista no está completa y no se podrá grabar: pulse Cancelar para "
                         "volver a cargarla"});
   }
@@ -57,6 +66,13 @@ std::vector<Noticia> NoticiasDeCarga(const Omitidas& omitidas) {
 
 Noticia NoticiaDeNoCargadas(const std::vector<Fila>& filas) {
   return {"No se han cargado estas filas, que no se ven en la lista y que Grabar borraría", filas};
+}
+
+Noticia NoticiaDeGemelas(const std::vector<Fila>& filas) {
+  return {
+      "Hay facturas con un mismo número, salvo blancos o mayúsculas: un pago escrito en una puede "
+      "quedar grabado en la otra",
+      filas};
 }
 
 }  // namespace salvaguarda

@@ -22,5 +22,7 @@ struct Relato {
 [[nodiscard]] std::vector<Noticia> NoticiasDeCarga(const Omitidas& omitidas);
 /// What is to be told of those.
 [[nodiscard]] Noticia NoticiaDeNoCargadas(const std::vector<Fila>& filas);
+/// What is to be told of numbers that more than one invoice has.
+[[nodiscard]] Noticia NoticiaDeGemelas(const std::vector<Fila>& filas);
 
 }  // namespace salvaguarda

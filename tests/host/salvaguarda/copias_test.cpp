@@ -204,7 +204,8 @@ TEST_F(Copias, QuedanLasUltimasYLaPrimeraDeCadaDia) {
   const auto lectura = sqlite::AbrirConexion(Negocio().FicheroDatos(), {.UnidadDeTrabajo = false});
   const salvaguarda::sql::Adjunta sinFoto(*lectura, ":memory:", "foto");
   lectura->Ejecutar(
-      "CREATE TABLE foto.Claves (NConcepto, Factura, Año); CREATE TABLE foto.ProvPrevisionPagos "
+      "CREATE TABLE foto.Claves (NConcepto, Factura, Año); CREATE TABLE foto.DelRango (NConcepto, "
+      "Factura, Año); CREATE TABLE foto.ProvPrevisionPagos "
       "(NConcepto); CREATE TABLE foto.CajaPagos (idSucursal, FechaHora, Tipo)");
   const auto guardar = [&](int dia, int cuantas) {
     for (int i = 0; i < cuantas; ++i) {

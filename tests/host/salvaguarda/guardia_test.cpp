@@ -289,7 +289,7 @@ TEST_F(Guardia, UnaFilaQueLaCopiaNoAdmiteSePreguntaTambien) {
 TEST_F(Guardia, UnaTablaSinCargarSeDiceEnseguida) {
   Otro("ALTER TABLE ProvBasesIva RENAME TO Quitada");
   Cargar();
-  EXPECT_THAT(Contado(), HasSubstr("No se ha podido cargar ProvBasesIva"));
+  EXPECT_THAT(Contado(), HasSubstr("No se ha podido cargar nada de bases de IVA (ProvBasesIva)"));
 }
 
 TEST_F(Guardia, UnaTablaSinCargarSeDiceAunqueNoSePuedaAnotar) {
@@ -301,7 +301,8 @@ TEST_F(Guardia, UnaTablaSinCargarSeDiceAunqueNoSePuedaAnotar) {
                           "TempProvBasesIva",
                           {},
                           {1, "no se abre"}});
-  EXPECT_THAT(Contado(), HasSubstr("No se ha podido cargar ProvBasesIva: no se abre"));
+  EXPECT_THAT(Contado(),
+              HasSubstr("No se ha podido cargar nada de bases de IVA (ProvBasesIva): no se abre"));
 }
 
 TEST_F(Guardia, UnaTablaSinGrabarSeDiceConLasFilasQueSeVanConElla) {
@@ -315,7 +316,7 @@ TEST_F(Guardia, UnaTablaSinGrabarSeDiceConLasFilasQueSeVanConElla) {
                           {1, "no se abre"}});
   EXPECT_THAT(
       Contado(),
-      AllOf(HasSubstr("No se ha podido grabar nada de ProvBasesIva: no se abre"),
+      AllOf(HasSubstr("No se ha podido grabar nada de bases de IVA (ProvBasesIva): no se abre"),
             HasSubstr("ya no están entre lo grabado; lo que había antes está en Archivo, "
                       "Recuperar una copia (2 bases de IVA):\n· base de IVA 1 de la factura "
                       "F000001 de 2005")));

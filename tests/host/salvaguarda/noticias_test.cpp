@@ -53,11 +53,13 @@ TEST(RelatoDeLoOmitido, DeUnaGrabacion) {
   omitidas.Perdidas = {kApunte, {"ProvBasesIva", "400", "F-1", "2005", "2"}};
   omitidas.Filas = {kFactura};
   omitidas.Incompletas = {kFactura};
-  EXPECT_THAT(NoticiasDeGrabacion(omitidas),
-              ElementsAre(AllOf(Dice("No se ha podido grabar nada de ProvBasesIva: no se abre. "
-                                     "Estas filas ya no están entre lo grabado"),
-                                Field(&Noticia::Filas, SizeIs(1))),
-                          Dice("ya no están entre lo grabado"), Dice("sin alguno de sus valores")));
+  EXPECT_THAT(
+      NoticiasDeGrabacion(omitidas),
+      ElementsAre(
+          AllOf(Dice("No se ha podido grabar nada de bases de IVA (ProvBasesIva): no se abre. "
+                     "Estas filas ya no están entre lo grabado"),
+                Field(&Noticia::Filas, SizeIs(1))),
+          Dice("ya no están entre lo grabado"), Dice("sin alguno de sus valores")));
 }
 
 TEST(RelatoDeLoOmitido, DeUnaCarga) {
