@@ -139,13 +139,15 @@ std::string ComoFila(const Tabla& tabla, std::string_view alias, std::string_vie
   return Juntar({ComoFila(tabla, alias), ", ", motivo});
 }
 
+Fila LeerFila(const services::Filas& leidas, std::size_t fila) {
+  const auto texto = [&](std::size_t columna) { return leidas.En(fila, columna).Texto(); };
+  return {texto(0), texto(1), texto(2), texto(3), texto(4), texto(5)};
+}
+
 std::vector<Fila> LeerFilas(sqlite::Conexion& base, std::string_view consulta) {
   const services::Filas leidas = base.Consultar(consulta).Filas;
   std::vector<Fila> filas;
-  for (std::size_t f = 0; f < leidas.Cuantas(); ++f) {
-    const auto texto = [&](std::size_t columna) { return leidas.En(f, columna).Texto(); };
-    filas.push_back({texto(0), texto(1), texto(2), texto(3), texto(4), texto(5)});
-  }
+  for (std::size_t f = 0; f < leidas.Cuantas(); ++f) filas.push_back(LeerFila(leidas, f));
   return filas;
 }
 

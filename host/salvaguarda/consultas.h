@@ -55,7 +55,9 @@ namespace salvaguarda::sql {
 /// The same with what is the matter with it, an expression.
 [[nodiscard]] std::string ComoFila(const Tabla& tabla, std::string_view alias,
                                    std::string_view motivo);
-/// The rows of a query of the latter.
+/// A row of what a query of the latter finds.
+[[nodiscard]] Fila LeerFila(const services::Filas& leidas, std::size_t fila);
+/// All of them.
 [[nodiscard]] std::vector<Fila> LeerFilas(sqlite::Conexion& base, std::string_view consulta);
 
 }  // namespace salvaguarda::sql

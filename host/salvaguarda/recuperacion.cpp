@@ -4,11 +4,13 @@
 #include <iterator>
 #include <string>
 #include <string_view>
+#include <utility>
 
 #include "salvaguarda/adjunta.h"
 #include "salvaguarda/ambito.h"
 #include "salvaguarda/consultas.h"
 #include "salvaguarda/copia_en_curso.h"
+#include "salvaguarda/dicho.h"
 #include "salvaguarda/sql.h"
 
 namespace salvaguarda {
@@ -57,17 +59,44 @@ std::string Ahora(const Tabla& tabla) {
                  ") e WHERE ", kDeLaCopia});
 }
 
-void Anadir(std::vector<Fila>& a, std::vector<Fila> otras) {
-  a.insert(a.end(), std::make_move_iterator(otras.begin()), std::make_move_iterator(otras.end()));
+/// What is in the copy, and what is stored: "121,00, ahora 100,00"; one of them where that is all.
+std::string EnLosDos(const std::string& enLaCopia, const std::string& ahora) {
+  if (enLaCopia.empty() || enLaCopia == ahora) return ahora;
+  return ahora.empty() ? enLaCopia : enLaCopia + ", ahora " + ahora;
+}
+
+/// The rows of a query of four amounts after those of a `Fila`: its own one in the copy and in the
+/// store, and what was paid.
+void Anadir(std::vector<Fila>& filas, const services::Filas& leidas) {
+  const auto importe = [](const services::Valor& valor) {
+    return valor.EsNulo() ? "" : ImporteDicho(valor);
+  };
+  for (std::size_t i = 0; i < leidas.Cuantas(); ++i) {
+    Fila fila = sql::LeerFila(leidas, i);
+    fila.Importe = EnLosDos(importe(leidas.En(i, 6)), importe(leidas.En(i, 7)));
+    const std::string pagado = PagadoDicho(leidas.En(i, 8));
+    const std::string pagadoAhora = PagadoDicho(leidas.En(i, 9));
+    if (pagado != pagadoAhora) fila.Motivo = "pagado " + EnLosDos(pagado, pagadoAhora);
+    filas.push_back(std::move(fila));
+  }
+}
+
+/// The amounts of the rows of the copy and of the store; what was paid where both are there.
+std::string Importes(const Tabla& tabla, bool cambian) {
+  const bool pagado = cambian && tabla.Que == Tabla::Cosa::Vencimiento;
+  return Juntar({"a.", tabla.Importe, ", b.", tabla.Importe,
+                 pagado ? ", a.Pagado, b.Pagado" : ", NULL, NULL"});
 }
 
 /// The rows `a` of the copy beside the stored ones, `b`.
 void Comparar(sqlite::Conexion& base, const Tabla& tabla, Reposicion& reposicion) {
-  const auto filas = [&](std::string_view alias, const std::string& desde) {
-    return sql::LeerFilas(base,
-                          Juntar({"WITH a AS MATERIALIZED (SELECT * FROM copia.", tabla.Nombre,
-                                  "), b AS MATERIALIZED (", Ahora(tabla), ") SELECT ",
-                                  sql::ComoFila(tabla, alias, "''"), " FROM ", desde}));
+  const auto filas = [&](std::string_view alias, const std::string& desde, bool cambian = false) {
+    return base
+        .Consultar(Juntar({"WITH a AS MATERIALIZED (SELECT * FROM copia.", tabla.Nombre,
+                           "), b AS MATERIALIZED (", Ahora(tabla), ") SELECT ",
+                           sql::ComoFila(tabla, alias, "''"), ", ", Importes(tabla, cambian),
+                           " FROM ", desde}))
+        .Filas;
   };
   const std::string con = " ON " + sql::MismaFila(tabla, "a", "b");
   if (tabla.Que != Tabla::Cosa::Apunte) {
@@ -76,8 +105,10 @@ void Comparar(sqlite::Conexion& base, const Tabla& tabla, Reposicion& reposicion
     Anadir(reposicion.SeVan, filas("b", "b LEFT JOIN a" + con + " WHERE a" + falta));
   }
   const std::vector<std::string> comunes = Comunes(base, tabla.Nombre);
-  Anadir(reposicion.Cambian, filas("a", "a JOIN b" + con + " WHERE (" + Dice(tabla, comunes, "a") +
-                                            ") IS NOT (" + Dice(tabla, comunes, "b") + ")"));
+  Anadir(reposicion.Cambian, filas("a",
+                                   "a JOIN b" + con + " WHERE (" + Dice(tabla, comunes, "a") +
+                                       ") IS NOT (" + Dice(tabla, comunes, "b") + ")",
+                                   true));
 }
 
 /// The rows of a table under the copy's keys make way for the copy's.
