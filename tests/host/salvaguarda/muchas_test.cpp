@@ -1,0 +1,74 @@
+#include <gmock/gmock.h>
+
+#include <chrono>
+
+#include "host/salvaguarda/oficina.h"
+#include "salvaguarda/recuperacion.h"
+
+// What the guard does with the invoices of a supplier who has thousands of them in a year: these
+// differ in their number alone. Looking through all of them for each takes minutes.
+
+namespace {
+
+using testing::AllOf;
+using testing::Each;
+using testing::Field;
+using testing::IsEmpty;
+using testing::SizeIs;
+
+constexpr int kCuantas = 10'000;
+constexpr std::chrono::seconds kEnseguida(5);
+
+class MuchasDeUnProveedor : public testing::Test, protected pruebas::Oficina {
+ protected:
+  MuchasDeUnProveedor() : Oficina({0, 0}) {
+    const std::string filas =
+        "WITH RECURSIVE s(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM s WHERE i < " +
+        std::to_string(kCuantas) + ") INSERT INTO ";
+    Otro("BEGIN;" + filas +
+         "ProvFacturas (NConcepto, Factura, Año, Fecha, Total) SELECT '1', 'F' || i, '2005', "
+         "'20050301', 100 FROM s;" +
+         filas +
+         "ProvVencimientos (NConcepto, NFactura, Año, FechaVto, Importe, Fechapago) SELECT '1', "
+         "'F' || i, '2005', '20050315', 100, '' FROM s; COMMIT");
+    Cargar();
+  }
+  /// What that gives; it must not take long.
+  template <class Accion>
+  static auto Enseguida(Accion&& accion) {
+    const auto desde = std::chrono::steady_clock::now();
+    auto resultado = accion();
+    EXPECT_LT(std::chrono::steady_clock::now() - desde, kEnseguida);
+    return resultado;
+  }
+  salvaguarda::Reposicion ComoSeria() {
+    const auto copia = Guardadas().at(0);
+    return Enseguida([&] { return guardia->Comparar(copia); });
+  }
+};
+
+TEST_F(MuchasDeUnProveedor, UnaCopiaSeComparaEnseguida) {
+  Grabar();
+  EXPECT_EQ(ComoSeria().Cuantas(), 0U);
+  Otro("UPDATE ProvVencimientos SET Importe = 90, Pagado = 5");
+  const salvaguarda::Reposicion cambiados = ComoSeria();
+  EXPECT_THAT(cambiados.Vuelven, IsEmpty());
+  EXPECT_THAT(cambiados.SeVan, IsEmpty());
+  EXPECT_THAT(cambiados.Cambian, SizeIs(kCuantas));
+  EXPECT_THAT(cambiados.Cambian,
+              Each(AllOf(Field(&salvaguarda::Fila::Importe, "100,00, ahora 90,00"),
+                         Field(&salvaguarda::Fila::Motivo, "pagado nada, ahora 5,00"))));
+}
+
+TEST_F(MuchasDeUnProveedor, UnaCopiaConOtrasFechasSeComparaEnseguida) {
+  Grabar();
+  Otro("UPDATE ProvVencimientos SET FechaVto = '20050316', Pagado = 5");
+  const salvaguarda::Reposicion movidos = ComoSeria();
+  EXPECT_THAT(movidos.Cambian, IsEmpty());
+  EXPECT_THAT(movidos.Vuelven, SizeIs(kCuantas));
+  EXPECT_THAT(movidos.SeVan, SizeIs(kCuantas));
+  EXPECT_THAT(movidos.SeVan, Each(AllOf(Field(&salvaguarda::Fila::Importe, "100,00"),
+                                        Field(&salvaguarda::Fila::Motivo, ""))));
+}
+
+}  // namespace
