@@ -4,6 +4,7 @@
 
 #include "host/salvaguarda/oficina.h"
 #include "salvaguarda/recuperacion.h"
+#include "salvaguarda/rescate.h"
 
 // What the guard does with the invoices of a supplier who has thousands of them in a year: these
 // differ in their number alone. Looking through all of them for each takes minutes.
@@ -69,6 +70,18 @@ TEST_F(MuchasDeUnProveedor, UnaCopiaConOtrasFechasSeComparaEnseguida) {
   EXPECT_THAT(movidos.SeVan, SizeIs(kCuantas));
   EXPECT_THAT(movidos.SeVan, Each(AllOf(Field(&salvaguarda::Fila::Importe, "100,00"),
                                         Field(&salvaguarda::Fila::Motivo, ""))));
+}
+
+TEST_F(MuchasDeUnProveedor, LosVencimientosBorradosDeUnaCopiaAbandonadaSeHallanEnseguida) {
+  Trabajar("DELETE FROM TempProvVencimientos");
+  Otro(
+      "INSERT INTO ProvVencimientos (NConcepto, NFactura, Año, FechaVto, Importe) VALUES ('1', "
+      "'F1', '2005', '20050317', 3)");
+  temp->TerminarUnidad();
+  const auto rescate = Enseguida(
+      [&] { return salvaguarda::BuscarRescate(*temp, Negocio().FicheroDatos(), Foto()); });
+  ASSERT_TRUE(rescate);
+  EXPECT_THAT(rescate->Filas, SizeIs(kCuantas)) << "el que otro ha añadido no lo borró nadie";
 }
 
 }  // namespace
