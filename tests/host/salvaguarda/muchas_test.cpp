@@ -13,12 +13,20 @@ namespace {
 
 using testing::AllOf;
 using testing::Each;
+using testing::ElementsAre;
 using testing::Field;
+using testing::HasSubstr;
 using testing::IsEmpty;
 using testing::SizeIs;
 
 constexpr int kCuantas = 10'000;
 constexpr std::chrono::seconds kEnseguida(5);
+
+/// Tells of all of them, of the first one that.
+auto DiceDeTodas(const std::string& motivo) {
+  return AllOf(HasSubstr("(" + std::to_string(kCuantas) + " facturas):"),
+               HasSubstr("factura F1 de 2005 de Proveedor número 0 (1), " + motivo));
+}
 
 class MuchasDeUnProveedor : public testing::Test, protected pruebas::Oficina {
  protected:
@@ -41,6 +49,16 @@ class MuchasDeUnProveedor : public testing::Test, protected pruebas::Oficina {
     auto resultado = accion();
     EXPECT_LT(std::chrono::steady_clock::now() - desde, kEnseguida);
     return resultado;
+  }
+  /// What the guard asks before a "Grabar".
+  std::vector<std::string> Preguntado() {
+    datos->TerminarUnidad();
+    temp->TerminarUnidad();
+    return Enseguida([&] {
+      guardia->AlComenzar({salvaguarda::Comienzo::Tarea::Grabacion, {"20050301", "20050331"}});
+      datos->AbandonarUnidad();
+      return Preguntas;
+    });
   }
   salvaguarda::Reposicion ComoSeria() {
     const auto copia = Guardadas().at(0);
@@ -70,6 +88,29 @@ TEST_F(MuchasDeUnProveedor, UnaCopiaConOtrasFechasSeComparaEnseguida) {
   EXPECT_THAT(movidos.SeVan, SizeIs(kCuantas));
   EXPECT_THAT(movidos.SeVan, Each(AllOf(Field(&salvaguarda::Fila::Importe, "100,00"),
                                         Field(&salvaguarda::Fila::Motivo, ""))));
+}
+
+TEST_F(MuchasDeUnProveedor, SiOtroLasCambiaTodasSePreguntaEnseguida) {
+  Otro("UPDATE ProvFacturas SET Total = 99; UPDATE ProvVencimientos SET Importe = 99");
+  EXPECT_THAT(
+      Preguntado(),
+      ElementsAre(DiceDeTodas(
+          "por 99,00, antes 100,00: la ha cambiado otro usuario, y volvería a ser como era\n")));
+}
+
+TEST_F(MuchasDeUnProveedor, SiOtroLasDejaSinSuFacturaSePreguntaEnseguida) {
+  Otro("DELETE FROM ProvFacturas");
+  EXPECT_THAT(
+      Preguntado(),
+      ElementsAre(DiceDeTodas("por 100,00: otro usuario la ha borrado, y se volvería a grabar\n")));
+}
+
+TEST_F(MuchasDeUnProveedor, SiNoEstanEnLaListaSePreguntaEnseguida) {
+  Trabajar("DELETE FROM TempProvFacturas; DELETE FROM TempProvVencimientos");
+  Otro("UPDATE ProvFacturas SET Total = 99");
+  EXPECT_THAT(Preguntado(),
+              ElementsAre(DiceDeTodas(
+                  "por 99,00, antes 100,00: la ha cambiado otro usuario, y se borraría\n")));
 }
 
 TEST_F(MuchasDeUnProveedor, LosVencimientosBorradosDeUnaCopiaAbandonadaSeHallanEnseguida) {
