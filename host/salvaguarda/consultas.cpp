@@ -85,19 +85,24 @@ std::string Numero(const Tabla& tabla, std::string_view alias) {
   return Juntar({"trim(", alias, ".", tabla.Numero, ")"});
 }
 
-// The engine finds a stored row by these through its indexes.
-std::string MismaFila(const Tabla& tabla, std::string_view a, std::string_view b) {
-  std::vector<std::string> condiciones;
+std::vector<std::string> Clave(const Tabla& tabla, std::string_view alias) {
+  std::vector<std::string> valores;
   for (const std::string_view columna : tabla.Clave()) {
-    const auto valor = [&](std::string_view alias) {
-      std::string suyo = Juntar({alias, ".", columna});
-      if (columna == tabla.Numero) suyo = "trim(" + suyo + ")";
-      if (columna == "FechaHora") suyo = "MOMENTO(" + suyo + ")";
-      return suyo;
-    };
-    condiciones.push_back(tabla.EsDeTexto(columna) ? Igual(valor(a), valor(b))
-                                                   : valor(a) + " = " + valor(b));
+    std::string valor = Juntar({alias, ".", columna});
+    if (columna == tabla.Numero) valor = Numero(tabla, alias);
+    if (columna == "FechaHora") valor = "MOMENTO(" + valor + ")";
+    valores.push_back(tabla.EsDeTexto(columna) ? valor + " COLLATE ES" : valor);
   }
+  return valores;
+}
+
+// The stored tables and the working ones have an index by these; any other has to be looked through
+// for each row.
+std::string MismaFila(const Tabla& tabla, std::string_view a, std::string_view b) {
+  const std::vector<std::string> suya = Clave(tabla, a);
+  const std::vector<std::string> laOtra = Clave(tabla, b);
+  std::vector<std::string> condiciones;
+  for (std::size_t i = 0; i < suya.size(); ++i) condiciones.push_back(suya[i] + " = " + laOtra[i]);
   return Separar(condiciones, " AND ");
 }
 

@@ -35,7 +35,10 @@ namespace salvaguarda::sql {
 
 /// A number of an invoice without the blanks around it.
 [[nodiscard]] std::string Numero(const Tabla& tabla, std::string_view alias);
-/// That two rows of a table have the same key.
+/// What tells a row of a table from the others, in the order of its key: whatever the case, and the
+/// blanks around a number.
+[[nodiscard]] std::vector<std::string> Clave(const Tabla& tabla, std::string_view alias);
+/// That two rows of a table are the same in all of that.
 [[nodiscard]] std::string MismaFila(const Tabla& tabla, std::string_view a, std::string_view b);
 
 /// What the columns of a row say, as any load and commit leave them, split by commas: a withholding

@@ -65,50 +65,71 @@ std::string EnLosDos(const std::string& enLaCopia, const std::string& ahora) {
   return ahora.empty() ? enLaCopia : enLaCopia + ", ahora " + ahora;
 }
 
-/// The rows of a query of four amounts after those of a `Fila`: its own one in the copy and in the
-/// store, and what was paid.
-void Anadir(std::vector<Fila>& filas, const services::Filas& leidas) {
-  const auto importe = [](const services::Valor& valor) {
+/// A row of what is read of a table, into the list of what becomes of it.
+void Anadir(Reposicion& reposicion, const Tabla& tabla, const services::Filas& leidas,
+            std::size_t i) {
+  const auto importe = [&](std::size_t columna) {
+    const services::Valor& valor = leidas.En(i, columna);
     return valor.EsNulo() ? "" : ImporteDicho(valor);
   };
-  for (std::size_t i = 0; i < leidas.Cuantas(); ++i) {
-    Fila fila = sql::LeerFila(leidas, i);
-    fila.Importe = EnLosDos(importe(leidas.En(i, 6)), importe(leidas.En(i, 7)));
-    const std::string pagado = PagadoDicho(leidas.En(i, 8));
-    const std::string pagadoAhora = PagadoDicho(leidas.En(i, 9));
+  Fila fila = sql::LeerFila(leidas, i);
+  fila.Importe = EnLosDos(importe(6), importe(7));
+  if (leidas.En(i, 8).Texto() != "1") return reposicion.SeVan.push_back(std::move(fila));
+  if (leidas.En(i, 9).Texto() != "1") return reposicion.Vuelven.push_back(std::move(fila));
+  if (tabla.Que == Tabla::Cosa::Vencimiento) {
+    const std::string pagado = PagadoDicho(leidas.En(i, 10));
+    const std::string pagadoAhora = PagadoDicho(leidas.En(i, 11));
     if (pagado != pagadoAhora) fila.Motivo = "pagado " + EnLosDos(pagado, pagadoAhora);
-    filas.push_back(std::move(fila));
   }
+  reposicion.Cambian.push_back(std::move(fila));
 }
 
-/// The amounts of the rows of the copy and of the store; what was paid where both are there.
-std::string Importes(const Tabla& tabla, bool cambian) {
-  const bool pagado = cambian && tabla.Que == Tabla::Cosa::Vencimiento;
-  return Juntar({"a.", tabla.Importe, ", b.", tabla.Importe,
-                 pagado ? ", a.Pagado, b.Pagado" : ", NULL, NULL"});
+std::string NombreDeClave(std::size_t i) {
+  return "Clave" + std::to_string(i);
 }
 
-/// The rows `a` of the copy beside the stored ones, `b`.
-void Comparar(sqlite::Conexion& base, const Tabla& tabla, Reposicion& reposicion) {
-  const auto filas = [&](std::string_view alias, const std::string& desde, bool cambian = false) {
-    return base
-        .Consultar(Juntar({"WITH a AS MATERIALIZED (SELECT * FROM copia.", tabla.Nombre,
-                           "), b AS MATERIALIZED (", Ahora(tabla), ") SELECT ",
-                           sql::ComoFila(tabla, alias, "''"), ", ", Importes(tabla, cambian),
-                           " FROM ", desde}))
-        .Filas;
-  };
-  const std::string con = " ON " + sql::MismaFila(tabla, "a", "b");
-  if (tabla.Que != Tabla::Cosa::Apunte) {
-    const std::string falta = Juntar({".", tabla.Concepto, " IS NULL"});
-    Anadir(reposicion.Vuelven, filas("a", "a LEFT JOIN b" + con + " WHERE b" + falta));
-    Anadir(reposicion.SeVan, filas("b", "b LEFT JOIN a" + con + " WHERE a" + falta));
-  }
+/// The rows of a query, and beside each what tells it from the others, in columns of their own: the
+/// engine makes an index of those.
+std::string ConClave(const Tabla& tabla, const std::string& filas) {
+  std::vector<std::string> clave = sql::Clave(tabla, "f");
+  for (std::size_t i = 0; i < clave.size(); ++i) clave[i] += " AS " + NombreDeClave(i);
+  return Juntar({"SELECT f.*, ", sql::Separar(clave, ", "), " FROM (", filas, ") f"});
+}
+
+std::string PorClave(const Tabla& tabla) {
+  std::vector<std::string> nombres;
+  for (std::size_t i = 0; i < tabla.Clave().size(); ++i) nombres.push_back(NombreDeClave(i));
+  return Juntar({" USING (", sql::Separar(nombres, ", "), ")"});
+}
+
+/// What is read of a row of the copy, `a`, and the stored one, `b`: the `Fila` of one of them, what
+/// both amount to, whether they are there, and what was paid of them.
+std::string Leer(const Tabla& tabla, std::string_view alias) {
+  const bool pagado = tabla.Que == Tabla::Cosa::Vencimiento;
+  return Juntar({"SELECT ", sql::ComoFila(tabla, alias, "''"), ", a.", tabla.Importe, ", b.",
+                 tabla.Importe, ", a.Clave0 IS NOT NULL, b.Clave0 IS NOT NULL",
+                 pagado ? ", a.Pagado, b.Pagado" : ""});
+}
+
+/// The rows of the copy that aren't stored, or say something else there; then the stored ones that
+/// it hasn't. Of the cash entries those alone that both have.
+std::string Distintas(sqlite::Conexion& base, const Tabla& tabla) {
   const std::vector<std::string> comunes = Comunes(base, tabla.Nombre);
-  Anadir(reposicion.Cambian, filas("a",
-                                   "a JOIN b" + con + " WHERE (" + Dice(tabla, comunes, "a") +
-                                       ") IS NOT (" + Dice(tabla, comunes, "b") + ")",
-                                   true));
+  const std::string por = PorClave(tabla);
+  const bool apuntes = tabla.Que == Tabla::Cosa::Apunte;
+  std::string consulta = Juntar(
+      {"WITH a AS MATERIALIZED (", ConClave(tabla, Juntar({"SELECT * FROM copia.", tabla.Nombre})),
+       "), b AS MATERIALIZED (", ConClave(tabla, Ahora(tabla)), ") ", Leer(tabla, "a"), " FROM a ",
+       apuntes ? "JOIN b" : "LEFT JOIN b", por, " WHERE b.Clave0 IS NULL OR (",
+       Dice(tabla, comunes, "a"), ") IS NOT (", Dice(tabla, comunes, "b"), ")"});
+  if (apuntes) return consulta;
+  return Juntar({consulta, " UNION ALL ", Leer(tabla, "b"), " FROM b LEFT JOIN a", por,
+                 " WHERE a.Clave0 IS NULL"});
+}
+
+void Comparar(sqlite::Conexion& base, const Tabla& tabla, Reposicion& reposicion) {
+  const services::Filas leidas = base.Consultar(Distintas(base, tabla)).Filas;
+  for (std::size_t i = 0; i < leidas.Cuantas(); ++i) Anadir(reposicion, tabla, leidas, i);
 }
 
 /// The rows of a table under the copy's keys make way for the copy's.
@@ -128,7 +149,7 @@ std::string EnlazarApuntes() {
        "e.Fila, e.Factura, e.Año, e.Actualizado, e.ModificadoPor FROM (",
        sql::ApuntesCon("copia.CajaPagos",
                        "t.rowid AS Fila, k.Factura, k.Año, k.Actualizado, k.ModificadoPor, "
-                       "t.Importe, t.Factura AS Suya, t.Tipo, t.Año AS SuAnio"),
+                       "t.Factura AS Suya, t.Tipo, t.Año AS SuAnio"),
        ") e WHERE ", kDeLaCopia,
        "; UPDATE main.CajaPagos SET (Factura, Año, Actualizado, ModificadoPor) = (SELECT "
        "e.Factura, e.Año, e.Actualizado, e.ModificadoPor FROM temp.Enlaces e WHERE e.Fila = "

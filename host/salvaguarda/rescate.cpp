@@ -32,17 +32,20 @@ std::string Distintas(const Tabla& tabla, bool conFoto) {
                  " EXCEPT ", filas("almacen."), conFoto ? " EXCEPT " + filas("foto.") : "", ") d"});
 }
 
+std::string Clave(const Tabla& tabla, std::string_view alias) {
+  return sql::Separar(sql::Clave(tabla, alias), ", ");
+}
+
 /// The stored rows `t` of a query that the working copy hasn't any more, though it could have
-/// loaded them and they were there then.
+/// loaded them and they were there then. The picture has no index: its keys are gathered once.
 std::string Borradas(const Tabla& tabla, const std::string& desde, bool conFoto) {
-  const auto esta = [&](std::string_view en) {
-    return Juntar({"EXISTS (SELECT 1 FROM ", en, tabla.Nombre, " w WHERE ",
-                   sql::MismaFila(tabla, "w", "t"), ")"});
-  };
+  const std::string enLaFoto = Juntar({" AND (", Clave(tabla, "t"), ") IN (SELECT ",
+                                       Clave(tabla, "w"), " FROM foto.", tabla.Nombre, " w)"});
   return Juntar({"SELECT DISTINCT ", sql::ComoFila(tabla, "t", "'se borró'"), desde,
                  " AND EXISTS (SELECT 1 FROM almacen.ProvConceptos c WHERE c.NConcepto = "
-                 "t.NConcepto) AND NOT ",
-                 esta("main.Temp"), conFoto ? " AND " + esta("foto.") : ""});
+                 "t.NConcepto) AND NOT EXISTS (SELECT 1 FROM main.Temp",
+                 tabla.Nombre, " w WHERE ", sql::MismaFila(tabla, "w", "t"), ")",
+                 conFoto ? enLaFoto : ""});
 }
 
 /// Of the due dates of the range, with those of the same invoices, and of the forecasts.

@@ -142,6 +142,18 @@ TEST_F(Copias, LoQueNoEsDeLaCopiaNoSeToca) {
   EXPECT_EQ(Todo(), antes);
 }
 
+TEST_F(Copias, UnNumeroConOtrosBlancosYEnMinusculasEsElMismo) {
+  Cargar();
+  Grabar();
+  Otro(
+      "UPDATE ProvFacturas SET Factura = ' ' || lower(Factura) WHERE Factura = 'F000001';"
+      "UPDATE ProvVencimientos SET NFactura = ' ' || lower(NFactura) WHERE NFactura = 'F000001'");
+  const salvaguarda::Reposicion seria = ComoSeria(Guardadas().at(0));
+  EXPECT_THAT(seria.Vuelven, IsEmpty());
+  EXPECT_THAT(seria.SeVan, IsEmpty());
+  EXPECT_THAT(seria.Cambian, SizeIs(4)) << "la factura y sus tres vencimientos";
+}
+
 TEST_F(Copias, UnApunteQueOtroHaEnlazadoDespuesSeQuedaConEl) {
   Cargar();
   Grabar();
