@@ -51,7 +51,7 @@ std::string Motivo(const Cambio& cambio) {
            (cambio.EnLaLista ? ", y la de la lista ocuparía su lugar" : ", y se borraría");
   }
   return lo + " ha cambiado " + quien + Explicacion(cambio) +
-         (cambio.EnLaLista || apunte ? ", y volvería a ser como era" : ", y se borraría");
+         (cambio.EnLaLista || apunte ? ", y quedaría como está en la lista" : ", y se borraría");
 }
 
 }  // namespace

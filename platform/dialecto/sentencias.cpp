@@ -46,6 +46,7 @@ constexpr auto kSentencias = std::to_array<Escrita>({
      "SELECT ProvConceptos.* From ProvConceptos WHERE trim(ProvConceptos.NConcepto) like ''"},
     {Lectura,
      "SELECT ProvConceptos.* From ProvConceptos WHERE trim(ProvConceptos.Descripcion) like ''"},
+    {Lectura, "SELECT ProvConceptos.NConcepto, ProvConceptos.Descripcion FROM ProvConceptos"},
     {Optimista, "SELECT ProvFacturas.* FROM ProvFacturas"},
     {Pesimista,
      "SELECT ProvFacturas.* FROM ProvFacturas WHERE RTRIM(LTRIM(ProvFacturas.Factura)) like '' And "

@@ -178,11 +178,11 @@ Recibo RejillaPagos::ReciboDe(int fila) const {
   return {MSFPagos.TextMatrix(fila, columna::Importe), MSFPagos.TextMatrix(fila, columna::Pagado)};
 }
 
-bool RejillaPagos::HayPagoExcesivo() const {
-  const std::vector<int> filas = sinGrabar_.Filas();
-  return std::any_of(filas.begin(), filas.end(), [this](int fila) {
-    return ImporteDe(fila, columna::Pagado) > ImporteDe(fila, columna::Importe);
-  });
+int RejillaPagos::PagoExcesivo() const {
+  for (const int fila : sinGrabar_.Filas()) {
+    if (ImporteDe(fila, columna::Pagado) > ImporteDe(fila, columna::Importe)) return fila;
+  }
+  return 0;
 }
 
 double RejillaPagos::ImporteDe(int fila, int columna) const {

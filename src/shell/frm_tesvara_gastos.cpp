@@ -143,9 +143,17 @@ std::string FrmTesvaraGastos::MotivoParaNoCerrar() const {
   if (Campos.PicNuevo.Visible) {
     return "Hay una entrada a medio hacer. Acéptela o cancélela antes de cerrar.";
   }
-  if (Rejilla.HayPagoExcesivo()) {
-    return "Hay un importe pagado mayor que su recibo, con el que no se puede grabar nada. "
-           "Corríjalo antes de cerrar.";
+  if (Rejilla.HayLineasNuevas()) {
+    return "Hay entradas aceptadas sin grabar. Pulse Grabar, o Cancelar para dejarlas, antes de "
+           "cerrar.";
+  }
+  if (const int fila = Rejilla.PagoExcesivo()) {
+    const auto celda = [&](int columna) {
+      return " " + Rejilla.MSFPagos.TextMatrix(fila, columna);
+    };
+    return "El recibo" + celda(0) + celda(1) + celda(list::columna::NFactura) +
+           " tiene pagado más que su importe, y así no se puede grabar nada. Corríjalo, o pulse "
+           "Cancelar para dejarlo todo como estaba, antes de cerrar.";
   }
   return "";
 }

@@ -44,8 +44,7 @@ TEST_F(Guardia, PreguntaAntesDeDeshacerLoDeOtro) {
   EXPECT_EQ(Preguntas[0],
             "Otro usuario ha cambiado lo que había al cargar (1 factura):\n"
             "· factura F000001 de 2005 de Proveedor número 1 (2), por 99,50, antes 322,45: la ha "
-            "cambiado EVA, y volvería a "
-            "ser como era"
+            "cambiado EVA, y quedaría como está en la lista"
             "\n\n¿Grabar de todos modos?");
   EXPECT_NE(Factura("F000001"), "99,5") << "con Sí se graba";
 }

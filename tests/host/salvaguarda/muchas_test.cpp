@@ -92,10 +92,9 @@ TEST_F(MuchasDeUnProveedor, UnaCopiaConOtrasFechasSeComparaEnseguida) {
 
 TEST_F(MuchasDeUnProveedor, SiOtroLasCambiaTodasSePreguntaEnseguida) {
   Otro("UPDATE ProvFacturas SET Total = 99; UPDATE ProvVencimientos SET Importe = 99");
-  EXPECT_THAT(
-      Preguntado(),
-      ElementsAre(DiceDeTodas(
-          "por 99,00, antes 100,00: la ha cambiado otro usuario, y volvería a ser como era\n")));
+  EXPECT_THAT(Preguntado(),
+              ElementsAre(DiceDeTodas("por 99,00, antes 100,00: la ha cambiado otro usuario, y "
+                                      "quedaría como está en la lista\n")));
 }
 
 TEST_F(MuchasDeUnProveedor, SiOtroLasDejaSinSuFacturaSePreguntaEnseguida) {

@@ -113,7 +113,8 @@ salvaguarda::Cambio CambioDe(double antes, double ahora) {
 TEST(CambioDeOtro, DiceSuImporteYElDeAntesSiEraOtro) {
   EXPECT_EQ(ComoFila(CambioDe(1234.5, 1234.5)).Importe, "1.234,50");
   EXPECT_EQ(ComoFila(CambioDe(100, 121)).Importe, "121,00, antes 100,00");
-  EXPECT_EQ(ComoFila(CambioDe(100, 121)).Motivo, "la ha cambiado EVA, y volvería a ser como era");
+  EXPECT_EQ(ComoFila(CambioDe(100, 121)).Motivo,
+            "la ha cambiado EVA, y quedaría como está en la lista");
 }
 
 TEST(CambioDeOtro, DiceLosVencimientosSiElTotalEsElMismo) {
@@ -121,7 +122,7 @@ TEST(CambioDeOtro, DiceLosVencimientosSiElTotalEsElMismo) {
   cambio.Vencimientos = {{kVencimiento, true, true, {60.5, 60.5}, {services::Valor(), 60.5}}};
   EXPECT_EQ(ComoFila(cambio).Motivo,
             "la ha cambiado EVA (vencimiento 10/03/2005 por 60,50: pagado 60,50, antes nada), y "
-            "volvería a ser como era");
+            "quedaría como está en la lista");
   cambio.Vencimientos[0].Pagado = {60.5, 60.5};
   cambio.Vencimientos[0].Importe = {50.0, 60.5};
   EXPECT_THAT(ComoFila(cambio).Motivo,

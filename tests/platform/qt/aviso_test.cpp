@@ -91,6 +91,11 @@ TEST(Mensajes, LoTecleadoDeCorridoNoContesta) {
     for (const Qt::Key tecla : {Qt::Key_Return, Qt::Key_Space, Qt::Key_N, Qt::Key_Escape}) {
       QTest::keyClick(Abierta()->focusWidget(), tecla);
     }
+    // With no pause, for longer than it takes to read.
+    for (int i = 0; i < 6; ++i) {
+      QTest::qWait(static_cast<int>(mensajes::kAntesDeLeer.count()) / 3);
+      QTest::keyClick(Abierta()->focusWidget(), Qt::Key_S);
+    }
     abierta = Abierta() != nullptr;
     QTest::qWait(static_cast<int>(mensajes::kAntesDeLeer.count()) + 50);
     QKeyEvent mantenida(QEvent::KeyPress, Qt::Key_Return, {}, "\r", true);
