@@ -73,14 +73,14 @@ void Custodia::ContarSinEstorbar() {
   QTimer::singleShot(kOtraVez, this, &Custodia::ContarSinEstorbar);
 }
 
-void Custodia::Contar() try {
+void Custodia::Contar(bool abierta) try {
   porContar_ = false;
   const salvaguarda::Relato relato = guardia_->Contar();
   if (relato.Parrafos.empty()) return;
   QStringList parrafos;
   for (const std::string& parrafo : relato.Parrafos) parrafos << QString::fromStdString(parrafo);
   const QString texto = parrafos.join("\n\n");
-  if (!relato.BorrariaFilas) return Decir(texto);
+  if (!relato.BorrariaFilas || !abierta) return Decir(texto);
   if (Elegir({texto, {"Seguir", "Cerrar sin grabar"}}) == 1) CerrarSinGrabar();
 } catch (const std::exception& fallo) {
   Decir("No se ha podido mirar lo que no se ha cargado o grabado: " +
@@ -99,11 +99,21 @@ void Custodia::CopiarElDia() {
 
 bool Custodia::OfrecerRescate() {
   porRetomar_.reset();
+  std::optional<salvaguarda::Rescate> rescate;
   try {
-    if (const auto rescate = RescateEn(*datos_.DeTrabajo)) Ofrecer(*rescate);
-    return true;
+    rescate = RescateEn(*datos_.DeTrabajo);
   } catch (const std::exception& fallo) {
     return ApartarSinMirar(QString::fromUtf8(fallo.what()));
+  }
+  try {
+    if (rescate) Ofrecer(*rescate);
+    return true;
+  } catch (const std::exception& fallo) {
+    Decir(
+        "No se ha podido guardar aparte la copia de trabajo que quedó, y no se abre para no "
+        "perderla: " +
+        QString::fromUtf8(fallo.what()));
+    return false;
   }
 }
 
@@ -115,10 +125,7 @@ void Custodia::Ofrecer(const salvaguarda::Rescate& rescate) {
   if (respuesta == kSinElla) return guardia_->Anotar("Se sigue sin la copia de trabajo que quedó");
   // Also when it is opened: what is closed without saving is then still there.
   const std::string aparte = Apartar();
-  if (respuesta == kAparte) {
-    return Decir("La copia de trabajo queda guardada en " + QString::fromStdString(aparte) +
-                 ". Puede abrirla con Archivo, Abrir una copia guardada aparte.");
-  }
+  if (respuesta == kAparte) return DecirDondeQueda(aparte);
   Retomar(rescate);
 }
 
@@ -136,6 +143,8 @@ void Custodia::AbrirAparte(const std::string& fichero, const std::function<bool(
   porRetomar_.reset();
   try {
     if (!QuiereAbrir(*sqlite::AbrirConexion(fichero)) || !cerrar()) return;
+    // One that was left behind and not offered yet.
+    if (RescateEn(*datos_.DeTrabajo)) DecirDondeQueda(Apartar());
     salvaguarda::TraerCopia(*datos_.DeTrabajo, fichero);
     // What was saved as the screen closed isn't missing any more.
     if (const auto rescate = RescateEn(*datos_.DeTrabajo)) Retomar(*rescate);
@@ -145,7 +154,16 @@ void Custodia::AbrirAparte(const std::string& fichero, const std::function<bool(
   }
 }
 
+void Custodia::DecirDondeQueda(const std::string& aparte) {
+  Decir("La copia de trabajo que había queda guardada en " + QString::fromStdString(aparte) +
+        ". Puede abrirla con Archivo, Abrir una copia guardada aparte.");
+}
+
 bool Custodia::QuiereAbrir(sqlite::Conexion& aparte) {
+  if (!salvaguarda::HayCopia(aparte)) {
+    Decir("Ese fichero no tiene ninguna copia de trabajo.");
+    return false;
+  }
   const auto rescate = RescateEn(aparte);
   if (!rescate) {
     Decir("En esa copia no hay nada que no esté así en las tablas de la empresa.");

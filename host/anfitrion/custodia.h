@@ -39,8 +39,9 @@ class Custodia final : public QObject {
   [[nodiscard]] const std::optional<salvaguarda::Rango>& PorRetomar() const { return porRetomar_; }
   /// The screen has opened: there is nothing to go on with any more.
   void Abierta() { porRetomar_.reset(); }
-  /// Tells what there is to be told.
-  void Contar();
+  /// Tells what there is to be told. `abierta`: whether there is a screen that can still be closed
+  /// without saving.
+  void Contar(bool abierta = true);
   /// The window of the copies. `cerrar` closes what works on the stored tables before one is put
   /// back; whether it did.
   void Recuperar(const std::function<bool()>& cerrar);
@@ -56,6 +57,7 @@ class Custodia final : public QObject {
   [[nodiscard]] bool QuiereAbrir(sqlite::Conexion& aparte);
   void Retomar(const salvaguarda::Rescate& rescate);
   std::string Apartar();
+  void DecirDondeQueda(const std::string& aparte);
   [[nodiscard]] bool ApartarSinMirar(const QString& motivo);
   void Decir(const QString& texto);
   void ContarDespues();

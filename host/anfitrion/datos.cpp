@@ -81,6 +81,20 @@ void ExigirFichero(const std::string& texto) {
           "\" parece la conexión a un servidor");
 }
 
+/// Beside the file, with the date and the time, and a number where two are kept in a second.
+fs::path NombreLibre(const fs::path& fichero) {
+  const std::string ahora =
+      QDateTime::currentDateTime().toString("-yyyy-MM-dd-HHmmss").toStdString();
+  const auto con = [&](const std::string& cual) {
+    fs::path nombre = fichero;
+    return nombre.replace_filename(fichero.stem().string() + ahora + cual +
+                                   fichero.extension().string());
+  };
+  fs::path libre = con("");
+  for (int i = 2; fs::exists(libre); ++i) libre = con("-" + std::to_string(i));
+  return libre;
+}
+
 }  // namespace
 
 fs::path CarpetaDeDatos(const Opciones& opciones) {
@@ -90,11 +104,7 @@ fs::path CarpetaDeDatos(const Opciones& opciones) {
 }
 
 fs::path ApartarDeTrabajo(const Datos& datos) {
-  const fs::path fichero = datos.NombreDeTrabajo;
-  const std::string ahora =
-      QDateTime::currentDateTime().toString("yyyy-MM-dd-HHmmss").toStdString();
-  fs::path aparte = fichero;
-  aparte.replace_filename(fichero.stem().string() + "-" + ahora + fichero.extension().string());
+  const fs::path aparte = NombreLibre(datos.NombreDeTrabajo);
   // The component keeps its connection to the end of the program, so the file is copied by the
   // engine, which leaves nothing behind in a journal.
   datos.DeTrabajo->TerminarUnidad();

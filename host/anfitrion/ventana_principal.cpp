@@ -161,8 +161,10 @@ void VentanaPrincipal::AbrirUnaAparte() {
 
 void VentanaPrincipal::AbrirAparte(const std::string& fichero) {
   bool cerrada = false;
-  custodia_.AbrirAparte(fichero, [&] { return cerrada = CerrarPantalla(); });
-  if (cerrada && HayComponente()) CargarPagos();
+  if (HayComponente()) {
+    custodia_.AbrirAparte(fichero, [&] { return cerrada = CerrarPantalla(); });
+  }
+  if (cerrada) CargarPagos();
 }
 
 /// Asked to hide or close a screen that isn't there, the component would make one first.
@@ -216,7 +218,7 @@ bool VentanaPrincipal::Preguntar(const QString& texto) {
 
 void VentanaPrincipal::closeEvent(QCloseEvent* evento) {
   const bool cerrada = CerrarPagos();
-  custodia_.Contar();
+  custodia_.Contar(!cerrada);
   evento->setAccepted(cerrada);
 }
 

@@ -9,6 +9,10 @@ namespace salvaguarda {
 
 using sql::Juntar;
 
+bool HayCopia(sqlite::Conexion& aparte) {
+  return aparte.TieneTabla(kCopiaAbierta);
+}
+
 void TraerCopia(sqlite::Conexion& deTrabajo, const std::string& fichero) {
   deTrabajo.TerminarUnidad();
   const sql::Adjunta aparte(deTrabajo, fichero, "aparte");

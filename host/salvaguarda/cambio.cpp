@@ -1,5 +1,7 @@
 #include "salvaguarda/cambio.h"
 
+#include <algorithm>
+
 #include "salvaguarda/dicho.h"
 #include "salvaguarda/tablas.h"
 
@@ -39,9 +41,10 @@ std::string Motivo(const Cambio& cambio) {
   const std::string lo = apunte ? "lo" : "la";
   const std::string quien = cambio.Quien.empty() ? "otro usuario" : cambio.Quien;
   if (!cambio.Esta) return "otro usuario la ha borrado, y se volvería a grabar";
+  if (ConsecuenciaDe(cambio) == Consecuencia::Anade) return "";
   if (!cambio.DelRango) {
-    return "ya está grabada con vencimientos de otras fechas, y lo entrado con su número se le "
-           "añadiría";
+    return "la ha cambiado " + quien + Explicacion(cambio) +
+           ", y lo que ha quitado se volvería a grabar";
   }
   if (!cambio.Estaba) {
     return "la ha añadido " + quien +
@@ -52,6 +55,15 @@ std::string Motivo(const Cambio& cambio) {
 }
 
 }  // namespace
+
+Consecuencia ConsecuenciaDe(const Cambio& cambio) {
+  if (cambio.DelRango || !cambio.Esta) return Consecuencia::Pisa;
+  if (!cambio.Estaba) return Consecuencia::Anade;
+  const bool falta = std::ranges::any_of(cambio.Vencimientos, [](const CambioDeVencimiento& suyo) {
+    return suyo.Estaba && !suyo.Esta;
+  });
+  return falta ? Consecuencia::Pisa : Consecuencia::Ninguna;
+}
 
 std::string Dicho(const AntesYAhora& importe) {
   const bool antes = !importe.Antes.EsNulo();

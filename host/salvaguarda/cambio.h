@@ -34,11 +34,15 @@ struct Cambio {
   std::string Quien;
   /// Whether the working copy has it.
   bool EnLaLista = false;
-  /// Whether a commit of the range deletes it; otherwise it can't be written over either.
+  /// Whether a commit of the range deletes it; otherwise what is there stays.
   bool DelRango = true;
   /// Those of an invoice.
   std::vector<CambioDeVencimiento> Vencimientos = {};
 };
+
+/// What a commit would do about it: nothing, write over it, or add rows to it.
+enum class Consecuencia { Ninguna, Pisa, Anade };
+[[nodiscard]] Consecuencia ConsecuenciaDe(const Cambio& cambio);
 
 /// As it is told: with its amount, who did it, and what a commit would do.
 [[nodiscard]] Fila ComoFila(const Cambio& cambio);

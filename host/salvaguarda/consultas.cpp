@@ -149,6 +149,12 @@ Fila LeerFila(const services::Filas& leidas, std::size_t fila) {
   return {texto(0), texto(1), texto(2), texto(3), texto(4), texto(5)};
 }
 
+std::vector<Fila> TodasLasFilas(sqlite::Conexion& base, const Tabla& tabla,
+                                std::string_view antes) {
+  return LeerFilas(
+      base, Juntar({"SELECT ", ComoFila(tabla, "t", "''"), " FROM ", antes, tabla.Nombre, " t"}));
+}
+
 std::vector<Fila> LeerFilas(sqlite::Conexion& base, std::string_view consulta) {
   const services::Filas leidas = base.Consultar(consulta).Filas;
   std::vector<Fila> filas;

@@ -60,7 +60,10 @@ namespace salvaguarda::sql {
                                    std::string_view motivo);
 /// A row of what a query of the latter finds.
 [[nodiscard]] Fila LeerFila(const services::Filas& leidas, std::size_t fila);
-/// All of them.
+/// All rows of a table, whose name gets `antes` before it, with nothing the matter.
+[[nodiscard]] std::vector<Fila> TodasLasFilas(sqlite::Conexion& base, const Tabla& tabla,
+                                              std::string_view antes);
+/// All rows of such a query.
 [[nodiscard]] std::vector<Fila> LeerFilas(sqlite::Conexion& base, std::string_view consulta);
 
 }  // namespace salvaguarda::sql

@@ -40,7 +40,8 @@ class Copias {
   /// Those of rows, the last one first. What is no copy is passed over.
   [[nodiscard]] std::vector<Copia> Guardadas() const;
 
-  /// Copies the whole stored file, unless there is one of that day. Whether it did. Throws alike.
+  /// Copies the whole stored file, unless there is one of that day. Whether it did. Throws
+  /// what the engine and the file system throw, with no file left.
   bool GuardarEntera(const std::filesystem::path& almacenados, services::FechaHora momento);
 
   /// What tells the files of this program from those of another that copies to the same folder.

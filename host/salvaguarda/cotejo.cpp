@@ -2,16 +2,14 @@
 
 #include <algorithm>
 #include <iterator>
-#include <set>
 #include <utility>
 
 #include "salvaguarda/ambito.h"
+#include "salvaguarda/cambio.h"
 #include "salvaguarda/copia_en_curso.h"
-#include "salvaguarda/recuperacion.h"
 #include "valores/error.h"
 
 namespace salvaguarda {
-
 Cotejo::Cotejo(const std::string& almacenados, std::string foto,
                services::Ref<sqlite::Conexion> deTrabajo, bool avisarDeOtros)
     : ficheroFoto_(std::move(foto)),
@@ -29,31 +27,43 @@ void Cotejo::Cargar(const Rango& rango) {
   reparos_.NoCargadas = foto_.Excluidas();
 }
 
+// Without the picture of its load nobody knows who changed what.
 void Cotejo::Retomar(const Rescate& rescate) {
   reparos_ = {};
-  if (!foto_.Recuperar(rescate.Copia.Rango, rescate.Copia.Foto)) {
-    // Without the picture of its load nobody knows who changed what.
-    foto_.Tomar(rescate.Copia.Rango);
-    reparos_.DeOtros = rescate.Filas;
+  if (foto_.Recuperar(rescate.Copia.Rango, rescate.Copia.Foto)) {
+    reparos_.NoCargadas = foto_.Excluidas();
+    return;
   }
+  if (avisarDeOtros_) reparos_.SinSaber = rescate.Filas;
+  Retratar(rescate.Copia.Rango);
   reparos_.NoCargadas = foto_.Excluidas();
 }
 
+// Without one nothing can be copied, which is asked about then.
+void Cotejo::Retratar(const Rango& rango) {
+  try {
+    foto_.Tomar(rango);
+  } catch (const services::ErrorEjecucion&) {
+    foto_.Olvidar();
+  }
+}
+
 void Cotejo::Preparar(const Rango& rango) {
-  copia_.reset();
+  aceptados_ = {};
   if (foto_.De()) return;
-  foto_.Tomar(rango);
   reparos_.SinFoto = avisarDeOtros_;
+  Retratar(rango);
 }
 
 Reparos Cotejo::Copiar(Copias& copias, const Copia& copia) {
   try {
     CopiaEnCurso enCurso(copias, foto_.Conexion(), FilasDeLaCopia(copia.Rango), copia);
     Comparar();
-    if (reparos_.Ninguno()) copia_ = enCurso.Terminar();
-    return reparos_;
+    const Reparos nuevos = reparos_.Menos(aceptados_);
+    if (nuevos.Ninguno()) enCurso.Terminar();
+    return nuevos;
   } catch (const std::exception& fallo) {
-    Reparos reparos = reparos_;
+    Reparos reparos = reparos_.Menos(aceptados_);
     reparos.SinCopia = fallo.what();
     return reparos;
   }
@@ -70,34 +80,32 @@ std::string Cotejo::FilasDeLaCopia(const Rango& rango) {
   return CopiaDeGrabacion(rango, ClavesDeTrabajo::Leer(*deTrabajo_));
 }
 
-// A row that was told before is told as it is now.
 void Cotejo::Comparar() {
   reparos_.NoCargadas = foto_.QueSiguen(reparos_.NoCargadas);
-  if (sinCambios_ || !avisarDeOtros_) return;
-  std::vector<Fila> deOtros = foto_.Cambiadas();
-  if (deOtros.empty()) return;
-  const std::set<Fila, PorSuClave> ahora(deOtros.begin(), deOtros.end());
-  std::ranges::copy_if(reparos_.DeOtros, std::back_inserter(deOtros),
-                       [&](const Fila& fila) { return !ahora.contains(fila); });
-  reparos_.DeOtros = std::move(deOtros);
+  if (sinCambios_) return;
+  const std::vector<Cambio> cambios = foto_.Cambios();
+  if (cambios.empty()) return;
+  std::vector<Fila> deOtros;
+  std::vector<Fila> yaGrabadas;
+  for (const Cambio& cambio : cambios) {
+    const Consecuencia que = ConsecuenciaDe(cambio);
+    if (que == Consecuencia::Anade) yaGrabadas.push_back(ComoFila(cambio));
+    if (que == Consecuencia::Pisa && avisarDeOtros_) deOtros.push_back(ComoFila(cambio));
+  }
   foto_.TomarDeCopia();
+  Renovar(&Reparos::DeOtros, std::move(deOtros));
+  Renovar(&Reparos::YaGrabadas, std::move(yaGrabadas));
+}
+
+// A row that was told before is told as it is now, and asked about again.
+void Cotejo::Renovar(std::vector<Fila> Reparos::*cuales, std::vector<Fila> nuevas) {
+  aceptados_.*cuales = Sin(aceptados_.*cuales, nuevas);
+  std::ranges::move(Sin(reparos_.*cuales, nuevas), std::back_inserter(nuevas));
+  reparos_.*cuales = std::move(nuevas);
 }
 
 void Cotejo::AnadirNoCargadas(const std::vector<Fila>& filas) {
   std::ranges::copy(filas, std::back_inserter(reparos_.NoCargadas));
-}
-
-std::vector<Fila> Cotejo::Perdidas(const std::vector<Fila>& tablas) {
-  if (tablas.empty() || !copia_) return {};
-  try {
-    std::vector<Fila> perdidas = salvaguarda::Comparar(foto_.Conexion(), *copia_).Vuelven;
-    std::erase_if(perdidas, [&](const Fila& fila) {
-      return std::ranges::find(tablas, fila.Tabla, &Fila::Tabla) == tablas.end();
-    });
-    return perdidas;
-  } catch (const services::ErrorEjecucion&) {
-    return {};
-  }
 }
 
 }  // namespace salvaguarda

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <optional>
 #include <string>
 #include <vector>
 
@@ -28,39 +27,39 @@ class Cotejo {
   void Cargar(const Rango& rango);
   /// A working copy that was there before is gone on with.
   void Retomar(const Rescate& rescate);
-  /// A commit begins, before its lock is taken.
+  /// A commit begins, before its lock is taken: the user hasn't agreed to anything.
   void Preparar(const Rango& rango);
   /// With the lock: copies what is to be written, and sees what others have changed of it since it
-  /// was last looked at. The copy stays only when nothing speaks against the commit.
+  /// was last looked at. The copy stays only when nothing speaks against the commit, but for what
+  /// the user has agreed to.
   [[nodiscard]] Reparos Copiar(Copias& copias, const Copia& copia);
-  /// The user agrees to what spoke against it.
-  void Aceptar() { reparos_ = {}; }
+  /// The user agrees to what spoke against it, for this commit.
+  void Aceptar() { aceptados_ = reparos_; }
 
   /// The rows of the range that the load left out, and that a commit would delete.
   [[nodiscard]] const std::vector<Fila>& NoCargadas() const { return reparos_.NoCargadas; }
   /// The numbers of more than one invoice that the load brought.
   [[nodiscard]] std::vector<Fila> Gemelas() { return foto_.Gemelas(); }
   void AnadirNoCargadas(const std::vector<Fila>& filas);
-  /// What those of some tables of the last copy are that the store lacks now.
-  [[nodiscard]] std::vector<Fila> Perdidas(const std::vector<Fila>& tablas);
-
   [[nodiscard]] const std::string& Sena() const { return foto_.Sena(); }
   /// One to the stored file, with nothing under way.
   [[nodiscard]] sqlite::Conexion& Conexion() { return foto_.Conexion(); }
 
  private:
   [[nodiscard]] std::string FilasDeLaCopia(const Rango& rango);
+  void Retratar(const Rango& rango);
   void Comparar();
+  void Renovar(std::vector<Fila> Reparos::*cuales, std::vector<Fila> nuevas);
 
   std::string ficheroFoto_;
   services::Ref<sqlite::Conexion> deTrabajo_;
   bool avisarDeOtros_;
   Foto foto_;
+  /// What speaks against a commit, and what of it the user has agreed to for the one under way.
   Reparos reparos_;
+  Reparos aceptados_;
   /// Whether nothing was stored since the picture.
   bool sinCambios_ = false;
-  /// The one of the last commit.
-  std::optional<Copia> copia_;
 };
 
 }  // namespace salvaguarda

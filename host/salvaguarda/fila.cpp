@@ -1,6 +1,8 @@
 #include "salvaguarda/fila.h"
 
 #include <algorithm>
+#include <iterator>
+#include <set>
 
 #include "salvaguarda/tablas.h"
 #include "valores/texto.h"
@@ -18,6 +20,14 @@ bool PorSuClave::operator()(const Fila& a, const Fila& b) const {
     if (orden != 0) return orden < 0;
   }
   return false;
+}
+
+std::vector<Fila> Sin(const std::vector<Fila>& filas, const std::vector<Fila>& otras) {
+  const std::set<Fila, PorSuClave> fuera(otras.begin(), otras.end());
+  std::vector<Fila> quedan;
+  std::ranges::copy_if(filas, std::back_inserter(quedan),
+                       [&](const Fila& fila) { return !fuera.contains(fila); });
+  return quedan;
 }
 
 std::string Recuento(const std::vector<Fila>& filas) {

@@ -32,6 +32,9 @@ struct PorSuClave {
   bool operator()(const Fila& a, const Fila& b) const;
 };
 
+/// Those of the rows whose keys the others haven't.
+[[nodiscard]] std::vector<Fila> Sin(const std::vector<Fila>& filas, const std::vector<Fila>& otras);
+
 /// How many rows of which table: "2 facturas, 1 vencimiento"
 [[nodiscard]] std::string Recuento(const std::vector<Fila>& filas);
 

@@ -5,10 +5,12 @@
 #include <random>
 #include <set>
 #include <string_view>
+#include <utility>
 
 #include "salvaguarda/adjunta.h"
 #include "salvaguarda/cambios.h"
 #include "salvaguarda/consultas.h"
+#include "salvaguarda/excluidas.h"
 #include "salvaguarda/sql.h"
 #include "valores/error.h"
 
@@ -54,16 +56,47 @@ std::string SenaDeFoto(sqlite::Conexion& base) {
   }
 }
 
-Foto::Foto(const std::string& almacenados, const std::string& fichero)
-    : conexion_(sqlite::AbrirConexion(almacenados, {.UnidadDeTrabajo = false})) {
-  std::ofstream(fichero, std::ios::app).flush();  // the engine attaches what is there
-  conexion_->Ejecutar(Juntar({"ATTACH ", Texto(fichero),
-                              " AS foto; PRAGMA foto.journal_mode = MEMORY; "
-                              "PRAGMA foto.synchronous = OFF"}));
+Foto::Foto(const std::string& almacenados, std::string fichero)
+    : conexion_(sqlite::AbrirConexion(almacenados, {.UnidadDeTrabajo = false})),
+      fichero_(std::move(fichero)) {
+  try {
+    Adjuntar();
+  } catch (const services::ErrorEjecucion&) {
+    Rehacer();
+  }
 }
 
+void Foto::Adjuntar() {
+  std::ofstream(fichero_, std::ios::app).flush();  // the engine attaches what is there
+  conexion_->Ejecutar(Juntar({"ATTACH ", Texto(fichero_),
+                              " AS foto; PRAGMA foto.journal_mode = MEMORY; "
+                              "PRAGMA foto.synchronous = OFF"}));
+  conexion_->Ejecutar("SELECT count(*) FROM foto.sqlite_master");
+}
+
+void Foto::Rehacer() {
+  try {
+    conexion_->Ejecutar("DETACH foto");
+  } catch (const services::ErrorEjecucion&) {
+    // It may not be attached.
+  }
+  std::error_code noEstaba;
+  std::filesystem::remove(fichero_, noEstaba);
+  Adjuntar();
+}
+
+// It is written without care for the power, so it may be damaged.
 void Foto::Tomar(const Rango& rango) {
   Olvidar();
+  try {
+    TomarAhora(rango);
+  } catch (const services::ErrorEjecucion&) {
+    Rehacer();
+    TomarAhora(rango);
+  }
+}
+
+void Foto::TomarAhora(const Rango& rango) {
   sql::Transaccion lectura(*conexion_);
   std::string todo = "DROP TABLE IF EXISTS foto.DelRango; DROP TABLE IF EXISTS foto.Claves;" +
                      sql::CrearClaves("foto", "DelRango") + sql::CrearClaves("foto", "Claves") +
@@ -76,6 +109,7 @@ void Foto::Tomar(const Rango& rango) {
   }
   todo += Retratar("ProvPrevisionPagos", sql::PrevisionesDe(rango));
   todo += Retratar("CajaPagos", std::string(kApuntes));
+  todo += Retratar("Excluidas", sql::Excluidas(rango));
   const std::string sena = std::to_string(std::random_device()());
   todo += Retratar("Foto", Juntar({"SELECT ", Texto(sena), " AS Sena"}));
   conexion_->Ejecutar(todo);
@@ -112,68 +146,15 @@ void Foto::TomarDeCopia() {
   for (const Tabla& tabla : Tablas()) {
     todo += Retratar(tabla.Nombre, Juntar({"SELECT * FROM copia.", tabla.Nombre}));
   }
-  conexion_->Ejecutar(todo);
   version_.reset();
+  sql::Transaccion transaccion(*conexion_);
+  conexion_->Ejecutar(todo);
+  transaccion.Terminar();
 }
-
-namespace {
-
-/// What a row `t` must meet to be loaded, as SQL.
-constexpr const char* kConConcepto =
-    "EXISTS (SELECT 1 FROM main.ProvConceptos c WHERE c.NConcepto = t.NConcepto)";
-
-std::string ConVencimiento(const Rango& rango, std::string_view de, std::string_view numero) {
-  return Juntar({"EXISTS (SELECT 1 FROM main.ProvVencimientos v WHERE v.NConcepto = ", de,
-                 ".NConcepto AND v.NFactura = ", de, ".", numero, " AND v.FechaVto >= ",
-                 Texto(rango.Desde), " AND v.FechaVto <= ", Texto(rango.Hasta), ")"});
-}
-
-std::string ConFactura(const Rango& rango) {
-  return Juntar(
-      {"EXISTS (SELECT 1 FROM main.ProvFacturas f WHERE f.NConcepto = t.NConcepto AND "
-       "f.Factura = t.NFactura AND ",
-       ConVencimiento(rango, "f", "Factura"), ")"});
-}
-
-std::string LoQueExige(const Tabla& tabla, const Rango& rango) {
-  std::string conConcepto = kConConcepto;
-  switch (tabla.Que) {
-    case Tabla::Cosa::Factura:
-      return conConcepto + " AND " + ConVencimiento(rango, "t", tabla.Numero);
-    case Tabla::Cosa::Base:
-      return ConVencimiento(rango, "t", tabla.Numero);
-    case Tabla::Cosa::Vencimiento:
-      return conConcepto + " AND " + ConFactura(rango);
-    case Tabla::Cosa::Prevision:
-      return conConcepto;
-    case Tabla::Cosa::Apunte:
-      break;
-  }
-  return "1";
-}
-
-/// Why a row doesn't meet it.
-std::string PorQueNo(const Tabla& tabla) {
-  std::string blancos = "'sus blancos no son los de su factura'";
-  if (tabla.Que == Tabla::Cosa::Base) return blancos;
-  return Juntar(
-      {"CASE WHEN ", kConConcepto, " THEN ", blancos, " ELSE 'su concepto no existe' END"});
-}
-
-}  // namespace
 
 std::vector<Fila> Foto::Excluidas() {
   if (!rango_) return {};
-  std::vector<std::string> consultas;
-  for (const Tabla& tabla : Tablas()) {
-    if (tabla.Que == Tabla::Cosa::Apunte) continue;  // no commit deletes one
-    const bool prevision = tabla.Que == Tabla::Cosa::Prevision;
-    consultas.push_back(
-        Juntar({"SELECT ", sql::ComoFila(tabla, "t", PorQueNo(tabla)), " FROM foto.", tabla.Nombre,
-                " t WHERE NOT (", LoQueExige(tabla, *rango_), ")",
-                prevision ? "" : " AND " + sql::EstaEn("foto.DelRango", tabla, "t")}));
-  }
-  return sql::LeerFilas(*conexion_, sql::Separar(consultas, " UNION ALL "));
+  return sql::LeerFilas(*conexion_, "SELECT * FROM foto.Excluidas");
 }
 
 // Where no number has two invoices there is nothing to look through.
@@ -192,11 +173,8 @@ std::vector<Fila> Foto::Gemelas() {
                           " COLLATE ES, Año COLLATE ES HAVING count(*) > 1) g ON ", igual}));
 }
 
-std::vector<Fila> Foto::Cambiadas() {
-  if (!rango_) return {};
-  std::vector<Fila> filas;
-  for (const Cambio& cambio : LeerCambios(*conexion_)) filas.push_back(ComoFila(cambio));
-  return filas;
+std::vector<Cambio> Foto::Cambios() {
+  return rango_ ? LeerCambios(*conexion_) : std::vector<Cambio>();
 }
 
 std::vector<Fila> Foto::QueSiguen(std::vector<Fila> filas) {

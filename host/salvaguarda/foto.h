@@ -4,6 +4,7 @@
 #include <string>
 #include <vector>
 
+#include "salvaguarda/cambio.h"
 #include "salvaguarda/comienzo.h"
 #include "salvaguarda/fila.h"
 #include "sqlite/conexion_sqlite.h"
@@ -22,8 +23,9 @@ namespace salvaguarda {
 /// under way, and kept in a file, so that it is still there when the program was killed.
 class Foto {
  public:
-  /// Throws what opening the files throws.
-  Foto(const std::string& almacenados, const std::string& fichero);
+  /// A picture that can't be read makes way for an empty one. Throws what opening the stored file
+  /// throws.
+  Foto(const std::string& almacenados, std::string fichero);
 
   /// Takes it now, in place of the one before.
   void Tomar(const Rango& rango);
@@ -42,7 +44,7 @@ class Foto {
   [[nodiscard]] const std::optional<Rango>& De() const { return rango_; }
   [[nodiscard]] sqlite::Conexion& Conexion() { return *conexion_; }
 
-  /// The rows in it that a load leaves out, and that a commit of the range would therefore delete:
+  /// The rows in it that the load left out, and that a commit of the range would therefore delete:
   /// of a concept that isn't there, or written with blanks that the rest of the invoice hasn't.
   [[nodiscard]] std::vector<Fila> Excluidas();
   /// The numbers in it that more than one invoice has, but for blanks around it and its case: the
@@ -50,12 +52,18 @@ class Foto {
   [[nodiscard]] std::vector<Fila> Gemelas();
 
   /// What the attached file `copia`, made for a commit, says otherwise than it.
-  [[nodiscard]] std::vector<Fila> Cambiadas();
+  [[nodiscard]] std::vector<Cambio> Cambios();
   /// Those of the rows of whose invoice or forecast the attached file `copia` still has any there.
   [[nodiscard]] std::vector<Fila> QueSiguen(std::vector<Fila> filas);
 
  private:
+  void Adjuntar();
+  /// Another file in place of one that the engine can't use.
+  void Rehacer();
+  void TomarAhora(const Rango& rango);
+
   services::Ref<sqlite::Conexion> conexion_;
+  std::string fichero_;
   std::optional<Rango> rango_;
   std::string sena_;
   /// The engine's count of what others have stored, when it was taken.

@@ -5,7 +5,8 @@
 #include <string_view>
 #include <utility>
 
-#include "salvaguarda/omitidas.h"
+#include "salvaguarda/consultas.h"
+#include "salvaguarda/tablas.h"
 #include "valores/error.h"
 
 namespace salvaguarda {
@@ -40,6 +41,8 @@ void Guardia::AlComenzar(const Comienzo& comienzo) {
 // The load goes on whatever happens here. Without a picture the copy is noted all the same.
 void Guardia::AlCargar(const Rango& rango) {
   cotejo_.Olvidar();
+  std::erase_if(oidas_,
+                [](const Oida& oida) { return oida.Omision.Durante == Omision::Tarea::Carga; });
   const auto intentar = [this](const auto& accion) {
     try {
       accion();
@@ -49,24 +52,26 @@ void Guardia::AlCargar(const Rango& rango) {
   };
   intentar([&] {
     cotejo_.Cargar(rango);
-    DecirGemelas();
+    DecirLoQueVino();
   });
   intentar([&] {
     AnotarCopia(*bases_.DeTrabajo, {rango, usuario_, services::TextoIso(trato_.Ahora()),
                                     cotejo_.Sena(), bases_.FicheroAlmacenados, true});
   });
-  if (!cotejo_.NoCargadas().empty()) trato_.AlHaberQueContar();
-}
-
-// Once, and not at each load of them.
-void Guardia::DecirGemelas() {
-  const std::vector<Fila> gemelas = cotejo_.Gemelas();
-  if (gemelas.empty() || std::exchange(gemelasDichas_, gemelas) == gemelas) return;
-  Decir(NoticiaDeGemelas(gemelas), Conceptos());
 }
 
 void Guardia::AlRetomar(const Rescate& rescate) {
   cotejo_.Retomar(rescate);
+  DecirLoQueVino();
+}
+
+void Guardia::DecirLoQueVino() {
+  const std::vector<Fila> gemelas = cotejo_.Gemelas();
+  // Once, and not at each load of them.
+  if (std::exchange(gemelasDichas_, gemelas) != gemelas && !gemelas.empty()) {
+    Decir(NoticiaDeGemelas(gemelas), Conceptos());
+  }
+  cotejo_.NoCargadas().empty() ? yaDichas_.clear() : trato_.AlHaberQueContar();
 }
 
 void Guardia::AlGrabar(const Rango& rango) {
@@ -102,13 +107,27 @@ bool Guardia::Confirmar(const Reparos& reparos) {
 
 void Guardia::PasadoPorAlto(const Omision& omision) {
   if (omision.Que == Omision::Falta::Nada) return;
-  omisiones_.push_back(omision);
   Anotar("Pasado por alto en " + (omision.Tabla.empty() ? "las tablas de trabajo" : omision.Tabla) +
          ": " + omision.Fallo.Descripcion());
-  if (omision.Durante == Omision::Tarea::Carga && omision.Que == Omision::Falta::Tabla) {
+  oidas_.push_back({omision});
+  if (omision.Que == Omision::Falta::Tabla && omision.Durante == Omision::Tarea::Carga) {
     DarPorIncompleta();
+  } else if (omision.Que == Omision::Falta::Tabla) {
+    // Now: when the event is over a load has taken their place.
+    oidas_.back().PorGrabar = LoQueHabiaQueGrabar(omision);
   }
   trato_.AlHaberQueContar();
+}
+
+std::vector<Fila> Guardia::LoQueHabiaQueGrabar(const Omision& omision) {
+  const Tabla* tabla = BuscarTabla(omision.Tabla);
+  if (tabla == nullptr) return {};
+  try {
+    return sql::TodasLasFilas(*bases_.DeTrabajo, *tabla, "Temp");
+  } catch (const ErrorEjecucion& fallo) {
+    Anotar("No se ha podido mirar qué había que grabar: " + fallo.Descripcion());
+    return {};
+  }
 }
 
 // What kept the load from a working table may keep this from being noted, too.
@@ -128,16 +147,14 @@ void Guardia::Decir(const Noticia& noticia, const salvaguarda::Conceptos& concep
 }
 
 Relato Guardia::Contar() {
-  const std::vector<Omision> omisiones = std::exchange(omisiones_, {});
-  const Omitidas carga = Clasificar(omisiones, Omision::Tarea::Carga, cotejo_.Conexion());
-  Omitidas grabacion = Clasificar(omisiones, Omision::Tarea::Grabacion, cotejo_.Conexion());
-  grabacion.Perdidas = cotejo_.Perdidas(grabacion.Tablas);
+  const std::vector<Oida> oidas = std::exchange(oidas_, {});
+  const Omitidas carga = Clasificar(oidas, Omision::Tarea::Carga, cotejo_.Conexion());
+  const Omitidas grabacion = Clasificar(oidas, Omision::Tarea::Grabacion, cotejo_.Conexion());
   cotejo_.AnadirNoCargadas(carga.Filas);
   std::vector<Noticia> noticias = NoticiasDeGrabacion(grabacion);
   std::ranges::move(NoticiasDeCarga(carga), std::back_inserter(noticias));
   const std::vector<Fila>& noCargadas = cotejo_.NoCargadas();
-  if (!noCargadas.empty() && noCargadas != yaDichas_) {
-    yaDichas_ = noCargadas;
+  if (std::exchange(yaDichas_, noCargadas) != noCargadas && !noCargadas.empty()) {
     noticias.push_back(NoticiaDeNoCargadas(noCargadas));
     relato_.BorrariaFilas = true;
   }

@@ -11,6 +11,7 @@
 #include "salvaguarda/cotejo.h"
 #include "salvaguarda/fila.h"
 #include "salvaguarda/noticia.h"
+#include "salvaguarda/omitidas.h"
 #include "salvaguarda/recuperacion.h"
 #include "salvaguarda/registro.h"
 #include "salvaguarda/relato.h"
@@ -77,9 +78,12 @@ class Guardia {
   void AlGrabar(const Rango& rango);
   /// Whether the user wants to go on in spite of that.
   [[nodiscard]] bool Confirmar(const Reparos& reparos);
-  void DecirGemelas();
+  /// What the user should know of the rows that the working copy has, and of those that it hasn't.
+  void DecirLoQueVino();
   /// Notes that the working copy misses a table.
   void DarPorIncompleta();
+  /// Of a table that could not be saved, as the working copy has it.
+  [[nodiscard]] std::vector<Fila> LoQueHabiaQueGrabar(const services::Omision& omision);
   void Decir(const Noticia& noticia, const salvaguarda::Conceptos& conceptos);
 
   Bases bases_;
@@ -88,7 +92,7 @@ class Guardia {
   Registro registro_;
   std::string usuario_;
   Trato trato_;
-  std::vector<services::Omision> omisiones_;
+  std::vector<Oida> oidas_;
   std::vector<Fila> yaDichas_;
   std::vector<Fila> gemelasDichas_;
   Relato relato_;

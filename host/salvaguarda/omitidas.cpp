@@ -4,6 +4,7 @@
 #include <set>
 #include <string_view>
 
+#include "salvaguarda/consultas.h"
 #include "salvaguarda/sql.h"
 #include "salvaguarda/tablas.h"
 #include "valores/error.h"
@@ -58,53 +59,79 @@ bool DicenLoMismo(const Valor& a, const Valor& b) {
   return (a.EsNulo() && b.EsNulo()) || services::Igual(a, b).value_or(false);
 }
 
-/// Whether the stored table holds the row as it was to be written. What can't be looked at is not
-/// there.
-bool EstaIgual(const Omision& omision, sqlite::Conexion& almacenados) try {
+/// What the stored table holds under a row's key.
+enum class Guardada { Nada, Otra, LaMisma };
+
+/// What can't be looked at isn't there.
+Guardada BuscarGuardada(const Omision& omision, sqlite::Conexion& almacenados) try {
   const Tabla* tabla = BuscarTabla(omision.Tabla);
-  if (tabla == nullptr) return false;
+  if (tabla == nullptr) return Guardada::Nada;
   const std::string condicion = CondicionDe(omision, *tabla);
-  if (condicion.empty()) return false;
+  if (condicion.empty()) return Guardada::Nada;
   const auto hallada =
       almacenados.Consultar(sql::Juntar({"SELECT * FROM ", omision.Tabla, " WHERE ", condicion}));
-  if (hallada.Filas.Cuantas() != 1) return false;
+  if (hallada.Filas.Cuantas() != 1) return Guardada::Nada;
   for (std::size_t i = 0; i < hallada.Columnas.size(); ++i) {
     const std::string& nombre = hallada.Columnas[i].Nombre;
     if (!tabla->EsContenido(nombre)) continue;
     const auto campo = std::ranges::find(omision.Fila, nombre, &Omision::Campo::Nombre);
     if (campo != omision.Fila.end() && !DicenLoMismo(campo->Valor, hallada.Filas.En(0, i))) {
-      return false;
+      return Guardada::Otra;
     }
   }
-  return true;
+  return Guardada::LaMisma;
 } catch (const services::ErrorEjecucion&) {
-  return false;
+  return Guardada::Nada;
 }
 
-/// Where a row belongs that isn't as it was to be.
-std::vector<Fila>& Destino(Omitidas& omitidas, const Omision& omision) {
+/// Where a row of a load belongs.
+std::vector<Fila>& DeCarga(Omitidas& omitidas, const Omision& omision) {
+  if (DeUnaFactura(omision)) return omitidas.SinApuntes;
   if (omision.Que == Omision::Falta::Valor) return omitidas.Incompletas;
-  const bool apunte = omision.Tabla == "TempCajaPagos";
-  return apunte ? omitidas.Apuntes : omitidas.Filas;
+  return omision.Tabla == "TempCajaPagos" ? omitidas.Apuntes : omitidas.Filas;
+}
+
+/// Where a row of a commit belongs that isn't stored as it was to be.
+std::vector<Fila>& DeGrabacion(Omitidas& omitidas, const Omision& omision, Guardada guardada) {
+  if (omision.Que == Omision::Falta::Valor) return omitidas.Incompletas;
+  if (omision.Tabla == Apuntes().Nombre) return omitidas.SinEnlazar;
+  return guardada == Guardada::Otra ? omitidas.Repetidas : omitidas.Filas;
+}
+
+/// Those of the rows to be saved that the stored table hasn't now.
+std::vector<Fila> Perdidas(const Oida& oida, sqlite::Conexion& almacenados) try {
+  const Tabla* tabla = BuscarTabla(oida.Omision.Tabla);
+  if (tabla == nullptr || oida.PorGrabar.empty()) return oida.PorGrabar;
+  return Sin(oida.PorGrabar, sql::TodasLasFilas(almacenados, *tabla, ""));
+} catch (const services::ErrorEjecucion&) {
+  return oida.PorGrabar;
+}
+
+void Anadir(Omitidas& omitidas, const Oida& oida, sqlite::Conexion& almacenados) {
+  const Omision& omision = oida.Omision;
+  if (omision.Que == Omision::Falta::Tabla) {
+    const Fila fila = ComoFila(omision);
+    omitidas.Tablas.push_back({fila.Tabla, fila.Motivo, Perdidas(oida, almacenados)});
+  } else if (omision.Durante == Omision::Tarea::Carga) {
+    DeCarga(omitidas, omision).push_back(ComoFila(omision));
+  } else {
+    const Guardada guardada = BuscarGuardada(omision, almacenados);
+    if (guardada == Guardada::LaMisma) return;
+    DeGrabacion(omitidas, omision, guardada).push_back(ComoFila(omision));
+  }
 }
 
 }  // namespace
 
-Omitidas Clasificar(const std::vector<Omision>& omisiones, Omision::Tarea durante,
+Omitidas Clasificar(const std::vector<Oida>& oidas, Omision::Tarea durante,
                     sqlite::Conexion& almacenados) {
   Omitidas omitidas;
-  for (const Omision& omision : omisiones) {
-    if (omision.Durante != durante || omision.Que == Omision::Falta::Nada) continue;
-    if (omision.Que == Omision::Falta::Tabla) {
-      omitidas.Tablas.push_back(ComoFila(omision));
-    } else if (DeUnaFactura(omision)) {
-      omitidas.SinApuntes.push_back(ComoFila(omision));
-    } else if (durante == Omision::Tarea::Carga || !EstaIgual(omision, almacenados)) {
-      Destino(omitidas, omision).push_back(ComoFila(omision));
-    }
+  for (const Oida& oida : oidas) {
+    if (oida.Omision.Durante == durante) Anadir(omitidas, oida, almacenados);
   }
   std::set<Fila, PorSuClave> dichas(omitidas.Filas.begin(), omitidas.Filas.end());
   dichas.insert(omitidas.Apuntes.begin(), omitidas.Apuntes.end());
+  dichas.insert(omitidas.Repetidas.begin(), omitidas.Repetidas.end());
   std::erase_if(omitidas.Incompletas,
                 [&](const Fila& fila) { return !dichas.insert(fila).second; });
   return omitidas;

@@ -9,14 +9,30 @@
 
 namespace salvaguarda {
 
+/// What was passed over, as it was heard of.
+struct Oida {
+  services::Omision Omision;
+  /// Of a table that could not be saved, the rows that were to be.
+  std::vector<Fila> PorGrabar = {};
+};
+
+/// A table of which nothing was loaded or saved.
+struct TablaOmitida {
+  std::string Tabla;
+  std::string Motivo;
+  /// The rows that were to be saved and aren't stored.
+  std::vector<Fila> Perdidas = {};
+};
+
 /// What was passed over, sorted by what the user loses.
 struct Omitidas {
-  /// Tables of which nothing was loaded or saved, each with the reason.
-  std::vector<Fila> Tablas;
-  /// The rows that are gone with those of a commit.
-  std::vector<Fila> Perdidas;
+  std::vector<TablaOmitida> Tablas;
   /// Rows that are missing.
   std::vector<Fila> Filas;
+  /// Rows that could not be saved because others of their keys are stored, which stay.
+  std::vector<Fila> Repetidas;
+  /// Cash entries that could not be joined to their invoices.
+  std::vector<Fila> SinEnlazar;
   /// Cash entries that were not loaded: no commit deletes one.
   std::vector<Fila> Apuntes;
   /// Invoices whose cash entries could not be looked for.
@@ -27,7 +43,7 @@ struct Omitidas {
 
 /// Those of a load or of a commit. What a commit passed over and `almacenados` holds all the same,
 /// such as a row that another year's invoice of the same number brought along, is left out.
-[[nodiscard]] Omitidas Clasificar(const std::vector<services::Omision>& omisiones,
-                                  services::Omision::Tarea durante, sqlite::Conexion& almacenados);
+[[nodiscard]] Omitidas Clasificar(const std::vector<Oida>& oidas, services::Omision::Tarea durante,
+                                  sqlite::Conexion& almacenados);
 
 }  // namespace salvaguarda

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <iterator>
 #include <string>
+#include <utility>
 
 #include "salvaguarda/tablas.h"
 
@@ -10,8 +11,7 @@ namespace salvaguarda {
 namespace {
 
 constexpr const char* kYaNoEstan =
-    ". Estas filas ya no están entre lo grabado; lo que había antes está en Archivo, Recuperar una "
-    "copia";
+    "No están entre lo grabado; lo que había antes está en Archivo, Recuperar una copia";
 
 void Anadir(std::vector<Noticia>& noticias, const std::string& frase,
             const std::vector<Fila>& filas) {
@@ -19,39 +19,40 @@ void Anadir(std::vector<Noticia>& noticias, const std::string& frase,
 }
 
 /// A table in the user's words: "vencimientos (ProvVencimientos)"
-std::string LoSuyo(const Fila& fila) {
-  const Tabla* tabla = BuscarTabla(fila.Tabla);
-  return tabla ? std::string(tabla->Varias) + " (" + fila.Tabla + ")" : fila.Tabla;
-}
-
-/// With the rows of it that are gone.
-Noticia DeTablaSinGrabar(const Fila& tabla, const std::vector<Fila>& perdidas) {
-  Noticia noticia{"No se ha podido grabar nada de " + LoSuyo(tabla) + ": " + tabla.Motivo};
-  std::ranges::copy_if(perdidas, std::back_inserter(noticia.Filas),
-                       [&](const Fila& fila) { return fila.Tabla == tabla.Tabla; });
-  if (!noticia.Filas.empty()) noticia.Frase += kYaNoEstan;
-  return noticia;
+std::string EnPalabras(const std::string& nombre) {
+  const Tabla* tabla = BuscarTabla(nombre);
+  return tabla ? std::string(tabla->Varias) + " (" + nombre + ")" : nombre;
 }
 
 }  // namespace
 
 std::vector<Noticia> NoticiasDeGrabacion(const Omitidas& omitidas) {
   std::vector<Noticia> noticias;
-  for (const Fila& tabla : omitidas.Tablas) {
-    noticias.push_back(DeTablaSinGrabar(tabla, omitidas.Perdidas));
+  for (const TablaOmitida& tabla : omitidas.Tablas) {
+    std::string frase =
+        "No se ha podido grabar nada de " + EnPalabras(tabla.Tabla) + ": " + tabla.Motivo;
+    if (!tabla.Perdidas.empty()) frase.append(". ").append(kYaNoEstan);
+    noticias.push_back({std::move(frase), tabla.Perdidas});
   }
-  Anadir(noticias,
-         "No se han podido grabar estas filas, y ya no están entre lo grabado; lo que había antes "
-         "está en Archivo, Recuperar una copia",
+  Anadir(noticias, std::string("No se han podido grabar estas filas. ").append(kYaNoEstan),
          omitidas.Filas);
+  Anadir(
+      noticias,
+      "No se han podido grabar estas filas: ya hay otras con su número y su fecha, y siguen como "
+      "estaban",
+      omitidas.Repetidas);
+  Anadir(noticias,
+         "No se ha podido poner su factura a estos apuntes de caja, que siguen como estaban",
+         omitidas.SinEnlazar);
   Anadir(noticias, "Se han grabado sin alguno de sus valores", omitidas.Incompletas);
   return noticias;
 }
 
 std::vector<Noticia> NoticiasDeCarga(const Omitidas& omitidas) {
   std::vector<Noticia> noticias;
-  for (const Fila& tabla : omitidas.Tablas) {
-    noticias.push_back({"No se ha podido cargar nada de " + LoSuyo(tabla) + ": " + tabla.Motivo +
+  for (const TablaOmitida& tabla : omitidas.Tablas) {
+    noticias.push_back({"No se ha podido cargar nada de " + EnPalabras(tabla.Tabla) + ": " +
+                        tabla.Motivo +
                         ". La lista no está completa y no se podrá grabar: pulse Cancelar para "
                         "volver a cargarla"});
   }

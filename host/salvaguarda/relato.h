@@ -20,7 +20,7 @@ struct Relato {
 [[nodiscard]] std::vector<Noticia> NoticiasDeGrabacion(const Omitidas& omitidas);
 /// What is to be told of what a load passed over, but for the rows that a commit would delete.
 [[nodiscard]] std::vector<Noticia> NoticiasDeCarga(const Omitidas& omitidas);
-/// What is to be told of those.
+/// What is to be told of the rows of a range that a load left out.
 [[nodiscard]] Noticia NoticiaDeNoCargadas(const std::vector<Fila>& filas);
 /// What is to be told of numbers that more than one invoice has.
 [[nodiscard]] Noticia NoticiaDeGemelas(const std::vector<Fila>& filas);

@@ -2,8 +2,20 @@
 
 namespace salvaguarda {
 
+Reparos Reparos::Menos(const Reparos& otros) const {
+  return {SinCopia,
+          SinFoto && !otros.SinFoto,
+          Sin(SinSaber, otros.SinSaber),
+          Sin(DeOtros, otros.DeOtros),
+          Sin(YaGrabadas, otros.YaGrabadas),
+          Sin(NoCargadas, otros.NoCargadas)};
+}
+
 std::vector<Noticia> Noticias(const Reparos& reparos) {
   std::vector<Noticia> noticias;
+  const auto deFilas = [&](const char* frase, const std::vector<Fila>& filas) {
+    if (!filas.empty()) noticias.push_back({frase, filas});
+  };
   if (!reparos.SinCopia.empty()) {
     noticias.push_back(
         {"No se ha podido guardar una copia de lo que hay grabado, ni ver si otro usuario lo ha "
@@ -14,13 +26,16 @@ std::vector<Noticia> Noticias(const Reparos& reparos) {
     noticias.push_back(
         {"No se pudo mirar lo que había al cargar, y no se sabe si otro usuario lo ha cambiado"});
   }
-  if (!reparos.DeOtros.empty()) {
-    noticias.push_back({"Otro usuario ha cambiado lo que había al cargar", reparos.DeOtros});
-  }
-  if (!reparos.NoCargadas.empty()) {
-    noticias.push_back(
-        {"Hay filas del rango que no se cargaron, y que se borrarían", reparos.NoCargadas});
-  }
+  deFilas(
+      "No se sabe qué había al cargar: estas filas no están así entre lo grabado, y se grabarían "
+      "como están en la lista",
+      reparos.SinSaber);
+  deFilas("Otro usuario ha cambiado lo que había al cargar", reparos.DeOtros);
+  deFilas(
+      "Estas facturas ya están grabadas con vencimientos de otras fechas, y lo entrado con su "
+      "número se les añadiría",
+      reparos.YaGrabadas);
+  deFilas("Hay filas del rango que no se cargaron, y que se borrarían", reparos.NoCargadas);
   return noticias;
 }
 

@@ -74,7 +74,8 @@ struct ICierre : IUnknown {
       0x8A1F65C7, 0x30D4, 0x4E2B, {0xB9, 0x5C, 0x0E, 0x71, 0xA2, 0x4D, 0x96, 0xF8}};
 
   /// Why a yes couldn't save now what is on the screen, in words for the user; the empty text when
-  /// it could, and when there is no screen.
+  /// it could, when there is no screen, and from a thread from which closing fails anyway. It holds
+  /// until the next call.
   virtual const char* MotivoParaNoCerrar() noexcept = 0;
 
  protected:

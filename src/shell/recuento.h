@@ -13,6 +13,7 @@ class Recuento {
   Recuento() = default;
   ~Recuento() { Avisar(0); }
   Recuento(const Recuento&) = delete;
+  Recuento& operator=(const Recuento&) = delete;
 
   /// A main form that another one takes the place of has none any more.
   void Decir(std::int32_t cuantos, const services::Ref<services::IForm>& principal);

@@ -48,6 +48,17 @@ TEST_F(RescateEnVentana, LaQueYaSeVacioNoSeRetoma) {
   EXPECT_FALSE(custodia.PorRetomar());
 }
 
+TEST_F(RescateEnVentana, LaQueNoSePuedeApartarNoSePierde) {
+  DejarUnaCopia();
+  custodia.Elegir = [this](const anfitrion::PreguntaConTexto& pregunta) {
+    dicho.push_back(pregunta.Texto.toStdString());
+    fs::remove_all(carpeta.Camino());
+    return 0;
+  };
+  EXPECT_FALSE(custodia.OfrecerRescate());
+  EXPECT_THAT(dicho.back(), HasSubstr("no se abre para no perderla"));
+}
+
 TEST_F(RescateEnVentana, LaCopiaQueQuedoSeGuardaAparte) {
   DejarUnaCopia();
   EXPECT_TRUE(custodia.OfrecerRescate());
@@ -146,6 +157,22 @@ TEST_F(CopiaAparte, LaDeOtrasTablasYLaQueNoEsUnaCopiaSeDicen) {
   AbrirAparte();
   EXPECT_THAT(dicho.back(), HasSubstr("No se ha podido abrir la copia"));
   EXPECT_FALSE(custodia.PorRetomar());
+}
+
+TEST_F(CopiaAparte, LaQueQuedoSinOfrecerSeGuardaAparteTambien) {
+  datos.DeTrabajo->Ejecutar(
+      "INSERT INTO TempProvFacturas (NConcepto, Factura, Año) VALUES ('2', 'OTRA', '2005')");
+  AbrirAparte();
+  ASSERT_THAT(dicho, SizeIs(2));
+  EXPECT_THAT(dicho[1], HasSubstr("La copia de trabajo que había queda guardada en"));
+  EXPECT_EQ(Apartados(), 2) << "aunque sea en el mismo segundo";
+  EXPECT_TRUE(custodia.PorRetomar());
+}
+
+TEST_F(CopiaAparte, ElFicheroDeLaEmpresaNoLoEs) {
+  aparte = datos.NombreAlmacenados;
+  AbrirAparte();
+  EXPECT_THAT(dicho, ElementsAre(HasSubstr("no tiene ninguna copia de trabajo")));
 }
 
 /// Half a copy would be saved as a whole one.

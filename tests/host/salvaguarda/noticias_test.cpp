@@ -49,23 +49,28 @@ TEST(ReparosAGrabar, CadaUnoSeDice) {
 TEST(RelatoDeLoOmitido, DeUnaGrabacion) {
   Omitidas omitidas;
   EXPECT_THAT(NoticiasDeGrabacion(omitidas), IsEmpty());
-  omitidas.Tablas = {{"ProvBasesIva", "", "", "", "", "no se abre"}};
-  omitidas.Perdidas = {kApunte, {"ProvBasesIva", "400", "F-1", "2005", "2"}};
+  omitidas.Tablas = {{"ProvBasesIva", "no se abre", {{"ProvBasesIva", "400", "F-1", "2005", "2"}}},
+                     {"ProvFacturas", "no se abre"}};
   omitidas.Filas = {kFactura};
+  omitidas.Repetidas = {kFactura};
+  omitidas.SinEnlazar = {kApunte};
   omitidas.Incompletas = {kFactura};
   EXPECT_THAT(
       NoticiasDeGrabacion(omitidas),
       ElementsAre(
           AllOf(Dice("No se ha podido grabar nada de bases de IVA (ProvBasesIva): no se abre. "
-                     "Estas filas ya no están entre lo grabado"),
+                     "No están entre lo grabado"),
                 Field(&Noticia::Filas, SizeIs(1))),
-          Dice("ya no están entre lo grabado"), Dice("sin alguno de sus valores")));
+          Field(&Noticia::Frase,
+                "No se ha podido grabar nada de facturas (ProvFacturas): no se abre"),
+          Dice("No están entre lo grabado"), Dice("siguen como estaban"),
+          Dice("poner su factura a estos apuntes"), Dice("sin alguno de sus valores")));
 }
 
 TEST(RelatoDeLoOmitido, DeUnaCarga) {
   Omitidas omitidas;
   EXPECT_THAT(NoticiasDeCarga(omitidas), IsEmpty());
-  omitidas.Tablas = {{"ProvBasesIva", "", "", "", "", "no se abre"}};
+  omitidas.Tablas = {{"ProvBasesIva", "no se abre"}};
   omitidas.SinApuntes = {kFactura};
   omitidas.Incompletas = {kFactura};
   omitidas.Apuntes = {kApunte};
@@ -134,18 +139,17 @@ TEST(CambioDeOtro, DiceLosVencimientosSiElTotalEsElMismo) {
 
 TEST(LoOmitido, MuchasIncompletasSeClasificanEnseguida) {
   constexpr int kCuantas = 60'000;
-  std::vector<services::Omision> omisiones;
+  std::vector<salvaguarda::Oida> oidas;
   for (int i = 0; i < 2 * kCuantas; ++i) {
-    omisiones.push_back({services::Omision::Tarea::Carga,
-                         services::Omision::Falta::Valor,
-                         "TempProvFacturas",
-                         {{"NConcepto", "1"}, {"Factura", std::to_string(i / 2)}, {"Año", "2005"}},
-                         {1, "no cabe"}});
+    oidas.push_back({{services::Omision::Tarea::Carga,
+                      services::Omision::Falta::Valor,
+                      "TempProvFacturas",
+                      {{"NConcepto", "1"}, {"Factura", std::to_string(i / 2)}, {"Año", "2005"}},
+                      {1, "no cabe"}}});
   }
   const auto base = sqlite::AbrirConexion(":memory:", {.Crear = true});
   const auto desde = std::chrono::steady_clock::now();
-  const Omitidas omitidas =
-      salvaguarda::Clasificar(omisiones, services::Omision::Tarea::Carga, *base);
+  const Omitidas omitidas = salvaguarda::Clasificar(oidas, services::Omision::Tarea::Carga, *base);
   EXPECT_LT(std::chrono::steady_clock::now() - desde, std::chrono::seconds(10));
   EXPECT_THAT(omitidas.Incompletas, SizeIs(kCuantas));
 }
