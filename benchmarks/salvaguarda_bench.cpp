@@ -4,7 +4,8 @@
 #include "medida.h"
 #include "salvaguarda/guardia.h"
 
-// What the suite's guard adds to a load and to a commit: its picture, its copy, its comparison.
+// What the suite's guard adds to a load and to a commit: its picture, its copy, its comparison; and
+// what it takes when another user has changed the whole month.
 
 namespace medidas {
 namespace {
@@ -33,6 +34,48 @@ void Ampliar(const apoyo::NegocioDePrueba& negocio, int veces) {
   datos->Ejecutar("PRAGMA wal_checkpoint(TRUNCATE)");
 }
 
+/// A component at work on March, and a guard beside it that sees nothing of it by itself.
+class Puesto {
+ public:
+  explicit Puesto(const apoyo::NegocioDePrueba& negocio) : negocio_(negocio) {}
+
+  double AlComenzar(salvaguarda::Comienzo::Tarea tarea) {
+    const double segundos = Segundos([&] { guardia_.AlComenzar({tarea, kRango}); });
+    datos_->AbandonarUnidad();
+    return segundos;
+  }
+  double Cargar() {
+    return Segundos([&] { sesion_.Cargar(); });
+  }
+  double Grabar() {
+    return Segundos([&] { sesion_.Grabar(); });
+  }
+  /// What was copied before the last "Grabar", beside what is stored.
+  double CompararCopia() {
+    const salvaguarda::Copia copia = guardia_.Copias().at(0);
+    return Segundos([&] { (void)guardia_.Comparar(copia); });
+  }
+
+ private:
+  static inline const salvaguarda::Rango kRango{apoyo::kRangoDeMarzo.Desde,
+                                                apoyo::kRangoDeMarzo.Hasta};
+
+  const apoyo::NegocioDePrueba& negocio_;
+  pruebas::CarpetaTemporal carpeta_;
+  services::Ref<sqlite::Conexion> datos_ = negocio_.AbrirDatos();
+  services::Ref<sqlite::Conexion> temp_ = negocio_.AbrirTemp();
+  salvaguarda::Guardia guardia_{
+      {datos_, temp_, negocio_.FicheroDatos(), carpeta_.Fichero("trabajo.foto")},
+      {carpeta_.Fichero("copias"), carpeta_.Fichero("registro.txt")},
+      "ANA",
+      {[] { return apoyo::kMarzo; }, [](const std::string&) { return true; }}};
+  apoyo::SesionSinPantalla sesion_{services::Ref<services::Conexion>(datos_),
+                                   services::Ref<services::Conexion>(temp_), apoyo::kMarzo,
+                                   apoyo::kRangoDeMarzo};
+};
+
+using Tarea = salvaguarda::Comienzo::Tarea;
+
 struct Parte {
   double Carga;
   double AlCargar;
@@ -42,25 +85,12 @@ struct Parte {
 
 /// A load and a commit of the component, and what the guard does beside each.
 Parte Medir(const apoyo::NegocioDePrueba& negocio) {
-  const pruebas::CarpetaTemporal carpeta;
-  const auto datos = negocio.AbrirDatos();
-  const auto temp = negocio.AbrirTemp();
-  salvaguarda::Guardia guardia(
-      {datos, temp, negocio.FicheroDatos(), carpeta.Fichero("trabajo.foto")},
-      {carpeta.Fichero("copias"), carpeta.Fichero("registro.txt")}, "ANA",
-      {[] { return apoyo::kMarzo; },
-       [](const std::string& pregunta) -> bool { throw std::logic_error(pregunta); }});
-  apoyo::SesionSinPantalla sesion{services::Ref<services::Conexion>(datos),
-                                  services::Ref<services::Conexion>(temp), apoyo::kMarzo,
-                                  apoyo::kRangoDeMarzo};
-  const salvaguarda::Rango rango{apoyo::kRangoDeMarzo.Desde, apoyo::kRangoDeMarzo.Hasta};
-  using Tarea = salvaguarda::Comienzo::Tarea;
+  Puesto puesto(negocio);
   Parte parte{};
-  parte.AlCargar = Segundos([&] { guardia.AlComenzar({Tarea::Carga, rango}); });
-  parte.Carga = Segundos([&] { sesion.Cargar(); });
-  parte.AlGrabar = Segundos([&] { guardia.AlComenzar({Tarea::Grabacion, rango}); });
-  datos->AbandonarUnidad();
-  parte.Grabacion = Segundos([&] { sesion.Grabar(); });
+  parte.AlCargar = puesto.AlComenzar(Tarea::Carga);
+  parte.Carga = puesto.Cargar();
+  parte.AlGrabar = puesto.AlComenzar(Tarea::Grabacion);
+  parte.Grabacion = puesto.Grabar();
   return parte;
 }
 
@@ -91,6 +121,76 @@ void Salvaguarda(benchmark::State& state) {
   state.counters["en_almacen_de_10"] = enGrande.Mediana() / alGrabar.Mediana();
 }
 BENCHMARK(Salvaguarda)->Apply(Tamanos);
+
+/// All invoices, which are of two hundred suppliers, become the first one's.
+void DejarUnProveedor(const apoyo::NegocioDePrueba& negocio) {
+  const auto datos = negocio.AbrirDatos();
+  datos->Ejecutar(
+      "BEGIN; UPDATE ProvFacturas SET NConcepto = '1'; UPDATE ProvBasesIva SET NConcepto = '1'; "
+      "UPDATE ProvVencimientos SET NConcepto = '1'; COMMIT; PRAGMA wal_checkpoint(TRUNCATE)");
+}
+
+void CambiarTodas(const apoyo::NegocioDePrueba& negocio) {
+  const auto datos = negocio.AbrirDatos();
+  datos->Ejecutar(
+      "BEGIN; UPDATE ProvFacturas SET Total = Total + 1; UPDATE ProvVencimientos SET Importe = "
+      "Importe + 1; COMMIT; PRAGMA wal_checkpoint(TRUNCATE)");
+}
+
+struct ConOtro {
+  double AlGrabar;
+  double Grabacion;
+  double Comparacion;
+};
+
+/// A commit of what another user has changed whole since the load, and the comparison of its copy.
+ConOtro MedirConOtro(const apoyo::NegocioDePrueba& negocio) {
+  Puesto puesto(negocio);
+  puesto.AlComenzar(Tarea::Carga);
+  puesto.Cargar();
+  CambiarTodas(negocio);
+  ConOtro parte{};
+  parte.AlGrabar = puesto.AlComenzar(Tarea::Grabacion);
+  parte.Grabacion = puesto.Grabar();
+  parte.Comparacion = puesto.CompararCopia();
+  return parte;
+}
+
+void LoDeOtros(benchmark::State& state) {
+  const auto facturas = state.range(0);
+  const apoyo::NegocioDePrueba negocio(apoyo::Tamano{static_cast<int>(facturas), kApuntes});
+  const apoyo::NegocioDePrueba deUno(negocio);
+  DejarUnProveedor(deUno);
+  Tiempos alGrabar;
+  Tiempos grabacion;
+  Tiempos comparacion;
+  Tiempos alGrabarDeUno;
+  Tiempos comparacionDeUno;
+  for (auto vuelta : state) {
+    (void)vuelta;
+    for (int i = 0; i < Repeticiones(facturas); ++i) {
+      const ConOtro parte = MedirConOtro(apoyo::NegocioDePrueba(negocio));
+      alGrabar.Anadir(parte.AlGrabar);
+      grabacion.Anadir(parte.Grabacion);
+      comparacion.Anadir(parte.Comparacion);
+      const ConOtro deUnProveedor = MedirConOtro(apoyo::NegocioDePrueba(deUno));
+      alGrabarDeUno.Anadir(deUnProveedor.AlGrabar);
+      comparacionDeUno.Anadir(deUnProveedor.Comparacion);
+    }
+    state.SetIterationTime(alGrabar.Mediana());
+  }
+  state.counters["parte_de_grabar"] = alGrabar.Mediana() / grabacion.Mediana();
+  state.counters["comparar_parte_de_grabar"] = comparacion.Mediana() / grabacion.Mediana();
+  state.counters["de_un_proveedor"] = alGrabarDeUno.Mediana() / alGrabar.Mediana();
+  state.counters["comparar_de_un_proveedor"] = comparacionDeUno.Mediana() / comparacion.Mediana();
+}
+BENCHMARK(LoDeOtros)
+    ->ArgName("facturas")
+    ->Arg(1'000)
+    ->Arg(10'000)
+    ->Iterations(1)
+    ->UseManualTime()
+    ->Unit(benchmark::kMillisecond);
 
 }  // namespace
 }  // namespace medidas

@@ -25,15 +25,24 @@ std::string Vacio() {
          "CREATE TEMP TABLE AmbitoCaja (idSucursal, FechaHora, Tipo);";
 }
 
-/// The rows of a statement of many values at a time.
+/// In statements of many rows each.
 std::string Insertar(std::string_view tabla, const std::vector<std::string>& filas) {
   constexpr std::size_t kDeUnaVez = 500;
   std::string texto;
   for (std::size_t i = 0; i < filas.size(); ++i) {
-    texto += i % kDeUnaVez == 0 ? Juntar({";INSERT OR IGNORE INTO ", tabla, " VALUES "}) : ",";
-    texto += "(" + filas[i] + ")";
+    if (i % kDeUnaVez == 0) texto += Juntar({"INSERT OR IGNORE INTO ", tabla, " VALUES "});
+    const bool ultima = (i + 1) % kDeUnaVez == 0 || i + 1 == filas.size();
+    texto += Juntar({"(", filas[i], ultima ? ");" : "),"});
   }
-  return texto + ";";
+  return texto;
+}
+
+std::string InsertarDe(std::string_view tabla, std::string_view consulta) {
+  return Juntar({"INSERT OR IGNORE INTO ", tabla, " ", consulta, ";"});
+}
+
+std::string Crear(std::string_view tabla, std::string_view consulta) {
+  return Juntar({"CREATE TABLE ", tabla, " AS ", consulta, ";"});
 }
 
 std::vector<std::string> Valores(const std::vector<ClavesDeTrabajo::Factura>& claves) {
@@ -52,18 +61,21 @@ std::vector<std::string> Valores(const std::vector<std::string>& conceptos) {
   return filas;
 }
 
-/// The stored rows that bear the keys.
+std::string EnLaCopia(const Tabla& tabla) {
+  return Juntar({"copia.", tabla.Nombre});
+}
+
+/// The stored rows that bear the keys, and the keys.
 std::string PorClaves() {
   std::string todo;
   for (const Tabla& tabla : TablasDeFactura()) {
-    todo += Juntar(
-        {"CREATE TABLE copia.", tabla.Nombre, " AS ", sql::FilasDe(tabla, "temp.Ambito"), ";"});
+    todo += Crear(EnLaCopia(tabla), sql::FilasDe(tabla, "temp.Ambito"));
   }
-  return todo + "CREATE TABLE copia.ProvPrevisionPagos AS " +
-         sql::PrevisionesCon("temp.AmbitoPrevision") + ";CREATE TABLE copia.CajaPagos AS " +
-         sql::ApuntesCon("temp.AmbitoCaja") + ";" + sql::CrearClaves("copia", "Claves") +
-         "INSERT INTO copia.Claves SELECT * FROM temp.Ambito;"
-         "CREATE TABLE copia.ClavesPrevision AS SELECT * FROM temp.AmbitoPrevision;";
+  return todo + Crear(EnLaCopia(Previsiones()), sql::PrevisionesCon("temp.AmbitoPrevision")) +
+         Crear(EnLaCopia(Apuntes()), sql::ApuntesCon("temp.AmbitoCaja")) +
+         sql::CrearClaves("copia", "Claves") +
+         InsertarDe("copia.Claves", "SELECT * FROM temp.Ambito") +
+         Crear("copia.ClavesPrevision", "SELECT * FROM temp.AmbitoPrevision");
 }
 
 /// The keys that a working table holds, as `t`.
@@ -112,57 +124,52 @@ ClavesDeTrabajo ClavesDeTrabajo::Nuevas(sqlite::Conexion& deTrabajo, const std::
 }
 
 std::string CopiaDeGrabacion(const Rango& rango, const ClavesDeTrabajo& claves) {
-  return Vacio() + "INSERT OR IGNORE INTO temp.DelRango " + sql::ClavesDelRango(rango) +
-         ";INSERT OR IGNORE INTO temp.DelRango SELECT * FROM foto.DelRango;"
-         "INSERT INTO temp.Ambito SELECT * FROM temp.DelRango;"
-         "INSERT OR IGNORE INTO temp.Ambito SELECT * FROM foto.Claves" +
+  return Vacio() + InsertarDe("temp.DelRango", sql::ClavesDelRango(rango)) +
+         InsertarDe("temp.DelRango", "SELECT * FROM foto.DelRango") +
+         InsertarDe("temp.Ambito", "SELECT * FROM temp.DelRango") +
+         InsertarDe("temp.Ambito", "SELECT * FROM foto.Claves") +
          Insertar("temp.DeTrabajo", Valores(claves.Facturas)) +
          Insertar("temp.PrevisionDeTrabajo", Valores(claves.Previsiones)) +
-         "INSERT OR IGNORE INTO temp.Ambito SELECT * FROM temp.DeTrabajo;"
-         "INSERT INTO temp.AmbitoPrevision SELECT * FROM temp.PrevisionDeTrabajo;"
-         "INSERT OR IGNORE INTO temp.AmbitoPrevision SELECT NConcepto FROM (" +
-         sql::PrevisionesDe(rango) +
-         ");INSERT OR IGNORE INTO temp.AmbitoPrevision SELECT NConcepto FROM "
-         "foto.ProvPrevisionPagos;"
-         "INSERT INTO temp.AmbitoCaja SELECT idSucursal, FechaHora, Tipo FROM foto.CajaPagos;" +
+         InsertarDe("temp.Ambito", "SELECT * FROM temp.DeTrabajo") +
+         InsertarDe("temp.AmbitoPrevision", "SELECT * FROM temp.PrevisionDeTrabajo") +
+         InsertarDe("temp.AmbitoPrevision",
+                    Juntar({"SELECT NConcepto FROM (", sql::PrevisionesDe(rango), ")"})) +
+         InsertarDe("temp.AmbitoPrevision", "SELECT NConcepto FROM foto.ProvPrevisionPagos") +
+         InsertarDe("temp.AmbitoCaja", "SELECT idSucursal, FechaHora, Tipo FROM foto.CajaPagos") +
          PorClaves();
 }
 
 std::string CopiaDeFoto(const ClavesDeTrabajo& nuevas) {
   std::string todo =
-      sql::CrearClaves("copia", "Claves") + "INSERT INTO copia.Claves SELECT * FROM foto.Claves";
-  todo += Insertar("copia.Claves", Valores(nuevas.Facturas)) +
-          "CREATE TABLE copia.ClavesPrevision AS SELECT NConcepto FROM foto.ProvPrevisionPagos" +
-          Insertar("copia.ClavesPrevision", Valores(nuevas.Previsiones));
+      sql::CrearClaves("copia", "Claves") +
+      InsertarDe("copia.Claves", "SELECT * FROM foto.Claves") +
+      Insertar("copia.Claves", Valores(nuevas.Facturas)) +
+      Crear("copia.ClavesPrevision", "SELECT NConcepto FROM foto.ProvPrevisionPagos") +
+      Insertar("copia.ClavesPrevision", Valores(nuevas.Previsiones));
   for (const Tabla& tabla : Tablas()) {
-    todo +=
-        Juntar({"CREATE TABLE copia.", tabla.Nombre, " AS SELECT * FROM foto.", tabla.Nombre, ";"});
+    todo += Crear(EnLaCopia(tabla), Juntar({"SELECT * FROM foto.", tabla.Nombre}));
   }
   return todo;
 }
 
-std::size_t Guardadas(sqlite::Conexion& base, const ClavesDeTrabajo& claves) {
+std::string CopiaDeCopia(std::string_view nombre) {
+  const auto suyas = [&](std::string_view columnas, std::string_view tabla) {
+    return Juntar({"SELECT ", columnas, " FROM ", nombre, ".", tabla});
+  };
+  return Vacio() + InsertarDe("temp.Ambito", suyas("*", "Claves")) +
+         InsertarDe("temp.AmbitoPrevision", suyas("*", "ClavesPrevision")) +
+         InsertarDe("temp.AmbitoCaja", suyas("idSucursal, FechaHora, Tipo", "CajaPagos")) +
+         PorClaves();
+}
+
+bool HayGuardadas(sqlite::Conexion& base, const ClavesDeTrabajo& claves) {
   base.Ejecutar(Vacio() + Insertar("temp.Ambito", Valores(claves.Facturas)) +
                 Insertar("temp.AmbitoPrevision", Valores(claves.Previsiones)));
   std::string consulta = sql::PrevisionesCon("temp.AmbitoPrevision", "1");
   for (const Tabla& tabla : TablasDeFactura()) {
     consulta += " UNION ALL " + sql::FilasDe(tabla, "temp.Ambito", "1");
   }
-  return base.Consultar(consulta).Filas.Cuantas();
-}
-
-std::string CopiaDeCopia(std::string_view nombre) {
-  const auto traer = [&](std::string_view claves, std::string_view de) {
-    return Juntar({"INSERT INTO temp.", claves, " ", de, ";"});
-  };
-  const auto todo = [&](std::string_view tabla) {
-    return Juntar({"SELECT * FROM ", nombre, ".", tabla});
-  };
-  return Vacio() + traer("Ambito", todo("Claves")) +
-         traer("AmbitoPrevision", todo("ClavesPrevision")) +
-         traer("AmbitoCaja",
-               Juntar({"SELECT idSucursal, FechaHora, Tipo FROM ", nombre, ".CajaPagos"})) +
-         PorClaves();
+  return base.Consultar(consulta + " LIMIT 1").Filas.Cuantas() > 0;
 }
 
 }  // namespace salvaguarda

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <cstddef>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -27,10 +26,11 @@ struct ClavesDeTrabajo {
   [[nodiscard]] bool Ninguna() const { return Facturas.empty() && Previsiones.empty(); }
 };
 
-// What fills the attached file `copia`, as SQL. The keys of what it is about stand in three tables
-// of the connection's own: `temp.Ambito` for the invoices, `temp.AmbitoPrevision` and
-// `temp.AmbitoCaja`; in `temp.DelRango` those of the invoices that a commit deletes; in
-// `temp.DeTrabajo` and `temp.PrevisionDeTrabajo` what it writes.
+// What fills the attached file `copia`, as SQL. But for the copy of a picture, which needs none of
+// them, the keys of what it is about stand in three tables of the connection's own: `temp.Ambito`
+// for the invoices, `temp.AmbitoPrevision` and `temp.AmbitoCaja`. For a commit those of the
+// invoices that it deletes stand in `temp.DelRango`, and what it writes in `temp.DeTrabajo` and
+// `temp.PrevisionDeTrabajo`.
 
 /// For a commit of `rango`: the stored rows that it deletes, those that the picture holds, and
 /// those that bear a key of the working copy.
@@ -40,7 +40,7 @@ struct ClavesDeTrabajo {
 [[nodiscard]] std::string CopiaDeFoto(const ClavesDeTrabajo& nuevas);
 /// The stored rows that the attached copy `nombre` is about.
 [[nodiscard]] std::string CopiaDeCopia(std::string_view nombre);
-/// How many stored rows bear one of the keys.
-[[nodiscard]] std::size_t Guardadas(sqlite::Conexion& base, const ClavesDeTrabajo& claves);
+/// Whether any stored row bears one of the keys.
+[[nodiscard]] bool HayGuardadas(sqlite::Conexion& base, const ClavesDeTrabajo& claves);
 
 }  // namespace salvaguarda

@@ -74,7 +74,7 @@ std::string Cotejo::FilasDeLaCopia(const Rango& rango) {
   sinCambios_ = foto_.SigueIgual();
   if (sinCambios_) {
     const auto nuevas = ClavesDeTrabajo::Nuevas(*deTrabajo_, ficheroFoto_);
-    if (nuevas.Ninguna() || Guardadas(foto_.Conexion(), nuevas) == 0) return CopiaDeFoto(nuevas);
+    if (nuevas.Ninguna() || !HayGuardadas(foto_.Conexion(), nuevas)) return CopiaDeFoto(nuevas);
     sinCambios_ = false;
   }
   return CopiaDeGrabacion(rango, ClavesDeTrabajo::Leer(*deTrabajo_));
