@@ -11,6 +11,7 @@
 #include "anfitrion/fechas.h"
 #include "anfitrion/texto_de_rescate.h"
 #include "salvaguarda/aparte.h"
+#include "salvaguarda/conexion_de_trabajo.h"
 #include "salvaguarda/conexion_guardada.h"
 #include "salvaguarda/noticia.h"
 #include "valores/error.h"
@@ -51,8 +52,13 @@ Custodia::Custodia(QWidget& ventana, const Datos& datos, const Opciones& opcione
           [yo] {
             if (yo) yo->ContarDespues();
           },
-          opciones.AvisarDeOtros});
+          opciones.AvisarDeOtros,
+          [yo] { return yo ? ApartarDejada(yo->datos_).string() : std::string(); },
+          [yo](const std::string& texto) {
+            if (yo) yo->AlDejar(QString::fromStdString(texto));
+          }});
   almacenados_ = services::Crear<salvaguarda::ConexionGuardada>(datos.Almacenados, guardia_);
+  deTrabajo_ = services::Crear<salvaguarda::ConexionDeTrabajo>(datos.DeTrabajo, guardia_);
   Elegir = [this](const PreguntaConTexto& pregunta) { return Preguntar(ventana_, pregunta); };
 }
 
@@ -125,6 +131,7 @@ void Custodia::Ofrecer(const salvaguarda::Rescate& rescate) {
   if (respuesta == kSinElla) return guardia_->Anotar("Se sigue sin la copia de trabajo que quedó");
   // Also when it is opened: what is closed without saving is then still there.
   const std::string aparte = Apartar();
+  guardia_->DarPorVisto();
   if (respuesta == kAparte) return DecirDondeQueda(aparte);
   Retomar(rescate);
 }

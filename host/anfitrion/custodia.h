@@ -22,8 +22,9 @@ class Custodia final : public QObject {
  public:
   Custodia(QWidget& ventana, const Datos& datos, const Opciones& opciones);
 
-  /// What components are to be given for the stored tables.
+  /// What components are to be given for the stored tables, and for the working ones.
   [[nodiscard]] services::Ref<services::Conexion> Almacenados() const { return almacenados_; }
+  [[nodiscard]] services::Ref<services::Conexion> DeTrabajo() const { return deTrabajo_; }
   [[nodiscard]] salvaguarda::Guardia& Guardia() const { return *guardia_; }
 
   /// Copies the whole stored file, at the first start of the day. A failure is told and logged.
@@ -46,6 +47,8 @@ class Custodia final : public QObject {
   /// back; whether it did.
   void Recuperar(const std::function<bool()>& cerrar);
 
+  /// Something accepted was let go of without saving, and is kept in a file.
+  std::function<void(const QString&)> AlDejar = [](const QString&) {};
   /// Puts a question to the user; the answer's number, from 0.
   std::function<int(const PreguntaConTexto&)> Elegir;
   /// Closes the component's screen, when the user would rather not go on.
@@ -67,6 +70,7 @@ class Custodia final : public QObject {
   Datos datos_;
   std::shared_ptr<salvaguarda::Guardia> guardia_;
   services::Ref<services::Conexion> almacenados_;
+  services::Ref<services::Conexion> deTrabajo_;
   std::optional<salvaguarda::Rango> porRetomar_;
   bool porContar_ = false;
 };

@@ -2,6 +2,7 @@
 
 #include <QDateTime>
 #include <QStandardPaths>
+#include <set>
 
 #include "anfitrion/fechas.h"
 #include "esquema/esquema_sqlite.h"
@@ -82,9 +83,9 @@ void ExigirFichero(const std::string& texto) {
 }
 
 /// Beside the file, with the date and the time, and a number where two are kept in a second.
-fs::path NombreLibre(const fs::path& fichero) {
+fs::path NombreLibre(const fs::path& fichero, const std::string& clase = "") {
   const std::string ahora =
-      QDateTime::currentDateTime().toString("-yyyy-MM-dd-HHmmss").toStdString();
+      clase + QDateTime::currentDateTime().toString("-yyyy-MM-dd-HHmmss").toStdString();
   const auto con = [&](const std::string& cual) {
     fs::path nombre = fichero;
     return nombre.replace_filename(fichero.stem().string() + ahora + cual +
@@ -93,6 +94,30 @@ fs::path NombreLibre(const fs::path& fichero) {
   fs::path libre = con("");
   for (int i = 2; fs::exists(libre); ++i) libre = con("-" + std::to_string(i));
   return libre;
+}
+
+// The component keeps its connection to the end of the program, so the file is copied by the
+// engine, which leaves nothing behind in a journal.
+fs::path ApartarEn(const Datos& datos, fs::path aparte) {
+  datos.DeTrabajo->TerminarUnidad();
+  datos.DeTrabajo->CopiarEn(aparte.string());
+  return aparte;
+}
+
+constexpr const char* kDejada = "-dejada";
+
+/// Those of the kind of the one just made that are too many, which itself stays.
+void QuitarViejas(const fs::path& nueva) {
+  constexpr std::size_t kQuedan = 10;
+  const std::string nombre = nueva.filename().string();
+  const std::string principio = nombre.substr(0, nombre.find(kDejada)) + kDejada;
+  std::set<fs::path> suyas;
+  std::error_code ignorado;
+  for (const auto& entrada : fs::directory_iterator(nueva.parent_path(), ignorado)) {
+    const std::string una = entrada.path().filename().string();
+    if (una.starts_with(principio) && una != nombre) suyas.insert(entrada.path());
+  }
+  for (; suyas.size() >= kQuedan; suyas.erase(suyas.begin())) fs::remove(*suyas.begin(), ignorado);
 }
 
 }  // namespace
@@ -104,11 +129,12 @@ fs::path CarpetaDeDatos(const Opciones& opciones) {
 }
 
 fs::path ApartarDeTrabajo(const Datos& datos) {
-  const fs::path aparte = NombreLibre(datos.NombreDeTrabajo);
-  // The component keeps its connection to the end of the program, so the file is copied by the
-  // engine, which leaves nothing behind in a journal.
-  datos.DeTrabajo->TerminarUnidad();
-  datos.DeTrabajo->CopiarEn(aparte.string());
+  return ApartarEn(datos, NombreLibre(datos.NombreDeTrabajo));
+}
+
+fs::path ApartarDejada(const Datos& datos) {
+  const fs::path aparte = ApartarEn(datos, NombreLibre(datos.NombreDeTrabajo, kDejada));
+  QuitarViejas(aparte);
   return aparte;
 }
 

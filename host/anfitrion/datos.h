@@ -31,6 +31,10 @@ struct Datos {
 /// gives. Throws `ErrorEjecucion` with a text for the user.
 [[nodiscard]] std::filesystem::path ApartarDeTrabajo(const Datos& datos);
 
+/// The same for one that is let go of without anybody asking for it: under a name of that kind, of
+/// which the last ten stay.
+[[nodiscard]] std::filesystem::path ApartarDejada(const Datos& datos);
+
 /// The folder of the suite's own files.
 [[nodiscard]] std::filesystem::path CarpetaDeDatos(const Opciones& opciones);
 

@@ -21,6 +21,9 @@
 namespace anfitrion {
 namespace {
 
+/// How long a message stays in the status bar, in milliseconds.
+constexpr int kEnEstado = 30'000;
+
 /// The sign of what isn't saved goes first: there it shows in a narrow place, too.
 constexpr const char* kTitulo = "[*]Sorvex";
 
@@ -86,10 +89,13 @@ VentanaPrincipal::VentanaPrincipal(const Opciones& opciones, const Datos& datos)
                               pantalla.height() * services::kTwips};
   const Opciones::Medida referencia = opciones.Referencia.value_or(real);
   contexto_ = services::Crear<Contexto>(
-      Sesion{custodia_.Almacenados(), services::Ref<services::Conexion>(datos.DeTrabajo),
-             services::Crear<Formulario>(*marco_),
+      Sesion{custodia_.Almacenados(), custodia_.DeTrabajo(), services::Crear<Formulario>(*marco_),
              services::Crear<Formulario>(*this, [this](int cuantos) { ContarPagos(cuantos); }),
              referencia.Ancho, referencia.Alto, opciones.Usuario.toStdString(), &custodia_});
+  custodia_.AlDejar = [this](const QString& texto) {
+    dejado_ = texto;
+    statusBar()->showMessage(texto, kEnEstado);
+  };
   custodia_.CerrarSinGrabar = [this] { Hacer(&services::IClassTesvara::Cerrar); };
 }
 
@@ -217,8 +223,10 @@ bool VentanaPrincipal::Preguntar(const QString& texto) {
 }
 
 void VentanaPrincipal::closeEvent(QCloseEvent* evento) {
+  dejado_.clear();
   const bool cerrada = CerrarPagos();
   custodia_.Contar(!cerrada);
+  if (cerrada && !dejado_.isEmpty()) Mostrar(QMessageBox::Information, dejado_);
   evento->setAccepted(cerrada);
 }
 

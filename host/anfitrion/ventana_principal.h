@@ -64,6 +64,8 @@ class VentanaPrincipal final : public QMainWindow {
   QWidget* marco_;
   Datos datos_;
   anfitrion::Custodia custodia_;
+  /// What was last let go of without saving.
+  QString dejado_;
   services::Ref<services::IDatosClase> contexto_;
   services::Ref<services::IClassTesvara> pagos_;
 };

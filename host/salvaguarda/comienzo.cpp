@@ -41,4 +41,8 @@ std::optional<Comienzo> Reconocer(std::string_view sentencia) {
   return Comienzo{carga ? Comienzo::Tarea::Carga : Comienzo::Tarea::Grabacion, RangoDe(tokens)};
 }
 
+bool EsVaciado(std::string_view sentencia) {
+  return sentencia == "DELETE TempProvFacturas.* FROM TempProvFacturas";
+}
+
 }  // namespace salvaguarda

@@ -21,5 +21,7 @@ struct Comienzo {
 
 /// What the statement begins; none for any other.
 [[nodiscard]] std::optional<Comienzo> Reconocer(std::string_view sentencia);
+/// Whether it is the first one of those that empty the working tables.
+[[nodiscard]] bool EsVaciado(std::string_view sentencia);
 
 }  // namespace salvaguarda

@@ -25,8 +25,14 @@ class ConexionGuardada final : public services::ObjetoContado<services::Conexion
   [[nodiscard]] std::vector<services::Columna> ColumnasDe(std::string_view tabla) override {
     return dentro_->ColumnasDe(tabla);
   }
-  void TerminarUnidad() override { dentro_->TerminarUnidad(); }
-  void AbandonarUnidad() noexcept override { dentro_->AbandonarUnidad(); }
+  void TerminarUnidad() override {
+    dentro_->TerminarUnidad();
+    guardia_->AlTerminarUnidad();
+  }
+  void AbandonarUnidad() noexcept override {
+    dentro_->AbandonarUnidad();
+    guardia_->AlAbandonarUnidad();
+  }
 
  private:
   services::Ref<sqlite::Conexion> dentro_;

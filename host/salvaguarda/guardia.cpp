@@ -1,7 +1,9 @@
 #include "salvaguarda/guardia.h"
 
 #include <algorithm>
+#include <exception>
 #include <iterator>
+#include <string>
 #include <string_view>
 #include <utility>
 
@@ -24,6 +26,7 @@ constexpr const char* kNoGrabado =
 Guardia::Guardia(Bases bases, const Lugares& lugares, std::string usuario, Trato trato)
     : bases_(std::move(bases)),
       cotejo_(bases_.FicheroAlmacenados, bases_.FicheroFoto, bases_.DeTrabajo, trato.AvisarDeOtros),
+      sinGrabar_(bases_.DeTrabajo, bases_.FicheroAlmacenados, bases_.FicheroFoto),
       copias_(lugares.Copias),
       registro_(lugares.Registro),
       usuario_(std::move(usuario)),
@@ -40,6 +43,7 @@ void Guardia::AlComenzar(const Comienzo& comienzo) {
 
 // The load goes on whatever happens here. Without a picture the copy is noted all the same.
 void Guardia::AlCargar(const Rango& rango) {
+  cargando_ = true;
   cotejo_.Olvidar();
   std::erase_if(oidas_,
                 [](const Oida& oida) { return oida.Omision.Durante == Omision::Tarea::Carga; });
@@ -74,6 +78,37 @@ void Guardia::DecirLoQueVino() {
   cotejo_.NoCargadas().empty() ? yaDichas_.clear() : trato_.AlHaberQueContar();
 }
 
+void Guardia::AlTerminarUnidad() {
+  if (std::exchange(grabando_, false) && !GrabadoAMedias()) sinGrabar_.DarPorVisto();
+}
+
+void Guardia::AlTerminarUnidadDeTrabajo() {
+  if (std::exchange(cargando_, false)) sinGrabar_.DarPorVisto();
+}
+
+bool Guardia::GrabadoAMedias() const {
+  return std::ranges::any_of(
+      oidas_, [](const Oida& oida) { return oida.Omision.Durante == Omision::Tarea::Grabacion; });
+}
+
+// Nothing of it may keep the component from what it is at. What is being saved isn't durable yet.
+void Guardia::AlVaciar() try {
+  if (!trato_.Apartar) return;
+  if (GrabadoAMedias()) return Dejar("No se ha podido grabar todo");
+  if (grabando_) return;
+  if (const auto dejado = sinGrabar_.Mirar()) {
+    Dejar("Se han dejado sin grabar " + Recuento(dejado->Filas));
+  }
+} catch (const std::exception& fallo) {
+  Anotar(std::string("No se ha podido guardar aparte lo que no está grabado: ") + fallo.what());
+}
+
+void Guardia::Dejar(const std::string& que) {
+  const std::string texto = que + ". La copia de trabajo queda guardada en " + trato_.Apartar();
+  Anotar(texto);
+  trato_.AlDejar(texto);
+}
+
 void Guardia::AlGrabar(const Rango& rango) {
   // What the user paid stays in the working file, whatever becomes of the commit.
   bases_.DeTrabajo->TerminarUnidad();
@@ -81,7 +116,8 @@ void Guardia::AlGrabar(const Rango& rango) {
   for (bool conCopia = true; conCopia;) {
     bases_.Almacenados->EmpezarUnidad();
     const Reparos reparos = cotejo_.Copiar(copias_, {trato_.Ahora(), usuario_, rango});
-    if (reparos.Ninguno()) return;
+    grabando_ = reparos.Ninguno();
+    if (grabando_) return;
     // Nobody else is kept waiting for an answer; what changes meanwhile is asked again.
     bases_.Almacenados->AbandonarUnidad();
     if (!Confirmar(reparos)) {
@@ -91,6 +127,7 @@ void Guardia::AlGrabar(const Rango& rango) {
     conCopia = reparos.SinCopia.empty();
   }
   bases_.Almacenados->EmpezarUnidad();
+  grabando_ = true;
 }
 
 bool Guardia::Confirmar(const Reparos& reparos) {

@@ -10,6 +10,7 @@
 #include "salvaguarda/copias.h"
 #include "salvaguarda/cotejo.h"
 #include "salvaguarda/fila.h"
+#include "salvaguarda/lo_sin_grabar.h"
 #include "salvaguarda/noticia.h"
 #include "salvaguarda/omitidas.h"
 #include "salvaguarda/recuperacion.h"
@@ -50,6 +51,16 @@ class Guardia {
   /// A working copy that was there before is gone on with, instead of a load.
   void AlRetomar(const Rescate& rescate);
   void PasadoPorAlto(const services::Omision& omision);
+  /// The working tables are about to be emptied: what is in them and isn't stored is kept aside
+  /// first. The component asks before that for some of it alone.
+  void AlVaciar();
+  /// The unit of the stored tables is durable, or was given up.
+  void AlTerminarUnidad();
+  void AlAbandonarUnidad() noexcept { grabando_ = false; }
+  /// The unit of the working tables is over.
+  void AlTerminarUnidadDeTrabajo();
+  /// What is in the working tables is kept elsewhere.
+  void DarPorVisto() { sinGrabar_.DarPorVisto(); }
 
   /// What there is to be told since the last time; empty paragraphs for nothing. What was passed
   /// over and is stored all the same isn't told.
@@ -80,6 +91,9 @@ class Guardia {
   [[nodiscard]] bool Confirmar(const Reparos& reparos);
   /// What the user should know of the rows that the working copy has, and of those that it hasn't.
   void DecirLoQueVino();
+  /// Whether the last commit passed over anything.
+  [[nodiscard]] bool GrabadoAMedias() const;
+  void Dejar(const std::string& que);
   /// Notes that the working copy misses a table.
   void DarPorIncompleta();
   /// Of a table that could not be saved, as the working copy has it.
@@ -88,6 +102,10 @@ class Guardia {
 
   Bases bases_;
   Cotejo cotejo_;
+  LoSinGrabar sinGrabar_;
+  /// Whether one has begun in the unit under way.
+  bool cargando_ = false;
+  bool grabando_ = false;
   salvaguarda::Copias copias_;
   Registro registro_;
   std::string usuario_;

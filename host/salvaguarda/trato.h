@@ -16,6 +16,10 @@ struct Trato {
   std::function<void()> AlHaberQueContar = [] {};
   /// Whether to ask when others have changed what is to be written.
   bool AvisarDeOtros = true;
+  /// Keeps the working copy aside as it is now; the name of its file. Throws what that throws.
+  std::function<std::string()> Apartar = {};
+  /// Something accepted was let go of without saving, and is in such a file.
+  std::function<void(const std::string& texto)> AlDejar = [](const std::string&) {};
 };
 
 }  // namespace salvaguarda

@@ -94,6 +94,21 @@ TEST_F(CustodiaTest, LasFilasQueGrabarBorrariaDejanCerrarSinGrabar) {
   EXPECT_EQ(cerrada, 1);
 }
 
+TEST_F(CustodiaTest, DeLasQueSeDejanQuedanLasDiezUltimas) {
+  fs::path ultima;
+  for (int i = 0; i < 12; ++i) {
+    ultima = anfitrion::ApartarDejada(datos);
+    EXPECT_TRUE(fs::exists(ultima));
+  }
+  EXPECT_TRUE(fs::exists(anfitrion::ApartarDeTrabajo(datos)));
+  int dejadas = 0;
+  for (const auto& entrada : fs::directory_iterator(carpeta.Camino())) {
+    if (entrada.path().filename().string().starts_with("trabajo-dejada-")) ++dejadas;
+  }
+  EXPECT_EQ(dejadas, 10);
+  EXPECT_EQ(Apartados(), 11) << "las otras se quedan";
+}
+
 TEST_F(CustodiaTest, UnaVezAlDiaSeCopiaElFicheroEntero) {
   custodia.CopiarElDia();
   custodia.CopiarElDia();

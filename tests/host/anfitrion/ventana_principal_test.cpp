@@ -51,6 +51,7 @@ class ComponenteTerco final
   HRESULT Cerrar() noexcept override {
     ++Cierres;
     if (SeNiega) return hr::Fallo;
+    AlCerrarse();
     delete pantalla_;
     return hr::Bien;
   }
@@ -61,6 +62,7 @@ class ComponenteTerco final
   bool SeNiega = true;
   std::int32_t Error = services::error::CeldaNoValida;
   std::string Motivo;
+  std::function<void()> AlCerrarse = [] {};
   int Cierres = 0;
   Ref<services::IUnknown> Principal;
 
@@ -139,6 +141,14 @@ TEST_F(Ventana, LoQueElUsuarioDejoSeDiceSinOfrecerSalir) {
   EXPECT_FALSE(ventana.close());
   EXPECT_THAT(dicho, ElementsAre("Falta la celda 7"));
   EXPECT_TRUE(preguntado.empty());
+}
+
+/// The window goes, and its status bar with it.
+TEST_F(Ventana, LoQueSeDejaAlCerrarSeDice) {
+  componente->SeNiega = false;
+  componente->AlCerrarse = [this] { ventana.Custodia().AlDejar("Se ha dejado una factura"); };
+  EXPECT_TRUE(ventana.close());
+  EXPECT_THAT(dicho, ElementsAre("Se ha dejado una factura"));
 }
 
 TEST_F(Ventana, SaleSiElUsuarioQuiereYGuardaAparteLaCopiaDeTrabajo) {

@@ -9,6 +9,7 @@
 #include "apoyo/componente_en_marcha.h"
 #include "apoyo/negocio_de_prueba.h"
 #include "platform/carpeta_temporal.h"
+#include "salvaguarda/conexion_de_trabajo.h"
 #include "salvaguarda/conexion_guardada.h"
 #include "salvaguarda/guardia.h"
 #include "store/copia_de_trabajo.h"
@@ -27,6 +28,14 @@ class Oficina {
   }
   void Grabar() {
     Operacion([this] { copia_.Grabar(); });
+  }
+  /// In one event, as the screen does it.
+  void GrabarYCargar(const std::function<void()>& antesDeCargar = [] {}) {
+    Operacion([&] {
+      copia_.Grabar();
+      antesDeCargar();
+      copia_.Cargar(apoyo::kRangoDeMarzo);
+    });
   }
   /// What another program does to the stored tables, in the engine's own SQL.
   void Otro(const std::string& sql) { otro_->Ejecutar(sql); }
@@ -84,8 +93,15 @@ class Oficina {
               MientrasPregunta();
               return Respuesta;
             },
-            [this] { ++Avisos; }, avisarDeOtros};
+            [this] { ++Avisos; },
+            avisarDeOtros,
+            [this] {
+              Apartadas.push_back(EnTrabajo());
+              return std::string("aparte.sqlite");
+            },
+            [this](const std::string& texto) { Dejado.push_back(texto); }};
   }
+  std::size_t EnTrabajo() { return Columna(*temp, "SELECT 1 FROM TempProvVencimientos").size(); }
   template <class Accion>
   void Operacion(Accion&& accion) {
     componente.Sesion().Escritorio().Operacion(std::forward<Accion>(accion));
@@ -103,11 +119,16 @@ class Oficina {
   /// What happens while the user reads the question.
   std::function<void()> MientrasPregunta = [] {};
   int Avisos = 0;
+  /// What was let go of, and how many due dates were in the copy that was kept of it.
+  std::vector<std::string> Dejado;
+  std::vector<std::size_t> Apartadas;
   std::shared_ptr<salvaguarda::Guardia> guardia = OtraGuardia();
   apoyo::ComponenteEnMarcha componente{
       services::Ref<services::Conexion>(
           services::Crear<salvaguarda::ConexionGuardada>(datos, guardia)),
-      services::Ref<services::Conexion>(temp), apoyo::kMarzo};
+      services::Ref<services::Conexion>(
+          services::Crear<salvaguarda::ConexionDeTrabajo>(temp, guardia)),
+      apoyo::kMarzo};
 
  private:
   store::CopiaDeTrabajo copia_{componente.RecibirSesion()};

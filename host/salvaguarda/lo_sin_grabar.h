@@ -1,0 +1,34 @@
+#pragma once
+
+#include <optional>
+#include <string>
+
+#include "salvaguarda/rescate.h"
+#include "sqlite/conexion_sqlite.h"
+
+namespace salvaguarda {
+
+/// What a working copy has that isn't stored, looked at before the working tables are emptied.
+class LoSinGrabar {
+ public:
+  LoSinGrabar(services::Ref<sqlite::Conexion> deTrabajo, std::string almacenados, std::string foto)
+      : deTrabajo_(std::move(deTrabajo)),
+        almacenados_(std::move(almacenados)),
+        foto_(std::move(foto)) {}
+
+  /// What is there now has been loaded, or is kept elsewhere.
+  void DarPorVisto();
+  /// None where nothing was written since, or all of it is stored. Ends the unit under way. Throws
+  /// what the engine throws.
+  [[nodiscard]] std::optional<Rescate> Mirar();
+
+ private:
+  [[nodiscard]] double Escrituras();
+
+  services::Ref<sqlite::Conexion> deTrabajo_;
+  std::string almacenados_;
+  std::string foto_;
+  std::optional<double> vistas_;
+};
+
+}  // namespace salvaguarda
