@@ -203,7 +203,7 @@ bool Custodia::ApartarSinMirar(const QString& motivo) {
   }
 }
 
-void Custodia::Recuperar(const std::function<bool()>& cerrar) {
+void Custodia::Recuperar(const std::function<bool()>& cerrar) try {
   DialogoCopias dialogo(ventana_, *guardia_);
   if (dialogo.exec() != QDialog::Accepted) return;
   const salvaguarda::Copia& elegida = dialogo.Elegida();
@@ -219,6 +219,8 @@ void Custodia::Recuperar(const std::function<bool()>& cerrar) {
     Decir("No se ha podido recuperar la copia, y todo queda como estaba: " +
           QString::fromUtf8(fallo.what()));
   }
+} catch (const services::ErrorEjecucion& fallo) {
+  Decir(QString::fromStdString(fallo.Descripcion()));
 }
 
 }  // namespace anfitrion

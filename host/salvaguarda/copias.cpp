@@ -40,6 +40,16 @@ std::vector<std::string> Nombres(const fs::path& carpeta, std::string_view princ
   return nombres;
 }
 
+void CrearCarpeta(const fs::path& carpeta) {
+  std::error_code fallo;
+  fs::create_directories(carpeta, fallo);
+  if (fallo) {
+    throw services::ErrorEjecucion(
+        services::error::FalloDeConexion,
+        "No se puede usar la carpeta de las copias, " + carpeta.string());
+  }
+}
+
 /// What a program that was killed left in the middle; not what another is at.
 void QuitarLasSinAcabar(const fs::path& carpeta) {
   const auto ayer = fs::file_time_type::clock::now() - std::chrono::hours(24);
@@ -63,7 +73,7 @@ const std::string& Copias::Propio() {
 }
 
 fs::path Copias::NombreLibre(services::FechaHora momento) const {
-  fs::create_directories(carpeta_);
+  CrearCarpeta(carpeta_);
   const std::string base = std::string(kDeFilas) + EnNombre(momento);
   for (int i = 1;; ++i) {
     std::string orden = std::to_string(i);
@@ -75,6 +85,7 @@ fs::path Copias::NombreLibre(services::FechaHora momento) const {
 
 std::vector<Copia> Copias::Guardadas() const {
   std::vector<Copia> copias;
+  CrearCarpeta(carpeta_);  // there may be a file in its place
   const auto base = sqlite::AbrirConexion(":memory:", {.Crear = true});
   for (const std::string& nombre : Nombres(carpeta_, kDeFilas)) {
     const fs::path fichero = carpeta_ / nombre;
@@ -98,7 +109,7 @@ std::vector<Copia> Copias::Guardadas() const {
 }
 
 bool Copias::GuardarEntera(const fs::path& almacenados, services::FechaHora momento) {
-  fs::create_directories(carpeta_);
+  CrearCarpeta(carpeta_);
   const std::string dia = EnNombre(momento).substr(0, 8);
   const fs::path fichero = carpeta_ / (std::string(kEntera) + dia + std::string(kExtension));
   if (fs::exists(fichero)) return false;

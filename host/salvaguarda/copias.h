@@ -37,7 +37,8 @@ class Copias {
 
   /// This one isn't let go of, however many there come to be.
   void Reservar(const Copia& copia) { reservada_ = copia.Fichero.filename(); }
-  /// Those of rows, the last one first. What is no copy is passed over.
+  /// Those of rows, the last one first. What is no copy is passed over. Throws where the folder is
+  /// something else.
   [[nodiscard]] std::vector<Copia> Guardadas() const;
 
   /// Copies the whole stored file, unless there is one of that day. Whether it did. Throws

@@ -72,13 +72,20 @@ bool Vacias(sqlite::Conexion& deTrabajo) {
   });
 }
 
+/// Whether it is a date as it is stored.
+bool EsDia(const std::string& texto) {
+  const bool cifras = std::ranges::all_of(texto, [](char c) { return c >= '0' && c <= '9'; });
+  return texto.size() == 8 && cifras;
+}
+
 std::optional<CopiaAbierta> LeerCopia(sqlite::Conexion& deTrabajo) {
   const auto anotada =
       deTrabajo.Consultar(Juntar({"SELECT ", kColumnas, " FROM ", kCopiaAbierta})).Filas;
   if (anotada.Cuantas() == 0) return std::nullopt;
   const auto texto = [&](std::size_t columna) { return anotada.En(0, columna).Texto(); };
-  return CopiaAbierta{{texto(0), texto(1)}, texto(2), texto(3), texto(4), texto(5),
-                      texto(6) == "1"};
+  const Rango rango{texto(0), texto(1)};
+  const bool completa = texto(6) == "1" && EsDia(rango.Desde) && EsDia(rango.Hasta);
+  return CopiaAbierta{rango, texto(2), texto(3), texto(4), texto(5), completa};
 }
 
 std::vector<Fila> Diferencias(sqlite::Conexion& deTrabajo, const Rango& rango, bool conFoto) {

@@ -1,7 +1,9 @@
 #include <QApplication>
 #include <QDir>
+#include <QLibraryInfo>
 #include <QMessageBox>
 #include <QTimer>
+#include <QTranslator>
 
 #include "anfitrion/captura.h"
 #include "anfitrion/datos.h"
@@ -79,7 +81,15 @@ int Trabajar(anfitrion::VentanaPrincipal& ventana) {
   return QApplication::exec();
 }
 
+/// The toolkit's own texts, such as those of its file dialog, in the suite's language.
+void HablarEnEspanol() {
+  auto* textos = new QTranslator(qApp);
+  const QString carpeta = QLibraryInfo::path(QLibraryInfo::TranslationsPath);
+  if (textos->load("qtbase_es", carpeta)) QCoreApplication::installTranslator(textos);
+}
+
 int Iniciar(const Opciones& opciones) {
+  HablarEnEspanol();
   const anfitrion::Datos datos = anfitrion::AbrirDatos(opciones);
   RegistrarSiFalta();
   anfitrion::VentanaPrincipal ventana(opciones, datos);

@@ -6,6 +6,7 @@
 #include <QTableWidget>
 #include <QTest>
 #include <QTimer>
+#include <fstream>
 
 #include "anfitrion/fechas.h"
 #include "host/anfitrion/custodia_de_prueba.h"
@@ -86,6 +87,13 @@ TEST_F(CustodiaTest, SinNingunaCopiaLaVentanaLoDice) {
     if (boton->text() != "&Recuperar") continue;
     EXPECT_FALSE(boton->isEnabled());
   }
+}
+
+TEST_F(CustodiaTest, UnaCarpetaDeCopiasQueNoLoEsSeDice) {
+  std::filesystem::remove_all(carpeta.Fichero("copias"));
+  std::ofstream(carpeta.Fichero("copias")) << "una carta";
+  custodia.Recuperar([] { return true; });
+  EXPECT_THAT(dicho, ElementsAre(HasSubstr("No se puede usar la carpeta de las copias")));
 }
 
 TEST(PreguntaDeTexto, EscapeEsDejarlaEnterLaDeSiempreYLaPrimeraLetraLaSuya) {

@@ -175,6 +175,13 @@ TEST_F(CopiaAparte, ElFicheroDeLaEmpresaNoLoEs) {
   EXPECT_THAT(dicho, ElementsAre(HasSubstr("no tiene ninguna copia de trabajo")));
 }
 
+TEST_F(CopiaAparte, LaDeUnRangoQueNoSeEntiendeNoSeAbre) {
+  sqlite::AbrirConexion(aparte)->Ejecutar("UPDATE SorvexCopia SET Hasta = 'x'");
+  AbrirAparte();
+  EXPECT_THAT(dicho, ElementsAre(HasSubstr("no se puede abrir")));
+  EXPECT_FALSE(custodia.PorRetomar());
+}
+
 /// Half a copy would be saved as a whole one.
 TEST_F(CopiaAparte, LaQueNoSePuedeTraerEnteraDejaLoQueHabia) {
   datos.DeTrabajo->Ejecutar(

@@ -19,12 +19,12 @@ using testing::HasSubstr;
 using testing::IsEmpty;
 using testing::SizeIs;
 
-constexpr int kCuantas = 10'000;
+constexpr int kDeUnProveedor = 10'000;
 constexpr std::chrono::seconds kEnseguida(5);
 
 /// Tells of all of them, of the first one that.
 auto DiceDeTodas(const std::string& motivo) {
-  return AllOf(HasSubstr("(" + std::to_string(kCuantas) + " facturas):"),
+  return AllOf(HasSubstr("(" + std::to_string(kDeUnProveedor) + " facturas):"),
                HasSubstr("factura F1 de 2005 de Proveedor número 0 (1), " + motivo));
 }
 
@@ -33,7 +33,7 @@ class MuchasDeUnProveedor : public testing::Test, protected pruebas::Oficina {
   MuchasDeUnProveedor() : Oficina({0, 0}) {
     const std::string filas =
         "WITH RECURSIVE s(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM s WHERE i < " +
-        std::to_string(kCuantas) + ") INSERT INTO ";
+        std::to_string(kDeUnProveedor) + ") INSERT INTO ";
     Otro("BEGIN;" + filas +
          "ProvFacturas (NConcepto, Factura, Año, Fecha, Total) SELECT '1', 'F' || i, '2005', "
          "'20050301', 100 FROM s;" +
@@ -73,7 +73,7 @@ TEST_F(MuchasDeUnProveedor, UnaCopiaSeComparaEnseguida) {
   const salvaguarda::Reposicion cambiados = ComoSeria();
   EXPECT_THAT(cambiados.Vuelven, IsEmpty());
   EXPECT_THAT(cambiados.SeVan, IsEmpty());
-  EXPECT_THAT(cambiados.Cambian, SizeIs(kCuantas));
+  EXPECT_THAT(cambiados.Cambian, SizeIs(kDeUnProveedor));
   EXPECT_THAT(cambiados.Cambian,
               Each(AllOf(Field(&salvaguarda::Fila::Importe, "100,00, ahora 90,00"),
                          Field(&salvaguarda::Fila::Motivo, "pagado nada, ahora 5,00"))));
@@ -84,8 +84,8 @@ TEST_F(MuchasDeUnProveedor, UnaCopiaConOtrasFechasSeComparaEnseguida) {
   Otro("UPDATE ProvVencimientos SET FechaVto = '20050316', Pagado = 5");
   const salvaguarda::Reposicion movidos = ComoSeria();
   EXPECT_THAT(movidos.Cambian, IsEmpty());
-  EXPECT_THAT(movidos.Vuelven, SizeIs(kCuantas));
-  EXPECT_THAT(movidos.SeVan, SizeIs(kCuantas));
+  EXPECT_THAT(movidos.Vuelven, SizeIs(kDeUnProveedor));
+  EXPECT_THAT(movidos.SeVan, SizeIs(kDeUnProveedor));
   EXPECT_THAT(movidos.SeVan, Each(AllOf(Field(&salvaguarda::Fila::Importe, "100,00"),
                                         Field(&salvaguarda::Fila::Motivo, ""))));
 }
@@ -121,7 +121,7 @@ TEST_F(MuchasDeUnProveedor, LosVencimientosBorradosDeUnaCopiaAbandonadaSeHallanE
   const auto rescate = Enseguida(
       [&] { return salvaguarda::BuscarRescate(*temp, Negocio().FicheroDatos(), Foto()); });
   ASSERT_TRUE(rescate);
-  EXPECT_THAT(rescate->Filas, SizeIs(kCuantas)) << "el que otro ha añadido no lo borró nadie";
+  EXPECT_THAT(rescate->Filas, SizeIs(kDeUnProveedor)) << "el que otro ha añadido no lo borró nadie";
 }
 
 }  // namespace
