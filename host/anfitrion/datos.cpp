@@ -133,7 +133,7 @@ fs::path ApartarDeTrabajo(const Datos& datos) {
 }
 
 fs::path ApartarDejada(const Datos& datos) {
-  const fs::path aparte = ApartarEn(datos, NombreLibre(datos.NombreDeTrabajo, kDejada));
+  fs::path aparte = ApartarEn(datos, NombreLibre(datos.NombreDeTrabajo, kDejada));
   QuitarViejas(aparte);
   return aparte;
 }

@@ -59,7 +59,7 @@ Reparos Cotejo::Copiar(Copias& copias, const Copia& copia) {
   try {
     CopiaEnCurso enCurso(copias, foto_.Conexion(), FilasDeLaCopia(copia.Rango), copia);
     Comparar();
-    const Reparos nuevos = reparos_.Menos(aceptados_);
+    Reparos nuevos = reparos_.Menos(aceptados_);
     if (nuevos.Ninguno()) enCurso.Terminar();
     return nuevos;
   } catch (const std::exception& fallo) {
