@@ -1,6 +1,5 @@
 #include <gmock/gmock.h>
 
-
 #include "salvaguarda/cambio.h"
 #include "salvaguarda/relato.h"
 #include "salvaguarda/reparos.h"
