@@ -4,8 +4,9 @@
 #include "medida.h"
 #include "salvaguarda/guardia.h"
 
-// What the suite's guard adds to a load and to a commit: its picture, its copy, its comparison; and
-// what it takes when another user has changed the whole month.
+// What the suite's guard adds to a load and to a commit: its picture, its copy, its comparison;
+// what it takes to keep aside what is let go of without saving; and what it takes when another user
+// has changed the whole month.
 
 namespace medidas {
 namespace {
@@ -47,6 +48,12 @@ class Puesto {
   double Cargar() {
     return Segundos([&] { sesion_.Cargar(); });
   }
+  /// What is looked at and kept aside when all that is loaded was changed and is let go of.
+  double Dejar() {
+    guardia_.AlTerminarUnidadDeTrabajo();
+    temp_->Ejecutar("UPDATE TempProvVencimientos SET Pagado = Importe + 1");
+    return Segundos([&] { guardia_.AlVaciar(); });
+  }
   double Grabar() {
     return Segundos([&] { sesion_.Grabar(); });
   }
@@ -57,6 +64,12 @@ class Puesto {
   }
 
  private:
+  std::string Apartar() {
+    const std::string aparte = carpeta_.Fichero("dejada");
+    temp_->CopiarEn(aparte);
+    return aparte;
+  }
+
   static inline const salvaguarda::Rango kRango{apoyo::kRangoDeMarzo.Desde,
                                                 apoyo::kRangoDeMarzo.Hasta};
 
@@ -68,7 +81,9 @@ class Puesto {
       {datos_, temp_, negocio_.FicheroDatos(), carpeta_.Fichero("trabajo.foto")},
       {carpeta_.Fichero("copias"), carpeta_.Fichero("registro.txt")},
       "ANA",
-      {[] { return apoyo::kMarzo; }, [](const std::string&) { return true; }}};
+      {.Ahora = [] { return apoyo::kMarzo; },
+       .Preguntar = [](const std::string&) { return true; },
+       .Apartar = [this] { return Apartar(); }}};
   apoyo::SesionSinPantalla sesion_{services::Ref<services::Conexion>(datos_),
                                    services::Ref<services::Conexion>(temp_), apoyo::kMarzo,
                                    apoyo::kRangoDeMarzo};
@@ -79,6 +94,7 @@ using Tarea = salvaguarda::Comienzo::Tarea;
 struct Parte {
   double Carga;
   double AlCargar;
+  double AlDejar;
   double Grabacion;
   double AlGrabar;
 };
@@ -89,6 +105,7 @@ Parte Medir(const apoyo::NegocioDePrueba& negocio) {
   Parte parte{};
   parte.AlCargar = puesto.AlComenzar(Tarea::Carga);
   parte.Carga = puesto.Cargar();
+  parte.AlDejar = puesto.Dejar();
   parte.AlGrabar = puesto.AlComenzar(Tarea::Grabacion);
   parte.Grabacion = puesto.Grabar();
   return parte;
@@ -101,6 +118,7 @@ void Salvaguarda(benchmark::State& state) {
   Ampliar(grande, 9);
   Tiempos alCargar;
   Tiempos carga;
+  Tiempos alDejar;
   Tiempos alGrabar;
   Tiempos grabacion;
   Tiempos enGrande;
@@ -110,6 +128,7 @@ void Salvaguarda(benchmark::State& state) {
       const Parte parte = Medir(apoyo::NegocioDePrueba(negocio));
       alCargar.Anadir(parte.AlCargar);
       carga.Anadir(parte.Carga);
+      alDejar.Anadir(parte.AlDejar);
       alGrabar.Anadir(parte.AlGrabar);
       grabacion.Anadir(parte.Grabacion);
       enGrande.Anadir(Medir(apoyo::NegocioDePrueba(grande)).AlGrabar);
@@ -117,6 +136,7 @@ void Salvaguarda(benchmark::State& state) {
     state.SetIterationTime(alGrabar.Mediana());
   }
   state.counters["parte_de_cargar"] = alCargar.Mediana() / carga.Mediana();
+  state.counters["dejar_parte_de_cargar"] = alDejar.Mediana() / carga.Mediana();
   state.counters["parte_de_grabar"] = alGrabar.Mediana() / grabacion.Mediana();
   state.counters["en_almacen_de_10"] = enGrande.Mediana() / alGrabar.Mediana();
 }

@@ -3,7 +3,7 @@
 #include <filesystem>
 
 #include "esquema/esquema_sqlite.h"
-#include "salvaguarda/conexion_guardada.h"
+#include "salvaguarda/conexion_con_guardia.h"
 
 namespace guion {
 

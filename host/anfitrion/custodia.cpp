@@ -11,8 +11,7 @@
 #include "anfitrion/fechas.h"
 #include "anfitrion/texto_de_rescate.h"
 #include "salvaguarda/aparte.h"
-#include "salvaguarda/conexion_de_trabajo.h"
-#include "salvaguarda/conexion_guardada.h"
+#include "salvaguarda/conexion_con_guardia.h"
 #include "salvaguarda/noticia.h"
 #include "valores/error.h"
 
@@ -149,7 +148,7 @@ void Custodia::Retomar(const salvaguarda::Rescate& rescate) {
 void Custodia::AbrirAparte(const std::string& fichero, const std::function<bool()>& cerrar) {
   porRetomar_.reset();
   try {
-    if (!QuiereAbrir(*sqlite::AbrirConexion(fichero)) || !cerrar()) return;
+    if (!QuiereAbrir(*sqlite::AbrirConexion(fichero, {.SoloLectura = true})) || !cerrar()) return;
     // One that was left behind and not offered yet.
     if (RescateEn(*datos_.DeTrabajo)) DecirDondeQueda(Apartar());
     salvaguarda::TraerCopia(*datos_.DeTrabajo, fichero);

@@ -49,7 +49,7 @@ QString TextoDeLaQueQuedo(const Rescate& rescate, const Conceptos& conceptos) {
 QString TextoDeLaDeAparte(const Rescate& rescate, const Conceptos& conceptos) {
   if (rescate.DeOtraEmpresa) return Suya(rescate) + DeOtrasTablas(rescate) + ".";
   return Suya(rescate) + LoQueTiene(rescate, conceptos) +
-         (rescate.Copia.Completa ? "¿Abrirla como estaba?"
+         (rescate.Copia.Completa ? "Puede abrirla como estaba y pulsar Grabar. ¿Abrirla?"
                                  : "No se llegó a cargar entera y no se puede abrir.");
 }
 

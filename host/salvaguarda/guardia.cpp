@@ -86,9 +86,9 @@ void Guardia::AlTerminarUnidadDeTrabajo() {
   if (std::exchange(cargando_, false)) sinGrabar_.DarPorVisto();
 }
 
-bool Guardia::GrabadoAMedias() const {
-  return std::ranges::any_of(
-      oidas_, [](const Oida& oida) { return oida.Omision.Durante == Omision::Tarea::Grabacion; });
+bool Guardia::GrabadoAMedias() {
+  return !NoticiasDeGrabacion(Clasificar(oidas_, Omision::Tarea::Grabacion, cotejo_.Conexion()))
+              .empty();
 }
 
 // Nothing of it may keep the component from what it is at. What is being saved isn't durable yet.

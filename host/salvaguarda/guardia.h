@@ -91,8 +91,8 @@ class Guardia {
   [[nodiscard]] bool Confirmar(const Reparos& reparos);
   /// What the user should know of the rows that the working copy has, and of those that it hasn't.
   void DecirLoQueVino();
-  /// Whether the last commit passed over anything.
-  [[nodiscard]] bool GrabadoAMedias() const;
+  /// Whether the last commit passed over anything that isn't stored all the same.
+  [[nodiscard]] bool GrabadoAMedias();
   void Dejar(const std::string& que);
   /// Notes that the working copy misses a table.
   void DarPorIncompleta();

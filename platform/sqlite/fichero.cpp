@@ -10,15 +10,20 @@ namespace sqlite {
 
 namespace {
 
-sqlite3* Abrir(const std::string& fichero, bool crear) {
+int ModoDe(const Opciones& opciones) {
+  if (opciones.SoloLectura) return SQLITE_OPEN_READONLY;
+  return SQLITE_OPEN_READWRITE | (opciones.Crear ? SQLITE_OPEN_CREATE : 0);
+}
+
+sqlite3* Abrir(const std::string& fichero, const Opciones& opciones) {
   std::error_code fallo;
   const auto estado = std::filesystem::status(fichero, fallo);
-  if (!crear && !std::filesystem::exists(estado)) {
+  if (!opciones.Crear && !std::filesystem::exists(estado)) {
     Lanzar(SQLITE_CANTOPEN, "", "no existe " + fichero);
   }
   sqlite3* base = nullptr;
-  const int modo = SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX | (crear ? SQLITE_OPEN_CREATE : 0);
-  const int codigo = sqlite3_open_v2(fichero.c_str(), &base, modo, nullptr);
+  const int codigo =
+      sqlite3_open_v2(fichero.c_str(), &base, ModoDe(opciones) | SQLITE_OPEN_NOMUTEX, nullptr);
   if (codigo == SQLITE_OK) return base;
   sqlite3_close_v2(base);
   Lanzar(codigo, sqlite3_errstr(codigo), fichero);
@@ -33,7 +38,7 @@ std::string PrimerTexto(Base& base, std::string_view sql) {
 }  // namespace
 
 Base::Base(const std::string& fichero, const Opciones& opciones)
-    : base_(Abrir(fichero, opciones.Crear)), exclusiva_(opciones.Exclusiva) {
+    : base_(Abrir(fichero, opciones)), exclusiva_(opciones.Exclusiva) {
   Configurar(fichero, opciones);
 }
 

@@ -17,6 +17,8 @@ struct Opciones {
   bool UnidadDeTrabajo = true;
   /// Whether a file that isn't there is created.
   bool Crear = false;
+  /// Whether the file stays as it is, whatever is run.
+  bool SoloLectura = false;
   /// Whether the file belongs to this connection alone for as long as it lives: nobody else can
   /// read or write it meanwhile. The lock goes with the process, however that ends.
   bool Exclusiva = false;

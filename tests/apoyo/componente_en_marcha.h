@@ -6,6 +6,7 @@
 #include <string>
 #include <utility>
 
+#include "apoyo/form_de_prueba.h"
 #include "headless/entorno.h"
 #include "services/anfitrion.h"
 #include "services/datos/conexion_falsa.h"
@@ -17,15 +18,6 @@
 // The component as a host loads it, on two connections and without a window.
 
 namespace apoyo {
-
-class FormDeAnfitrion final : public services::ObjetoContado<services::IForm> {
- public:
-  services::Rectangulo Geometria() noexcept override { return {0, 0, 15360, 11520}; }
-  std::int32_t WindowState() noexcept override { return 0; }
-  void PonerWindowState(std::int32_t) noexcept override {}
-  void Refresh() noexcept override {}
-  void* VentanaNativa() noexcept override { return nullptr; }
-};
 
 class ContextoDeAnfitrion final
     : public services::ObjetoContado<services::IDatosClase, services::ICopiaPorRetomar> {
@@ -68,8 +60,8 @@ class ContextoDeAnfitrion final
 
   /// The working copy that the screen is to go on with.
   std::optional<store::Intervalo> PorRetomar;
-  services::Ref<services::IUnknown> Marco{services::Crear<FormDeAnfitrion>()};
-  services::Ref<services::IUnknown> Principal{services::Crear<FormDeAnfitrion>()};
+  services::Ref<services::IUnknown> Marco{services::Crear<FormDePrueba<>>()};
+  services::Ref<services::IUnknown> Principal{services::Crear<FormDePrueba<>>()};
   /// What is done with a form that is to be repainted.
   std::function<services::HRESULT(services::Ref<services::IUnknown>&)> AlRepintar;
 

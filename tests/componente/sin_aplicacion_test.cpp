@@ -7,6 +7,7 @@
 
 #include "abrir_pagos.h"
 #include "apoyo/errores.h"
+#include "apoyo/form_de_prueba.h"
 #include "esquema/esquema_sqlite.h"
 #include "platform/automation/carpeta_de_datos.h"
 #include "qt/plataforma_qt.h"
@@ -22,15 +23,6 @@ using apoyo::NumeroDeError;
 constexpr const char* kSinAplicacion =
     "El anfitrión no ha creado la aplicación de las ventanas (QApplication)";
 
-class FormSinVentana final : public services::ObjetoContado<services::IForm> {
- public:
-  services::Rectangulo Geometria() noexcept override { return {0, 0, 15360, 11520}; }
-  std::int32_t WindowState() noexcept override { return 0; }
-  void PonerWindowState(std::int32_t) noexcept override {}
-  void Refresh() noexcept override {}
-  void* VentanaNativa() noexcept override { return nullptr; }
-};
-
 class SinAplicacion : public testing::Test {
  protected:
   SinAplicacion() {
@@ -39,7 +31,7 @@ class SinAplicacion : public testing::Test {
     trabajo->Ejecutar("INSERT INTO TempTesvara (Concepto) VALUES ('de antes')");
     contexto->Empresa = Ref<services::Conexion>(empresa);
     contexto->Trabajo = Ref<services::Conexion>(trabajo);
-    contexto->Ventana = Ref<services::IForm>(services::Crear<FormSinVentana>());
+    contexto->Ventana = Ref<services::IForm>(services::Crear<apoyo::FormDePrueba<>>());
   }
   void Abrir() { (void)AbrirPagos(BIBLIOTECA_TESVARA, contexto); }
 

@@ -2,7 +2,7 @@
 
 #include <utility>
 
-#include "salvaguarda/conexion_guardada.h"
+#include "salvaguarda/conexion_con_guardia.h"
 
 namespace largo {
 namespace {
@@ -51,13 +51,16 @@ Puesto::Puesto(const std::filesystem::path& carpeta, const Puertas& puertas)
       guardia_(std::make_shared<salvaguarda::Guardia>(
           salvaguarda::Guardia::Bases{datos_, local_, FicheroDatos(carpeta), FicheroFoto(carpeta)},
           salvaguarda::Guardia::Lugares{carpeta / "copias", carpeta / "registro.txt"}, "ANA",
-          salvaguarda::Trato{[this] { return mundo_.Entorno().Ahora(); },
-                             [this](const std::string& pregunta) { return Preguntar(pregunta); }})),
+          salvaguarda::Trato{
+              .Ahora = [this] { return mundo_.Entorno().Ahora(); },
+              .Preguntar = [this](const std::string& pregunta) { return Preguntar(pregunta); },
+              .Apartar = [this, carpeta] { return ApartarDejada(carpeta); }})),
       deDatos_(std::make_unique<BaseConPuerta>(
           bases_.Datos(), puertas.Datos(Ref<services::Conexion>(
                               services::Crear<salvaguarda::ConexionGuardada>(datos_, guardia_))))),
-      deLocal_(std::make_unique<BaseConPuerta>(bases_.Local(),
-                                               puertas.Local(Ref<services::Conexion>(local_)))),
+      deLocal_(std::make_unique<BaseConPuerta>(
+          bases_.Local(), puertas.Local(Ref<services::Conexion>(
+                              services::Crear<salvaguarda::ConexionDeTrabajo>(local_, guardia_))))),
       mundo_(*deDatos_, *deLocal_,
              [this] {
                return Ref<services::IClassTesvara>(
@@ -75,6 +78,13 @@ Puesto::Puesto(const std::filesystem::path& carpeta, const Puertas& puertas)
 Ref<sqlite::Conexion> Puesto::AbrirLocal(const std::filesystem::path& carpeta) {
   return sqlite::AbrirConexion(FicheroLocal(carpeta),
                                {.Durabilidad = sqlite::Sincronizacion::Normal, .Exclusiva = true});
+}
+
+std::string Puesto::ApartarDejada(const std::filesystem::path& carpeta) {
+  const std::filesystem::path aparte = carpeta / "dejada.sqlite";
+  std::filesystem::remove(aparte);
+  local_->CopiarEn(aparte);
+  return aparte;
 }
 
 int Puesto::CopiasAMedias(const std::filesystem::path& carpeta) {

@@ -18,7 +18,7 @@
 namespace largo {
 
 /// A user's workplace over the files of one folder, as the suite puts it together: the component,
-/// its two connections, and the guard on the stored one. Everything is played in this process.
+/// its two connections, and the guard on both. Everything is played in this process.
 class Puesto {
  public:
   /// What is put between the component and a connection: it is given the one behind.
@@ -61,6 +61,8 @@ class Puesto {
   };
 
  private:
+  [[nodiscard]] std::string ApartarDejada(const std::filesystem::path& carpeta);
+
   guion::Ficheros ficheros_;
   guion::Bases bases_{ficheros_, 1};
   services::Ref<sqlite::Conexion> datos_;

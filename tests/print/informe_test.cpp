@@ -5,6 +5,7 @@
 #include <fstream>
 
 #include "apoyo/en_carpeta.h"
+#include "apoyo/form_de_prueba.h"
 #include "list/color_lista.h"
 #include "print/con_impresion.h"
 
@@ -197,23 +198,14 @@ TEST_F(Informe, DeUnaListaRecienCargadaTambienQuedaElegidaLaUltima) {
 }
 
 TEST_F(Informe, TrasElegirSeRefrescanLasDosPantallas) {
-  class Contada final : public services::ObjetoContado<services::IForm> {
-   public:
-    int veces = 0;
-    services::Rectangulo Geometria() noexcept override { return {0, 0, 15360, 11520}; }
-    std::int32_t WindowState() noexcept override { return 0; }
-    void PonerWindowState(std::int32_t) noexcept override {}
-    void Refresh() noexcept override { ++veces; }
-    void* VentanaNativa() noexcept override { return nullptr; }
-  };
-  const auto principal = services::Crear<Contada>();
+  const auto principal = services::Crear<apoyo::FormDePrueba<>>();
   enMarcha.Contexto().Principal = services::Ref<services::IUnknown>(principal);
   ASSERT_EQ(enMarcha.Cargar(), "");
   Imprimir([&](auto& busco) {
-    EXPECT_EQ(principal->veces, 0);
+    EXPECT_EQ(principal->Refrescos, 0);
     entrada::Pulsar(busco.Boton2);
   });
-  EXPECT_EQ(principal->veces, 1) << "también cuando se cancela";
+  EXPECT_EQ(principal->Refrescos, 1) << "también cuando se cancela";
 }
 
 TEST_F(Informe, SePuedeDejarAMedias) {

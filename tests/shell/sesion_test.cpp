@@ -4,6 +4,7 @@
 #include <memory>
 #include <string>
 
+#include "apoyo/form_de_prueba.h"
 #include "headless/entorno.h"
 #include "services/anfitrion.h"
 #include "shell/class_tesvara.h"
@@ -34,15 +35,7 @@ class ConexionRota final : public services::ObjetoContado<Conexion> {
   int intentos = 0;
 };
 
-class FormAnfitrion final : public services::ObjetoContado<services::IForm> {
- public:
-  services::Rectangulo Geometria() noexcept override { return {10, 20, 15000, 11000}; }
-  std::int32_t WindowState() noexcept override { return estado; }
-  void PonerWindowState(std::int32_t nuevo) noexcept override { estado = nuevo; }
-  void Refresh() noexcept override {}
-  void* VentanaNativa() noexcept override { return nullptr; }
-  std::int32_t estado = 0;
-};
+using FormAnfitrion = apoyo::FormDePrueba<>;
 
 class NoEsForm final : public services::ObjetoContado<services::IClassFactory> {
  public:
@@ -173,12 +166,14 @@ TEST_F(Sesion, OcultarAntesDeCargarFallaEnLaCargaDeLaPantalla) {
 }
 
 TEST_F(Sesion, LosValoresDelAnfitrionLleganALaSesion) {
+  const auto marco = services::Crear<FormAnfitrion>();
+  contexto->marco = Ref<IUnknown>(marco);
   Cargar();
   EXPECT_EQ(datos.Usuario(), "ANA");
   EXPECT_EQ(datos.AnchoReferencia(), 15360);
   EXPECT_EQ(datos.AltoReferencia(), 11520);
   EXPECT_EQ(&datos.CnDatos(), rota.get());
-  EXPECT_EQ(datos.FrmMarco()->Geometria().Left, 10);
+  EXPECT_EQ(datos.FrmMarco().get(), marco.get());
 }
 
 TEST_F(Sesion, LoQueLaSesionTeniaQuedaTrasUnaEntregaFallida) {

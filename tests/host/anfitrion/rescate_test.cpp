@@ -126,7 +126,7 @@ TEST_F(CopiaAparte, SeAbreComoEstaba) {
   AbrirAparte();
   EXPECT_THAT(dicho,
               ElementsAre(AllOf(HasSubstr("La copia de trabajo de ANA"), HasSubstr("SIN-GRABAR"),
-                                HasSubstr("¿Abrirla como estaba?"))));
+                                HasSubstr("abrirla como estaba y pulsar Grabar. ¿Abrirla?"))));
   EXPECT_EQ(EnTrabajo(), 1);
   ASSERT_TRUE(custodia.PorRetomar());
   EXPECT_EQ(custodia.PorRetomar()->Desde, todo.Desde);
@@ -173,6 +173,13 @@ TEST_F(CopiaAparte, ElFicheroDeLaEmpresaNoLoEs) {
   aparte = datos.NombreAlmacenados;
   AbrirAparte();
   EXPECT_THAT(dicho, ElementsAre(HasSubstr("no tiene ninguna copia de trabajo")));
+}
+
+TEST_F(CopiaAparte, ElFicheroQueNoLoEsQuedaComoEstaba) {
+  std::ofstream(aparte, std::ios::trunc).close();
+  AbrirAparte();
+  EXPECT_THAT(dicho, ElementsAre(HasSubstr("no tiene ninguna copia de trabajo")));
+  EXPECT_EQ(fs::file_size(aparte), 0U);
 }
 
 TEST_F(CopiaAparte, LaDeUnRangoQueNoSeEntiendeNoSeAbre) {

@@ -9,8 +9,7 @@
 #include "apoyo/componente_en_marcha.h"
 #include "apoyo/negocio_de_prueba.h"
 #include "platform/carpeta_temporal.h"
-#include "salvaguarda/conexion_de_trabajo.h"
-#include "salvaguarda/conexion_guardada.h"
+#include "salvaguarda/conexion_con_guardia.h"
 #include "salvaguarda/guardia.h"
 #include "store/copia_de_trabajo.h"
 
@@ -58,11 +57,15 @@ class Oficina {
         "ifnull(Año,'') FROM CajaPagos ORDER BY 1");
   }
   std::vector<salvaguarda::Copia> Guardadas() { return guardia->Copias(); }
+  /// The guard hears of what was passed over since; how many there were.
+  std::size_t PasarOmisiones() {
+    const auto omisiones = std::exchange(componente.Entorno().Omisiones, {});
+    for (const auto& omision : omisiones) guardia->PasadoPorAlto(omision);
+    return omisiones.size();
+  }
   /// What the user is told now, in one text.
   std::string Contado() {
-    for (const auto& omision : std::exchange(componente.Entorno().Omisiones, {})) {
-      guardia->PasadoPorAlto(omision);
-    }
+    PasarOmisiones();
     std::string todo;
     for (const std::string& parrafo : guardia->Contar().Parrafos) todo += parrafo + "\n";
     return todo;

@@ -7,6 +7,7 @@
 #include <string>
 #include <vector>
 
+#include "apoyo/form_de_prueba.h"
 #include "platform/qt/dia_en_pantalla.h"
 
 namespace pruebas {
@@ -14,14 +15,8 @@ namespace pruebas {
 inline const std::string kUno = "Hay 1 pago sin grabar, que se perdería. ¿Grabarlo antes?";
 inline const std::string kDos = "Hay 2 pagos sin grabar, que se perderían. ¿Grabarlos antes?";
 
-class FormQueCuenta final
-    : public services::ObjetoContado<services::IForm, services::IPagosSinGrabar> {
+class FormQueCuenta final : public apoyo::FormDePrueba<services::IPagosSinGrabar> {
  public:
-  services::Rectangulo Geometria() noexcept override { return {0, 0, 15360, 11520}; }
-  std::int32_t WindowState() noexcept override { return 0; }
-  void PonerWindowState(std::int32_t) noexcept override {}
-  void Refresh() noexcept override {}
-  void* VentanaNativa() noexcept override { return nullptr; }
   void Contar(std::int32_t cuantos) noexcept override { Cuentas.push_back(cuantos); }
 
   std::vector<int> Cuentas;

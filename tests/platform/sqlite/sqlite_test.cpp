@@ -159,6 +159,21 @@ TEST_F(SqliteTest, UnFicheroDeSoloLecturaSeLeeYNoSeEscribe) {
   EXPECT_EQ(Cuantos(*ocupante), 0);
 }
 
+TEST_F(SqliteTest, AbiertoDeSoloLecturaNoSeTocaElFichero) {
+  sqlite::Opciones soloLectura;
+  soloLectura.SoloLectura = true;
+  Crear();
+  const auto conexion = Abrir(soloLectura);
+  EXPECT_EQ(Cuantos(*conexion), 0);
+  EXPECT_THAT(Descripcion([&] { Anadir(*conexion, "1"); }),
+              StartsWith("La base de datos es de solo lectura"));
+
+  fichero = carpeta.Fichero("vacio");
+  std::ofstream(fichero).close();
+  (void)Abrir(soloLectura);
+  EXPECT_EQ(std::filesystem::file_size(fichero), 0U);
+}
+
 TEST_F(SqliteTest, SinSitioEnElDiscoLaUnidadSePierdeEntera) {
   Crear();
   auto conexion = Abrir();
