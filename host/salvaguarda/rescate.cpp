@@ -19,33 +19,37 @@ std::vector<std::string> ContenidoDe(const Tabla& tabla) {
   return {columnas.begin(), columnas.end()};
 }
 
+std::string Clave(const Tabla& tabla, std::string_view alias) {
+  return sql::Separar(sql::Clave(tabla, alias), ", ");
+}
+
+/// Whether the key of a row stands in the table of another file. The keys are gathered once: not
+/// every file has an index by them, and the engine may take another that serves for less.
+std::string Esta(const Tabla& tabla, std::string_view alias, std::string_view donde) {
+  return Juntar({"(", Clave(tabla, alias), ") IN (SELECT ", Clave(tabla, "e"), " FROM ", donde,
+                 tabla.Nombre, " e) IS TRUE"});
+}
+
 /// The rows of a working table that its stored one hasn't, nor the picture.
 std::string Distintas(const Tabla& tabla, bool conFoto) {
   const auto filas = [&](std::string_view de) {
     return Juntar({"SELECT ", sql::ValoresConNombre(tabla, ContenidoDe(tabla), ""), " FROM ", de,
                    tabla.Nombre});
   };
-  const std::string motivo =
-      Juntar({"CASE WHEN EXISTS (SELECT 1 FROM almacen.", tabla.Nombre, " s WHERE ",
-              sql::MismaFila(tabla, "s", "d"), ") THEN 'se cambió' ELSE 'se añadió' END"});
+  const std::string motivo = Juntar(
+      {"CASE WHEN ", Esta(tabla, "d", "almacen."), " THEN 'se cambió' ELSE 'se añadió' END"});
   return Juntar({"SELECT ", sql::ComoFila(tabla, "d", motivo), " FROM (", filas("main.Temp"),
                  " EXCEPT ", filas("almacen."), conFoto ? " EXCEPT " + filas("foto.") : "", ") d"});
 }
 
-std::string Clave(const Tabla& tabla, std::string_view alias) {
-  return sql::Separar(sql::Clave(tabla, alias), ", ");
-}
-
 /// The stored rows `t` of a query that the working copy hasn't any more, though it could have
-/// loaded them and they were there then. The picture has no index: its keys are gathered once.
+/// loaded them and they were there then.
 std::string Borradas(const Tabla& tabla, const std::string& desde, bool conFoto) {
-  const std::string enLaFoto = Juntar({" AND (", Clave(tabla, "t"), ") IN (SELECT ",
-                                       Clave(tabla, "w"), " FROM foto.", tabla.Nombre, " w)"});
   return Juntar({"SELECT DISTINCT ", sql::ComoFila(tabla, "t", "'se borró'"), desde,
                  " AND EXISTS (SELECT 1 FROM almacen.ProvConceptos c WHERE c.NConcepto = "
-                 "t.NConcepto) AND NOT EXISTS (SELECT 1 FROM main.Temp",
-                 tabla.Nombre, " w WHERE ", sql::MismaFila(tabla, "w", "t"), ")",
-                 conFoto ? enLaFoto : ""});
+                 "t.NConcepto) AND NOT ",
+                 Esta(tabla, "t", "main.Temp"),
+                 conFoto ? " AND " + Esta(tabla, "t", "foto.") : ""});
 }
 
 /// Of the due dates of the range, with those of the same invoices, and of the forecasts.
