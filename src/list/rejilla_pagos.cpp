@@ -202,12 +202,14 @@ void RejillaPagos::CopiarGrip() {
 }
 
 bool RejillaPagos::ComprobarCambios() const {
+  // The cells that the snapshot lacks would say no more than where they are.
+  if (HayLineasNuevas())
+    throw services::ErrorEjecucion(services::error::CeldaNoValida, kLineasNuevas);
   bool cambios = false;
   for (int fila = 1; fila < MSFPagos.Rows; ++fila) {
     for (int c = 0; c < columna::Cuantas; ++c) {
       // An amount of "0,00" where the snapshot is empty is a change like any other: who cleared a
-      // payment is asked before it is lost. The walk goes on after a change, so that a list longer
-      // than its snapshot always fails.
+      // payment is asked before it is lost.
       if (MSFPagos.TextMatrix(fila, c) == MsfPagos2.TextMatrix(fila, c)) continue;
       cambios = true;
       break;

@@ -12,6 +12,11 @@
 
 namespace list {
 
+/// Why a list that has grown past its snapshot can't be compared with it, and what to do then.
+inline constexpr const char* kLineasNuevas =
+    "La lista tiene más líneas que al cargarla, por entradas aceptadas o por lo que se ha pedido "
+    "ver. Pulse Grabar, o Cancelar para volver a cargarla sin lo aceptado.";
+
 /// The grid of payments with its snapshot, its totals and the state that its events share.
 class RejillaPagos {
  public:

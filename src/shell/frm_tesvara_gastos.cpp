@@ -100,11 +100,11 @@ void FrmTesvaraGastos::Form_Unload() {
 void FrmTesvaraGastos::RangoCambiado(services::TextBox& campo) {
   try {
     Edicion.CerrarEdicionPago();
+    ComprobarCambios();
   } catch (...) {
     if (copia_.Rango()) Rango.Poner(*copia_.Rango());
     throw;
   }
-  ComprobarCambios();
   if (Modificado &&
       datos_.Aviso().Preguntar(
           "Si Modifica las fechas debe grabar los cambios antes. ¿Quiere Grabarlos?")) {
@@ -143,10 +143,7 @@ std::string FrmTesvaraGastos::MotivoParaNoCerrar() const {
   if (Campos.PicNuevo.Visible) {
     return "Hay una entrada a medio hacer. Acéptela o cancélela antes de cerrar.";
   }
-  if (Rejilla.HayLineasNuevas()) {
-    return "Hay entradas aceptadas sin grabar. Pulse Grabar, o Cancelar para dejarlas, antes de "
-           "cerrar.";
-  }
+  if (Rejilla.HayLineasNuevas()) return list::kLineasNuevas;
   if (const int fila = Rejilla.PagoExcesivo()) {
     const auto celda = [&](int columna) {
       return " " + Rejilla.MSFPagos.TextMatrix(fila, columna);

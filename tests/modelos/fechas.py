@@ -4,15 +4,15 @@ from types import SimpleNamespace
 
 from mensajes import FECHA_INCORRECTA, GRABAR_ANTES, RANGO_AL_REVES
 from teclas import tecla_fecha
-from valores import a_guardada, es_fecha, normalizar
+from valores import ErrorEjecucion, a_guardada, es_fecha, normalizar
 
 DESDE, HASTA = "TxtFPrevisionD", "TxtFPrevision"
 LARGO_DE_FECHA = 10
 
 
 class Fechas:
-    """Part of the screen. `texto` and `tag` are the fields'; `dejando` and `desvio` tell of a
-    leaving that is going on and of where its handlers sent the focus."""
+    """Part of the screen. `texto` and `tag` are the fields', `cargado` their texts at the last load;
+    `dejando` and `desvio` tell of a leaving that is going on and of where its handlers sent the focus."""
 
     def enfocar(self, widget):
         """The user goes to a widget; False when a leaving handler sent the focus elsewhere."""
@@ -55,8 +55,13 @@ class Fechas:
             return
         if self.tag[campo] == self.texto[campo]:
             return
-        self.cerrar_edicion()
-        if self.hay_cambios() and self.puesto.preguntar(GRABAR_ANTES, 4) == "si":
+        try:
+            self.cerrar_edicion()
+            cambios = self.hay_cambios()
+        except ErrorEjecucion:
+            self.texto, self.tag = dict(self.cargado), dict(self.cargado)
+            raise
+        if cambios and self.puesto.preguntar(GRABAR_ANTES, 4) == "si":
             self.grabar()
         else:
             self.recargar()

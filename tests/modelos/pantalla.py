@@ -41,6 +41,7 @@ class Pantalla(Fechas, Pagos, Borrado):
 
     def recargar(self):
         self.copia.cargar(self.desde(), self.hasta())
+        self.cargado = dict(self.texto)
         self.cargar_grip()
         self.foto = self.rejilla.copia()
         self.foto_al_dia = True

@@ -55,7 +55,7 @@ TEST_F(Cierre, UnaEntradaAMedioHacerEsMotivoHastaQueSeCancela) {
 TEST_F(Cierre, UnaEntradaAceptadaEsMotivoHastaQueSeDeja) {
   ASSERT_EQ(componente.Cargar(), "");
   componente.Pantalla().Rejilla.MSFPagos.Rows = componente.Pantalla().Rejilla.MSFPagos.Rows + 1;
-  EXPECT_THAT(Motivo(), HasSubstr("entradas aceptadas sin grabar"));
+  EXPECT_THAT(Motivo(), HasSubstr("por entradas aceptadas"));
   services::entrada::Pulsar(componente.Pantalla().BotonCancelar);
   EXPECT_THAT(Motivo(), StrEq(""));
 }
