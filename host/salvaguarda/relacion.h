@@ -21,10 +21,10 @@ inline constexpr Tope kALaVista{100, 40'000};
 /// As much as a line of the log holds.
 inline constexpr Tope kEnElRegistro{20'000, 20'000};
 
-/// A line for each row.
+/// A line for each row, but for what is told with its invoice.
 struct Relacion {
   std::string Texto;
-  std::size_t QueFaltan = 0;  ///< how many have none, which the text tells too
+  std::size_t QueFaltan = 0;  ///< how many lines there aren't, which the text tells too
 };
 [[nodiscard]] Relacion Relatar(const std::vector<Fila>& filas, const Conceptos& conceptos,
                                Tope hasta);

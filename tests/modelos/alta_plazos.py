@@ -157,6 +157,7 @@ class Plazos:
         if aviso:
             self.puesto.avisar(*aviso)
             self.poner_foco("TxtFVista")
+            self.TxtFVista.todo = True
         return aviso is None
 
     def tecla_de_vista(self, codigo):

@@ -94,3 +94,4 @@ class PrevisionDePanel:
         else:
             return
         self.poner_foco("TxtDesde")
+        self.TxtDesde.todo = True

@@ -44,7 +44,7 @@ TEST(FilaDicha, CadaTablaTieneSuNombre) {
   EXPECT_EQ(Nombre(Fila{"ProvVencimientos", "400", "F-1", "2005", "marzo"}, kConceptos),
             "vencimiento marzo de la factura F-1 de 2005 de Luz y Fuerza (400)");
   EXPECT_EQ(Nombre(Fila{"ProvBasesIva", "400", "F-1", "2005", "2"}, kConceptos),
-            "base de IVA 2 de la factura F-1 de 2005 de Luz y Fuerza (400)");
+            "base de IVA del 7% de la factura F-1 de 2005 de Luz y Fuerza (400)");
   EXPECT_EQ(Nombre(Fila{"ProvPrevisionPagos", "400", "", ""}, kConceptos),
             "previsión de Luz y Fuerza (400)");
   EXPECT_EQ(Nombre(Fila{"CajaPagos", "400", "", "", "2005-03-02 09:30:00"}, kConceptos),
@@ -89,6 +89,22 @@ TEST(FilaDicha, UnaRelacionLargaSeCortaYLoDice) {
   EXPECT_EQ(Relatar(filas, {}, {5, 110}).QueFaltan, 3U);
   EXPECT_EQ(Relatar(filas, {}, {5, 1}).QueFaltan, 4U) << "la primera se dice siempre";
   EXPECT_EQ(Relatar(filas, {}, {5, 1'000}).QueFaltan, 0U);
+}
+
+TEST(FilaDicha, LasDeUnaFacturaSeDicenConElla) {
+  EXPECT_EQ(salvaguarda::Relatar(
+                {{"ProvBasesIva", "1", "a", "2005", "1", "se añadió"},
+                 {"ProvFacturas", "1", "A", "2005", "", "se añadió"},
+                 {"ProvVencimientos", "1", "A", "2005", "20050310", "se añadió", "60,50"},
+                 {"ProvVencimientos", "1", "A", "2005", "20050410", "se añadió"},
+                 {"ProvVencimientos", "1", "A", "2005", "20050510", "se borró"},
+                 {"ProvBasesIva", "1", "B", "2005", "0", "se añadió"}},
+                {}, {9, 1'000})
+                .Texto,
+            "\n· factura A de 2005 del concepto 1 (base de IVA del 16%; vencimiento 10/03/2005, "
+            "por 60,50; vencimiento 10/04/2005): se añadió"
+            "\n· vencimiento 10/05/2005 de la factura A de 2005 del concepto 1: se borró"
+            "\n· base de IVA exenta de la factura B de 2005 del concepto 1: se añadió");
 }
 
 TEST(RegistroDeLaSuite, UnaLineaDeMegasSeAcortaYElFicheroNoCrece) {
