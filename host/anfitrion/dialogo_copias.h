@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "salvaguarda/guardia.h"
-#include "salvaguarda/recuperacion.h"
+#include "salvaguarda/reposicion.h"
 
 class QLabel;
 class QPlainTextEdit;

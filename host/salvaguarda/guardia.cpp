@@ -8,6 +8,7 @@
 #include <utility>
 
 #include "salvaguarda/consultas.h"
+#include "salvaguarda/recuperacion.h"
 #include "salvaguarda/tablas.h"
 #include "valores/error.h"
 

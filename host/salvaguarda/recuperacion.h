@@ -1,34 +1,16 @@
 #pragma once
 
 #include <string>
-#include <vector>
 
 #include "salvaguarda/copias.h"
-#include "salvaguarda/fila.h"
 #include "sqlite/conexion_sqlite.h"
 
 namespace salvaguarda {
 
-/// What putting a copy of rows back does to the stored ones, or did.
-struct Reposicion {
-  std::vector<Fila> Vuelven;
-  std::vector<Fila> SeVan;
-  std::vector<Fila> Cambian;
-
-  [[nodiscard]] std::size_t Cuantas() const {
-    return Vuelven.size() + SeVan.size() + Cambian.size();
-  }
-};
-
-/// What putting it back would do now: the rows that it has and the store hasn't, those that the
-/// store has under its keys and it hasn't, and those that say something else. Who wrote a row when
-/// doesn't count. A cash entry that is gone doesn't come back: only its invoice is put back. `base`
-/// is any connection to the stored file with nothing under way. Throws what the engine throws.
-[[nodiscard]] Reposicion Comparar(sqlite::Conexion& base, const Copia& copia);
-
-/// Puts it back: what it is about is afterwards as the copy tells, in one unit, or as it was when
-/// it throws. The present state is copied first, among `copias`. `almacenados` has nothing under
-/// way, `lectura` is another connection to the same file. Throws what the engine throws.
+/// Puts a copy of rows back: what it is about is afterwards as the copy tells, in one unit, or as
+/// it was when it throws. The present state is copied first, among `copias`. `almacenados` has
+/// nothing under way, `lectura` is another connection to the same file. Throws what the engine
+/// throws.
 void Reponer(sqlite::Conexion& almacenados, sqlite::Conexion& lectura, const Copia& copia,
              Copias& copias, services::FechaHora momento, const std::string& usuario);
 

@@ -9,6 +9,7 @@
 #include "salvaguarda/ambito.h"
 #include "salvaguarda/copia_en_curso.h"
 #include "salvaguarda/recuperacion.h"
+#include "salvaguarda/reposicion.h"
 #include "salvaguarda/rescate.h"
 #include "valores/error.h"
 

@@ -1,0 +1,121 @@
+#include "salvaguarda/reposicion.h"
+
+#include <algorithm>
+#include <iterator>
+#include <string>
+#include <string_view>
+#include <utility>
+
+#include "salvaguarda/adjunta.h"
+#include "salvaguarda/consultas.h"
+#include "salvaguarda/copia_adjunta.h"
+#include "salvaguarda/dicho.h"
+#include "salvaguarda/sql.h"
+
+namespace salvaguarda {
+namespace {
+
+using sql::Juntar;
+
+/// Those of them that tell what a row says.
+std::string Dice(const Tabla& tabla, const std::vector<std::string>& comunes,
+                 std::string_view alias) {
+  std::vector<std::string> columnas;
+  std::ranges::copy_if(comunes, std::back_inserter(columnas),
+                       [&](const std::string& nombre) { return tabla.EsContenido(nombre); });
+  return sql::Valores(tabla, columnas, alias);
+}
+
+/// The stored rows that the copy is about, as a query.
+std::string Ahora(const Tabla& tabla) {
+  if (tabla.Que == Tabla::Cosa::Prevision) return sql::PrevisionesCon("copia.ClavesPrevision");
+  if (tabla.Que != Tabla::Cosa::Apunte) return sql::FilasDe(tabla, "copia.Claves");
+  return Juntar({"SELECT e.* FROM (",
+                 sql::ApuntesCon("copia.CajaPagos", "t.*, t.Factura AS Suya, t.Año AS SuAnio"),
+                 ") e WHERE ", sql::kDeLaCopia});
+}
+
+/// What is in the copy, and what is stored: "121,00, ahora 100,00"; one of them where that is all.
+std::string EnLosDos(const std::string& enLaCopia, const std::string& ahora) {
+  if (enLaCopia.empty() || enLaCopia == ahora) return ahora;
+  return ahora.empty() ? enLaCopia : enLaCopia + ", ahora " + ahora;
+}
+
+/// A row of what is read of a table, into the list of what becomes of it.
+void Anadir(Reposicion& reposicion, const Tabla& tabla, const services::Filas& leidas,
+            std::size_t i) {
+  const auto importe = [&](std::size_t columna) {
+    const services::Valor& valor = leidas.En(i, columna);
+    return valor.EsNulo() ? "" : ImporteDicho(valor);
+  };
+  Fila fila = sql::LeerFila(leidas, i);
+  fila.Importe = EnLosDos(importe(6), importe(7));
+  if (leidas.En(i, 8).Texto() != "1") return reposicion.SeVan.push_back(std::move(fila));
+  if (leidas.En(i, 9).Texto() != "1") return reposicion.Vuelven.push_back(std::move(fila));
+  if (tabla.Que == Tabla::Cosa::Vencimiento) {
+    const std::string pagado = PagadoDicho(leidas.En(i, 10));
+    const std::string pagadoAhora = PagadoDicho(leidas.En(i, 11));
+    if (pagado != pagadoAhora) fila.Motivo = "pagado " + EnLosDos(pagado, pagadoAhora);
+  }
+  reposicion.Cambian.push_back(std::move(fila));
+}
+
+std::string NombreDeClave(std::size_t i) {
+  return "Clave" + std::to_string(i);
+}
+
+/// The rows of a query, and beside each what tells it from the others, in columns of their own: the
+/// engine makes an index of those.
+std::string ConClave(const Tabla& tabla, const std::string& filas) {
+  std::vector<std::string> clave = sql::Clave(tabla, "f");
+  for (std::size_t i = 0; i < clave.size(); ++i) clave[i] += " AS " + NombreDeClave(i);
+  return Juntar({"SELECT f.*, ", sql::Separar(clave, ", "), " FROM (", filas, ") f"});
+}
+
+std::string PorClave(const Tabla& tabla) {
+  std::vector<std::string> nombres;
+  for (std::size_t i = 0; i < tabla.Clave().size(); ++i) nombres.push_back(NombreDeClave(i));
+  return Juntar({" USING (", sql::Separar(nombres, ", "), ")"});
+}
+
+/// What is read of a row of the copy, `a`, and the stored one, `b`: the `Fila` of one of them, what
+/// both amount to, whether they are there, and what was paid of them.
+std::string Leer(const Tabla& tabla, std::string_view alias) {
+  const bool pagado = tabla.Que == Tabla::Cosa::Vencimiento;
+  return Juntar({"SELECT ", sql::ComoFila(tabla, alias, "''"), ", a.", tabla.Importe, ", b.",
+                 tabla.Importe, ", a.Clave0 IS NOT NULL, b.Clave0 IS NOT NULL",
+                 pagado ? ", a.Pagado, b.Pagado" : ""});
+}
+
+/// The rows of the copy that aren't stored, or say something else there; then the stored ones that
+/// it hasn't. Of the cash entries those alone that both have.
+std::string Distintas(sqlite::Conexion& base, const Tabla& tabla) {
+  const std::vector<std::string> comunes = sql::Comunes(base, tabla.Nombre);
+  const std::string por = PorClave(tabla);
+  const bool apuntes = tabla.Que == Tabla::Cosa::Apunte;
+  std::string consulta = Juntar(
+      {"WITH a AS MATERIALIZED (", ConClave(tabla, Juntar({"SELECT * FROM copia.", tabla.Nombre})),
+       "), b AS MATERIALIZED (", ConClave(tabla, Ahora(tabla)), ") ", Leer(tabla, "a"), " FROM a ",
+       apuntes ? "JOIN b" : "LEFT JOIN b", por, " WHERE b.Clave0 IS NULL OR (",
+       Dice(tabla, comunes, "a"), ") IS NOT (", Dice(tabla, comunes, "b"), ")"});
+  if (apuntes) return consulta;
+  return Juntar({consulta, " UNION ALL ", Leer(tabla, "b"), " FROM b LEFT JOIN a", por,
+                 " WHERE a.Clave0 IS NULL"});
+}
+
+void Comparar(sqlite::Conexion& base, const Tabla& tabla, Reposicion& reposicion) {
+  const services::Filas leidas = base.Consultar(Distintas(base, tabla)).Filas;
+  for (std::size_t i = 0; i < leidas.Cuantas(); ++i) Anadir(reposicion, tabla, leidas, i);
+}
+
+}  // namespace
+
+Reposicion Comparar(sqlite::Conexion& base, const Copia& copia) {
+  const sql::Adjunta adjunta(base, copia.Fichero.string(), "copia");
+  sql::PrepararClaves(base);
+  Reposicion reposicion;
+  for (const Tabla& tabla : Tablas()) Comparar(base, tabla, reposicion);
+  return reposicion;
+}
+
+}  // namespace salvaguarda
