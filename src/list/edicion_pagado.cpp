@@ -6,6 +6,7 @@
 #include "services/largos.h"
 #include "valores/error.h"
 #include "valores/formato.h"
+#include "valores/numero.h"
 
 namespace list {
 
@@ -132,16 +133,33 @@ void EdicionPagado::CerrarEdicionPago() {
   MSFPagos_.Col = columna::Pagado;
 }
 
+std::optional<std::string> EdicionPagado::PagadoAlCerrar() const {
+  if (!TxtMsf.Visible) return std::nullopt;
+  try {
+    return EntrarAlCerrar(rejilla_.ReciboDe(MSFPagos_.Row), TxtMsf.Text).Pagado;
+  } catch (const services::ErrorEjecucion&) {
+    return std::nullopt;
+  }
+}
+
 int EdicionPagado::PagosSinGrabar() const {
   const list::PagosSinGrabar& anotados = rejilla_.SinGrabar();
-  if (!TxtMsf.Visible) return anotados.Cuantos();
-  try {
-    const Recibo recibo = rejilla_.ReciboDe(MSFPagos_.Row);
-    const Pago alCerrar = EntrarAlCerrar(recibo, TxtMsf.Text);
-    return anotados.CuantosTras(MSFPagos_.Row, recibo.Pagado, alCerrar.Pagado);
-  } catch (const services::ErrorEjecucion&) {
-    return anotados.Cuantos();
+  const auto abierto = PagadoAlCerrar();
+  if (!abierto) return anotados.Cuantos();
+  return anotados.CuantosTras(MSFPagos_.Row, rejilla_.ReciboDe(MSFPagos_.Row).Pagado, *abierto);
+}
+
+int EdicionPagado::PagoExcesivo() const {
+  const auto abierto = PagadoAlCerrar();
+  const auto excede = [&](int fila, double pagado) {
+    return pagado > rejilla_.ImporteDe(fila, columna::Importe);
+  };
+  if (abierto && excede(MSFPagos_.Row, services::Importe(*abierto))) return MSFPagos_.Row;
+  for (const int fila : rejilla_.SinGrabar().Filas()) {
+    const bool porTomar = abierto && fila == MSFPagos_.Row;
+    if (!porTomar && excede(fila, rejilla_.ImporteDe(fila, columna::Pagado))) return fila;
   }
+  return 0;
 }
 
 void EdicionPagado::AbrirEdicionPagado() {

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <optional>
+#include <string>
 #include <string_view>
 
 #include "forms/controles.h"
@@ -34,6 +36,9 @@ class EdicionPagado {
   /// How many payments of the list are in its cells alone, with the amount in an open editor as
   /// closing it would take it in; one that couldn't be taken in doesn't count.
   [[nodiscard]] int PagosSinGrabar() const;
+  /// The row of a payment that isn't saved yet and is above its due date, the open editor's among
+  /// them; 0 for none.
+  [[nodiscard]] int PagoExcesivo() const;
   /// Whether a double click on the current cell opens the entry panel.
   [[nodiscard]] bool AbreElPanel() const;
   /// Empties and hides the editor; what was typed is dropped. The focus that it had goes to the
@@ -60,6 +65,8 @@ class EdicionPagado {
   void MoverFilaPago(std::string_view direccion);
   [[nodiscard]] int BuscarFilaPago(std::string_view direccion) const;
 
+  /// What closing an open editor would leave in its cell; none for a text that is no amount.
+  [[nodiscard]] std::optional<std::string> PagadoAlCerrar() const;
   [[nodiscard]] bool EnPagadoDePagable() const;
   [[nodiscard]] bool TieneFacturaYFecha(int fila) const;
   [[nodiscard]] bool SuperaElRecibo(int fila) const;

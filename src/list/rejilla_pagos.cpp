@@ -178,13 +178,6 @@ Recibo RejillaPagos::ReciboDe(int fila) const {
   return {MSFPagos.TextMatrix(fila, columna::Importe), MSFPagos.TextMatrix(fila, columna::Pagado)};
 }
 
-int RejillaPagos::PagoExcesivo() const {
-  for (const int fila : sinGrabar_.Filas()) {
-    if (ImporteDe(fila, columna::Pagado) > ImporteDe(fila, columna::Importe)) return fila;
-  }
-  return 0;
-}
-
 double RejillaPagos::ImporteDe(int fila, int columna) const {
   return services::Importe(MSFPagos.TextMatrix(fila, columna));
 }

@@ -75,8 +75,6 @@ class RejillaPagos {
   [[nodiscard]] bool EsPagable(int fila) const;
   [[nodiscard]] Linea LineaDe(int fila) const { return list::LineaDe(MSFPagos, fila, orden_); }
   [[nodiscard]] Recibo ReciboDe(int fila) const;
-  /// The line of one that isn't saved yet and pays more than its due date; 0 for none.
-  [[nodiscard]] int PagoExcesivo() const;
   /// Whether there are more lines than in the snapshot, as after an entry: comparing them fails.
   [[nodiscard]] bool HayLineasNuevas() const { return MSFPagos.Rows > MsfPagos2.Rows; }
   /// Amount of a cell; an empty one counts 0.

@@ -67,8 +67,9 @@ struct ICopiaPorRetomar : IUnknown {
 };
 
 /// What the component's object offers besides. Closing asks whether to save, and closes whatever
-/// came of a yes: with an entry on its panel nothing is saved, and an amount that is refused takes
-/// the others along. A host asks this first.
+/// came of a yes: with an entry on its panel nothing is saved, and an amount that is refused, also
+/// one in an open editor, takes the others along. When the list has grown since it was loaded,
+/// closing fails. A host asks this first.
 struct ICierre : IUnknown {
   static constexpr GUID IID{
       0x8A1F65C7, 0x30D4, 0x4E2B, {0xB9, 0x5C, 0x0E, 0x71, 0xA2, 0x4D, 0x96, 0xF8}};

@@ -144,7 +144,7 @@ std::string FrmTesvaraGastos::MotivoParaNoCerrar() const {
     return "Hay una entrada a medio hacer. Acéptela o cancélela antes de cerrar.";
   }
   if (Rejilla.HayLineasNuevas()) return list::kLineasNuevas;
-  if (const int fila = Rejilla.PagoExcesivo()) {
+  if (const int fila = Edicion.PagoExcesivo()) {
     const auto celda = [&](int columna) {
       return " " + Rejilla.MSFPagos.TextMatrix(fila, columna);
     };

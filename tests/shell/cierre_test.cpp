@@ -68,4 +68,19 @@ TEST_F(Cierre, UnPagoMayorQueSuReciboEsMotivoHastaQueSeCorrige) {
   EXPECT_THAT(Motivo(), StrEq(""));
 }
 
+TEST_F(Cierre, TambienElQueEstaAbiertoEnSuCelda) {
+  ASSERT_EQ(componente.Cargar(), "");
+  auto& lista = componente.Pantalla().Rejilla.MSFPagos;
+  auto& editor = componente.Pantalla().Edicion.TxtMsf;
+  services::entrada::LlevarCelda(lista, 1, list::columna::Pagado);
+  componente.Pantalla().Edicion.AbrirEdicionPagado();
+  ASSERT_TRUE(editor.Visible);
+  editor.Text = "99999";
+  EXPECT_THAT(Motivo(), HasSubstr("tiene pagado más que su importe"));
+  editor.Text = "1";
+  EXPECT_THAT(Motivo(), StrEq(""));
+  Pagar("99999,00");
+  EXPECT_THAT(Motivo(), StrEq("")) << "lo abierto ocupará su lugar";
+}
+
 }  // namespace
