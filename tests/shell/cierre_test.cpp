@@ -72,7 +72,8 @@ TEST_F(Cierre, TambienElQueEstaAbiertoEnSuCelda) {
   ASSERT_EQ(componente.Cargar(), "");
   auto& lista = componente.Pantalla().Rejilla.MSFPagos;
   auto& editor = componente.Pantalla().Edicion.TxtMsf;
-  services::entrada::LlevarCelda(lista, 1, list::columna::Pagado);
+  lista.Row = 1;
+  lista.Col = list::columna::Pagado;
   componente.Pantalla().Edicion.AbrirEdicionPagado();
   ASSERT_TRUE(editor.Visible);
   editor.Text = "99999";
