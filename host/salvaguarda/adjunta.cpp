@@ -1,5 +1,7 @@
 #include "salvaguarda/adjunta.h"
 
+#include <filesystem>
+
 #include "salvaguarda/sql.h"
 #include "valores/error.h"
 
@@ -7,6 +9,11 @@ namespace salvaguarda::sql {
 
 Adjunta::Adjunta(sqlite::Conexion& base, const std::string& fichero, std::string_view nombre)
     : base_(base), nombre_(nombre) {
+  std::error_code fallo;
+  if (!std::filesystem::exists(fichero, fallo)) {
+    throw services::ErrorEjecucion(services::error::FalloDeConexion,
+                                   "No se puede abrir " + fichero + ": no existe");
+  }
   base_.Ejecutar(Juntar({"ATTACH ", Texto(fichero), " AS ", nombre}));
 }
 

@@ -1,8 +1,6 @@
 #include "salvaguarda/guardia.h"
 
-#include <algorithm>
 #include <exception>
-#include <iterator>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -46,8 +44,7 @@ void Guardia::AlComenzar(const Comienzo& comienzo) {
 void Guardia::AlCargar(const Rango& rango) {
   cargando_ = true;
   cotejo_.Olvidar();
-  std::erase_if(oidas_,
-                [](const Oida& oida) { return oida.Omision.Durante == Omision::Tarea::Carga; });
+  pasadas_.OlvidarCarga();
   const auto intentar = [this](const auto& accion) {
     try {
       accion();
@@ -79,33 +76,61 @@ void Guardia::DecirLoQueVino() {
   cotejo_.NoCargadas().empty() ? yaDichas_.clear() : trato_.AlHaberQueContar();
 }
 
+// It is durable: nothing of this may make it look as if it weren't.
 void Guardia::AlTerminarUnidad() {
-  if (std::exchange(grabando_, false) && !GrabadoAMedias()) sinGrabar_.DarPorVisto();
+  if (!std::exchange(grabando_, false)) return;
+  try {
+    grabadoAMedias_ = pasadas_.CerrarGrabacion(cotejo_.Conexion());
+    if (!grabadoAMedias_) sinGrabar_.DarPorVisto();
+  } catch (const std::exception& fallo) {
+    Anotar(std::string("No se ha podido comprobar lo que se ha grabado: ") + fallo.what());
+  }
 }
 
 void Guardia::AlTerminarUnidadDeTrabajo() {
   if (std::exchange(cargando_, false)) sinGrabar_.DarPorVisto();
 }
 
-bool Guardia::GrabadoAMedias() {
-  return !NoticiasDeGrabacion(Clasificar(oidas_, Omision::Tarea::Grabacion, cotejo_.Conexion()))
-              .empty();
+void Guardia::AlVaciar() {
+  if (!trato_.Apartar) return;
+  if (std::exchange(grabadoAMedias_, false)) return Dejar("No se ha podido grabar todo");
+  // What is being saved isn't durable yet.
+  if (grabando_) return;
+  if (const auto dejado = LoQueSeDeja()) Dejar(*dejado);
 }
 
-// Nothing of it may keep the component from what it is at. What is being saved isn't durable yet.
-void Guardia::AlVaciar() try {
-  if (!trato_.Apartar) return;
-  if (GrabadoAMedias()) return Dejar("No se ha podido grabar todo");
-  if (grabando_) return;
-  if (const auto dejado = sinGrabar_.Mirar()) {
-    Dejar("Se han dejado sin grabar " + Recuento(dejado->Filas));
+bool Guardia::HayAlgoSinGrabar() {
+  if (!sinGrabar_.Escrito()) return false;
+  bases_.DeTrabajo->TerminarUnidad();
+  return sinGrabar_.Mirar().has_value();
+}
+
+// The unit under way ends before anything is attached. Its failure is the component's.
+std::optional<std::string> Guardia::LoQueSeDeja() {
+  if (!sinGrabar_.Escrito()) return std::nullopt;
+  bases_.DeTrabajo->TerminarUnidad();
+  try {
+    const auto dejado = sinGrabar_.Mirar();
+    if (!dejado) return std::nullopt;
+    if (dejado->Filas.empty()) return "Se ha dejado una copia de trabajo de otras tablas";
+    return "Se han dejado sin grabar " + Recuento(dejado->Filas);
+  } catch (const ErrorEjecucion& fallo) {
+    return "No se ha podido mirar si se dejaba algo sin grabar: " + fallo.Descripcion();
   }
-} catch (const std::exception& fallo) {
-  Anotar(std::string("No se ha podido guardar aparte lo que no está grabado: ") + fallo.what());
 }
 
 void Guardia::Dejar(const std::string& que) {
-  const std::string texto = que + ". La copia de trabajo queda guardada en " + trato_.Apartar();
+  std::string aparte;
+  try {
+    aparte = trato_.Apartar();
+  } catch (const std::exception& fallo) {
+    throw ErrorEjecucion(services::error::FalloDeConexion,
+                         "No se puede guardar aparte lo que no está grabado, y no se deja para no "
+                         "perderlo: " +
+                             std::string(fallo.what()));
+  }
+  const std::string texto = que + ". La copia de trabajo queda guardada en " + aparte +
+                            ". Puede abrirla con Archivo, Abrir una copia guardada aparte";
   Anotar(texto);
   trato_.AlDejar(texto);
 }
@@ -147,13 +172,11 @@ void Guardia::PasadoPorAlto(const Omision& omision) {
   if (omision.Que == Omision::Falta::Nada) return;
   Anotar("Pasado por alto en " + (omision.Tabla.empty() ? "las tablas de trabajo" : omision.Tabla) +
          ": " + omision.Fallo.Descripcion());
-  oidas_.push_back({omision});
-  if (omision.Que == Omision::Falta::Tabla && omision.Durante == Omision::Tarea::Carga) {
-    DarPorIncompleta();
-  } else if (omision.Que == Omision::Falta::Tabla) {
-    // Now: when the event is over a load has taken their place.
-    oidas_.back().PorGrabar = LoQueHabiaQueGrabar(omision);
-  }
+  const bool tabla = omision.Que == Omision::Falta::Tabla;
+  const bool deCarga = omision.Durante == Omision::Tarea::Carga;
+  if (tabla && deCarga) DarPorIncompleta();
+  // Now: when the event is over a load has taken their place.
+  pasadas_.Anadir(omision, tabla && !deCarga ? LoQueHabiaQueGrabar(omision) : std::vector<Fila>());
   trato_.AlHaberQueContar();
 }
 
@@ -185,12 +208,8 @@ void Guardia::Decir(const Noticia& noticia, const salvaguarda::Conceptos& concep
 }
 
 Relato Guardia::Contar() {
-  const std::vector<Oida> oidas = std::exchange(oidas_, {});
-  const Omitidas carga = Clasificar(oidas, Omision::Tarea::Carga, cotejo_.Conexion());
-  const Omitidas grabacion = Clasificar(oidas, Omision::Tarea::Grabacion, cotejo_.Conexion());
-  cotejo_.AnadirNoCargadas(carga.Filas);
-  std::vector<Noticia> noticias = NoticiasDeGrabacion(grabacion);
-  std::ranges::move(NoticiasDeCarga(carga), std::back_inserter(noticias));
+  auto [noticias, noSeCargaron] = pasadas_.Tomar(cotejo_.Conexion());
+  cotejo_.AnadirNoCargadas(noSeCargaron);
   const std::vector<Fila>& noCargadas = cotejo_.NoCargadas();
   if (std::exchange(yaDichas_, noCargadas) != noCargadas && !noCargadas.empty()) {
     noticias.push_back(NoticiaDeNoCargadas(noCargadas));

@@ -12,7 +12,7 @@
 #include "salvaguarda/fila.h"
 #include "salvaguarda/lo_sin_grabar.h"
 #include "salvaguarda/noticia.h"
-#include "salvaguarda/omitidas.h"
+#include "salvaguarda/pasadas_por_alto.h"
 #include "salvaguarda/registro.h"
 #include "salvaguarda/relato.h"
 #include "salvaguarda/reparos.h"
@@ -52,7 +52,8 @@ class Guardia {
   void AlRetomar(const Rescate& rescate);
   void PasadoPorAlto(const services::Omision& omision);
   /// The working tables are about to be emptied: what is in them and isn't stored is kept aside
-  /// first. The component asks before that for some of it alone.
+  /// first. The component asks before that for some of it alone. Throws when that can't be done, so
+  /// that they stay as they are.
   void AlVaciar();
   /// The unit of the stored tables is durable, or was given up.
   void AlTerminarUnidad();
@@ -61,6 +62,8 @@ class Guardia {
   void AlTerminarUnidadDeTrabajo();
   /// What is in the working tables is kept elsewhere.
   void DarPorVisto() { sinGrabar_.DarPorVisto(); }
+  /// Whether the working tables hold anything that isn't stored. Throws what the engine throws.
+  [[nodiscard]] bool HayAlgoSinGrabar();
 
   /// What there is to be told since the last time; empty paragraphs for nothing. What was passed
   /// over and is stored all the same isn't told.
@@ -91,8 +94,8 @@ class Guardia {
   [[nodiscard]] bool Confirmar(const Reparos& reparos);
   /// What the user should know of the rows that the working copy has, and of those that it hasn't.
   void DecirLoQueVino();
-  /// Whether the last commit passed over anything that isn't stored all the same.
-  [[nodiscard]] bool GrabadoAMedias();
+  /// What is about to be let go of without being stored, a sentence; none for nothing.
+  [[nodiscard]] std::optional<std::string> LoQueSeDeja();
   void Dejar(const std::string& que);
   /// Notes that the working copy misses a table.
   void DarPorIncompleta();
@@ -106,11 +109,13 @@ class Guardia {
   /// Whether one has begun in the unit under way.
   bool cargando_ = false;
   bool grabando_ = false;
+  /// Whether what the last commit could not store is still in the working tables alone.
+  bool grabadoAMedias_ = false;
   salvaguarda::Copias copias_;
   Registro registro_;
   std::string usuario_;
   Trato trato_;
-  std::vector<Oida> oidas_;
+  PasadasPorAlto pasadas_;
   std::vector<Fila> yaDichas_;
   std::vector<Fila> gemelasDichas_;
   Relato relato_;

@@ -10,11 +10,4 @@ void LoSinGrabar::DarPorVisto() {
   vistas_ = Escrituras();
 }
 
-std::optional<Rescate> LoSinGrabar::Mirar() {
-  if (vistas_ == Escrituras()) return std::nullopt;
-  // The engine attaches nothing to a transaction.
-  deTrabajo_->TerminarUnidad();
-  return BuscarRescate(*deTrabajo_, almacenados_, foto_);
-}
-
 }  // namespace salvaguarda

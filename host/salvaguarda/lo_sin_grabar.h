@@ -18,9 +18,12 @@ class LoSinGrabar {
 
   /// What is there now has been loaded, or is kept elsewhere.
   void DarPorVisto();
-  /// None where nothing was written since, or all of it is stored. Ends the unit under way. Throws
-  /// what the engine throws.
-  [[nodiscard]] std::optional<Rescate> Mirar();
+  /// Whether anything was written since.
+  [[nodiscard]] bool Escrito() { return vistas_ != Escrituras(); }
+  /// None where all of it is stored. No unit is under way. Throws what the engine throws.
+  [[nodiscard]] std::optional<Rescate> Mirar() {
+    return BuscarRescate(*deTrabajo_, almacenados_, foto_);
+  }
 
  private:
   [[nodiscard]] double Escrituras();

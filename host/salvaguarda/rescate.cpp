@@ -1,6 +1,7 @@
 #include "salvaguarda/rescate.h"
 
 #include <algorithm>
+#include <filesystem>
 #include <string_view>
 
 #include "salvaguarda/adjunta.h"
@@ -14,32 +15,65 @@ namespace {
 using sql::Juntar;
 using sql::Texto;
 
-std::vector<std::string> ContenidoDe(const Tabla& tabla) {
-  const auto columnas = tabla.Contenido();
-  return {columnas.begin(), columnas.end()};
-}
-
 std::string Clave(const Tabla& tabla, std::string_view alias) {
   return sql::Separar(sql::Clave(tabla, alias), ", ");
 }
 
-/// Whether the key of a row stands in the table of another file. The keys are gathered once: not
-/// every file has an index by them, and the engine may take another that serves for less.
-std::string Esta(const Tabla& tabla, std::string_view alias, std::string_view donde) {
-  return Juntar({"(", Clave(tabla, alias), ") IN (SELECT ", Clave(tabla, "e"), " FROM ", donde,
-                 tabla.Nombre, " e) IS TRUE"});
+/// What a row says, case included.
+std::string ALaLetra(const Tabla& tabla) {
+  std::vector<std::string> valores;
+  for (const std::string_view columna : tabla.Contenido()) {
+    valores.push_back(Juntar({sql::Valores(tabla, {std::string(columna)}, ""),
+                              " COLLATE BINARY AS ", sql::Columna("", columna)}));
+  }
+  return sql::Separar(valores, ", ");
 }
 
-/// The rows of a working table that its stored one hasn't, nor the picture.
-std::string Distintas(const Tabla& tabla, bool conFoto) {
-  const auto filas = [&](std::string_view de) {
-    return Juntar({"SELECT ", sql::ValoresConNombre(tabla, ContenidoDe(tabla), ""), " FROM ", de,
-                   tabla.Nombre});
+/// The stored rows that may be those of working ones, by what the stored table has an index of.
+std::string DeLasMismas(const Tabla& tabla) {
+  const auto entre = [&](const std::string& guardada, const std::string& deTrabajo) {
+    return Juntar(
+        {guardada, " COLLATE ES IN (SELECT ", deTrabajo, " FROM main.Temp", tabla.Nombre, " w)"});
   };
-  const std::string motivo = Juntar(
-      {"CASE WHEN ", Esta(tabla, "d", "almacen."), " THEN 'se cambió' ELSE 'se añadió' END"});
-  return Juntar({"SELECT ", sql::ComoFila(tabla, "d", motivo), " FROM (", filas("main.Temp"),
-                 " EXCEPT ", filas("almacen."), conFoto ? " EXCEPT " + filas("foto.") : "", ") d"});
+  const std::string desde = Juntar({"(SELECT s.* FROM almacen.", tabla.Nombre, " s WHERE "});
+  switch (tabla.Que) {
+    case Tabla::Cosa::Prevision:
+      return desde + entre("s.NConcepto", "w.NConcepto") + ")";
+    case Tabla::Cosa::Apunte:
+      return Juntar({desde, entre("s.idSucursal", "w.idSucursal"),
+                     " AND MOMENTO(s.FechaHora) IN (SELECT MOMENTO(w.FechaHora) FROM main.Temp",
+                     tabla.Nombre, " w))"});
+    default:
+      return desde + entre(sql::Numero(tabla, "s"), sql::Numero(tabla, "w")) + ")";
+  }
+}
+
+/// Whether the key of a row stands among others. Their keys are gathered once: not all have an
+/// index by them, and the engine may take another that serves for less.
+std::string Esta(const Tabla& tabla, std::string_view alias, std::string_view entre) {
+  return Juntar({"(", Clave(tabla, alias), ") IN (SELECT ", Clave(tabla, "e"), " FROM ", entre,
+                 " e) IS TRUE"});
+}
+
+std::string DeTrabajo(const Tabla& tabla) {
+  return Juntar({"main.Temp", tabla.Nombre});
+}
+
+std::string DeLaFoto(const Tabla& tabla) {
+  return Juntar({"foto.", tabla.Nombre});
+}
+
+/// The rows of a working table that its stored one hasn't to the letter, nor the picture.
+std::string Distintas(const Tabla& tabla, bool conFoto) {
+  const auto filas = [&](const std::string& de) {
+    return Juntar({"SELECT ", ALaLetra(tabla), " FROM ", de});
+  };
+  const std::string guardadas = DeLasMismas(tabla);
+  const std::string motivo =
+      Juntar({"CASE WHEN ", Esta(tabla, "d", guardadas), " THEN 'se cambió' ELSE 'se añadió' END"});
+  return Juntar({"SELECT ", sql::ComoFila(tabla, "d", motivo), " FROM (", filas(DeTrabajo(tabla)),
+                 " EXCEPT ", filas(guardadas), conFoto ? " EXCEPT " + filas(DeLaFoto(tabla)) : "",
+                 ") d"});
 }
 
 /// The stored rows `t` of a query that the working copy hasn't any more, though it could have
@@ -48,21 +82,27 @@ std::string Borradas(const Tabla& tabla, const std::string& desde, bool conFoto)
   return Juntar({"SELECT DISTINCT ", sql::ComoFila(tabla, "t", "'se borró'"), desde,
                  " AND EXISTS (SELECT 1 FROM almacen.ProvConceptos c WHERE c.NConcepto = "
                  "t.NConcepto) AND NOT ",
-                 Esta(tabla, "t", "main.Temp"),
-                 conFoto ? " AND " + Esta(tabla, "t", "foto.") : ""});
+                 Esta(tabla, "t", DeTrabajo(tabla)),
+                 conFoto ? " AND " + Esta(tabla, "t", DeLaFoto(tabla)) : ""});
 }
 
-/// Of the due dates of the range, with those of the same invoices, and of the forecasts.
+/// Of the invoices with due dates in the range, with all that they have, and of the forecasts.
 std::string Borradas(const Rango& rango, bool conFoto) {
-  const std::string vencimientos =
-      Juntar({" FROM almacen.ProvVencimientos v CROSS JOIN almacen.ProvFacturas f ON f.NConcepto = "
-              "v.NConcepto AND f.Factura = v.NFactura CROSS JOIN almacen.ProvVencimientos t ON "
-              "t.NConcepto = f.NConcepto AND t.NFactura = f.Factura WHERE v.FechaVto >= ",
-              Texto(rango.Desde), " AND v.FechaVto <= ", Texto(rango.Hasta)});
-  const std::string previsiones =
-      Juntar({" FROM almacen.ProvPrevisionPagos t WHERE t.Fecha1Vto <= ", Texto(rango.Hasta)});
-  return Borradas(*BuscarTabla("ProvVencimientos"), vencimientos, conFoto) + " UNION ALL " +
-         Borradas(Previsiones(), previsiones, conFoto);
+  const auto de = [&](const Tabla& tabla) {
+    const std::string desde = Juntar(
+        {" FROM almacen.ProvVencimientos v CROSS JOIN almacen.ProvFacturas f ON f.NConcepto = "
+         "v.NConcepto AND f.Factura = v.NFactura CROSS JOIN almacen.",
+         tabla.Nombre, " t ON t.NConcepto = f.NConcepto AND t.", tabla.Numero,
+         " = f.Factura WHERE v.FechaVto >= ", Texto(rango.Desde),
+         " AND v.FechaVto <= ", Texto(rango.Hasta)});
+    return Borradas(tabla, desde, conFoto) + " UNION ALL ";
+  };
+  std::string consulta;
+  for (const Tabla& tabla : TablasDeFactura()) consulta += de(tabla);
+  return consulta +
+         Borradas(Previsiones(),
+                  " FROM almacen.ProvPrevisionPagos t WHERE t.Fecha1Vto <= " + Texto(rango.Hasta),
+                  conFoto);
 }
 
 constexpr std::string_view kColumnas =
@@ -126,8 +166,9 @@ std::optional<Rescate> BuscarRescate(sqlite::Conexion& deTrabajo, const std::str
   Rescate rescate{*copia, {}, false, copia->Almacenados != almacenados};
   if (rescate.DeOtraEmpresa) return rescate;
   const sql::Adjunta tablas(deTrabajo, almacenados, "almacen");
-  const sql::Adjunta retrato(deTrabajo, foto, "foto");
-  rescate.ConFoto = !copia->Foto.empty() && SenaDeFoto(deTrabajo) == copia->Foto;
+  std::optional<sql::Adjunta> retrato;
+  if (std::filesystem::exists(foto)) retrato.emplace(deTrabajo, foto, "foto");
+  rescate.ConFoto = retrato && !copia->Foto.empty() && SenaDeFoto(deTrabajo) == copia->Foto;
   rescate.Filas = Diferencias(deTrabajo, copia->Rango, rescate.ConFoto);
   if (rescate.Filas.empty()) return std::nullopt;
   return rescate;

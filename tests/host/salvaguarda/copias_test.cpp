@@ -224,9 +224,9 @@ TEST_F(Copias, LoQueNoEsUnaCopiaNoSeLista) {
 TEST_F(Copias, QuedanLasUltimasYLaPrimeraDeCadaDia) {
   salvaguarda::Copias copias(Carpeta() + "/copias");
   const auto lectura = sqlite::AbrirConexion(Negocio().FicheroDatos(), {.UnidadDeTrabajo = false});
-  const salvaguarda::sql::Adjunta sinFoto(*lectura, ":memory:", "foto");
   lectura->Ejecutar(
-      "CREATE TABLE foto.Claves (NConcepto, Factura, Año); CREATE TABLE foto.DelRango (NConcepto, "
+      "ATTACH ':memory:' AS foto; CREATE TABLE foto.Claves (NConcepto, Factura, Año); CREATE TABLE "
+      "foto.DelRango (NConcepto, "
       "Factura, Año); CREATE TABLE foto.ProvPrevisionPagos "
       "(NConcepto); CREATE TABLE foto.CajaPagos (idSucursal, FechaHora, Tipo)");
   const auto guardar = [&](int dia, int cuantas) {

@@ -20,7 +20,11 @@ namespace pruebas {
 
 class Oficina {
  public:
-  explicit Oficina(apoyo::Tamano tamano = {3, 4}) : negocio_(tamano) {}
+  explicit Oficina(apoyo::Tamano tamano = {3, 4}) : negocio_(tamano) {
+    componente.Entorno().AlPasarPorAlto = [this](const services::Omision& omision) {
+      guardia->PasadoPorAlto(omision);
+    };
+  }
 
   void Cargar() {
     Operacion([this] { copia_.Cargar(apoyo::kRangoDeMarzo); });
@@ -29,10 +33,9 @@ class Oficina {
     Operacion([this] { copia_.Grabar(); });
   }
   /// In one event, as the screen does it.
-  void GrabarYCargar(const std::function<void()>& antesDeCargar = [] {}) {
-    Operacion([&] {
+  void GrabarYCargar() {
+    Operacion([this] {
       copia_.Grabar();
-      antesDeCargar();
       copia_.Cargar(apoyo::kRangoDeMarzo);
     });
   }
@@ -57,15 +60,8 @@ class Oficina {
         "ifnull(Año,'') FROM CajaPagos ORDER BY 1");
   }
   std::vector<salvaguarda::Copia> Guardadas() { return guardia->Copias(); }
-  /// The guard hears of what was passed over since; how many there were.
-  std::size_t PasarOmisiones() {
-    const auto omisiones = std::exchange(componente.Entorno().Omisiones, {});
-    for (const auto& omision : omisiones) guardia->PasadoPorAlto(omision);
-    return omisiones.size();
-  }
   /// What the user is told now, in one text.
   std::string Contado() {
-    PasarOmisiones();
     std::string todo;
     for (const std::string& parrafo : guardia->Contar().Parrafos) todo += parrafo + "\n";
     return todo;
@@ -99,6 +95,7 @@ class Oficina {
             [this] { ++Avisos; },
             avisarDeOtros,
             [this] {
+              AlApartar();
               Apartadas.push_back(EnTrabajo());
               return std::string("aparte.sqlite");
             },
@@ -122,6 +119,8 @@ class Oficina {
   /// What happens while the user reads the question.
   std::function<void()> MientrasPregunta = [] {};
   int Avisos = 0;
+  /// What happens while the working copy is kept aside.
+  std::function<void()> AlApartar = [] {};
   /// What was let go of, and how many due dates were in the copy that was kept of it.
   std::vector<std::string> Dejado;
   std::vector<std::size_t> Apartadas;
