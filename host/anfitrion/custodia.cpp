@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QPointer>
+#include <QScopedValueRollback>
 #include <QTimer>
 #include <QWidget>
 #include <chrono>
@@ -52,7 +53,11 @@ Custodia::Custodia(QWidget& ventana, const Datos& datos, const Opciones& opcione
             if (yo) yo->ContarDespues();
           },
           opciones.AvisarDeOtros,
-          [yo] { return yo ? ApartarDejada(yo->datos_).string() : std::string(); },
+          [yo] {
+            if (yo) return ApartarDejada(yo->datos_, yo->porAbrir_).string();
+            throw services::ErrorEjecucion(services::error::FalloDeConexion,
+                                           "la ventana se ha cerrado");
+          },
           [yo](const std::string& texto) {
             if (yo) yo->AlDejar(QString::fromStdString(texto));
           }});
@@ -145,9 +150,24 @@ void Custodia::Retomar(const salvaguarda::Rescate& rescate) {
   porRetomar_ = rescate.Copia.Rango;
 }
 
+bool Custodia::HayAlgoSinGrabar() {
+  try {
+    return guardia_->HayAlgoSinGrabar();
+  } catch (const std::exception& fallo) {
+    guardia_->Anotar(std::string("No se ha podido mirar si queda algo sin grabar: ") +
+                     fallo.what());
+    return true;
+  }
+}
+
 void Custodia::AbrirAparte(const std::string& fichero, const std::function<bool()>& cerrar) {
   porRetomar_.reset();
+  // What closing keeps aside must not push out the one that is picked.
+  const QScopedValueRollback<fs::path> mientras(porAbrir_, fichero);
   try {
+    if (fs::equivalent(fichero, datos_.NombreDeTrabajo)) {
+      return Decir("Esa es la copia de trabajo que está abierta.");
+    }
     if (!QuiereAbrir(*sqlite::AbrirConexion(fichero, {.SoloLectura = true})) || !cerrar()) return;
     // One that was left behind and not offered yet.
     if (RescateEn(*datos_.DeTrabajo)) DecirDondeQueda(Apartar());
@@ -218,8 +238,8 @@ void Custodia::Recuperar(const std::function<bool()>& cerrar) try {
     Decir("No se ha podido recuperar la copia, y todo queda como estaba: " +
           QString::fromUtf8(fallo.what()));
   }
-} catch (const services::ErrorEjecucion& fallo) {
-  Decir(QString::fromStdString(fallo.Descripcion()));
+} catch (const std::exception& fallo) {
+  Decir("No se han podido leer las copias: " + QString::fromUtf8(fallo.what()));
 }
 
 }  // namespace anfitrion

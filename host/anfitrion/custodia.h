@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QObject>
+#include <filesystem>
 #include <functional>
 #include <memory>
 #include <optional>
@@ -40,6 +41,8 @@ class Custodia final : public QObject {
   [[nodiscard]] const std::optional<salvaguarda::Rango>& PorRetomar() const { return porRetomar_; }
   /// The screen has opened: there is nothing to go on with any more.
   void Abierta() { porRetomar_.reset(); }
+  /// Whether the working copy holds anything that isn't stored; also when that can't be told.
+  [[nodiscard]] bool HayAlgoSinGrabar();
   /// Tells what there is to be told. `abierta`: whether there is a screen that can still be closed
   /// without saving.
   void Contar(bool abierta = true);
@@ -72,6 +75,8 @@ class Custodia final : public QObject {
   services::Ref<services::Conexion> almacenados_;
   services::Ref<services::Conexion> deTrabajo_;
   std::optional<salvaguarda::Rango> porRetomar_;
+  /// The file of the copy that is being opened.
+  std::filesystem::path porAbrir_;
   bool porContar_ = false;
 };
 

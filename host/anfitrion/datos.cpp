@@ -100,14 +100,20 @@ fs::path NombreLibre(const fs::path& fichero, const std::string& clase = "") {
 // engine, which leaves nothing behind in a journal.
 fs::path ApartarEn(const Datos& datos, fs::path aparte) {
   datos.DeTrabajo->TerminarUnidad();
-  datos.DeTrabajo->CopiarEn(aparte.string());
+  try {
+    datos.DeTrabajo->CopiarEn(aparte.string());
+  } catch (const services::ErrorEjecucion&) {
+    std::error_code ignorado;
+    fs::remove(aparte, ignorado);
+    throw;
+  }
   return aparte;
 }
 
 constexpr const char* kDejada = "-dejada";
 
-/// Those of the kind of the one just made that are too many, which itself stays.
-void QuitarViejas(const fs::path& nueva) {
+/// Those of the kind of the one just made that are too many. That one stays, and `conservada`.
+void QuitarViejas(const fs::path& nueva, const fs::path& conservada) {
   constexpr std::size_t kQuedan = 10;
   const std::string nombre = nueva.filename().string();
   const std::string principio = nombre.substr(0, nombre.find(kDejada)) + kDejada;
@@ -115,7 +121,8 @@ void QuitarViejas(const fs::path& nueva) {
   std::error_code ignorado;
   for (const auto& entrada : fs::directory_iterator(nueva.parent_path(), ignorado)) {
     const std::string una = entrada.path().filename().string();
-    if (una.starts_with(principio) && una != nombre) suyas.insert(entrada.path());
+    const bool queda = una == nombre || una == conservada.filename().string();
+    if (una.starts_with(principio) && !queda) suyas.insert(entrada.path());
   }
   for (; suyas.size() >= kQuedan; suyas.erase(suyas.begin())) fs::remove(*suyas.begin(), ignorado);
 }
@@ -132,9 +139,9 @@ fs::path ApartarDeTrabajo(const Datos& datos) {
   return ApartarEn(datos, NombreLibre(datos.NombreDeTrabajo));
 }
 
-fs::path ApartarDejada(const Datos& datos) {
+fs::path ApartarDejada(const Datos& datos, const fs::path& conservada) {
   fs::path aparte = ApartarEn(datos, NombreLibre(datos.NombreDeTrabajo, kDejada));
-  QuitarViejas(aparte);
+  QuitarViejas(aparte, conservada);
   return aparte;
 }
 
@@ -144,8 +151,9 @@ Datos AbrirDatos(const Opciones& opciones) {
     fs::create_directories(carpeta);
     const bool propio = opciones.Datos.isEmpty();
     ExigirFichero(opciones.Datos.toStdString());
-    const fs::path almacenados =
-        propio ? carpeta / "empresa.sqlite" : fs::path(opciones.Datos.toStdString());
+    // However it was written: a working copy says which stored file it belongs to.
+    const fs::path almacenados = fs::weakly_canonical(
+        propio ? carpeta / "empresa.sqlite" : fs::path(opciones.Datos.toStdString()));
     const fs::path trabajo = carpeta / "trabajo.sqlite";
     // First, so that of two programs that start at the same time only one goes on from here.
     auto deTrabajo = AbrirDeTrabajo(trabajo);

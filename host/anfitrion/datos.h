@@ -32,8 +32,9 @@ struct Datos {
 [[nodiscard]] std::filesystem::path ApartarDeTrabajo(const Datos& datos);
 
 /// The same for one that is let go of without anybody asking for it: under a name of that kind, of
-/// which the last ten stay.
-[[nodiscard]] std::filesystem::path ApartarDejada(const Datos& datos);
+/// which the last ten stay, and `conservada`.
+[[nodiscard]] std::filesystem::path ApartarDejada(const Datos& datos,
+                                                  const std::filesystem::path& conservada);
 
 /// The folder of the suite's own files.
 [[nodiscard]] std::filesystem::path CarpetaDeDatos(const Opciones& opciones);

@@ -24,6 +24,11 @@ namespace {
 /// How long a message stays in the status bar, in milliseconds.
 constexpr int kEnEstado = 30'000;
 
+/// Of a working copy that is left as it is.
+constexpr const char* kSeOfrecera =
+    "La copia de trabajo se queda como está, y la próxima vez se ofrecerá abrirla. Los pagos que "
+    "solo están escritos en la lista se perderán.";
+
 /// The sign of what isn't saved goes first: there it shows in a narrow place, too.
 constexpr const char* kTitulo = "[*]Sorvex";
 
@@ -222,6 +227,11 @@ bool VentanaPrincipal::Preguntar(const QString& texto) {
   return caja.clickedButton() == si;
 }
 
+/// A menu that is opened would wipe what the status bar says, with nothing in its place.
+bool VentanaPrincipal::event(QEvent* evento) {
+  return evento->type() == QEvent::StatusTip || QMainWindow::event(evento);
+}
+
 void VentanaPrincipal::closeEvent(QCloseEvent* evento) {
   dejado_.clear();
   const bool cerrada = CerrarPagos();
@@ -230,24 +240,35 @@ void VentanaPrincipal::closeEvent(QCloseEvent* evento) {
   evento->setAccepted(cerrada);
 }
 
-bool VentanaPrincipal::PuedeCerrarse() {
-  if (!HayPantalla()) return true;
+QString VentanaPrincipal::MotivoParaNoCerrar() {
+  if (!HayPantalla()) return "";
   const auto cierre = pagos_.Como<services::ICierre>();
-  const QString motivo = cierre ? QString::fromUtf8(cierre->MotivoParaNoCerrar()) : QString();
-  if (!motivo.isEmpty()) Mostrar(QMessageBox::Warning, motivo);
-  return motivo.isEmpty();
+  return cierre ? QString::fromUtf8(cierre->MotivoParaNoCerrar()) : QString();
 }
 
 bool VentanaPrincipal::CerrarPantalla() {
-  return PuedeCerrarse() && Hacer(&services::IClassTesvara::Cerrar);
+  const QString motivo = MotivoParaNoCerrar();
+  if (motivo.isEmpty()) return Hacer(&services::IClassTesvara::Cerrar);
+  Mostrar(QMessageBox::Warning, motivo);
+  return false;
 }
 
-/// The screen asks about unsaved changes as it goes.
+/// The screen asks about unsaved changes as it goes. Nobody is held here by what it can't do.
 bool VentanaPrincipal::CerrarPagos() {
-  if (!PuedeCerrarse()) return false;
+  const QString motivo = MotivoParaNoCerrar();
+  if (!motivo.isEmpty()) {
+    return Preguntar(motivo + "\n\n¿Quiere salir sin hacerlo? " + kSeOfrecera);
+  }
   if (!HayPantalla()) return true;
+  const bool sinPagos = !isWindowModified();
   const services::HRESULT cerrada = pagos_->Cerrar();
   if (!services::hr::Fallido(cerrada) || SeDejo()) return Comprobar(cerrada);
+  if (sinPagos && !custodia_.HayAlgoSinGrabar()) {
+    Mostrar(QMessageBox::Warning,
+            "No se ha podido cerrar bien Tesvara de Pagos, pero no queda nada sin grabar: " +
+                MotivoDePagos());
+    return true;
+  }
   return Preguntar("No se ha podido cerrar Tesvara de Pagos: " + MotivoDePagos() +
                    "\n\n¿Quiere salir de todas formas? Lo que no se haya grabado se perderá; la "
                    "copia de trabajo se guardará aparte.") &&
@@ -261,9 +282,9 @@ bool VentanaPrincipal::ApartarTrabajo() {
             "La copia de trabajo queda guardada en " + QString::fromStdString(aparte));
     return true;
   } catch (const services::ErrorEjecucion& fallo) {
-    Mostrar(QMessageBox::Critical, "No se ha podido guardar aparte la copia de trabajo: " +
-                                       QString::fromStdString(fallo.Descripcion()));
-    return false;
+    return Preguntar("No se ha podido guardar aparte la copia de trabajo: " +
+                     QString::fromStdString(fallo.Descripcion()) +
+                     "\n\n¿Quiere salir dejándola donde está? " + kSeOfrecera);
   }
 }
 

@@ -36,6 +36,7 @@ class VentanaPrincipal final : public QMainWindow {
   /// When the component can't be closed the window stays, unless the user wants to leave all the
   /// same: then the working file is kept aside first.
   void closeEvent(QCloseEvent* evento) override;
+  bool event(QEvent* evento) override;
 
  private:
   using Operacion = services::HRESULT (services::IClassTesvara::*)() noexcept;
@@ -52,8 +53,8 @@ class VentanaPrincipal final : public QMainWindow {
   [[nodiscard]] QString MotivoDePagos();
   void Mostrar(QMessageBox::Icon icono, const QString& texto);
   [[nodiscard]] bool Preguntar(const QString& texto);
-  /// Whether what is on the screen can be saved as it closes; otherwise the user is told.
-  [[nodiscard]] bool PuedeCerrarse();
+  /// Why what is on the screen couldn't be saved as it closes; empty when it could.
+  [[nodiscard]] QString MotivoParaNoCerrar();
   bool CerrarPantalla();
   [[nodiscard]] bool CerrarPagos();
   [[nodiscard]] bool ApartarTrabajo();

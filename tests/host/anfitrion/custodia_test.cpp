@@ -97,7 +97,7 @@ TEST_F(CustodiaTest, LasFilasQueGrabarBorrariaDejanCerrarSinGrabar) {
 TEST_F(CustodiaTest, DeLasQueSeDejanQuedanLasDiezUltimas) {
   fs::path ultima;
   for (int i = 0; i < 12; ++i) {
-    ultima = anfitrion::ApartarDejada(datos);
+    ultima = anfitrion::ApartarDejada(datos, "");
     EXPECT_TRUE(fs::exists(ultima));
   }
   EXPECT_TRUE(fs::exists(anfitrion::ApartarDeTrabajo(datos)));

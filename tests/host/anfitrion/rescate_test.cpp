@@ -182,6 +182,41 @@ TEST_F(CopiaAparte, ElFicheroQueNoLoEsQuedaComoEstaba) {
   EXPECT_EQ(fs::file_size(aparte), 0U);
 }
 
+TEST_F(CopiaAparte, LaQueEstaAbiertaSeDice) {
+  aparte = datos.NombreDeTrabajo;
+  AbrirAparte();
+  EXPECT_THAT(dicho, ElementsAre(HasSubstr("la copia de trabajo que está abierta")));
+}
+
+/// The last ten stay, and this would be the eleventh.
+TEST_F(CopiaAparte, LaQueSeAbreNoSeQuitaPorLasQueSeDejanAlCerrar) {
+  aparte = anfitrion::ApartarDejada(datos, "");
+  fs::remove(aparte);
+  aparte.insert(aparte.find("-dejada") + 7, "-0000");
+  datos.DeTrabajo->Ejecutar(
+      "INSERT INTO TempProvFacturas (NConcepto, Factura, Año) VALUES ('1', 'SIN-GRABAR', '2005')");
+  datos.DeTrabajo->CopiarEn(aparte);
+  custodia.AbrirAparte(aparte, [this] {
+    for (int i = 0; i < 11; ++i) custodia.Guardia().AlVaciar();
+    return true;
+  });
+  EXPECT_TRUE(fs::exists(aparte));
+  EXPECT_TRUE(custodia.PorRetomar());
+}
+
+TEST_F(CopiaAparte, LaDeColumnasEnOtroOrdenSeTraePorSusNombres) {
+  sqlite::AbrirConexion(aparte)->Ejecutar(
+      "INSERT INTO TempProvBasesIva (NConcepto, NFactura, Año, Tipo, Base, Importe) VALUES ('1', "
+      "'SIN-GRABAR', '2005', '1', 100, 16); CREATE TABLE Otra AS SELECT Importe, Base, NConcepto, "
+      "NFactura, Año, Tipo, Exento FROM TempProvBasesIva; DROP TABLE TempProvBasesIva; ALTER TABLE "
+      "Otra RENAME TO TempProvBasesIva");
+  AbrirAparte();
+  const auto traida = datos.DeTrabajo->Consultar("SELECT Base, Importe FROM TempProvBasesIva");
+  ASSERT_EQ(traida.Filas.Cuantas(), 1U);
+  EXPECT_EQ(traida.Filas.En(0, 0).Numero(), 100);
+  EXPECT_EQ(traida.Filas.En(0, 1).Numero(), 16);
+}
+
 TEST_F(CopiaAparte, LaDeUnRangoQueNoSeEntiendeNoSeAbre) {
   sqlite::AbrirConexion(aparte)->Ejecutar("UPDATE SorvexCopia SET Hasta = 'x'");
   AbrirAparte();

@@ -6,6 +6,8 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <QRegularExpression>
+#include <QStatusBar>
+#include <QStatusTipEvent>
 #include <QTest>
 #include <QTimer>
 #include <QVBoxLayout>
@@ -87,6 +89,12 @@ class Ventana : public testing::Test {
     opciones.Carpeta = QString::fromStdString(carpeta);
     return opciones;
   }
+  void DejarSinGrabar() {
+    ventana.Custodia().Guardia().AlComenzar(
+        {salvaguarda::Comienzo::Tarea::Carga, {"20050301", "20050331"}});
+    datos.DeTrabajo->Ejecutar(
+        "INSERT INTO TempProvFacturas (NConcepto, Factura, Año) VALUES ('1', 'F1', '2005')");
+  }
   /// The working files kept aside.
   [[nodiscard]] std::vector<std::string> Apartados() const {
     std::vector<std::string> nombres;
@@ -120,12 +128,35 @@ TEST_F(Ventana, LoQueNoSePodriaGrabarNoSeCierra) {
   componente->Motivo = "Hay una entrada a medio hacer";
   EXPECT_FALSE(ventana.close());
   EXPECT_EQ(componente->Cierres, 0);
-  EXPECT_THAT(dicho, ElementsAre("Hay una entrada a medio hacer"));
+  EXPECT_THAT(preguntado, ElementsAre(HasSubstr("Hay una entrada a medio hacer")));
   componente->Motivo.clear();
   EXPECT_TRUE(ventana.close());
 }
 
+/// As on a full disk, where it can be neither saved nor let go of.
+TEST_F(Ventana, QuienNoPuedeHacerOtraCosaSaleDejandoLaCopiaDondeEsta) {
+  componente->Motivo = "Hay entradas aceptadas";
+  respuesta = true;
+  EXPECT_TRUE(ventana.close());
+  EXPECT_EQ(componente->Cierres, 0);
+  EXPECT_THAT(preguntado, ElementsAre(HasSubstr("la próxima vez se ofrecerá abrirla")));
+}
+
+TEST_F(Ventana, SinNadaSinGrabarSeSaleAunqueNoSePuedaCerrarBien) {
+  EXPECT_TRUE(ventana.close());
+  EXPECT_TRUE(preguntado.empty());
+  EXPECT_THAT(dicho, ElementsAre(AllOf(HasSubstr("no queda nada sin grabar"),
+                                       HasSubstr("Falta la celda 7"))));
+}
+
+TEST_F(Ventana, LosPagosDeLaListaTampocoEstanGrabados) {
+  componente->Principal.Como<services::IPagosSinGrabar>()->Contar(1);
+  EXPECT_FALSE(ventana.close());
+  EXPECT_THAT(preguntado, ElementsAre(HasSubstr("Falta la celda 7")));
+}
+
 TEST_F(Ventana, SeQuedaAbiertaYDicePorQue) {
+  DejarSinGrabar();
   EXPECT_FALSE(ventana.close());
   EXPECT_TRUE(ventana.isVisible());
   EXPECT_THAT(preguntado, ElementsAre(AllOf(HasSubstr("Falta la celda 7"),
@@ -152,8 +183,7 @@ TEST_F(Ventana, LoQueSeDejaAlCerrarSeDice) {
 }
 
 TEST_F(Ventana, SaleSiElUsuarioQuiereYGuardaAparteLaCopiaDeTrabajo) {
-  datos.DeTrabajo->Ejecutar(
-      "INSERT INTO TempProvFacturas (NConcepto, Factura, Año) VALUES ('1', 'F1', '2005')");
+  DejarSinGrabar();
   respuesta = true;
   EXPECT_TRUE(ventana.close());
   const auto apartados = Apartados();
@@ -166,11 +196,25 @@ TEST_F(Ventana, SaleSiElUsuarioQuiereYGuardaAparteLaCopiaDeTrabajo) {
   EXPECT_EQ(aparte->Consultar("SELECT Factura FROM TempProvFacturas").Filas.En(0, 0).Texto(), "F1");
 }
 
-TEST_F(Ventana, SiLaCopiaNoSePuedeGuardarSeQueda) {
-  respuesta = true;
+TEST_F(Ventana, SiLaCopiaNoSePuedeGuardarSeQuedaODejaDondeEsta) {
+  DejarSinGrabar();
+  ventana.AlPreguntar = [this](const QString& texto) {
+    preguntado.push_back(texto.toStdString());
+    return preguntado.size() != 2;
+  };
   fs::remove_all(carpeta.Camino());
   EXPECT_FALSE(ventana.close());
-  EXPECT_THAT(dicho, ElementsAre(HasSubstr("No se ha podido guardar aparte")));
+  EXPECT_THAT(preguntado.back(),
+              AllOf(HasSubstr("No se ha podido guardar aparte"), HasSubstr("se ofrecerá abrirla")));
+  EXPECT_TRUE(ventana.close());
+}
+
+/// Opening a menu asks for what it says there to be taken away.
+TEST_F(Ventana, LoDejadoSigueEnLaBarraDeEstadoMientrasSeMiraElMenu) {
+  ventana.Custodia().AlDejar("Se ha dejado una factura");
+  QStatusTipEvent vacio("");
+  QApplication::sendEvent(&ventana, &vacio);
+  EXPECT_EQ(ventana.statusBar()->currentMessage(), "Se ha dejado una factura");
 }
 
 TEST_F(Ventana, ElTituloDiceCuantosPagosNoSeHanGrabado) {
@@ -189,6 +233,7 @@ TEST_F(Ventana, ElTituloDiceCuantosPagosNoSeHanGrabado) {
 }
 
 TEST_F(Ventana, LaPreguntaTieneSiYNoYSinMasEsQueNo) {
+  DejarSinGrabar();
   ventana.AlPreguntar = nullptr;
   QStringList botones;
   QString porDefecto;
