@@ -55,6 +55,15 @@ std::string ConAlgo(std::string_view de) {
   return Separar(tablas, " UNION ");
 }
 
+/// Whether any row of the invoice `d` was there and isn't, where a commit writes what the working
+/// copy has of it and doesn't delete it.
+std::string SeRepone(const std::string& delRango, const std::string& deTrabajo) {
+  return Juntar({"CASE WHEN ", delRango, " OR NOT ", deTrabajo,
+                 " THEN 0 ELSE EXISTS (SELECT 1 FROM temp.Distintas q WHERE ",
+                 MismaFactura("q", "d"), " AND q.", EsDeFactura(),
+                 " GROUP BY q.Tabla, q.Detalle HAVING max(q.EnLaCopia) = 0) END"});
+}
+
 /// The changed invoices as `d`, the invoices of the picture as `antes` and of the copy as `ahora`,
 /// and those that either has any row of as `estaba` and `queda`.
 std::string ConLasFacturas() {
@@ -86,7 +95,9 @@ std::string EstaEnSuLado(std::string_view suya, std::string_view otra, std::stri
 }  // namespace
 
 std::string FacturasCambiadas() {
-  const std::string enLaLista = EstaEn("temp.DeTrabajo");
+  const std::string enLaLista = EstaEn("temp.EnLaLista");
+  const std::string delRango = EstaEn("temp.DelRango");
+  const std::string deTrabajo = Juntar({"(", enLaLista, " OR ", EstaEn("temp.SoloConBases"), ")"});
   return ConLasFacturas() + Juntar({"SELECT 'ProvFacturas', d.NConcepto, d.Factura, d.Año, '', ",
                                     EstaEnSuLado("antes", "ahora", "estaba"),
                                     ", ",
@@ -96,14 +107,16 @@ std::string FacturasCambiadas() {
                                     ", ahora.ModificadoPor), ",
                                     enLaLista,
                                     ", ",
-                                    EstaEn("temp.DelRango"),
+                                    delRango,
+                                    ", ",
+                                    SeRepone(delRango, deTrabajo),
                                     " FROM d",
                                     Junto("antes"),
                                     Junto("ahora"),
                                     Junto("estaba"),
                                     Junto("queda"),
                                     " WHERE ",
-                                    enLaLista,
+                                    deTrabajo,
                                     " OR ",
                                     Hay("queda"),
                                     " GROUP BY d.NConcepto, d.Factura, d.Año"});
@@ -121,18 +134,17 @@ std::string VencimientosCambiados() {
 std::string PrevisionesCambiadas() {
   constexpr std::string_view kEnLaLista =
       "EXISTS (SELECT 1 FROM temp.PrevisionDeTrabajo w WHERE w.NConcepto = d.NConcepto)";
-  return Juntar({"SELECT Tabla, NConcepto, '', '', '', min(EnLaCopia) = 0, max(EnLaCopia) = 1, ",
-                 EnLosDos("Importe"), ", max(CASE WHEN EnLaCopia = 1 THEN ModificadoPor END), ",
-                 kEnLaLista,
-                 ", 1 FROM temp.Distintas d WHERE Tabla = 'ProvPrevisionPagos' GROUP BY NConcepto "
-                 "HAVING max(EnLaCopia) = 1 OR ",
-                 kEnLaLista});
+  return Juntar(
+      {"SELECT Tabla, NConcepto, '', '', '', min(EnLaCopia) = 0, max(EnLaCopia) = 1, ",
+       EnLosDos("Importe"), ", max(CASE WHEN EnLaCopia = 1 THEN ModificadoPor END), ", kEnLaLista,
+       ", 1, 0 FROM temp.Distintas d WHERE Tabla = 'ProvPrevisionPagos' GROUP BY NConcepto "
+       "HAVING max(EnLaCopia) = 1 OR ",
+       kEnLaLista});
 }
 
 std::string ApuntesConOtraFactura() {
   return "SELECT Tabla, NConcepto, Factura, Año, Detalle, 1, 1, Importe, Importe, ModificadoPor, "
-         "1, "
-         "1 FROM temp.Distintas WHERE Tabla = 'CajaPagos' AND EnLaCopia = 1 ORDER BY Detalle";
+         "1, 1, 0 FROM temp.Distintas WHERE Tabla = 'CajaPagos' AND EnLaCopia = 1 ORDER BY Detalle";
 }
 
 }  // namespace salvaguarda::sql

@@ -4,8 +4,8 @@
 
 // What others have changed, as SQL: what `temp.Distintas` holds, told for each invoice, forecast
 // and cash entry. But for the due dates all of them find the columns of a `Cambio`: those of its
-// `Fila`, whether it was there and is, its two amounts, who did it, whether it is in the list, and
-// whether a commit deletes it.
+// `Fila`, whether it was there and is, its two amounts, who did it, whether it is in the list,
+// whether a commit deletes it, and whether it writes again what is gone of one that it doesn't.
 
 namespace salvaguarda::sql {
 

@@ -36,9 +36,10 @@ double Version(sqlite::Conexion& base) {
   return base.Consultar("PRAGMA main.data_version").Filas.En(0, 0).Numero();
 }
 
-/// The invoice or forecast that a row belongs to, among those of its table.
-Fila SinDetalle(const Fila& fila) {
-  return {fila.Tabla, fila.NConcepto, fila.Factura, fila.Anio};
+/// What tells a row from the others: a concept has one forecast, whatever its date.
+Fila Clave(Fila fila) {
+  if (fila.Tabla == Previsiones().Nombre) fila.Detalle.clear();
+  return fila;
 }
 
 }  // namespace
@@ -186,9 +187,9 @@ std::vector<Fila> Foto::QueSiguen(std::vector<Fila> filas) {
   }
   std::set<Fila, PorSuClave> quedan;
   for (const Fila& fila : sql::LeerFilas(*conexion_, sql::Separar(consultas, " UNION ALL "))) {
-    quedan.insert(SinDetalle(fila));
+    quedan.insert(Clave(fila));
   }
-  std::erase_if(filas, [&](const Fila& fila) { return !quedan.contains(SinDetalle(fila)); });
+  std::erase_if(filas, [&](const Fila& fila) { return !quedan.contains(Clave(fila)); });
   return filas;
 }
 

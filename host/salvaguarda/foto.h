@@ -53,7 +53,7 @@ class Foto {
 
   /// What the attached file `copia`, made for a commit, says otherwise than it.
   [[nodiscard]] std::vector<Cambio> Cambios();
-  /// Those of the rows of whose invoice or forecast the attached file `copia` still has any there.
+  /// Those of the rows that the attached file `copia` still has, by their keys.
   [[nodiscard]] std::vector<Fila> QueSiguen(std::vector<Fila> filas);
 
  private:
