@@ -56,11 +56,11 @@ void Leer(sqlite::Conexion& base, std::string_view consulta, std::vector<Cambio>
 
 }  // namespace
 
-std::vector<Cambio> LeerCambios(sqlite::Conexion& base) {
-  if (DicenLoMismo(base)) return {};
-  ReunirDistintas(base);
+std::vector<Cambio> LeerCambios(sqlite::Conexion& base, std::string_view antes) {
+  if (DicenLoMismo(base, antes)) return {};
+  ReunirDistintas(base, antes);
   std::vector<Cambio> cambios;
-  Leer(base, sql::FacturasCambiadas(), cambios);
+  Leer(base, sql::FacturasCambiadas(antes), cambios);
   PorFactura vencimientos = LeerVencimientos(base);
   for (Cambio& cambio : cambios) {
     const auto suyos = vencimientos.find(cambio.Fila);

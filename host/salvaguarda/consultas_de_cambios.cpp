@@ -64,16 +64,16 @@ std::string SeRepone(const std::string& delRango, const std::string& deTrabajo) 
                  " GROUP BY q.Tabla, q.Detalle HAVING max(q.EnLaCopia) = 0) END"});
 }
 
-/// The changed invoices as `d`, the invoices of the picture as `antes` and of the copy as `ahora`,
+/// The changed invoices as `d`, those that there were as `antes` and of the copy as `ahora`,
 /// and those that either has any row of as `estaba` and `queda`.
-std::string ConLasFacturas() {
+std::string ConLasFacturas(std::string_view de) {
   const Tabla& facturas = TablasDeFactura()[0];
   constexpr std::string_view kDatos = ", Total, ModificadoPor";
   return Juntar(
       {"WITH d AS MATERIALIZED (SELECT NConcepto, Factura, Año FROM temp.Distintas WHERE ",
        EsDeFactura(), " GROUP BY NConcepto, Factura, Año), antes AS MATERIALIZED (",
-       Recortadas("foto", facturas, kDatos), "), ahora AS MATERIALIZED (",
-       Recortadas("copia", facturas, kDatos), "), estaba AS MATERIALIZED (", ConAlgo("foto"),
+       Recortadas(de, facturas, kDatos), "), ahora AS MATERIALIZED (",
+       Recortadas("copia", facturas, kDatos), "), estaba AS MATERIALIZED (", ConAlgo(de),
        "), queda AS MATERIALIZED (", ConAlgo("copia"), ") "});
 }
 
@@ -94,32 +94,32 @@ std::string EstaEnSuLado(std::string_view suya, std::string_view otra, std::stri
 
 }  // namespace
 
-std::string FacturasCambiadas() {
+std::string FacturasCambiadas(std::string_view de) {
   const std::string enLaLista = EstaEn("temp.EnLaLista");
   const std::string delRango = EstaEn("temp.DelRango");
   const std::string deTrabajo = Juntar({"(", enLaLista, " OR ", EstaEn("temp.SoloConBases"), ")"});
-  return ConLasFacturas() + Juntar({"SELECT 'ProvFacturas', d.NConcepto, d.Factura, d.Año, '', ",
-                                    EstaEnSuLado("antes", "ahora", "estaba"),
-                                    ", ",
-                                    EstaEnSuLado("ahora", "antes", "queda"),
-                                    ", antes.Total, ahora.Total, ifnull(",
-                                    Quien(),
-                                    ", ahora.ModificadoPor), ",
-                                    enLaLista,
-                                    ", ",
-                                    delRango,
-                                    ", ",
-                                    SeRepone(delRango, deTrabajo),
-                                    " FROM d",
-                                    Junto("antes"),
-                                    Junto("ahora"),
-                                    Junto("estaba"),
-                                    Junto("queda"),
-                                    " WHERE ",
-                                    deTrabajo,
-                                    " OR ",
-                                    Hay("queda"),
-                                    " GROUP BY d.NConcepto, d.Factura, d.Año"});
+  return ConLasFacturas(de) + Juntar({"SELECT 'ProvFacturas', d.NConcepto, d.Factura, d.Año, '', ",
+                                      EstaEnSuLado("antes", "ahora", "estaba"),
+                                      ", ",
+                                      EstaEnSuLado("ahora", "antes", "queda"),
+                                      ", antes.Total, ahora.Total, ifnull(",
+                                      Quien(),
+                                      ", ahora.ModificadoPor), ",
+                                      enLaLista,
+                                      ", ",
+                                      delRango,
+                                      ", ",
+                                      SeRepone(delRango, deTrabajo),
+                                      " FROM d",
+                                      Junto("antes"),
+                                      Junto("ahora"),
+                                      Junto("estaba"),
+                                      Junto("queda"),
+                                      " WHERE ",
+                                      deTrabajo,
+                                      " OR ",
+                                      Hay("queda"),
+                                      " GROUP BY d.NConcepto, d.Factura, d.Año"});
 }
 
 std::string VencimientosCambiados() {

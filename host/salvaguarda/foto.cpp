@@ -139,20 +139,6 @@ bool Foto::Recuperar(const Rango& rango, const std::string& sena) {
   return true;
 }
 
-void Foto::TomarDeCopia() {
-  std::string todo =
-      "DROP TABLE IF EXISTS foto.Foto; DELETE FROM foto.Claves; INSERT INTO foto.Claves SELECT * "
-      "FROM copia.Claves; DELETE FROM foto.DelRango; INSERT INTO foto.DelRango SELECT * FROM "
-      "temp.DelRango;";
-  for (const Tabla& tabla : Tablas()) {
-    todo += Retratar(tabla.Nombre, Juntar({"SELECT * FROM copia.", tabla.Nombre}));
-  }
-  version_.reset();
-  sql::Transaccion transaccion(*conexion_);
-  conexion_->Ejecutar(todo);
-  transaccion.Terminar();
-}
-
 std::vector<Fila> Foto::Excluidas() {
   if (!rango_) return {};
   return sql::LeerFilas(*conexion_, "SELECT * FROM foto.Excluidas");
@@ -175,7 +161,7 @@ std::vector<Fila> Foto::Gemelas() {
 }
 
 std::vector<Cambio> Foto::Cambios() {
-  return rango_ ? LeerCambios(*conexion_) : std::vector<Cambio>();
+  return rango_ ? LeerCambios(*conexion_, "foto") : std::vector<Cambio>();
 }
 
 std::vector<Fila> Foto::QueSiguen(std::vector<Fila> filas) {

@@ -1,5 +1,6 @@
 #include <gmock/gmock.h>
 
+#include "apoyo/errores.h"
 #include "host/salvaguarda/oficina.h"
 
 // A question is for what would be lost, and for nothing else: one that is asked in vain teaches to
@@ -221,6 +222,64 @@ TEST_F(LoDeOtros, UnaPrevisionSinCargarQueOtroAplazoSeBorraria) {
   Otro("UPDATE ProvPrevisionPagos SET Fecha1Vto = '20050201'");
   Grabar();
   EXPECT_THAT(Preguntas, ElementsAre(HasSubstr("que se borrarían (1 previsión)")));
+}
+
+TEST_F(LoDeOtros, TrasUnNoLoQueElOtroDeshaceNoSePregunta) {
+  Cargar();
+  Otro("UPDATE ProvFacturas SET Total = 99.5 WHERE Factura = 'F000001'");
+  Respuesta = false;
+  EXPECT_NE(apoyo::NumeroDeError([this] { Grabar(); }), 0);
+  Otro("UPDATE ProvFacturas SET Total = 322.45 WHERE Factura = 'F000001'");
+  Preguntas.clear();
+  Grabar();
+  EXPECT_THAT(Preguntas, IsEmpty());
+}
+
+TEST_F(LoDeOtros, TrasUnNoSePreguntaPorLoQueNoEsComoAlCargar) {
+  Cargar();
+  Otro("UPDATE ProvFacturas SET Total = 99.5 WHERE Factura = 'F000001'");
+  Respuesta = false;
+  EXPECT_NE(apoyo::NumeroDeError([this] { Grabar(); }), 0);
+  Otro("UPDATE ProvFacturas SET Total = 50 WHERE Factura = 'F000001'");
+  EXPECT_NE(apoyo::NumeroDeError([this] { Grabar(); }), 0);
+  ASSERT_THAT(Preguntas, SizeIs(2));
+  EXPECT_THAT(Preguntas[1], HasSubstr("por 50,00, antes 322,45"));
+}
+
+TEST_F(LoDeOtros, LoAceptadoQueVuelveACambiarMientrasSePreguntaSePreguntaDeNuevo) {
+  Cargar();
+  Otro("UPDATE ProvFacturas SET Total = 99.5 WHERE Factura = 'F000001'");
+  MientrasPregunta = [this] {
+    if (Preguntas.size() == 1) Otro("UPDATE ProvFacturas SET Total = 50 WHERE Factura = 'F000001'");
+  };
+  Grabar();
+  ASSERT_THAT(Preguntas, SizeIs(2));
+  EXPECT_THAT(Preguntas[1], HasSubstr("por 50,00, antes 322,45"));
+}
+
+TEST_F(LoDeOtros, LoQueElOtroDeshaceMientrasSePreguntaNoSePreguntaDeNuevo) {
+  Cargar();
+  Otro("UPDATE ProvFacturas SET Total = 99.5 WHERE Factura = 'F000001'");
+  MientrasPregunta = [this] {
+    Otro("UPDATE ProvFacturas SET Total = 322.45 WHERE Factura = 'F000001'");
+  };
+  Grabar();
+  EXPECT_THAT(Preguntas, SizeIs(1));
+}
+
+/// It was gone at the first "Grabar", and is again as the load left it out.
+TEST_F(LoDeOtros, LoQueNoSeCargoYElOtroRepusoTrasUnNoSeBorraria) {
+  Otro("DELETE FROM ProvConceptos WHERE NConcepto = '2'");
+  Cargar();
+  Otro(
+      "CREATE TABLE Apartados AS SELECT * FROM ProvVencimientos WHERE NConcepto = '2';"
+      "DELETE FROM ProvVencimientos WHERE NConcepto = '2'");
+  Respuesta = false;
+  EXPECT_NE(apoyo::NumeroDeError([this] { Grabar(); }), 0);
+  Otro("INSERT INTO ProvVencimientos SELECT * FROM Apartados; DROP TABLE Apartados");
+  EXPECT_NE(apoyo::NumeroDeError([this] { Grabar(); }), 0);
+  ASSERT_THAT(Preguntas, SizeIs(2));
+  EXPECT_THAT(Preguntas[1], HasSubstr("que se borrarían (1 factura, 3 vencimientos)"));
 }
 
 }  // namespace
