@@ -10,7 +10,7 @@ namespace salvaguarda::sql {
 Adjunta::Adjunta(sqlite::Conexion& base, const std::string& fichero, std::string_view nombre)
     : base_(base), nombre_(nombre) {
   std::error_code fallo;
-  if (!std::filesystem::exists(fichero, fallo)) {
+  if (!fichero.empty() && !std::filesystem::exists(fichero, fallo)) {
     throw services::ErrorEjecucion(services::error::FalloDeConexion,
                                    "No se puede abrir " + fichero + ": no existe");
   }

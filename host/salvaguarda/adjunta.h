@@ -8,7 +8,8 @@
 namespace salvaguarda::sql {
 
 /// Another file under a name of its own, for as long as it lives. Throws what the engine throws,
-/// and for one that isn't there: the engine would make an empty one.
+/// and for one that isn't there: the engine would make an empty one. Without a name it is one that
+/// nobody else sees.
 class Adjunta {
  public:
   Adjunta(sqlite::Conexion& base, const std::string& fichero, std::string_view nombre);

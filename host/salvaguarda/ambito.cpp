@@ -11,18 +11,15 @@ using sql::Juntar;
 using sql::Texto;
 
 std::string Vacio() {
-  std::string todo;
-  for (const std::string_view tabla :
-       {"DelRango", "DeTrabajo", "Ambito", "PrevisionDeTrabajo", "AmbitoPrevision", "AmbitoCaja"}) {
-    todo += Juntar({"DROP TABLE IF EXISTS temp.", tabla, ";"});
+  std::string todo = "DROP TABLE IF EXISTS temp.AmbitoCaja;";
+  for (const std::string_view tabla : {"DelRango", "EnLaLista", "SoloConBases", "Ambito"}) {
+    todo += Juntar({"DROP TABLE IF EXISTS temp.", tabla, ";"}) + sql::CrearClaves("temp", tabla);
   }
   for (const std::string_view tabla : {"PrevisionDeTrabajo", "AmbitoPrevision"}) {
-    todo += Juntar(
-        {"CREATE TEMP TABLE ", tabla, " (NConcepto TEXT COLLATE ES PRIMARY KEY) WITHOUT ROWID;"});
+    todo += Juntar({"DROP TABLE IF EXISTS temp.", tabla, "; CREATE TEMP TABLE ", tabla,
+                    " (NConcepto TEXT COLLATE ES PRIMARY KEY) WITHOUT ROWID;"});
   }
-  return todo + sql::CrearClaves("temp", "DelRango") + sql::CrearClaves("temp", "DeTrabajo") +
-         sql::CrearClaves("temp", "Ambito") +
-         "CREATE TEMP TABLE AmbitoCaja (idSucursal, FechaHora, Tipo);";
+  return todo + "CREATE TEMP TABLE AmbitoCaja (idSucursal, FechaHora, Tipo);";
 }
 
 /// In statements of many rows each.
@@ -78,20 +75,42 @@ std::string PorClaves() {
          Crear("copia.ClavesPrevision", "SELECT * FROM temp.AmbitoPrevision");
 }
 
-/// The keys that a working table holds, as `t`.
-std::string DeTrabajo(const Tabla& tabla) {
-  return Juntar(
-      {"SELECT t.NConcepto, t.", tabla.Numero, ", t.Año FROM main.Temp", tabla.Nombre, " t"});
+/// The keys of the rows of a working table, as `t`, that meet a condition.
+std::string DeTrabajo(const Tabla& tabla, std::string_view cuales) {
+  return Juntar({"SELECT t.NConcepto, t.", tabla.Numero, ", t.Año FROM main.Temp", tabla.Nombre,
+                 " t WHERE ", cuales});
 }
 
-ClavesDeTrabajo LeerClaves(sqlite::Conexion& deTrabajo, const std::string& facturas,
-                           const std::string& previsiones) {
-  ClavesDeTrabajo claves;
-  const auto filas = deTrabajo.Consultar(facturas).Filas;
+/// That a working table has no row of the invoice of the base `t`.
+std::string SinNingunaEn(const Tabla& tabla) {
+  return Juntar({"NOT EXISTS (SELECT 1 FROM main.Temp", tabla.Nombre,
+                 " s WHERE s.NConcepto = t.NConcepto AND s.", tabla.Numero,
+                 " = t.NFactura AND s.Año = t.Año)"});
+}
+
+std::vector<ClavesDeTrabajo::Factura> LeerFacturas(sqlite::Conexion& deTrabajo,
+                                                   const std::string& consulta) {
+  std::vector<ClavesDeTrabajo::Factura> claves;
+  const auto filas = deTrabajo.Consultar(consulta).Filas;
   for (std::size_t i = 0; i < filas.Cuantas(); ++i) {
-    claves.Facturas.push_back(
-        {filas.En(i, 0).Texto(), filas.En(i, 1).Texto(), filas.En(i, 2).Texto()});
+    claves.push_back({filas.En(i, 0).Texto(), filas.En(i, 1).Texto(), filas.En(i, 2).Texto()});
   }
+  return claves;
+}
+
+/// `cuales`: a condition on the rows of each table.
+template <class Condicion>
+ClavesDeTrabajo LeerClaves(sqlite::Conexion& deTrabajo, const Condicion& cuales,
+                           std::string_view previsiones) {
+  const Tabla& facturas = *BuscarTabla("ProvFacturas");
+  const Tabla& bases = *BuscarTabla("ProvBasesIva");
+  const Tabla& vencimientos = *BuscarTabla("ProvVencimientos");
+  ClavesDeTrabajo claves;
+  claves.EnLaLista = LeerFacturas(deTrabajo, DeTrabajo(facturas, cuales(facturas)) + " UNION " +
+                                                 DeTrabajo(vencimientos, cuales(vencimientos)));
+  claves.SoloConBases = LeerFacturas(
+      deTrabajo, DeTrabajo(bases, Juntar({cuales(bases), " AND ", SinNingunaEn(facturas), " AND ",
+                                          SinNingunaEn(vencimientos)})));
   const auto conceptos = deTrabajo.Consultar(previsiones).Filas;
   for (std::size_t i = 0; i < conceptos.Cuantas(); ++i) {
     claves.Previsiones.push_back(conceptos.En(i, 0).Texto());
@@ -102,23 +121,20 @@ ClavesDeTrabajo LeerClaves(sqlite::Conexion& deTrabajo, const std::string& factu
 }  // namespace
 
 ClavesDeTrabajo ClavesDeTrabajo::Leer(sqlite::Conexion& deTrabajo) {
-  std::vector<std::string> facturas;
-  for (const Tabla& tabla : TablasDeFactura()) facturas.push_back(DeTrabajo(tabla));
-  return LeerClaves(deTrabajo, sql::Separar(facturas, " UNION "),
-                    "SELECT NConcepto FROM TempProvPrevisionPagos");
+  const auto todas = [](const Tabla&) { return std::string("1"); };
+  return LeerClaves(deTrabajo, todas, "SELECT NConcepto FROM TempProvPrevisionPagos");
 }
 
 ClavesDeTrabajo ClavesDeTrabajo::Nuevas(sqlite::Conexion& deTrabajo, const std::string& foto) {
   const sql::Adjunta adjunta(deTrabajo, foto, "foto");
-  std::vector<std::string> facturas;
-  for (const Tabla& tabla : TablasDeFactura()) {
-    facturas.push_back(DeTrabajo(tabla) +
-                       " WHERE NOT EXISTS (SELECT 1 FROM foto.Claves c WHERE c.NConcepto = "
-                       "t.NConcepto AND c.Factura = " +
-                       sql::Numero(tabla, "t") + " AND c.Año = t.Año)");
-  }
+  const auto nuevas = [](const Tabla& tabla) {
+    return Juntar(
+        {"NOT EXISTS (SELECT 1 FROM foto.Claves c WHERE c.NConcepto = t.NConcepto AND "
+         "c.Factura = ",
+         sql::Numero(tabla, "t"), " AND c.Año = t.Año)"});
+  };
   return LeerClaves(
-      deTrabajo, sql::Separar(facturas, " UNION "),
+      deTrabajo, nuevas,
       "SELECT NConcepto FROM main.TempProvPrevisionPagos EXCEPT SELECT NConcepto FROM "
       "foto.ProvPrevisionPagos");
 }
@@ -128,9 +144,11 @@ std::string CopiaDeGrabacion(const Rango& rango, const ClavesDeTrabajo& claves) 
          InsertarDe("temp.DelRango", "SELECT * FROM foto.DelRango") +
          InsertarDe("temp.Ambito", "SELECT * FROM temp.DelRango") +
          InsertarDe("temp.Ambito", "SELECT * FROM foto.Claves") +
-         Insertar("temp.DeTrabajo", Valores(claves.Facturas)) +
+         Insertar("temp.EnLaLista", Valores(claves.EnLaLista)) +
+         Insertar("temp.SoloConBases", Valores(claves.SoloConBases)) +
          Insertar("temp.PrevisionDeTrabajo", Valores(claves.Previsiones)) +
-         InsertarDe("temp.Ambito", "SELECT * FROM temp.DeTrabajo") +
+         InsertarDe("temp.Ambito", "SELECT * FROM temp.EnLaLista") +
+         InsertarDe("temp.Ambito", "SELECT * FROM temp.SoloConBases") +
          InsertarDe("temp.AmbitoPrevision", "SELECT * FROM temp.PrevisionDeTrabajo") +
          InsertarDe("temp.AmbitoPrevision",
                     Juntar({"SELECT NConcepto FROM (", sql::PrevisionesDe(rango), ")"})) +
@@ -143,7 +161,8 @@ std::string CopiaDeFoto(const ClavesDeTrabajo& nuevas) {
   std::string todo =
       sql::CrearClaves("copia", "Claves") +
       InsertarDe("copia.Claves", "SELECT * FROM foto.Claves") +
-      Insertar("copia.Claves", Valores(nuevas.Facturas)) +
+      Insertar("copia.Claves", Valores(nuevas.EnLaLista)) +
+      Insertar("copia.Claves", Valores(nuevas.SoloConBases)) +
       Crear("copia.ClavesPrevision", "SELECT NConcepto FROM foto.ProvPrevisionPagos") +
       Insertar("copia.ClavesPrevision", Valores(nuevas.Previsiones));
   for (const Tabla& tabla : Tablas()) {
@@ -163,7 +182,8 @@ std::string CopiaDeCopia(std::string_view nombre) {
 }
 
 bool HayGuardadas(sqlite::Conexion& base, const ClavesDeTrabajo& claves) {
-  base.Ejecutar(Vacio() + Insertar("temp.Ambito", Valores(claves.Facturas)) +
+  base.Ejecutar(Vacio() + Insertar("temp.Ambito", Valores(claves.EnLaLista)) +
+                Insertar("temp.Ambito", Valores(claves.SoloConBases)) +
                 Insertar("temp.AmbitoPrevision", Valores(claves.Previsiones)));
   std::string consulta = sql::PrevisionesCon("temp.AmbitoPrevision", "1");
   for (const Tabla& tabla : TablasDeFactura()) {

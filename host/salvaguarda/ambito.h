@@ -9,28 +9,33 @@
 
 namespace salvaguarda {
 
-/// The invoice keys, and the concepts of the forecasts, that a working copy holds.
+/// The invoice keys, and the concepts of the forecasts, that a working copy holds rows of.
 struct ClavesDeTrabajo {
   struct Factura {
     std::string NConcepto;
     std::string Factura;
     std::string Anio;
   };
-  std::vector<Factura> Facturas;
+  /// Those of an invoice or a due date, which the list shows.
+  std::vector<Factura> EnLaLista;
+  /// Those of a base and neither, which it doesn't.
+  std::vector<Factura> SoloConBases;
   std::vector<std::string> Previsiones;
 
   [[nodiscard]] static ClavesDeTrabajo Leer(sqlite::Conexion& deTrabajo);
   /// Those alone that the picture in the file `foto` hasn't.
   [[nodiscard]] static ClavesDeTrabajo Nuevas(sqlite::Conexion& deTrabajo, const std::string& foto);
 
-  [[nodiscard]] bool Ninguna() const { return Facturas.empty() && Previsiones.empty(); }
+  [[nodiscard]] bool Ninguna() const {
+    return EnLaLista.empty() && SoloConBases.empty() && Previsiones.empty();
+  }
 };
 
 // What fills the attached file `copia`, as SQL. But for the copy of a picture, which needs none of
 // them, the keys of what it is about stand in three tables of the connection's own: `temp.Ambito`
 // for the invoices, `temp.AmbitoPrevision` and `temp.AmbitoCaja`. For a commit those of the
-// invoices that it deletes stand in `temp.DelRango`, and what it writes in `temp.DeTrabajo` and
-// `temp.PrevisionDeTrabajo`.
+// invoices that it deletes stand in `temp.DelRango`, and what it writes in `temp.EnLaLista`,
+// `temp.SoloConBases` and `temp.PrevisionDeTrabajo`.
 
 /// For a commit of `rango`: the stored rows that it deletes, those that the picture holds, and
 /// those that bear a key of the working copy.

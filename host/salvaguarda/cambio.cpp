@@ -1,7 +1,5 @@
 #include "salvaguarda/cambio.h"
 
-#include <algorithm>
-
 #include "salvaguarda/dicho.h"
 #include "salvaguarda/tablas.h"
 
@@ -40,7 +38,10 @@ std::string Motivo(const Cambio& cambio) {
   const bool apunte = cambio.Fila.Tabla == Apuntes().Nombre;
   const std::string lo = apunte ? "lo" : "la";
   const std::string quien = cambio.Quien.empty() ? "otro usuario" : cambio.Quien;
-  if (!cambio.Esta) return "otro usuario la ha borrado, y se volvería a grabar";
+  if (!cambio.Esta) {
+    return std::string("otro usuario la ha borrado, y ") +
+           (cambio.EnLaLista ? "se volvería a grabar" : "solo quedarían sus bases de IVA");
+  }
   if (ConsecuenciaDe(cambio) == Consecuencia::Anade) return "";
   if (!cambio.DelRango) {
     return "la ha cambiado " + quien + Explicacion(cambio) +
@@ -57,12 +58,9 @@ std::string Motivo(const Cambio& cambio) {
 }  // namespace
 
 Consecuencia ConsecuenciaDe(const Cambio& cambio) {
-  if (cambio.DelRango || !cambio.Esta) return Consecuencia::Pisa;
+  if (cambio.DelRango) return Consecuencia::Pisa;
   if (!cambio.Estaba) return Consecuencia::Anade;
-  const bool falta = std::ranges::any_of(cambio.Vencimientos, [](const CambioDeVencimiento& suyo) {
-    return suyo.Estaba && !suyo.Esta;
-  });
-  return falta ? Consecuencia::Pisa : Consecuencia::Ninguna;
+  return cambio.SeRepone ? Consecuencia::Pisa : Consecuencia::Ninguna;
 }
 
 std::string Dicho(const AntesYAhora& importe) {

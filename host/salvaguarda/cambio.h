@@ -32,10 +32,12 @@ struct Cambio {
   AntesYAhora Importe;
   /// Who did it; empty where nobody says.
   std::string Quien;
-  /// Whether the working copy has it.
+  /// Whether the list has it: itself, or a due date of it.
   bool EnLaLista = false;
   /// Whether a commit of the range deletes it; otherwise what is there stays.
   bool DelRango = true;
+  /// Whether a commit that doesn't delete it writes again what is gone of it.
+  bool SeRepone = false;
   /// Those of an invoice.
   std::vector<CambioDeVencimiento> Vencimientos = {};
 };

@@ -50,17 +50,17 @@ void Leer(sqlite::Conexion& base, std::string_view consulta, std::vector<Cambio>
   for (std::size_t i = 0; i < filas.Cuantas(); ++i) {
     const Leida leida(filas, i);
     cambios.push_back({leida.ComoFila(), leida.Si(5), leida.Si(6), leida.Ambos(7), leida.Texto(9),
-                       leida.Si(10), leida.Si(11)});
+                       leida.Si(10), leida.Si(11), leida.Si(12)});
   }
 }
 
 }  // namespace
 
-std::vector<Cambio> LeerCambios(sqlite::Conexion& base) {
-  if (DicenLoMismo(base)) return {};
-  ReunirDistintas(base);
+std::vector<Cambio> LeerCambios(sqlite::Conexion& base, std::string_view antes) {
+  if (DicenLoMismo(base, antes)) return {};
+  ReunirDistintas(base, antes);
   std::vector<Cambio> cambios;
-  Leer(base, sql::FacturasCambiadas(), cambios);
+  Leer(base, sql::FacturasCambiadas(antes), cambios);
   PorFactura vencimientos = LeerVencimientos(base);
   for (Cambio& cambio : cambios) {
     const auto suyos = vencimientos.find(cambio.Fila);

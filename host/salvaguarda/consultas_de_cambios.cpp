@@ -55,16 +55,25 @@ std::string ConAlgo(std::string_view de) {
   return Separar(tablas, " UNION ");
 }
 
-/// The changed invoices as `d`, the invoices of the picture as `antes` and of the copy as `ahora`,
+/// Whether any row of the invoice `d` was there and isn't, where a commit writes what the working
+/// copy has of it and doesn't delete it.
+std::string SeRepone(const std::string& delRango, const std::string& deTrabajo) {
+  return Juntar({"CASE WHEN ", delRango, " OR NOT ", deTrabajo,
+                 " THEN 0 ELSE EXISTS (SELECT 1 FROM temp.Distintas q WHERE ",
+                 MismaFactura("q", "d"), " AND q.", EsDeFactura(),
+                 " GROUP BY q.Tabla, q.Detalle HAVING max(q.EnLaCopia) = 0) END"});
+}
+
+/// The changed invoices as `d`, those that there were as `antes` and of the copy as `ahora`,
 /// and those that either has any row of as `estaba` and `queda`.
-std::string ConLasFacturas() {
+std::string ConLasFacturas(std::string_view de) {
   const Tabla& facturas = TablasDeFactura()[0];
   constexpr std::string_view kDatos = ", Total, ModificadoPor";
   return Juntar(
       {"WITH d AS MATERIALIZED (SELECT NConcepto, Factura, Año FROM temp.Distintas WHERE ",
        EsDeFactura(), " GROUP BY NConcepto, Factura, Año), antes AS MATERIALIZED (",
-       Recortadas("foto", facturas, kDatos), "), ahora AS MATERIALIZED (",
-       Recortadas("copia", facturas, kDatos), "), estaba AS MATERIALIZED (", ConAlgo("foto"),
+       Recortadas(de, facturas, kDatos), "), ahora AS MATERIALIZED (",
+       Recortadas("copia", facturas, kDatos), "), estaba AS MATERIALIZED (", ConAlgo(de),
        "), queda AS MATERIALIZED (", ConAlgo("copia"), ") "});
 }
 
@@ -85,28 +94,32 @@ std::string EstaEnSuLado(std::string_view suya, std::string_view otra, std::stri
 
 }  // namespace
 
-std::string FacturasCambiadas() {
-  const std::string enLaLista = EstaEn("temp.DeTrabajo");
-  return ConLasFacturas() + Juntar({"SELECT 'ProvFacturas', d.NConcepto, d.Factura, d.Año, '', ",
-                                    EstaEnSuLado("antes", "ahora", "estaba"),
-                                    ", ",
-                                    EstaEnSuLado("ahora", "antes", "queda"),
-                                    ", antes.Total, ahora.Total, ifnull(",
-                                    Quien(),
-                                    ", ahora.ModificadoPor), ",
-                                    enLaLista,
-                                    ", ",
-                                    EstaEn("temp.DelRango"),
-                                    " FROM d",
-                                    Junto("antes"),
-                                    Junto("ahora"),
-                                    Junto("estaba"),
-                                    Junto("queda"),
-                                    " WHERE ",
-                                    enLaLista,
-                                    " OR ",
-                                    Hay("queda"),
-                                    " GROUP BY d.NConcepto, d.Factura, d.Año"});
+std::string FacturasCambiadas(std::string_view de) {
+  const std::string enLaLista = EstaEn("temp.EnLaLista");
+  const std::string delRango = EstaEn("temp.DelRango");
+  const std::string deTrabajo = Juntar({"(", enLaLista, " OR ", EstaEn("temp.SoloConBases"), ")"});
+  return ConLasFacturas(de) + Juntar({"SELECT 'ProvFacturas', d.NConcepto, d.Factura, d.Año, '', ",
+                                      EstaEnSuLado("antes", "ahora", "estaba"),
+                                      ", ",
+                                      EstaEnSuLado("ahora", "antes", "queda"),
+                                      ", antes.Total, ahora.Total, ifnull(",
+                                      Quien(),
+                                      ", ahora.ModificadoPor), ",
+                                      enLaLista,
+                                      ", ",
+                                      delRango,
+                                      ", ",
+                                      SeRepone(delRango, deTrabajo),
+                                      " FROM d",
+                                      Junto("antes"),
+                                      Junto("ahora"),
+                                      Junto("estaba"),
+                                      Junto("queda"),
+                                      " WHERE ",
+                                      deTrabajo,
+                                      " OR ",
+                                      Hay("queda"),
+                                      " GROUP BY d.NConcepto, d.Factura, d.Año"});
 }
 
 std::string VencimientosCambiados() {
@@ -121,18 +134,17 @@ std::string VencimientosCambiados() {
 std::string PrevisionesCambiadas() {
   constexpr std::string_view kEnLaLista =
       "EXISTS (SELECT 1 FROM temp.PrevisionDeTrabajo w WHERE w.NConcepto = d.NConcepto)";
-  return Juntar({"SELECT Tabla, NConcepto, '', '', '', min(EnLaCopia) = 0, max(EnLaCopia) = 1, ",
-                 EnLosDos("Importe"), ", max(CASE WHEN EnLaCopia = 1 THEN ModificadoPor END), ",
-                 kEnLaLista,
-                 ", 1 FROM temp.Distintas d WHERE Tabla = 'ProvPrevisionPagos' GROUP BY NConcepto "
-                 "HAVING max(EnLaCopia) = 1 OR ",
-                 kEnLaLista});
+  return Juntar(
+      {"SELECT Tabla, NConcepto, '', '', '', min(EnLaCopia) = 0, max(EnLaCopia) = 1, ",
+       EnLosDos("Importe"), ", max(CASE WHEN EnLaCopia = 1 THEN ModificadoPor END), ", kEnLaLista,
+       ", 1, 0 FROM temp.Distintas d WHERE Tabla = 'ProvPrevisionPagos' GROUP BY NConcepto "
+       "HAVING max(EnLaCopia) = 1 OR ",
+       kEnLaLista});
 }
 
 std::string ApuntesConOtraFactura() {
   return "SELECT Tabla, NConcepto, Factura, Año, Detalle, 1, 1, Importe, Importe, ModificadoPor, "
-         "1, "
-         "1 FROM temp.Distintas WHERE Tabla = 'CajaPagos' AND EnLaCopia = 1 ORDER BY Detalle";
+         "1, 1, 0 FROM temp.Distintas WHERE Tabla = 'CajaPagos' AND EnLaCopia = 1 ORDER BY Detalle";
 }
 
 }  // namespace salvaguarda::sql

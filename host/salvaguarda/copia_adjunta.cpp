@@ -2,14 +2,15 @@
 
 #include <algorithm>
 
-#include "salvaguarda/consultas.h"
 #include "salvaguarda/sql.h"
 
 namespace salvaguarda::sql {
 
 void PrepararClaves(sqlite::Conexion& base) {
-  base.Ejecutar("DROP TABLE IF EXISTS temp.DeLaCopia;" + CrearClaves("temp", "DeLaCopia") +
-                "INSERT OR IGNORE INTO temp.DeLaCopia SELECT * FROM copia.Claves");
+  base.Ejecutar(
+      "DROP TABLE IF EXISTS temp.DeLaCopia; CREATE TEMP TABLE DeLaCopia (Factura COLLATE ES, Tipo "
+      "INTEGER COLLATE ES, Año COLLATE ES, PRIMARY KEY (Factura, Tipo, Año)) WITHOUT ROWID;"
+      "INSERT OR IGNORE INTO temp.DeLaCopia SELECT Factura, NConcepto, Año FROM copia.Claves");
 }
 
 std::vector<std::string> Comunes(sqlite::Conexion& base, std::string_view tabla) {

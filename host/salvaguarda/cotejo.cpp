@@ -18,25 +18,23 @@ Cotejo::Cotejo(const std::string& almacenados, std::string foto,
       foto_(almacenados, ficheroFoto_) {}
 
 void Cotejo::Olvidar() {
-  reparos_ = {};
+  deLaCarga_ = {};
   foto_.Olvidar();
 }
 
 void Cotejo::Cargar(const Rango& rango) {
   foto_.Tomar(rango);
-  reparos_.NoCargadas = foto_.Excluidas();
+  deLaCarga_.NoCargadas = foto_.Excluidas();
 }
 
 // Without the picture of its load nobody knows who changed what.
 void Cotejo::Retomar(const Rescate& rescate) {
-  reparos_ = {};
-  if (foto_.Recuperar(rescate.Copia.Rango, rescate.Copia.Foto)) {
-    reparos_.NoCargadas = foto_.Excluidas();
-    return;
+  deLaCarga_ = {};
+  if (!foto_.Recuperar(rescate.Copia.Rango, rescate.Copia.Foto)) {
+    if (avisarDeOtros_) deLaCarga_.SinSaber = rescate.Filas;
+    Retratar(rescate.Copia.Rango);
   }
-  if (avisarDeOtros_) reparos_.SinSaber = rescate.Filas;
-  Retratar(rescate.Copia.Rango);
-  reparos_.NoCargadas = foto_.Excluidas();
+  deLaCarga_.NoCargadas = foto_.Excluidas();
 }
 
 // Without one nothing can be copied, which is asked about then.
@@ -49,10 +47,13 @@ void Cotejo::Retratar(const Rango& rango) {
 }
 
 void Cotejo::Preparar(const Rango& rango) {
+  if (!foto_.De()) {
+    deLaCarga_.SinFoto = avisarDeOtros_;
+    Retratar(rango);
+  }
+  reparos_ = deLaCarga_;
   aceptados_ = {};
-  if (foto_.De()) return;
-  reparos_.SinFoto = avisarDeOtros_;
-  Retratar(rango);
+  preguntado_.reset();
 }
 
 Reparos Cotejo::Copiar(Copias& copias, const Copia& copia) {
@@ -60,7 +61,11 @@ Reparos Cotejo::Copiar(Copias& copias, const Copia& copia) {
     CopiaEnCurso enCurso(copias, foto_.Conexion(), FilasDeLaCopia(copia.Rango), copia);
     Comparar();
     Reparos nuevos = reparos_.Menos(aceptados_);
-    if (nuevos.Ninguno()) enCurso.Terminar();
+    if (nuevos.Ninguno()) {
+      enCurso.Terminar();
+    } else if (!sinCambios_) {
+      preguntado_.emplace(foto_.Conexion());
+    }
     return nuevos;
   } catch (const std::exception& fallo) {
     Reparos reparos = reparos_.Menos(aceptados_);
@@ -80,32 +85,30 @@ std::string Cotejo::FilasDeLaCopia(const Rango& rango) {
   return CopiaDeGrabacion(rango, ClavesDeTrabajo::Leer(*deTrabajo_));
 }
 
+// What has changed since the user was asked isn't what he agreed to.
 void Cotejo::Comparar() {
-  reparos_.NoCargadas = foto_.QueSiguen(reparos_.NoCargadas);
-  if (sinCambios_) return;
-  const std::vector<Cambio> cambios = foto_.Cambios();
-  if (cambios.empty()) return;
-  std::vector<Fila> deOtros;
-  std::vector<Fila> yaGrabadas;
-  for (const Cambio& cambio : cambios) {
-    const Consecuencia que = ConsecuenciaDe(cambio);
-    if (que == Consecuencia::Anade) yaGrabadas.push_back(ComoFila(cambio));
-    if (que == Consecuencia::Pisa && avisarDeOtros_) deOtros.push_back(ComoFila(cambio));
+  if (preguntado_) {
+    std::vector<Fila> cambiadas;
+    for (const Cambio& cambio : preguntado_->Cambios()) cambiadas.push_back(cambio.Fila);
+    if (cambiadas.empty()) return;
+    aceptados_ = aceptados_.Menos({.DeOtros = cambiadas, .YaGrabadas = cambiadas});
   }
-  foto_.TomarDeCopia();
-  Renovar(&Reparos::DeOtros, std::move(deOtros));
-  Renovar(&Reparos::YaGrabadas, std::move(yaGrabadas));
+  CompararConLaFoto();
 }
 
-// A row that was told before is told as it is now, and asked about again.
-void Cotejo::Renovar(std::vector<Fila> Reparos::*cuales, std::vector<Fila> nuevas) {
-  aceptados_.*cuales = Sin(aceptados_.*cuales, nuevas);
-  std::ranges::move(Sin(reparos_.*cuales, nuevas), std::back_inserter(nuevas));
-  reparos_.*cuales = std::move(nuevas);
+void Cotejo::CompararConLaFoto() {
+  reparos_ = deLaCarga_;
+  reparos_.NoCargadas = foto_.QueSiguen(std::move(reparos_.NoCargadas));
+  if (sinCambios_) return;
+  for (const Cambio& cambio : foto_.Cambios()) {
+    const Consecuencia que = ConsecuenciaDe(cambio);
+    if (que == Consecuencia::Anade) reparos_.YaGrabadas.push_back(ComoFila(cambio));
+    if (que == Consecuencia::Pisa && avisarDeOtros_) reparos_.DeOtros.push_back(ComoFila(cambio));
+  }
 }
 
 void Cotejo::AnadirNoCargadas(const std::vector<Fila>& filas) {
-  std::ranges::copy(filas, std::back_inserter(reparos_.NoCargadas));
+  std::ranges::copy(filas, std::back_inserter(deLaCarga_.NoCargadas));
 }
 
 }  // namespace salvaguarda

@@ -1,11 +1,13 @@
 #pragma once
 
+#include <optional>
 #include <string>
 #include <vector>
 
 #include "salvaguarda/copias.h"
 #include "salvaguarda/fila.h"
 #include "salvaguarda/foto.h"
+#include "salvaguarda/preguntado.h"
 #include "salvaguarda/reparos.h"
 #include "salvaguarda/rescate.h"
 #include "sqlite/conexion_sqlite.h"
@@ -29,15 +31,15 @@ class Cotejo {
   void Retomar(const Rescate& rescate);
   /// A commit begins, before its lock is taken: the user hasn't agreed to anything.
   void Preparar(const Rango& rango);
-  /// With the lock: copies what is to be written, and sees what others have changed of it since it
-  /// was last looked at. The copy stays only when nothing speaks against the commit, but for what
+  /// With the lock: copies what is to be written, and sees what others have changed of it since the
+  /// load. The copy stays only when nothing speaks against the commit, but for what
   /// the user has agreed to.
   [[nodiscard]] Reparos Copiar(Copias& copias, const Copia& copia);
   /// The user agrees to what spoke against it, for this commit.
   void Aceptar() { aceptados_ = reparos_; }
 
   /// The rows of the range that the load left out, and that a commit would delete.
-  [[nodiscard]] const std::vector<Fila>& NoCargadas() const { return reparos_.NoCargadas; }
+  [[nodiscard]] const std::vector<Fila>& NoCargadas() const { return deLaCarga_.NoCargadas; }
   /// The numbers of more than one invoice that the load brought.
   [[nodiscard]] std::vector<Fila> Gemelas() { return foto_.Gemelas(); }
   void AnadirNoCargadas(const std::vector<Fila>& filas);
@@ -49,15 +51,19 @@ class Cotejo {
   [[nodiscard]] std::string FilasDeLaCopia(const Rango& rango);
   void Retratar(const Rango& rango);
   void Comparar();
-  void Renovar(std::vector<Fila> Reparos::*cuales, std::vector<Fila> nuevas);
+  void CompararConLaFoto();
 
   std::string ficheroFoto_;
   services::Ref<sqlite::Conexion> deTrabajo_;
   bool avisarDeOtros_;
   Foto foto_;
-  /// What speaks against a commit, and what of it the user has agreed to for the one under way.
+  /// What speaks against any commit of what was loaded.
+  Reparos deLaCarga_;
+  /// What speaks against the one under way, and what of it the user has agreed to.
   Reparos reparos_;
   Reparos aceptados_;
+  /// What stood there when he was asked.
+  std::optional<Preguntado> preguntado_;
   /// Whether nothing was stored since the picture.
   bool sinCambios_ = false;
 };

@@ -14,13 +14,14 @@ namespace {
 
 using sql::Juntar;
 
-bool DicenLoMismo(sqlite::Conexion& base, const Tabla& tabla) {
+bool DicenLoMismo(sqlite::Conexion& base, const Tabla& tabla, std::string_view antes) {
   const std::vector<std::string> columnas = sql::Contenido(base, tabla);
-  const auto hay = base.Consultar(Juntar(
-      {"SELECT (SELECT count(*) FROM copia.", tabla.Nombre, ") = (SELECT count(*) FROM foto.",
-       tabla.Nombre, ") AND NOT EXISTS (SELECT 1 FROM copia.", tabla.Nombre, " a LEFT JOIN foto.",
-       tabla.Nombre, " b ON b.rowid = a.rowid WHERE (", sql::Valores(tabla, columnas, "a"),
-       ") IS NOT (", sql::Valores(tabla, columnas, "b"), "))"}));
+  const auto hay = base.Consultar(
+      Juntar({"SELECT (SELECT count(*) FROM copia.", tabla.Nombre, ") = (SELECT count(*) FROM ",
+              antes, ".", tabla.Nombre, ") AND NOT EXISTS (SELECT 1 FROM copia.", tabla.Nombre,
+              " a LEFT JOIN ", antes, ".", tabla.Nombre, " b ON b.rowid = a.rowid WHERE (",
+              sql::Valores(tabla, columnas, "a"), ") IS NOT (", sql::Valores(tabla, columnas, "b"),
+              "))"}));
   return hay.Filas.En(0, 0).Numero() != 0;
 }
 
@@ -61,15 +62,15 @@ std::string Anadir(sqlite::Conexion& base, const Tabla& tabla, std::string_view 
 
 }  // namespace
 
-bool DicenLoMismo(sqlite::Conexion& base) {
+bool DicenLoMismo(sqlite::Conexion& base, std::string_view antes) {
   return std::ranges::all_of(Tablas(),
-                             [&](const Tabla& tabla) { return DicenLoMismo(base, tabla); });
+                             [&](const Tabla& tabla) { return DicenLoMismo(base, tabla, antes); });
 }
 
-void ReunirDistintas(sqlite::Conexion& base) {
+void ReunirDistintas(sqlite::Conexion& base, std::string_view antes) {
   std::string todo = kDistintas;
   for (const Tabla& tabla : Tablas()) {
-    todo += Anadir(base, tabla, "foto", "copia") + Anadir(base, tabla, "copia", "foto");
+    todo += Anadir(base, tabla, antes, "copia") + Anadir(base, tabla, "copia", antes);
   }
   base.Ejecutar(todo);
 }

@@ -36,9 +36,10 @@ double Version(sqlite::Conexion& base) {
   return base.Consultar("PRAGMA main.data_version").Filas.En(0, 0).Numero();
 }
 
-/// The invoice or forecast that a row belongs to, among those of its table.
-Fila SinDetalle(const Fila& fila) {
-  return {fila.Tabla, fila.NConcepto, fila.Factura, fila.Anio};
+/// What tells a row from the others: a concept has one forecast, whatever its date.
+Fila Clave(Fila fila) {
+  if (fila.Tabla == Previsiones().Nombre) fila.Detalle.clear();
+  return fila;
 }
 
 }  // namespace
@@ -138,20 +139,6 @@ bool Foto::Recuperar(const Rango& rango, const std::string& sena) {
   return true;
 }
 
-void Foto::TomarDeCopia() {
-  std::string todo =
-      "DROP TABLE IF EXISTS foto.Foto; DELETE FROM foto.Claves; INSERT INTO foto.Claves SELECT * "
-      "FROM copia.Claves; DELETE FROM foto.DelRango; INSERT INTO foto.DelRango SELECT * FROM "
-      "temp.DelRango;";
-  for (const Tabla& tabla : Tablas()) {
-    todo += Retratar(tabla.Nombre, Juntar({"SELECT * FROM copia.", tabla.Nombre}));
-  }
-  version_.reset();
-  sql::Transaccion transaccion(*conexion_);
-  conexion_->Ejecutar(todo);
-  transaccion.Terminar();
-}
-
 std::vector<Fila> Foto::Excluidas() {
   if (!rango_) return {};
   return sql::LeerFilas(*conexion_, "SELECT * FROM foto.Excluidas");
@@ -174,7 +161,7 @@ std::vector<Fila> Foto::Gemelas() {
 }
 
 std::vector<Cambio> Foto::Cambios() {
-  return rango_ ? LeerCambios(*conexion_) : std::vector<Cambio>();
+  return rango_ ? LeerCambios(*conexion_, "foto") : std::vector<Cambio>();
 }
 
 std::vector<Fila> Foto::QueSiguen(std::vector<Fila> filas) {
@@ -186,9 +173,9 @@ std::vector<Fila> Foto::QueSiguen(std::vector<Fila> filas) {
   }
   std::set<Fila, PorSuClave> quedan;
   for (const Fila& fila : sql::LeerFilas(*conexion_, sql::Separar(consultas, " UNION ALL "))) {
-    quedan.insert(SinDetalle(fila));
+    quedan.insert(Clave(fila));
   }
-  std::erase_if(filas, [&](const Fila& fila) { return !quedan.contains(SinDetalle(fila)); });
+  std::erase_if(filas, [&](const Fila& fila) { return !quedan.contains(Clave(fila)); });
   return filas;
 }
 

@@ -37,9 +37,6 @@ class Foto {
   [[nodiscard]] bool Recuperar(const Rango& rango, const std::string& sena);
   /// What tells it from any other; empty when there is none.
   [[nodiscard]] const std::string& Sena() const { return sena_; }
-  /// Takes what the tables of the attached file `copia` tell, in place of the one before. It is
-  /// then no longer that of the load, and can't be gone on with.
-  void TomarDeCopia();
   /// The range that was taken; none before.
   [[nodiscard]] const std::optional<Rango>& De() const { return rango_; }
   [[nodiscard]] sqlite::Conexion& Conexion() { return *conexion_; }
@@ -53,7 +50,7 @@ class Foto {
 
   /// What the attached file `copia`, made for a commit, says otherwise than it.
   [[nodiscard]] std::vector<Cambio> Cambios();
-  /// Those of the rows of whose invoice or forecast the attached file `copia` still has any there.
+  /// Those of the rows that the attached file `copia` still has, by their keys.
   [[nodiscard]] std::vector<Fila> QueSiguen(std::vector<Fila> filas);
 
  private:

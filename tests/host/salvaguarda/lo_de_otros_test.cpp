@@ -1,5 +1,6 @@
 #include <gmock/gmock.h>
 
+#include "apoyo/errores.h"
 #include "host/salvaguarda/oficina.h"
 
 // A question is for what would be lost, and for nothing else: one that is asked in vain teaches to
@@ -8,6 +9,7 @@
 namespace {
 
 using testing::AllOf;
+using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::IsEmpty;
 using testing::Not;
@@ -138,6 +140,146 @@ TEST_F(LoDeOtros, LoHaCambiadoQuienEscribioLoDistinto) {
   Grabar();
   ASSERT_THAT(Preguntas, SizeIs(1));
   EXPECT_THAT(Preguntas[0], HasSubstr("la ha cambiado EVA"));
+}
+
+/// A load looks for bases without their invoice and their year, and a "Grabar" writes them again.
+TEST_F(LoDeOtros, UnaBaseSinFacturaQueOtroBorroSePregunta) {
+  Otro(
+      "INSERT INTO ProvBasesIva (NConcepto, NFactura, Año, Tipo, Base) VALUES ('1', 'F000000', "
+      "'2004', '1', 10), ('1', 'F000000', '2004', '2', 20)");
+  Cargar();
+  Otro("DELETE FROM ProvBasesIva WHERE Año = '2004' AND Tipo = '1'");
+  Grabar();
+  EXPECT_THAT(Preguntas, ElementsAre(AllOf(HasSubstr("(1 factura)"),
+                                           HasSubstr("lo que ha quitado se volvería a grabar"))));
+}
+
+TEST_F(LoDeOtros, UnaBaseDeUnaFacturaDeOtrasFechasQueOtroBorroSePregunta) {
+  Otro(
+      "INSERT INTO ProvFacturas (NConcepto, Factura, Año, Fecha, Total) VALUES ('1', 'F000000 ', "
+      "'2004', '20041210', 50); INSERT INTO ProvVencimientos (NConcepto, NFactura, Año, FechaVto, "
+      "Importe) VALUES ('1', 'F000000 ', '2004', '20041231', 50); INSERT INTO ProvBasesIva "
+      "(NConcepto, NFactura, Año, Tipo, Base) VALUES ('1', 'F000000', '2004', '1', 10), ('1', "
+      "'F000000', '2004', '2', 20)");
+  Cargar();
+  Otro("DELETE FROM ProvBasesIva WHERE Año = '2004' AND Tipo = '1'");
+  Grabar();
+  EXPECT_THAT(Preguntas, ElementsAre(AllOf(HasSubstr("(1 factura)"),
+                                           HasSubstr("lo que ha quitado se volvería a grabar"))));
+}
+
+/// What isn't in the working copy any more isn't written again.
+TEST_F(LoDeOtros, UnaBaseDeOtroEjercicioQueLosDosHanQuitadoNoSePregunta) {
+  Otro(
+      "INSERT INTO ProvBasesIva (NConcepto, NFactura, Año, Tipo, Base) VALUES ('1', 'F000000', "
+      "'2004', '1', 10), ('1', 'F000000', '2004', '2', 20)");
+  Cargar();
+  Trabajar("DELETE FROM TempProvBasesIva WHERE Año = '2004'");
+  Otro("DELETE FROM ProvBasesIva WHERE Año = '2004' AND Tipo = '1'");
+  Grabar();
+  EXPECT_THAT(Preguntas, IsEmpty());
+}
+
+/// Of an invoice that the load left out the working copy has the bases: they alone come back.
+TEST_F(LoDeOtros, DeUnaFacturaQueNoEstaEnLaListaNoDiceQueQuedaria) {
+  Otro("DELETE FROM ProvConceptos WHERE NConcepto = '2'");
+  Cargar();
+  Otro("UPDATE ProvFacturas SET Total = 99.5, ModificadoPor = 'EVA' WHERE NConcepto = '2'");
+  Grabar();
+  ASSERT_THAT(Preguntas, SizeIs(1));
+  EXPECT_THAT(Preguntas[0], HasSubstr("la ha cambiado EVA, y se borraría"));
+}
+
+TEST_F(LoDeOtros, DeUnaFacturaBorradaQueNoEstaEnLaListaQuedarianSusBases) {
+  Otro("DELETE FROM ProvConceptos WHERE NConcepto = '2'");
+  Cargar();
+  Otro(
+      "DELETE FROM ProvFacturas WHERE NConcepto = '2'; DELETE FROM ProvVencimientos WHERE "
+      "NConcepto = '2'; DELETE FROM ProvBasesIva WHERE NConcepto = '2'");
+  Grabar();
+  EXPECT_THAT(Preguntas, ElementsAre(HasSubstr("otro usuario la ha borrado, y solo quedarían sus "
+                                               "bases de IVA")));
+}
+
+TEST_F(LoDeOtros, UnaFilaSinCargarQueOtroBorroNoSeBorraria) {
+  Otro("DELETE FROM ProvConceptos WHERE NConcepto = '2'");
+  Cargar();
+  Otro("DELETE FROM ProvVencimientos WHERE NConcepto = '2' AND FechaVto = '20050302'");
+  Grabar();
+  ASSERT_THAT(Preguntas, SizeIs(1));
+  EXPECT_THAT(
+      Preguntas[0],
+      AllOf(HasSubstr("que se borrarían (1 factura, 2 vencimientos)"),
+            HasSubstr("(vencimiento 12/03/2005; vencimiento 22/03/2005): su concepto no existe")));
+}
+
+/// A concept has one forecast, whatever its date.
+TEST_F(LoDeOtros, UnaPrevisionSinCargarQueOtroAplazoSeBorraria) {
+  Otro(
+      "INSERT INTO ProvPrevisionPagos (NConcepto, Fecha1Vto, Cada, Tipo, Importe) VALUES ('X9', "
+      "'20050101', 1, 2, 50)");
+  Cargar();
+  Otro("UPDATE ProvPrevisionPagos SET Fecha1Vto = '20050201'");
+  Grabar();
+  EXPECT_THAT(Preguntas, ElementsAre(HasSubstr("que se borrarían (1 previsión)")));
+}
+
+TEST_F(LoDeOtros, TrasUnNoLoQueElOtroDeshaceNoSePregunta) {
+  Cargar();
+  Otro("UPDATE ProvFacturas SET Total = 99.5 WHERE Factura = 'F000001'");
+  Respuesta = false;
+  EXPECT_NE(apoyo::NumeroDeError([this] { Grabar(); }), 0);
+  Otro("UPDATE ProvFacturas SET Total = 322.45 WHERE Factura = 'F000001'");
+  Preguntas.clear();
+  Grabar();
+  EXPECT_THAT(Preguntas, IsEmpty());
+}
+
+TEST_F(LoDeOtros, TrasUnNoSePreguntaPorLoQueNoEsComoAlCargar) {
+  Cargar();
+  Otro("UPDATE ProvFacturas SET Total = 99.5 WHERE Factura = 'F000001'");
+  Respuesta = false;
+  EXPECT_NE(apoyo::NumeroDeError([this] { Grabar(); }), 0);
+  Otro("UPDATE ProvFacturas SET Total = 50 WHERE Factura = 'F000001'");
+  EXPECT_NE(apoyo::NumeroDeError([this] { Grabar(); }), 0);
+  ASSERT_THAT(Preguntas, SizeIs(2));
+  EXPECT_THAT(Preguntas[1], HasSubstr("por 50,00, antes 322,45"));
+}
+
+TEST_F(LoDeOtros, LoAceptadoQueVuelveACambiarMientrasSePreguntaSePreguntaDeNuevo) {
+  Cargar();
+  Otro("UPDATE ProvFacturas SET Total = 99.5 WHERE Factura = 'F000001'");
+  MientrasPregunta = [this] {
+    if (Preguntas.size() == 1) Otro("UPDATE ProvFacturas SET Total = 50 WHERE Factura = 'F000001'");
+  };
+  Grabar();
+  ASSERT_THAT(Preguntas, SizeIs(2));
+  EXPECT_THAT(Preguntas[1], HasSubstr("por 50,00, antes 322,45"));
+}
+
+TEST_F(LoDeOtros, LoQueElOtroDeshaceMientrasSePreguntaNoSePreguntaDeNuevo) {
+  Cargar();
+  Otro("UPDATE ProvFacturas SET Total = 99.5 WHERE Factura = 'F000001'");
+  MientrasPregunta = [this] {
+    Otro("UPDATE ProvFacturas SET Total = 322.45 WHERE Factura = 'F000001'");
+  };
+  Grabar();
+  EXPECT_THAT(Preguntas, SizeIs(1));
+}
+
+/// It was gone at the first "Grabar", and is again as the load left it out.
+TEST_F(LoDeOtros, LoQueNoSeCargoYElOtroRepusoTrasUnNoSeBorraria) {
+  Otro("DELETE FROM ProvConceptos WHERE NConcepto = '2'");
+  Cargar();
+  Otro(
+      "CREATE TABLE Apartados AS SELECT * FROM ProvVencimientos WHERE NConcepto = '2';"
+      "DELETE FROM ProvVencimientos WHERE NConcepto = '2'");
+  Respuesta = false;
+  EXPECT_NE(apoyo::NumeroDeError([this] { Grabar(); }), 0);
+  Otro("INSERT INTO ProvVencimientos SELECT * FROM Apartados; DROP TABLE Apartados");
+  EXPECT_NE(apoyo::NumeroDeError([this] { Grabar(); }), 0);
+  ASSERT_THAT(Preguntas, SizeIs(2));
+  EXPECT_THAT(Preguntas[1], HasSubstr("que se borrarían (1 factura, 3 vencimientos)"));
 }
 
 }  // namespace

@@ -145,4 +145,14 @@ TEST_F(LoQueSeDeja, TrasUnGrabarQueFallaSigueSinGrabar) {
   EXPECT_THAT(Dejado, ElementsAre(HasSubstr("Se han dejado sin grabar")));
 }
 
+TEST_F(LoQueSeDeja, TrasUnNoLoQueOtroCambioNoEsDelUsuario) {
+  Cargar();
+  Trabajar("UPDATE TempProvBasesIva SET Base = Base");
+  Otro("UPDATE ProvVencimientos SET Pagado = 1 WHERE NFactura <> 'F000001'");
+  Respuesta = false;
+  EXPECT_NE(apoyo::NumeroDeError([this] { Grabar(); }), 0);
+  Cargar();
+  EXPECT_THAT(Dejado, IsEmpty());
+}
+
 }  // namespace
