@@ -1,5 +1,7 @@
 #pragma once
 
+#include <gmock/gmock.h>
+
 #include <functional>
 #include <memory>
 #include <optional>
@@ -17,6 +19,14 @@
 // else who writes in the same tables.
 
 namespace pruebas {
+
+/// The row of a key, whatever is said of it.
+inline auto Dicha(const salvaguarda::Fila& una) {
+  return testing::Truly([una](const salvaguarda::Fila& otra) {
+    const salvaguarda::PorSuClave antes;
+    return !antes(una, otra) && !antes(otra, una);
+  });
+}
 
 class Oficina {
  public:
@@ -43,6 +53,17 @@ class Oficina {
   void Otro(const std::string& sql) { otro_->Ejecutar(sql); }
   /// What the user does to the working copy.
   void Trabajar(const std::string& sql) { temp->Ejecutar(sql); }
+  /// A line less, a payment, a new invoice, and an entry of the till that belongs to it.
+  void TrabajarEnFacturas() {
+    Trabajar(
+        "DELETE FROM TempProvFacturas WHERE Factura = 'F000001';"
+        "DELETE FROM TempProvVencimientos WHERE NFactura = 'F000001';"
+        "UPDATE TempProvVencimientos SET Pagado = 3 WHERE FechaVto = '20050301';"
+        "INSERT INTO TempProvFacturas (NConcepto, Factura, Año, Fecha, Total) VALUES ('1', "
+        "'NUEVA', '2005', '20050301', 9);"
+        "UPDATE TempCajaPagos SET Factura = 'NUEVA', Año = '2005' WHERE Factura IS NULL AND "
+        "Tipo = 1");
+  }
 
   /// The first column of the stored rows that a query gives.
   std::vector<std::string> Consulta(const std::string& sql) { return Columna(*otro_, sql); }
