@@ -2,7 +2,6 @@
 
 #include <QApplication>
 #include <QCloseEvent>
-#include <QFileDialog>
 #include <QFileInfo>
 #include <QGuiApplication>
 #include <QLabel>
@@ -15,6 +14,7 @@
 #include "anfitrion/contexto.h"
 #include "anfitrion/formulario.h"
 #include "automation/servidores.h"
+#include "ficheros/dialogo.h"
 #include "mensajes/teclas_de_mensaje.h"
 #include "valores/error.h"
 
@@ -164,10 +164,12 @@ void VentanaPrincipal::RecuperarUnaCopia() {
 
 void VentanaPrincipal::AbrirUnaAparte() {
   const QString carpeta = QFileInfo(QString::fromStdString(datos_.NombreDeTrabajo)).path();
-  const QString fichero =
-      QFileDialog::getOpenFileName(this, "Abrir una copia guardada aparte", carpeta,
-                                   "Copias de trabajo (trabajo-*.sqlite);;Todos (*)");
-  if (!fichero.isEmpty()) AbrirAparte(fichero.toStdString());
+  const auto dialogo = ficheros::CrearDialogo(this, "Abrir una copia guardada aparte", carpeta,
+                                              "Copias de trabajo (trabajo-*.sqlite);;Todos (*)");
+  dialogo->setFileMode(QFileDialog::ExistingFile);
+  dialogo->setOption(QFileDialog::ReadOnly);  // nothing is renamed or deleted from here
+  if (dialogo->exec() != QDialog::Accepted) return;
+  AbrirAparte(dialogo->selectedFiles().value(0).toStdString());
 }
 
 void VentanaPrincipal::AbrirAparte(const std::string& fichero) {

@@ -68,7 +68,9 @@ Foto::Foto(const std::string& almacenados, std::string fichero)
 }
 
 void Foto::Adjuntar() {
-  std::ofstream(fichero_, std::ios::app).flush();  // the engine attaches what is there
+  // The engine attaches what is there. One that is isn't opened: that drops the locks of whoever in
+  // this process has it open.
+  if (!std::filesystem::exists(fichero_)) std::ofstream(fichero_, std::ios::app).flush();
   conexion_->Ejecutar(Juntar({"ATTACH ", Texto(fichero_),
                               " AS foto; PRAGMA foto.journal_mode = MEMORY; "
                               "PRAGMA foto.synchronous = OFF"}));

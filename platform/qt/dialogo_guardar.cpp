@@ -1,7 +1,6 @@
 #include "qt/dialogo_guardar.h"
 
 #include <QCoreApplication>
-#include <QFileDialog>
 #include <QFileInfo>
 #include <QHeaderView>
 #include <QLibraryInfo>
@@ -10,6 +9,7 @@
 #include <QTranslator>
 #include <QTreeView>
 
+#include "ficheros/dialogo.h"
 #include "qt/colocacion.h"
 
 namespace qt {
@@ -58,16 +58,17 @@ void Componer(QFileDialog& dialogo) {
 QString PedirFicheroPdf(const QString& propuesto) {
   const EnEspanol espanol;
   const QFileInfo fichero(propuesto);
-  QFileDialog dialogo(VentanaDelUsuario(), QStringLiteral("Guardar como PDF"),
-                      fichero.absolutePath(), QStringLiteral("Documentos PDF (*.pdf)"));
-  dialogo.setOptions(QFileDialog::DontUseNativeDialog | QFileDialog::DontConfirmOverwrite);
-  dialogo.setAcceptMode(QFileDialog::AcceptSave);
-  dialogo.setLocale(QLocale(QLocale::Spanish, QLocale::Spain));
-  Rotular(dialogo);
-  Componer(dialogo);
-  dialogo.selectFile(fichero.fileName());
-  if (dialogo.exec() != QDialog::Accepted) return {};
-  return dialogo.selectedFiles().value(0);
+  const auto dialogo =
+      ficheros::CrearDialogo(VentanaDelUsuario(), QStringLiteral("Guardar como PDF"),
+                             fichero.absolutePath(), QStringLiteral("Documentos PDF (*.pdf)"));
+  dialogo->setOption(QFileDialog::DontConfirmOverwrite);
+  dialogo->setAcceptMode(QFileDialog::AcceptSave);
+  dialogo->setLocale(QLocale(QLocale::Spanish, QLocale::Spain));
+  Rotular(*dialogo);
+  Componer(*dialogo);
+  dialogo->selectFile(fichero.fileName());
+  if (dialogo->exec() != QDialog::Accepted) return {};
+  return dialogo->selectedFiles().value(0);
 }
 
 }  // namespace qt

@@ -65,8 +65,9 @@ void Base::Configurar(const std::string& fichero, const Opciones& opciones) {
   sqlite3_db_config(Motor(), SQLITE_DBCONFIG_DQS_DML, 0, nullptr);
   RegistrarOrden(Motor());
   RegistrarFunciones(Motor());
-  if (PrimerTexto(*this, "PRAGMA journal_mode") != "wal" && !sqlite3_db_readonly(Motor(), "main")) {
-    Ejecutar("PRAGMA journal_mode = WAL");
+  std::string diario = PrimerTexto(*this, "PRAGMA journal_mode");
+  if (diario != "wal" && !sqlite3_db_readonly(Motor(), "main")) {
+    diario = PrimerTexto(*this, "PRAGMA journal_mode = WAL");
   }
   const bool completa = opciones.Durabilidad == Sincronizacion::Completa;
   Ejecutar(completa ? "PRAGMA synchronous = FULL" : "PRAGMA synchronous = NORMAL");
@@ -74,6 +75,7 @@ void Base::Configurar(const std::string& fichero, const Opciones& opciones) {
   // own 2 MB writes and reads again what it has just let go of. Memory is taken as pages are read.
   Ejecutar("PRAGMA cache_size = -65536");
   Ejecutar("PRAGMA temp_store = MEMORY; SELECT count(*) FROM sqlite_schema");
+  if (!exclusiva_ && diario == "wal") diario_.emplace(Motor());
   preparadas_ = 0;
 }
 
@@ -90,7 +92,7 @@ Preparada Base::Preparar(std::string_view texto) {
 void Base::ExigirSuFichero() const {
   int movido = 0;
   if (!exclusiva_) sqlite3_file_control(Motor(), "main", SQLITE_FCNTL_HAS_MOVED, &movido);
-  if (movido != 0) Lanzar(Motor(), SQLITE_READONLY_DBMOVED, "");
+  if (movido != 0 || (diario_ && diario_->SeHaIdo())) Lanzar(Motor(), SQLITE_READONLY_DBMOVED, "");
 }
 
 void Base::Ejecutar(const std::string& sql) {

@@ -3,9 +3,11 @@
 #include <sqlite3.h>
 
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 
+#include "sqlite/diario.h"
 #include "sqlite/opciones_sqlite.h"
 
 namespace sqlite {
@@ -33,11 +35,12 @@ class Base {
 
   [[nodiscard]] sqlite3* Motor() const { return base_.get(); }
   [[nodiscard]] Preparada Preparar(std::string_view texto);
-  /// Runs the engine's own SQL, any number of statements.
+  /// Runs the engine's own SQL, any number of statements. The journal's mode isn't theirs to
+  /// change.
   void Ejecutar(const std::string& sql);
-  /// Throws 0x80004005 when the file was deleted or another one has its name: what is written would
-  /// be lost with it. An exclusive one goes on with what it has open: nobody else works in it, and
-  /// its user couldn't go on at all.
+  /// Throws 0x80004005 when the file or its log was deleted or another one has its name: what is
+  /// written would be lost with it. An exclusive one goes on with what it has open: nobody else
+  /// works in it, and its user couldn't go on at all.
   void ExigirSuFichero() const;
   /// Whether a transaction is under way.
   [[nodiscard]] bool EnTransaccion() const { return sqlite3_get_autocommit(Motor()) == 0; }
@@ -53,6 +56,7 @@ class Base {
 
   std::unique_ptr<sqlite3, Cerrar> base_;
   bool exclusiva_;
+  std::optional<Diario> diario_;
   std::size_t preparadas_ = 0;
 };
 
