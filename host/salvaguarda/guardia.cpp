@@ -129,8 +129,10 @@ void Guardia::Dejar(const std::string& que) {
                          "perderlo: " +
                              std::string(fallo.what()));
   }
-  const std::string texto = que + ". La copia de trabajo queda guardada en " + aparte +
-                            ". Puede abrirla con Archivo, Abrir una copia guardada aparte";
+  // The name last: where there is little room it is cut.
+  const std::string texto =
+      que +
+      ". Puede abrir la copia de trabajo con Archivo, Abrir una copia guardada aparte: " + aparte;
   Anotar(texto);
   trato_.AlDejar(texto);
 }
