@@ -33,6 +33,7 @@ std::string Traer(sqlite::Conexion& deTrabajo, const Tabla& tabla) {
                                    "es de otra versión del programa");
   }
   std::vector<std::string> nombres;
+  nombres.reserve(columnas.size());
   for (const std::string& columna : columnas) nombres.push_back(sql::Columna("", columna));
   const std::string todas = sql::Separar(nombres, ", ");
   return Juntar({"DELETE FROM ", suya, "; INSERT INTO ", suya, " (", todas, ") SELECT ", todas,

@@ -19,7 +19,7 @@ std::string TipoDicho(const std::string& tipo) {
 
 /// What it is, without its invoice and its concept.
 std::string Cual(const Tabla& tabla, const Fila& fila) {
-  const std::string una(tabla.Una);
+  std::string una(tabla.Una);
   switch (tabla.Que) {
     case Tabla::Cosa::Factura:
       return una + " " + fila.Factura + " de " + fila.Anio;
