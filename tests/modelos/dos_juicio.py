@@ -108,7 +108,8 @@ def del_concepto(codigo):
 
 
 def nombra(textos, clave):
-    """Whether one of the messages names the invoice, forecast or cash entry that a row belongs to."""
+    """Whether one of the messages names the invoice, forecast or cash entry that a row belongs to; a number is the same
+    in small letters, as its rows are told by any of them."""
     tabla = clave[0]
     if tabla == "ProvPrevisionPagos":
         buscado = rf"previsión {del_concepto(clave[1])}"
@@ -119,4 +120,4 @@ def nombra(textos, clave):
         return clave[2] in dicho
     else:
         buscado = rf"factura {re.escape(clave[2].strip(' '))} de {clave[3]} {del_concepto(clave[1])}"
-    return any(re.search(buscado, texto) for texto in textos)
+    return any(re.search(buscado, texto, re.I) for texto in textos)
