@@ -132,7 +132,7 @@ std::vector<std::string> Contenido(sqlite::Conexion& base, const Tabla& tabla) {
   return columnas;
 }
 
-std::string ComoFila(const Tabla& tabla, std::string_view alias) {
+std::string ColumnasDeFila(const Tabla& tabla, std::string_view alias) {
   const auto texto = [&](std::string_view columna) {
     return columna.empty() ? "''" : Juntar({"ifnull(", alias, ".", columna, ", '')"});
   };
@@ -140,8 +140,8 @@ std::string ComoFila(const Tabla& tabla, std::string_view alias) {
                  "), ", texto(tabla.Anio), ", ", texto(tabla.Detalle)});
 }
 
-std::string ComoFila(const Tabla& tabla, std::string_view alias, std::string_view motivo) {
-  return Juntar({ComoFila(tabla, alias), ", ", motivo});
+std::string ColumnasDeFila(const Tabla& tabla, std::string_view alias, std::string_view motivo) {
+  return Juntar({ColumnasDeFila(tabla, alias), ", ", motivo});
 }
 
 Fila LeerFila(const services::Filas& leidas, std::size_t fila) {
@@ -151,8 +151,8 @@ Fila LeerFila(const services::Filas& leidas, std::size_t fila) {
 
 std::vector<Fila> TodasLasFilas(sqlite::Conexion& base, const Tabla& tabla,
                                 std::string_view antes) {
-  return LeerFilas(
-      base, Juntar({"SELECT ", ComoFila(tabla, "t", "''"), " FROM ", antes, tabla.Nombre, " t"}));
+  return LeerFilas(base, Juntar({"SELECT ", ColumnasDeFila(tabla, "t", "''"), " FROM ", antes,
+                                 tabla.Nombre, " t"}));
 }
 
 std::vector<Fila> LeerFilas(sqlite::Conexion& base, std::string_view consulta) {

@@ -54,10 +54,10 @@ namespace salvaguarda::sql {
 [[nodiscard]] std::vector<std::string> Contenido(sqlite::Conexion& base, const Tabla& tabla);
 
 /// The columns of a `Fila` from the row of that name, up to its detail.
-[[nodiscard]] std::string ComoFila(const Tabla& tabla, std::string_view alias);
+[[nodiscard]] std::string ColumnasDeFila(const Tabla& tabla, std::string_view alias);
 /// The same with what is the matter with it, an expression.
-[[nodiscard]] std::string ComoFila(const Tabla& tabla, std::string_view alias,
-                                   std::string_view motivo);
+[[nodiscard]] std::string ColumnasDeFila(const Tabla& tabla, std::string_view alias,
+                                         std::string_view motivo);
 /// A row of what a query of the latter finds.
 [[nodiscard]] Fila LeerFila(const services::Filas& leidas, std::size_t fila);
 /// All rows of a table, whose name gets `antes` before it, with nothing the matter.

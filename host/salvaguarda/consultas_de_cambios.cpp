@@ -38,7 +38,7 @@ std::string MismaFactura(std::string_view a, std::string_view b) {
 }
 
 /// That the invoice `d` is among those of a table of keys.
-std::string EstaEn(std::string_view claves) {
+std::string LaFacturaEstaEn(std::string_view claves) {
   return Juntar({"EXISTS (SELECT 1 FROM ", claves, " w WHERE ", MismaFactura("w", "d"), ")"});
 }
 
@@ -95,9 +95,10 @@ std::string EstaEnSuLado(std::string_view suya, std::string_view otra, std::stri
 }  // namespace
 
 std::string FacturasCambiadas(std::string_view de) {
-  const std::string enLaLista = EstaEn("temp.EnLaLista");
-  const std::string delRango = EstaEn("temp.DelRango");
-  const std::string deTrabajo = Juntar({"(", enLaLista, " OR ", EstaEn("temp.SoloConBases"), ")"});
+  const std::string enLaLista = LaFacturaEstaEn("temp.EnLaLista");
+  const std::string delRango = LaFacturaEstaEn("temp.DelRango");
+  const std::string deTrabajo =
+      Juntar({"(", enLaLista, " OR ", LaFacturaEstaEn("temp.SoloConBases"), ")"});
   return ConLasFacturas(de) + Juntar({"SELECT 'ProvFacturas', d.NConcepto, d.Factura, d.Año, '', ",
                                       EstaEnSuLado("antes", "ahora", "estaba"),
                                       ", ",

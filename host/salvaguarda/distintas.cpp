@@ -54,10 +54,11 @@ std::string Anadir(sqlite::Conexion& base, const Tabla& tabla, std::string_view 
               ".", tabla.Nombre, " u) "});
   const std::string soloSuyas =
       Comparables(base, tabla, una) + " EXCEPT " + Comparables(base, tabla, otra);
-  return Juntar({"INSERT INTO temp.Distintas ", conClave, "SELECT ", sql::ComoFila(tabla, "t"),
-                 una == "copia" ? ", 1" : ", 0", ", t.", tabla.Importe,
-                 pagado ? ", t.Pagado" : ", NULL", ", t.ModificadoPor, t.Actualizado FROM (",
-                 soloSuyas, ") d JOIN t ON ", sql::Separar(misma, " AND "), ";"});
+  return Juntar({"INSERT INTO temp.Distintas ", conClave, "SELECT ",
+                 sql::ColumnasDeFila(tabla, "t"), una == "copia" ? ", 1" : ", 0", ", t.",
+                 tabla.Importe, pagado ? ", t.Pagado" : ", NULL",
+                 ", t.ModificadoPor, t.Actualizado FROM (", soloSuyas, ") d JOIN t ON ",
+                 sql::Separar(misma, " AND "), ";"});
 }
 
 }  // namespace

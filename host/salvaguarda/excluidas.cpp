@@ -59,9 +59,10 @@ std::string Excluidas(const Rango& rango) {
   for (const Tabla& tabla : Tablas()) {
     if (tabla.Que == Tabla::Cosa::Apunte) continue;  // no commit deletes one
     const bool prevision = tabla.Que == Tabla::Cosa::Prevision;
-    consultas.push_back(Juntar({"SELECT ", ComoFila(tabla, "t", PorQueNo(tabla)), " FROM foto.",
-                                tabla.Nombre, " t WHERE NOT (", LoQueExige(tabla, rango), ")",
-                                prevision ? "" : " AND " + EstaEn("foto.DelRango", tabla, "t")}));
+    consultas.push_back(
+        Juntar({"SELECT ", ColumnasDeFila(tabla, "t", PorQueNo(tabla)), " FROM foto.", tabla.Nombre,
+                " t WHERE NOT (", LoQueExige(tabla, rango), ")",
+                prevision ? "" : " AND " + EstaEn("foto.DelRango", tabla, "t")}));
   }
   return Separar(consultas, " UNION ALL ");
 }

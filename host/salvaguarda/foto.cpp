@@ -154,7 +154,7 @@ std::vector<Fila> Foto::Gemelas() {
       Juntar({sql::Igual("g.NConcepto", "t.NConcepto"), " AND ", sql::Igual("g.Año", "t.Año"),
               " AND ", sql::Igual(sql::Numero(facturas, "g"), sql::Numero(facturas, "t"))});
   return sql::LeerFilas(
-      *conexion_, Juntar({"SELECT ", sql::ComoFila(facturas, "t", "''"),
+      *conexion_, Juntar({"SELECT ", sql::ColumnasDeFila(facturas, "t", "''"),
                           " FROM foto.ProvFacturas t JOIN (SELECT * FROM foto.ProvFacturas g WHERE "
                           "(SELECT count(*) FROM foto.ProvFacturas) > (SELECT count(*) FROM "
                           "foto.DelRango) GROUP BY NConcepto COLLATE ES, ",
@@ -170,8 +170,8 @@ std::vector<Fila> Foto::QueSiguen(std::vector<Fila> filas) {
   if (filas.empty()) return filas;
   std::vector<std::string> consultas;
   for (const Tabla& tabla : Tablas()) {
-    consultas.push_back(
-        Juntar({"SELECT ", sql::ComoFila(tabla, "t", "''"), " FROM copia.", tabla.Nombre, " t"}));
+    consultas.push_back(Juntar(
+        {"SELECT ", sql::ColumnasDeFila(tabla, "t", "''"), " FROM copia.", tabla.Nombre, " t"}));
   }
   std::set<Fila, PorSuClave> quedan;
   for (const Fila& fila : sql::LeerFilas(*conexion_, sql::Separar(consultas, " UNION ALL "))) {

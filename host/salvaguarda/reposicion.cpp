@@ -82,14 +82,14 @@ std::string PorClave(const Tabla& tabla) {
 /// both amount to, whether they are there, and what was paid of them.
 std::string Leer(const Tabla& tabla, std::string_view alias) {
   const bool pagado = tabla.Que == Tabla::Cosa::Vencimiento;
-  return Juntar({"SELECT ", sql::ComoFila(tabla, alias, "''"), ", a.", tabla.Importe, ", b.",
+  return Juntar({"SELECT ", sql::ColumnasDeFila(tabla, alias, "''"), ", a.", tabla.Importe, ", b.",
                  tabla.Importe, ", a.Clave0 IS NOT NULL, b.Clave0 IS NOT NULL",
                  pagado ? ", a.Pagado, b.Pagado" : ""});
 }
 
 /// The rows of the copy that aren't stored, or say something else there; then the stored ones that
 /// it hasn't. Of the cash entries those alone that both have.
-std::string Distintas(sqlite::Conexion& base, const Tabla& tabla) {
+std::string QueDifieren(sqlite::Conexion& base, const Tabla& tabla) {
   const std::vector<std::string> comunes = sql::Comunes(base, tabla.Nombre);
   const std::string por = PorClave(tabla);
   const bool apuntes = tabla.Que == Tabla::Cosa::Apunte;
@@ -104,7 +104,7 @@ std::string Distintas(sqlite::Conexion& base, const Tabla& tabla) {
 }
 
 void Comparar(sqlite::Conexion& base, const Tabla& tabla, Reposicion& reposicion) {
-  const services::Filas leidas = base.Consultar(Distintas(base, tabla)).Filas;
+  const services::Filas leidas = base.Consultar(QueDifieren(base, tabla)).Filas;
   for (std::size_t i = 0; i < leidas.Cuantas(); ++i) Anadir(reposicion, tabla, leidas, i);
 }
 

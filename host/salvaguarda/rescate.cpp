@@ -64,22 +64,22 @@ std::string DeLaFoto(const Tabla& tabla) {
 }
 
 /// The rows of a working table that its stored one hasn't to the letter, nor the picture.
-std::string Distintas(const Tabla& tabla, bool conFoto) {
+std::string NoGrabadas(const Tabla& tabla, bool conFoto) {
   const auto filas = [&](const std::string& de) {
     return Juntar({"SELECT ", ALaLetra(tabla), " FROM ", de});
   };
   const std::string guardadas = DeLasMismas(tabla);
   const std::string motivo =
       Juntar({"CASE WHEN ", Esta(tabla, "d", guardadas), " THEN 'se cambió' ELSE 'se añadió' END"});
-  return Juntar({"SELECT ", sql::ComoFila(tabla, "d", motivo), " FROM (", filas(DeTrabajo(tabla)),
-                 " EXCEPT ", filas(guardadas), conFoto ? " EXCEPT " + filas(DeLaFoto(tabla)) : "",
-                 ") d"});
+  return Juntar({"SELECT ", sql::ColumnasDeFila(tabla, "d", motivo), " FROM (",
+                 filas(DeTrabajo(tabla)), " EXCEPT ", filas(guardadas),
+                 conFoto ? " EXCEPT " + filas(DeLaFoto(tabla)) : "", ") d"});
 }
 
 /// The stored rows `t` of a query that the working copy hasn't any more, though it could have
 /// loaded them and they were there then.
 std::string Borradas(const Tabla& tabla, const std::string& desde, bool conFoto) {
-  return Juntar({"SELECT DISTINCT ", sql::ComoFila(tabla, "t", "'se borró'"), desde,
+  return Juntar({"SELECT DISTINCT ", sql::ColumnasDeFila(tabla, "t", "'se borró'"), desde,
                  " AND EXISTS (SELECT 1 FROM almacen.ProvConceptos c WHERE c.NConcepto = "
                  "t.NConcepto) AND NOT ",
                  Esta(tabla, "t", DeTrabajo(tabla)),
@@ -134,7 +134,7 @@ std::optional<CopiaAbierta> LeerCopia(sqlite::Conexion& deTrabajo) {
 
 std::vector<Fila> Diferencias(sqlite::Conexion& deTrabajo, const Rango& rango, bool conFoto) {
   std::string consulta;
-  for (const Tabla& tabla : Tablas()) consulta += Distintas(tabla, conFoto) + " UNION ALL ";
+  for (const Tabla& tabla : Tablas()) consulta += NoGrabadas(tabla, conFoto) + " UNION ALL ";
   return sql::LeerFilas(deTrabajo, consulta + Borradas(rango, conFoto));
 }
 
