@@ -19,7 +19,9 @@ std::string Vacio() {
     todo += Juntar({"DROP TABLE IF EXISTS temp.", tabla, "; CREATE TEMP TABLE ", tabla,
                     " (NConcepto TEXT COLLATE ES PRIMARY KEY) WITHOUT ROWID;"});
   }
-  return todo + "CREATE TEMP TABLE AmbitoCaja (idSucursal, FechaHora, Tipo);";
+  return todo +
+         "CREATE TEMP TABLE AmbitoCaja (idSucursal TEXT COLLATE ES, FechaHora, Tipo INTEGER, "
+         "PRIMARY KEY (idSucursal, FechaHora, Tipo)) WITHOUT ROWID;";
 }
 
 /// In statements of many rows each.
@@ -56,6 +58,21 @@ std::vector<std::string> Valores(const std::vector<std::string>& conceptos) {
   filas.reserve(conceptos.size());
   for (const std::string& concepto : conceptos) filas.push_back(Texto(concepto));
   return filas;
+}
+
+std::vector<std::string> Valores(const std::vector<ClavesDeTrabajo::Apunte>& apuntes) {
+  std::vector<std::string> filas;
+  filas.reserve(apuntes.size());
+  for (const auto& a : apuntes) {
+    filas.push_back(
+        Juntar({Texto(a.idSucursal), ",MOMENTO(", Texto(a.FechaHora), "),", Texto(a.Tipo)}));
+  }
+  return filas;
+}
+
+/// The keys of a table of cash entries, as they are compared.
+std::string ClavesDeApuntes(std::string_view tabla) {
+  return Juntar({"SELECT idSucursal, MOMENTO(FechaHora), Tipo FROM ", tabla});
 }
 
 std::string EnLaCopia(const Tabla& tabla) {
@@ -122,7 +139,14 @@ ClavesDeTrabajo LeerClaves(sqlite::Conexion& deTrabajo, const Condicion& cuales,
 
 ClavesDeTrabajo ClavesDeTrabajo::Leer(sqlite::Conexion& deTrabajo) {
   const auto todas = [](const Tabla&) { return std::string("1"); };
-  return LeerClaves(deTrabajo, todas, "SELECT NConcepto FROM TempProvPrevisionPagos");
+  ClavesDeTrabajo claves =
+      LeerClaves(deTrabajo, todas, "SELECT NConcepto FROM TempProvPrevisionPagos");
+  const auto apuntes = deTrabajo.Consultar(ClavesDeApuntes("TempCajaPagos")).Filas;
+  for (std::size_t i = 0; i < apuntes.Cuantas(); ++i) {
+    claves.Apuntes.push_back(
+        {apuntes.En(i, 0).Texto(), apuntes.En(i, 1).Texto(), apuntes.En(i, 2).Texto()});
+  }
+  return claves;
 }
 
 ClavesDeTrabajo ClavesDeTrabajo::Nuevas(sqlite::Conexion& deTrabajo, const std::string& foto) {
@@ -153,8 +177,8 @@ std::string CopiaDeGrabacion(const Rango& rango, const ClavesDeTrabajo& claves) 
          InsertarDe("temp.AmbitoPrevision",
                     Juntar({"SELECT NConcepto FROM (", sql::PrevisionesDe(rango), ")"})) +
          InsertarDe("temp.AmbitoPrevision", "SELECT NConcepto FROM foto.ProvPrevisionPagos") +
-         InsertarDe("temp.AmbitoCaja", "SELECT idSucursal, FechaHora, Tipo FROM foto.CajaPagos") +
-         PorClaves();
+         InsertarDe("temp.AmbitoCaja", ClavesDeApuntes("foto.CajaPagos")) +
+         Insertar("temp.AmbitoCaja", Valores(claves.Apuntes)) + PorClaves();
 }
 
 std::string CopiaDeFoto(const ClavesDeTrabajo& nuevas) {
@@ -172,13 +196,10 @@ std::string CopiaDeFoto(const ClavesDeTrabajo& nuevas) {
 }
 
 std::string CopiaDeCopia(std::string_view nombre) {
-  const auto suyas = [&](std::string_view columnas, std::string_view tabla) {
-    return Juntar({"SELECT ", columnas, " FROM ", nombre, ".", tabla});
-  };
-  return Vacio() + InsertarDe("temp.Ambito", suyas("*", "Claves")) +
-         InsertarDe("temp.AmbitoPrevision", suyas("*", "ClavesPrevision")) +
-         InsertarDe("temp.AmbitoCaja", suyas("idSucursal, FechaHora, Tipo", "CajaPagos")) +
-         PorClaves();
+  const auto suya = [&](std::string_view tabla) { return Juntar({nombre, ".", tabla}); };
+  return Vacio() + InsertarDe("temp.Ambito", "SELECT * FROM " + suya("Claves")) +
+         InsertarDe("temp.AmbitoPrevision", "SELECT * FROM " + suya("ClavesPrevision")) +
+         InsertarDe("temp.AmbitoCaja", ClavesDeApuntes(suya("CajaPagos"))) + PorClaves();
 }
 
 bool HayGuardadas(sqlite::Conexion& base, const ClavesDeTrabajo& claves) {

@@ -9,7 +9,8 @@
 
 namespace salvaguarda {
 
-/// The invoice keys, and the concepts of the forecasts, that a working copy holds rows of.
+/// The keys of the invoices, the concepts of the forecasts, and the keys of the cash entries that a
+/// working copy holds.
 struct ClavesDeTrabajo {
   struct Factura {
     std::string NConcepto;
@@ -21,9 +22,16 @@ struct ClavesDeTrabajo {
   /// Those of a base and neither, which it doesn't.
   std::vector<Factura> SoloConBases;
   std::vector<std::string> Previsiones;
+  struct Apunte {
+    std::string idSucursal;
+    std::string FechaHora;
+    std::string Tipo;
+  };
+  std::vector<Apunte> Apuntes;
 
   [[nodiscard]] static ClavesDeTrabajo Leer(sqlite::Conexion& deTrabajo);
-  /// Those alone that the picture in the file `foto` hasn't.
+  /// Those alone that the picture in the file `foto`, taken at its load, hasn't. It has all the
+  /// cash entries: a load brings them, and nothing adds any.
   [[nodiscard]] static ClavesDeTrabajo Nuevas(sqlite::Conexion& deTrabajo, const std::string& foto);
 
   [[nodiscard]] bool Ninguna() const {

@@ -31,16 +31,23 @@ void Cotejo::Cargar(const Rango& rango) {
 void Cotejo::Retomar(const Rescate& rescate) {
   deLaCarga_ = {};
   if (!foto_.Recuperar(rescate.Copia.Rango, rescate.Copia.Foto)) {
-    if (avisarDeOtros_) deLaCarga_.SinSaber = rescate.Filas;
     Retratar(rescate.Copia.Rango);
+    DecirTodoLoDistinto(rescate.Copia.Almacenados);
   }
   deLaCarga_.NoCargadas = foto_.Excluidas();
+}
+
+// What others have stored since the working copy was offered is in the picture already.
+void Cotejo::DecirTodoLoDistinto(const std::string& almacenados) {
+  if (!avisarDeOtros_) return;
+  const auto distinto = BuscarRescate(*deTrabajo_, almacenados, ficheroFoto_);
+  if (distinto) deLaCarga_.SinSaber = distinto->Filas;
 }
 
 // Without one nothing can be copied, which is asked about then.
 void Cotejo::Retratar(const Rango& rango) {
   try {
-    foto_.Tomar(rango);
+    foto_.TomarTarde(rango);
   } catch (const services::ErrorEjecucion&) {
     foto_.Olvidar();
   }

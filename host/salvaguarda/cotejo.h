@@ -50,6 +50,7 @@ class Cotejo {
  private:
   [[nodiscard]] std::string FilasDeLaCopia(const Rango& rango);
   void Retratar(const Rango& rango);
+  void DecirTodoLoDistinto(const std::string& almacenados);
   void Comparar();
   void CompararConLaFoto();
 

@@ -99,6 +99,11 @@ void Foto::Tomar(const Rango& rango) {
   }
 }
 
+void Foto::TomarTarde(const Rango& rango) {
+  Tomar(rango);
+  version_.reset();
+}
+
 void Foto::TomarAhora(const Rango& rango) {
   sql::Transaccion lectura(*conexion_);
   std::string todo = "DROP TABLE IF EXISTS foto.DelRango; DROP TABLE IF EXISTS foto.Claves;" +

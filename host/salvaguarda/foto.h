@@ -27,9 +27,11 @@ class Foto {
   /// throws.
   Foto(const std::string& almacenados, std::string fichero);
 
-  /// Takes it now, in place of the one before.
+  /// Takes it now, in place of the one before, as a load begins.
   void Tomar(const Rango& rango);
-  /// Whether nothing at all was stored since it was taken by this program.
+  /// The same when the load is long over: what the working copy holds may not be in it.
+  void TomarTarde(const Rango& rango);
+  /// Whether nothing at all was stored since this program took it as its load began.
   [[nodiscard]] bool SigueIgual();
   /// There is none any more.
   void Olvidar();

@@ -111,6 +111,38 @@ TEST_F(RescateDeUnaMuerte, SinFotoSePreguntaPorTodoLoDistinto) {
   EXPECT_THAT(Preguntas, ElementsAre(testing::HasSubstr("vencimiento 02/03/2005")));
 }
 
+TEST_F(RescateDeUnaMuerte, SinFotoSePreguntaTambienPorLoQueOtroGraboMientrasSeOfrecia) {
+  Cargar();
+  Trabajar("UPDATE TempProvVencimientos SET Pagado = 3 WHERE FechaVto = '20050302'");
+  auto rescate = Rescate();
+  rescate->Copia.Foto = "otra";
+  Otro(
+      "UPDATE ProvFacturas SET Total = 99 WHERE Factura = 'F000002'; INSERT INTO ProvFacturas "
+      "(NConcepto, Factura, Año, Fecha, Total) VALUES ('1', 'NUEVA', '2005', '20050301', 9); "
+      "INSERT INTO ProvVencimientos (NConcepto, NFactura, Año, FechaVto, Importe) VALUES ('1', "
+      "'NUEVA', '2005', '20050307', 9)");
+  guardia->AlRetomar(*rescate);
+  Respuesta = false;
+  EXPECT_NE(apoyo::NumeroDeError([this] { Grabar(); }), 0);
+  EXPECT_THAT(Preguntas,
+              ElementsAre(AllOf(testing::HasSubstr("F000002"), testing::HasSubstr("NUEVA"))));
+}
+
+TEST_F(RescateDeUnaMuerte, SinFotoLaCopiaTieneLosApuntesQueSeEnlazan) {
+  const std::string enlaces = "SELECT FechaHora || ' ' || ifnull(Factura, '') FROM CajaPagos";
+  Cargar();
+  Trabajar("UPDATE TempCajaPagos SET Factura = 'F00000' || (Tipo - 1), Año = '2005'");
+  Otro("UPDATE CajaPagos SET Factura = 'DE-EVA', Año = '2004' WHERE Factura IS NULL");
+  const auto deEva = Consulta(enlaces);
+  auto rescate = Rescate();
+  rescate->Copia.Foto = "otra";
+  guardia->AlRetomar(*rescate);
+  Grabar();
+  EXPECT_NE(Consulta(enlaces), deEva);
+  guardia->Reponer(Guardadas().front());
+  EXPECT_EQ(Consulta(enlaces), deEva);
+}
+
 TEST_F(RescateDeUnaMuerte, TrasUnNoLoDeOtroNoEsSuyo) {
   Cargar();
   Trabajar("UPDATE TempProvVencimientos SET Pagado = 3 WHERE FechaVto = '20050302'");
