@@ -20,6 +20,12 @@ constexpr const char* kNoGrabado =
     "No se ha grabado nada. Lo que ha hecho sigue en la pantalla: puede grabarlo después, o pulsar "
     "Cancelar para volver a cargar lo que hay grabado";
 
+/// The one column of a forecast that its statement leaves out: each commit passes it over.
+bool EsDeSiempre(const Omision& omision) {
+  return omision.Que == Omision::Falta::Nada && omision.Tabla == Previsiones().Nombre &&
+         omision.Fallo.Numero() == services::error::CampoDesconocido;
+}
+
 }  // namespace
 
 Guardia::Guardia(Bases bases, const Lugares& lugares, std::string usuario, Trato trato)
@@ -88,18 +94,28 @@ void Guardia::AlTerminarUnidad() {
 }
 
 void Guardia::AlTerminarUnidadDeTrabajo() {
-  if (std::exchange(cargando_, false)) sinGrabar_.DarPorVisto();
+  if (std::exchange(cargando_, false)) DarPorVisto();
+}
+
+void Guardia::DarPorVisto() {
+  sinGrabar_.DarPorVisto();
+  grabadoAMedias_ = false;
 }
 
 void Guardia::AlVaciar() {
   if (!trato_.Apartar) return;
-  if (std::exchange(grabadoAMedias_, false)) return Dejar("No se ha podido grabar todo");
+  if (grabadoAMedias_) {
+    Dejar("No se ha podido grabar todo");
+    grabadoAMedias_ = false;
+    return;
+  }
   // What is being saved isn't durable yet.
   if (grabando_) return;
   if (const auto dejado = LoQueSeDeja()) Dejar(*dejado);
 }
 
 bool Guardia::HayAlgoSinGrabar() {
+  if (grabadoAMedias_) return true;
   if (!sinGrabar_.Escrito()) return false;
   bases_.DeTrabajo->TerminarUnidad();
   return sinGrabar_.Mirar().has_value();
@@ -171,9 +187,10 @@ bool Guardia::Confirmar(const Reparos& reparos) {
 }
 
 void Guardia::PasadoPorAlto(const Omision& omision) {
-  if (omision.Que == Omision::Falta::Nada) return;
+  if (EsDeSiempre(omision)) return;
   Anotar("Pasado por alto en " + (omision.Tabla.empty() ? "las tablas de trabajo" : omision.Tabla) +
          ": " + omision.Fallo.Descripcion());
+  if (omision.Que == Omision::Falta::Nada) return;
   const bool tabla = omision.Que == Omision::Falta::Tabla;
   const bool deCarga = omision.Durante == Omision::Tarea::Carga;
   if (tabla && deCarga) DarPorIncompleta();

@@ -61,7 +61,7 @@ class Guardia {
   /// The unit of the working tables is over.
   void AlTerminarUnidadDeTrabajo();
   /// What is in the working tables is kept elsewhere.
-  void DarPorVisto() { sinGrabar_.DarPorVisto(); }
+  void DarPorVisto();
   /// Whether the working tables hold anything that isn't stored. Throws what the engine throws.
   [[nodiscard]] bool HayAlgoSinGrabar();
 

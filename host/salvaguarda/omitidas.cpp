@@ -112,6 +112,8 @@ void Anadir(Omitidas& omitidas, const Oida& oida, sqlite::Conexion& almacenados)
   if (omision.Que == Omision::Falta::Tabla) {
     const Fila fila = ComoFila(omision);
     omitidas.Tablas.push_back({fila.Tabla, fila.Motivo, Perdidas(oida, almacenados)});
+  } else if (omision.Que == Omision::Falta::Borrado) {
+    omitidas.SinBorrar.push_back({omision.Tabla, omision.Fallo.Descripcion()});
   } else if (omision.Durante == Omision::Tarea::Carga) {
     DeCarga(omitidas, omision).push_back(ComoFila(omision));
   } else {
@@ -129,6 +131,10 @@ Omitidas Clasificar(const std::vector<Oida>& oidas, Omision::Tarea durante,
   for (const Oida& oida : oidas) {
     if (oida.Omision.Durante == durante) Anadir(omitidas, oida, almacenados);
   }
+  std::erase_if(omitidas.SinBorrar, [&](const TablaOmitida& una) {
+    return std::ranges::find(omitidas.Tablas, una.Tabla, &TablaOmitida::Tabla) !=
+           omitidas.Tablas.end();
+  });
   std::set<Fila, PorSuClave> dichas(omitidas.Filas.begin(), omitidas.Filas.end());
   dichas.insert(omitidas.Apuntes.begin(), omitidas.Apuntes.end());
   dichas.insert(omitidas.Repetidas.begin(), omitidas.Repetidas.end());

@@ -27,6 +27,8 @@ struct TablaOmitida {
 /// What was passed over, sorted by what the user loses.
 struct Omitidas {
   std::vector<TablaOmitida> Tablas;
+  /// Those of which what was to go is still stored; not those of which nothing was saved either.
+  std::vector<TablaOmitida> SinBorrar;
   /// Rows that are missing.
   std::vector<Fila> Filas;
   /// Rows that could not be saved because others of their keys are stored, which stay.

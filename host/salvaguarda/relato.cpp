@@ -34,6 +34,10 @@ std::vector<Noticia> NoticiasDeGrabacion(const Omitidas& omitidas) {
     if (!tabla.Perdidas.empty()) frase.append(". ").append(kYaNoEstan);
     noticias.push_back({std::move(frase), tabla.Perdidas});
   }
+  for (const TablaOmitida& tabla : omitidas.SinBorrar) {
+    noticias.push_back({"No se ha podido borrar nada de " + EnPalabras(tabla.Tabla) + ": " +
+                        tabla.Motivo + ". Lo que se ha quitado de la lista sigue grabado"});
+  }
   Anadir(noticias, std::string("No se han podido grabar estas filas. ").append(kYaNoEstan),
          omitidas.Filas);
   Anadir(

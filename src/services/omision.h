@@ -14,10 +14,11 @@ struct Omision {
   /// What is missing where it was to be written: in the working tables after a load, in the stored
   /// ones after a commit.
   enum class Falta {
-    Nada,   ///< nothing that was to be there
-    Valor,  ///< a value of a row; when the row is missing too, that is told behind it
-    Fila,   ///< a row
-    Tabla,  ///< all of a table
+    Nada,     ///< nothing that was to be there
+    Valor,    ///< a value of a row; when the row is missing too, that is told behind it
+    Fila,     ///< a row
+    Tabla,    ///< all of a table
+    Borrado,  ///< a deletion: rows that were to go are still there
   };
   struct Campo {
     std::string Nombre;

@@ -43,7 +43,7 @@ class Grabacion {
 };
 
 void Grabacion::Borrar(const std::string& sentencia) {
-  tramo_.Paso(Falta::Nada, [&] {
+  tramo_.Paso(Falta::Borrado, [&] {
     Recordset rs;
     rs.Open(sentencia, sesion_.CnDatos(), ModoApertura::Optimista);
   });

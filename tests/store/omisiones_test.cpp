@@ -25,6 +25,8 @@ std::string NombreDe(Omision::Falta falta) {
       return "fila";
     case Omision::Falta::Tabla:
       return "tabla";
+    case Omision::Falta::Borrado:
+      return "borrado";
   }
   return "";
 }
@@ -117,7 +119,7 @@ TEST_F(Omisiones, LaTablaAlmacenadaQueNoSeAbreDiceTambienCadaFilaPerdida) {
   datos->Ejecutar("DROP TABLE ProvPrevisionPagos");
   temp->Ejecutar("INSERT INTO TempProvPrevisionPagos (NConcepto, Fecha1Vto) VALUES ('7', '2005')");
   copia.Grabar();
-  EXPECT_THAT(Dichas(), ElementsAre("grabación: nada en ProvPrevisionPagos",
+  EXPECT_THAT(Dichas(), ElementsAre("grabación: borrado en ProvPrevisionPagos",
                                     "grabación: tabla en ProvPrevisionPagos",
                                     "grabación: fila en ProvPrevisionPagos NConcepto=7 "
                                     "Fecha1Vto=2005 Cada="));

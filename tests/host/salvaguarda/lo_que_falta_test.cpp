@@ -144,4 +144,16 @@ TEST_F(LoQueFalta, UnaFilaQueNoSeGrabaSeCuentaYUnaQueEstaIgualNo) {
                                HasSubstr("no cabe")));
 }
 
+TEST_F(LoQueFalta, UnaPrevisionQueNoSeDejaBorrarSeCuenta) {
+  Otro(
+      "INSERT INTO ProvPrevisionPagos (NConcepto, Fecha1Vto, Cada, Tipo, Importe) VALUES ('1', "
+      "'20050301', 1, 2, 50); CREATE TRIGGER No BEFORE DELETE ON ProvPrevisionPagos BEGIN SELECT "
+      "RAISE(ABORT, 'no se toca'); END");
+  Cargar();
+  Trabajar("DELETE FROM TempProvPrevisionPagos");
+  Grabar();
+  EXPECT_THAT(Contado(), AllOf(HasSubstr("No se ha podido borrar nada de previsiones"),
+                               HasSubstr("no se toca"), HasSubstr("sigue grabado")));
+}
+
 }  // namespace

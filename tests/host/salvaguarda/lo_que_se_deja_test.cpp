@@ -95,6 +95,24 @@ TEST_F(LoQueSeDeja, SiNoSePuedeApartarNoSeDeja) {
   EXPECT_FALSE(guardia->HayAlgoSinGrabar());
 }
 
+/// The commit empties the working tables in the same event, and passes over that it can't.
+TEST_F(LoQueSeDeja, LoGrabadoAMediasTampocoSeDejaSiNoSePuedeApartar) {
+  Cargar();
+  Otro(
+      "CREATE TRIGGER No BEFORE INSERT ON ProvBasesIva WHEN NEW.Tipo = '1' BEGIN SELECT "
+      "RAISE(ABORT, 'no'); END");
+  AlApartar = [] {
+    throw services::ErrorEjecucion(services::error::FalloDeConexion, "No queda sitio");
+  };
+  EXPECT_THAT(apoyo::DescripcionDeError([this] { GrabarYCargar(); }), HasSubstr("No queda sitio"));
+  EXPECT_TRUE(guardia->HayAlgoSinGrabar());
+  EXPECT_THAT(Apartadas, IsEmpty());
+  AlApartar = [] {};
+  Cargar();
+  EXPECT_THAT(Apartadas, ElementsAre(9U));
+  EXPECT_FALSE(guardia->HayAlgoSinGrabar());
+}
+
 TEST_F(LoQueSeDeja, LoQueNoSePuedeMirarSeAparta) {
   Cargar();
   Modificar();
