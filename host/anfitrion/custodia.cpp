@@ -13,6 +13,7 @@
 #include "anfitrion/texto_de_rescate.h"
 #include "salvaguarda/aparte.h"
 #include "salvaguarda/conexion_con_guardia.h"
+#include "salvaguarda/fallo_de_fichero.h"
 #include "salvaguarda/noticia.h"
 #include "valores/error.h"
 
@@ -30,6 +31,14 @@ QStringList RespuestasA(const salvaguarda::Rescate& rescate) {
   return respuestas;
 }
 
+constexpr const char* kSinCopia = "Ese fichero no tiene ninguna copia de trabajo.";
+
+/// What the engine keeps beside a file. Opening one drops the locks of whoever in this process has
+/// that file open.
+bool EsDelMotor(const std::string& fichero) {
+  return fichero.ends_with("-wal") || fichero.ends_with("-shm");
+}
+
 }  // namespace
 
 Custodia::Custodia(QWidget& ventana, const Datos& datos, const Opciones& opciones)
@@ -41,7 +50,7 @@ Custodia::Custodia(QWidget& ventana, const Datos& datos, const Opciones& opcione
   guardia_ = std::make_shared<salvaguarda::Guardia>(
       salvaguarda::Guardia::Bases{datos.Almacenados, datos.DeTrabajo, datos.NombreAlmacenados,
                                   salvaguarda::FicheroDeFoto(datos.NombreDeTrabajo)},
-      salvaguarda::Guardia::Lugares{almacenados.parent_path() / "copias" / almacenados.stem(),
+      salvaguarda::Guardia::Lugares{almacenados.parent_path() / "copias" / almacenados.filename(),
                                     deTrabajo.parent_path() / "registro.txt"},
       opciones.Usuario.toStdString(),
       salvaguarda::Trato{
@@ -137,7 +146,13 @@ void Custodia::Ofrecer(const salvaguarda::Rescate& rescate) {
   const std::string aparte = Apartar();
   guardia_->DarPorVisto();
   if (respuesta == kAparte) return DecirDondeQueda(aparte);
-  Retomar(rescate);
+  try {
+    Retomar(rescate);
+  } catch (const std::exception& fallo) {
+    Decir("No se ha podido abrir la copia de trabajo que quedó: " +
+          QString::fromUtf8(fallo.what()));
+    DecirDondeQueda(aparte);
+  }
 }
 
 std::optional<salvaguarda::Rescate> Custodia::RescateEn(sqlite::Conexion& deTrabajo) const {
@@ -165,9 +180,8 @@ void Custodia::AbrirAparte(const std::string& fichero, const std::function<bool(
   // What closing keeps aside must not push out the one that is picked.
   const QScopedValueRollback<fs::path> mientras(porAbrir_, fichero);
   try {
-    if (fs::equivalent(fichero, datos_.NombreDeTrabajo)) {
-      return Decir("Esa es la copia de trabajo que está abierta.");
-    }
+    if (EsLaAbierta(fichero)) return Decir("Esa es la copia de trabajo que está abierta.");
+    if (EsDelMotor(fichero)) return Decir(kSinCopia);
     if (!QuiereAbrir(*sqlite::AbrirConexion(fichero, {.SoloLectura = true})) || !cerrar()) return;
     // One that was left behind and not offered yet.
     if (RescateEn(*datos_.DeTrabajo)) DecirDondeQueda(Apartar());
@@ -180,6 +194,11 @@ void Custodia::AbrirAparte(const std::string& fichero, const std::function<bool(
   }
 }
 
+bool Custodia::EsLaAbierta(const std::string& fichero) const {
+  return salvaguarda::EnElDisco("abrir " + fichero,
+                                [&] { return fs::equivalent(fichero, datos_.NombreDeTrabajo); });
+}
+
 void Custodia::DecirDondeQueda(const std::string& aparte) {
   Decir("La copia de trabajo que había queda guardada en " + QString::fromStdString(aparte) +
         ". Puede abrirla con Archivo, Abrir una copia guardada aparte.");
@@ -187,7 +206,7 @@ void Custodia::DecirDondeQueda(const std::string& aparte) {
 
 bool Custodia::QuiereAbrir(sqlite::Conexion& aparte) {
   if (!salvaguarda::HayCopia(aparte)) {
-    Decir("Ese fichero no tiene ninguna copia de trabajo.");
+    Decir(kSinCopia);
     return false;
   }
   const auto rescate = RescateEn(aparte);
@@ -222,6 +241,15 @@ bool Custodia::ApartarSinMirar(const QString& motivo) {
   }
 }
 
+/// What was saved as the screen closed, or by others since, wasn't among what was confirmed.
+bool Custodia::SigueQueriendo(const salvaguarda::Copia& copia,
+                              const salvaguarda::Reposicion& confirmada) {
+  const salvaguarda::Reposicion ahora = guardia_->Comparar(copia);
+  if (ahora == confirmada) return true;
+  const QString texto = "Lo grabado ha cambiado desde que eligió la copia. " + Resumen(ahora);
+  return Elegir({texto + "\n\n¿Recuperarla de todos modos?", {"Sí", "No"}, 1, 1}) == 0;
+}
+
 void Custodia::Recuperar(const std::function<bool()>& cerrar) try {
   DialogoCopias dialogo(ventana_, *guardia_);
   if (dialogo.exec() != QDialog::Accepted) return;
@@ -231,6 +259,7 @@ void Custodia::Recuperar(const std::function<bool()>& cerrar) try {
     return Decir("No se ha recuperado la copia: Tesvara de Pagos sigue abierto.");
   }
   try {
+    if (!SigueQueriendo(elegida, dialogo.Confirmada())) return;
     guardia_->Reponer(elegida);
     guardia_->Anotar("Recuperada la copia " + elegida.Fichero.string());
     Decir("La copia está recuperada. Lo que había hasta ahora queda en otra.");

@@ -60,7 +60,10 @@ class Custodia final : public QObject {
  private:
   void Ofrecer(const salvaguarda::Rescate& rescate);
   [[nodiscard]] std::optional<salvaguarda::Rescate> RescateEn(sqlite::Conexion& deTrabajo) const;
+  [[nodiscard]] bool EsLaAbierta(const std::string& fichero) const;
   [[nodiscard]] bool QuiereAbrir(sqlite::Conexion& aparte);
+  [[nodiscard]] bool SigueQueriendo(const salvaguarda::Copia& copia,
+                                    const salvaguarda::Reposicion& confirmada);
   void Retomar(const salvaguarda::Rescate& rescate);
   std::string Apartar();
   void DecirDondeQueda(const std::string& aparte);

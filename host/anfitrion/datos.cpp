@@ -7,6 +7,7 @@
 #include "anfitrion/fechas.h"
 #include "esquema/esquema_sqlite.h"
 #include "muestra/muestra.h"
+#include "salvaguarda/fallo_de_fichero.h"
 #include "salvaguarda/fichero_entero.h"
 #include "valores/error.h"
 #include "valores/fecha.h"
@@ -60,19 +61,6 @@ services::Ref<sqlite::Conexion> AbrirDeTrabajo(const fs::path& fichero) {
   return conexion;
 }
 
-/// The system's own texts come in English.
-std::string Motivo(const std::error_code& fallo) {
-  if (fallo == std::errc::permission_denied || fallo == std::errc::operation_not_permitted) {
-    return ": no hay permiso";
-  }
-  if (fallo == std::errc::not_a_directory || fallo == std::errc::file_exists) {
-    return ": hay un fichero en su lugar";
-  }
-  if (fallo == std::errc::no_space_on_device) return ": no queda sitio en el disco";
-  if (fallo == std::errc::read_only_file_system) return ": el disco es de solo lectura";
-  return " (error " + std::to_string(fallo.value()) + ")";
-}
-
 /// A connection text names a server; a file is named by its path alone.
 void ExigirFichero(const std::string& texto) {
   if (texto.find('=') == std::string::npos) return;
@@ -91,9 +79,11 @@ fs::path NombreLibre(const fs::path& fichero, const std::string& clase = "") {
     return nombre.replace_filename(fichero.stem().string() + ahora + cual +
                                    fichero.extension().string());
   };
-  fs::path libre = con("");
-  for (int i = 2; fs::exists(libre); ++i) libre = con("-" + std::to_string(i));
-  return libre;
+  return salvaguarda::EnElDisco("usar " + fichero.parent_path().string(), [&] {
+    fs::path libre = con("");
+    for (int i = 2; fs::exists(libre); ++i) libre = con("-" + std::to_string(i));
+    return libre;
+  });
 }
 
 // The component keeps its connection to the end of the program, so the file is copied by the
@@ -122,7 +112,9 @@ void QuitarViejas(const fs::path& nueva, const fs::path& conservada) {
   for (const auto& entrada : fs::directory_iterator(nueva.parent_path(), ignorado)) {
     const std::string una = entrada.path().filename().string();
     const bool queda = una == nombre || una == conservada.filename().string();
-    if (una.starts_with(principio) && !queda) suyas.insert(entrada.path());
+    // Not what the engine leaves beside one, either.
+    const bool copia = entrada.path().extension() == nueva.extension();
+    if (una.starts_with(principio) && copia && !queda) suyas.insert(entrada.path());
   }
   for (; suyas.size() >= kQuedan; suyas.erase(suyas.begin())) fs::remove(*suyas.begin(), ignorado);
 }
@@ -147,7 +139,7 @@ fs::path ApartarDejada(const Datos& datos, const fs::path& conservada) {
 
 Datos AbrirDatos(const Opciones& opciones) {
   const fs::path carpeta = CarpetaDeDatos(opciones);
-  try {
+  return salvaguarda::EnElDisco("usar la carpeta de datos " + carpeta.string(), [&]() -> Datos {
     fs::create_directories(carpeta);
     const bool propio = opciones.Datos.isEmpty();
     ExigirFichero(opciones.Datos.toStdString());
@@ -159,11 +151,7 @@ Datos AbrirDatos(const Opciones& opciones) {
     auto deTrabajo = AbrirDeTrabajo(trabajo);
     return {AbrirAlmacenados(almacenados, propio), std::move(deTrabajo), almacenados.string(),
             trabajo.string()};
-  } catch (const fs::filesystem_error& fallo) {
-    throw services::ErrorEjecucion(
-        services::error::FalloDeConexion,
-        "No se puede usar la carpeta de datos " + carpeta.string() + Motivo(fallo.code()));
-  }
+  });
 }
 
 }  // namespace anfitrion

@@ -42,6 +42,8 @@ QString Apartado(const QString& titulo, const std::vector<salvaguarda::Fila>& fi
          QString::fromStdString(Relatar(filas, conceptos, kDeCadaClase).Texto) + "\n\n";
 }
 
+}  // namespace
+
 QString Resumen(const Reposicion& reposicion) {
   if (reposicion.Cuantas() == 0) return "Lo grabado está como en esta copia.";
   return QString("Filas que vuelven al recuperarla: %1. Que se van: %2. Que cambian: %3.")
@@ -49,8 +51,6 @@ QString Resumen(const Reposicion& reposicion) {
       .arg(reposicion.SeVan.size())
       .arg(reposicion.Cambian.size());
 }
-
-}  // namespace
 
 DialogoCopias::DialogoCopias(QWidget& ventana, salvaguarda::Guardia& guardia)
     : QDialog(&ventana),

@@ -14,6 +14,9 @@ class QTableWidget;
 
 namespace anfitrion {
 
+/// What putting a copy back does, in a sentence.
+[[nodiscard]] QString Resumen(const salvaguarda::Reposicion& reposicion);
+
 /// The copies of rows: when and by whom they were made, and what putting one back would do.
 /// Accepted when the user wants one put back.
 class DialogoCopias final : public QDialog {
@@ -22,6 +25,10 @@ class DialogoCopias final : public QDialog {
 
   /// The one that was chosen, once accepted.
   [[nodiscard]] const salvaguarda::Copia& Elegida() const;
+  /// What it was said to do.
+  [[nodiscard]] const salvaguarda::Reposicion& Confirmada() {
+    return Comparada(static_cast<std::size_t>(Fila()));
+  }
 
  private:
   void Componer();

@@ -26,8 +26,8 @@ constexpr int kEnEstado = 30'000;
 
 /// Of a working copy that is left as it is.
 constexpr const char* kSeOfrecera =
-    "La copia de trabajo se queda como está, y la próxima vez se ofrecerá abrirla. Los pagos que "
-    "solo están escritos en la lista se perderán.";
+    "La copia de trabajo se queda como está: si tiene algo sin grabar, la próxima vez se ofrecerá "
+    "abrirla. Los pagos que solo están escritos en la lista se perderán.";
 
 /// The sign of what isn't saved goes first: there it shows in a narrow place, too.
 constexpr const char* kTitulo = "[*]Sorvex";
@@ -272,8 +272,8 @@ bool VentanaPrincipal::CerrarPagos() {
     return true;
   }
   return Preguntar("No se ha podido cerrar Tesvara de Pagos: " + MotivoDePagos() +
-                   "\n\n¿Quiere salir de todas formas? Lo que no se haya grabado se perderá; la "
-                   "copia de trabajo se guardará aparte.") &&
+                   "\n\n¿Quiere salir de todas formas? La copia de trabajo se guardará aparte; los "
+                   "pagos que solo están escritos en la lista se perderán.") &&
          ApartarTrabajo();
 }
 
@@ -283,10 +283,10 @@ bool VentanaPrincipal::ApartarTrabajo() {
     Mostrar(QMessageBox::Information,
             "La copia de trabajo queda guardada en " + QString::fromStdString(aparte));
     return true;
-  } catch (const services::ErrorEjecucion& fallo) {
-    return Preguntar("No se ha podido guardar aparte la copia de trabajo: " +
-                     QString::fromStdString(fallo.Descripcion()) +
-                     "\n\n¿Quiere salir dejándola donde está? " + kSeOfrecera);
+  } catch (const std::exception& fallo) {
+    return Preguntar(
+        "No se ha podido guardar aparte la copia de trabajo: " + QString::fromUtf8(fallo.what()) +
+        "\n\n¿Quiere salir dejándola donde está? " + kSeOfrecera);
   }
 }
 

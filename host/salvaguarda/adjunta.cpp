@@ -14,7 +14,7 @@ Adjunta::Adjunta(sqlite::Conexion& base, const std::string& fichero, std::string
     throw services::ErrorEjecucion(services::error::FalloDeConexion,
                                    "No se puede abrir " + fichero + ": no existe");
   }
-  base_.Ejecutar(Juntar({"ATTACH ", Texto(fichero), " AS ", nombre}));
+  base_.Adjuntar(fichero, nombre);
 }
 
 // A file that can't be let go of now goes with the connection.

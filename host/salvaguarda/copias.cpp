@@ -7,6 +7,7 @@
 #include <string_view>
 
 #include "salvaguarda/adjunta.h"
+#include "salvaguarda/fallo_de_fichero.h"
 #include "salvaguarda/fichero_entero.h"
 #include "sqlite/momento.h"
 #include "valores/error.h"
@@ -43,11 +44,11 @@ std::vector<std::string> Nombres(const fs::path& carpeta, std::string_view princ
 void CrearCarpeta(const fs::path& carpeta) {
   std::error_code fallo;
   fs::create_directories(carpeta, fallo);
-  if (fallo) {
-    throw services::ErrorEjecucion(
-        services::error::FalloDeConexion,
-        "No se puede usar la carpeta de las copias, " + carpeta.string());
-  }
+  if (fallo) LanzarNoSePuede("usar la carpeta de las copias, " + carpeta.string(), fallo);
+}
+
+bool Existe(const fs::path& fichero) {
+  return EnElDisco("usar " + fichero.parent_path().string(), [&] { return fs::exists(fichero); });
 }
 
 /// What a program that was killed left in the middle; not what another is at.
@@ -79,7 +80,7 @@ fs::path Copias::NombreLibre(services::FechaHora momento) const {
     std::string orden = std::to_string(i);
     orden.insert(0, 3 - std::min<std::size_t>(3, orden.size()), '0');
     fs::path libre = carpeta_ / (base + "-" + orden + "-" + Propio() + std::string(kExtension));
-    if (!fs::exists(libre)) return libre;
+    if (!Existe(libre)) return libre;
   }
 }
 
@@ -112,7 +113,7 @@ bool Copias::GuardarEntera(const fs::path& almacenados, services::FechaHora mome
   CrearCarpeta(carpeta_);
   const std::string dia = EnNombre(momento).substr(0, 8);
   const fs::path fichero = carpeta_ / (std::string(kEntera) + dia + std::string(kExtension));
-  if (fs::exists(fichero)) return false;
+  if (Existe(fichero)) return false;
   FicheroEntero entero(fichero, Propio());
   sqlite::AbrirConexion(almacenados.string())->CopiarEn(entero.EnCurso().string());
   entero.Terminar();

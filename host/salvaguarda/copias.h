@@ -42,13 +42,13 @@ class Copias {
   [[nodiscard]] std::vector<Copia> Guardadas() const;
 
   /// Copies the whole stored file, unless there is one of that day. Whether it did. Throws
-  /// what the engine and the file system throw, with no file left.
+  /// what the engine throws, with no file left.
   bool GuardarEntera(const std::filesystem::path& almacenados, services::FechaHora momento);
 
   /// What tells the files of this program from those of another that copies to the same folder.
   [[nodiscard]] static const std::string& Propio();
   /// A name in the folder that no copy of rows has yet, for those made in one second too. Throws
-  /// what the file system throws.
+  /// 0x80004005.
   [[nodiscard]] std::filesystem::path NombreLibre(services::FechaHora momento) const;
   /// Lets go of those of rows that are too many; never of `nueva`, whatever the clocks of others
   /// say.

@@ -4,6 +4,8 @@
 #include <system_error>
 #include <utility>
 
+#include "salvaguarda/fallo_de_fichero.h"
+
 namespace salvaguarda {
 
 FicheroEntero::FicheroEntero(std::filesystem::path fichero, std::string_view propio)
@@ -23,7 +25,7 @@ void FicheroEntero::Quitar() noexcept {
 }
 
 void FicheroEntero::Terminar() {
-  std::filesystem::rename(enCurso_, fichero_);
+  EnElDisco("guardar " + fichero_.string(), [&] { std::filesystem::rename(enCurso_, fichero_); });
 }
 
 }  // namespace salvaguarda

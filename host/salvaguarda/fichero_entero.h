@@ -21,7 +21,7 @@ class FicheroEntero {
   /// Where it is to be made; nothing is there.
   [[nodiscard]] const std::filesystem::path& EnCurso() const { return enCurso_; }
   [[nodiscard]] const std::filesystem::path& Fichero() const { return fichero_; }
-  /// Throws what the file system throws.
+  /// Throws 0x80004005.
   void Terminar();
 
  private:

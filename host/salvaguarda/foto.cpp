@@ -71,9 +71,8 @@ void Foto::Adjuntar() {
   // The engine attaches what is there. One that is isn't opened: that drops the locks of whoever in
   // this process has it open.
   if (!std::filesystem::exists(fichero_)) std::ofstream(fichero_, std::ios::app).flush();
-  conexion_->Ejecutar(Juntar({"ATTACH ", Texto(fichero_),
-                              " AS foto; PRAGMA foto.journal_mode = MEMORY; "
-                              "PRAGMA foto.synchronous = OFF"}));
+  conexion_->Adjuntar(fichero_, "foto");
+  conexion_->Ejecutar("PRAGMA foto.journal_mode = MEMORY; PRAGMA foto.synchronous = OFF");
   conexion_->Ejecutar("SELECT count(*) FROM foto.sqlite_master");
 }
 

@@ -17,6 +17,7 @@ struct Reposicion {
   [[nodiscard]] std::size_t Cuantas() const {
     return Vuelven.size() + SeVan.size() + Cambian.size();
   }
+  bool operator==(const Reposicion&) const = default;
 };
 
 /// What putting it back would do now: the rows that it has and the store hasn't, those that the

@@ -59,6 +59,15 @@ void Conexion::Ejecutar(const std::string& sql) {
   base_.Ejecutar(sql);
 }
 
+// One that can't be attached isn't among the files that an error names.
+void Conexion::Adjuntar(const std::string& fichero, std::string_view nombre) {
+  const Prestada sentencia = almacen_.Tomar("ATTACH ? AS " + std::string(nombre));
+  sqlite3_bind_text(sentencia.get(), 1, fichero.data(), static_cast<int>(fichero.size()),
+                    SQLITE_STATIC);
+  if (sqlite3_step(sentencia.get()) == SQLITE_DONE) return;
+  Lanzar(sqlite3_extended_errcode(base_.Motor()), sqlite3_errmsg(base_.Motor()), fichero);
+}
+
 void Conexion::CopiarEn(const std::string& fichero) {
   Base destino(fichero, {.Crear = true});
   destino.Ejecutar("PRAGMA journal_mode = OFF");  // a log would take as much room again
@@ -66,7 +75,10 @@ void Conexion::CopiarEn(const std::string& fichero) {
   if (!copia) Lanzar(destino.Motor());
   const int paso = sqlite3_backup_step(copia, -1);
   const int fin = sqlite3_backup_finish(copia);
-  if (paso == SQLITE_DONE && fin == SQLITE_OK) return;
+  // Otherwise whoever looks into it, be it only to read, leaves a log beside it.
+  if (paso == SQLITE_DONE && fin == SQLITE_OK) {
+    return destino.Ejecutar("PRAGMA journal_mode = DELETE");
+  }
   // That it had to wait in vain is no error of its end.
   Lanzar(destino.Motor(), paso == SQLITE_DONE ? fin : paso, "");
 }

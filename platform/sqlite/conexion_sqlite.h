@@ -37,6 +37,8 @@ class Conexion final : public services::ObjetoContado<services::Conexion> {
 
   /// Runs the engine's own SQL, any number of statements, in the unit under way if there is one.
   void Ejecutar(const std::string& sql);
+  /// Another file under a name of its own, with no unit under way. What is wrong with it names it.
+  void Adjuntar(const std::string& fichero, std::string_view nombre);
   /// Writes the whole file, as it is outside any unit under way, to another that isn't there yet.
   void CopiarEn(const std::string& fichero);
   /// Runs one statement of the engine's own SQL and gives its rows, the columns typed as their

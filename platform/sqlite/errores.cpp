@@ -76,6 +76,17 @@ constexpr Explicacion Explicar(int codigo, std::string_view texto) {
   return {services::error::FalloDeConexion, DeConexion(primario)};
 }
 
+/// The files that a connection has attached. The engine doesn't tell which of them failed.
+std::string Ficheros(sqlite3* base) {
+  std::string todos;
+  for (int i = 0; const char* nombre = sqlite3_db_name(base, i); ++i) {
+    const char* fichero = sqlite3_db_filename(base, nombre);
+    if (fichero == nullptr || *fichero == '\0') continue;
+    todos.append(todos.empty() ? "" : ", o ").append(fichero);
+  }
+  return todos;
+}
+
 }  // namespace
 
 void Lanzar(int codigo, std::string_view texto, std::string_view fichero) {
@@ -96,8 +107,7 @@ void Lanzar(sqlite3* base) {
 }
 
 void Lanzar(sqlite3* base, int codigo, std::string_view texto) {
-  const char* fichero = sqlite3_db_filename(base, "main");
-  Lanzar(codigo, texto, fichero ? fichero : "");
+  Lanzar(codigo, texto, Ficheros(base));
 }
 
 }  // namespace sqlite

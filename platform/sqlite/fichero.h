@@ -18,8 +18,9 @@ struct CerrarSentencia {
 using Preparada = std::unique_ptr<sqlite3_stmt, CerrarSentencia>;
 
 /// Throws the error that the engine's last failed call left behind: a sentence for the user first,
-/// the engine's own code at the end. What is wrong with a file names it; what is wrong with a
-/// statement has the engine's own text.
+/// the engine's own code at the end. What is wrong with a file names it, and those that are
+/// attached: the engine doesn't tell which; what is wrong with a statement has the engine's own
+/// text.
 [[noreturn]] void Lanzar(sqlite3* base);
 /// The same, of a code and a text that were kept.
 [[noreturn]] void Lanzar(sqlite3* base, int codigo, std::string_view texto);

@@ -4,8 +4,11 @@
 #include <QFile>
 #include <QTest>
 #include <QTimer>
+#include <fstream>
 
+#include "apoyo/errores.h"
 #include "host/anfitrion/custodia_de_prueba.h"
+#include "platform/cerrojos.h"
 #include "valores/error.h"
 
 // What the suite asks and tells of the user's data, in its window.
@@ -99,6 +102,7 @@ TEST_F(CustodiaTest, DeLasQueSeDejanQuedanLasDiezUltimas) {
   for (int i = 0; i < 12; ++i) {
     ultima = anfitrion::ApartarDejada(datos, "");
     EXPECT_TRUE(fs::exists(ultima));
+    static_cast<void>(sqlite::AbrirConexion(ultima.string(), {.SoloLectura = true}));
   }
   EXPECT_TRUE(fs::exists(anfitrion::ApartarDeTrabajo(datos)));
   int dejadas = 0;
@@ -109,11 +113,30 @@ TEST_F(CustodiaTest, DeLasQueSeDejanQuedanLasDiezUltimas) {
   EXPECT_EQ(Apartados(), 11) << "las otras se quedan";
 }
 
+TEST_F(CustodiaTest, DondeNoSeLlegaNoSeApartaYSeDicePorQue) {
+  anfitrion::Datos otros = datos;
+  otros.NombreDeTrabajo = carpeta.Fichero("carta") + "/trabajo.sqlite";
+  std::ofstream(carpeta.Fichero("carta")) << "no es una carpeta";
+  EXPECT_THAT(apoyo::DescripcionDeError([&] { return anfitrion::ApartarDeTrabajo(otros); }),
+              AllOf(HasSubstr("No se puede"), HasSubstr(carpeta.Fichero("carta"))));
+}
+
+TEST_F(CustodiaTest, LoQueElMotorTieneJuntoALaCopiaAbiertaNoSeAbre) {
+  custodia.AbrirAparte(datos.NombreDeTrabajo + "-shm", [] { return true; });
+  EXPECT_THAT(dicho, ElementsAre(HasSubstr("no tiene ninguna copia de trabajo")));
+  dicho.clear();
+  datos.Almacenados->Ejecutar("SELECT count(*) FROM ProvFacturas");
+  const auto cerrojos = pruebas::CerrojosDeBase(datos.NombreAlmacenados);
+  custodia.AbrirAparte(datos.NombreAlmacenados + "-shm", [] { return true; });
+  EXPECT_EQ(pruebas::CerrojosDeBase(datos.NombreAlmacenados), cerrojos);
+  EXPECT_THAT(dicho, ElementsAre(HasSubstr("no tiene ninguna copia de trabajo")));
+}
+
 TEST_F(CustodiaTest, UnaVezAlDiaSeCopiaElFicheroEntero) {
   custodia.CopiarElDia();
   custodia.CopiarElDia();
   int enteras = 0;
-  for (const auto& entrada : fs::directory_iterator(carpeta.Fichero("copias/empresa"))) {
+  for (const auto& entrada : fs::directory_iterator(carpeta.Fichero("copias/empresa.sqlite"))) {
     if (entrada.path().filename().string().starts_with("empresa-")) ++enteras;
   }
   EXPECT_EQ(enteras, 1);

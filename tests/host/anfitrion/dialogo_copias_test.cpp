@@ -31,6 +31,20 @@ class VentanaDeCopias : public CustodiaTest {
     datos.Almacenados->AbandonarUnidad();
     datos.Almacenados->Ejecutar("UPDATE ProvVencimientos SET Pagado = Importe + 1");
   }
+  /// Once the window is there the user chooses the copy, and says yes.
+  void Elegir() {
+    QTimer::singleShot(0, &ventana, [] {
+      auto* dialogo = QApplication::activeModalWidget();
+      QTimer::singleShot(0, dialogo, [] {
+        for (auto* boton : QApplication::activeModalWidget()->findChildren<QPushButton*>()) {
+          if (boton->text() == "Sí") boton->click();
+        }
+      });
+      for (auto* boton : dialogo->findChildren<QPushButton*>()) {
+        if (boton->text() == "&Recuperar") boton->click();
+      }
+    });
+  }
 };
 
 TEST_F(VentanaDeCopias, DiceQueHariaCadaUna) {
@@ -46,23 +60,28 @@ TEST_F(VentanaDeCopias, DiceQueHariaCadaUna) {
 
 TEST_F(VentanaDeCopias, LaElegidaSeRepone) {
   int cierres = 0;
-  QTimer::singleShot(0, &ventana, [] {
-    auto* dialogo = QApplication::activeModalWidget();
-    QTimer::singleShot(0, dialogo, [] {
-      for (auto* boton : QApplication::activeModalWidget()->findChildren<QPushButton*>()) {
-        if (boton->text() == "Sí") boton->click();
-      }
-    });
-    for (auto* boton : dialogo->findChildren<QPushButton*>()) {
-      if (boton->text() == "&Recuperar") boton->click();
-    }
-  });
+  Elegir();
   custodia.Recuperar([&] { return ++cierres > 0; });
   EXPECT_EQ(cierres, 1);
   EXPECT_THAT(dicho, ElementsAre(HasSubstr("La copia está recuperada")));
   EXPECT_EQ(datos.Almacenados
                 ->Consultar("SELECT count(*) FROM ProvVencimientos WHERE Pagado = "
                             "Importe + 1")
+                .Filas.En(0, 0)
+                .Numero(),
+            0);
+}
+
+TEST_F(VentanaDeCopias, LoQueSeGrabaAlCerrarSePreguntaOtraVez) {
+  Elegir();
+  respuesta = 1;
+  custodia.Recuperar([&] {
+    datos.Almacenados->Ejecutar("UPDATE ProvFacturas SET Total = -7");
+    datos.Almacenados->TerminarUnidad();
+    return true;
+  });
+  EXPECT_THAT(dicho, ElementsAre(HasSubstr("Lo grabado ha cambiado desde que eligió la copia")));
+  EXPECT_EQ(datos.Almacenados->Consultar("SELECT count(*) FROM ProvFacturas WHERE Total <> -7")
                 .Filas.En(0, 0)
                 .Numero(),
             0);

@@ -43,6 +43,20 @@ class SqliteTest : public testing::Test {
     opciones.CualquierSentencia = true;
     return sqlite::AbrirConexion(fichero, opciones);
   }
+  /// Makes the file, of its rows half as they were.
+  void Danar() {
+    Crear();
+    {
+      auto conexion = Abrir();
+      for (int i = 0; i < 3000; ++i) Anadir(*conexion, std::to_string(i));
+      conexion->TerminarUnidad();
+      conexion->Ejecutar("PRAGMA wal_checkpoint(TRUNCATE)");
+    }
+    std::fstream roto(fichero, std::ios::in | std::ios::out | std::ios::binary);
+    const auto mitad = std::filesystem::file_size(fichero) / 2;
+    roto.seekp(static_cast<std::streamoff>(mitad));
+    roto << std::string(mitad, '\xEE');
+  }
   static void Anadir(services::Conexion& conexion, const std::string& concepto) {
     auto rs = services::Crear<services::Recordset>();
     rs->Open("SELECT ProvConceptos.* FROM ProvConceptos", conexion, ModoApertura::Optimista);
@@ -77,20 +91,27 @@ TEST_F(SqliteTest, UnFicheroQueNoEsBaseDeDatosSeDice) {
 }
 
 TEST_F(SqliteTest, UnFicheroDañadoSeDice) {
-  Crear();
-  {
-    auto conexion = Abrir();
-    for (int i = 0; i < 500; ++i) Anadir(*conexion, std::to_string(i));
-    conexion->TerminarUnidad();
-    conexion->Ejecutar("PRAGMA wal_checkpoint(TRUNCATE)");
-  }
-  std::fstream roto(fichero, std::ios::in | std::ios::out | std::ios::binary);
-  roto.seekp(4096);
-  roto << std::string(std::filesystem::file_size(fichero) - 4096, '\xEE');
-  roto.close();
+  Danar();
   EXPECT_THAT(Descripcion([&] { Cuantos(*Abrir()); }),
               MatchesRegex("El fichero de la base de datos está dañado: " + fichero +
                            " \\(SQLite [0-9]+\\)"));
+}
+
+TEST_F(SqliteTest, UnoAdjuntoDañadoSeNombraConElSuyo) {
+  Danar();
+  const std::string otro = carpeta.Fichero("otro.db");
+  const auto conexion = sqlite::AbrirConexion(otro, {.Crear = true});
+  conexion->Adjuntar(fichero, "roto");
+  const auto mirar = [&] { (void)conexion->Consultar("SELECT count(*) FROM roto.ProvConceptos"); };
+  EXPECT_THAT(Descripcion(mirar), HasSubstr("está dañado: " + otro + ", o " + fichero + " ("));
+}
+
+TEST_F(SqliteTest, UnoQueNoSePuedeAdjuntarSeNombra) {
+  Crear();
+  const std::string otro = carpeta.Fichero("otro.db");
+  std::ofstream(otro) << std::string(4096, 'x');
+  EXPECT_EQ(Descripcion([&] { Abrir()->Adjuntar(otro, "otro"); }),
+            "El fichero no es una base de datos: " + otro + " (SQLite 26)");
 }
 
 TEST_F(SqliteTest, UnoBloqueadoEsperaYLuegoLoDice) {
