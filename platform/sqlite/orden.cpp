@@ -1,7 +1,5 @@
 #include "sqlite/orden.h"
 
-#include <cstring>
-
 #include "sqlite/fichero.h"
 #include "valores/texto.h"
 
@@ -9,9 +7,7 @@ namespace sqlite {
 
 namespace {
 
-// Most comparisons of a key search are of equal texts, which need no letter looked at.
 int Comparar(void*, int bytesA, const void* a, int bytesB, const void* b) {
-  if (bytesA == bytesB && std::memcmp(a, b, static_cast<std::size_t>(bytesA)) == 0) return 0;
   return services::CompararTexto({static_cast<const char*>(a), static_cast<std::size_t>(bytesA)},
                                  {static_cast<const char*>(b), static_cast<std::size_t>(bytesB)});
 }

@@ -1,5 +1,6 @@
 #include "valores/texto.h"
 
+#include <algorithm>
 #include <array>
 #include <cstdint>
 
@@ -76,12 +77,12 @@ Codigo Extraer(std::string_view& texto) noexcept {
   return caracter.codigo;
 }
 
-bool EsMayusculaLatina(Codigo c) noexcept {
+constexpr bool EsMayusculaLatina(Codigo c) noexcept {
   if (Entre(c, 0x139, 0x148) || Entre(c, 0x179, 0x17E)) return !EsPar(c);
   return Entre(c, 0x100, 0x177) && EsPar(c) && c != 0x130 && c != 0x138;
 }
 
-Codigo Minuscula(Codigo c) noexcept {
+constexpr Codigo Minuscula(Codigo c) noexcept {
   if (c < 0x80) return Entre(c, 'A', 'Z') ? c + 0x20 : c;
   if (Entre(c, 0xC0, 0xDE)) return c == 0xD7 ? c : c + 0x20;
   if (c == 0x178) return 0xFF;
@@ -99,6 +100,31 @@ Codigo Letra(Codigo minuscula) noexcept {
 int Comparar(Codigo a, Codigo b) noexcept {
   return a < b ? -1 : static_cast<int>(a > b);
 }
+
+int CompararSignos(std::string_view a, std::string_view b) noexcept {
+  int acentos = 0;
+  while (!a.empty() && !b.empty()) {
+    const Codigo de_a = Minuscula(Extraer(a));
+    const Codigo de_b = Minuscula(Extraer(b));
+    if (de_a == de_b) continue;
+    const int letras = Comparar(Letra(de_a), Letra(de_b));
+    if (letras != 0) return letras;
+    if (acentos == 0) acentos = Comparar(de_a, de_b);
+  }
+  if (a.empty() && b.empty()) return acentos;
+  return a.empty() ? -1 : 1;
+}
+
+bool EsAscii(char c) noexcept {
+  return Byte(c) < 0x80;
+}
+
+/// Of each ASCII sign.
+constexpr std::array<unsigned char, 0x80> kMinusculas = [] {
+  std::array<unsigned char, 0x80> todas{};
+  for (Codigo c = 0; c < todas.size(); ++c) todas[c] = static_cast<unsigned char>(Minuscula(c));
+  return todas;
+}();
 
 }  // namespace
 
@@ -139,18 +165,17 @@ std::string EnUnaLinea(std::string_view texto) {
   return linea;
 }
 
+// A key is ASCII nearly always: a letter is then a byte, and has no accent.
 int CompararTexto(std::string_view a, std::string_view b) noexcept {
-  int acentos = 0;
-  while (!a.empty() && !b.empty()) {
-    const Codigo de_a = Minuscula(Extraer(a));
-    const Codigo de_b = Minuscula(Extraer(b));
-    if (de_a == de_b) continue;
-    const int letras = Comparar(Letra(de_a), Letra(de_b));
+  const std::size_t comunes = std::min(a.size(), b.size());
+  std::size_t i = 0;
+  for (; i < comunes && EsAscii(a[i]) && EsAscii(b[i]); ++i) {
+    const int letras = Comparar(kMinusculas[Byte(a[i])], kMinusculas[Byte(b[i])]);
     if (letras != 0) return letras;
-    if (acentos == 0) acentos = Comparar(de_a, de_b);
   }
-  if (a.empty() && b.empty()) return acentos;
-  return a.empty() ? -1 : 1;
+  a.remove_prefix(i);
+  b.remove_prefix(i);
+  return CompararSignos(a, b);
 }
 
 }  // namespace services

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <random>
 #include <string>
 #include <vector>
 
@@ -132,6 +133,24 @@ TEST(Texto, LaComparacionEsAntisimetrica) {
   for (std::size_t i = 0; i < textos.size(); ++i) {
     EXPECT_EQ(signos[i][i], 0);
     for (std::size_t j = 0; j < i; ++j) EXPECT_EQ(signos[i][j], -signos[j][i]);
+  }
+}
+
+/// Behind a letter that isn't ASCII each character is decoded.
+TEST(Texto, LosTextosAsciiSeComparanComoLosDemas) {
+  const std::vector<std::string> piezas = {"a", "A", "z", "Z", "á", "Á",    "ñ", "N",
+                                           "7", "0", " ", "-", "_", "\xC3", "[", "F-0"};
+  std::mt19937 azar(2005);
+  const auto uno = [&] {
+    std::string texto;
+    for (auto largo = azar() % 12; largo > 0; --largo) texto += piezas[azar() % piezas.size()];
+    return texto;
+  };
+  for (int i = 0; i < 50'000; ++i) {
+    const std::string principio = uno();
+    const std::string a = principio + uno();
+    const std::string b = principio + uno();
+    ASSERT_EQ(Signo(CompararTexto(a, b)), Signo(CompararTexto("€" + a, "€" + b))) << a << '|' << b;
   }
 }
 
