@@ -15,7 +15,8 @@ std::string Vacio() {
   for (const std::string_view tabla : {"DelRango", "EnLaLista", "SoloConBases", "Ambito"}) {
     todo += Juntar({"DROP TABLE IF EXISTS temp.", tabla, ";"}) + sql::CrearClaves("temp", tabla);
   }
-  for (const std::string_view tabla : {"PrevisionDeTrabajo", "AmbitoPrevision"}) {
+  for (const std::string_view tabla :
+       {"PrevisionDelRango", "PrevisionDeTrabajo", "AmbitoPrevision"}) {
     todo += Juntar({"DROP TABLE IF EXISTS temp.", tabla, "; CREATE TEMP TABLE ", tabla,
                     " (NConcepto TEXT COLLATE ES PRIMARY KEY) WITHOUT ROWID;"});
   }
@@ -173,9 +174,10 @@ std::string CopiaDeGrabacion(const Rango& rango, const ClavesDeTrabajo& claves) 
          Insertar("temp.PrevisionDeTrabajo", Valores(claves.Previsiones)) +
          InsertarDe("temp.Ambito", "SELECT * FROM temp.EnLaLista") +
          InsertarDe("temp.Ambito", "SELECT * FROM temp.SoloConBases") +
-         InsertarDe("temp.AmbitoPrevision", "SELECT * FROM temp.PrevisionDeTrabajo") +
-         InsertarDe("temp.AmbitoPrevision",
+         InsertarDe("temp.PrevisionDelRango",
                     Juntar({"SELECT NConcepto FROM (", sql::PrevisionesDe(rango), ")"})) +
+         InsertarDe("temp.AmbitoPrevision", "SELECT * FROM temp.PrevisionDelRango") +
+         InsertarDe("temp.AmbitoPrevision", "SELECT * FROM temp.PrevisionDeTrabajo") +
          InsertarDe("temp.AmbitoPrevision", "SELECT NConcepto FROM foto.ProvPrevisionPagos") +
          InsertarDe("temp.AmbitoCaja", ClavesDeApuntes("foto.CajaPagos")) +
          Insertar("temp.AmbitoCaja", Valores(claves.Apuntes)) + PorClaves();

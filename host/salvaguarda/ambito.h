@@ -41,9 +41,9 @@ struct ClavesDeTrabajo {
 
 // What fills the attached file `copia`, as SQL. But for the copy of a picture, which needs none of
 // them, the keys of what it is about stand in three tables of the connection's own: `temp.Ambito`
-// for the invoices, `temp.AmbitoPrevision` and `temp.AmbitoCaja`. For a commit those of the
-// invoices that it deletes stand in `temp.DelRango`, and what it writes in `temp.EnLaLista`,
-// `temp.SoloConBases` and `temp.PrevisionDeTrabajo`.
+// for the invoices, `temp.AmbitoPrevision` and `temp.AmbitoCaja`. For a commit those of what
+// it deletes stand in `temp.DelRango` and `temp.PrevisionDelRango`, and what it writes in
+// `temp.EnLaLista`, `temp.SoloConBases` and `temp.PrevisionDeTrabajo`.
 
 /// For a commit of `rango`: the stored rows that it deletes, those that the picture holds, and
 /// those that bear a key of the working copy.

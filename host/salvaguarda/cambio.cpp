@@ -42,7 +42,12 @@ std::string Motivo(const Cambio& cambio) {
     return std::string("otro usuario la ha borrado, y ") +
            (cambio.EnLaLista ? "se volvería a grabar" : "solo quedarían sus bases de IVA");
   }
-  if (ConsecuenciaDe(cambio) == Consecuencia::Anade) return "";
+  const Consecuencia que = ConsecuenciaDe(cambio);
+  if (que == Consecuencia::Topa) return "";
+  if (que == Consecuencia::Queda) {
+    return "la ha cambiado " + quien + ", y seguiría como está: " +
+           (cambio.EnLaLista ? "la de la lista no se grabaría" : "no se borraría");
+  }
   if (!cambio.DelRango) {
     return "la ha cambiado " + quien + Explicacion(cambio) +
            ", y lo que ha quitado se volvería a grabar";
@@ -59,8 +64,10 @@ std::string Motivo(const Cambio& cambio) {
 
 Consecuencia ConsecuenciaDe(const Cambio& cambio) {
   if (cambio.DelRango) return Consecuencia::Pisa;
-  if (!cambio.Estaba) return Consecuencia::Anade;
-  return cambio.SeRepone ? Consecuencia::Pisa : Consecuencia::Ninguna;
+  if (!cambio.Estaba) return Consecuencia::Topa;
+  if (cambio.SeRepone) return Consecuencia::Pisa;
+  const bool prevision = cambio.Fila.Tabla == Previsiones().Nombre;
+  return prevision ? Consecuencia::Queda : Consecuencia::Ninguna;
 }
 
 std::string Dicho(const AntesYAhora& importe) {

@@ -42,8 +42,15 @@ struct Cambio {
   std::vector<CambioDeVencimiento> Vencimientos = {};
 };
 
-/// What a commit would do about it: nothing, write over it, or add rows to it.
-enum class Consecuencia { Ninguna, Pisa, Anade };
+/// What a commit would do about it.
+enum class Consecuencia {
+  Ninguna,
+  Pisa,  ///< write over it
+  /// Add rows to one of other dates that the load didn't bring; of a forecast, leave out the
+  /// list's.
+  Topa,
+  Queda,  ///< leave it as it is, whatever the list says of it
+};
 [[nodiscard]] Consecuencia ConsecuenciaDe(const Cambio& cambio);
 
 /// As it is told: with its amount, who did it, and what a commit would do.

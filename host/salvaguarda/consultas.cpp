@@ -76,9 +76,13 @@ std::string ApuntesCon(std::string_view claves, std::string_view columnas) {
                  MismaFila(Apuntes(), "t", "k")});
 }
 
+std::string BorraPrevision(const Rango& rango, std::string_view alias) {
+  return Juntar({alias, ".Fecha1Vto <= ", Texto(rango.Hasta)});
+}
+
 std::string PrevisionesDe(const Rango& rango) {
-  return Juntar({"SELECT p.* FROM main.ProvPrevisionPagos p WHERE p.Fecha1Vto <= ",
-                 Texto(rango.Hasta), " ORDER BY p.NConcepto"});
+  return Juntar({"SELECT p.* FROM main.ProvPrevisionPagos p WHERE ", BorraPrevision(rango, "p"),
+                 " ORDER BY p.NConcepto"});
 }
 
 std::string Numero(const Tabla& tabla, std::string_view alias) {

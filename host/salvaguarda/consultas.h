@@ -30,7 +30,9 @@ namespace salvaguarda::sql {
 [[nodiscard]] std::string PrevisionesCon(std::string_view claves,
                                          std::string_view columnas = "t.*");
 [[nodiscard]] std::string ApuntesCon(std::string_view claves, std::string_view columnas = "t.*");
-/// The stored forecasts that a commit of the range deletes.
+/// That a commit of the range deletes a forecast.
+[[nodiscard]] std::string BorraPrevision(const Rango& rango, std::string_view alias);
+/// The stored forecasts that it deletes.
 [[nodiscard]] std::string PrevisionesDe(const Rango& rango);
 
 /// A number of an invoice without the blanks around it.

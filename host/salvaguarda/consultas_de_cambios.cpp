@@ -135,11 +135,14 @@ std::string VencimientosCambiados() {
 std::string PrevisionesCambiadas() {
   constexpr std::string_view kEnLaLista =
       "EXISTS (SELECT 1 FROM temp.PrevisionDeTrabajo w WHERE w.NConcepto = d.NConcepto)";
+  constexpr std::string_view kDelRango =
+      "EXISTS (SELECT 1 FROM temp.PrevisionDelRango w WHERE w.NConcepto = d.NConcepto)";
   return Juntar(
       {"SELECT Tabla, NConcepto, '', '', '', min(EnLaCopia) = 0, max(EnLaCopia) = 1, ",
        EnLosDos("Importe"), ", max(CASE WHEN EnLaCopia = 1 THEN ModificadoPor END), ", kEnLaLista,
-       ", 1, 0 FROM temp.Distintas d WHERE Tabla = 'ProvPrevisionPagos' GROUP BY NConcepto "
-       "HAVING max(EnLaCopia) = 1 OR ",
+       ", ", kDelRango,
+       ", max(EnLaCopia) = 0 FROM temp.Distintas d WHERE Tabla = 'ProvPrevisionPagos' GROUP BY "
+       "NConcepto HAVING max(EnLaCopia) = 1 OR ",
        kEnLaLista});
 }
 

@@ -109,8 +109,12 @@ void Cotejo::CompararConLaFoto() {
   if (sinCambios_) return;
   for (const Cambio& cambio : foto_.Cambios()) {
     const Consecuencia que = ConsecuenciaDe(cambio);
-    if (que == Consecuencia::Anade) reparos_.YaGrabadas.push_back(ComoFila(cambio));
-    if (que == Consecuencia::Pisa && avisarDeOtros_) reparos_.DeOtros.push_back(ComoFila(cambio));
+    if (que == Consecuencia::Ninguna) continue;
+    if (que == Consecuencia::Topa) {
+      reparos_.YaGrabadas.push_back(ComoFila(cambio));
+    } else if (avisarDeOtros_) {
+      reparos_.DeOtros.push_back(ComoFila(cambio));
+    }
   }
 }
 

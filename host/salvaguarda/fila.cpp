@@ -30,6 +30,15 @@ std::vector<Fila> Sin(const std::vector<Fila>& filas, const std::vector<Fila>& o
   return quedan;
 }
 
+PorPrevision SepararPrevisiones(const std::vector<Fila>& filas) {
+  PorPrevision separadas;
+  for (const Fila& fila : filas) {
+    const bool prevision = fila.Tabla == Previsiones().Nombre;
+    (prevision ? separadas.Previsiones : separadas.LasDemas).push_back(fila);
+  }
+  return separadas;
+}
+
 std::string Recuento(const std::vector<Fila>& filas) {
   std::string texto;
   for (const Tabla& tabla : Tablas()) {

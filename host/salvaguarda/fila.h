@@ -35,6 +35,13 @@ struct PorSuClave {
 /// Those of the rows whose keys the others haven't.
 [[nodiscard]] std::vector<Fila> Sin(const std::vector<Fila>& filas, const std::vector<Fila>& otras);
 
+/// Those of the forecasts, and those of all else.
+struct PorPrevision {
+  std::vector<Fila> Previsiones;
+  std::vector<Fila> LasDemas;
+};
+[[nodiscard]] PorPrevision SepararPrevisiones(const std::vector<Fila>& filas);
+
 /// How many rows of which table: "2 facturas, 1 vencimiento"
 [[nodiscard]] std::string Recuento(const std::vector<Fila>& filas);
 

@@ -174,8 +174,10 @@ std::vector<Fila> Foto::QueSiguen(std::vector<Fila> filas) {
   if (filas.empty()) return filas;
   std::vector<std::string> consultas;
   for (const Tabla& tabla : Tablas()) {
-    consultas.push_back(Juntar(
-        {"SELECT ", sql::ColumnasDeFila(tabla, "t", "''"), " FROM copia.", tabla.Nombre, " t"}));
+    const bool prevision = tabla.Que == Tabla::Cosa::Prevision && rango_;
+    consultas.push_back(
+        Juntar({"SELECT ", sql::ColumnasDeFila(tabla, "t", "''"), " FROM copia.", tabla.Nombre,
+                " t", prevision ? " WHERE " + sql::BorraPrevision(*rango_, "t") : ""}));
   }
   std::set<Fila, PorSuClave> quedan;
   for (const Fila& fila : sql::LeerFilas(*conexion_, sql::Separar(consultas, " UNION ALL "))) {

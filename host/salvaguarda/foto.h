@@ -52,7 +52,8 @@ class Foto {
 
   /// What the attached file `copia`, made for a commit, says otherwise than it.
   [[nodiscard]] std::vector<Cambio> Cambios();
-  /// Those of the rows that the attached file `copia` still has, by their keys.
+  /// Those of the rows that the attached file `copia` still has, by their keys, and of the
+  /// forecasts those that a commit of the range still deletes.
   [[nodiscard]] std::vector<Fila> QueSiguen(std::vector<Fila> filas);
 
  private:

@@ -40,11 +40,16 @@ std::vector<Noticia> NoticiasDeGrabacion(const Omitidas& omitidas) {
   }
   Anadir(noticias, std::string("No se han podido grabar estas filas. ").append(kYaNoEstan),
          omitidas.Filas);
+  const auto [previsiones, lasDemas] = SepararPrevisiones(omitidas.Repetidas);
   Anadir(
       noticias,
       "No se han podido grabar estas filas: ya hay otras con su número y su fecha, y siguen como "
       "estaban",
-      omitidas.Repetidas);
+      lasDemas);
+  Anadir(
+      noticias,
+      "No se han podido grabar estas previsiones: su concepto ya tiene otra, que sigue como estaba",
+      previsiones);
   Anadir(noticias,
          "No se ha podido poner su factura a estos apuntes de caja, que siguen como estaban",
          omitidas.SinEnlazar);

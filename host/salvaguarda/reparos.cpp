@@ -31,10 +31,15 @@ std::vector<Noticia> Noticias(const Reparos& reparos) {
       "como están en la lista",
       reparos.SinSaber);
   deFilas("Otro usuario ha cambiado lo que había al cargar", reparos.DeOtros);
+  const auto [previsiones, facturas] = SepararPrevisiones(reparos.YaGrabadas);
   deFilas(
       "Estas facturas ya están grabadas con vencimientos de otras fechas, y lo entrado con su "
       "número se les añadiría",
-      reparos.YaGrabadas);
+      facturas);
+  deFilas(
+      "Estas previsiones ya están grabadas para después de las fechas de la lista, y seguirían "
+      "como están: las de la lista no se grabarían",
+      previsiones);
   deFilas("Hay filas del rango que no se cargaron, y que se borrarían", reparos.NoCargadas);
   return noticias;
 }

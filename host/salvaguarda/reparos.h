@@ -18,7 +18,8 @@ struct Reparos {
   std::vector<Fila> SinSaber = {};
   /// What others have changed since.
   std::vector<Fila> DeOtros = {};
-  /// Invoices that are stored with due dates out of the range, and that the commit would add to.
+  /// Invoices that are stored with due dates out of the range, and that the commit would add to;
+  /// and forecasts that are stored out of it, which keep those of the list from being saved.
   std::vector<Fila> YaGrabadas = {};
   /// Rows of the range that the working copy hasn't, and that the commit would delete.
   std::vector<Fila> NoCargadas = {};

@@ -224,6 +224,70 @@ TEST_F(LoDeOtros, UnaPrevisionSinCargarQueOtroAplazoSeBorraria) {
   EXPECT_THAT(Preguntas, ElementsAre(HasSubstr("que se borrarían (1 previsión)")));
 }
 
+/// A "Grabar" deletes the forecasts up to the range's end, and can't write a second one of a
+/// concept.
+TEST_F(LoDeOtros, LasPrevisionesQueOtroAplazoMasAllaDelRangoSeguirianComoEstan) {
+  Otro(
+      "INSERT INTO ProvPrevisionPagos (NConcepto, Fecha1Vto, Cada, Tipo, Importe) VALUES ('7', "
+      "'20050101', 1, 2, 50), ('8', '20050101', 1, 2, 50), ('9', '20050101', 1, 2, 50)");
+  Cargar();
+  Trabajar("DELETE FROM TempProvPrevisionPagos WHERE NConcepto = '8'");
+  Otro(
+      "UPDATE ProvPrevisionPagos SET Fecha1Vto = '20050401', ModificadoPor = 'EVA' WHERE NConcepto "
+      "<> '9'; UPDATE ProvPrevisionPagos SET Fecha1Vto = '20050331' WHERE NConcepto = '9'");
+  Grabar();
+  ASSERT_THAT(Preguntas, SizeIs(1));
+  EXPECT_THAT(
+      Preguntas[0],
+      AllOf(HasSubstr("Proveedor número 6 (7), por 50,00: la ha cambiado EVA, y seguiría "
+                      "como está: la de la lista no se grabaría"),
+            HasSubstr("Proveedor número 7 (8), por 50,00: la ha cambiado EVA, y seguiría "
+                      "como está: no se borraría"),
+            HasSubstr("Proveedor número 8 (9), por 50,00: la ha cambiado otro usuario, y quedaría "
+                      "como está en la lista")));
+  EXPECT_THAT(Consulta("SELECT Fecha1Vto FROM ProvPrevisionPagos ORDER BY NConcepto"),
+              ElementsAre("20050401", "20050401", "20050101"));
+  EXPECT_THAT(Contado(), AllOf(HasSubstr("su concepto ya tiene otra, que sigue como estaba (1 "
+                                         "previsión):\n· previsión de Proveedor número 6 (7)"),
+                               Not(HasSubstr("su número"))));
+}
+
+TEST_F(LoDeOtros, UnaPrevisionQueOtroBorroSeVolveriaAGrabar) {
+  Otro(
+      "INSERT INTO ProvPrevisionPagos (NConcepto, Fecha1Vto, Cada, Tipo, Importe) VALUES ('7', "
+      "'20050101', 1, 2, 50)");
+  Cargar();
+  Otro("DELETE FROM ProvPrevisionPagos");
+  Grabar();
+  EXPECT_THAT(Preguntas,
+              ElementsAre(HasSubstr("otro usuario la ha borrado, y se volvería a grabar")));
+}
+
+/// Whoever entered it, and whenever: a load doesn't bring it.
+TEST_F(LoDeOtros, UnaPrevisionDeUnConceptoQueTieneOtraPosteriorNoSeGrabaria) {
+  Otro(
+      "INSERT INTO ProvPrevisionPagos (NConcepto, Fecha1Vto, Cada, Tipo, Importe) VALUES ('7', "
+      "'20050401', 1, 2, 50)");
+  Cargar();
+  Trabajar("INSERT INTO TempProvPrevisionPagos (NConcepto, Fecha1Vto) VALUES ('7', '20050302')");
+  Grabar();
+  EXPECT_THAT(Preguntas,
+              ElementsAre(AllOf(HasSubstr("las de la lista no se grabarían (1 previsión)"),
+                                Not(HasSubstr("tro usuario")), Not(HasSubstr("facturas")))));
+  EXPECT_THAT(Consulta("SELECT Fecha1Vto FROM ProvPrevisionPagos"), ElementsAre("20050401"));
+}
+
+TEST_F(LoDeOtros, UnaPrevisionSinCargarQueOtroAplazoMasAllaDelRangoNoSeBorraria) {
+  Otro(
+      "INSERT INTO ProvPrevisionPagos (NConcepto, Fecha1Vto, Cada, Tipo, Importe) VALUES ('X9', "
+      "'20050101', 1, 2, 50)");
+  Cargar();
+  Otro("UPDATE ProvPrevisionPagos SET Fecha1Vto = '20050401'");
+  Grabar();
+  EXPECT_THAT(Preguntas, ElementsAre(Not(HasSubstr("que se borrarían"))));
+  EXPECT_THAT(Consulta("SELECT Fecha1Vto FROM ProvPrevisionPagos"), ElementsAre("20050401"));
+}
+
 TEST_F(LoDeOtros, TrasUnNoLoQueElOtroDeshaceNoSePregunta) {
   Cargar();
   Otro("UPDATE ProvFacturas SET Total = 99.5 WHERE Factura = 'F000001'");
