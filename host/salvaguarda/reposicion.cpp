@@ -64,18 +64,60 @@ std::string NombreDeClave(std::size_t i) {
   return "Clave" + std::to_string(i);
 }
 
-/// The rows of a query, and beside each what tells it from the others, in columns of their own: the
-/// engine makes an index of those.
+/// The rows of a query, and beside each a number of its own and what tells it from the others, in
+/// columns of their own: the engine makes an index of those.
 std::string ConClave(const Tabla& tabla, const std::string& filas) {
   std::vector<std::string> clave = sql::Clave(tabla, "f");
   for (std::size_t i = 0; i < clave.size(); ++i) clave[i] += " AS " + NombreDeClave(i);
-  return Juntar({"SELECT f.*, ", sql::Separar(clave, ", "), " FROM (", filas, ") f"});
+  return Juntar({"SELECT f.*, row_number() OVER () AS Fila, ", sql::Separar(clave, ", "), " FROM (",
+                 filas, ") f"});
 }
 
-std::string PorClave(const Tabla& tabla) {
+std::string NombresDeClave(const Tabla& tabla) {
   std::vector<std::string> nombres;
   for (std::size_t i = 0; i < tabla.Clave().size(); ++i) nombres.push_back(NombreDeClave(i));
-  return Juntar({" USING (", sql::Separar(nombres, ", "), ")"});
+  return sql::Separar(nombres, ", ");
+}
+
+/// That two expressions of both sides are the same to the letter.
+std::string Iguales(const std::string& deA, const std::string& deB) {
+  return Juntar({"(", deA, ") IS (", deB, ")"});
+}
+
+/// What the rows of a side are told from the others by, to the letter.
+std::string ClaveALaLetra(const Tabla& tabla, std::string_view alias) {
+  return sql::Valores(tabla, {tabla.Clave().begin(), tabla.Clave().end()}, alias);
+}
+
+/// The rows of a side of which the other hasn't the same, and beside each its place among those of
+/// its key: more than one has it where their numbers differ in blanks alone. First come those that
+/// the other side writes in the same way.
+std::string SinIguales(const Tabla& tabla, std::string_view lado) {
+  const std::string de = Juntar({"(SELECT p.", lado, " FROM Parejas p WHERE p."});
+  return Juntar({"SELECT s.*, row_number() OVER (PARTITION BY ", NombresDeClave(tabla),
+                 " ORDER BY s.Fila NOT IN ", de, "MismaLetra), ", ClaveALaLetra(tabla, "s"),
+                 ") AS Puesto FROM ", lado, " s WHERE s.Fila NOT IN ", de, "Iguales)"});
+}
+
+/// The rows of the copy as `a` and the stored ones as `b`, without those that both have to the
+/// letter.
+std::string LosDosLados(sqlite::Conexion& base, const Tabla& tabla) {
+  const std::vector<std::string> comunes = sql::Comunes(base, tabla.Nombre);
+  const auto una = [](std::string_view nombre, const std::string& consulta) {
+    return Juntar({nombre, " AS MATERIALIZED (", consulta, ")"});
+  };
+  const std::string parejas =
+      Juntar({"SELECT c.Fila AS Copiadas, g.Fila AS Guardadas, ",
+              Iguales(ClaveALaLetra(tabla, "c"), ClaveALaLetra(tabla, "g")), " AS MismaLetra, ",
+              Iguales(Dice(tabla, comunes, "c"), Dice(tabla, comunes, "g")),
+              " AS Iguales FROM Copiadas c JOIN Guardadas g USING (", NombresDeClave(tabla), ")"});
+  return "WITH " +
+         sql::Separar(
+             {una("Copiadas", ConClave(tabla, Juntar({"SELECT * FROM copia.", tabla.Nombre}))),
+              una("Guardadas", ConClave(tabla, Ahora(tabla))), una("Parejas", parejas),
+              una("a", SinIguales(tabla, "Copiadas")), una("b", SinIguales(tabla, "Guardadas"))},
+             ", ") +
+         " ";
 }
 
 /// What is read of a row of the copy, `a`, and the stored one, `b`: the `Fila` of one of them, what
@@ -83,24 +125,20 @@ std::string PorClave(const Tabla& tabla) {
 std::string Leer(const Tabla& tabla, std::string_view alias) {
   const bool pagado = tabla.Que == Tabla::Cosa::Vencimiento;
   return Juntar({"SELECT ", sql::ColumnasDeFila(tabla, alias, "''"), ", a.", tabla.Importe, ", b.",
-                 tabla.Importe, ", a.Clave0 IS NOT NULL, b.Clave0 IS NOT NULL",
+                 tabla.Importe, ", a.Fila IS NOT NULL, b.Fila IS NOT NULL",
                  pagado ? ", a.Pagado, b.Pagado" : ""});
 }
 
 /// The rows of the copy that aren't stored, or say something else there; then the stored ones that
 /// it hasn't. Of the cash entries those alone that both have.
 std::string QueDifieren(sqlite::Conexion& base, const Tabla& tabla) {
-  const std::vector<std::string> comunes = sql::Comunes(base, tabla.Nombre);
-  const std::string por = PorClave(tabla);
+  const std::string por = Juntar({" USING (", NombresDeClave(tabla), ", Puesto)"});
   const bool apuntes = tabla.Que == Tabla::Cosa::Apunte;
-  std::string consulta = Juntar(
-      {"WITH a AS MATERIALIZED (", ConClave(tabla, Juntar({"SELECT * FROM copia.", tabla.Nombre})),
-       "), b AS MATERIALIZED (", ConClave(tabla, Ahora(tabla)), ") ", Leer(tabla, "a"), " FROM a ",
-       apuntes ? "JOIN b" : "LEFT JOIN b", por, " WHERE b.Clave0 IS NULL OR (",
-       Dice(tabla, comunes, "a"), ") IS NOT (", Dice(tabla, comunes, "b"), ")"});
+  const std::string consulta = Juntar({LosDosLados(base, tabla), Leer(tabla, "a"), " FROM a ",
+                                       apuntes ? "JOIN b" : "LEFT JOIN b", por});
   if (apuntes) return consulta;
   return Juntar({consulta, " UNION ALL ", Leer(tabla, "b"), " FROM b LEFT JOIN a", por,
-                 " WHERE a.Clave0 IS NULL"});
+                 " WHERE a.Fila IS NULL"});
 }
 
 void Comparar(sqlite::Conexion& base, const Tabla& tabla, Reposicion& reposicion) {

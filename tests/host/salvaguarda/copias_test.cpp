@@ -154,6 +154,44 @@ TEST_F(Copias, UnNumeroConOtrosBlancosYEnMinusculasEsElMismo) {
   EXPECT_THAT(seria.Cambian, SizeIs(4)) << "la factura y sus tres vencimientos";
 }
 
+/// Rows that other programs left.
+constexpr const char* kGemelaDeF1 =
+    "INSERT INTO ProvFacturas (NConcepto, Factura, Año, Fecha, Total) VALUES ('2', ' F000001', "
+    "'2005', '20050301', 7); INSERT INTO ProvVencimientos (NConcepto, NFactura, Año, FechaVto, "
+    "Importe) VALUES ('2', ' F000001', '2005', '20050302', 7), ('2', ' F000001', '2005', "
+    "'20050312', 8)";
+
+TEST_F(Copias, DosFacturasQueSoloSeDistinguenEnBlancosNoDifierenDeSiMismas) {
+  Otro(kGemelaDeF1);
+  Cargar();
+  Grabar();
+  const auto copia = Guardadas().at(0);
+  EXPECT_EQ(ComoSeria(copia).Cuantas(), 0U);
+  Otro("UPDATE ProvVencimientos SET Pagado = 5");
+  Reponer(copia);
+  EXPECT_EQ(ComoSeria(copia).Cuantas(), 0U);
+}
+
+TEST_F(Copias, DeDosFacturasQueSoloSeDistinguenEnBlancosSeDiceLoQueCambiaDeCadaUna) {
+  Otro(kGemelaDeF1);
+  Cargar();
+  Grabar();
+  Otro(
+      "UPDATE ProvFacturas SET Total = Total + 1 WHERE trim(Factura) = 'F000001';"
+      "DELETE FROM ProvVencimientos WHERE NFactura = ' F000001' AND FechaVto = '20050302';"
+      "UPDATE ProvVencimientos SET Importe = 9 WHERE NFactura = 'F000001' AND FechaVto = "
+      "'20050302'");
+  const salvaguarda::Reposicion seria = ComoSeria(Guardadas().at(0));
+  const auto por = [](const std::string& importe) {
+    return Field(&salvaguarda::Fila::Importe, importe);
+  };
+  EXPECT_THAT(seria.Cambian,
+              testing::UnorderedElementsAre(por("7,00, ahora 8,00"), por("322,45, ahora 323,45"),
+                                            por("110,15, ahora 9,00")));
+  EXPECT_THAT(seria.Vuelven, ElementsAre(por("7,00")));
+  EXPECT_THAT(seria.SeVan, IsEmpty());
+}
+
 TEST_F(Copias, UnApunteQueOtroHaEnlazadoDespuesSeQuedaConEl) {
   Cargar();
   Grabar();
