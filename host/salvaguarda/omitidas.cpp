@@ -37,22 +37,24 @@ Fila ComoFila(const Omision& omision) {
           omision.Fallo.Descripcion()};
 }
 
-std::string Literal(const Valor& valor) {
-  if (const auto* momento = valor.Si<services::FechaHora>()) {
-    return sql::Texto(services::TextoIso(*momento));
-  }
-  return valor.EsTexto() ? sql::Texto(valor.Texto()) : std::to_string(valor.Numero());
-}
-
-/// The condition that finds the row by its key; empty where it isn't known whole.
-std::string CondicionDe(const Omision& omision, const Tabla& tabla) {
-  std::vector<std::string> condiciones;
+/// The stored rows of the row's key, as a query; empty where it isn't known whole.
+std::string ConSuClave(const Omision& omision, const Tabla& tabla) {
+  std::vector<std::string> suyas;
+  std::vector<std::string> iguales;
   for (const std::string_view nombre : tabla.Clave()) {
     const auto campo = std::ranges::find(omision.Fila, nombre, &Omision::Campo::Nombre);
     if (campo == omision.Fila.end() || campo->Valor.EsNulo()) return "";
-    condiciones.push_back(sql::Juntar({nombre, " = ", Literal(campo->Valor)}));
+    const std::vector<std::string> columna{std::string(nombre)};
+    suyas.push_back(sql::Juntar({sql::Literal(campo->Valor), " AS ", sql::Columna("", nombre)}));
+    iguales.push_back(sql::Juntar(
+        {sql::Valores(tabla, columna, "t"), " = ", sql::Valores(tabla, columna, "suya")}));
   }
-  return sql::Separar(condiciones, " AND ");
+  return sql::Juntar({"SELECT t.* FROM (SELECT ", sql::Separar(suyas, ", "), ") suya CROSS JOIN ",
+                      tabla.Nombre, " t ON ", sql::Separar(iguales, " AND ")});
+}
+
+bool EsDeLaClave(const Tabla& tabla, const std::string& columna) {
+  return std::ranges::find(tabla.Clave(), columna) != tabla.Clave().end();
 }
 
 bool DicenLoMismo(const Valor& a, const Valor& b) {
@@ -66,14 +68,13 @@ enum class Guardada { Nada, Otra, LaMisma };
 Guardada BuscarGuardada(const Omision& omision, sqlite::Conexion& almacenados) try {
   const Tabla* tabla = BuscarTabla(omision.Tabla);
   if (tabla == nullptr) return Guardada::Nada;
-  const std::string condicion = CondicionDe(omision, *tabla);
-  if (condicion.empty()) return Guardada::Nada;
-  const auto hallada =
-      almacenados.Consultar(sql::Juntar({"SELECT * FROM ", omision.Tabla, " WHERE ", condicion}));
+  const std::string consulta = ConSuClave(omision, *tabla);
+  if (consulta.empty()) return Guardada::Nada;
+  const auto hallada = almacenados.Consultar(consulta);
   if (hallada.Filas.Cuantas() != 1) return Guardada::Nada;
   for (std::size_t i = 0; i < hallada.Columnas.size(); ++i) {
     const std::string& nombre = hallada.Columnas[i].Nombre;
-    if (!tabla->EsContenido(nombre)) continue;
+    if (!tabla->EsContenido(nombre) || EsDeLaClave(*tabla, nombre)) continue;
     const auto campo = std::ranges::find(omision.Fila, nombre, &Omision::Campo::Nombre);
     if (campo != omision.Fila.end() && !DicenLoMismo(campo->Valor, hallada.Filas.En(0, i))) {
       return Guardada::Otra;

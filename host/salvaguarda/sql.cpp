@@ -1,11 +1,25 @@
 #include "salvaguarda/sql.h"
 
+#include <array>
+#include <charconv>
+
 namespace salvaguarda::sql {
 
 std::string Texto(std::string_view texto) {
   std::string literal = "'";
   for (const char c : texto) literal += c == '\'' ? "''" : std::string(1, c);
   return literal + "'";
+}
+
+std::string Literal(const services::Valor& valor) {
+  if (valor.EsNulo()) return "NULL";
+  if (const auto* momento = valor.Si<services::FechaHora>()) {
+    return Texto(services::TextoIso(*momento));
+  }
+  if (valor.EsTexto()) return Texto(valor.Texto());
+  std::array<char, 32> cifras;
+  const auto escrito = std::to_chars(cifras.data(), cifras.data() + cifras.size(), valor.Numero());
+  return {cifras.data(), escrito.ptr};
 }
 
 std::string Juntar(std::initializer_list<std::string_view> piezas) {

@@ -5,12 +5,16 @@
 #include <string_view>
 #include <vector>
 
+#include "valores/valor.h"
+
 // The engine's own SQL, put together from texts.
 
 namespace salvaguarda::sql {
 
 /// A text as a literal.
 [[nodiscard]] std::string Texto(std::string_view texto);
+/// A value as a literal, whatever the process's locale.
+[[nodiscard]] std::string Literal(const services::Valor& valor);
 [[nodiscard]] std::string Juntar(std::initializer_list<std::string_view> piezas);
 /// The pieces, with that between each two of them.
 [[nodiscard]] std::string Separar(const std::vector<std::string>& piezas, std::string_view con);

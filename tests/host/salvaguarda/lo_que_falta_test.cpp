@@ -37,6 +37,28 @@ TEST_F(LoQueFalta, LoQueNoSePuedeMirarSeDaPorPerdido) {
   EXPECT_THAT(Contado(), HasSubstr("previsión de Proveedor número 6 (7): no se escribe"));
 }
 
+/// Another program writes moments without their time.
+TEST_F(LoQueFalta, UnApunteGuardadoSinSuHoraSeHalla) {
+  Otro(
+      "INSERT INTO CajaPagos (idSucursal, FechaHora, Tipo, Importe, Factura, Año) VALUES ('01', "
+      "'2005-02-20', 400, 10, 'L1', '2005')");
+  const auto pasarPorAlto = [this](const char* factura) {
+    guardia->PasadoPorAlto({services::Omision::Tarea::Grabacion,
+                            services::Omision::Falta::Fila,
+                            "CajaPagos",
+                            {{"idSucursal", "01"},
+                             {"FechaHora", services::LeerFecha("20/02/2005").value()},
+                             {"Tipo", 400},
+                             {"Factura", factura},
+                             {"Año", "2005"}},
+                            {1, "no se escribe"}});
+  };
+  pasarPorAlto("L1");
+  EXPECT_EQ(Contado(), "");
+  pasarPorAlto("L2");
+  EXPECT_THAT(Contado(), HasSubstr("No se ha podido poner su factura a estos apuntes"));
+}
+
 TEST_F(LoQueFalta, UnaFacturaSinSusApuntesSeDiceSinAmenazas) {
   Otro(
       "UPDATE ProvFacturas SET Factura = 'O''1' WHERE Factura = 'F000001'; UPDATE "

@@ -9,6 +9,8 @@
 #include "salvaguarda/fila.h"
 #include "salvaguarda/registro.h"
 #include "salvaguarda/relacion.h"
+#include "salvaguarda/sql.h"
+#include "valores/fecha.h"
 
 namespace {
 
@@ -62,6 +64,21 @@ TEST(FilaDicha, ConSuImporteSiSeSabe) {
   EXPECT_EQ(Nombre(Fila{"ProvFacturas", "400", "F-1", "2005", "", "", "121,00, antes 100,00"},
                    kConceptos),
             "factura F-1 de 2005 de Luz y Fuerza (400), por 121,00, antes 100,00");
+}
+
+/// The C library writes six decimals, and their mark as the locale has it.
+TEST(Literal, UnNumeroSeEscribeEnteroYConPunto) {
+  EXPECT_EQ(salvaguarda::sql::Literal(400), "400");
+  EXPECT_EQ(salvaguarda::sql::Literal(400.0), "400");
+  EXPECT_EQ(salvaguarda::sql::Literal(-12.5), "-12.5");
+  EXPECT_EQ(salvaguarda::sql::Literal(0.0000001), "1e-07");
+  EXPECT_EQ(salvaguarda::sql::Literal(0.1), "0.1");
+}
+
+TEST(Literal, LosDemasValores) {
+  EXPECT_EQ(salvaguarda::sql::Literal({}), "NULL");
+  EXPECT_EQ(salvaguarda::sql::Literal("O'1"), "'O''1'");
+  EXPECT_EQ(salvaguarda::sql::Literal(services::FechaHora{38411, 34200}), "'2005-02-28 09:30:00'");
 }
 
 TEST(ValorDicho, UnaFechaQueNoExisteSeDiceComoEsta) {
