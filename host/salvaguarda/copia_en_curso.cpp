@@ -1,6 +1,5 @@
 #include "salvaguarda/copia_en_curso.h"
 
-#include <fstream>
 #include <utility>
 
 #include "salvaguarda/sql.h"
@@ -27,7 +26,7 @@ CopiaEnCurso::CopiaEnCurso(Copias& copias, sqlite::Conexion& base, const std::st
       copia_(std::move(copia)),
       fichero_(copias.NombreLibre(copia_.Momento), Copias::Propio()) {
   copia_.Fichero = fichero_.Fichero();
-  std::ofstream(fichero_.EnCurso()).flush();  // the engine attaches what is there
+  fichero_.Crear();  // the engine attaches what is there
   adjunta_.emplace(base, fichero_.EnCurso().string(), "copia");
   base.Ejecutar("PRAGMA copia.journal_mode = OFF; PRAGMA copia.synchronous = NORMAL");
   sql::Transaccion transaccion(base);

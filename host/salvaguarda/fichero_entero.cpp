@@ -1,5 +1,7 @@
 #include "salvaguarda/fichero_entero.h"
 
+#include <cerrno>
+#include <fstream>
 #include <string>
 #include <system_error>
 #include <utility>
@@ -22,6 +24,13 @@ FicheroEntero::~FicheroEntero() {
 void FicheroEntero::Quitar() noexcept {
   std::error_code noEstaba;
   std::filesystem::remove(enCurso_, noEstaba);
+}
+
+void FicheroEntero::Crear() const {
+  errno = 0;
+  if (std::ofstream(enCurso_).flush()) return;
+  LanzarNoSePuede("escribir en " + enCurso_.parent_path().string(),
+                  {errno, std::generic_category()});
 }
 
 void FicheroEntero::Terminar() {

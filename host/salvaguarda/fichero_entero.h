@@ -21,6 +21,8 @@ class FicheroEntero {
   /// Where it is to be made; nothing is there.
   [[nodiscard]] const std::filesystem::path& EnCurso() const { return enCurso_; }
   [[nodiscard]] const std::filesystem::path& Fichero() const { return fichero_; }
+  /// Makes it, empty. Throws 0x80004005.
+  void Crear() const;
   /// Throws 0x80004005.
   void Terminar();
 

@@ -161,7 +161,7 @@ void Guardia::AlGrabar(const Rango& rango) {
     bases_.Almacenados->EmpezarUnidad();
     const Reparos reparos = cotejo_.Copiar(copias_, {trato_.Ahora(), usuario_, rango});
     grabando_ = reparos.Ninguno();
-    if (grabando_) return;
+    if (grabando_) return pasadas_.EmpezarGrabacion(true);
     // Nobody else is kept waiting for an answer; what changes meanwhile is asked again.
     bases_.Almacenados->AbandonarUnidad();
     if (!Confirmar(reparos)) {
@@ -172,6 +172,7 @@ void Guardia::AlGrabar(const Rango& rango) {
   }
   bases_.Almacenados->EmpezarUnidad();
   grabando_ = true;
+  pasadas_.EmpezarGrabacion(false);
 }
 
 bool Guardia::Confirmar(const Reparos& reparos) {

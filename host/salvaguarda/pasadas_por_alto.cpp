@@ -28,7 +28,7 @@ void PasadasPorAlto::OlvidarCarga() {
 bool PasadasPorAlto::CerrarGrabacion(sqlite::Conexion& almacenados) {
   const Omitidas omitidas = Clasificar(oidas_, Tarea::Grabacion, almacenados);
   Quitar(oidas_, Tarea::Grabacion);
-  const std::vector<Noticia> noticias = NoticiasDeGrabacion(omitidas);
+  const std::vector<Noticia> noticias = NoticiasDeGrabacion(omitidas, conCopia_);
   deGrabacion_.insert(deGrabacion_.end(), noticias.begin(), noticias.end());
   return !noticias.empty();
 }

@@ -16,6 +16,8 @@ class PasadasPorAlto {
   void Anadir(const services::Omision& omision, std::vector<Fila> porGrabar);
   /// A load begins: what the one before passed over is of no use any more.
   void OlvidarCarga();
+  /// A commit begins. `conCopia`: whether what was there has been copied.
+  void EmpezarGrabacion(bool conCopia) { conCopia_ = conCopia; }
   /// A commit is durable: what of it `almacenados` hasn't is known now, and looked for once.
   /// Whether there is any.
   [[nodiscard]] bool CerrarGrabacion(sqlite::Conexion& almacenados);
@@ -32,6 +34,7 @@ class PasadasPorAlto {
  private:
   std::vector<Oida> oidas_;
   std::vector<Noticia> deGrabacion_;
+  bool conCopia_ = false;
 };
 
 }  // namespace salvaguarda

@@ -10,8 +10,10 @@
 namespace salvaguarda {
 namespace {
 
-constexpr const char* kYaNoEstan =
-    "No están entre lo grabado; lo que había antes está en Archivo, Recuperar una copia";
+std::string YaNoEstan(bool conCopia) {
+  const std::string frase = "No están entre lo grabado";
+  return conCopia ? frase + "; lo que había antes está en Archivo, Recuperar una copia" : frase;
+}
 
 void Anadir(std::vector<Noticia>& noticias, const std::string& frase,
             const std::vector<Fila>& filas) {
@@ -26,20 +28,19 @@ std::string EnPalabras(const std::string& nombre) {
 
 }  // namespace
 
-std::vector<Noticia> NoticiasDeGrabacion(const Omitidas& omitidas) {
+std::vector<Noticia> NoticiasDeGrabacion(const Omitidas& omitidas, bool conCopia) {
   std::vector<Noticia> noticias;
   for (const TablaOmitida& tabla : omitidas.Tablas) {
     std::string frase =
         "No se ha podido grabar nada de " + EnPalabras(tabla.Tabla) + ": " + tabla.Motivo;
-    if (!tabla.Perdidas.empty()) frase.append(". ").append(kYaNoEstan);
+    if (!tabla.Perdidas.empty()) frase += ". " + YaNoEstan(conCopia);
     noticias.push_back({std::move(frase), tabla.Perdidas});
   }
   for (const TablaOmitida& tabla : omitidas.SinBorrar) {
     noticias.push_back({"No se ha podido borrar nada de " + EnPalabras(tabla.Tabla) + ": " +
                         tabla.Motivo + ". Lo que se ha quitado de la lista sigue grabado"});
   }
-  Anadir(noticias, std::string("No se han podido grabar estas filas. ").append(kYaNoEstan),
-         omitidas.Filas);
+  Anadir(noticias, "No se han podido grabar estas filas. " + YaNoEstan(conCopia), omitidas.Filas);
   const auto [previsiones, lasDemas] = SepararPrevisiones(omitidas.Repetidas);
   Anadir(
       noticias,

@@ -16,8 +16,9 @@ struct Relato {
   bool BorrariaFilas = false;
 };
 
-/// What is to be told of what a commit passed over.
-[[nodiscard]] std::vector<Noticia> NoticiasDeGrabacion(const Omitidas& omitidas);
+/// What is to be told of what a commit passed over. `conCopia`: whether what was there was copied
+/// before.
+[[nodiscard]] std::vector<Noticia> NoticiasDeGrabacion(const Omitidas& omitidas, bool conCopia);
 /// What is to be told of what a load passed over, but for the rows that a commit would delete.
 [[nodiscard]] std::vector<Noticia> NoticiasDeCarga(const Omitidas& omitidas);
 /// What is to be told of the rows of a range that a load left out.

@@ -267,7 +267,30 @@ TEST_F(Guardia, SinSitioParaLaCopiaLoPregunta) {
   Respuesta = false;
   EXPECT_NE(apoyo::NumeroDeError([this] { Grabar(); }), 0);
   ASSERT_THAT(Preguntas, SizeIs(1));
-  EXPECT_THAT(Preguntas[0], HasSubstr("No se ha podido guardar una copia"));
+  EXPECT_THAT(Preguntas[0], AllOf(HasSubstr("No se ha podido guardar una copia"),
+                                  HasSubstr("/copias: hay un fichero en su lugar")));
+}
+
+/// Nobody can make a file there, not even the administrator.
+TEST_F(Guardia, DondeNoSePuedeEscribirLaCopiaDiceDondeYNoLaPromete) {
+  Cargar();
+  std::filesystem::create_directory_symlink("/proc", Carpeta() + "/copias");
+  Otro(
+      "CREATE TRIGGER SinUna BEFORE INSERT ON ProvFacturas WHEN NEW.Factura = 'F000002' BEGIN "
+      "SELECT RAISE(ABORT, 'no cabe'); END");
+  Grabar();
+  EXPECT_THAT(Preguntas,
+              ElementsAre(HasSubstr(": No se puede escribir en " + Carpeta() + "/copias: ")));
+  EXPECT_THAT(Contado(), AllOf(HasSubstr("No están entre lo grabado (1 factura)"),
+                               Not(HasSubstr("Recuperar una copia"))));
+  std::filesystem::remove(Carpeta() + "/copias");
+  Cargar();
+  Trabajar(
+      "INSERT INTO TempProvFacturas (NConcepto, Factura, Año, Fecha, Total) VALUES ('3', "
+      "'F000002', "
+      "'2005', '20050301', 9)");
+  Grabar();
+  EXPECT_THAT(Contado(), HasSubstr("Recuperar una copia (1 factura)"));
 }
 
 TEST_F(Guardia, LaCopiaDeAntesSigueAunqueFalteLaDeAhora) {

@@ -46,7 +46,7 @@ TEST(ReparosAGrabar, CadaUnoSeDice) {
 
 TEST(RelatoDeLoOmitido, DeUnaGrabacion) {
   Omitidas omitidas;
-  EXPECT_THAT(NoticiasDeGrabacion(omitidas), IsEmpty());
+  EXPECT_THAT(NoticiasDeGrabacion(omitidas, true), IsEmpty());
   omitidas.Tablas = {{"ProvBasesIva", "no se abre", {{"ProvBasesIva", "400", "F-1", "2005", "2"}}},
                      {"ProvFacturas", "no se abre"}};
   omitidas.Filas = {kFactura};
@@ -54,7 +54,7 @@ TEST(RelatoDeLoOmitido, DeUnaGrabacion) {
   omitidas.SinEnlazar = {kApunte};
   omitidas.Incompletas = {kFactura};
   EXPECT_THAT(
-      NoticiasDeGrabacion(omitidas),
+      NoticiasDeGrabacion(omitidas, true),
       ElementsAre(
           AllOf(Dice("No se ha podido grabar nada de bases de IVA (ProvBasesIva): no se abre. "
                      "No están entre lo grabado"),
@@ -63,6 +63,17 @@ TEST(RelatoDeLoOmitido, DeUnaGrabacion) {
                 "No se ha podido grabar nada de facturas (ProvFacturas): no se abre"),
           Dice("No están entre lo grabado"), Dice("siguen como estaban"),
           Dice("poner su factura a estos apuntes"), Dice("sin alguno de sus valores")));
+}
+
+TEST(RelatoDeLoOmitido, SinCopiaNoSeDiceQueLaHaya) {
+  Omitidas omitidas;
+  omitidas.Tablas = {{"ProvFacturas", "no se abre", {kFactura}}};
+  omitidas.Filas = {kFactura};
+  EXPECT_THAT(NoticiasDeGrabacion(omitidas, true),
+              testing::Each(Dice("entre lo grabado; lo que había antes está en Archivo")));
+  EXPECT_THAT(
+      NoticiasDeGrabacion(omitidas, false),
+      testing::Each(Field(&Noticia::Frase, testing::EndsWith("No están entre lo grabado"))));
 }
 
 TEST(RelatoDeLoOmitido, DeUnaCarga) {

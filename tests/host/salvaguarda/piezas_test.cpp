@@ -6,10 +6,12 @@
 #include "platform/carpeta_temporal.h"
 #include "salvaguarda/comienzo.h"
 #include "salvaguarda/dicho.h"
+#include "salvaguarda/fichero_entero.h"
 #include "salvaguarda/fila.h"
 #include "salvaguarda/registro.h"
 #include "salvaguarda/relacion.h"
 #include "salvaguarda/sql.h"
+#include "valores/error.h"
 #include "valores/fecha.h"
 
 namespace {
@@ -122,6 +124,24 @@ TEST(FilaDicha, LasDeUnaFacturaSeDicenConElla) {
             "por 60,50; vencimiento 10/04/2005): se añadió"
             "\n· vencimiento 10/05/2005 de la factura A de 2005 del concepto 1: se borró"
             "\n· base de IVA exenta de la factura B de 2005 del concepto 1: se añadió");
+}
+
+TEST(FicheroEntero, DondeNoSePuedeEscribirDicePorQue) {
+  const pruebas::CarpetaTemporal carpeta;
+  const auto alCrearEn = [&](const std::string& donde) {
+    try {
+      salvaguarda::FicheroEntero(carpeta.Fichero(donde)).Crear();
+      return std::string();
+    } catch (const services::ErrorEjecucion& fallo) {
+      return fallo.Descripcion();
+    }
+  };
+  EXPECT_EQ(alCrearEn("a.sqlite"), "");
+  EXPECT_EQ(alCrearEn("nada/a.sqlite"),
+            "No se puede escribir en " + carpeta.Fichero("nada") + ": no existe");
+  std::ofstream(carpeta.Fichero("fichero")) << "en su lugar";
+  EXPECT_EQ(alCrearEn("fichero/a.sqlite"), "No se puede escribir en " + carpeta.Fichero("fichero") +
+                                               ": hay un fichero en su lugar");
 }
 
 TEST(RegistroDeLaSuite, UnaLineaDeMegasSeAcortaYElFicheroNoCrece) {
