@@ -166,7 +166,6 @@ ClavesDeTrabajo ClavesDeTrabajo::Nuevas(sqlite::Conexion& deTrabajo, const std::
 
 std::string CopiaDeGrabacion(const Rango& rango, const ClavesDeTrabajo& claves) {
   return Vacio() + InsertarDe("temp.DelRango", sql::ClavesDelRango(rango)) +
-         InsertarDe("temp.DelRango", "SELECT * FROM foto.DelRango") +
          InsertarDe("temp.Ambito", "SELECT * FROM temp.DelRango") +
          InsertarDe("temp.Ambito", "SELECT * FROM foto.Claves") +
          Insertar("temp.EnLaLista", Valores(claves.EnLaLista)) +

@@ -66,8 +66,7 @@ Consecuencia ConsecuenciaDe(const Cambio& cambio) {
   if (cambio.DelRango) return Consecuencia::Pisa;
   if (!cambio.Estaba) return Consecuencia::Topa;
   if (cambio.SeRepone) return Consecuencia::Pisa;
-  const bool prevision = cambio.Fila.Tabla == Previsiones().Nombre;
-  return prevision ? Consecuencia::Queda : Consecuencia::Ninguna;
+  return cambio.Esta && cambio.EraDelRango ? Consecuencia::Queda : Consecuencia::Ninguna;
 }
 
 std::string Dicho(const AntesYAhora& importe) {

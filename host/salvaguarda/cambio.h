@@ -38,6 +38,8 @@ struct Cambio {
   bool DelRango = true;
   /// Whether a commit that doesn't delete it writes again what is gone of it.
   bool SeRepone = false;
+  /// Whether one right after the load would have deleted it.
+  bool EraDelRango = true;
   /// Those of an invoice.
   std::vector<CambioDeVencimiento> Vencimientos = {};
 };

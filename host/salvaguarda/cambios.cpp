@@ -50,7 +50,7 @@ void Leer(sqlite::Conexion& base, std::string_view consulta, std::vector<Cambio>
   for (std::size_t i = 0; i < filas.Cuantas(); ++i) {
     const Leida leida(filas, i);
     cambios.push_back({leida.ComoFila(), leida.Si(5), leida.Si(6), leida.Ambos(7), leida.Texto(9),
-                       leida.Si(10), leida.Si(11), leida.Si(12)});
+                       leida.Si(10), leida.Si(11), leida.Si(12), leida.Si(13)});
   }
 }
 

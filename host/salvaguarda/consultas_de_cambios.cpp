@@ -111,6 +111,8 @@ std::string FacturasCambiadas(std::string_view de) {
                                       delRango,
                                       ", ",
                                       SeRepone(delRango, deTrabajo),
+                                      ", ",
+                                      LaFacturaEstaEn("foto.DelRango"),
                                       " FROM d",
                                       Junto("antes"),
                                       Junto("ahora"),
@@ -141,14 +143,15 @@ std::string PrevisionesCambiadas() {
       {"SELECT Tabla, NConcepto, '', '', '', min(EnLaCopia) = 0, max(EnLaCopia) = 1, ",
        EnLosDos("Importe"), ", max(CASE WHEN EnLaCopia = 1 THEN ModificadoPor END), ", kEnLaLista,
        ", ", kDelRango,
-       ", max(EnLaCopia) = 0 FROM temp.Distintas d WHERE Tabla = 'ProvPrevisionPagos' GROUP BY "
+       ", max(EnLaCopia) = 0, 1 FROM temp.Distintas d WHERE Tabla = 'ProvPrevisionPagos' GROUP BY "
        "NConcepto HAVING max(EnLaCopia) = 1 OR ",
        kEnLaLista});
 }
 
 std::string ApuntesConOtraFactura() {
   return "SELECT Tabla, NConcepto, Factura, Año, Detalle, 1, 1, Importe, Importe, ModificadoPor, "
-         "1, 1, 0 FROM temp.Distintas WHERE Tabla = 'CajaPagos' AND EnLaCopia = 1 ORDER BY Detalle";
+         "1, 1, 0, 1 FROM temp.Distintas WHERE Tabla = 'CajaPagos' AND EnLaCopia = 1 ORDER BY "
+         "Detalle";
 }
 
 }  // namespace salvaguarda::sql

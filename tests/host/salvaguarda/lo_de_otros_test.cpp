@@ -9,6 +9,7 @@
 namespace {
 
 using testing::AllOf;
+using testing::ContainsRegex;
 using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::IsEmpty;
@@ -250,6 +251,28 @@ TEST_F(LoDeOtros, LasPrevisionesQueOtroAplazoMasAllaDelRangoSeguirianComoEstan) 
   EXPECT_THAT(Contado(), AllOf(HasSubstr("su concepto ya tiene otra, que sigue como estaba (1 "
                                          "previsión):\n· previsión de Proveedor número 6 (7)"),
                                Not(HasSubstr("su número"))));
+}
+
+/// A "Grabar" deletes the invoices with a due date in the range, and writes those of the working
+/// copy.
+TEST_F(LoDeOtros, LasFacturasQueOtroLlevaAOtroMesNoSeBorranYTendrianTambienLosDelRango) {
+  Cargar();
+  Trabajar(
+      "DELETE FROM TempProvFacturas WHERE Factura = 'F000001'; DELETE FROM TempProvBasesIva WHERE "
+      "NFactura = 'F000001'; DELETE FROM TempProvVencimientos WHERE NFactura = 'F000001'");
+  Otro(
+      "UPDATE ProvVencimientos SET FechaVto = replace(FechaVto, '200503', '200504'), ModificadoPor "
+      "= "
+      "'EVA' WHERE NFactura <> 'F000002'");
+  Grabar();
+  ASSERT_THAT(Preguntas, SizeIs(1));
+  EXPECT_THAT(
+      Preguntas[0],
+      AllOf(ContainsRegex("F000000 .*lo que ha quitado se volvería a grabar"),
+            ContainsRegex("F000001 .*la ha cambiado EVA, y seguiría como está: no se borraría"),
+            Not(HasSubstr("quedaría como está en la lista")), Not(HasSubstr("F000002"))));
+  EXPECT_THAT(Consulta("SELECT count(*) FROM ProvVencimientos GROUP BY NFactura"),
+              ElementsAre("6", "3", "3"));
 }
 
 TEST_F(LoDeOtros, UnaPrevisionQueOtroBorroSeVolveriaAGrabar) {
