@@ -44,14 +44,19 @@ bool EsPalabra(std::string_view texto, std::string_view mayusculas) {
 
 }  // namespace
 
-void Traductor::Condicion() {
+void Traductor::Condicion(CondicionEscrita& escrita) {
+  escrita.Desde = salida_->Texto.size();
+  enCurso_ = &escrita;
   ExigirColumna(Expresion());
+  enCurso_ = nullptr;
+  escrita.Hasta = salida_->Texto.size();
 }
 
 Traductor::Operando Traductor::Expresion() {
   if (++profundidad_ > ProfundidadMaxima) Rechazar("demasiados paréntesis", sentencia_);
   Operando operando = Conjuncion();
   while (Tomar(Palabra::Or)) {
+    if (enCurso_) enCurso_->SoloY = false;
     ExigirColumna(operando);
     Poner(" OR ");
     ExigirColumna(Conjuncion());
@@ -81,6 +86,7 @@ Traductor::Operando Traductor::Negacion() {
   }
   const Operando operando = Comparacion();
   if (!negada) return operando;
+  if (enCurso_) enCurso_->SoloY = false;
   ExigirColumna(operando);
   return {desde};
 }
@@ -119,6 +125,11 @@ void Traductor::Comparar(const Operando& izquierdo, Simbolo operador) {
   if (derecho.literales >= 0) ExigirColumna(izquierdo);
   Adaptar(derecho, izquierdo);
   Adaptar(izquierdo, derecho);
+  const bool deColumnas = izquierdo.columna >= 0 && derecho.columna >= 0;
+  if (enCurso_ && deColumnas && operador == Simbolo::Igual) {
+    enCurso_->Igualdades.push_back(
+        {{izquierdo.fuente, izquierdo.columna}, {derecho.fuente, derecho.columna}});
+  }
   if (izquierdo.tipo != TipoColumna::FechaHora || derecho.parametro < 0) return;
   // The column stands in the text between these two.
   salida_->Texto.insert(antes, motor_.Momento.Despues);
@@ -153,16 +164,18 @@ Traductor::Operando Traductor::Parentesis() {
 Traductor::Operando Traductor::Nombre() {
   const auto nombre = ExigirNombre();
   if (Tomar(Simbolo::Punto)) {
-    const Fuente& fuente = FuenteDe(nombre);
+    const int fuente = FuenteDe(nombre);
+    if (enCurso_) enCurso_->Fuentes |= std::uint64_t{1} << static_cast<unsigned>(fuente);
     const std::size_t desde = salida_->Texto.size();
-    PonerNombre(fuente.nombre);
+    PonerNombre(En(fuente).Nombre);
     Poner(".");
     Operando operando = Columna(fuente, ExigirNombre());
     operando.desde = desde;
     return operando;
   }
-  for (const Fuente& fuente : fuentes_) {
-    if (BuscarColumna(*fuente.tabla, nombre) >= 0) return Columna(fuente, nombre);
+  if (enCurso_) enCurso_->Calificada = false;
+  for (int fuente = 0; fuente < static_cast<int>(fuentes_.size()); ++fuente) {
+    if (BuscarColumna(*En(fuente).Tabla, nombre) >= 0) return Columna(fuente, nombre);
   }
   const auto elegida = std::find_if(elegidas_.begin(), elegidas_.end(), [&](const Elegida& una) {
     return !una.nombre.empty() && MismoNombre(una.nombre, nombre);
@@ -176,17 +189,17 @@ Traductor::Operando Traductor::Nombre() {
   return {desde, elegida->tipo};
 }
 
-Traductor::Operando Traductor::Columna(const Fuente& fuente, std::string_view nombre) {
-  const int posicion = BuscarColumna(*fuente.tabla, nombre);
+Traductor::Operando Traductor::Columna(int fuente, std::string_view nombre) {
+  const Tabla& tabla = *En(fuente).Tabla;
+  const int posicion = BuscarColumna(tabla, nombre);
   if (posicion < 0) {
     throw ErrorEjecucion(error::ColumnaDesconocida, "No existe la columna «" + std::string(nombre) +
-                                                        "» en la tabla «" + fuente.tabla->Nombre +
-                                                        "»");
+                                                        "» en la tabla «" + tabla.Nombre + "»");
   }
-  const auto& columna = fuente.tabla->Columnas[static_cast<std::size_t>(posicion)];
+  const auto& columna = tabla.Columnas[static_cast<std::size_t>(posicion)];
   const std::size_t desde = salida_->Texto.size();
   PonerNombre(columna.Nombre);
-  Operando operando{desde, columna.Tipo, -1, fuente.tabla, posicion};
+  Operando operando{desde, columna.Tipo, -1, &tabla, fuente, posicion};
   operando.conPatrones = MismoNombre(columna.Nombre, "Descripcion");
   return operando;
 }
@@ -204,7 +217,7 @@ Traductor::Operando Traductor::Funcion() {
   const int literales = Expresion().literales;
   Exigir(Simbolo::Cerrar);
   Poner(")");
-  return {desde, TipoColumna::Numero, -1, nullptr, -1, literales};
+  return {.desde = desde, .tipo = TipoColumna::Numero, .literales = literales};
 }
 
 // However the trimming functions stand one inside another, what they do together is written once.
@@ -236,7 +249,10 @@ Traductor::Operando Traductor::Recortar() {
   const Operando dentro = Expresion();
   for (; abiertos > 0; --abiertos) Exigir(Simbolo::Cerrar);
   Poner(envoltura.Despues);
-  return {desde, TipoColumna::Texto, -1, nullptr, -1, dentro.literales, dentro.conPatrones};
+  return {.desde = desde,
+          .tipo = TipoColumna::Texto,
+          .literales = dentro.literales,
+          .conPatrones = dentro.conPatrones};
 }
 
 Traductor::Operando Traductor::Literal() {
@@ -263,10 +279,11 @@ Traductor::Operando Traductor::Literal() {
 
 Traductor::Operando Traductor::Parametro(Valor valor) {
   const std::size_t desde = salida_->Texto.size();
+  if (enCurso_) enCurso_->ConLiterales = true;
   Poner("?");
   salida_->Parametros.push_back(std::move(valor));
   const int parametro = static_cast<int>(salida_->Parametros.size()) - 1;
-  return {desde, {}, parametro, nullptr, -1, static_cast<int>(i_) - 1};
+  return {.desde = desde, .parametro = parametro, .literales = static_cast<int>(i_) - 1};
 }
 
 void Traductor::ExigirColumna(const Operando& operando) const {

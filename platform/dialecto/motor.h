@@ -24,6 +24,10 @@ struct Motor {
   Envoltura RecorteDerecho;
   /// A stored moment as it compares; nothing where the engine compares moments by itself.
   Envoltura Momento = {};
+  /// A row's number, which no other row of its table has; empty where the engine has none.
+  std::string_view NumeroDeFila = {};
+  /// A join whose left side is gone through first.
+  std::string_view JuntaEnOrden = " INNER JOIN ";
 };
 
 }  // namespace dialecto

@@ -1,5 +1,7 @@
 #include "dialecto/traductor.h"
 
+#include <utility>
+
 #include "dialecto/rechazo.h"
 
 namespace dialecto {
@@ -17,6 +19,11 @@ void Traductor::Traducir(std::string_view texto, bool conOcultas, Sentencia& sen
   fuentes_.clear();
   elegidas_.clear();
   distintas_ = false;
+  juntas_.clear();
+  internas_ = true;
+  donde_.reset();
+  orden_ = {};
+  enCurso_ = nullptr;
   agrupa_ = false;
   profundidad_ = 0;
   i_ = 0;
@@ -83,13 +90,14 @@ void Traductor::AnadirFuente(std::size_t token) {
   const Token& alias = tokens_[std::min(token + 2, Ultimo())];
   const bool conAlias =
       tokens_[token + 1].palabra == Palabra::As && alias.clase == ClaseToken::Nombre;
+  if (fuentes_.size() == kMasFuentes) Rechazar("demasiadas tablas", sentencia_);
   fuentes_.push_back({conAlias ? alias.texto : std::string_view(tabla.Nombre), &tabla});
 }
 
-const Traductor::Fuente& Traductor::FuenteDe(std::string_view nombre) const {
-  for (const Fuente& fuente : fuentes_) {
-    if (MismoNombre(fuente.nombre, nombre)) return fuente;
-  }
+int Traductor::FuenteDe(std::string_view nombre) const {
+  const auto fuente = std::ranges::find_if(
+      fuentes_, [&](const Fuente& una) { return MismoNombre(una.Nombre, nombre); });
+  if (fuente != fuentes_.end()) return static_cast<int>(fuente - fuentes_.begin());
   throw ErrorEjecucion(error::ColumnaDesconocida,
                        "La sentencia no toma nada de la tabla «" + std::string(nombre) + "»");
 }
@@ -97,18 +105,22 @@ const Traductor::Fuente& Traductor::FuenteDe(std::string_view nombre) const {
 void Traductor::Select(bool conOcultas) {
   salida_->Que = Verbo::Select;
   Poner("SELECT ");
+  const std::size_t distinct = salida_->Texto.size();
   distintas_ = Tomar(Palabra::Distinct);
   if (distintas_) Poner("DISTINCT ");
   BuscarFuentes();
   if (fuentes_.empty()) Rechazar("no dice de qué tabla", sentencia_);
   Elegidas();
-  if (fuentes_.size() == 1 && !distintas_ && !agrupa_) salida_->Unica = fuentes_.front().tabla;
+  if (fuentes_.size() == 1 && !distintas_ && !agrupa_) salida_->Unica = fuentes_.front().Tabla;
   if (conOcultas && salida_->Unica) Ocultas();
+  const std::size_t from = salida_->Texto.size();
   From();
   Where();
+  const std::size_t hasta = salida_->Texto.size();
   GroupBy();
   OrderBy();
   Final();
+  if (distintas_) SinRepetidas(distinct, from, hasta);
 }
 
 void Traductor::Elegidas() {
@@ -118,16 +130,16 @@ void Traductor::Elegidas() {
   } while (Tomar(Simbolo::Coma));
 }
 
-void Traductor::ElegidasDe(const Fuente& fuente) {
-  PonerNombre(fuente.nombre);
+void Traductor::ElegidasDe(int fuente) {
+  PonerNombre(En(fuente).Nombre);
   Poner(".*");
-  elegidas_.push_back({fuente.tabla, -1, {}, {}});
+  elegidas_.push_back({En(fuente).Tabla, fuente, -1, {}, {}});
 }
 
 void Traductor::UnaElegida() {
   if (Tomar(Simbolo::Asterisco)) {
-    for (const Fuente& fuente : fuentes_) {
-      if (&fuente != &fuentes_.front()) Poner(", ");
+    for (int fuente = 0; fuente < static_cast<int>(fuentes_.size()); ++fuente) {
+      if (fuente > 0) Poner(", ");
       ElegidasDe(fuente);
     }
     return;
@@ -140,7 +152,7 @@ void Traductor::UnaElegida() {
     return;
   }
   const Operando operando = Expresion();
-  Elegida elegida{operando.tabla, operando.columna, operando.tipo, {}};
+  Elegida elegida{operando.tabla, operando.fuente, operando.columna, operando.tipo, {}};
   if (Tomar(Palabra::As)) {
     elegida.nombre = ExigirNombre();
     Poner(" AS ");
@@ -152,7 +164,7 @@ void Traductor::UnaElegida() {
 void Traductor::Ocultas() {
   for (const std::string& oculta : salida_->Unica->Ocultas) {
     Poner(", ");
-    PonerNombre(fuentes_.front().nombre);
+    PonerNombre(fuentes_.front().Nombre);
     Poner(".");
     Poner(oculta);
   }
@@ -199,8 +211,10 @@ void Traductor::Juntas() {
       Poner(" INNER JOIN ");
     } else if (Tomar(Palabra::Left)) {
       Poner(" LEFT JOIN ");
+      internas_ = false;
     } else if (Tomar(Palabra::Right)) {
       Poner(" RIGHT JOIN ");
+      internas_ = false;
     } else {
       return;
     }
@@ -208,14 +222,41 @@ void Traductor::Juntas() {
     UnaFuente();
     Exigir(Palabra::On);
     Poner(" ON ");
-    Condicion();
+    Condicion(juntas_.emplace_back());
   }
 }
 
 void Traductor::Where() {
   if (!Tomar(Palabra::Where)) return;
   Poner(" WHERE ");
-  Condicion();
+  Condicion(donde_.emplace());
+}
+
+/// Where the engine can give the same rows without looking for those that repeat.
+void Traductor::SinRepetidas(std::size_t distinct, std::size_t from, std::size_t hasta) {
+  const auto porNumeros = PorNumeros();
+  if (!porNumeros) return;
+  salida_->Texto.replace(from, hasta - from, *porNumeros);
+  salida_->Texto.erase(distinct, std::string_view("DISTINCT ").size());
+}
+
+std::optional<std::string> Traductor::PorNumeros() const {
+  Reunion reunion{.Texto = salida_->Texto,
+                  .Fuentes = fuentes_,
+                  .ConColumnas = orden_.Fuentes,
+                  .Juntas = juntas_};
+  if (donde_) reunion.Donde = &*donde_;
+  for (const Elegida& elegida : elegidas_) {
+    if (!elegida.tabla) return std::nullopt;
+    if (elegida.columna >= 0) {
+      reunion.ConColumnas |= std::uint64_t{1} << static_cast<unsigned>(elegida.fuente);
+    } else if (std::exchange(reunion.Elegida, elegida.fuente) >= 0) {
+      return std::nullopt;
+    }
+  }
+  if (!internas_ || agrupa_ || !orden_.Calificada || reunion.Elegida < 0) return std::nullopt;
+  reunion.ConColumnas &= ~(std::uint64_t{1} << static_cast<unsigned>(reunion.Elegida));
+  return PorNumerosDeFila(motor_, reunion);
 }
 
 void Traductor::GroupBy() {
@@ -233,6 +274,7 @@ void Traductor::OrderBy() {
   if (!Tomar(Palabra::Order)) return;
   Exigir(Palabra::By);
   Poner(" ORDER BY ");
+  enCurso_ = &orden_;
   bool primera = true;
   do {
     if (!primera) Poner(", ");
@@ -244,6 +286,7 @@ void Traductor::OrderBy() {
       static_cast<void>(Tomar(Palabra::Asc));
     }
   } while (Tomar(Simbolo::Coma));
+  enCurso_ = nullptr;
 }
 
 void Traductor::Final() {
@@ -257,7 +300,7 @@ void Traductor::Delete() {
   if (fuentes_.size() != 1) NoEsperado();
   const Fuente fuente = fuentes_.front();
   if (Actual().clase == ClaseToken::Nombre) {
-    if (&FuenteDe(ExigirNombre()) != &fuentes_.front()) NoEsperado();
+    static_cast<void>(FuenteDe(ExigirNombre()));
     Exigir(Simbolo::Punto);
     Exigir(Simbolo::Asterisco);
   } else {
@@ -266,7 +309,7 @@ void Traductor::Delete() {
   Exigir(Palabra::From);
   static_cast<void>(ExigirNombre());
   Poner("DELETE FROM ");
-  PonerNombre(fuente.tabla->Nombre);
+  PonerNombre(fuente.Tabla->Nombre);
   Where();
   Final();
 }

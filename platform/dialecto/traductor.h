@@ -9,6 +9,7 @@
 #include "dialecto/catalogo.h"
 #include "dialecto/formas.h"
 #include "dialecto/motor.h"
+#include "dialecto/semirreunion.h"
 #include "dialecto/token.h"
 #include "valores/valor.h"
 
@@ -58,13 +59,10 @@ class Traductor {
   [[nodiscard]] std::vector<ColumnaDada> Columnas() const;
 
  private:
-  struct Fuente {
-    std::string_view nombre;  ///< the alias, or the table's own name
-    const Tabla* tabla;
-  };
   /// All columns of a table, one of them, or an expression.
   struct Elegida {
     const Tabla* tabla;
+    int fuente;
     int columna;
     std::optional<services::TipoColumna> tipo;
     std::string_view nombre;
@@ -75,6 +73,7 @@ class Traductor {
     std::optional<services::TipoColumna> tipo = std::nullopt;
     int parametro = -1;  ///< its place among the parameters, when it is a literal alone
     const Tabla* tabla = nullptr;
+    int fuente = -1;
     int columna = -1;
     int literales = -1;  ///< the token where it begins, when it is made of literals alone
     /// Whether its texts are looked up by patterns.
@@ -87,7 +86,7 @@ class Traductor {
   void BuscarFuentes();
   void AnadirFuente(std::size_t token);
   void Elegidas();
-  void ElegidasDe(const Fuente& fuente);
+  void ElegidasDe(int fuente);
   void UnaElegida();
   void Ocultas();
   void From();
@@ -95,12 +94,14 @@ class Traductor {
   void UnaFuente();
   void Juntas();
   void Where();
+  void SinRepetidas(std::size_t distinct, std::size_t from, std::size_t hasta);
+  [[nodiscard]] std::optional<std::string> PorNumeros() const;
   void GroupBy();
   void OrderBy();
   void Final();
 
   // Expressions: expresion.cpp.
-  void Condicion();
+  void Condicion(CondicionEscrita& escrita);
   Operando Expresion();
   Operando Conjuncion();
   Operando Negacion();
@@ -112,7 +113,7 @@ class Traductor {
   Operando Primario();
   Operando Parentesis();
   Operando Nombre();
-  Operando Columna(const Fuente& fuente, std::string_view nombre);
+  Operando Columna(int fuente, std::string_view nombre);
   Operando Funcion();
   Operando Recortar();
   Operando Literal();
@@ -136,7 +137,10 @@ class Traductor {
   }
   [[noreturn]] void NoEsperado() const;
   [[nodiscard]] std::string_view ExigirNombre();
-  [[nodiscard]] const Fuente& FuenteDe(std::string_view nombre) const;
+  [[nodiscard]] int FuenteDe(std::string_view nombre) const;
+  [[nodiscard]] const Fuente& En(int fuente) const {
+    return fuentes_[static_cast<std::size_t>(fuente)];
+  }
   void Poner(std::string_view texto) { salida_->Texto += texto; }
   void PonerNombre(std::string_view nombre);
 
@@ -149,6 +153,13 @@ class Traductor {
   std::vector<Fuente> fuentes_;
   std::vector<Elegida> elegidas_;
   bool distintas_ = false;
+  /// Its joins, whether they are all inner ones, its WHERE, what it sorts by, and the one of these
+  /// that is being read.
+  std::vector<CondicionEscrita> juntas_;
+  bool internas_ = true;
+  std::optional<CondicionEscrita> donde_;
+  CondicionEscrita orden_;
+  CondicionEscrita* enCurso_ = nullptr;
   bool agrupa_ = false;
   int profundidad_ = 0;
 };

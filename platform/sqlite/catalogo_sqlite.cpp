@@ -34,7 +34,28 @@ std::unique_ptr<dialecto::Tabla> Catalogo::Leer(std::string_view nombre) {
     tabla->Columnas.push_back(std::move(columna));
   }
   if (codigo != SQLITE_DONE) Lanzar(base_.Motor());
+  if (tabla) tabla->Clave = LeerClave(*tabla);
   return tabla;
+}
+
+std::vector<int> Catalogo::LeerClave(const dialecto::Tabla& tabla) {
+  const Preparada sentencia = base_.Preparar(
+      "SELECT x.cid, x.coll FROM pragma_table_list(?1) AS t "
+      "JOIN pragma_index_list(t.name) AS i JOIN pragma_index_xinfo(i.name) AS x "
+      "WHERE t.schema = 'main' AND t.wr = 0 AND i.origin = 'pk' AND x.key = 1");
+  sqlite3_bind_text(sentencia.get(), 1, tabla.Nombre.data(), static_cast<int>(tabla.Nombre.size()),
+                    SQLITE_STATIC);
+  std::vector<int> clave;
+  int codigo = SQLITE_OK;
+  while ((codigo = sqlite3_step(sentencia.get())) == SQLITE_ROW) {
+    const int posicion = sqlite3_column_int(sentencia.get(), 0);
+    const auto& columna = tabla.Columnas.at(static_cast<std::size_t>(posicion));
+    const bool texto = columna.Tipo == services::TipoColumna::Texto;
+    if (columna.AdmiteNulo || (texto && TextoDeCelda(sentencia.get(), 1) != "ES")) return {};
+    clave.push_back(posicion);
+  }
+  if (codigo != SQLITE_DONE) Lanzar(base_.Motor());
+  return clave;
 }
 
 }  // namespace sqlite

@@ -19,6 +19,7 @@ class Catalogo final : public dialecto::Catalogo {
 
  private:
   [[nodiscard]] std::unique_ptr<dialecto::Tabla> Leer(std::string_view nombre);
+  [[nodiscard]] std::vector<int> LeerClave(const dialecto::Tabla& tabla);
 
   Base& base_;
   std::vector<std::unique_ptr<dialecto::Tabla>> tablas_;

@@ -9,6 +9,8 @@ inline constexpr dialecto::Motor DialectoSqlite = {.Comilla = '"',
                                                    .Recorte = {"trim(", ") COLLATE ES"},
                                                    .RecorteIzquierdo = {"ltrim(", ") COLLATE ES"},
                                                    .RecorteDerecho = {"rtrim(", ") COLLATE ES"},
-                                                   .Momento = {"MOMENTO(", ")"}};
+                                                   .Momento = {"MOMENTO(", ")"},
+                                                   .NumeroDeFila = "rowid",
+                                                   .JuntaEnOrden = " CROSS JOIN "};
 
 }  // namespace sqlite

@@ -8,7 +8,7 @@
 namespace pruebas {
 
 /// Three tables with a column of each type, and an engine whose marks are easy to tell apart.
-class CatalogoDePrueba final : public dialecto::Catalogo {
+class CatalogoDePrueba : public dialecto::Catalogo {
  public:
   CatalogoDePrueba() {
     using services::TipoColumna;
@@ -31,8 +31,20 @@ class CatalogoDePrueba final : public dialecto::Catalogo {
     return nullptr;
   }
 
- private:
+ protected:
   std::vector<dialecto::Tabla> tablas_;
+};
+
+/// A table more, and a key in each but the cash entries.
+class CatalogoConClaves final : public CatalogoDePrueba {
+ public:
+  CatalogoConClaves() {
+    tablas_[1].Columnas.push_back({"Importe", services::TipoColumna::Moneda});
+    tablas_[1].Clave = {0, 1, 2, 3};
+    tablas_[2].Clave = {0};
+    tablas_.push_back(
+        {"Facturas", {{"NConcepto"}, {"Factura"}, {"Año"}, {"Fecha"}}, {}, {0, 1, 2}});
+  }
 };
 
 inline constexpr dialecto::Motor MotorDePrueba = {.Comilla = '"',

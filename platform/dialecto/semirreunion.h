@@ -1,0 +1,72 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <optional>
+#include <span>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+#include "dialecto/catalogo.h"
+#include "dialecto/motor.h"
+
+// "SELECT DISTINCT T.* FROM T, joined with others" asks for the rows of T for which there are rows
+// of the others. An engine that takes it by the letter makes all the combinations, and compares
+// whole rows to find those that repeat. Written as what it asks, each table is looked at once, and
+// what is compared are row numbers.
+
+namespace dialecto {
+
+/// As many as there are bits to tell them by.
+inline constexpr std::size_t kMasFuentes = 64;
+
+/// A table that a statement takes rows from, under the name that it has there.
+struct Fuente {
+  std::string_view Nombre;
+  const dialecto::Tabla* Tabla;
+};
+
+/// A column, by the place of its source in the statement and its own in the table.
+struct ColumnaDeFuente {
+  int Fuente = -1;
+  int Columna = -1;
+};
+
+/// A condition as it stands in a statement's text.
+struct CondicionEscrita {
+  std::size_t Desde = 0;
+  std::size_t Hasta = 0;
+  /// A bit for each source that it looks at.
+  std::uint64_t Fuentes = 0;
+  bool ConLiterales = false;
+  /// Whether each of its columns tells its source.
+  bool Calificada = true;
+  /// Whether it is conditions joined by AND alone, and which of those want two columns equal.
+  bool SoloY = true;
+  std::vector<std::pair<ColumnaDeFuente, ColumnaDeFuente>> Igualdades = {};
+};
+
+/// What a SELECT DISTINCT asks for, in pieces of its text.
+struct Reunion {
+  std::string_view Texto;
+  std::span<const Fuente> Fuentes;
+  /// The source of which all columns are selected.
+  int Elegida = -1;
+  /// A bit for each other one of which any is, or by which the rows are sorted.
+  std::uint64_t ConColumnas = 0;
+  /// Of the inner joins, in any order.
+  std::span<const CondicionEscrita> Juntas;
+  const CondicionEscrita* Donde = nullptr;
+};
+
+/// What stands behind the columns of a SELECT without DISTINCT that gives the same rows: its FROM
+/// and its WHERE, the literals in the same order. None where the engine has no row numbers, or it
+/// isn't certain that the rows are the same: each row of the chosen table is another by its key,
+/// the other columns come from tables joined to it by theirs, and the joins are a tree in which the
+/// WHERE looks at one table.
+[[nodiscard]] std::optional<std::string> PorNumerosDeFila(const Motor& motor,
+                                                          const Reunion& reunion);
+
+}  // namespace dialecto

@@ -1,0 +1,127 @@
+#include "dialecto/semirreunion.h"
+
+#include <gmock/gmock.h>
+
+#include "catalogo_de_prueba.h"
+#include "dialecto/traductor.h"
+
+// A SELECT DISTINCT of a table's rows, written so that they are found by their numbers.
+
+namespace {
+
+using testing::HasSubstr;
+
+constexpr dialecto::Motor kConNumeros = [] {
+  dialecto::Motor motor = pruebas::MotorDePrueba;
+  motor.NumeroDeFila = "n";
+  motor.JuntaEnOrden = " LUEGO ";
+  return motor;
+}();
+
+std::string Traducida(const std::string& escrita, const dialecto::Motor& motor = kConNumeros) {
+  pruebas::CatalogoConClaves catalogo;
+  dialecto::Sentencia sentencia;
+  dialecto::Traductor(motor, catalogo).Traducir(escrita, false, sentencia);
+  return sentencia.Texto;
+}
+
+constexpr const char* kEntreFechas = " WHERE Vtos.FechaVto >= 'a' And Vtos.FechaVto <= 'b'";
+constexpr const char* kConVtos =
+    "Facturas INNER JOIN Vtos ON (Facturas.NConcepto = Vtos.NConcepto) AND (Facturas.Factura = "
+    "Vtos.NFactura)";
+
+TEST(Semirreunion, LasFilasSeHallanPorSusNumeros) {
+  EXPECT_EQ(
+      Traducida("SELECT DISTINCT Facturas.* FROM " + std::string(kConVtos) + kEntreFechas +
+                " Order By Facturas.Fecha"),
+      "SELECT \"Facturas\".* FROM (SELECT DISTINCT \"Facturas\".n AS fila FROM \"Vtos\" LUEGO "
+      "\"Facturas\" ON (\"Facturas\".\"NConcepto\" = \"Vtos\".\"NConcepto\") AND "
+      "(\"Facturas\".\"Factura\" = \"Vtos\".\"NFactura\") WHERE (\"Vtos\".\"FechaVto\" >= ? AND "
+      "\"Vtos\".\"FechaVto\" <= ?)) AS \"filas de Facturas\" LUEGO \"Facturas\" ON "
+      "\"Facturas\".n = \"filas de Facturas\".fila ORDER BY \"Facturas\".\"Fecha\"");
+}
+
+TEST(Semirreunion, LaTablaQueSoloPoneSuNombreSeMiraAlFinal) {
+  EXPECT_THAT(
+      Traducida("SELECT DISTINCT Facturas.*, Conceptos.Descripcion FROM (" + std::string(kConVtos) +
+                ") INNER JOIN Conceptos ON Facturas.NConcepto = Conceptos.NConcepto" +
+                kEntreFechas),
+      HasSubstr("\"filas de Facturas\".fila LUEGO \"Conceptos\" ON "
+                "\"Facturas\".\"NConcepto\" = \"Conceptos\".\"NConcepto\""));
+}
+
+TEST(Semirreunion, CadaTablaSeRecorreDesdeLaQueLleva) {
+  EXPECT_EQ(
+      Traducida("SELECT DISTINCT Vtos.* FROM (Vtos INNER JOIN Facturas ON Vtos.NFactura = "
+                "Facturas.Factura) INNER JOIN Vtos AS V_1 ON Facturas.Factura = V_1.NFactura WHERE "
+                "V_1.FechaVto = 'a'"),
+      "SELECT \"Vtos\".* FROM (SELECT DISTINCT \"Vtos\".n AS fila FROM (SELECT DISTINCT "
+      "\"Facturas\".n AS fila FROM \"Vtos\" AS \"V_1\" LUEGO \"Facturas\" ON "
+      "\"Facturas\".\"Factura\" = \"V_1\".\"NFactura\" WHERE (\"V_1\".\"FechaVto\" = ?)) AS "
+      "\"filas "
+      "de Facturas\" LUEGO \"Facturas\" ON \"Facturas\".n = \"filas de Facturas\".fila LUEGO "
+      "\"Vtos\" ON \"Vtos\".\"NFactura\" = \"Facturas\".\"Factura\") AS \"filas de Vtos\" LUEGO "
+      "\"Vtos\" ON \"Vtos\".n = \"filas de Vtos\".fila");
+}
+
+TEST(Semirreunion, DeDosTablasUnaLasHallaYLaOtraLasAdmite) {
+  EXPECT_THAT(Traducida("SELECT DISTINCT Facturas.* FROM (" + std::string(kConVtos) +
+                        ") INNER JOIN Caja ON Facturas.Factura = Caja.Factura WHERE "
+                        "Facturas.Fecha > 'a'"),
+              HasSubstr("WHERE (\"Facturas\".\"Fecha\" > ?)) AS \"filas de Facturas\" LUEGO "
+                        "\"Facturas\" ON \"Facturas\".n = \"filas de Facturas\".fila WHERE "
+                        "\"Facturas\".n IN (SELECT \"Facturas\".n FROM \"Caja\" LUEGO \"Facturas\" "
+                        "ON \"Facturas\".\"Factura\" = \"Caja\".\"Factura\")"));
+}
+
+class SemirreunionQueNo : public testing::TestWithParam<const char*> {};
+
+TEST_P(SemirreunionQueNo, SeDejaComoEsta) {
+  EXPECT_EQ(Traducida(GetParam()), Traducida(GetParam(), pruebas::MotorDePrueba));
+  EXPECT_THAT(Traducida(GetParam()), HasSubstr("DISTINCT "));
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    NoEsCierta, SemirreunionQueNo,
+    testing::Values(
+        // The chosen table has no key: two rows may be the same.
+        "SELECT DISTINCT Caja.* FROM Caja INNER JOIN Vtos ON Caja.Factura = Vtos.NFactura",
+        // Not all of it is chosen, or another's rows are told apart too.
+        "SELECT DISTINCT Vtos.NFactura FROM Vtos INNER JOIN Caja ON Caja.Factura = Vtos.NFactura",
+        "SELECT DISTINCT * FROM Vtos INNER JOIN Caja ON Caja.Factura = Vtos.NFactura",
+        "SELECT DISTINCT Vtos.*, Caja.Tipo FROM Vtos INNER JOIN Caja ON Caja.Factura = "
+        "Vtos.NFactura",
+        // The other's row is joined by less than its key, by more than equality, or is one of
+        // several.
+        "SELECT DISTINCT Vtos.*, Facturas.Fecha FROM Vtos INNER JOIN Facturas ON Facturas.Factura "
+        "= "
+        "Vtos.NFactura",
+        "SELECT DISTINCT Vtos.*, Conceptos.Descripcion FROM Vtos INNER JOIN Conceptos ON "
+        "Vtos.NConcepto = Conceptos.NConcepto OR Vtos.Año = Conceptos.NConcepto",
+        "SELECT DISTINCT Vtos.*, Conceptos.Descripcion FROM Vtos INNER JOIN Conceptos ON "
+        "NOT Vtos.NConcepto = Conceptos.NConcepto",
+        "SELECT DISTINCT Vtos.*, Conceptos.Descripcion FROM Vtos INNER JOIN Conceptos ON "
+        "Vtos.NConcepto >= Conceptos.NConcepto",
+        "SELECT DISTINCT Vtos.*, Conceptos.Descripcion FROM Vtos INNER JOIN Conceptos ON "
+        "Vtos.Importe = Conceptos.NConcepto",
+        // Sorted by what the other has.
+        "SELECT DISTINCT Vtos.* FROM Vtos INNER JOIN Caja ON Caja.Factura = Vtos.NFactura ORDER BY "
+        "Caja.Tipo",
+        "SELECT DISTINCT Vtos.* FROM Vtos INNER JOIN Caja ON Caja.Factura = Vtos.NFactura ORDER BY "
+        "FechaVto",
+        // The conditions don't tell one table, or their tables.
+        "SELECT DISTINCT Vtos.* FROM Vtos INNER JOIN Caja ON Caja.Factura = Vtos.NFactura WHERE "
+        "Vtos.Importe > 1 OR Caja.Importe > 1",
+        "SELECT DISTINCT Vtos.* FROM Vtos INNER JOIN Caja ON Caja.Factura = Vtos.NFactura WHERE "
+        "FechaVto > 'a'",
+        "SELECT DISTINCT Vtos.* FROM Vtos INNER JOIN Caja ON Caja.Factura = Vtos.NFactura AND "
+        "Caja.Tipo = 1",
+        // No tree of inner joins.
+        "SELECT DISTINCT Vtos.* FROM Vtos LEFT JOIN Caja ON Caja.Factura = Vtos.NFactura",
+        "SELECT DISTINCT Vtos.* FROM Vtos, Caja WHERE Caja.Tipo = 1",
+        "SELECT DISTINCT Vtos.* FROM (Vtos INNER JOIN Caja ON Caja.Factura = Vtos.NFactura) INNER "
+        "JOIN "
+        "Facturas ON Caja.Factura = Vtos.NFactura",
+        "SELECT DISTINCT Vtos.* FROM Vtos INNER JOIN Vtos ON Vtos.NFactura = Vtos.NFactura"));
+
+}  // namespace

@@ -1,0 +1,189 @@
+#include <gmock/gmock.h>
+
+#include <random>
+#include <sstream>
+#include <string>
+#include <vector>
+
+#include "dialecto/traductor.h"
+#include "esquema/esquema_sqlite.h"
+#include "platform/carpeta_temporal.h"
+#include "sqlite/catalogo_sqlite.h"
+#include "sqlite/dialecto_sqlite.h"
+
+// The statements that look for rows by their numbers give what the plain ones give, in the same
+// order.
+
+namespace {
+
+constexpr dialecto::Motor kSinNumeros = [] {
+  dialecto::Motor motor = sqlite::DialectoSqlite;
+  motor.NumeroDeFila = {};
+  return motor;
+}();
+
+/// Those of a load and of a commit, and some of other shapes.
+const std::vector<std::string>& Sentencias() {
+  static const std::string dentro =
+      "ProvVencimientos.FechaVto >= '20050301' And ProvVencimientos.FechaVto <= '20050331'";
+  static const std::vector<std::string> todas = {
+      "SELECT DISTINCT ProvFacturas.*, ProvConceptos.Descripcion FROM (ProvFacturas INNER JOIN "
+      "ProvVencimientos ON (ProvFacturas.Factura = ProvVencimientos.NFactura) AND "
+      "(ProvFacturas.NConcepto = ProvVencimientos.NConcepto)) INNER JOIN ProvConceptos ON "
+      "ProvFacturas.NConcepto = ProvConceptos.NConcepto WHERE " +
+          dentro + "  Order By ProvFacturas.Fecha",
+      "SELECT DISTINCT ProvBasesIva.* FROM ProvBasesIva INNER JOIN ProvVencimientos ON "
+      "(ProvBasesIva.NConcepto = ProvVencimientos.NConcepto) AND (ProvBasesIva.NFactura = "
+      "ProvVencimientos.NFactura)WHERE " +
+          dentro,
+      "SELECT DISTINCT ProvVencimientos.*, ProvConceptos.Descripcion FROM ((ProvVencimientos "
+      "INNER JOIN ProvFacturas ON (ProvVencimientos.NConcepto = ProvFacturas.NConcepto) AND "
+      "(ProvVencimientos.NFactura = ProvFacturas.Factura)) INNER JOIN ProvVencimientos AS "
+      "ProvVencimientos_1 ON (ProvFacturas.NConcepto = ProvVencimientos_1.NConcepto) AND "
+      "(ProvFacturas.Factura = ProvVencimientos_1.NFactura)) INNER JOIN ProvConceptos ON "
+      "ProvVencimientos.NConcepto = ProvConceptos.NConcepto WHERE "
+      "(((ProvVencimientos_1.FechaVto)>='20050301' And (ProvVencimientos_1.FechaVto)<='20050331'))",
+      "SELECT DISTINCT ProvFacturas.* FROM ProvFacturas INNER JOIN ProvVencimientos ON "
+      "(ProvFacturas.NConcepto = ProvVencimientos.NConcepto) AND (ProvFacturas.Factura = "
+      "ProvVencimientos.NFactura) WHERE " +
+          dentro + " Order By ProvFacturas.Fecha",
+      "SELECT DISTINCT ProvFacturas.* FROM (ProvFacturas INNER JOIN ProvBasesIva ON "
+      "ProvFacturas.Factura = ProvBasesIva.NFactura) INNER JOIN ProvVencimientos ON "
+      "ProvFacturas.Factura = ProvVencimientos.NFactura WHERE ProvFacturas.Total > 3 ORDER BY "
+      "ProvFacturas.Factura, ProvFacturas.NConcepto, ProvFacturas.Año"};
+  return todas;
+}
+
+class FilasDistintas : public testing::Test {
+ protected:
+  FilasDistintas() { conexion->Ejecutar("PRAGMA foreign_keys = OFF"); }
+
+  std::string Traducida(const std::string& escrita, const dialecto::Motor& motor) {
+    sqlite::Base base(carpeta.Fichero("datos.db"), {});
+    sqlite::Catalogo catalogo(base);
+    dialecto::Sentencia sentencia;
+    dialecto::Traductor(motor, catalogo).Traducir(escrita, false, sentencia);
+    std::string texto;
+    std::size_t parametro = 0;
+    for (const char c : sentencia.Texto) {
+      texto += c == '?' ? "'" + sentencia.Parametros[parametro++].Texto() + "'" : std::string(1, c);
+    }
+    return texto;
+  }
+  std::vector<std::string> Filas(const std::string& sql) {
+    const auto leidas = conexion->Consultar(sql).Filas;
+    std::vector<std::string> filas;
+    for (std::size_t i = 0; i < leidas.Cuantas(); ++i) {
+      std::string fila;
+      for (std::size_t j = 0; j < leidas.Columnas(); ++j) {
+        const auto valor = leidas.En(i, j);
+        fila += valor.EsNulo() ? "|NULL" : "|" + valor.Texto();
+      }
+      filas.push_back(fila);
+    }
+    return filas;
+  }
+  bool SeReescribe(const std::string& escrita) {
+    return Traducida(escrita, sqlite::DialectoSqlite).find("rowid") != std::string::npos;
+  }
+
+  std::mt19937 azar{2005};
+  template <class T>
+  const T& Una(const std::vector<T>& de) {
+    return de[azar() % de.size()];
+  }
+  std::string Texto(const std::vector<std::string>& de) {
+    const std::string& uno = Una(de);
+    return uno == "NULL" ? uno : "'" + uno + "'";
+  }
+  std::string Concepto() { return Texto({"1", "01", "a", "A", "á", "n", "ñ", "Ñ", " 1", "2"}); }
+  std::string Numero() {
+    return Texto({"F1", "f1", " F1", "F1 ", "ñ", "Ñ", "n", "N", "É", "e", "E", "", "_", "%"});
+  }
+  std::string Anio() { return Texto({"2004", "2005", " 2005", "x"}); }
+  std::string Dia() {
+    return Texto({"20050228", "20050301", "20050302", "20050315", "20050331", "20050401", "", "x"});
+  }
+  std::string Dinero() { return Una<std::string>({"NULL", "1", "2.5", "7"}); }
+  std::string Sello() { return Texto({"NULL", "a", "A", "á"}); }
+  /// Repeated keys are passed over.
+  std::string Azar() {
+    std::ostringstream sql;
+    const auto filas = [&](const std::string& tabla, int cuantas, const auto& fila) {
+      for (int i = 0; i < cuantas; ++i) {
+        sql << "INSERT OR IGNORE INTO " << tabla << " VALUES (" << fila() << ");";
+      }
+    };
+    const auto factura = [&] { return Concepto() + "," + Numero() + "," + Anio(); };
+    filas("ProvConceptos", 8, [&] { return Concepto() + "," + Sello(); });
+    filas("ProvFacturas", 40, [&] {
+      return factura() + "," + Dia() + "," + Dinero() + ",'1',1,0,NULL,NULL,NULL,0," + Sello() +
+             "," + Sello();
+    });
+    filas("ProvBasesIva", 60, [&] {
+      return factura() + "," + Texto({"0", "1", "2"}) + "," + Dinero() + "," + Dinero() + "," +
+             Dinero() + "," + Sello() + "," + Sello();
+    });
+    filas("ProvVencimientos", 90, [&] {
+      return factura() + "," + Dia() + "," + Dinero() + "," + Dinero() + "," + Sello() + "," +
+             Sello() + "," + Sello();
+    });
+    return sql.str();
+  }
+  void Comparar() {
+    for (const std::string& escrita : Sentencias()) {
+      const auto llanas = Filas(Traducida(escrita, kSinNumeros));
+      ASSERT_EQ(Filas(Traducida(escrita, sqlite::DialectoSqlite)), llanas) << escrita;
+      vistas += llanas.size();
+    }
+  }
+
+  pruebas::CarpetaTemporal carpeta;
+  services::Ref<sqlite::Conexion> conexion =
+      sqlite::AbrirConexion(carpeta.Fichero("datos.db"), {.UnidadDeTrabajo = false, .Crear = true});
+  std::size_t vistas = 0;
+};
+
+TEST_F(FilasDistintas, PorSusNumerosSonLasMismasYEnElMismoOrden) {
+  esquema::CrearAlmacenadas(*conexion);
+  for (int i = 0; i < 60; ++i) {
+    conexion->Ejecutar(
+        "BEGIN; DELETE FROM ProvFacturas; DELETE FROM ProvBasesIva; DELETE FROM ProvVencimientos; "
+        "DELETE FROM ProvConceptos; " +
+        Azar() + "COMMIT");
+    Comparar();
+  }
+  EXPECT_GT(vistas, 5'000U);
+  for (const std::string& escrita : Sentencias()) EXPECT_TRUE(SeReescribe(escrita)) << escrita;
+}
+
+/// Tables that another program has made, with the same columns.
+class DeOtroPrograma : public FilasDistintas, public testing::WithParamInterface<const char*> {};
+
+TEST_P(DeOtroPrograma, SinUnaClaveCierta) {
+  esquema::CrearAlmacenadas(*conexion);
+  const auto leida = conexion->Consultar(
+      "SELECT sql FROM sqlite_schema WHERE type = 'table' AND name LIKE 'Prov%'");
+  std::string sql;
+  for (std::size_t i = 0; i < leida.Filas.Cuantas(); ++i) {
+    std::string creacion = leida.Filas.En(i, 0).Texto();
+    const std::string que = std::string(GetParam()).substr(0, std::string(GetParam()).find('|'));
+    const std::string por = std::string(GetParam()).substr(que.size() + 1);
+    for (std::size_t en = 0; (en = creacion.find(que, en)) != std::string::npos; en += por.size()) {
+      creacion.replace(en, que.size(), por);
+    }
+    sql += creacion + ";";
+  }
+  conexion->Ejecutar(
+      "DROP TABLE ProvFacturas; DROP TABLE ProvBasesIva; DROP TABLE ProvVencimientos; DROP TABLE "
+      "ProvConceptos; DROP TABLE ProvPrevisionPagos;" +
+      sql + Azar());
+  Comparar();
+  for (const std::string& escrita : Sentencias()) EXPECT_FALSE(SeReescribe(escrita)) << escrita;
+}
+
+INSTANTIATE_TEST_SUITE_P(Semirreunion, DeOtroPrograma,
+                         testing::Values(" NOT NULL|", "PRIMARY KEY (|UNIQUE (",
+                                         "COLLATE ES|COLLATE NOCASE"));
+
+}  // namespace
