@@ -92,21 +92,62 @@ FROM TempCajaPagos AS t WHERE t.idSucursal = CajaPagos.idSucursal
   AND t.FechaHora = CajaPagos.FechaHora AND t.Tipo = CajaPagos.Tipo;
 )";
 
+constexpr const char* kCargarEnteras = R"(
+INSERT INTO TempProvFacturas
+SELECT NConcepto, Factura, Año, Fecha, Total, forpago, NRecibos, Dias1Vto, BIRPF, TipoIRPF, IRPF,
+       Cadencia, Actualizado, ModificadoPor FROM ProvFacturas;
+INSERT INTO TempProvBasesIva
+SELECT NConcepto, NFactura, Año, Tipo, Base, Importe, Exento FROM ProvBasesIva;
+INSERT INTO TempProvVencimientos
+SELECT NConcepto, NFactura, Año, FechaVto, Importe, Pagado, Fechapago, Actualizado, ModificadoPor, 1
+FROM ProvVencimientos;
+INSERT INTO TempCajaPagos SELECT * FROM CajaPagos;
+)";
+
+constexpr const char* kGrabarEnteras = R"(
+DELETE FROM ProvFacturas;
+DELETE FROM ProvBasesIva;
+DELETE FROM ProvVencimientos;
+INSERT INTO ProvFacturas
+SELECT NConcepto, Factura, Año, Fecha, Total, forpago, NRecibos, Dias1Vto, BIRPF, TipoIRPF, IRPF,
+       Cadencia, '2005-03-15 11:00:00', 'ANA' FROM TempProvFacturas;
+INSERT INTO ProvBasesIva
+SELECT NConcepto, NFactura, Año, Tipo, Base, Importe, Exento, '2005-03-15 11:00:00', 'ANA'
+FROM TempProvBasesIva;
+INSERT INTO ProvVencimientos
+SELECT NConcepto, NFactura, Año, FechaVto, Importe, Pagado, Fechapago, '2005-03-15 11:00:00', 'ANA'
+FROM TempProvVencimientos;
+UPDATE CajaPagos SET Factura = coalesce(Factura, ''), Año = coalesce(Año, ''),
+                     Actualizado = '2005-03-15 11:00:00', ModificadoPor = 'ANA';
+)";
+
 }  // namespace
 
-CopiaDirecta::CopiaDirecta(const apoyo::NegocioDePrueba& negocio) : conexion_(negocio.AbrirTemp()) {
+DosFicheros::DosFicheros(const apoyo::NegocioDePrueba& negocio) : conexion_(negocio.AbrirTemp()) {
+  conexion_->Adjuntar(negocio.FicheroDatos(), "datos");
   conexion_->Ejecutar(
-      "ATTACH '" + negocio.FicheroDatos() +
-      "' AS datos; PRAGMA datos.synchronous = FULL; PRAGMA datos.cache_size = -65536; "
+      "PRAGMA datos.synchronous = FULL; PRAGMA datos.cache_size = -65536; "
       "SELECT count(*) FROM datos.sqlite_schema");
 }
 
+void DosFicheros::Ejecutar(const std::string& sql) {
+  conexion_->Ejecutar("BEGIN IMMEDIATE;" + sql + "COMMIT");
+}
+
 void CopiaDirecta::Cargar() {
-  conexion_->Ejecutar(std::string("BEGIN IMMEDIATE;") + kVaciar + kCargar + "COMMIT");
+  Ejecutar(std::string(kVaciar) + kCargar);
 }
 
 void CopiaDirecta::Grabar() {
-  conexion_->Ejecutar(std::string("BEGIN IMMEDIATE;") + kGrabar + kVaciar + "COMMIT");
+  Ejecutar(std::string(kGrabar) + kVaciar);
+}
+
+void CopiaEntera::Cargar() {
+  Ejecutar(std::string(kVaciar) + kCargarEnteras);
+}
+
+void CopiaEntera::Grabar() {
+  Ejecutar(std::string(kGrabarEnteras) + kVaciar);
 }
 
 }  // namespace medidas

@@ -8,18 +8,39 @@
 namespace medidas {
 
 /// Both files behind one connection, with the same options as the component's two.
-class CopiaDirecta {
+class DosFicheros {
  public:
-  explicit CopiaDirecta(const apoyo::NegocioDePrueba& negocio);
+  explicit DosFicheros(const apoyo::NegocioDePrueba& negocio);
 
-  /// Fills the working tables with March 2005, in one transaction.
-  void Cargar();
-  /// Replaces the stored rows of March 2005 by the working tables, in one transaction, and empties
-  /// these.
-  void Grabar();
+ protected:
+  /// In one transaction.
+  void Ejecutar(const std::string& sql);
 
  private:
   services::Ref<sqlite::Conexion> conexion_;
+};
+
+/// By the joins of the system's own statements.
+class CopiaDirecta : private DosFicheros {
+ public:
+  using DosFicheros::DosFicheros;
+
+  /// Fills the working tables with March 2005.
+  void Cargar();
+  /// Replaces the stored rows of March 2005 by the working tables, and empties these.
+  void Grabar();
+};
+
+/// The yardstick: whole tables, into the same indexes, and nothing looked for. The rows are the
+/// same in a business all of whose rows are of March 2005.
+class CopiaEntera : private DosFicheros {
+ public:
+  using DosFicheros::DosFicheros;
+
+  void Cargar();
+  /// Deletes all that is stored, writes the working tables in its place, stamps the cash entries,
+  /// and empties the working tables.
+  void Grabar();
 };
 
 }  // namespace medidas

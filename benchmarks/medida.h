@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <chrono>
+#include <string>
 #include <vector>
 
 #include "apoyo/negocio_de_prueba.h"
@@ -31,6 +32,15 @@ class Tiempos {
  private:
   std::vector<double> tiempos_;
 };
+
+/// What was measured beside each other has done the same.
+inline void ExigirLoMismo(benchmark::State& state, const std::vector<std::string>& resumenes) {
+  for (const std::string& resumen : resumenes) {
+    if (resumen == resumenes.front()) continue;
+    const std::string motivo = "no son las mismas filas: " + resumenes.front() + " / " + resumen;
+    state.SkipWithError(motivo.c_str());
+  }
+}
 
 inline constexpr int kApuntes = 10'000;
 inline constexpr int kFacturasDeReferencia = 1'000;
