@@ -3,7 +3,6 @@
 #include "apoyo/componente_en_marcha.h"
 #include "forms/entrada.h"
 #include "medida.h"
-#include "otros_meses.h"
 
 // A month of ten years: what is stored besides the range costs nothing.
 
@@ -26,9 +25,9 @@ Partes Medir(const apoyo::NegocioDePrueba& negocio) {
   apoyo::ComponenteEnMarcha enMarcha(services::Ref<services::Conexion>(negocio.AbrirDatos()),
                                      services::Ref<services::Conexion>(negocio.AbrirTemp()),
                                      apoyo::kMarzo);
-  auto& pantalla = enMarcha.Pantalla();
   Partes partes{};
   partes.Carga = Segundos([&] { static_cast<void>(enMarcha.Cargar()); });
+  auto& pantalla = enMarcha.Pantalla();
   partes.Lista = Segundos(
       [&] { enMarcha.Sesion().Escritorio().Operacion([&] { pantalla.Lista.CargarGrip(); }); });
   partes.Grabacion = Segundos([&] { services::entrada::Pulsar(pantalla.BotonAceptar); });
@@ -37,8 +36,7 @@ Partes Medir(const apoyo::NegocioDePrueba& negocio) {
 
 void MesDeDiezAnios(benchmark::State& state) {
   const apoyo::NegocioDePrueba mes(apoyo::Tamano{kFacturasDelMes, kFacturasDelMes});
-  const apoyo::NegocioDePrueba todo(mes);
-  Ampliar(todo, kMeses - 1);
+  const apoyo::NegocioDePrueba todo(apoyo::Tamano{kFacturasDelMes, kFacturasDelMes, kMeses});
   Tiempos cargaDelMes, listaDelMes, grabacionDelMes, carga, lista, grabacion;
   for (auto vuelta : state) {
     (void)vuelta;

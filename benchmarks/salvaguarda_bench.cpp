@@ -2,7 +2,6 @@
 
 #include "apoyo/sesion_sin_pantalla.h"
 #include "medida.h"
-#include "otros_meses.h"
 #include "salvaguarda/guardia.h"
 
 // What the suite's guard adds to a load and to a commit: its picture, its copy, its comparison;
@@ -11,6 +10,30 @@
 
 namespace medidas {
 namespace {
+
+/// Adds to a store as many times its invoices again, in other years.
+void Ampliar(const apoyo::NegocioDePrueba& negocio, int veces) {
+  const auto datos = negocio.AbrirDatos();
+  for (int i = 1; i <= veces; ++i) {
+    const std::string anio = "'" + std::to_string(2005 + i) + "'";
+    const std::string vence = anio + " || substr(FechaVto, 5)";
+    datos->Ejecutar(
+        "BEGIN; "
+        "INSERT INTO ProvFacturas SELECT NConcepto, Factura || '-' || " +
+        anio + ", " + anio +
+        ", Fecha, Total, forpago, NRecibos, Dias1Vto, BIRPF, TipoIRPF, IRPF, Cadencia, "
+        "Actualizado, ModificadoPor FROM ProvFacturas WHERE Año = '2005'; "
+        "INSERT INTO ProvBasesIva SELECT NConcepto, NFactura || '-' || " +
+        anio + ", " + anio +
+        ", Tipo, Base, Importe, Exento, Actualizado, ModificadoPor FROM ProvBasesIva "
+        "WHERE Año = '2005'; "
+        "INSERT INTO ProvVencimientos SELECT NConcepto, NFactura || '-' || " +
+        anio + ", " + anio + ", " + vence +
+        ", Importe, Pagado, Fechapago, Actualizado, ModificadoPor FROM ProvVencimientos "
+        "WHERE Año = '2005'; COMMIT");
+  }
+  datos->Ejecutar("PRAGMA wal_checkpoint(TRUNCATE)");
+}
 
 /// A component at work on March, and a guard beside it that sees nothing of it by itself.
 class Puesto {

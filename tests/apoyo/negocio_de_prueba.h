@@ -14,10 +14,12 @@
 namespace apoyo {
 
 /// Its invoices have two bases and three receipts each, all of them due in March 2005; half of its
-/// cash entries, of February 2005, belong to one of its invoices.
+/// cash entries, of February 2005, belong to one of its invoices. There may be as many invoices
+/// again in each of some months before.
 struct Tamano {
   int Facturas = 0;
   int Apuntes = 0;
+  int Meses = 1;
 };
 
 inline const services::FechaHora kMarzo = services::HacerFecha(2005, 3, 15, 11);
@@ -29,8 +31,8 @@ class NegocioDePrueba {
   explicit NegocioDePrueba(Tamano tamano) {
     auto datos = sqlite::AbrirConexion(FicheroDatos(), {.Crear = true});
     esquema::CrearAlmacenadas(*datos);
-    datos->Ejecutar("BEGIN; " + Conceptos() + Facturas(tamano.Facturas) + Bases(tamano.Facturas) +
-                    Vencimientos(tamano.Facturas) + Caja(tamano) +
+    datos->Ejecutar("BEGIN; " + Conceptos() + Facturas(tamano) + Bases(tamano) +
+                    Vencimientos(tamano) + Caja(tamano) +
                     "COMMIT; PRAGMA wal_checkpoint(TRUNCATE)");
     auto temp = sqlite::AbrirConexion(FicheroTemp(), {.Crear = true});
     esquema::CrearDeTrabajo(*temp);
@@ -62,24 +64,34 @@ class NegocioDePrueba {
   static std::string Conceptos() {
     return Filas("ProvConceptos", 200, "CAST(i + 1 AS TEXT), printf('Proveedor número %d', i)");
   }
-  static std::string Facturas(int facturas) {
-    return Filas("ProvFacturas", facturas,
-                 "CAST(i % 200 + 1 AS TEXT), printf('F%06d', i), '2005', "
-                 "printf('200502%02d', i % 28 + 1), 321.45 + i % 1000, '2', 3, 30, 10, 0, 0, 0, " +
-                     Sello());
+  /// A part of the month of an invoice, such as `%Y`; `ultimo` is that of the last ones.
+  static std::string Parte(const char* cual, const std::string& factura, Tamano tamano,
+                           const char* ultimo) {
+    return "strftime('" + std::string(cual) + "', '" + ultimo + "-01', printf('-%d months', (" +
+           factura + ") / " + std::to_string(tamano.Facturas) + "))";
   }
-  static std::string Bases(int facturas) {
-    return Filas("ProvBasesIva", facturas * 2,
-                 "CAST(i / 2 % 200 + 1 AS TEXT), printf('F%06d', i / 2), '2005', "
-                 "CAST(i % 2 + 1 AS TEXT), 120.15 + i % 700, 19.22, NULL, " +
-                     Sello());
+  static std::string Facturas(Tamano tamano) {
+    return Filas(
+        "ProvFacturas", tamano.Facturas * tamano.Meses,
+        "CAST(i % 200 + 1 AS TEXT), printf('F%06d', i), " + Parte("%Y", "i", tamano, "2005-02") +
+            ", " + Parte("%Y%m", "i", tamano, "2005-02") +
+            " || printf('%02d', i % 28 + 1), 321.45 + i % 1000, '2', 3, 30, 10, 0, 0, 0, " +
+            Sello());
   }
-  static std::string Vencimientos(int facturas) {
-    return Filas("ProvVencimientos", facturas * 3,
-                 "CAST(i / 3 % 200 + 1 AS TEXT), printf('F%06d', i / 3), '2005', "
-                 "printf('200503%02d', i / 3 % 9 + 1 + i % 3 * 10), 107.15 + i % 900, "
-                 "CASE i % 2 WHEN 0 THEN 107.15 + i % 900 ELSE 0 END, "
-                 "CASE i % 2 WHEN 0 THEN '20050304' END, " +
+  static std::string Bases(Tamano tamano) {
+    return Filas("ProvBasesIva", tamano.Facturas * tamano.Meses * 2,
+                 "CAST(i / 2 % 200 + 1 AS TEXT), printf('F%06d', i / 2), " +
+                     Parte("%Y", "i / 2", tamano, "2005-02") +
+                     ", CAST(i % 2 + 1 AS TEXT), 120.15 + i % 700, 19.22, NULL, " + Sello());
+  }
+  static std::string Vencimientos(Tamano tamano) {
+    return Filas("ProvVencimientos", tamano.Facturas * tamano.Meses * 3,
+                 "CAST(i / 3 % 200 + 1 AS TEXT), printf('F%06d', i / 3), " +
+                     Parte("%Y", "i / 3", tamano, "2005-02") + ", " +
+                     Parte("%Y%m", "i / 3", tamano, "2005-03") +
+                     " || printf('%02d', i / 3 % 9 + 1 + i % 3 * 10), 107.15 + i % 900, "
+                     "CASE i % 2 WHEN 0 THEN 107.15 + i % 900 ELSE 0 END, "
+                     "CASE i % 2 WHEN 0 THEN '20050304' END, " +
                      Sello());
   }
   static std::string Caja(Tamano tamano) {
