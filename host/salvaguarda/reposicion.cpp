@@ -134,8 +134,8 @@ std::string Leer(const Tabla& tabla, std::string_view alias) {
 std::string QueDifieren(sqlite::Conexion& base, const Tabla& tabla) {
   const std::string por = Juntar({" USING (", NombresDeClave(tabla), ", Puesto)"});
   const bool apuntes = tabla.Que == Tabla::Cosa::Apunte;
-  const std::string consulta = Juntar({LosDosLados(base, tabla), Leer(tabla, "a"), " FROM a ",
-                                       apuntes ? "JOIN b" : "LEFT JOIN b", por});
+  std::string consulta = Juntar({LosDosLados(base, tabla), Leer(tabla, "a"), " FROM a ",
+                                 apuntes ? "JOIN b" : "LEFT JOIN b", por});
   if (apuntes) return consulta;
   return Juntar({consulta, " UNION ALL ", Leer(tabla, "b"), " FROM b LEFT JOIN a", por,
                  " WHERE a.Fila IS NULL"});

@@ -130,7 +130,7 @@ bool Semirreunion::TraeUna(const Junta& junta, int fuente) const {
 }
 
 std::string Semirreunion::TextoDe(int fuente) const {
-  const std::string tabla = Entre(motor_.Comilla, TablaDe(fuente).Nombre);
+  std::string tabla = Entre(motor_.Comilla, TablaDe(fuente).Nombre);
   if (En(fuente).Nombre == TablaDe(fuente).Nombre) return tabla;
   return tabla + " AS " + Entre(motor_.Comilla, En(fuente).Nombre);
 }

@@ -4,7 +4,6 @@
 #include <array>
 #include <charconv>
 #include <chrono>
-#include <cstdio>
 
 #include "valores/error.h"
 #include "valores/texto.h"
@@ -200,13 +199,21 @@ std::string TextoDeFecha(FechaHora momento) {
   return TextoDeDia(momento) + ' ' + TextoDeHora(momento.Segundos);
 }
 
+// Written figure by figure: each stored row is stamped with one.
 std::string TextoIso(FechaHora momento) {
   const Calendario dia = Descomponer(momento);
   const int segundos = momento.Segundos;
-  std::array<char, 64> texto{};
-  std::snprintf(texto.data(), texto.size(), "%04d-%02d-%02d %02d:%02d:%02d", dia.Anio, dia.Mes,
-                dia.Dia, segundos / 3600, segundos / 60 % 60, segundos % 60);
-  return texto.data();
+  std::string texto = "0000-00-00 00:00:00";
+  const auto poner = [&](std::size_t desde, std::size_t cifras, int valor) {
+    for (; cifras > 0; valor /= 10) texto[desde + --cifras] = static_cast<char>('0' + valor % 10);
+  };
+  poner(0, 4, dia.Anio);
+  poner(5, 2, dia.Mes);
+  poner(8, 2, dia.Dia);
+  poner(11, 2, segundos / 3600);
+  poner(14, 2, segundos / 60 % 60);
+  poner(17, 2, segundos % 60);
+  return texto;
 }
 
 std::string FechaLarga(FechaHora momento) {
