@@ -119,6 +119,22 @@ bool EsAscii(char c) noexcept {
   return Byte(c) < 0x80;
 }
 
+/// Whether the byte at that place, if there is one, may belong to the character before it.
+bool Continua(std::string_view texto, std::size_t i) noexcept {
+  return i < texto.size() && (Byte(texto[i]) & 0xC0) == 0x80;
+}
+
+/// How many bytes both texts begin with, up to a character's beginning: whatever byte doesn't
+/// continue one begins one.
+std::size_t LosMismosCaracteres(std::string_view a, std::string_view b) noexcept {
+  const std::size_t comunes = std::min(a.size(), b.size());
+  std::size_t i = 0;
+  while (i < comunes && a[i] == b[i]) ++i;
+  while (i > 0 && (Continua(a, i) || Continua(b, i))) --i;
+
+  return i;
+}
+
 /// Of each ASCII sign.
 constexpr std::array<unsigned char, 0x80> kMinusculas = [] {
   std::array<unsigned char, 0x80> todas{};
@@ -165,10 +181,10 @@ std::string EnUnaLinea(std::string_view texto) {
   return linea;
 }
 
-// A key is ASCII nearly always: a letter is then a byte, and has no accent.
+// Names begin alike, and keys are ASCII: a letter is then a byte, and has no accent.
 int CompararTexto(std::string_view a, std::string_view b) noexcept {
   const std::size_t comunes = std::min(a.size(), b.size());
-  std::size_t i = 0;
+  std::size_t i = LosMismosCaracteres(a, b);
   for (; i < comunes && EsAscii(a[i]) && EsAscii(b[i]); ++i) {
     const int letras = Comparar(kMinusculas[Byte(a[i])], kMinusculas[Byte(b[i])]);
     if (letras != 0) return letras;
