@@ -1,10 +1,10 @@
 #include <QApplication>
 #include <QFileInfo>
 #include <QTemporaryDir>
-#include <fstream>
 #include <string>
 
 #include "medida.h"
+#include "memoria.h"
 #include "papel/lista_impresa.h"
 #include "papel/pdf_directo.h"
 #include "qt/informe_pdf.h"
@@ -30,25 +30,6 @@ class Hojas final : public qt::PapelQt {
  private:
   std::vector<PaginaDirecta>& paginas_;
 };
-
-/// Kilobytes that the process takes (`VmRSS`), or has taken at most (`VmHWM`).
-double Memoria(const std::string& cual) {
-  std::ifstream estado("/proc/self/status");
-  for (std::string clave; estado >> clave;) {
-    double cuanto = 0;
-    if (clave == cual + ":" && estado >> cuanto) return cuanto;
-  }
-  return 0;
-}
-
-/// What an action takes at most beyond what there was.
-template <class Accion>
-double MemoriaDe(const Accion& accion) {
-  std::ofstream("/proc/self/clear_refs") << "5";
-  const double antes = Memoria("VmRSS");
-  accion();
-  return Memoria("VmHWM") - antes;
-}
 
 void Pdf(benchmark::State& state) {
   const auto filas = static_cast<int>(state.range(0));

@@ -131,7 +131,6 @@ std::size_t LosMismosCaracteres(std::string_view a, std::string_view b) noexcept
   std::size_t i = 0;
   while (i < comunes && a[i] == b[i]) ++i;
   while (i > 0 && (Continua(a, i) || Continua(b, i))) --i;
-
   return i;
 }
 
