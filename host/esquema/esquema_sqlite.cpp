@@ -31,38 +31,45 @@ std::string TipoDe(const Columna& columna) {
   return {};
 }
 
-// The statements find invoices in four ways, each with an index that begins with what it tells:
-// by a range of due dates; from there by concept and number without the year, which the keys
-// serve; by the trimmed number, whatever blanks are stored around it; and, for cash entries, by
-// having no invoice yet. The range's index carries the invoice with it, so that the table itself
-// isn't read. Those by the trimmed number end in the number as stored: they then hold all that a
+// Each index is for the statements that its comment tells; `./bench --benchmark_filter=SinIndice`
+// says what load and commit take without it. One that ends in the number as stored holds all that a
 // DELETE looks at, as the key does, and the engine no longer takes the key, of which it knows the
-// concept alone. A cash entry is found by its moment, however that is written.
+// concept alone. What a cash entry is found by is its moment, however that is written.
 constexpr std::array IndicesAlmacenados = {
+    // The range of a load and of a commit. It carries the invoice, so that the table isn't read.
     "CREATE INDEX VencimientosPorFecha ON ProvVencimientos (FechaVto, NConcepto, NFactura)",
+    // A commit's deletions of each invoice, by its number whatever blanks are stored around it.
     "CREATE INDEX VencimientosPorFactura ON ProvVencimientos "
     "(trim(NFactura) COLLATE ES, NConcepto, Año, NFactura)",
     "CREATE INDEX BasesPorFactura ON ProvBasesIva (trim(NFactura) COLLATE ES, NConcepto, Año, "
     "NFactura)",
+    // The same, and the acceptance of an entry, which looks whether its number is stored.
     "CREATE INDEX FacturasPorNumero ON ProvFacturas (trim(Factura) COLLATE ES, NConcepto, Año, "
     "Factura)",
+    // The forecasts of a load, and their deletion by a commit.
     "CREATE INDEX PrevisionPorFecha ON ProvPrevisionPagos (Fecha1Vto)",
+    // A load's entries of each invoice; then those without one; a commit's link of each entry.
     "CREATE INDEX CajaPorFactura ON CajaPagos (trim(Factura) COLLATE ES, Tipo, Año)",
     "CREATE INDEX CajaPendiente ON CajaPagos (Factura)",
     "CREATE INDEX CajaPorMomento ON CajaPagos (idSucursal, MOMENTO(FechaHora), Tipo)",
+    // A concept by the code or the name that was typed. Nothing of the component writes there.
     "CREATE INDEX ConceptosPorCodigo ON ProvConceptos (trim(NConcepto) COLLATE ES)",
     "CREATE INDEX ConceptosPorNombre ON ProvConceptos (trim(Descripcion) COLLATE ES)",
 };
 
 constexpr std::array IndicesDeTrabajo = {
+    // A commit's look for each payment that was typed; the receipts of an entry; deletions.
     "CREATE INDEX TempVencimientosPorFactura ON TempProvVencimientos "
     "(trim(NFactura) COLLATE ES, NConcepto, Año, NFactura)",
+    // The bases and the invoice of an entry, when it is opened, accepted and deleted.
     "CREATE INDEX TempBasesPorFactura ON TempProvBasesIva "
     "(trim(NFactura) COLLATE ES, NConcepto, Año, NFactura)",
     "CREATE INDEX TempFacturasPorNumero ON TempProvFacturas "
     "(trim(Factura) COLLATE ES, NConcepto, Año, Factura)",
+    // The entries that a deleted invoice lets go of; the one that is marked on the cash screen.
     "CREATE INDEX TempCajaPorFactura ON TempCajaPagos (trim(Factura) COLLATE ES, Tipo, Año)",
     "CREATE INDEX TempCajaPorMomento ON TempCajaPagos (Tipo, MOMENTO(FechaHora))",
+    // The occurrences of a forecast that aren't to be listed.
     "CREATE INDEX TempBorrarPorConcepto ON TempTesvaraBorrar (NConcepto)",
 };
 

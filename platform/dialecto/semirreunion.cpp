@@ -32,8 +32,7 @@ class Semirreunion {
   [[nodiscard]] const Fuente& En(int fuente) const {
     return reunion_.Fuentes[static_cast<std::size_t>(fuente)];
   }
-  [[nodiscard]] bool EsArbol() const;
-  [[nodiscard]] std::uint64_t Alcanzadas(int fuente, const Junta* sin) const;
+  [[nodiscard]] bool EsCamino() const;
   [[nodiscard]] static int LaOtra(const Junta& junta, int fuente) {
     return std::countr_zero(junta.Fuentes & ~Bit(fuente));
   }
@@ -49,20 +48,8 @@ class Semirreunion {
   [[nodiscard]] std::string TextoDe(const Junta& junta) const {
     return std::string(reunion_.Texto.substr(junta.Desde, junta.Hasta - junta.Desde));
   }
-  /// What stands behind FROM and behind WHERE to have some rows of a table.
-  struct Filas {
-    std::string De;
-    std::string Donde = {};
-    /// Whether their numbers are found first.
-    bool PorNumeros = false;
-
-    void Anadir(const std::string& condicion) {
-      if (!condicion.empty()) Donde.append(Donde.empty() ? "" : " AND ").append(condicion);
-    }
-    [[nodiscard]] std::string Where() const { return Donde.empty() ? "" : " WHERE " + Donde; }
-  };
-  [[nodiscard]] Filas FilasDe(int fuente, const Junta* desde) const;
-  void Restringir(Filas& filas, int fuente, const Junta& junta) const;
+  [[nodiscard]] const Junta* Siguiente(int fuente, const Junta* desde) const;
+  [[nodiscard]] std::string FilasDe(int fuente, const Junta* desde) const;
 
   const Motor& motor_;
   const Reunion& reunion_;
@@ -71,35 +58,31 @@ class Semirreunion {
 bool Semirreunion::Posible() const {
   if (motor_.NumeroDeFila.empty() || TablaDe(reunion_.Elegida).Clave.empty()) return false;
   const Junta* donde = reunion_.Donde;
-  if (donde && (!donde->Calificada || std::popcount(donde->Fuentes) != 1)) return false;
-  if (!EsArbol()) return false;
-  std::uint64_t consultas = 0;
-  for (const Junta& junta : reunion_.Juntas) {
-    if (EsConsulta(junta)) consultas |= Bit(LaOtra(junta, reunion_.Elegida));
-  }
-  return (reunion_.ConColumnas & ~consultas) == 0;
-}
-
-/// Whether each join is of two tables, and each table is reached from the chosen one by one way.
-bool Semirreunion::EsArbol() const {
-  const auto cuantas = static_cast<int>(reunion_.Fuentes.size());
-  if (static_cast<int>(reunion_.Juntas.size()) != cuantas - 1) return false;
+  if (!donde || !donde->Calificada || std::popcount(donde->Fuentes) != 1) return false;
   const bool deDos = std::ranges::all_of(reunion_.Juntas, [](const Junta& junta) {
     return junta.Calificada && !junta.ConLiterales && std::popcount(junta.Fuentes) == 2;
   });
-  return deDos && std::popcount(Alcanzadas(reunion_.Elegida, nullptr)) == cuantas;
+  return deDos && EsCamino();
 }
 
-/// The tables that one is joined to, directly or not, by all joins but `sin`.
-std::uint64_t Semirreunion::Alcanzadas(int fuente, const Junta* sin) const {
-  std::uint64_t todas = Bit(fuente);
-  for (std::uint64_t antes = 0; antes != todas;) {
-    antes = todas;
-    for (const Junta& junta : reunion_.Juntas) {
-      if (&junta != sin && (junta.Fuentes & todas) != 0) todas |= junta.Fuentes;
-    }
+/// Whether all tables but those that are looked up are on the way from the chosen one to that of
+/// the condition, each once, and nothing is selected of those on it.
+bool Semirreunion::EsCamino() const {
+  std::uint64_t vistas = Bit(reunion_.Elegida);
+  for (const Junta& junta : reunion_.Juntas) {
+    if (EsConsulta(junta)) vistas |= junta.Fuentes;
   }
-  return todas;
+  if ((reunion_.ConColumnas & ~vistas) != 0) return false;
+  int fuente = reunion_.Elegida;
+  for (const Junta* junta = Siguiente(fuente, nullptr); junta; junta = Siguiente(fuente, junta)) {
+    fuente = LaOtra(*junta, fuente);
+    if ((vistas & Bit(fuente)) != 0) return false;
+    vistas |= Bit(fuente);
+  }
+  const auto cuantas = reunion_.Fuentes.size();
+  const bool todas = static_cast<std::size_t>(std::popcount(vistas)) == cuantas &&
+                     reunion_.Juntas.size() == cuantas - 1;
+  return todas && fuente != reunion_.Elegida && reunion_.Donde->Fuentes == Bit(fuente);
 }
 
 /// Whether a join does no more than look up a row for each one of the chosen table: its columns are
@@ -107,8 +90,10 @@ std::uint64_t Semirreunion::Alcanzadas(int fuente, const Junta* sin) const {
 bool Semirreunion::EsConsulta(const Junta& junta) const {
   if ((junta.Fuentes & Bit(reunion_.Elegida)) == 0) return false;
   const int fuente = LaOtra(junta, reunion_.Elegida);
-  const bool esHoja = std::popcount(Alcanzadas(fuente, &junta)) == 1;
-  const bool conDonde = reunion_.Donde && reunion_.Donde->Fuentes == Bit(fuente);
+  const bool esHoja = std::ranges::count_if(reunion_.Juntas, [&](const Junta& una) {
+                        return (una.Fuentes & Bit(fuente)) != 0;
+                      }) == 1;
+  const bool conDonde = reunion_.Donde->Fuentes == Bit(fuente);
   return esHoja && !conDonde && (reunion_.ConColumnas & Bit(fuente)) != 0 && TraeUna(junta, fuente);
 }
 
@@ -143,45 +128,35 @@ std::string Semirreunion::Junto(int fuente, const Junta& junta) const {
   return std::string(motor_.JuntaEnOrden) + TextoDe(fuente) + " ON " + TextoDe(junta);
 }
 
-/// The rows of a table that meet the statement's condition, if it looks at that table, and for
-/// which there are rows of the tables joined to it, but for the one that it is looked at from.
-Semirreunion::Filas Semirreunion::FilasDe(int fuente, const Junta* desde) const {
-  Filas filas{.De = TextoDe(fuente)};
-  if (reunion_.Donde && reunion_.Donde->Fuentes == Bit(fuente)) {
-    filas.Anadir("(" + TextoDe(*reunion_.Donde) + ")");
-  }
-  for (const Junta& junta : reunion_.Juntas) {
-    const bool suya = (junta.Fuentes & Bit(fuente)) != 0;
-    if (suya && &junta != desde && !EsConsulta(junta)) Restringir(filas, fuente, junta);
-  }
-  return filas;
+/// The join by which a table is reached, from the side of the table that the condition looks at.
+const CondicionEscrita* Semirreunion::Siguiente(int fuente, const Junta* desde) const {
+  const auto siguiente = std::ranges::find_if(reunion_.Juntas, [&](const Junta& junta) {
+    return &junta != desde && (junta.Fuentes & Bit(fuente)) != 0 && !EsConsulta(junta);
+  });
+  return siguiente == reunion_.Juntas.end() ? nullptr : &*siguiente;
 }
 
-/// The first table joined to it is gone through first, and finds the rows in the order in which the
-/// plain joins come upon them. Others are only asked whether they have any.
-void Semirreunion::Restringir(Filas& filas, int fuente, const Junta& junta) const {
-  Filas suyas = FilasDe(LaOtra(junta, fuente), &junta);
+/// What stands behind FROM to have the rows of a table that are joined to some that meet the
+/// condition: in the order in which the plain joins come upon them.
+std::string Semirreunion::FilasDe(int fuente, const Junta* desde) const {
+  const Junta* junta = Siguiente(fuente, desde);
+  if (!junta) return TextoDe(fuente);
+  const int otra = LaOtra(*junta, fuente);
   const std::string numero = NumeroDe(fuente);
-  const std::string numeros = suyas.De + Junto(fuente, junta);
-  if (filas.PorNumeros) {
-    return filas.Anadir(numero + " IN (SELECT " + numero + " FROM " + numeros + suyas.Where() +
-                        ")");
-  }
-  suyas.Anadir(std::exchange(filas.Donde, ""));
   const std::string halladas = Entre(motor_.Comilla, "filas de " + std::string(En(fuente).Nombre));
-  filas.De = "(SELECT DISTINCT " + numero + " AS fila FROM " + numeros + suyas.Where() + ") AS " +
-             halladas + std::string(motor_.JuntaEnOrden) + TextoDe(fuente) + " ON " + numero +
-             " = " + halladas + ".fila";
-  filas.PorNumeros = true;
+  std::string texto = "(SELECT DISTINCT " + numero + " AS fila FROM " + FilasDe(otra, junta) +
+                      Junto(fuente, *junta);
+  if (reunion_.Donde->Fuentes == Bit(otra)) texto += " WHERE " + TextoDe(*reunion_.Donde);
+  return texto + ") AS " + halladas + std::string(motor_.JuntaEnOrden) + TextoDe(fuente) + " ON " +
+         numero + " = " + halladas + ".fila";
 }
 
 std::string Semirreunion::Texto() const {
-  const Filas filas = FilasDe(reunion_.Elegida, nullptr);
-  std::string texto = " FROM " + filas.De;
+  std::string texto = " FROM " + FilasDe(reunion_.Elegida, nullptr);
   for (const Junta& junta : reunion_.Juntas) {
     if (EsConsulta(junta)) texto += Junto(LaOtra(junta, reunion_.Elegida), junta);
   }
-  return texto + filas.Where();
+  return texto;
 }
 
 }  // namespace

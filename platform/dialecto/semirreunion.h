@@ -61,11 +61,11 @@ struct Reunion {
   const CondicionEscrita* Donde = nullptr;
 };
 
-/// What stands behind the columns of a SELECT without DISTINCT that gives the same rows: its FROM
-/// and its WHERE, the literals in the same order. None where the engine has no row numbers, or it
-/// isn't certain that the rows are the same: each row of the chosen table is another by its key,
-/// the other columns come from tables joined to it by theirs, and the joins are a tree in which the
-/// WHERE looks at one table.
+/// What stands behind the columns of a SELECT without DISTINCT that gives the same rows: its FROM,
+/// and in it the WHERE. None where the engine has no row numbers, or it isn't certain that the rows
+/// are the same and sooner found: each row of the chosen table is another by its key, other columns
+/// come from tables joined to it by theirs, and the rest of the joins is a way from it to the one
+/// other table that the WHERE looks at.
 [[nodiscard]] std::optional<std::string> PorNumerosDeFila(const Motor& motor,
                                                           const Reunion& reunion);
 

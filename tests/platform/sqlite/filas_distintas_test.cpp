@@ -47,10 +47,10 @@ const std::vector<std::string>& Sentencias() {
       "(ProvFacturas.NConcepto = ProvVencimientos.NConcepto) AND (ProvFacturas.Factura = "
       "ProvVencimientos.NFactura) WHERE " +
           dentro + " Order By ProvFacturas.Fecha",
-      "SELECT DISTINCT ProvFacturas.* FROM (ProvFacturas INNER JOIN ProvBasesIva ON "
-      "ProvFacturas.Factura = ProvBasesIva.NFactura) INNER JOIN ProvVencimientos ON "
-      "ProvFacturas.Factura = ProvVencimientos.NFactura WHERE ProvFacturas.Total > 3 ORDER BY "
-      "ProvFacturas.Factura, ProvFacturas.NConcepto, ProvFacturas.Año"};
+      "SELECT DISTINCT ProvConceptos.* FROM (ProvConceptos INNER JOIN ProvFacturas ON "
+      "ProvConceptos.NConcepto = ProvFacturas.NConcepto) INNER JOIN ProvBasesIva ON "
+      "ProvFacturas.Factura = ProvBasesIva.NFactura WHERE ProvBasesIva.Base > 2 ORDER BY "
+      "ProvConceptos.NConcepto"};
   return todas;
 }
 
