@@ -24,14 +24,18 @@ class DosTablas final : public dialecto::Catalogo {
                          {"Tipo", services::TipoColumna::Entero},
                          {"Visible", services::TipoColumna::Logico},
                          {"Factura"}},
-                        {"rowid"}};
-  dialecto::Tabla vtos_{"Vtos", {{"Año"}, {"Importe", services::TipoColumna::Moneda}}, {"rowid"}};
+                        {"rowid"},
+                        {3}};
+  dialecto::Tabla vtos_{
+      "Vtos", {{"Año"}, {"Importe", services::TipoColumna::Moneda}}, {"rowid"}, {0}};
 };
 
 constexpr dialecto::Motor Motor = {.Comilla = '"',
                                    .Recorte = {"trim(", ")"},
                                    .RecorteIzquierdo = {"ltrim(", ")"},
-                                   .RecorteDerecho = {"rtrim(", ")"}};
+                                   .RecorteDerecho = {"rtrim(", ")"},
+                                   .NumeroDeFila = "rowid",
+                                   .JuntaEnOrden = " CROSS JOIN "};
 
 void Comprobar(const dialecto::Sentencia& sentencia) {
   bool entreComillas = false;
