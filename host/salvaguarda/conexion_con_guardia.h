@@ -33,6 +33,8 @@ class ConexionConGuardia : public services::ObjetoContado<services::Conexion> {
     dentro_->AbandonarUnidad();
     TrasAbandonar();
   }
+  void EmpezarLectura() noexcept final { dentro_->EmpezarLectura(); }
+  void TerminarLectura() noexcept final { dentro_->TerminarLectura(); }
 
  protected:
   [[nodiscard]] Guardia& LaGuardia() const { return *guardia_; }

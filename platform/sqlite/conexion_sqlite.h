@@ -30,6 +30,8 @@ class Conexion final : public services::ObjetoContado<services::Conexion> {
   [[nodiscard]] std::vector<services::Columna> ColumnasDe(std::string_view tabla) override;
   void TerminarUnidad() override { unidad_.Terminar(); }
   void AbandonarUnidad() noexcept override { unidad_.Abandonar(); }
+  void EmpezarLectura() noexcept override { unidad_.EmpezarLectura(); }
+  void TerminarLectura() noexcept override { unidad_.TerminarLectura(); }
   /// Takes the writer's lock for the unit that now begins, or is under way.
   void EmpezarUnidad() { unidad_.Empezar(); }
   /// `Opciones::UnidadDeTrabajo` from now on; the unit under way ends.

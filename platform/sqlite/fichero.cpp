@@ -60,6 +60,9 @@ void Base::Reservar(const std::string& fichero) {
 // lock that nobody else may hold.
 void Base::Configurar(const std::string& fichero, const Opciones& opciones) {
   sqlite3_extended_result_codes(Motor(), 1);
+  // A file that is new; another keeps its own. With pages of twice the engine's size the indexes
+  // are flatter, and rows in no order of their keys go in a tenth sooner.
+  if (opciones.Crear) Ejecutar("PRAGMA main.page_size = 8192");
   if (opciones.Exclusiva) Reservar(fichero);
   sqlite3_busy_timeout(Motor(), opciones.EsperaMs);
   sqlite3_db_config(Motor(), SQLITE_DBCONFIG_DQS_DML, 0, nullptr);

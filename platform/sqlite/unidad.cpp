@@ -36,6 +36,7 @@ void Unidad::AntesDeEscribir() {
   if (enCurso_ && !perdida_ && !base_.EnTransaccion()) perdida_ = Deshecha();
   if (perdida_) throw ErrorEjecucion(*perdida_);
   if (enCurso_) return;
+  TerminarLectura();
   Intentar([this] {
     base_.ExigirSuFichero();
     if (agrupa_) Paso("BEGIN IMMEDIATE");
@@ -72,6 +73,18 @@ void Unidad::Terminar() {
     Abandonar();
     throw;
   }
+}
+
+// It only says that the next statements are of one transaction: what keeps them from reading is
+// theirs to tell.
+void Unidad::EmpezarLectura() noexcept {
+  if (leyendo_ || base_.EnTransaccion()) return;
+  leyendo_ = sqlite3_exec(base_.Motor(), "BEGIN", nullptr, nullptr, nullptr) == SQLITE_OK;
+}
+
+void Unidad::TerminarLectura() noexcept {
+  if (!std::exchange(leyendo_, false) || !base_.EnTransaccion()) return;
+  sqlite3_exec(base_.Motor(), "COMMIT", nullptr, nullptr, nullptr);
 }
 
 void Unidad::Agrupar(bool agrupa) {

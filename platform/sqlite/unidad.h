@@ -28,6 +28,10 @@ class Unidad {
   void Escribir(sqlite3_stmt* sentencia);
   void Terminar();
   void Abandonar() noexcept;
+  /// What is read from here on is of the moment of the first look, until `TerminarLectura` or the
+  /// first write. In a unit under way it is so anyhow.
+  void EmpezarLectura() noexcept;
+  void TerminarLectura() noexcept;
   /// Whether writes are gathered from now on. Ends the unit under way.
   void Agrupar(bool agrupa);
 
@@ -46,6 +50,7 @@ class Unidad {
   Almacen& almacen_;
   bool agrupa_;
   bool enCurso_ = false;
+  bool leyendo_ = false;
   std::optional<services::ErrorEjecucion> perdida_;
   std::size_t transacciones_ = 0;
 };

@@ -178,6 +178,8 @@ void Carga::CajaPendiente() {
 
 bool CargarTemporales(services::Sesion& sesion, const Intervalo& rango) {
   VaciarTemporales(sesion.CnTemp());
+  // An invoice and its receipts of one moment, though another saves meanwhile.
+  const services::LecturaFija deUnMomento(sesion.CnDatos());
   Carga carga(sesion, rango);
   carga.Facturas();
   carga.Bases();

@@ -52,6 +52,8 @@ class ConexionVigilada final : public services::ObjetoContado<services::Conexion
     detras_->TerminarUnidad();
   }
   void AbandonarUnidad() noexcept override { detras_->AbandonarUnidad(); }
+  void EmpezarLectura() noexcept override { detras_->EmpezarLectura(); }
+  void TerminarLectura() noexcept override { detras_->TerminarLectura(); }
 
  private:
   services::Ref<services::Conexion> detras_;

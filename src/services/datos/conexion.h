@@ -95,8 +95,25 @@ class Conexion : public IUnknown {
   /// Drops what has been written since the last end of a unit.
   virtual void AbandonarUnidad() noexcept = 0;
 
+  /// What a `LecturaFija` asks for. A driver that can't do it does nothing.
+  virtual void EmpezarLectura() noexcept {}
+  virtual void TerminarLectura() noexcept {}
+
  protected:
   ~Conexion() = default;
+};
+
+/// While it lives, the statements that read through a connection see all its tables as they were at
+/// the first of them, whatever others write meanwhile. A write through the connection ends that.
+class LecturaFija {
+ public:
+  explicit LecturaFija(Conexion& conexion) : conexion_(conexion) { conexion_.EmpezarLectura(); }
+  ~LecturaFija() { conexion_.TerminarLectura(); }
+  LecturaFija(const LecturaFija&) = delete;
+  LecturaFija& operator=(const LecturaFija&) = delete;
+
+ private:
+  Conexion& conexion_;
 };
 
 }  // namespace services

@@ -236,6 +236,22 @@ TEST_F(SqliteTest, LaBitácoraEsAntepuestaYLaSincronizaciónLaPedida) {
   EXPECT_EQ(normal->Consultar("PRAGMA synchronous").Filas.En(0, 0).Numero(), 1);
 }
 
+TEST_F(SqliteTest, UnFicheroConOtrasPáginasSigueConEllasYSeCopia) {
+  Crear();
+  const auto paginas = [](sqlite::Conexion& conexion) {
+    return conexion.Consultar("PRAGMA page_size").Filas.En(0, 0).Numero();
+  };
+  EXPECT_EQ(paginas(*Abrir()), 8192);
+  Abrir()->Ejecutar("PRAGMA journal_mode = DELETE; PRAGMA page_size = 4096; VACUUM");
+  auto conexion = Abrir({.Crear = true});
+  EXPECT_EQ(paginas(*conexion), 4096);
+  for (int i = 0; i < 300; ++i) Anadir(*conexion, std::to_string(i));
+  conexion->TerminarUnidad();
+  const std::string copia = carpeta.Fichero("copia.db");
+  conexion->CopiarEn(copia);
+  EXPECT_EQ(Cuantos(*sqlite::AbrirConexion(copia, {.CualquierSentencia = true})), 300);
+}
+
 TEST_F(SqliteTest, ConsultarDaLosTiposDeclarados) {
   Crear();
   auto conexion = Abrir();
