@@ -35,6 +35,9 @@ constexpr dialecto::Motor Motor = {.Comilla = '"',
                                    .RecorteIzquierdo = {"ltrim(", ")"},
                                    .RecorteDerecho = {"rtrim(", ")"},
                                    .NumeroDeFila = "rowid",
+                                   .Reunidos = {"numerar(", ")"},
+                                   .Numeros = {"numeros((", "))"},
+                                   .NumerosEnOrden = {"numeros_en_orden((", "))"},
                                    .JuntaEnOrden = " CROSS JOIN "};
 
 void Comprobar(const dialecto::Sentencia& sentencia) {

@@ -24,8 +24,15 @@ struct Motor {
   Envoltura RecorteDerecho;
   /// A stored moment as it compares; nothing where the engine compares moments by itself.
   Envoltura Momento = {};
-  /// A row's number, which no other row of its table has; empty where the engine has none.
+  /// A row's number, which no other row of its table has; empty where the engine has none, or can't
+  /// gather them.
   std::string_view NumeroDeFila = {};
+  /// The numbers of a SELECT's rows, each once, as one value.
+  Envoltura Reunidos = {};
+  /// A table of what a SELECT has so gathered: `numero`, in the order in which they first came.
+  Envoltura Numeros = {};
+  /// The same sorted by number, with the place where it first came as `orden`.
+  Envoltura NumerosEnOrden = {};
   /// A join whose left side is gone through first.
   std::string_view JuntaEnOrden = " INNER JOIN ";
 };

@@ -18,12 +18,16 @@ bool EsDeLaClave(const Tabla& tabla, int columna) {
   return std::ranges::find(tabla.Clave, columna) != tabla.Clave.end();
 }
 
+std::string Envuelto(const Envoltura& envoltura, const std::string& texto) {
+  return std::string(envoltura.Antes).append(texto).append(envoltura.Despues);
+}
+
 class Semirreunion {
  public:
   Semirreunion(const Motor& motor, const Reunion& reunion) : motor_(motor), reunion_(reunion) {}
 
   [[nodiscard]] bool Posible() const;
-  [[nodiscard]] std::string Texto() const;
+  [[nodiscard]] FilasPorNumero Filas() const;
 
  private:
   using Junta = CondicionEscrita;
@@ -49,7 +53,8 @@ class Semirreunion {
     return std::string(reunion_.Texto.substr(junta.Desde, junta.Hasta - junta.Desde));
   }
   [[nodiscard]] const Junta* Siguiente(int fuente, const Junta* desde) const;
-  [[nodiscard]] std::string FilasDe(int fuente, const Junta* desde) const;
+  [[nodiscard]] std::string HalladasDe(int fuente) const;
+  [[nodiscard]] std::string FilasDe(int fuente, const Junta* desde, const Envoltura& numeros) const;
 
   const Motor& motor_;
   const Reunion& reunion_;
@@ -136,35 +141,43 @@ const CondicionEscrita* Semirreunion::Siguiente(int fuente, const Junta* desde) 
   return siguiente == reunion_.Juntas.end() ? nullptr : &*siguiente;
 }
 
+/// The numbers of a table's rows, under a name that no table has.
+std::string Semirreunion::HalladasDe(int fuente) const {
+  return Entre(motor_.Comilla, "filas de " + std::string(En(fuente).Nombre));
+}
+
 /// What stands behind FROM to have the rows of a table that are joined to some that meet the
-/// condition: in the order in which the plain joins come upon them.
-std::string Semirreunion::FilasDe(int fuente, const Junta* desde) const {
+/// condition, their numbers sorted as `numeros` does.
+std::string Semirreunion::FilasDe(int fuente, const Junta* desde, const Envoltura& numeros) const {
   const Junta* junta = Siguiente(fuente, desde);
   if (!junta) return TextoDe(fuente);
   const int otra = LaOtra(*junta, fuente);
   const std::string numero = NumeroDe(fuente);
-  const std::string halladas = Entre(motor_.Comilla, "filas de " + std::string(En(fuente).Nombre));
-  std::string texto = "(SELECT DISTINCT " + numero + " AS fila FROM " + FilasDe(otra, junta) +
-                      Junto(fuente, *junta);
+  const std::string halladas = HalladasDe(fuente);
+  std::string texto(numeros.Antes);
+  texto += "SELECT " + Envuelto(motor_.Reunidos, numero) + " FROM " +
+           FilasDe(otra, junta, motor_.Numeros) + Junto(fuente, *junta);
   if (reunion_.Donde->Fuentes == Bit(otra)) texto += " WHERE " + TextoDe(*reunion_.Donde);
-  return texto + ") AS " + halladas + std::string(motor_.JuntaEnOrden) + TextoDe(fuente) + " ON " +
-         numero + " = " + halladas + ".fila";
+  return texto.append(numeros.Despues) + " AS " + halladas + std::string(motor_.JuntaEnOrden) +
+         TextoDe(fuente) + " ON " + numero + " = " + halladas + ".numero";
 }
 
-std::string Semirreunion::Texto() const {
-  std::string texto = " FROM " + FilasDe(reunion_.Elegida, nullptr);
+/// Fetched as they lie in the file, and sorted as the plain joins come upon them.
+FilasPorNumero Semirreunion::Filas() const {
+  FilasPorNumero filas{" FROM " + FilasDe(reunion_.Elegida, nullptr, motor_.NumerosEnOrden),
+                       HalladasDe(reunion_.Elegida) + ".orden"};
   for (const Junta& junta : reunion_.Juntas) {
-    if (EsConsulta(junta)) texto += Junto(LaOtra(junta, reunion_.Elegida), junta);
+    if (EsConsulta(junta)) filas.Desde += Junto(LaOtra(junta, reunion_.Elegida), junta);
   }
-  return texto;
+  return filas;
 }
 
 }  // namespace
 
-std::optional<std::string> PorNumerosDeFila(const Motor& motor, const Reunion& reunion) {
+std::optional<FilasPorNumero> PorNumerosDeFila(const Motor& motor, const Reunion& reunion) {
   const Semirreunion semirreunion(motor, reunion);
   if (!semirreunion.Posible()) return std::nullopt;
-  return semirreunion.Texto();
+  return semirreunion.Filas();
 }
 
 }  // namespace dialecto

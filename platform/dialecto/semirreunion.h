@@ -61,12 +61,19 @@ struct Reunion {
   const CondicionEscrita* Donde = nullptr;
 };
 
-/// What stands behind the columns of a SELECT without DISTINCT that gives the same rows: its FROM,
-/// and in it the WHERE. None where the engine has no row numbers, or it isn't certain that the rows
-/// are the same and sooner found: each row of the chosen table is another by its key, other columns
-/// come from tables joined to it by theirs, and the rest of the joins is a way from it to the one
-/// other table that the WHERE looks at.
-[[nodiscard]] std::optional<std::string> PorNumerosDeFila(const Motor& motor,
-                                                          const Reunion& reunion);
+/// A SELECT without DISTINCT that gives the same rows as one with it, in pieces of its text.
+struct FilasPorNumero {
+  /// What stands behind its columns: its FROM, and in it the WHERE.
+  std::string Desde;
+  /// What it sorts by at last, to have them in the order in which the plain joins come upon them.
+  std::string Orden;
+};
+
+/// None where the engine has no row numbers, or it isn't certain that the rows are the same and
+/// sooner found: each row of the chosen table is another by its key, other columns come from tables
+/// joined to it by theirs, and the rest of the joins is a way from it to the one other table that
+/// the WHERE looks at.
+[[nodiscard]] std::optional<FilasPorNumero> PorNumerosDeFila(const Motor& motor,
+                                                             const Reunion& reunion);
 
 }  // namespace dialecto

@@ -236,11 +236,13 @@ void Traductor::Where() {
 void Traductor::SinRepetidas(std::size_t distinct, std::size_t from, std::size_t hasta) {
   const auto porNumeros = PorNumeros();
   if (!porNumeros) return;
-  salida_->Texto.replace(from, hasta - from, *porNumeros);
+  Poner(hasta < salida_->Texto.size() ? ", " : " ORDER BY ");
+  Poner(porNumeros->Orden);
+  salida_->Texto.replace(from, hasta - from, porNumeros->Desde);
   salida_->Texto.erase(distinct, std::string_view("DISTINCT ").size());
 }
 
-std::optional<std::string> Traductor::PorNumeros() const {
+std::optional<FilasPorNumero> Traductor::PorNumeros() const {
   Reunion reunion{.Texto = salida_->Texto,
                   .Fuentes = fuentes_,
                   .ConColumnas = orden_.Fuentes,

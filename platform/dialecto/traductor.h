@@ -95,7 +95,7 @@ class Traductor {
   void Juntas();
   void Where();
   void SinRepetidas(std::size_t distinct, std::size_t from, std::size_t hasta);
-  [[nodiscard]] std::optional<std::string> PorNumeros() const;
+  [[nodiscard]] std::optional<FilasPorNumero> PorNumeros() const;
   void GroupBy();
   void OrderBy();
   void Final();

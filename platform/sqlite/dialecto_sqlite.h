@@ -11,6 +11,9 @@ inline constexpr dialecto::Motor DialectoSqlite = {.Comilla = '"',
                                                    .RecorteDerecho = {"rtrim(", ") COLLATE ES"},
                                                    .Momento = {"MOMENTO(", ")"},
                                                    .NumeroDeFila = "rowid",
+                                                   .Reunidos = {"numerar(", ")"},
+                                                   .Numeros = {"numeros((", "))"},
+                                                   .NumerosEnOrden = {"numeros_en_orden((", "))"},
                                                    .JuntaEnOrden = " CROSS JOIN "};
 
 }  // namespace sqlite

@@ -3,6 +3,7 @@
 #include <filesystem>
 
 #include "sqlite/funciones.h"
+#include "sqlite/numeros.h"
 #include "sqlite/orden.h"
 #include "valores/error.h"
 
@@ -68,6 +69,7 @@ void Base::Configurar(const std::string& fichero, const Opciones& opciones) {
   sqlite3_db_config(Motor(), SQLITE_DBCONFIG_DQS_DML, 0, nullptr);
   RegistrarOrden(Motor());
   RegistrarFunciones(Motor());
+  RegistrarNumeros(Motor());
   std::string diario = PrimerTexto(*this, "PRAGMA journal_mode");
   if (diario != "wal" && !sqlite3_db_readonly(Motor(), "main")) {
     diario = PrimerTexto(*this, "PRAGMA journal_mode = WAL");

@@ -14,6 +14,9 @@ using testing::HasSubstr;
 constexpr dialecto::Motor kConNumeros = [] {
   dialecto::Motor motor = pruebas::MotorDePrueba;
   motor.NumeroDeFila = "n";
+  motor.Reunidos = {"reunidos(", ")"};
+  motor.Numeros = {"numeros((", "))"};
+  motor.NumerosEnOrden = {"ordenados((", "))"};
   motor.JuntaEnOrden = " LUEGO ";
   return motor;
 }();
@@ -34,11 +37,12 @@ TEST(Semirreunion, LasFilasSeHallanPorSusNumeros) {
   EXPECT_EQ(
       Traducida("SELECT DISTINCT Facturas.* FROM " + std::string(kConVtos) + kEntreFechas +
                 " Order By Facturas.Fecha"),
-      "SELECT \"Facturas\".* FROM (SELECT DISTINCT \"Facturas\".n AS fila FROM \"Vtos\" LUEGO "
+      "SELECT \"Facturas\".* FROM ordenados((SELECT reunidos(\"Facturas\".n) FROM \"Vtos\" LUEGO "
       "\"Facturas\" ON (\"Facturas\".\"NConcepto\" = \"Vtos\".\"NConcepto\") AND "
       "(\"Facturas\".\"Factura\" = \"Vtos\".\"NFactura\") WHERE \"Vtos\".\"FechaVto\" >= ? AND "
-      "\"Vtos\".\"FechaVto\" <= ?) AS \"filas de Facturas\" LUEGO \"Facturas\" ON "
-      "\"Facturas\".n = \"filas de Facturas\".fila ORDER BY \"Facturas\".\"Fecha\"");
+      "\"Vtos\".\"FechaVto\" <= ?)) AS \"filas de Facturas\" LUEGO \"Facturas\" ON "
+      "\"Facturas\".n = \"filas de Facturas\".numero ORDER BY \"Facturas\".\"Fecha\", "
+      "\"filas de Facturas\".orden");
 }
 
 TEST(Semirreunion, LaTablaQueSoloPoneSuNombreSeMiraAlFinal) {
@@ -46,8 +50,9 @@ TEST(Semirreunion, LaTablaQueSoloPoneSuNombreSeMiraAlFinal) {
       Traducida("SELECT DISTINCT Facturas.*, Conceptos.Descripcion FROM (" + std::string(kConVtos) +
                 ") INNER JOIN Conceptos ON Facturas.NConcepto = Conceptos.NConcepto" +
                 kEntreFechas),
-      HasSubstr("\"filas de Facturas\".fila LUEGO \"Conceptos\" ON "
-                "\"Facturas\".\"NConcepto\" = \"Conceptos\".\"NConcepto\""));
+      HasSubstr("\"filas de Facturas\".numero LUEGO \"Conceptos\" ON "
+                "\"Facturas\".\"NConcepto\" = \"Conceptos\".\"NConcepto\" ORDER BY "
+                "\"filas de Facturas\".orden"));
 }
 
 TEST(Semirreunion, CadaTablaSeRecorreDesdeLaQueLleva) {
@@ -55,13 +60,13 @@ TEST(Semirreunion, CadaTablaSeRecorreDesdeLaQueLleva) {
       Traducida("SELECT DISTINCT Vtos.* FROM (Vtos INNER JOIN Facturas ON Vtos.NFactura = "
                 "Facturas.Factura) INNER JOIN Vtos AS V_1 ON Facturas.Factura = V_1.NFactura WHERE "
                 "V_1.FechaVto = 'a'"),
-      "SELECT \"Vtos\".* FROM (SELECT DISTINCT \"Vtos\".n AS fila FROM (SELECT DISTINCT "
-      "\"Facturas\".n AS fila FROM \"Vtos\" AS \"V_1\" LUEGO \"Facturas\" ON "
-      "\"Facturas\".\"Factura\" = \"V_1\".\"NFactura\" WHERE \"V_1\".\"FechaVto\" = ?) AS "
-      "\"filas "
-      "de Facturas\" LUEGO \"Facturas\" ON \"Facturas\".n = \"filas de Facturas\".fila LUEGO "
-      "\"Vtos\" ON \"Vtos\".\"NFactura\" = \"Facturas\".\"Factura\") AS \"filas de Vtos\" LUEGO "
-      "\"Vtos\" ON \"Vtos\".n = \"filas de Vtos\".fila");
+      "SELECT \"Vtos\".* FROM ordenados((SELECT reunidos(\"Vtos\".n) FROM numeros((SELECT "
+      "reunidos(\"Facturas\".n) FROM \"Vtos\" AS \"V_1\" LUEGO \"Facturas\" ON "
+      "\"Facturas\".\"Factura\" = \"V_1\".\"NFactura\" WHERE \"V_1\".\"FechaVto\" = ?)) AS "
+      "\"filas de Facturas\" LUEGO \"Facturas\" ON \"Facturas\".n = "
+      "\"filas de Facturas\".numero LUEGO \"Vtos\" ON \"Vtos\".\"NFactura\" = "
+      "\"Facturas\".\"Factura\")) AS \"filas de Vtos\" LUEGO \"Vtos\" ON \"Vtos\".n = "
+      "\"filas de Vtos\".numero ORDER BY \"filas de Vtos\".orden");
 }
 
 class SemirreunionQueNo : public testing::TestWithParam<const char*> {};
