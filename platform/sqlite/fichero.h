@@ -25,6 +25,9 @@ using Preparada = std::unique_ptr<sqlite3_stmt, CerrarSentencia>;
 /// The same, of a code and a text that were kept.
 [[noreturn]] void Lanzar(sqlite3* base, int codigo, std::string_view texto);
 [[noreturn]] void Lanzar(int codigo, std::string_view texto, std::string_view fichero);
+inline void Exigir(sqlite3* base, int codigo) {
+  if (codigo != SQLITE_OK) Lanzar(base);
+}
 
 /// An open database file with what every connection needs registered on it: the collation
 /// `ES`, and how moments compare and texts are like a pattern.

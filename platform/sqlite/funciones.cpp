@@ -67,9 +67,8 @@ void Like(sqlite3_context* contexto, int, sqlite3_value** argumentos) {
 using Funcion = void (*)(sqlite3_context*, int, sqlite3_value**);
 
 void Registrar(sqlite3* base, const char* nombre, int argumentos, Funcion funcion) {
-  const int codigo = sqlite3_create_function_v2(base, nombre, argumentos, kPura, nullptr, funcion,
-                                                nullptr, nullptr, nullptr);
-  if (codigo != SQLITE_OK) Lanzar(base);
+  Exigir(base, sqlite3_create_function_v2(base, nombre, argumentos, kPura, nullptr, funcion,
+                                          nullptr, nullptr, nullptr));
 }
 
 }  // namespace

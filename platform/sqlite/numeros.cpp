@@ -160,10 +160,6 @@ constexpr sqlite3_module kModulo = [] {
   return modulo;
 }();
 
-void Exigir(sqlite3* base, int codigo) {
-  if (codigo != SQLITE_OK) Lanzar(base);
-}
-
 }  // namespace
 
 void RegistrarNumeros(sqlite3* base) {

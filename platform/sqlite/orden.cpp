@@ -12,10 +12,6 @@ int Comparar(void*, int bytesA, const void* a, int bytesB, const void* b) {
                                  {static_cast<const char*>(b), static_cast<std::size_t>(bytesB)});
 }
 
-void Exigir(sqlite3* base, int codigo) {
-  if (codigo != SQLITE_OK) Lanzar(base);
-}
-
 }  // namespace
 
 void RegistrarOrden(sqlite3* base) {
