@@ -114,12 +114,26 @@ Filas Cursor::LeerInsertada() {
   throw ErrorEjecucion(error::FilaCambiada, "Otro programa ha borrado la fila añadida");
 }
 
+/// The values that aren't what the row has, where it is looked whether it still has it; one in any
+/// case. To write a column is to take it out of its indexes and put it back.
+std::vector<Asignacion> Cursor::LosQueCambian(const Filas& filas, std::size_t fila,
+                                              std::span<const Asignacion> valores) const {
+  std::vector<Asignacion> cambian(valores.begin(), valores.end());
+  if (modo_ != ModoApertura::Optimista) return cambian;
+  std::erase_if(cambian, [&](const Asignacion& valor) {
+    return filas.En(fila, valor.Posicion) == *valor.Nuevo;
+  });
+  if (cambian.empty()) cambian.push_back(valores.back());
+  return cambian;
+}
+
 // Two Booleans are the same when both are true, whatever number another program wrote for it; the
 // rest must not have changed by as much as a letter's case.
-std::string Cursor::TextoDeCambio(std::span<const Asignacion> valores) const {
+std::string Cursor::TextoDeCambio(std::span<const Asignacion> cambian,
+                                  std::span<const Asignacion> valores) const {
   std::string texto = "UPDATE \"" + entrada_->Tabla + "\" SET ";
-  for (const Asignacion& valor : valores) {
-    if (&valor != &valores.front()) texto += ", ";
+  for (const Asignacion& valor : cambian) {
+    if (&valor != &cambian.front()) texto += ", ";
     PonerColumna(texto, valor.Posicion);
     texto += " = ?";
   }
@@ -136,11 +150,12 @@ std::string Cursor::TextoDeCambio(std::span<const Asignacion> valores) const {
 
 void Cursor::Actualizar(const Filas& filas, std::size_t fila, std::span<const Asignacion> valores) {
   ExigirTabla(valores);
-  const Prestada cambio = conexion_->almacen_.Tomar(TextoDeCambio(valores));
+  const std::vector<Asignacion> cambian = LosQueCambian(filas, fila, valores);
+  const Prestada cambio = conexion_->almacen_.Tomar(TextoDeCambio(cambian, valores));
   std::vector<Valor> antes;
   antes.reserve(valores.size());
   int indice = 0;
-  for (const Asignacion& valor : valores) Enlazar(cambio.get(), ++indice, *valor.Nuevo);
+  for (const Asignacion& valor : cambian) Enlazar(cambio.get(), ++indice, *valor.Nuevo);
   sqlite3_bind_int64(cambio.get(), ++indice, filas.Entero(fila, Columnas().size()));
   if (modo_ == ModoApertura::Optimista) {
     for (const Asignacion& valor : valores) {

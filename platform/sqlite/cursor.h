@@ -29,7 +29,11 @@ class Cursor final : public services::Cursor {
   void PrepararInsercion(std::span<const services::Asignacion> valores);
   [[nodiscard]] services::Filas Recorrer(sqlite3_stmt* sentencia) const;
   [[nodiscard]] std::string TextoDeInsercion(std::span<const services::Asignacion> valores) const;
-  [[nodiscard]] std::string TextoDeCambio(std::span<const services::Asignacion> valores) const;
+  [[nodiscard]] std::vector<services::Asignacion> LosQueCambian(
+      const services::Filas& filas, std::size_t fila,
+      std::span<const services::Asignacion> valores) const;
+  [[nodiscard]] std::string TextoDeCambio(std::span<const services::Asignacion> cambian,
+                                          std::span<const services::Asignacion> valores) const;
   [[nodiscard]] std::string TextoDeInsertada() const;
   void PonerColumna(std::string& texto, std::size_t posicion) const;
 

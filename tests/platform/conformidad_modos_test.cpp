@@ -221,6 +221,32 @@ TEST_P(Conformidad, UnaFilaQueOtroCambióSePisaEnModoPesimista) {
   EXPECT_THAT(Primeros("SELECT Pagado FROM TempProvVencimientos"), ElementsAre("6"));
 }
 
+/// Given what the row had when it was read.
+TEST_P(Conformidad, AsignarLoQueHabíaTambiénEsDecirQueSeaEso) {
+  for (const auto modo : {Modo::Optimista, Modo::Pesimista}) {
+    Abrir(*conexion, "DELETE FROM TempProvVencimientos", Modo::Optimista);
+    NuevoVencimiento("1", "A");
+    conexion->TerminarUnidad();
+    auto mia = Abrir(*conexion, Vencimientos, modo);
+    const Valor pagado = mia->Fields("Pagado").Value;
+    const Valor importe = mia->Fields("Importe").Value;
+    auto otra = banco->Conectar(false);
+    auto suya = Abrir(*otra, Vencimientos, Modo::Optimista);
+    suya->Fields("Pagado").Value = 5.0;
+    suya->Update();
+    mia->Fields("Pagado").Value = pagado;
+    mia->Fields("Descripcion").Value = "otra";
+    const bool pisa = modo == Modo::Pesimista;
+    EXPECT_EQ(apoyo::NumeroDeError([&] { mia->Update(); }), pisa ? 0 : error::FilaCambiada);
+    mia->CancelUpdate();
+    mia->Fields("Importe").Value = importe;
+    EXPECT_EQ(apoyo::NumeroDeError([&] { mia->Update(); }), 0) << "esta no la cambió nadie";
+    conexion->TerminarUnidad();
+    EXPECT_THAT(Primeros("SELECT Pagado FROM TempProvVencimientos"),
+                ElementsAre(pisa ? pagado.Texto() : "5"));
+  }
+}
+
 TEST_P(Conformidad, UnaFilaBorradaEntretantoDaSuError) {
   for (const auto modo : {Modo::Optimista, Modo::Pesimista}) {
     NuevoVencimiento("1", "A");
