@@ -1,8 +1,7 @@
 #include <string>
 
-#include "apoyo/sesion_sin_pantalla.h"
+#include "como_se_graban.h"
 #include "copia_directa.h"
-#include "medida.h"
 
 // The load of a range against the same tables copied whole by the engine alone, and against its
 // rows looked for by the engine's own joins.
@@ -45,8 +44,9 @@ std::string Resumen(const apoyo::NegocioDePrueba& negocio) {
 
 void Carga(benchmark::State& state) {
   const auto facturas = state.range(0);
-  const apoyo::NegocioDePrueba negocio(apoyo::Tamano{static_cast<int>(facturas), kApuntes});
-  const apoyo::NegocioDePrueba referencia(Referencia(facturas));
+  const bool comoSeGraban = state.range(1) != 0;
+  const Negocio negocio({static_cast<int>(facturas), kApuntes}, comoSeGraban);
+  const Negocio referencia(Referencia(facturas), comoSeGraban);
   Tiempos componente;
   Tiempos directa;
   Tiempos entera;
@@ -83,7 +83,7 @@ void Carga(benchmark::State& state) {
   state.counters["transacciones"] =
       static_cast<double>(trabajo.Datos.Transacciones + trabajo.Temp.Transacciones);
 }
-BENCHMARK(Carga)->Apply(Tamanos);
+BENCHMARK(Carga)->Apply(TamanosYOrdenes);
 
 }  // namespace
 }  // namespace medidas

@@ -1,8 +1,7 @@
 #include <string>
 
-#include "apoyo/sesion_sin_pantalla.h"
+#include "como_se_graban.h"
 #include "copia_directa.h"
-#include "medida.h"
 
 // The commit of a range against all rows replaced blindly by the engine alone, and against those of
 // the range looked for by the engine's own joins.
@@ -45,8 +44,9 @@ std::string Resumen(const apoyo::NegocioDePrueba& negocio) {
 
 void Grabacion(benchmark::State& state) {
   const auto facturas = state.range(0);
-  const apoyo::NegocioDePrueba negocio(apoyo::Tamano{static_cast<int>(facturas), kApuntes});
-  const apoyo::NegocioDePrueba referencia(Referencia(facturas));
+  const bool comoSeGraban = state.range(1) != 0;
+  const Negocio negocio({static_cast<int>(facturas), kApuntes}, comoSeGraban);
+  const Negocio referencia(Referencia(facturas), comoSeGraban);
   Tiempos componente;
   Tiempos directa;
   Tiempos ciega;
@@ -71,7 +71,7 @@ void Grabacion(benchmark::State& state) {
                                              (pequena.Mediana() * static_cast<double>(facturas));
   state.counters["ciega_ms"] = ciega.Mediana() * 1000;
 }
-BENCHMARK(Grabacion)->Apply(Tamanos);
+BENCHMARK(Grabacion)->Apply(TamanosYOrdenes);
 
 }  // namespace
 }  // namespace medidas
