@@ -40,8 +40,7 @@ void AnadirFechaOTexto(std::string_view texto, Filas& filas) {
   }
 }
 
-void AnadirEntero(sqlite3_stmt* sentencia, int indice, TipoColumna tipo, Filas& filas) {
-  const std::int64_t valor = sqlite3_column_int64(sentencia, indice);
+void AnadirEntero(std::int64_t valor, TipoColumna tipo, Filas& filas) {
   if (tipo == TipoColumna::Logico) {
     filas.AnadirLogico(valor != 0);
   } else if (tipo == TipoColumna::Moneda || tipo == TipoColumna::Numero) {
@@ -51,22 +50,26 @@ void AnadirEntero(sqlite3_stmt* sentencia, int indice, TipoColumna tipo, Filas& 
   }
 }
 
+std::string_view TextoDe(sqlite3_value* celda) {
+  const auto* texto = reinterpret_cast<const char*>(sqlite3_value_text(celda));
+  return {texto ? texto : "", static_cast<std::size_t>(sqlite3_value_bytes(celda))};
+}
+
 // A cell keeps what it holds when it isn't of its column's type: the engine lets other programs
-// write such values, and a reader's conversion then says what is wrong with them.
-void AnadirCelda(sqlite3_stmt* sentencia, int indice, TipoColumna tipo, Filas& filas) {
-  switch (sqlite3_column_type(sentencia, indice)) {
+// write such values, and a reader's conversion then says what is wrong with them. The value is
+// asked of the statement once; the engine lets those do so whose statement no other thread uses.
+void AnadirCelda(sqlite3_value* celda, TipoColumna tipo, Filas& filas) {
+  switch (sqlite3_value_type(celda)) {
     case SQLITE_NULL:
       return filas.AnadirNulo();
     case SQLITE_INTEGER:
-      if (tipo == TipoColumna::Texto) return filas.AnadirTexto(TextoDeCelda(sentencia, indice));
-      return AnadirEntero(sentencia, indice, tipo, filas);
+      if (tipo == TipoColumna::Texto) return filas.AnadirTexto(TextoDe(celda));
+      return AnadirEntero(sqlite3_value_int64(celda), tipo, filas);
     case SQLITE_FLOAT:
-      return filas.AnadirNumero(sqlite3_column_double(sentencia, indice));
+      return filas.AnadirNumero(sqlite3_value_double(celda));
     default:
-      if (tipo == TipoColumna::FechaHora) {
-        return AnadirFechaOTexto(TextoDeCelda(sentencia, indice), filas);
-      }
-      return filas.AnadirTexto(TextoDeCelda(sentencia, indice));
+      if (tipo == TipoColumna::FechaHora) return AnadirFechaOTexto(TextoDe(celda), filas);
+      return filas.AnadirTexto(TextoDe(celda));
   }
 }
 
@@ -89,8 +92,7 @@ Columna ColumnaDeclarada(std::string nombre, std::string_view declarado) {
 }
 
 std::string_view TextoDeCelda(sqlite3_stmt* sentencia, int indice) {
-  const auto* texto = reinterpret_cast<const char*>(sqlite3_column_text(sentencia, indice));
-  return {texto ? texto : "", static_cast<std::size_t>(sqlite3_column_bytes(sentencia, indice))};
+  return TextoDe(sqlite3_column_value(sentencia, indice));
 }
 
 void Enlazar(sqlite3_stmt* sentencia, int indice, const Valor& valor) {
@@ -116,10 +118,11 @@ void AnadirFila(sqlite3_stmt* sentencia, const std::vector<Columna>& columnas, F
   const auto cuantas = static_cast<int>(filas.Columnas());
   const auto conTipo = std::min(cuantas, static_cast<int>(columnas.size()));
   for (int i = 0; i < conTipo; ++i) {
-    AnadirCelda(sentencia, i, columnas[static_cast<std::size_t>(i)].Tipo, filas);
+    AnadirCelda(sqlite3_column_value(sentencia, i), columnas[static_cast<std::size_t>(i)].Tipo,
+                filas);
   }
   for (int i = conTipo; i < cuantas; ++i) {
-    AnadirCelda(sentencia, i, TipoColumna::Entero, filas);
+    AnadirCelda(sqlite3_column_value(sentencia, i), TipoColumna::Entero, filas);
   }
 }
 

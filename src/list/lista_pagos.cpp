@@ -192,7 +192,9 @@ void ListaPagos::MostrarLineas() {
              ModoApertura::Lectura);
   FilaAlterna_ = true;
   for (; !linea.Eof(); linea.MoveNext()) {
-    if (SeMuestra(linea.Collect("Importe"), linea.Collect("Pagado"))) MostrarLinea(linea);
+    const Valor importe = linea.Collect("Importe");
+    const Valor pagado = linea.Collect("Pagado");
+    if (SeMuestra(importe, pagado)) MostrarLinea(linea, importe, pagado);
   }
 }
 
@@ -203,9 +205,7 @@ bool ListaPagos::SeMuestra(const Valor& importe, const Valor& pagado) const {
   return !pagado.Texto().empty() && Mascara(pagado) != Mascara(importe);
 }
 
-void ListaPagos::MostrarLinea(Recordset& linea) {
-  const Valor importe = linea.Collect("Importe");
-  const Valor pagado = linea.Collect("Pagado");
+void ListaPagos::MostrarLinea(Recordset& linea, const Valor& importe, const Valor& pagado) {
   const bool prevision = EsVerdadero(linea.Collect("Prevision"));
 
   std::vector<std::string> celdas(columna::Cuantas);

@@ -48,7 +48,8 @@ class ListaPagos {
   void ExpandirPrevision(services::Recordset& prevision);
   void MostrarLineas();
   [[nodiscard]] bool SeMuestra(const services::Valor& importe, const services::Valor& pagado) const;
-  void MostrarLinea(services::Recordset& linea);
+  void MostrarLinea(services::Recordset& linea, const services::Valor& importe,
+                    const services::Valor& pagado);
   void Rellenar();
   /// Writes the pending line. A failure is told to the user and the line dropped; false then.
   [[nodiscard]] bool Escribir(services::Recordset& lista, const char* siNoCabe);

@@ -19,16 +19,23 @@ std::size_t Recordset::Abierto::Posicion(std::size_t posicion) const {
                        "La fila no tiene el campo " + std::to_string(posicion));
 }
 
-// Callers name the columns more or less in their order, so the search starts after the last find.
+// Callers name the columns of each row in the same order, so what was named after the last one is
+// named again.
 std::size_t Recordset::Abierto::Posicion(std::string_view nombre) {
   const auto& columnas = Columnas();
-  for (std::size_t i = 0; i < columnas.size(); ++i) {
-    if (++ultimaPosicion_ >= columnas.size()) ultimaPosicion_ = 0;
-    if (columnas[ultimaPosicion_].Nombre == nombre) return ultimaPosicion_;
+  if (siguientes_.empty()) siguientes_.resize(columnas.size());
+  std::size_t& siguiente = siguientes_[nombrada_];
+  if (columnas[siguiente].Nombre != nombre) siguiente = Buscar(nombre);
+  return nombrada_ = siguiente;
+}
+
+std::size_t Recordset::Abierto::Buscar(std::string_view nombre) const {
+  const auto& columnas = Columnas();
+  auto hallada = std::ranges::find(columnas, nombre, &Columna::Nombre);
+  if (hallada == columnas.end()) {
+    hallada = std::ranges::find_if(
+        columnas, [&](const Columna& columna) { return MismoTexto(columna.Nombre, nombre); });
   }
-  const auto hallada = std::find_if(columnas.begin(), columnas.end(), [&](const Columna& columna) {
-    return MismoTexto(columna.Nombre, nombre);
-  });
   if (hallada != columnas.end()) return static_cast<std::size_t>(hallada - columnas.begin());
   throw ErrorEjecucion(error::CampoDesconocido,
                        "La fila no tiene el campo «" + std::string(nombre) + "»");

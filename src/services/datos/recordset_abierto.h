@@ -40,6 +40,8 @@ class Recordset::Abierto {
   enum class Lugar { EnFilas, Anadida, AlFinal };
   enum class Edicion { Ninguna, Cambio, Alta };
 
+  /// Throws 0x800A0CC1 for a name that no column has.
+  [[nodiscard]] std::size_t Buscar(std::string_view nombre) const;
   void ExigirEscritura() const;
   void ExigirFila();
   void AsegurarFilas();
@@ -74,7 +76,9 @@ class Recordset::Abierto {
   std::vector<char> asignado_;
   std::vector<Valor> convertidos_;
   std::vector<Asignacion> asignaciones_;
-  std::size_t ultimaPosicion_ = 0;
+  /// The column that was named last, and of each the one that was named after it.
+  std::size_t nombrada_ = 0;
+  std::vector<std::size_t> siguientes_;
 };
 
 }  // namespace services
