@@ -50,7 +50,7 @@ inline constexpr int kFacturasDeReferencia = 1'000;
   return facturas <= 10'000 ? 9 : 5;
 }
 
-/// Sizes at which everything is measured.
+/// Sizes at which most is measured.
 inline void Tamanos(benchmark::internal::Benchmark* medida) {
   medida->ArgName("facturas")->Arg(1'000)->Arg(10'000)->Arg(50'000);
   medida->Iterations(1)->UseManualTime()->Unit(benchmark::kMillisecond);

@@ -49,7 +49,7 @@ class ConexionVigilada final : public services::ObjetoContado<services::Conexion
   /// gone.
   void TerminarUnidad() override;
   void AbandonarUnidad() noexcept override { dentro_->AbandonarUnidad(); }
-  void EmpezarLectura() noexcept override { dentro_->EmpezarLectura(); }
+  bool EmpezarLectura() noexcept override { return dentro_->EmpezarLectura(); }
   void TerminarLectura() noexcept override { dentro_->TerminarLectura(); }
 
   [[nodiscard]] const services::Ref<services::Conexion>& Dentro() const { return dentro_; }

@@ -33,7 +33,7 @@ class ConexionConGuardia : public services::ObjetoContado<services::Conexion> {
     dentro_->AbandonarUnidad();
     TrasAbandonar();
   }
-  void EmpezarLectura() noexcept final { dentro_->EmpezarLectura(); }
+  bool EmpezarLectura() noexcept final { return dentro_->EmpezarLectura(); }
   void TerminarLectura() noexcept final { dentro_->TerminarLectura(); }
 
  protected:

@@ -17,13 +17,17 @@ std::string ComoQueda(const Tabla& tabla, std::string_view columna, std::string_
   return enlace ? "ifnull(" + valor + ", '')" : valor;
 }
 
-constexpr std::string_view kConVencimiento = " FROM main.ProvVencimientos v CROSS JOIN ";
-constexpr std::string_view kDeSuFactura =
-    " ON f.NConcepto = v.NConcepto AND f.Factura = v.NFactura";
-
-std::string EnRango(const Rango& rango) {
+/// The rows of a table, as `t`, whose number has a receipt due in the range: each once, found by
+/// its row number.
+std::string ConVencimientoEn(const Rango& rango, const Tabla& tabla) {
+  const std::string filas = Juntar({"main.", tabla.Nombre, " t ON "});
   return Juntar(
-      {" WHERE v.FechaVto >= ", Texto(rango.Desde), " AND v.FechaVto <= ", Texto(rango.Hasta)});
+      {" FROM \"numeros de filas en orden\"((SELECT numerar(t.rowid) FROM main.ProvVencimientos v "
+       "CROSS "
+       "JOIN ",
+       filas, "t.NConcepto = v.NConcepto AND t.", tabla.Numero,
+       " = v.NFactura WHERE v.FechaVto >= ", Texto(rango.Desde),
+       " AND v.FechaVto <= ", Texto(rango.Hasta), ")) n CROSS JOIN ", filas, "t.rowid = n.numero"});
 }
 
 }  // namespace
@@ -36,19 +40,18 @@ std::string CrearClaves(std::string_view esquema, std::string_view tabla) {
 }
 
 std::string ClavesDelRango(const Rango& rango) {
-  return Juntar({"SELECT f.NConcepto, trim(f.Factura), f.Año", kConVencimiento,
-                 "main.ProvFacturas f", kDeSuFactura, EnRango(rango)});
+  return Juntar({"SELECT t.NConcepto, trim(t.Factura), t.Año",
+                 ConVencimientoEn(rango, *BuscarTabla("ProvFacturas"))});
 }
 
 std::string ClavesQueVienen(const Rango& rango) {
-  constexpr std::string_view kClave = "SELECT t.NConcepto, trim(t.NFactura), t.Año";
   return Juntar(
-      {kClave, kConVencimiento,
-       "main.ProvBasesIva t ON t.NConcepto = v.NConcepto AND t.NFactura = v.NFactura",
-       EnRango(rango), " UNION ALL ", kClave, kConVencimiento, "main.ProvFacturas f", kDeSuFactura,
-       " CROSS JOIN main.ProvVencimientos t ON t.NConcepto = f.NConcepto AND t.NFactura = "
-       "f.Factura",
-       EnRango(rango)});
+      {"SELECT t.NConcepto, trim(t.NFactura), t.Año",
+       ConVencimientoEn(rango, *BuscarTabla("ProvBasesIva")),
+       " UNION ALL SELECT v.NConcepto, trim(v.NFactura), v.Año",
+       ConVencimientoEn(rango, *BuscarTabla("ProvFacturas")),
+       " CROSS JOIN main.ProvVencimientos v ON v.NConcepto = t.NConcepto AND v.NFactura = "
+       "t.Factura"});
 }
 
 std::string EstaEn(std::string_view claves, const Tabla& tabla, std::string_view alias) {

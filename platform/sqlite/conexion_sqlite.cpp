@@ -54,6 +54,7 @@ std::shared_ptr<Entrada> Conexion::EntradaDe(const dialecto::Sentencia& sentenci
 
 // Its tables may be others afterwards.
 void Conexion::Ejecutar(const std::string& sql) {
+  unidad_.TerminarLectura();
   almacen_.Olvidar();
   catalogo_.Olvidar();
   base_.Ejecutar(sql);

@@ -30,7 +30,7 @@ class Conexion final : public services::ObjetoContado<services::Conexion> {
   [[nodiscard]] std::vector<services::Columna> ColumnasDe(std::string_view tabla) override;
   void TerminarUnidad() override { unidad_.Terminar(); }
   void AbandonarUnidad() noexcept override { unidad_.Abandonar(); }
-  void EmpezarLectura() noexcept override { unidad_.EmpezarLectura(); }
+  bool EmpezarLectura() noexcept override { return unidad_.EmpezarLectura(); }
   void TerminarLectura() noexcept override { unidad_.TerminarLectura(); }
   /// Takes the writer's lock for the unit that now begins, or is under way.
   void EmpezarUnidad() { unidad_.Empezar(); }
@@ -38,6 +38,7 @@ class Conexion final : public services::ObjetoContado<services::Conexion> {
   void AgruparEnUnidades(bool agrupa) { unidad_.Agrupar(agrupa); }
 
   /// Runs the engine's own SQL, any number of statements, in the unit under way if there is one.
+  /// Ends a reading of one moment.
   void Ejecutar(const std::string& sql);
   /// Another file under a name of its own, with no unit under way. What is wrong with it names it.
   void Adjuntar(const std::string& fichero, std::string_view nombre);

@@ -115,13 +115,15 @@ Filas Cursor::LeerInsertada() {
 }
 
 /// The values that aren't what the row has, where it is looked whether it still has it; one in any
-/// case. To write a column is to take it out of its indexes and put it back.
+/// case. To write a column is to take it out of its indexes and put it back. A Boolean is written
+/// even so: another program may have stored it as a number that no condition finds.
 std::vector<Asignacion> Cursor::LosQueCambian(const Filas& filas, std::size_t fila,
                                               std::span<const Asignacion> valores) const {
   std::vector<Asignacion> cambian(valores.begin(), valores.end());
   if (modo_ != ModoApertura::Optimista) return cambian;
   std::erase_if(cambian, [&](const Asignacion& valor) {
-    return filas.En(fila, valor.Posicion) == *valor.Nuevo;
+    const bool logico = Columnas()[valor.Posicion].Tipo == TipoColumna::Logico;
+    return !logico && filas.En(fila, valor.Posicion) == *valor.Nuevo;
   });
   if (cambian.empty()) cambian.push_back(valores.back());
   return cambian;

@@ -87,10 +87,8 @@ void Base::Configurar(const std::string& fichero, const Opciones& opciones) {
 Preparada Base::Preparar(std::string_view texto) {
   sqlite3_stmt* sentencia = nullptr;
   ++preparadas_;
-  if (sqlite3_prepare_v3(Motor(), texto.data(), static_cast<int>(texto.size()),
-                         SQLITE_PREPARE_PERSISTENT, &sentencia, nullptr) != SQLITE_OK) {
-    Lanzar(Motor());
-  }
+  Exigir(Motor(), sqlite3_prepare_v3(Motor(), texto.data(), static_cast<int>(texto.size()),
+                                     SQLITE_PREPARE_PERSISTENT, &sentencia, nullptr));
   return Preparada(sentencia);
 }
 
@@ -101,7 +99,7 @@ void Base::ExigirSuFichero() const {
 }
 
 void Base::Ejecutar(const std::string& sql) {
-  if (sqlite3_exec(Motor(), sql.c_str(), nullptr, nullptr, nullptr) != SQLITE_OK) Lanzar(Motor());
+  Exigir(Motor(), sqlite3_exec(Motor(), sql.c_str(), nullptr, nullptr, nullptr));
 }
 
 }  // namespace sqlite

@@ -30,7 +30,7 @@ inline void Exigir(sqlite3* base, int codigo) {
 }
 
 /// An open database file with what every connection needs registered on it: the collation
-/// `ES`, and how moments compare and texts are like a pattern.
+/// `ES`, how moments compare and texts are like a pattern, and how rows are found by number.
 class Base {
  public:
   /// Throws 0x80004005 for a file that isn't there, is no database or can't be read; and, naming

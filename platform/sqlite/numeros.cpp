@@ -23,22 +23,30 @@ struct Reunion {
   std::unordered_set<Numero> vistos;
 };
 
-// The engine gives room for a pointer, which is null the first time.
-Reunion*& LaReunion(sqlite3_context* contexto) {
-  return *static_cast<Reunion**>(sqlite3_aggregate_context(contexto, sizeof(Reunion*)));
+/// What the engine keeps for the run under way, in memory of its own, all zeros at first.
+struct Guardada {
+  Reunion* reunion;
+};
+
+/// Null when the engine has no room for it. With no bytes asked for, also where there is none yet.
+Guardada* LaGuardada(sqlite3_context* contexto, int bytes) {
+  return static_cast<Guardada*>(sqlite3_aggregate_context(contexto, bytes));
 }
 
 void Reunir(sqlite3_context* contexto, int, sqlite3_value** argumentos) try {
-  Reunion*& reunion = LaReunion(contexto);
-  if (!reunion) reunion = new Reunion;
+  Guardada* guardada = LaGuardada(contexto, sizeof(Guardada));
+  if (!guardada) return sqlite3_result_error_nomem(contexto);
+  if (!guardada->reunion) guardada->reunion = new Reunion;
+  Reunion& reunion = *guardada->reunion;
   const Numero numero = sqlite3_value_int64(argumentos[0]);
-  if (reunion->vistos.insert(numero).second) reunion->numeros.push_back(numero);
+  if (reunion.vistos.insert(numero).second) reunion.numeros.push_back(numero);
 } catch (const std::exception&) {
   sqlite3_result_error_nomem(contexto);
 }
 
 void Numerar(sqlite3_context* contexto) {
-  const std::unique_ptr<Reunion> reunion(LaReunion(contexto));
+  const Guardada* guardada = LaGuardada(contexto, 0);
+  const std::unique_ptr<Reunion> reunion(guardada ? guardada->reunion : nullptr);
   if (!reunion) return sqlite3_result_zeroblob(contexto, 0);
   sqlite3_result_blob64(contexto, reunion->numeros.data(), reunion->numeros.size() * sizeof(Numero),
                         SQLITE_TRANSIENT);
@@ -163,11 +171,12 @@ constexpr sqlite3_module kModulo = [] {
 }  // namespace
 
 void RegistrarNumeros(sqlite3* base) {
-  static bool enOrden = true;
+  static bool enOrden = true;  // the engine hands it on as it came
   Exigir(base, sqlite3_create_function_v2(base, "numerar", 1, SQLITE_UTF8 | SQLITE_DIRECTONLY,
                                           nullptr, nullptr, Reunir, Numerar, nullptr));
-  Exigir(base, sqlite3_create_module_v2(base, "numeros", &kModulo, nullptr, nullptr));
-  Exigir(base, sqlite3_create_module_v2(base, "numeros_en_orden", &kModulo, &enOrden, nullptr));
+  Exigir(base, sqlite3_create_module_v2(base, "numeros de filas", &kModulo, nullptr, nullptr));
+  Exigir(base,
+         sqlite3_create_module_v2(base, "numeros de filas en orden", &kModulo, &enOrden, nullptr));
 }
 
 }  // namespace sqlite

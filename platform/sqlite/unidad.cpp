@@ -77,14 +77,16 @@ void Unidad::Terminar() {
 
 // It only says that the next statements are of one transaction: what keeps them from reading is
 // theirs to tell.
-void Unidad::EmpezarLectura() noexcept {
-  if (leyendo_ || base_.EnTransaccion()) return;
+bool Unidad::EmpezarLectura() noexcept {
+  if (leyendo_ || enCurso_ || base_.EnTransaccion()) return false;
   leyendo_ = sqlite3_exec(base_.Motor(), "BEGIN", nullptr, nullptr, nullptr) == SQLITE_OK;
+  return leyendo_;
 }
 
+// There is nothing to be made durable, and this can't be refused.
 void Unidad::TerminarLectura() noexcept {
   if (!std::exchange(leyendo_, false) || !base_.EnTransaccion()) return;
-  sqlite3_exec(base_.Motor(), "COMMIT", nullptr, nullptr, nullptr);
+  sqlite3_exec(base_.Motor(), "ROLLBACK", nullptr, nullptr, nullptr);
 }
 
 void Unidad::Agrupar(bool agrupa) {

@@ -29,8 +29,9 @@ class Unidad {
   void Terminar();
   void Abandonar() noexcept;
   /// What is read from here on is of the moment of the first look, until `TerminarLectura` or the
-  /// first write. In a unit under way it is so anyhow.
-  void EmpezarLectura() noexcept;
+  /// first write. False, with nothing begun, in one that was begun before and in a unit under way,
+  /// where it is so anyhow.
+  bool EmpezarLectura() noexcept;
   void TerminarLectura() noexcept;
   /// Whether writes are gathered from now on. Ends the unit under way.
   void Agrupar(bool agrupa);

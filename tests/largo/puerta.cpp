@@ -52,7 +52,7 @@ class ConexionVigilada final : public services::ObjetoContado<services::Conexion
     detras_->TerminarUnidad();
   }
   void AbandonarUnidad() noexcept override { detras_->AbandonarUnidad(); }
-  void EmpezarLectura() noexcept override { detras_->EmpezarLectura(); }
+  bool EmpezarLectura() noexcept override { return detras_->EmpezarLectura(); }
   void TerminarLectura() noexcept override { detras_->TerminarLectura(); }
 
  private:

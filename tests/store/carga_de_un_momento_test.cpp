@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <functional>
+
 #include "apoyo/negocio_de_prueba.h"
 #include "apoyo/sesion_sin_pantalla.h"
 
@@ -21,7 +23,7 @@ class ConexionConSuceso final : public services::ObjetoContado<services::Conexio
   }
   void TerminarUnidad() override { dentro_->TerminarUnidad(); }
   void AbandonarUnidad() noexcept override { dentro_->AbandonarUnidad(); }
-  void EmpezarLectura() noexcept override { dentro_->EmpezarLectura(); }
+  bool EmpezarLectura() noexcept override { return dentro_->EmpezarLectura(); }
   void TerminarLectura() noexcept override { dentro_->TerminarLectura(); }
 
  private:

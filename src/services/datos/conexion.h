@@ -95,8 +95,9 @@ class Conexion : public IUnknown {
   /// Drops what has been written since the last end of a unit.
   virtual void AbandonarUnidad() noexcept = 0;
 
-  /// What a `LecturaFija` asks for. A driver that can't do it does nothing.
-  virtual void EmpezarLectura() noexcept {}
+  /// What a `LecturaFija` asks for; false for one that wasn't begun here. A driver that can't do it
+  /// does nothing. Who puts a connection before another hands both on.
+  [[nodiscard]] virtual bool EmpezarLectura() noexcept { return false; }
   virtual void TerminarLectura() noexcept {}
 
  protected:
@@ -104,16 +105,21 @@ class Conexion : public IUnknown {
 };
 
 /// While it lives, the statements that read through a connection see all its tables as they were at
-/// the first of them, whatever others write meanwhile. A write through the connection ends that.
+/// the first of them, whatever others write meanwhile. A write through the connection ends that,
+/// and so does a failure of the file.
 class LecturaFija {
  public:
-  explicit LecturaFija(Conexion& conexion) : conexion_(conexion) { conexion_.EmpezarLectura(); }
-  ~LecturaFija() { conexion_.TerminarLectura(); }
+  explicit LecturaFija(Conexion& conexion)
+      : conexion_(&conexion), empezada_(conexion.EmpezarLectura()) {}
+  ~LecturaFija() {
+    if (empezada_) conexion_->TerminarLectura();
+  }
   LecturaFija(const LecturaFija&) = delete;
   LecturaFija& operator=(const LecturaFija&) = delete;
 
  private:
-  Conexion& conexion_;
+  Ref<Conexion> conexion_;
+  bool empezada_;
 };
 
 }  // namespace services

@@ -23,6 +23,7 @@ std::size_t Recordset::Abierto::Posicion(std::size_t posicion) const {
 // named again.
 std::size_t Recordset::Abierto::Posicion(std::string_view nombre) {
   const auto& columnas = Columnas();
+  if (columnas.empty()) return Buscar(nombre);
   if (siguientes_.empty()) siguientes_.resize(columnas.size());
   std::size_t& siguiente = siguientes_[nombrada_];
   if (columnas[siguiente].Nombre != nombre) siguiente = Buscar(nombre);
@@ -144,10 +145,10 @@ void Recordset::Abierto::Asignar(std::size_t columna, const Valor& valor) {
   if (edicion_ == Edicion::Ninguna) {
     ExigirFila();
     PrepararValores();
-    edicion_ = Edicion::Cambio;
   }
   nuevos_[columna] = valor;
   asignado_[columna] = 1;
+  if (edicion_ == Edicion::Ninguna) edicion_ = Edicion::Cambio;
 }
 
 void Recordset::Abierto::PrepararValores() {

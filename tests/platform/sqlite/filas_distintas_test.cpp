@@ -157,6 +157,17 @@ TEST_F(FilasDistintas, PorSusNumerosSonLasMismasYEnElMismoOrden) {
   for (const std::string& escrita : Sentencias()) EXPECT_TRUE(SeReescribe(escrita)) << escrita;
 }
 
+/// What it has of its own doesn't stand in their way.
+TEST_F(FilasDistintas, UnFicheroConTablasDeNumeros) {
+  esquema::CrearAlmacenadas(*conexion);
+  conexion->Ejecutar(
+      "CREATE TABLE Numeros (numero); CREATE TABLE NumerosDeFilas (orden); CREATE VIEW "
+      "numeros_en_orden AS SELECT 1 AS numero;" +
+      Azar());
+  Comparar();
+  EXPECT_GT(vistas, 20U);
+}
+
 /// Tables that another program has made, with the same columns.
 class DeOtroPrograma : public FilasDistintas, public testing::WithParamInterface<const char*> {};
 

@@ -3,6 +3,7 @@
 #include "esquema/esquema_sqlite.h"
 #include "platform/carpeta_temporal.h"
 #include "sqlite/conexion_sqlite.h"
+#include "valores/error.h"
 
 // Reading of one moment, while another connection writes.
 
@@ -80,6 +81,40 @@ TEST_F(Lectura, EnUnaUnidadEnCursoNoLaTermina) {
   }
   conexion->AbandonarUnidad();
   EXPECT_EQ(Conceptos(*conexion), 1);
+}
+
+TEST_F(Lectura, UnaDentroDeOtraNoLaTermina) {
+  const auto conexion = Abrir();
+  const LecturaFija deUnMomento(*conexion);
+  EXPECT_EQ(Conceptos(*conexion), 0);
+  { const LecturaFija otraDentro(*conexion); }
+  OtraEscribe();
+  EXPECT_EQ(Conceptos(*conexion), 0);
+}
+
+TEST_F(Lectura, ElSqlPropioLaTermina) {
+  const auto conexion = Abrir();
+  const LecturaFija deUnMomento(*conexion);
+  EXPECT_EQ(Conceptos(*conexion), 0);
+  OtraEscribe();
+  conexion->Ejecutar("INSERT INTO ProvConceptos (NConcepto) VALUES ('propio')");
+  EXPECT_EQ(Conceptos(*otra), 2) << "ni choca con lo del otro ni lo deja esperando";
+}
+
+/// What the engine has undone isn't made half of by a reading that begins then.
+TEST_F(Lectura, SobreUnaUnidadDeshechaNoLaTapa) {
+  OtraEscribe();
+  for (const bool escribe : {true, false}) {
+    const auto conexion = Abrir();
+    Borrar(*conexion, "1");
+    conexion->Ejecutar("ROLLBACK");
+    const LecturaFija deUnMomento(*conexion);
+    if (escribe) {
+      EXPECT_THROW(Borrar(*conexion, "1"), services::ErrorEjecucion);
+    }
+    EXPECT_THROW(conexion->TerminarUnidad(), services::ErrorEjecucion);
+    EXPECT_EQ(Conceptos(*otra), 1);
+  }
 }
 
 TEST_F(Lectura, OtraPuedeVaciarElDiarioEnCuantoTermina) {

@@ -13,6 +13,9 @@ using testing::ElementsAre;
 using testing::IsEmpty;
 using testing::Pair;
 
+constexpr const char* kNumeros = "\"numeros de filas\"";
+constexpr const char* kEnOrden = "\"numeros de filas en orden\"";
+
 class Numeros : public testing::Test {
  protected:
   using Leidos = std::vector<std::pair<std::string, int>>;
@@ -36,28 +39,28 @@ class Numeros : public testing::Test {
 };
 
 TEST_F(Numeros, CadaUnoUnaVezDondeVinoPorPrimeraVez) {
-  EXPECT_THAT(Reunir("numeros", "(7), (3), (7), (-2), (3), (7)"),
+  EXPECT_THAT(Reunir(kNumeros, "(7), (3), (7), (-2), (3), (7)"),
               ElementsAre(Pair("7", 0), Pair("3", 1), Pair("-2", 2)));
 }
 
 TEST_F(Numeros, EnOrdenVanDelMenorAlMayorYDicenDondeVinieron) {
-  EXPECT_THAT(Reunir("numeros_en_orden", "(7), (3), (7), (-2), (3), (7)"),
+  EXPECT_THAT(Reunir(kEnOrden, "(7), (3), (7), (-2), (3), (7)"),
               ElementsAre(Pair("-2", 2), Pair("3", 1), Pair("7", 0)));
 }
 
 TEST_F(Numeros, CabenLosMayoresQueTieneUnaFila) {
   EXPECT_EQ(conexion
-                ->Consultar(
-                    "SELECT min(numero) = -9223372036854775807 - 1 AND "
-                    "max(numero) = 9223372036854775807 FROM numeros((SELECT numerar(column1) FROM "
-                    "(VALUES (9223372036854775807), (-9223372036854775807 - 1), (0))))")
+                ->Consultar("SELECT min(numero) = -9223372036854775807 - 1 AND "
+                            "max(numero) = 9223372036854775807 FROM \"numeros de filas\"((SELECT "
+                            "numerar(column1) FROM "
+                            "(VALUES (9223372036854775807), (-9223372036854775807 - 1), (0))))")
                 .Filas.En(0, 0)
                 .Numero(),
             1);
 }
 
 TEST_F(Numeros, DeNingunaFilaNoHayNinguno) {
-  for (const std::string tabla : {"numeros", "numeros_en_orden"}) {
+  for (const std::string tabla : {kNumeros, kEnOrden}) {
     EXPECT_THAT(
         Leer("SELECT numero, orden FROM " + tabla + "((SELECT numerar(rowid) FROM sqlite_schema))"),
         IsEmpty());
@@ -66,17 +69,18 @@ TEST_F(Numeros, DeNingunaFilaNoHayNinguno) {
 
 TEST_F(Numeros, DeLoQueNoEsUnValorSuyoNoSaleNada) {
   for (const std::string valor : {"NULL", "''", "x''", "x'00'", "7"}) {
-    EXPECT_THAT(Leer("SELECT numero, orden FROM numeros(" + valor + ")"), IsEmpty()) << valor;
+    EXPECT_THAT(Leer("SELECT numero, orden FROM \"numeros de filas\"(" + valor + ")"), IsEmpty())
+        << valor;
   }
 }
 
 TEST_F(Numeros, SinValorNoSeRecorren) {
-  EXPECT_THROW(Leer("SELECT numero, orden FROM numeros"), services::ErrorEjecucion);
+  EXPECT_THROW(Leer("SELECT numero, orden FROM \"numeros de filas\""), services::ErrorEjecucion);
 }
 
 TEST_F(Numeros, LaTablaSeRecorreDeNuevoPorCadaFilaQueLaPide) {
   EXPECT_THAT(Leer("SELECT numero, orden FROM (VALUES (1), (2)) CROSS JOIN "
-                   "numeros((SELECT numerar(column1) FROM (VALUES (5), (4))))"),
+                   "\"numeros de filas\"((SELECT numerar(column1) FROM (VALUES (5), (4))))"),
               ElementsAre(Pair("5", 0), Pair("4", 1), Pair("5", 0), Pair("4", 1)));
 }
 
