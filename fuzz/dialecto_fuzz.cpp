@@ -1,13 +1,15 @@
 #include <cstdint>
 #include <cstdlib>
+#include <optional>
 #include <string>
 
-#include "dialecto/traductor.h"
+#include "dialecto/interprete.h"
 #include "valores/error.h"
 
 // Any bytes at all are either refused with an error of the system or become one statement of the
 // engine, with no literal left in it, a value for each of its parameters, and no two of them
-// compared with each other.
+// compared with each other. One whose form was met before gives the same as when it is met for the
+// first time.
 
 namespace {
 
@@ -41,10 +43,11 @@ constexpr dialecto::Motor Motor = {.Comilla = '"',
                                    .JuntaEnOrden = " CROSS JOIN "};
 
 void Comprobar(const dialecto::Sentencia& sentencia) {
+  const dialecto::Traduccion& traducida = *sentencia.Traducida;
   bool entreComillas = false;
   std::size_t huecos = 0;
   std::string sinNombres;
-  for (const char c : sentencia.Texto) {
+  for (const char c : traducida.Texto) {
     if (c == '"') entreComillas = !entreComillas;
     if (entreComillas) continue;
     sinNombres += c;
@@ -52,22 +55,32 @@ void Comprobar(const dialecto::Sentencia& sentencia) {
     if (c == '\'' || c == ';' || c == '#' || (c >= '0' && c <= '9')) std::abort();
   }
   if (sinNombres.find("? = ?") != std::string::npos) std::abort();
+  if (traducida.Que == dialecto::Verbo::Select && traducida.Columnas.empty()) std::abort();
   if (entreComillas || huecos != sentencia.Parametros.size()) std::abort();
+}
+
+std::optional<dialecto::Sentencia> Leida(dialecto::Interprete& interprete, std::string_view texto,
+                                         services::ModoApertura modo) try {
+  return interprete.Leer(texto, modo);
+} catch (const services::ErrorEjecucion&) {
+  return std::nullopt;
 }
 
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* datos, std::size_t cuantos) {
   static DosTablas catalogo;
-  static dialecto::Traductor traductor(Motor, catalogo);
-  static dialecto::Sentencia sentencia;
-  try {
-    traductor.Traducir({reinterpret_cast<const char*>(datos), cuantos}, cuantos % 2 == 0,
-                       sentencia);
-    Comprobar(sentencia);
-    if (sentencia.Que == dialecto::Verbo::Select && traductor.Columnas().empty()) std::abort();
-  } catch (const services::ErrorEjecucion&) {
-    return 0;
-  }
+  static dialecto::Interprete interprete(Motor, catalogo);
+  const std::string_view texto(reinterpret_cast<const char*>(datos), cuantos);
+  const auto modo =
+      cuantos % 2 == 0 ? services::ModoApertura::Optimista : services::ModoApertura::Lectura;
+  const auto recordada = Leida(interprete, texto, modo);
+  dialecto::Interprete deNuevas(Motor, catalogo);
+  const auto nueva = Leida(deNuevas, texto, modo);
+  if (recordada.has_value() != nueva.has_value()) std::abort();
+  if (!nueva) return 0;
+  Comprobar(*nueva);
+  if (recordada->Traducida->Texto != nueva->Traducida->Texto) std::abort();
+  if (recordada->Parametros != nueva->Parametros) std::abort();
   return 0;
 }

@@ -10,7 +10,6 @@ namespace dialecto {
 
 using services::ErrorEjecucion;
 using services::TipoColumna;
-using services::Valor;
 namespace error = services::error;
 
 namespace {
@@ -45,11 +44,11 @@ bool EsPalabra(std::string_view texto, std::string_view mayusculas) {
 }  // namespace
 
 void Traductor::Condicion(CondicionEscrita& escrita) {
-  escrita.Desde = salida_->Texto.size();
+  escrita.Desde = salida_.Texto.size();
   enCurso_ = &escrita;
   ExigirColumna(Expresion());
   enCurso_ = nullptr;
-  escrita.Hasta = salida_->Texto.size();
+  escrita.Hasta = salida_.Texto.size();
 }
 
 Traductor::Operando Traductor::Expresion() {
@@ -78,7 +77,7 @@ Traductor::Operando Traductor::Conjuncion() {
 }
 
 Traductor::Operando Traductor::Negacion() {
-  const std::size_t desde = salida_->Texto.size();
+  const std::size_t desde = salida_.Texto.size();
   bool negada = false;
   while (Tomar(Palabra::Not)) {
     Poner("NOT ");
@@ -111,15 +110,16 @@ Traductor::Operando Traductor::Comparacion() {
 // A `like` compares a key with a value spliced in, and isn't a pattern: as one, deleting the
 // invoice "A_1" would delete "AB1" too. Only a description is looked up with what a user typed.
 void Traductor::Parecer(const Operando& izquierdo, bool negado) {
-  const bool patron = izquierdo.conPatrones && Actual().clase == ClaseToken::Texto &&
-                      Actual().texto.find_first_of("%_") != std::string_view::npos;
+  const bool deTexto = izquierdo.conPatrones && Actual().clase == ClaseToken::Texto;
+  salida_.ConPatrones = salida_.ConPatrones || deTexto;
+  const bool patron = deTexto && Actual().texto.find_first_of("%_") != std::string_view::npos;
   if (!patron) return Comparar(izquierdo, negado ? Simbolo::Distinto : Simbolo::Igual);
   Poner(negado ? " NOT LIKE " : " LIKE ");
   static_cast<void>(Literal());
 }
 
 void Traductor::Comparar(const Operando& izquierdo, Simbolo operador) {
-  const std::size_t antes = salida_->Texto.size();
+  const std::size_t antes = salida_.Texto.size();
   Poner(TextoDe(operador));
   const Operando derecho = Primario();
   if (derecho.literales >= 0) ExigirColumna(izquierdo);
@@ -132,8 +132,8 @@ void Traductor::Comparar(const Operando& izquierdo, Simbolo operador) {
   }
   if (izquierdo.tipo != TipoColumna::FechaHora || derecho.parametro < 0) return;
   // The column stands in the text between these two.
-  salida_->Texto.insert(antes, motor_.Momento.Despues);
-  salida_->Texto.insert(izquierdo.desde, motor_.Momento.Antes);
+  salida_.Texto.insert(antes, motor_.Momento.Despues);
+  salida_.Texto.insert(izquierdo.desde, motor_.Momento.Antes);
 }
 
 void Traductor::EsNulo(const Operando& operando) {
@@ -151,7 +151,7 @@ Traductor::Operando Traductor::Primario() {
 }
 
 Traductor::Operando Traductor::Parentesis() {
-  const std::size_t desde = salida_->Texto.size();
+  const std::size_t desde = salida_.Texto.size();
   Exigir(Simbolo::Abrir);
   Poner("(");
   Operando operando = Expresion();
@@ -166,7 +166,7 @@ Traductor::Operando Traductor::Nombre() {
   if (Tomar(Simbolo::Punto)) {
     const int fuente = FuenteDe(nombre);
     if (enCurso_) enCurso_->Fuentes |= std::uint64_t{1} << static_cast<unsigned>(fuente);
-    const std::size_t desde = salida_->Texto.size();
+    const std::size_t desde = salida_.Texto.size();
     PonerNombre(En(fuente).Nombre);
     Poner(".");
     Operando operando = Columna(fuente, ExigirNombre());
@@ -184,7 +184,7 @@ Traductor::Operando Traductor::Nombre() {
     throw ErrorEjecucion(error::ColumnaDesconocida,
                          "No existe la columna «" + std::string(nombre) + "»");
   }
-  const std::size_t desde = salida_->Texto.size();
+  const std::size_t desde = salida_.Texto.size();
   PonerNombre(elegida->nombre);
   return {desde, elegida->tipo};
 }
@@ -197,7 +197,7 @@ Traductor::Operando Traductor::Columna(int fuente, std::string_view nombre) {
                                                         "» en la tabla «" + tabla.Nombre + "»");
   }
   const auto& columna = tabla.Columnas[static_cast<std::size_t>(posicion)];
-  const std::size_t desde = salida_->Texto.size();
+  const std::size_t desde = salida_.Texto.size();
   PonerNombre(columna.Nombre);
   Operando operando{desde, columna.Tipo, -1, &tabla, fuente, posicion};
   operando.conPatrones = MismoNombre(columna.Nombre, "Descripcion");
@@ -212,7 +212,7 @@ Traductor::Operando Traductor::Funcion() {
   if (!EsPalabra(nombre, "SUM")) Rechazar("una función que no se conoce", nombre);
   agrupa_ = true;
   i_ += 2;
-  const std::size_t desde = salida_->Texto.size();
+  const std::size_t desde = salida_.Texto.size();
   Poner("SUM(");
   const int literales = Expresion().literales;
   Exigir(Simbolo::Cerrar);
@@ -241,7 +241,7 @@ Traductor::Operando Traductor::Recortar() {
     ++abiertos;
     i_ += 2;
   }
-  const std::size_t desde = salida_->Texto.size();
+  const std::size_t desde = salida_.Texto.size();
   const Envoltura& envoltura = lados == ambos       ? motor_.Recorte
                                : lados == izquierdo ? motor_.RecorteIzquierdo
                                                     : motor_.RecorteDerecho;
@@ -255,35 +255,16 @@ Traductor::Operando Traductor::Recortar() {
           .conPatrones = dentro.conPatrones};
 }
 
+// What it is is read when its type is known: `LeerLiterales`.
 Traductor::Operando Traductor::Literal() {
   const bool negativo = Tomar(Simbolo::Menos);
-  const Token& token = Actual();
-  if (negativo && token.clase != ClaseToken::Numero) NoEsperado();
-  ++i_;
-  switch (token.clase) {
-    case ClaseToken::Texto:
-      return Parametro(LeerTexto(token.texto));
-    case ClaseToken::Fecha:
-      return Parametro(LeerFecha(token.texto));
-    case ClaseToken::Numero:
-      return Parametro(LeerNumero(token.texto, negativo));
-    default:
-      break;
-  }
-  if (token.palabra == Palabra::True || token.palabra == Palabra::False) {
-    return Parametro(Valor(token.palabra == Palabra::True));
-  }
-  --i_;
-  NoEsperado();
-}
-
-Traductor::Operando Traductor::Parametro(Valor valor) {
-  const std::size_t desde = salida_->Texto.size();
+  if (!EsLiteral(Actual()) || (negativo && Actual().clase != ClaseToken::Numero)) NoEsperado();
+  const std::size_t desde = salida_.Texto.size();
   if (enCurso_) enCurso_->ConLiterales = true;
   Poner("?");
-  salida_->Parametros.push_back(std::move(valor));
-  const int parametro = static_cast<int>(salida_->Parametros.size()) - 1;
-  return {.desde = desde, .parametro = parametro, .literales = static_cast<int>(i_) - 1};
+  const int parametro = static_cast<int>(salida_.Tipos.size());
+  salida_.Tipos.emplace_back();
+  return {.desde = desde, .parametro = parametro, .literales = static_cast<int>(i_++)};
 }
 
 void Traductor::ExigirColumna(const Operando& operando) const {
@@ -295,8 +276,7 @@ void Traductor::ExigirColumna(const Operando& operando) const {
 
 void Traductor::Adaptar(const Operando& literal, const Operando& contra) {
   if (literal.parametro < 0 || !contra.tipo) return;
-  Valor& valor = salida_->Parametros[static_cast<std::size_t>(literal.parametro)];
-  valor = Adaptado(std::move(valor), *contra.tipo);
+  salida_.Tipos[static_cast<std::size_t>(literal.parametro)] = contra.tipo;
 }
 
 }  // namespace dialecto

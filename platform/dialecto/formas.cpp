@@ -47,7 +47,7 @@ constexpr std::uint8_t kTodos =
 
 }  // namespace
 
-std::string Forma(std::string_view sentencia, const std::vector<Token>& tokens) {
+std::string Forma(std::string_view sentencia, std::span<const Token> tokens) {
   std::string forma;
   forma.reserve(sentencia.size());
   std::size_t desde = 0;
@@ -74,9 +74,8 @@ Formas::Formas(std::span<const std::string> propias) {
   for (const std::string& propia : propias) anadir(propia, kTodos);
 }
 
-bool Formas::Tiene(std::string_view sentencia, const std::vector<Token>& tokens,
-                   ModoApertura modo) const {
-  const auto hallada = modos_.find(Forma(sentencia, tokens));
+bool Formas::Tiene(const std::string& forma, ModoApertura modo) const {
+  const auto hallada = modos_.find(forma);
   return hallada != modos_.end() && (hallada->second & Bit(modo)) != 0;
 }
 

@@ -20,7 +20,7 @@ namespace dialecto {
 /// as `0`; all else as it is written, case and blanks too. Only what means itself is left out: a
 /// text with doubled quotes in it, which means another, stays, and so does a number with a point or
 /// of more figures than are compared.
-[[nodiscard]] std::string Forma(std::string_view sentencia, const std::vector<Token>& tokens);
+[[nodiscard]] std::string Forma(std::string_view sentencia, std::span<const Token> tokens);
 
 /// The statements that may be run, each in the modes in which it is opened: what reads an invoice's
 /// due dates and what changes one of them differ by a condition that a value could bring along.
@@ -29,8 +29,7 @@ class Formas {
   /// Those of the system, and `propias` in any mode.
   explicit Formas(std::span<const std::string> propias);
 
-  [[nodiscard]] bool Tiene(std::string_view sentencia, const std::vector<Token>& tokens,
-                           services::ModoApertura modo) const;
+  [[nodiscard]] bool Tiene(const std::string& forma, services::ModoApertura modo) const;
 
  private:
   /// A bit for each mode.

@@ -86,6 +86,19 @@ class Lector {
   std::string_view todo_ = texto_;
 };
 
+Valor Leer(const Token& literal, bool negativo) {
+  switch (literal.clase) {
+    case ClaseToken::Texto:
+      return LeerTexto(literal.texto);
+    case ClaseToken::Fecha:
+      return LeerFecha(literal.texto);
+    case ClaseToken::Numero:
+      return LeerNumero(literal.texto, negativo);
+    default:
+      return Valor(literal.palabra == Palabra::True);
+  }
+}
+
 }  // namespace
 
 Valor LeerTexto(std::string_view entreComillas) {
@@ -144,6 +157,31 @@ Valor Adaptado(Valor literal, TipoColumna tipo) {
       return ComoFecha(std::move(literal));
   }
   return literal;
+}
+
+bool EsLiteral(const Token& token) {
+  switch (token.clase) {
+    case ClaseToken::Texto:
+    case ClaseToken::Numero:
+    case ClaseToken::Fecha:
+      return true;
+    default:
+      return token.palabra == Palabra::True || token.palabra == Palabra::False;
+  }
+}
+
+std::vector<Valor> LeerLiterales(std::span<const Token> tokens,
+                                 std::span<const std::optional<TipoColumna>> tipos) {
+  std::vector<Valor> valores;
+  valores.reserve(tipos.size());
+  for (std::size_t i = 0; i < tokens.size(); ++i) {
+    if (!EsLiteral(tokens[i])) continue;
+    const bool negativo = i > 0 && tokens[i - 1].simbolo == Simbolo::Menos;
+    Valor valor = Leer(tokens[i], negativo);
+    const auto& tipo = tipos[valores.size()];
+    valores.push_back(tipo ? Adaptado(std::move(valor), *tipo) : std::move(valor));
+  }
+  return valores;
 }
 
 }  // namespace dialecto

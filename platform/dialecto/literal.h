@@ -1,8 +1,12 @@
 #pragma once
 
+#include <optional>
+#include <span>
 #include <string_view>
+#include <vector>
 
 #include "datos/conexion.h"
+#include "dialecto/token.h"
 #include "valores/valor.h"
 
 namespace dialecto {
@@ -17,5 +21,10 @@ namespace dialecto {
 /// The literal as a column of `tipo` must hold it to be equal to it: a number text for a column of
 /// numbers, the moment that a text tells for a date column. Null where no value can be.
 [[nodiscard]] services::Valor Adaptado(services::Valor literal, services::TipoColumna tipo);
+
+[[nodiscard]] bool EsLiteral(const Token& token);
+/// The literals of a statement in their order, each adapted to its type where it has one.
+[[nodiscard]] std::vector<services::Valor> LeerLiterales(
+    std::span<const Token> tokens, std::span<const std::optional<services::TipoColumna>> tipos);
 
 }  // namespace dialecto

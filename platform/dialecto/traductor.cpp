@@ -10,36 +10,15 @@ using services::ErrorEjecucion;
 using services::TipoColumna;
 namespace error = services::error;
 
-void Traductor::Traducir(std::string_view texto, bool conOcultas, Sentencia& sentencia) {
-  sentencia_ = texto;
-  salida_ = &sentencia;
-  sentencia.Texto.clear();
-  sentencia.Parametros.clear();
-  sentencia.Unica = nullptr;
-  fuentes_.clear();
-  elegidas_.clear();
-  distintas_ = false;
-  juntas_.clear();
-  internas_ = true;
-  donde_.reset();
-  orden_ = {};
-  enCurso_ = nullptr;
-  agrupa_ = false;
-  profundidad_ = 0;
-  i_ = 0;
-  Trocear(texto, tokens_);
+Traduccion Traductor::Traducir(bool conOcultas) {
   if (Tomar(Palabra::Select)) {
     Select(conOcultas);
   } else if (Tomar(Palabra::Delete)) {
     Delete();
   } else {
-    Rechazar("no empieza por SELECT ni por DELETE", texto);
+    Rechazar("no empieza por SELECT ni por DELETE", sentencia_);
   }
-}
-
-void Traductor::ExigirEntre(const Formas& formas, services::ModoApertura modo) const {
-  if (formas.Tiene(sentencia_, tokens_, modo)) return;
-  Rechazar("no es de las que escribe el sistema", sentencia_);
+  return std::move(salida_);
 }
 
 void Traductor::NoEsperado() const {
@@ -55,7 +34,7 @@ std::string_view Traductor::ExigirNombre() {
 }
 
 void Traductor::PonerNombre(std::string_view nombre) {
-  auto& texto = salida_->Texto;
+  auto& texto = salida_.Texto;
   texto += motor_.Comilla;
   texto += nombre;
   texto += motor_.Comilla;
@@ -103,24 +82,26 @@ int Traductor::FuenteDe(std::string_view nombre) const {
 }
 
 void Traductor::Select(bool conOcultas) {
-  salida_->Que = Verbo::Select;
+  salida_.Que = Verbo::Select;
   Poner("SELECT ");
-  const std::size_t distinct = salida_->Texto.size();
+  const std::size_t distinct = salida_.Texto.size();
   distintas_ = Tomar(Palabra::Distinct);
   if (distintas_) Poner("DISTINCT ");
   BuscarFuentes();
   if (fuentes_.empty()) Rechazar("no dice de qué tabla", sentencia_);
   Elegidas();
-  if (fuentes_.size() == 1 && !distintas_ && !agrupa_) salida_->Unica = fuentes_.front().Tabla;
-  if (conOcultas && salida_->Unica) Ocultas();
-  const std::size_t from = salida_->Texto.size();
+  const bool deUna = fuentes_.size() == 1 && !distintas_ && !agrupa_;
+  if (deUna) salida_.Unica = fuentes_.front().Tabla->Nombre;
+  if (deUna && conOcultas) Ocultas();
+  const std::size_t from = salida_.Texto.size();
   From();
   Where();
-  const std::size_t hasta = salida_->Texto.size();
+  const std::size_t hasta = salida_.Texto.size();
   GroupBy();
   OrderBy();
   Final();
   if (distintas_) SinRepetidas(distinct, from, hasta);
+  Columnas();
 }
 
 void Traductor::Elegidas() {
@@ -162,7 +143,7 @@ void Traductor::UnaElegida() {
 }
 
 void Traductor::Ocultas() {
-  for (const std::string& oculta : salida_->Unica->Ocultas) {
+  for (const std::string& oculta : fuentes_.front().Tabla->Ocultas) {
     Poner(", ");
     PonerNombre(fuentes_.front().Nombre);
     Poner(".");
@@ -236,14 +217,14 @@ void Traductor::Where() {
 void Traductor::SinRepetidas(std::size_t distinct, std::size_t from, std::size_t hasta) {
   const auto porNumeros = PorNumeros();
   if (!porNumeros) return;
-  Poner(hasta < salida_->Texto.size() ? ", " : " ORDER BY ");
+  Poner(hasta < salida_.Texto.size() ? ", " : " ORDER BY ");
   Poner(porNumeros->Orden);
-  salida_->Texto.replace(from, hasta - from, porNumeros->Desde);
-  salida_->Texto.erase(distinct, std::string_view("DISTINCT ").size());
+  salida_.Texto.replace(from, hasta - from, porNumeros->Desde);
+  salida_.Texto.erase(distinct, std::string_view("DISTINCT ").size());
 }
 
 std::optional<FilasPorNumero> Traductor::PorNumeros() const {
-  Reunion reunion{.Texto = salida_->Texto,
+  Reunion reunion{.Texto = salida_.Texto,
                   .Fuentes = fuentes_,
                   .ConColumnas = orden_.Fuentes,
                   .Juntas = juntas_};
@@ -297,7 +278,7 @@ void Traductor::Final() {
 }
 
 void Traductor::Delete() {
-  salida_->Que = Verbo::Delete;
+  salida_.Que = Verbo::Delete;
   BuscarFuentes();
   if (fuentes_.size() != 1) NoEsperado();
   const Fuente fuente = fuentes_.front();
@@ -316,27 +297,29 @@ void Traductor::Delete() {
   Final();
 }
 
-std::vector<ColumnaDada> Traductor::Columnas() const {
-  std::vector<ColumnaDada> columnas;
+void Traductor::UnaColumna(services::Columna columna, std::string origen) {
+  salida_.Columnas.push_back(std::move(columna));
+  salida_.Origenes.push_back(std::move(origen));
+}
+
+void Traductor::Columnas() {
   for (const Elegida& elegida : elegidas_) {
     if (elegida.tabla && elegida.columna < 0) {
-      for (const auto& columna : elegida.tabla->Columnas) {
-        columnas.push_back({columna, columna.Nombre});
-      }
+      for (const auto& columna : elegida.tabla->Columnas) UnaColumna(columna, columna.Nombre);
       continue;
     }
-    ColumnaDada dada;
+    services::Columna columna;
+    std::string origen;
     if (elegida.tabla) {
-      dada.Columna = elegida.tabla->Columnas[static_cast<std::size_t>(elegida.columna)];
-      dada.Origen = dada.Columna.Nombre;
+      columna = elegida.tabla->Columnas[static_cast<std::size_t>(elegida.columna)];
+      origen = columna.Nombre;
     } else {
-      dada.Columna.Nombre = "Expr" + std::to_string(1000 + columnas.size());
-      dada.Columna.Tipo = elegida.tipo.value_or(TipoColumna::Numero);
+      columna.Nombre = "Expr" + std::to_string(1000 + salida_.Columnas.size());
+      columna.Tipo = elegida.tipo.value_or(TipoColumna::Numero);
     }
-    if (!elegida.nombre.empty()) dada.Columna.Nombre = elegida.nombre;
-    columnas.push_back(std::move(dada));
+    if (!elegida.nombre.empty()) columna.Nombre = elegida.nombre;
+    UnaColumna(std::move(columna), std::move(origen));
   }
-  return columnas;
 }
 
 }  // namespace dialecto

@@ -2,39 +2,39 @@
 
 #include <algorithm>
 #include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
 
 #include "dialecto/catalogo.h"
-#include "dialecto/formas.h"
 #include "dialecto/motor.h"
 #include "dialecto/semirreunion.h"
 #include "dialecto/token.h"
-#include "valores/valor.h"
 
 namespace dialecto {
 
 enum class Verbo { Select, Delete };
 
-/// A statement in an engine's own text. The literals are lifted out: two statements that differ
-/// only in them have the same text, so the text is the key of a prepared statement.
-struct Sentencia {
+/// What a statement is to an engine, whatever its values. The literals are lifted out: two
+/// statements that differ only in them have the same text, so the text is the key of a prepared
+/// statement.
+struct Traduccion {
   Verbo Que = Verbo::Select;
   std::string Texto;
-  /// One per `?`, in their order, each of the type of the column that it is compared with. Null
-  /// for a literal that no value of its column equals.
-  std::vector<services::Valor> Parametros;
-  /// The table whose rows a SELECT gives one by one, so that they can be added and changed; null
+  /// One per `?`, and per literal of the statement, in their order: the type of the column that it
+  /// is compared with, if it is with one.
+  std::vector<std::optional<services::TipoColumna>> Tipos;
+  /// Whether it looks a text up that may be a pattern, so that another value might want another
+  /// text.
+  bool ConPatrones = false;
+  /// The columns of a SELECT as its recordset shows them, and the name of each in its table: empty
+  /// for an expression.
+  std::vector<services::Columna> Columnas;
+  std::vector<std::string> Origenes;
+  /// The table whose rows a SELECT gives one by one, so that they can be added and changed; empty
   /// for a join, a DISTINCT or a sum.
-  const Tabla* Unica = nullptr;
-};
-
-/// A column of a SELECT as its recordset shows it.
-struct ColumnaDada {
-  services::Columna Columna;
-  /// Its name in the one table; empty for an expression.
-  std::string Origen;
+  std::string Unica;
 };
 
 /// Turns statements of the system into those of an engine. It understands one SELECT or one
@@ -42,21 +42,16 @@ struct ColumnaDada {
 /// anything else, 0x80040E37 for an unknown table and 0x80040E10 for an unknown column.
 /// A condition made of literals alone is refused too: the system writes none, but a value with
 /// quotes spliced into a statement, such as `A' or '1'='1`, brings one.
-/// It keeps its buffers from one statement to the next and serves one at a time.
 class Traductor {
  public:
-  Traductor(const Motor& motor, Catalogo& catalogo) : motor_(motor), catalogo_(catalogo) {}
+  /// A statement, and the pieces that it was taken apart into.
+  Traductor(const Motor& motor, Catalogo& catalogo, std::string_view sentencia,
+            std::span<const Token> tokens)
+      : motor_(motor), catalogo_(catalogo), sentencia_(sentencia), tokens_(tokens) {}
 
-  /// With `conOcultas`, a SELECT of one table also selects what finds its rows again, behind its
-  /// own columns.
-  void Traducir(std::string_view texto, bool conOcultas, Sentencia& sentencia);
-
-  /// Throws 0x80040E14 when the statement last translated isn't one of `formas`, opened like that,
-  /// while its text is alive.
-  void ExigirEntre(const Formas& formas, services::ModoApertura modo) const;
-
-  /// The columns of the SELECT last translated, while its text is alive.
-  [[nodiscard]] std::vector<ColumnaDada> Columnas() const;
+  /// Once. With `conOcultas`, a SELECT of one table also selects what finds its rows again, behind
+  /// its own columns.
+  [[nodiscard]] Traduccion Traducir(bool conOcultas);
 
  private:
   /// All columns of a table, one of them, or an expression.
@@ -99,6 +94,8 @@ class Traductor {
   void GroupBy();
   void OrderBy();
   void Final();
+  void Columnas();
+  void UnaColumna(services::Columna columna, std::string origen);
 
   // Expressions: expresion.cpp.
   void Condicion(CondicionEscrita& escrita);
@@ -117,7 +114,6 @@ class Traductor {
   Operando Funcion();
   Operando Recortar();
   Operando Literal();
-  Operando Parametro(services::Valor valor);
   void Adaptar(const Operando& literal, const Operando& contra);
 
   [[nodiscard]] const Token& Actual() const { return tokens_[i_]; }
@@ -141,15 +137,15 @@ class Traductor {
   [[nodiscard]] const Fuente& En(int fuente) const {
     return fuentes_[static_cast<std::size_t>(fuente)];
   }
-  void Poner(std::string_view texto) { salida_->Texto += texto; }
+  void Poner(std::string_view texto) { salida_.Texto += texto; }
   void PonerNombre(std::string_view nombre);
 
   const Motor& motor_;
   Catalogo& catalogo_;
   std::string_view sentencia_;
-  std::vector<Token> tokens_;
+  std::span<const Token> tokens_;
   std::size_t i_ = 0;
-  Sentencia* salida_ = nullptr;
+  Traduccion salida_;
   std::vector<Fuente> fuentes_;
   std::vector<Elegida> elegidas_;
   bool distintas_ = false;

@@ -8,13 +8,11 @@ void Prestada::Devolver() noexcept {
   entrada_->Libres.push_back(std::move(sentencia_));
 }
 
-std::shared_ptr<Entrada> Almacen::Buscar(std::string_view texto) const {
-  const auto hallada = entradas_.find(texto);
-  return hallada == entradas_.end() ? nullptr : hallada->second;
-}
-
 // Prepared before it is kept, so that a text that the engine refuses leaves nothing behind.
-std::shared_ptr<Entrada> Almacen::Crear(std::string_view texto) {
+std::shared_ptr<Entrada> Almacen::EntradaDe(std::string_view texto) {
+  if (const auto hallada = entradas_.find(texto); hallada != entradas_.end()) {
+    return hallada->second;
+  }
   auto entrada = std::make_shared<Entrada>();
   entrada->Texto = texto;
   entrada->Libres.push_back(base_.Preparar(texto));
@@ -30,8 +28,7 @@ Prestada Almacen::Tomar(const std::shared_ptr<Entrada>& entrada) {
 }
 
 Prestada Almacen::Tomar(std::string_view texto) {
-  auto entrada = Buscar(texto);
-  return Tomar(entrada ? entrada : Crear(texto));
+  return Tomar(EntradaDe(texto));
 }
 
 }  // namespace sqlite

@@ -7,21 +7,14 @@
 #include <unordered_map>
 #include <vector>
 
-#include "dialecto/traductor.h"
 #include "sqlite/fichero.h"
 
 namespace sqlite {
 
-/// A text that was prepared, its statements that nobody is using, and what was found out about it
-/// the first time.
+/// A text that was prepared, and its statements that nobody is using.
 struct Entrada {
   std::string Texto;
   std::vector<Preparada> Libres;
-  /// Of a SELECT: its columns, the name of each in the one table, and that table, where rows can
-  /// be written.
-  std::vector<services::Columna> Columnas;
-  std::vector<std::string> Origenes;
-  std::string Tabla;
 };
 
 /// A prepared statement on loan: it goes back to its entry, reset, when the loan ends.
@@ -55,9 +48,8 @@ class Almacen {
  public:
   explicit Almacen(Base& base) : base_(base) {}
 
-  /// The entry of a text; null when it was never kept.
-  [[nodiscard]] std::shared_ptr<Entrada> Buscar(std::string_view texto) const;
-  [[nodiscard]] std::shared_ptr<Entrada> Crear(std::string_view texto);
+  /// The entry of a text, prepared now if it never was.
+  [[nodiscard]] std::shared_ptr<Entrada> EntradaDe(std::string_view texto);
   [[nodiscard]] Prestada Tomar(const std::shared_ptr<Entrada>& entrada);
   [[nodiscard]] Prestada Tomar(std::string_view texto);
   void Olvidar() { entradas_.clear(); }

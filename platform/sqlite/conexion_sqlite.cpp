@@ -7,12 +7,20 @@
 
 namespace sqlite {
 
+namespace {
+
+/// Those that are run; none where any is.
+std::optional<dialecto::Formas> FormasDe(const Opciones& opciones) {
+  if (opciones.CualquierSentencia) return std::nullopt;
+  return dialecto::Formas(opciones.Propias);
+}
+
+}  // namespace
+
 Conexion::Conexion(const std::string& fichero, const Opciones& opciones)
     : base_(fichero, opciones),
       unidad_(base_, almacen_, opciones.UnidadDeTrabajo),
-      traductor_(DialectoSqlite, catalogo_) {
-  if (!opciones.CualquierSentencia) formas_.emplace(opciones.Propias);
-}
+      interprete_(DialectoSqlite, catalogo_, FormasDe(opciones)) {}
 
 Conexion::~Conexion() {
   unidad_.Abandonar();
@@ -20,42 +28,27 @@ Conexion::~Conexion() {
 
 std::unique_ptr<services::Cursor> Conexion::Abrir(std::string_view sentencia,
                                                   services::ModoApertura modo) {
-  const bool conOcultas = modo != services::ModoApertura::Lectura;
-  traductor_.Traducir(sentencia, conOcultas, sentencia_);
-  // Each time, although the engine's text may be known: it doesn't tell what the values were.
-  if (formas_) traductor_.ExigirEntre(*formas_, modo);
-  auto entrada = EntradaDe(sentencia_);
-  if (sentencia_.Que == dialecto::Verbo::Delete) {
-    const Prestada borrado = almacen_.Tomar(entrada);
-    int indice = 0;
-    for (const auto& valor : sentencia_.Parametros) Enlazar(borrado.get(), ++indice, valor);
-    unidad_.Escribir(borrado.get());
-    return nullptr;
+  auto leida = interprete_.Leer(sentencia, modo);
+  auto entrada = almacen_.EntradaDe(leida.Traducida->Texto);
+  if (leida.Traducida->Que == dialecto::Verbo::Select) {
+    return std::make_unique<Cursor>(*this, std::move(entrada), std::move(leida), modo);
   }
-  return std::make_unique<Cursor>(*this, std::move(entrada), std::move(sentencia_.Parametros),
-                                  modo);
+  const Prestada borrado = almacen_.Tomar(entrada);
+  int indice = 0;
+  for (const auto& valor : leida.Parametros) Enlazar(borrado.get(), ++indice, valor);
+  unidad_.Escribir(borrado.get());
+  return nullptr;
 }
 
 std::vector<services::Columna> Conexion::ColumnasDe(std::string_view tabla) {
   return catalogo_.Exigir(tabla).Columnas;
 }
 
-std::shared_ptr<Entrada> Conexion::EntradaDe(const dialecto::Sentencia& sentencia) {
-  if (auto entrada = almacen_.Buscar(sentencia.Texto)) return entrada;
-  auto entrada = almacen_.Crear(sentencia.Texto);
-  if (sentencia.Que == dialecto::Verbo::Delete) return entrada;
-  if (sentencia.Unica) entrada->Tabla = sentencia.Unica->Nombre;
-  for (auto& dada : traductor_.Columnas()) {
-    entrada->Columnas.push_back(std::move(dada.Columna));
-    entrada->Origenes.push_back(std::move(dada.Origen));
-  }
-  return entrada;
-}
-
 // Its tables may be others afterwards.
 void Conexion::Ejecutar(const std::string& sql) {
   unidad_.TerminarLectura();
   almacen_.Olvidar();
+  interprete_.Olvidar();
   catalogo_.Olvidar();
   base_.Ejecutar(sql);
 }

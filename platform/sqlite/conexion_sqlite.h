@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "datos/conexion.h"
+#include "dialecto/interprete.h"
 #include "sqlite/almacen.h"
 #include "sqlite/catalogo_sqlite.h"
 #include "sqlite/fichero.h"
@@ -56,16 +57,12 @@ class Conexion final : public services::ObjetoContado<services::Conexion> {
 
  private:
   friend class Cursor;
-  [[nodiscard]] std::shared_ptr<Entrada> EntradaDe(const dialecto::Sentencia& sentencia);
 
   Base base_;
   Almacen almacen_{base_};
   Unidad unidad_;
-  /// Those that are run; none where any is.
-  std::optional<dialecto::Formas> formas_;
   Catalogo catalogo_{base_};
-  dialecto::Traductor traductor_;
-  dialecto::Sentencia sentencia_;
+  dialecto::Interprete interprete_;
 };
 
 /// Opens a file. Throws 0x80004005 for one that isn't there and isn't to be created, is a folder,

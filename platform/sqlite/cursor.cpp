@@ -15,22 +15,22 @@ using services::TipoColumna;
 using services::Valor;
 namespace error = services::error;
 
-Cursor::Cursor(Conexion& conexion, std::shared_ptr<Entrada> entrada, std::vector<Valor> parametros,
+Cursor::Cursor(Conexion& conexion, std::shared_ptr<Entrada> entrada, dialecto::Sentencia sentencia,
                ModoApertura modo)
     : conexion_(&conexion),
       entrada_(std::move(entrada)),
-      parametros_(std::move(parametros)),
+      sentencia_(std::move(sentencia)),
       modo_(modo) {}
 
 Filas Cursor::Leer() {
   const Prestada sentencia = conexion_->almacen_.Tomar(entrada_);
   int indice = 0;
-  for (const Valor& valor : parametros_) Enlazar(sentencia.get(), ++indice, valor);
+  for (const Valor& valor : sentencia_.Parametros) Enlazar(sentencia.get(), ++indice, valor);
   return Recorrer(sentencia.get());
 }
 
 Filas Cursor::Recorrer(sqlite3_stmt* sentencia) const {
-  const bool conNumero = modo_ != ModoApertura::Lectura && !entrada_->Tabla.empty();
+  const bool conNumero = modo_ != ModoApertura::Lectura && !Tabla().empty();
   Filas filas(Columnas().size() + (conNumero ? 1 : 0));
   int codigo = SQLITE_OK;
   while ((codigo = sqlite3_step(sentencia)) == SQLITE_ROW) {
@@ -46,22 +46,21 @@ Filas Cursor::Recorrer(sqlite3_stmt* sentencia) const {
 
 void Cursor::ExigirTabla(std::span<const Asignacion> valores) const {
   const bool escribible =
-      modo_ != ModoApertura::Lectura && !entrada_->Tabla.empty() &&
-      std::none_of(valores.begin(), valores.end(), [&](const Asignacion& valor) {
-        return entrada_->Origenes[valor.Posicion].empty();
-      });
+      modo_ != ModoApertura::Lectura && !Tabla().empty() &&
+      std::none_of(valores.begin(), valores.end(),
+                   [&](const Asignacion& valor) { return Origenes()[valor.Posicion].empty(); });
   if (escribible) return;
   throw ErrorEjecucion(error::NoDisponible, "La sentencia no deja escribir en sus filas");
 }
 
 void Cursor::PonerColumna(std::string& texto, std::size_t posicion) const {
   texto += '"';
-  texto += entrada_->Origenes[posicion];
+  texto += Origenes()[posicion];
   texto += '"';
 }
 
 std::string Cursor::TextoDeInsercion(std::span<const Asignacion> valores) const {
-  std::string texto = "INSERT INTO \"" + entrada_->Tabla + "\"";
+  std::string texto = "INSERT INTO \"" + Tabla() + "\"";
   if (valores.empty()) return texto + " DEFAULT VALUES";
   std::string huecos;
   for (const Asignacion& valor : valores) {
@@ -95,15 +94,15 @@ void Cursor::Insertar(std::span<const Asignacion> valores) {
 
 std::string Cursor::TextoDeInsertada() const {
   std::string texto = "SELECT ";
-  for (std::size_t i = 0; i < entrada_->Origenes.size(); ++i) {
-    if (entrada_->Origenes[i].empty()) {
+  for (std::size_t i = 0; i < Origenes().size(); ++i) {
+    if (Origenes()[i].empty()) {
       texto += "NULL";
     } else {
       PonerColumna(texto, i);
     }
     texto += ", ";
   }
-  return texto + "rowid FROM \"" + entrada_->Tabla + "\" WHERE rowid = ?";
+  return texto + "rowid FROM \"" + Tabla() + "\" WHERE rowid = ?";
 }
 
 Filas Cursor::LeerInsertada() {
@@ -133,7 +132,7 @@ std::vector<Asignacion> Cursor::LosQueCambian(const Filas& filas, std::size_t fi
 // rest must not have changed by as much as a letter's case.
 std::string Cursor::TextoDeCambio(std::span<const Asignacion> cambian,
                                   std::span<const Asignacion> valores) const {
-  std::string texto = "UPDATE \"" + entrada_->Tabla + "\" SET ";
+  std::string texto = "UPDATE \"" + Tabla() + "\" SET ";
   for (const Asignacion& valor : cambian) {
     if (&valor != &cambian.front()) texto += ", ";
     PonerColumna(texto, valor.Posicion);

@@ -12,11 +12,11 @@ namespace sqlite {
 /// row's own number in the file.
 class Cursor final : public services::Cursor {
  public:
-  Cursor(Conexion& conexion, std::shared_ptr<Entrada> entrada,
-         std::vector<services::Valor> parametros, services::ModoApertura modo);
+  Cursor(Conexion& conexion, std::shared_ptr<Entrada> entrada, dialecto::Sentencia sentencia,
+         services::ModoApertura modo);
 
   [[nodiscard]] const std::vector<services::Columna>& Columnas() const override {
-    return entrada_->Columnas;
+    return sentencia_.Traducida->Columnas;
   }
   [[nodiscard]] services::Filas Leer() override;
   void Insertar(std::span<const services::Asignacion> valores) override;
@@ -25,6 +25,10 @@ class Cursor final : public services::Cursor {
                   std::span<const services::Asignacion> valores) override;
 
  private:
+  [[nodiscard]] const std::string& Tabla() const { return sentencia_.Traducida->Unica; }
+  [[nodiscard]] const std::vector<std::string>& Origenes() const {
+    return sentencia_.Traducida->Origenes;
+  }
   void ExigirTabla(std::span<const services::Asignacion> valores) const;
   void PrepararInsercion(std::span<const services::Asignacion> valores);
   [[nodiscard]] services::Filas Recorrer(sqlite3_stmt* sentencia) const;
@@ -39,7 +43,7 @@ class Cursor final : public services::Cursor {
 
   services::Ref<Conexion> conexion_;
   std::shared_ptr<Entrada> entrada_;
-  std::vector<services::Valor> parametros_;
+  dialecto::Sentencia sentencia_;
   services::ModoApertura modo_;
   /// The insertion of the last set of columns, kept since it is nearly always that of the next.
   Prestada insercion_;

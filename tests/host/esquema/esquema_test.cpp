@@ -93,10 +93,10 @@ class PlanTest : public EsquemaTest, public testing::WithParamInterface<const ch
   std::string Plan(const char* escrita) {
     sqlite::Base base(carpeta.Fichero("datos.db"), {});
     sqlite::Catalogo catalogo(base);
-    dialecto::Sentencia sentencia;
-    dialecto::Traductor(sqlite::DialectoSqlite, catalogo).Traducir(escrita, false, sentencia);
+    const auto leida = dialecto::Interprete(sqlite::DialectoSqlite, catalogo)
+                           .Leer(escrita, services::ModoApertura::Lectura);
     std::string plan;
-    const auto filas = conexion->Consultar("EXPLAIN QUERY PLAN " + sentencia.Texto).Filas;
+    const auto filas = conexion->Consultar("EXPLAIN QUERY PLAN " + leida.Traducida->Texto).Filas;
     for (std::size_t i = 0; i < filas.Cuantas(); ++i) {
       // What was found a line before is gone through, and no table.
       const std::string paso = filas.En(i, 3).Texto();

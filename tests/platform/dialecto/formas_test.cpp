@@ -22,7 +22,7 @@ std::string Forma(std::string_view sentencia) {
 }
 bool EsDelSistema(std::string_view sentencia, ModoApertura modo = ModoApertura::Optimista,
                   const std::vector<std::string>& propias = {}) {
-  return dialecto::Formas(propias).Tiene(sentencia, Trocear(sentencia), modo);
+  return dialecto::Formas(propias).Tiene(Forma(sentencia), modo);
 }
 
 TEST(Formas, LosValoresNoCuentan) {

@@ -3,7 +3,7 @@
 #include <gmock/gmock.h>
 
 #include "catalogo_de_prueba.h"
-#include "dialecto/traductor.h"
+#include "dialecto/interprete.h"
 
 // A SELECT DISTINCT of a table's rows, written so that they are found by their numbers.
 
@@ -23,9 +23,9 @@ constexpr dialecto::Motor kConNumeros = [] {
 
 std::string Traducida(const std::string& escrita, const dialecto::Motor& motor = kConNumeros) {
   pruebas::CatalogoConClaves catalogo;
-  dialecto::Sentencia sentencia;
-  dialecto::Traductor(motor, catalogo).Traducir(escrita, false, sentencia);
-  return sentencia.Texto;
+  const auto leida =
+      dialecto::Interprete(motor, catalogo).Leer(escrita, services::ModoApertura::Lectura);
+  return leida.Traducida->Texto;
 }
 
 constexpr const char* kEntreFechas = " WHERE Vtos.FechaVto >= 'a' And Vtos.FechaVto <= 'b'";

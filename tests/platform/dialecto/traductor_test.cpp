@@ -1,4 +1,4 @@
-#include "dialecto/traductor.h"
+#include "dialecto/interprete.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -10,7 +10,7 @@
 namespace {
 
 using dialecto::Sentencia;
-using dialecto::Traductor;
+using dialecto::Traduccion;
 using dialecto::Verbo;
 using services::HacerFecha;
 using services::Nulo;
@@ -20,20 +20,21 @@ namespace error = services::error;
 
 class Banco {
  public:
-  const Sentencia& Traducir(std::string_view texto, bool conOcultas = false) {
-    traductor_.Traducir(texto, conOcultas, sentencia_);
-    return sentencia_;
+  Sentencia Leer(std::string_view texto) {
+    return interprete_.Leer(texto, services::ModoApertura::Lectura);
+  }
+  const Traduccion& Traducir(std::string_view texto, bool conOcultas = false) {
+    sentencia_ = interprete_.Leer(
+        texto, conOcultas ? services::ModoApertura::Optimista : services::ModoApertura::Lectura);
+    return *sentencia_.Traducida;
   }
   std::int32_t Error(std::string_view texto) {
     return apoyo::NumeroDeError([&] { Traducir(texto); });
   }
-  [[nodiscard]] std::vector<dialecto::ColumnaDada> Columnas() const {
-    return traductor_.Columnas();
-  }
 
  private:
   pruebas::CatalogoDePrueba catalogo_;
-  Traductor traductor_{pruebas::MotorDePrueba, catalogo_};
+  dialecto::Interprete interprete_{pruebas::MotorDePrueba, catalogo_};
   Sentencia sentencia_;
 };
 
@@ -51,8 +52,8 @@ class TraduccionTest : public testing::TestWithParam<Caso> {};
 
 TEST_P(TraduccionTest, DaElTextoDelMotorYSusParametros) {
   Banco banco;
-  const auto& sentencia = banco.Traducir(GetParam().escrita);
-  EXPECT_EQ(sentencia.Texto, GetParam().traducida);
+  const auto sentencia = banco.Leer(GetParam().escrita);
+  EXPECT_EQ(sentencia.Traducida->Texto, GetParam().traducida);
   EXPECT_EQ(sentencia.Parametros, GetParam().parametros);
 }
 
@@ -280,11 +281,11 @@ TEST(Traductor, DosSentenciasQueSoloDifierenEnLaClaveTienenElMismoTexto) {
 
 TEST(Traductor, SoloUnaTablaTalCualDejaEscribirEnElla) {
   Banco banco;
-  EXPECT_NE(banco.Traducir("SELECT Caja.Factura FROM Caja ORDER BY Tipo").Unica, nullptr);
-  EXPECT_EQ(banco.Traducir("SELECT DISTINCT Caja.* FROM Caja").Unica, nullptr);
-  EXPECT_EQ(banco.Traducir("SELECT Sum(Importe) FROM Caja").Unica, nullptr);
-  EXPECT_EQ(banco.Traducir("SELECT Tipo FROM Caja GROUP BY Tipo").Unica, nullptr);
-  EXPECT_EQ(banco.Traducir("SELECT Caja.* FROM Caja, Vtos").Unica, nullptr);
+  EXPECT_EQ(banco.Traducir("SELECT Caja.Factura FROM Caja ORDER BY Tipo").Unica, "Caja");
+  EXPECT_EQ(banco.Traducir("SELECT DISTINCT Caja.* FROM Caja").Unica, "");
+  EXPECT_EQ(banco.Traducir("SELECT Sum(Importe) FROM Caja").Unica, "");
+  EXPECT_EQ(banco.Traducir("SELECT Tipo FROM Caja GROUP BY Tipo").Unica, "");
+  EXPECT_EQ(banco.Traducir("SELECT Caja.* FROM Caja, Vtos").Unica, "");
 }
 
 TEST(Traductor, LoQueHallaLaFilaVaDetrásDeLasColumnas) {
@@ -299,16 +300,17 @@ TEST(Traductor, DaLasColumnasConSuNombreYSuTipo) {
   Banco banco;
   const std::string escrita =
       "SELECT Vtos.*, Caja.Tipo, Sum(Caja.Importe) AS Importe, trim(Caja.Año) FROM Caja, Vtos";
-  banco.Traducir(escrita);
-  const auto columnas = banco.Columnas();
+  const Traduccion& traducida = banco.Traducir(escrita);
+  const auto& columnas = traducida.Columnas;
+  const auto& origenes = traducida.Origenes;
   std::vector<std::string> nombres;
-  for (const auto& columna : columnas) nombres.push_back(columna.Columna.Nombre);
+  for (const auto& columna : columnas) nombres.push_back(columna.Nombre);
   EXPECT_THAT(nombres, ElementsAre("NConcepto", "NFactura", "Año", "FechaVto", "Tipo", "Importe",
                                    "Expr1006"));
-  EXPECT_EQ(columnas[4].Columna.Tipo, services::TipoColumna::Entero);
-  EXPECT_EQ(columnas[4].Origen, "Tipo");
-  EXPECT_EQ(columnas[5].Columna.Tipo, services::TipoColumna::Numero);
-  EXPECT_EQ(columnas[5].Origen, "");
+  EXPECT_EQ(columnas[4].Tipo, services::TipoColumna::Entero);
+  EXPECT_EQ(origenes[4], "Tipo");
+  EXPECT_EQ(columnas[5].Tipo, services::TipoColumna::Numero);
+  EXPECT_EQ(origenes[5], "");
 }
 
 TEST(Traductor, DiceQuéVerboEs) {

@@ -61,11 +61,11 @@ class FilasDistintas : public testing::Test {
   std::string Traducida(const std::string& escrita, const dialecto::Motor& motor) {
     sqlite::Base base(carpeta.Fichero("datos.db"), {});
     sqlite::Catalogo catalogo(base);
-    dialecto::Sentencia sentencia;
-    dialecto::Traductor(motor, catalogo).Traducir(escrita, false, sentencia);
+    const auto sentencia =
+        dialecto::Interprete(motor, catalogo).Leer(escrita, services::ModoApertura::Lectura);
     std::string texto;
     std::size_t parametro = 0;
-    for (const char c : sentencia.Texto) {
+    for (const char c : sentencia.Traducida->Texto) {
       texto += c == '?' ? "'" + sentencia.Parametros[parametro++].Texto() + "'" : std::string(1, c);
     }
     return texto;
