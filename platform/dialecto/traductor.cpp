@@ -98,10 +98,12 @@ void Traductor::Select(bool conOcultas) {
   Where();
   const std::size_t hasta = salida_.Texto.size();
   GroupBy();
+  const std::size_t orden = salida_.Texto.size();
   OrderBy();
   Final();
   if (distintas_) SinRepetidas(distinct, from, hasta);
   Columnas();
+  OrdenarFuera(orden);
 }
 
 void Traductor::Elegidas() {
@@ -262,14 +264,33 @@ void Traductor::OrderBy() {
   do {
     if (!primera) Poner(", ");
     primera = false;
-    Expresion();
+    ordenantes_.push_back(Expresion());
     if (Tomar(Palabra::Desc)) {
       Poner(" DESC");
+      ordenantes_.back() = {};
     } else {
       static_cast<void>(Tomar(Palabra::Asc));
     }
   } while (Tomar(Simbolo::Coma));
   enCurso_ = nullptr;
+}
+
+/// Rows that are shown are sorted sooner by the texts that they show than within the engine, which
+/// knows the Spanish order only by asking for it at each step.
+void Traductor::OrdenarFuera(std::size_t desde) {
+  if (salida_.Unica.empty()) return;
+  std::vector<std::size_t> orden;
+  for (const Operando& ordenante : ordenantes_) {
+    if (ordenante.columna < 0 || ordenante.tipo != TipoColumna::Texto) return;
+    const auto& nombre =
+        ordenante.tabla->Columnas[static_cast<std::size_t>(ordenante.columna)].Nombre;
+    const auto origen = std::ranges::find(salida_.Origenes, nombre);
+    if (origen == salida_.Origenes.end()) return;
+    orden.push_back(static_cast<std::size_t>(origen - salida_.Origenes.begin()));
+  }
+  if (orden.empty()) return;
+  salida_.Orden = std::move(orden);
+  salida_.Texto.resize(desde);
 }
 
 void Traductor::Final() {

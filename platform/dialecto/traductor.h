@@ -32,6 +32,9 @@ struct Traduccion {
   /// for an expression.
   std::vector<services::Columna> Columnas;
   std::vector<std::string> Origenes;
+  /// The columns by which whoever fetches the rows sorts them (`services::Ordenar`), because the
+  /// text doesn't; their positions.
+  std::vector<std::size_t> Orden;
   /// The table whose rows a SELECT gives one by one, so that they can be added and changed; empty
   /// for a join, a DISTINCT or a sum.
   std::string Unica;
@@ -93,6 +96,7 @@ class Traductor {
   [[nodiscard]] std::optional<FilasPorNumero> PorNumeros() const;
   void GroupBy();
   void OrderBy();
+  void OrdenarFuera(std::size_t desde);
   void Final();
   void Columnas();
   void UnaColumna(services::Columna columna, std::string origen);
@@ -155,6 +159,7 @@ class Traductor {
   bool internas_ = true;
   std::optional<CondicionEscrita> donde_;
   CondicionEscrita orden_;
+  std::vector<Operando> ordenantes_;
   CondicionEscrita* enCurso_ = nullptr;
   bool agrupa_ = false;
   int profundidad_ = 0;

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "datos/orden_filas.h"
 #include "sqlite/celdas.h"
 #include "valores/error.h"
 
@@ -26,7 +27,9 @@ Filas Cursor::Leer() {
   const Prestada sentencia = conexion_->almacen_.Tomar(entrada_);
   int indice = 0;
   for (const Valor& valor : sentencia_.Parametros) Enlazar(sentencia.get(), ++indice, valor);
-  return Recorrer(sentencia.get());
+  Filas filas = Recorrer(sentencia.get());
+  if (const auto& orden = sentencia_.Traducida->Orden; !orden.empty()) Ordenar(filas, orden);
+  return filas;
 }
 
 Filas Cursor::Recorrer(sqlite3_stmt* sentencia) const {

@@ -28,7 +28,7 @@ Valor Filas::En(std::size_t fila, std::size_t columna) const {
     case Clase::Fecha:
       return Valor(celda.fecha);
     case Clase::Texto:
-      return Valor(std::string_view(textos_).substr(celda.texto.desde, celda.texto.largo));
+      return Valor(Texto(celda));
   }
   return {};
 }
@@ -79,10 +79,26 @@ void Filas::Anadir(const Valor& valor) {
 void Filas::AnadirCelda(const Filas& otras, std::size_t fila, std::size_t columna) {
   const Celda& celda = otras.celdas_[fila * otras.columnas_ + columna];
   if (celda.clase == Clase::Texto) {
-    AnadirTexto(std::string_view(otras.textos_).substr(celda.texto.desde, celda.texto.largo));
+    AnadirTexto(otras.Texto(celda));
   } else {
     celdas_.push_back(celda);
   }
+}
+
+std::optional<std::string_view> Filas::TextoEn(std::size_t fila, std::size_t columna) const {
+  const Celda& celda = celdas_[fila * columnas_ + columna];
+  if (celda.clase != Clase::Texto) return std::nullopt;
+  return Texto(celda);
+}
+
+void Filas::Reordenar(std::span<const std::uint32_t> orden) {
+  std::vector<Celda> ordenadas;
+  ordenadas.reserve(celdas_.size());
+  for (const std::uint32_t fila : orden) {
+    const auto desde = celdas_.begin() + static_cast<std::ptrdiff_t>(fila * columnas_);
+    ordenadas.insert(ordenadas.end(), desde, desde + static_cast<std::ptrdiff_t>(columnas_));
+  }
+  celdas_ = std::move(ordenadas);
 }
 
 std::int64_t Filas::Entero(std::size_t fila, std::size_t columna) const {

@@ -2,6 +2,8 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -31,6 +33,12 @@ class Filas {
   /// A copy of another's cell.
   void AnadirCelda(const Filas& otras, std::size_t fila, std::size_t columna);
 
+  /// The text of a cell, while these rows aren't added to; none where it holds something else.
+  [[nodiscard]] std::optional<std::string_view> TextoEn(std::size_t fila,
+                                                        std::size_t columna) const;
+  /// Puts the rows in another order: the number of each, as it was.
+  void Reordenar(std::span<const std::uint32_t> orden);
+
   /// The whole number of a cell that was added by `AnadirEntero`; not cut to 32 bits.
   [[nodiscard]] std::int64_t Entero(std::size_t fila, std::size_t columna) const;
 
@@ -49,6 +57,10 @@ class Filas {
     };
     Clase clase;
   };
+
+  [[nodiscard]] std::string_view Texto(const Celda& celda) const {
+    return std::string_view(textos_).substr(celda.texto.desde, celda.texto.largo);
+  }
 
   std::size_t columnas_;
   std::vector<Celda> celdas_;

@@ -288,6 +288,27 @@ TEST(Traductor, SoloUnaTablaTalCualDejaEscribirEnElla) {
   EXPECT_EQ(banco.Traducir("SELECT Caja.* FROM Caja, Vtos").Unica, "");
 }
 
+TEST(Traductor, LoQueSeVeYSeOrdenaPorTextosLoOrdenaQuienLoLee) {
+  Banco banco;
+  const auto porTextos = banco.Traducir(
+      "SELECT Vtos.* FROM Vtos WHERE Año like '1' Order by Vtos.FechaVto, NConcepto asc");
+  EXPECT_EQ(porTextos.Texto, "SELECT \"Vtos\".* FROM \"Vtos\" WHERE \"Año\" = ?");
+  EXPECT_THAT(porTextos.Orden, ElementsAre(3, 0));
+  EXPECT_THAT(banco.Traducir("SELECT Importe, Factura FROM Caja ORDER BY Caja.Factura").Orden,
+              ElementsAre(1));
+  for (const std::string orden :
+       {"Factura desc", "Tipo, Factura", "Factura, FechaHora", "trim(Factura)", "Año"}) {
+    const auto& dada =
+        banco.Traducir("SELECT Factura, Tipo, FechaHora FROM Caja ORDER BY " + orden);
+    EXPECT_THAT(dada.Texto, testing::HasSubstr(" ORDER BY ")) << orden;
+    EXPECT_THAT(dada.Orden, ElementsAre()) << orden;
+  }
+  EXPECT_THAT(banco.Traducir("SELECT DISTINCT Factura FROM Caja ORDER BY Factura").Orden,
+              ElementsAre());
+  EXPECT_THAT(banco.Traducir("SELECT Caja.* FROM Caja, Vtos ORDER BY Caja.Factura").Orden,
+              ElementsAre());
+}
+
 TEST(Traductor, LoQueHallaLaFilaVaDetrásDeLasColumnas) {
   Banco banco;
   EXPECT_EQ(banco.Traducir("SELECT C.Factura FROM Caja AS C", true).Texto,
