@@ -30,7 +30,9 @@ QString LaMasLarga(const services::MSFlexGrid& rejilla, int columna) {
   int larga = 0;
   std::size_t largo = 0;
   for (int f = 0; f < rejilla.Rows; ++f) {
-    const std::size_t este = services::Longitud(rejilla.TextMatrix(f, columna));
+    const std::string& texto = rejilla.TextMatrix(f, columna);
+    if (texto.size() <= largo) continue;  // its characters are no more than its bytes
+    const std::size_t este = services::Longitud(texto);
     if (este <= largo) continue;
     larga = f;
     largo = este;

@@ -27,7 +27,31 @@ bool EsVerdadero(const Valor& valor) {
   return !valor.EsNulo() && valor.Logico();
 }
 
+using Campo = Recordset::Campo::Acceso;
+
 }  // namespace
+
+/// The fields of the merged list's current row, looked up by their names once.
+struct ListaPagos::Fila {
+  explicit Fila(Recordset& lista)
+      : Concepto(lista.Collect("Concepto")),
+        FechaVto(lista.Collect("FechaVto")),
+        NFactura(lista.Collect("NFactura")),
+        Importe(lista.Collect("Importe")),
+        Pagado(lista.Collect("Pagado")),
+        NConcepto(lista.Collect("NConcepto")),
+        Anio(lista.Collect("Año")),
+        Prevision(lista.Collect("Prevision")) {}
+
+  Campo Concepto;
+  Campo FechaVto;
+  Campo NFactura;
+  Campo Importe;
+  Campo Pagado;
+  Campo NConcepto;
+  Campo Anio;
+  Campo Prevision;
+};
 
 ListaPagos::ListaPagos(services::PictureBox& panel, services::Sesion& sesion, RejillaPagos& rejilla,
                        EdicionPagado& edicion, const RangoFechas& rango,
@@ -123,15 +147,22 @@ bool ListaPagos::ReunirVencimientos(Recordset& lista) {
       "SELECT TempProvVencimientos.* FROM TempProvVencimientos WHERE "
       "TempProvVencimientos.Visible = True",
       sesion_.CnTemp(), ModoApertura::Lectura);
-  for (; !vencimientos.Eof(); vencimientos.MoveNext()) {
+  const Campo Descripcion = vencimientos.Collect("Descripcion");
+  const Campo FechaVto = vencimientos.Collect("FechaVto");
+  const Campo NFactura = vencimientos.Collect("NFactura");
+  const Campo Importe = vencimientos.Collect("Importe");
+  const Campo Pagado = vencimientos.Collect("Pagado");
+  const Campo NConcepto = vencimientos.Collect("NConcepto");
+  const Campo Anio = vencimientos.Collect("Año");
+  for (Fila fila(lista); !vencimientos.Eof(); vencimientos.MoveNext()) {
     lista.AddNew();
-    lista.Collect("Concepto") = vencimientos.Collect("Descripcion");
-    lista.Collect("FechaVto") = vencimientos.Collect("FechaVto");
-    lista.Collect("NFactura") = services::Trim(vencimientos.Collect("NFactura").Texto());
-    lista.Collect("Importe") = vencimientos.Collect("Importe");
-    lista.Collect("Pagado") = vencimientos.Collect("Pagado");
-    lista.Collect("NConcepto") = vencimientos.Collect("NConcepto");
-    lista.Collect("Año") = vencimientos.Collect("Año");
+    fila.Concepto = Descripcion;
+    fila.FechaVto = FechaVto;
+    fila.NFactura = services::Trim(NFactura.Texto());
+    fila.Importe = Importe;
+    fila.Pagado = Pagado;
+    fila.NConcepto = NConcepto;
+    fila.Anio = Anio;
     if (!Escribir(lista, "Error al cargar Factura")) return false;
   }
   return true;
@@ -158,21 +189,21 @@ void ListaPagos::ExpandirPrevision(Recordset& prevision) {
       sesion_.CnTemp(), ModoApertura::Lectura);
   Recordset lista;
   lista.Open(kListaParaEscribir, sesion_.CnTemp(), ModoApertura::Optimista);
+  Fila fila(lista);
 
-  RecorrerPrevision(recurrencia, rango_.Intervalo(), sesion_.Utiles(),
-                    [&](const std::string& fecha) {
-                      borradas.Filter("FechaVto = '" + fecha + "'");
-                      if (!borradas.Eof()) return true;
-                      lista.AddNew();
-                      lista.Collect("FechaVto") = fecha;
-                      lista.Collect("NConcepto") = concepto;
-                      lista.Collect("Concepto") = prevision.Collect("Descripcion");
-                      lista.Collect("Importe") =
-                          Mascara(prevision.Collect("Importe"), services::mascara::Prevision);
-                      lista.Collect("NFactura") = "";
-                      lista.Collect("Prevision") = true;
-                      return Escribir(lista, "Error al calcular vencimientos ");
-                    });
+  RecorrerPrevision(
+      recurrencia, rango_.Intervalo(), sesion_.Utiles(), [&](const std::string& fecha) {
+        borradas.Filter("FechaVto = '" + fecha + "'");
+        if (!borradas.Eof()) return true;
+        lista.AddNew();
+        fila.FechaVto = fecha;
+        fila.NConcepto = concepto;
+        fila.Concepto = prevision.Collect("Descripcion");
+        fila.Importe = Mascara(prevision.Collect("Importe"), services::mascara::Prevision);
+        fila.NFactura = "";
+        fila.Prevision = true;
+        return Escribir(lista, "Error al calcular vencimientos ");
+      });
 }
 
 bool ListaPagos::Escribir(Recordset& lista, const char* siNoCabe) {
@@ -187,14 +218,14 @@ bool ListaPagos::Escribir(Recordset& lista, const char* siNoCabe) {
 }
 
 void ListaPagos::MostrarLineas() {
-  Recordset linea;
-  linea.Open(rejilla_.OrdenActual() == PorFecha ? kPorFecha : kPorConcepto, sesion_.CnTemp(),
+  Recordset lista;
+  lista.Open(rejilla_.OrdenActual() == PorFecha ? kPorFecha : kPorConcepto, sesion_.CnTemp(),
              ModoApertura::Lectura);
   FilaAlterna_ = true;
-  for (; !linea.Eof(); linea.MoveNext()) {
-    const Valor importe = linea.Collect("Importe");
-    const Valor pagado = linea.Collect("Pagado");
-    if (SeMuestra(importe, pagado)) MostrarLinea(linea, importe, pagado);
+  for (const Fila fila(lista); !lista.Eof(); lista.MoveNext()) {
+    const Valor importe = fila.Importe;
+    const Valor pagado = fila.Pagado;
+    if (SeMuestra(importe, pagado)) MostrarLinea(fila, importe, pagado);
   }
 }
 
@@ -205,19 +236,18 @@ bool ListaPagos::SeMuestra(const Valor& importe, const Valor& pagado) const {
   return !pagado.Texto().empty() && Mascara(pagado) != Mascara(importe);
 }
 
-void ListaPagos::MostrarLinea(Recordset& linea, const Valor& importe, const Valor& pagado) {
-  const bool prevision = EsVerdadero(linea.Collect("Prevision"));
+void ListaPagos::MostrarLinea(const Fila& fila, const Valor& importe, const Valor& pagado) {
+  const bool prevision = EsVerdadero(fila.Prevision);
 
   std::vector<std::string> celdas(columna::Cuantas);
   const auto celda = [&](int c) -> std::string& { return celdas[static_cast<std::size_t>(c)]; };
-  celda(rejilla_.OrdenActual().Fecha) =
-      sesion_.Utiles().Mostrada(linea.Collect("FechaVto").Texto());
-  celda(rejilla_.OrdenActual().Concepto) = linea.Collect("Concepto").Texto();
-  celda(columna::NFactura) = linea.Collect("NFactura").Texto();
+  celda(rejilla_.OrdenActual().Fecha) = sesion_.Utiles().Mostrada(fila.FechaVto.Texto());
+  celda(rejilla_.OrdenActual().Concepto) = fila.Concepto.Texto();
+  celda(columna::NFactura) = fila.NFactura.Texto();
   celda(columna::Importe) = Mascara(importe);
   celda(columna::Pagado) = Mascara(pagado);
-  celda(columna::NConcepto) = linea.Collect("NConcepto").Texto();
-  celda(columna::Anio) = linea.Collect("Año").Texto();
+  celda(columna::NConcepto) = fila.NConcepto.Texto();
+  celda(columna::Anio) = fila.Anio.Texto();
   AnadirFila(std::move(celdas), prevision ? color::TextoPrevision : color::Texto);
   if (services::Igual(importe, pagado).value_or(false) && !prevision) {
     rejilla_.MSFPagos.PonerImagen(rejilla_.MSFPagos.Rows - 1, columna::Marca,
@@ -227,7 +257,8 @@ void ListaPagos::MostrarLinea(Recordset& linea, const Valor& importe, const Valo
 
 void ListaPagos::AnadirFila(std::vector<std::string> celdas, int texto) {
   FilaAlterna_ = !FilaAlterna_;
-  rejilla_.AnadirFila(std::move(celdas), FilaAlterna_ ? color::FranjaB : color::FranjaA, texto);
+  rejilla_.MSFPagos.AnadirFila(std::move(celdas), FilaAlterna_ ? color::FranjaB : color::FranjaA,
+                               texto);
 }
 
 void ListaPagos::Rellenar() {

@@ -33,6 +33,8 @@ class ListaPagos {
   void VerTodo();
 
  private:
+  struct Fila;
+
   void OptFecha_Click();
   void OptConcepto_Click();
   void ReordenarPor(const Orden& orden);
@@ -48,7 +50,7 @@ class ListaPagos {
   void ExpandirPrevision(services::Recordset& prevision);
   void MostrarLineas();
   [[nodiscard]] bool SeMuestra(const services::Valor& importe, const services::Valor& pagado) const;
-  void MostrarLinea(services::Recordset& linea, const services::Valor& importe,
+  void MostrarLinea(const Fila& fila, const services::Valor& importe,
                     const services::Valor& pagado);
   void Rellenar();
   /// Writes the pending line. A failure is told to the user and the line dropped; false then.

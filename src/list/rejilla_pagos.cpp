@@ -84,11 +84,6 @@ void RejillaPagos::Vaciar() {
   sinGrabar_.Olvidar();
 }
 
-void RejillaPagos::AnadirFila(std::vector<std::string> celdas, int fondo, int texto) {
-  MSFPagos.AnadirFila(std::move(celdas));
-  MSFPagos.PintarFila(MSFPagos.Rows - 1, fondo, texto);
-}
-
 void RejillaPagos::Totalizar() {
   if (MSFPagos.Rows < 2) {
     LblPendiente.Caption = "0.00";
@@ -148,7 +143,8 @@ void RejillaPagos::QuitarFila(int fila) {
   const bool seIntercambia = fila < MSFPagos.Rows;
   const Mientras ocupado(GridOcupado);
   // The new row takes the colour that the swap below turns into the stripe after the last one.
-  AnadirFila({}, seIntercambia ? color::OtraFranja(ultima) : ultima, color::TextoPrevision);
+  MSFPagos.AnadirFila({}, seIntercambia ? color::OtraFranja(ultima) : ultima,
+                      color::TextoPrevision);
   IntercambiarFranjas(fila);
   MSFPagos.MoverA(MSFPagos.Rows - 1, MSFPagos.Cols() - 1);
 }

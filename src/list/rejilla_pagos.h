@@ -53,8 +53,6 @@ class RejillaPagos {
 
   /// Back to the header alone, with nothing pending.
   void Vaciar();
-  /// Appends a row of eight texts.
-  void AnadirFila(std::vector<std::string> celdas, int fondo, int texto);
   /// Sums up the rows on display and shows both totals.
   void Totalizar();
   /// Takes a row out without a rebuild, which keeps the order and what is on sight: the totals go

@@ -89,9 +89,11 @@ void MSFlexGrid::TextMatrix(int fila, int columna, std::string texto) {
   AvisarCelda(fila, columna);
 }
 
-void MSFlexGrid::AnadirFila(std::vector<std::string> celdas) {
+void MSFlexGrid::AnadirFila(std::vector<std::string> celdas, int fondo, int color) {
   celdas.resize(static_cast<std::size_t>(columnas_));
-  for (std::string& texto : celdas) celdas_.emplace_back().texto = std::move(texto);
+  for (std::string& texto : celdas) {
+    celdas_.push_back({.texto = std::move(texto), .fondo = fondo, .color = color});
+  }
   ++filas_;
   SalirDeLaCabecera();
   AvisarFilas();

@@ -102,8 +102,28 @@ std::string ConPuntoDecimal(std::string_view texto) {
   return salida;
 }
 
+/// What `Leer` gives, for a text of few figures with their marks, as an amount is written: a whole
+/// number divided by a power of ten, which both fit a Double.
+std::optional<double> LeerPocasCifras(std::string_view texto) {
+  if (texto.empty() || texto.size() > kCifras || !EsCifra(texto[0])) return std::nullopt;
+  std::int64_t unidades = 0;
+  std::int64_t divisor = 0;  // 0 in the whole part
+  for (const char c : texto) {
+    if (EsCifra(c)) {
+      unidades = unidades * 10 + (c - '0');
+      divisor *= 10;
+    } else if (c == ',' && divisor == 0) {
+      divisor = 1;
+    } else if (c != '.' || divisor > 0) {
+      return std::nullopt;
+    }
+  }
+  return static_cast<double>(unidades) / static_cast<double>(std::max<std::int64_t>(divisor, 1));
+}
+
 /// The number of a whole text, infinite where it doesn't fit a Double.
 std::optional<double> Leer(std::string_view texto) {
+  if (const auto valor = LeerPocasCifras(texto)) return valor;
   texto = SinBlancosAlrededor(texto);
   const std::string numero = texto.starts_with('&') ? std::string(texto) : ConPuntoDecimal(texto);
   const Lectura leido = LeerComienzo(numero);
@@ -149,6 +169,27 @@ void SumarUnoALaUltima(Decimal& numero) {
   ++numero.enteras;
 }
 
+constexpr std::array<double, 5> kPotencias = {1, 10, 100, 1'000, 10'000};
+/// Below it a number with the decimals that `kPotencias` reaches has fewer figures than count.
+constexpr double kDeSobra = 1e10;
+
+/// What `Redondeado` gives, for a number that has no more decimals than that: an amount is one of
+/// whole cents, and its figures are had without looking for them.
+std::optional<std::string> SinRedondear(double valor, int decimales) {
+  const auto lugares = static_cast<std::size_t>(decimales);
+  if (lugares >= kPotencias.size() || !(std::abs(valor) < kDeSobra)) return std::nullopt;
+  const double unidades = std::round(std::abs(valor) * kPotencias[lugares]);
+  if (unidades / kPotencias[lugares] != std::abs(valor)) return std::nullopt;
+  std::array<char, 24> texto;
+  const auto escrito =
+      std::to_chars(texto.begin(), texto.end(), static_cast<std::int64_t>(unidades));
+  std::string cifras(texto.begin(), escrito.ptr);
+  if (cifras.size() <= lugares) cifras.insert(0, lugares + 1 - cifras.size(), '0');
+  if (lugares > 0) cifras.insert(cifras.size() - lugares, 1, '.');
+  if (valor < 0) cifras.insert(0, 1, '-');
+  return cifras;
+}
+
 }  // namespace
 
 double Numero(std::string_view texto) {
@@ -190,6 +231,7 @@ std::string TextoDeNumero(double valor) {
 }
 
 std::string Redondeado(double valor, int decimales) {
+  if (auto exacto = SinRedondear(valor, decimales)) return std::move(*exacto);
   Decimal numero = CifrasSignificativas(std::abs(Acotado(valor)));
   const std::size_t quedan = numero.enteras + static_cast<std::size_t>(decimales);
   const bool sube = quedan < numero.cifras.size() && numero.cifras[quedan] >= '5';

@@ -4,6 +4,7 @@
 
 #include <cmath>
 #include <limits>
+#include <random>
 #include <string>
 #include <tuple>
 #include <vector>
@@ -153,6 +154,43 @@ TEST(Numero, LoRedondeadoACeroNoLlevaSigno) {
   EXPECT_EQ(Redondeado(-0.004, 2), "0.00");
   EXPECT_EQ(Redondeado(-0.4, 0), "0");
   EXPECT_EQ(Redondeado(-1e-300, 2), "0.00");
+}
+
+/// Those that need no rounding are written by a way of their own; the next Doubles on both sides,
+/// which go the long way, have the same fifteen figures.
+TEST(Numero, LoQueNoHayQueRedondearSeEscribeIgual) {
+  std::mt19937_64 azar{2005};
+  for (int vez = 0; vez < 50'000; ++vez) {
+    const int decimales = static_cast<int>(azar() % 5);
+    const auto unidades = static_cast<std::int64_t>(azar() % 100'000'000'000ULL >> azar() % 37);
+    const double importe = static_cast<double>(unidades) / std::pow(10.0, decimales);
+    std::string cifras = std::to_string(unidades);
+    if (cifras.size() <= static_cast<std::size_t>(decimales)) {
+      cifras.insert(0, static_cast<std::size_t>(decimales) + 1 - cifras.size(), '0');
+    }
+    if (decimales > 0) cifras.insert(cifras.size() - static_cast<std::size_t>(decimales), 1, '.');
+    const std::string negativas = (unidades == 0 ? "" : "-") + cifras;
+    for (const double lejos : {importe, 0.0, 1e300}) {
+      const double este = std::nextafter(importe, lejos);
+      ASSERT_EQ(Redondeado(este, decimales), cifras);
+      ASSERT_EQ(Redondeado(-este, decimales), negativas);
+    }
+  }
+}
+
+/// A text of few figures is read by a way of its own, and with its sign goes the long way.
+TEST(Numero, UnasPocasCifrasSeLeenIgual) {
+  constexpr std::string_view kSignos = "0123456789012345678901234567890123456789.,.,e -";
+  std::mt19937_64 azar{7};
+  int leidos = 0;
+  for (int vez = 0; vez < 100'000; ++vez) {
+    std::string texto(1, kSignos[azar() % 40]);
+    for (auto faltan = azar() % 18; faltan > 0; --faltan) texto += kSignos[azar() % kSignos.size()];
+    const auto leido = LeerNumero(texto);
+    ASSERT_EQ(leido, LeerNumero("+" + texto)) << texto;
+    leidos += leido ? 1 : 0;
+  }
+  EXPECT_GT(leidos, 20'000);
 }
 
 TEST(Numero, RedondeaLosExtremos) {
