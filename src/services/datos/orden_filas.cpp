@@ -4,7 +4,6 @@
 #include <cstdint>
 #include <numeric>
 #include <optional>
-#include <ranges>
 #include <string_view>
 #include <unordered_map>
 #include <vector>
@@ -75,8 +74,8 @@ class Puestos {
 void Ordenar(Filas& filas, std::span<const std::size_t> columnas) {
   Numeros orden(filas.Cuantas());
   std::iota(orden.begin(), orden.end(), 0);
-  for (const std::size_t columna : columnas | std::views::reverse) {
-    orden = Puestos(filas, columna).Repartidas(orden);
+  for (auto columna = columnas.rbegin(); columna != columnas.rend(); ++columna) {
+    orden = Puestos(filas, *columna).Repartidas(orden);
   }
   filas.Reordenar(orden);
 }

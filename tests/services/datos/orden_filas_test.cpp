@@ -75,7 +75,7 @@ TEST(OrdenFilas, AlAzarEsElDeCompararlas) {
     }
     Tabla esperada = tabla;
     std::ranges::stable_sort(esperada, [](const auto& una, const auto& otra) {
-      for (const std::size_t columna : {2, 0, 1}) {
+      for (const std::size_t columna : {2U, 0U, 1U}) {
         const Valor& a = una[columna];
         const Valor& b = otra[columna];
         if (a.EsNulo() || b.EsNulo()) {
