@@ -27,9 +27,10 @@ class DosTablas final : public dialecto::Catalogo {
                          {"Visible", services::TipoColumna::Logico},
                          {"Factura"}},
                         {"rowid"},
-                        {3}};
+                        {3},
+                        true};
   dialecto::Tabla vtos_{
-      "Vtos", {{"Año"}, {"Importe", services::TipoColumna::Moneda}}, {"rowid"}, {0}};
+      "Vtos", {{"Año"}, {"Importe", services::TipoColumna::Moneda}}, {"rowid"}, {0}, true};
 };
 
 constexpr dialecto::Motor Motor = {.Comilla = '"',
@@ -40,6 +41,7 @@ constexpr dialecto::Motor Motor = {.Comilla = '"',
                                    .Reunidos = {"numerar(", ")"},
                                    .Numeros = {"numeros((", "))"},
                                    .NumerosEnOrden = {"numeros_en_orden((", "))"},
+                                   .OrdenaQuienLee = true,
                                    .JuntaEnOrden = " CROSS JOIN "};
 
 void Comprobar(const dialecto::Sentencia& sentencia) {
@@ -80,7 +82,10 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* datos, std::size_t cua
   if (recordada.has_value() != nueva.has_value()) std::abort();
   if (!nueva) return 0;
   Comprobar(*nueva);
-  if (recordada->Traducida->Texto != nueva->Traducida->Texto) std::abort();
-  if (recordada->Parametros != nueva->Parametros) std::abort();
+  const dialecto::Traduccion& una = *recordada->Traducida;
+  const dialecto::Traduccion& otra = *nueva->Traducida;
+  const bool misma = una.Texto == otra.Texto && una.Orden == otra.Orden &&
+                     una.Origenes == otra.Origenes && una.Unica == otra.Unica;
+  if (!misma || recordada->Parametros != nueva->Parametros) std::abort();
   return 0;
 }

@@ -164,8 +164,9 @@ ClavesDeTrabajo ClavesDeTrabajo::Nuevas(sqlite::Conexion& deTrabajo, const std::
       "foto.ProvPrevisionPagos");
 }
 
-std::string CopiaDeGrabacion(const Rango& rango, const ClavesDeTrabajo& claves) {
-  return Vacio() + InsertarDe("temp.DelRango", sql::ClavesDelRango(rango)) +
+std::string CopiaDeGrabacion(sqlite::Conexion& base, const Rango& rango,
+                             const ClavesDeTrabajo& claves) {
+  return Vacio() + InsertarDe("temp.DelRango", sql::ClavesDelRango(base, rango)) +
          InsertarDe("temp.Ambito", "SELECT * FROM temp.DelRango") +
          InsertarDe("temp.Ambito", "SELECT * FROM foto.Claves") +
          Insertar("temp.EnLaLista", Valores(claves.EnLaLista)) +

@@ -47,7 +47,8 @@ struct ClavesDeTrabajo {
 
 /// For a commit of `rango`: the stored rows that it deletes, those that the picture holds, and
 /// those that bear a key of the working copy.
-[[nodiscard]] std::string CopiaDeGrabacion(const Rango& rango, const ClavesDeTrabajo& claves);
+[[nodiscard]] std::string CopiaDeGrabacion(sqlite::Conexion& base, const Rango& rango,
+                                           const ClavesDeTrabajo& claves);
 /// The same when nothing stored has changed since the picture and nothing stored bears one of the
 /// new keys: the picture itself.
 [[nodiscard]] std::string CopiaDeFoto(const ClavesDeTrabajo& nuevas);

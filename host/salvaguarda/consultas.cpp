@@ -17,17 +17,17 @@ std::string ComoQueda(const Tabla& tabla, std::string_view columna, std::string_
   return enlace ? "ifnull(" + valor + ", '')" : valor;
 }
 
-/// The rows of a table, as `t`, whose number has a receipt due in the range: each once, found by
-/// its row number.
-std::string ConVencimientoEn(const Rango& rango, const Tabla& tabla) {
-  const std::string filas = Juntar({"main.", tabla.Nombre, " t ON "});
-  return Juntar(
-      {" FROM \"numeros de filas en orden\"((SELECT numerar(t.rowid) FROM main.ProvVencimientos v "
-       "CROSS "
-       "JOIN ",
-       filas, "t.NConcepto = v.NConcepto AND t.", tabla.Numero,
-       " = v.NFactura WHERE v.FechaVto >= ", Texto(rango.Desde),
-       " AND v.FechaVto <= ", Texto(rango.Hasta), ")) n CROSS JOIN ", filas, "t.rowid = n.numero"});
+/// The rows of a table, as `t`, whose number has a receipt due in the range. Where they have
+/// numbers of their own each is found once, by it.
+std::string ConVencimientoEn(sqlite::Conexion& base, const Rango& rango, const Tabla& tabla) {
+  const std::string filas = Juntar({" CROSS JOIN main.", tabla.Nombre, " t ON "});
+  const std::string halladas =
+      Juntar({" FROM main.ProvVencimientos v", filas, "t.NConcepto = v.NConcepto AND t.",
+              tabla.Numero, " = v.NFactura WHERE v.FechaVto >= ", Texto(rango.Desde),
+              " AND v.FechaVto <= ", Texto(rango.Hasta)});
+  if (!base.NumeraFilas(tabla.Nombre)) return halladas;
+  return Juntar({" FROM \"numeros de filas en orden\"((SELECT numerar(t.rowid)", halladas, ")) n",
+                 filas, "t.rowid = n.numero"});
 }
 
 }  // namespace
@@ -39,19 +39,19 @@ std::string CrearClaves(std::string_view esquema, std::string_view tabla) {
                  "PRIMARY KEY (NConcepto, Factura, Año)) WITHOUT ROWID;"});
 }
 
-std::string ClavesDelRango(const Rango& rango) {
+std::string ClavesDelRango(sqlite::Conexion& base, const Rango& rango) {
   return Juntar({"SELECT t.NConcepto, trim(t.Factura), t.Año",
-                 ConVencimientoEn(rango, *BuscarTabla("ProvFacturas"))});
+                 ConVencimientoEn(base, rango, *BuscarTabla("ProvFacturas"))});
 }
 
-std::string ClavesQueVienen(const Rango& rango) {
+std::string ClavesQueVienen(sqlite::Conexion& base, const Rango& rango) {
   return Juntar(
       {"SELECT t.NConcepto, trim(t.NFactura), t.Año",
-       ConVencimientoEn(rango, *BuscarTabla("ProvBasesIva")),
-       " UNION ALL SELECT v.NConcepto, trim(v.NFactura), v.Año",
-       ConVencimientoEn(rango, *BuscarTabla("ProvFacturas")),
-       " CROSS JOIN main.ProvVencimientos v ON v.NConcepto = t.NConcepto AND v.NFactura = "
-       "t.Factura"});
+       ConVencimientoEn(base, rango, *BuscarTabla("ProvBasesIva")),
+       " UNION ALL SELECT s.NConcepto, trim(s.NFactura), s.Año FROM (SELECT t.NConcepto, t.Factura",
+       ConVencimientoEn(base, rango, *BuscarTabla("ProvFacturas")),
+       ") f CROSS JOIN main.ProvVencimientos s ON s.NConcepto = f.NConcepto AND s.NFactura = "
+       "f.Factura"});
 }
 
 std::string EstaEn(std::string_view claves, const Tabla& tabla, std::string_view alias) {

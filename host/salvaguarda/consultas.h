@@ -15,11 +15,12 @@ namespace salvaguarda::sql {
 
 /// The definition of a table of invoice keys.
 [[nodiscard]] std::string CrearClaves(std::string_view esquema, std::string_view tabla);
-/// The keys of the invoices that a commit of the range deletes.
-[[nodiscard]] std::string ClavesDelRango(const Rango& rango);
-/// The keys of the bases and due dates that a load of the range brings. It looks neither at their
-/// year nor for the invoice of a base.
-[[nodiscard]] std::string ClavesQueVienen(const Rango& rango);
+/// The keys of the invoices that a commit of the range deletes, of the stored file `base`; some may
+/// come more than once.
+[[nodiscard]] std::string ClavesDelRango(sqlite::Conexion& base, const Rango& rango);
+/// The keys of the bases and due dates that a load of the range brings, alike. It looks neither at
+/// their year nor for the invoice of a base.
+[[nodiscard]] std::string ClavesQueVienen(sqlite::Conexion& base, const Rango& rango);
 /// That the key of a row stands in a table of them.
 [[nodiscard]] std::string EstaEn(std::string_view claves, const Tabla& tabla,
                                  std::string_view alias);

@@ -89,7 +89,7 @@ std::string Cotejo::FilasDeLaCopia(const Rango& rango) {
     if (nuevas.Ninguna() || !HayGuardadas(foto_.Conexion(), nuevas)) return CopiaDeFoto(nuevas);
     sinCambios_ = false;
   }
-  return CopiaDeGrabacion(rango, ClavesDeTrabajo::Leer(*deTrabajo_));
+  return CopiaDeGrabacion(foto_.Conexion(), rango, ClavesDeTrabajo::Leer(*deTrabajo_));
 }
 
 // What has changed since the user was asked isn't what he agreed to.

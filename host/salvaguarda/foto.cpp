@@ -105,12 +105,13 @@ void Foto::TomarTarde(const Rango& rango) {
 
 void Foto::TomarAhora(const Rango& rango) {
   sql::Transaccion lectura(*conexion_);
-  std::string todo = "DROP TABLE IF EXISTS foto.DelRango; DROP TABLE IF EXISTS foto.Claves;" +
-                     sql::CrearClaves("foto", "DelRango") + sql::CrearClaves("foto", "Claves") +
-                     Juntar({"INSERT OR IGNORE INTO foto.DelRango ", sql::ClavesDelRango(rango),
-                             ";INSERT INTO foto.Claves SELECT * FROM foto.DelRango;"
-                             "INSERT OR IGNORE INTO foto.Claves ",
-                             sql::ClavesQueVienen(rango), ";"});
+  std::string todo =
+      "DROP TABLE IF EXISTS foto.DelRango; DROP TABLE IF EXISTS foto.Claves;" +
+      sql::CrearClaves("foto", "DelRango") + sql::CrearClaves("foto", "Claves") +
+      Juntar({"INSERT OR IGNORE INTO foto.DelRango ", sql::ClavesDelRango(*conexion_, rango),
+              ";INSERT INTO foto.Claves SELECT * FROM foto.DelRango;"
+              "INSERT OR IGNORE INTO foto.Claves ",
+              sql::ClavesQueVienen(*conexion_, rango), ";"});
   for (const Tabla& tabla : TablasDeFactura()) {
     todo += Retratar(tabla.Nombre, sql::FilasDe(tabla, "foto.Claves"));
   }

@@ -15,9 +15,11 @@ struct Tabla {
   /// What an engine selects, besides the columns, to find a row again; in its own text.
   std::vector<std::string> Ocultas;
   /// The positions of the columns of a key: none of them is ever Null, no two rows have the same in
-  /// all of them, and their texts compare as the system compares texts. Empty where there is none,
-  /// and in tables whose rows have no number.
+  /// all of them, and their texts compare as the system compares texts. Empty where there is none.
   std::vector<int> Clave = {};
+  /// Whether `Motor::NumeroDeFila` gives the number of its rows: it has numbers, and no column of
+  /// that name.
+  bool Numerada = false;
 };
 
 /// The tables of a database. A driver supplies it.

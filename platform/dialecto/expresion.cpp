@@ -255,7 +255,7 @@ Traductor::Operando Traductor::Recortar() {
           .conPatrones = dentro.conPatrones};
 }
 
-// What it is is read when its type is known: `LeerLiterales`.
+// Its value is read when the statement is run: `LeerLiterales`.
 Traductor::Operando Traductor::Literal() {
   const bool negativo = Tomar(Simbolo::Menos);
   if (!EsLiteral(Actual()) || (negativo && Actual().clase != ClaseToken::Numero)) NoEsperado();

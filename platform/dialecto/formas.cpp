@@ -31,6 +31,19 @@ bool EsValor(const Token& token) {
   }
 }
 
+bool EsMenos(std::span<const Token> tokens, std::size_t token) {
+  return token < tokens.size() && tokens[token].simbolo == Simbolo::Menos;
+}
+
+/// A number is left out with a sign that stands at it. One that stands apart is no part of a value,
+/// nor are two.
+bool EsValorConSuSigno(std::span<const Token> tokens, std::size_t token) {
+  if (!EsValor(tokens[token])) return false;
+  if (token == 0 || !EsMenos(tokens, token - 1)) return true;
+  const char* const signo = tokens[token - 1].texto.data();
+  return signo + 1 == tokens[token].texto.data() && (token == 1 || !EsMenos(tokens, token - 2));
+}
+
 /// A number takes its sign and the blanks around it along: a code may be stored with some.
 void PonerNumero(std::string& forma) {
   if (forma.ends_with('-')) forma.pop_back();
@@ -51,8 +64,9 @@ std::string Forma(std::string_view sentencia, std::span<const Token> tokens) {
   std::string forma;
   forma.reserve(sentencia.size());
   std::size_t desde = 0;
-  for (const Token& token : tokens) {
-    if (!EsValor(token)) continue;
+  for (std::size_t i = 0; i < tokens.size(); ++i) {
+    const Token& token = tokens[i];
+    if (!EsValorConSuSigno(tokens, i)) continue;
     const auto inicio = static_cast<std::size_t>(token.texto.data() - sentencia.data());
     forma += sentencia.substr(desde, inicio - desde);
     desde = inicio + token.texto.size();

@@ -29,6 +29,7 @@ class Formas {
   /// Those of the system, and `propias` in any mode.
   explicit Formas(std::span<const std::string> propias);
 
+  /// What `Forma` gives for a statement.
   [[nodiscard]] bool Tiene(const std::string& forma, services::ModoApertura modo) const;
 
  private:

@@ -5,6 +5,7 @@
 #include <string>
 #include <string_view>
 #include <unordered_map>
+#include <utility>
 #include <vector>
 
 #include "dialecto/formas.h"
@@ -22,8 +23,9 @@ struct Sentencia {
 };
 
 /// Reads the statements of a connection. What one is to the engine is found out once for each of
-/// their forms: the next of the same form brings other values alone. It keeps its buffers from one
-/// statement to the next and serves one at a time.
+/// their forms, and way of opening: the next of the same form brings other values alone, unless one
+/// of them may be a pattern. It keeps its buffers from one statement to the next and serves one at
+/// a time.
 class Interprete {
  public:
   /// With `formas`, a statement that isn't one of them is refused; without, any is read.
@@ -31,7 +33,7 @@ class Interprete {
       : motor_(motor), catalogo_(catalogo), formas_(std::move(formas)) {}
 
   /// Throws what `Traductor` does, 0x80040E14 also for a statement that may not be run in that
-  /// mode.
+  /// mode, and for a literal that is no number or no date.
   [[nodiscard]] Sentencia Leer(std::string_view sentencia, services::ModoApertura modo);
 
   /// The tables may be others from here on.
@@ -42,7 +44,9 @@ class Interprete {
 
   [[nodiscard]] std::shared_ptr<const Traduccion> Traducida(std::string_view sentencia,
                                                             const std::string& forma,
-                                                            bool conOcultas);
+                                                            services::ModoApertura modo);
+  void Exigir(std::string_view sentencia, const std::string& forma,
+              services::ModoApertura modo) const;
 
   const Motor& motor_;
   Catalogo& catalogo_;

@@ -22,8 +22,10 @@ namespace dialecto {
 /// numbers, the moment that a text tells for a date column. Null where no value can be.
 [[nodiscard]] services::Valor Adaptado(services::Valor literal, services::TipoColumna tipo);
 
+/// Whether it stands for a value: a text, a date, a number without its sign, True or False.
 [[nodiscard]] bool EsLiteral(const Token& token);
-/// The literals of a statement in their order, each adapted to its type where it has one.
+/// The literals of a statement in their order, each adapted to its type where it has one: there is
+/// one entry of `tipos` for each.
 [[nodiscard]] std::vector<services::Valor> LeerLiterales(
     std::span<const Token> tokens, std::span<const std::optional<services::TipoColumna>> tipos);
 

@@ -61,7 +61,10 @@ class Semirreunion {
 };
 
 bool Semirreunion::Posible() const {
-  if (motor_.NumeroDeFila.empty() || TablaDe(reunion_.Elegida).Clave.empty()) return false;
+  const bool numeradas =
+      !motor_.NumeroDeFila.empty() &&
+      std::ranges::all_of(reunion_.Fuentes, [](const Fuente& una) { return una.Tabla->Numerada; });
+  if (!numeradas || TablaDe(reunion_.Elegida).Clave.empty()) return false;
   const Junta* donde = reunion_.Donde;
   if (!donde || !donde->Calificada || std::popcount(donde->Fuentes) != 1) return false;
   const bool deDos = std::ranges::all_of(reunion_.Juntas, [](const Junta& junta) {

@@ -276,9 +276,13 @@ void Traductor::OrderBy() {
 }
 
 /// Rows that are shown are sorted sooner by the texts that they show than within the engine, which
-/// knows the Spanish order only by asking for it at each step.
+/// knows the Spanish order only by asking for it at each step. There are no parameters in what is
+/// taken off: bare columns have none. A column with another name than its table's is left alone,
+/// since the engine may mean that one.
 void Traductor::OrdenarFuera(std::size_t desde) {
-  if (salida_.Unica.empty()) return;
+  const bool conOtroNombre = std::ranges::any_of(
+      elegidas_, [](const Elegida& elegida) { return !elegida.nombre.empty(); });
+  if (!motor_.OrdenaQuienLee || salida_.Unica.empty() || conOtroNombre) return;
   std::vector<std::size_t> orden;
   for (const Operando& ordenante : ordenantes_) {
     if (ordenante.columna < 0 || ordenante.tipo != TipoColumna::Texto) return;

@@ -52,8 +52,8 @@ class Traductor {
             std::span<const Token> tokens)
       : motor_(motor), catalogo_(catalogo), sentencia_(sentencia), tokens_(tokens) {}
 
-  /// Once. With `conOcultas`, a SELECT of one table also selects what finds its rows again, behind
-  /// its own columns.
+  /// May be called once. With `conOcultas`, a SELECT of one table also selects what finds its rows
+  /// again, behind its own columns.
   [[nodiscard]] Traduccion Traducir(bool conOcultas);
 
  private:

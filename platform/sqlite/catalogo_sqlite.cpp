@@ -4,6 +4,12 @@
 
 namespace sqlite {
 
+namespace {
+
+constexpr const char* kNumero = "rowid";
+
+}  // namespace
+
 const dialecto::Tabla* Catalogo::Buscar(std::string_view nombre) {
   for (const auto& tabla : tablas_) {
     if (dialecto::MismoNombre(tabla->Nombre, nombre)) return tabla.get();
@@ -15,7 +21,8 @@ const dialecto::Tabla* Catalogo::Buscar(std::string_view nombre) {
 
 std::unique_ptr<dialecto::Tabla> Catalogo::Leer(std::string_view nombre) {
   const Preparada sentencia = base_.Preparar(
-      "SELECT m.name, c.name, c.type, c.\"notnull\" FROM sqlite_schema AS m "
+      "SELECT m.name, c.name, c.type, c.\"notnull\", t.wr FROM sqlite_schema AS m "
+      "JOIN pragma_table_list(m.name) AS t ON t.schema = 'main' "
       "JOIN pragma_table_info(m.name) AS c "
       "WHERE m.type = 'table' AND m.name = ? COLLATE ES ORDER BY c.cid");
   sqlite3_bind_text(sentencia.get(), 1, nombre.data(), static_cast<int>(nombre.size()),
@@ -26,11 +33,13 @@ std::unique_ptr<dialecto::Tabla> Catalogo::Leer(std::string_view nombre) {
     if (!tabla) {
       tabla = std::make_unique<dialecto::Tabla>();
       tabla->Nombre = TextoDeCelda(sentencia.get(), 0);
-      tabla->Ocultas = {"rowid"};
+      tabla->Ocultas = {kNumero};
+      tabla->Numerada = sqlite3_column_int(sentencia.get(), 4) == 0;
     }
     auto columna = ColumnaDeclarada(std::string(TextoDeCelda(sentencia.get(), 1)),
                                     TextoDeCelda(sentencia.get(), 2));
     columna.AdmiteNulo = sqlite3_column_int(sentencia.get(), 3) == 0;
+    if (dialecto::MismoNombre(columna.Nombre, kNumero)) tabla->Numerada = false;
     tabla->Columnas.push_back(std::move(columna));
   }
   if (codigo != SQLITE_DONE) Lanzar(base_.Motor());
@@ -40,9 +49,8 @@ std::unique_ptr<dialecto::Tabla> Catalogo::Leer(std::string_view nombre) {
 
 std::vector<int> Catalogo::LeerClave(const dialecto::Tabla& tabla) {
   const Preparada sentencia = base_.Preparar(
-      "SELECT x.cid, x.coll FROM pragma_table_list(?1) AS t "
-      "JOIN pragma_index_list(t.name) AS i JOIN pragma_index_xinfo(i.name) AS x "
-      "WHERE t.schema = 'main' AND t.wr = 0 AND i.origin = 'pk' AND x.key = 1");
+      "SELECT x.cid, x.coll FROM pragma_index_list(?1) AS i "
+      "JOIN pragma_index_xinfo(i.name) AS x WHERE i.origin = 'pk' AND x.key = 1");
   sqlite3_bind_text(sentencia.get(), 1, tabla.Nombre.data(), static_cast<int>(tabla.Nombre.size()),
                     SQLITE_STATIC);
   std::vector<int> clave;

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -51,6 +50,11 @@ class Conexion final : public services::ObjetoContado<services::Conexion> {
 
   [[nodiscard]] bool TieneTabla(std::string_view nombre) {
     return catalogo_.Buscar(nombre) != nullptr;
+  }
+  /// Whether the rows of a table have a `rowid`.
+  [[nodiscard]] bool NumeraFilas(std::string_view tabla) {
+    const dialecto::Tabla* hallada = catalogo_.Buscar(tabla);
+    return hallada && hallada->Numerada;
   }
 
   [[nodiscard]] Estadistica Cuenta() const { return {base_.Preparadas(), unidad_.Transacciones()}; }

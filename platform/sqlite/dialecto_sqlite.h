@@ -15,6 +15,7 @@ inline constexpr dialecto::Motor DialectoSqlite = {
     .Reunidos = {"numerar(", ")"},
     .Numeros = {"\"numeros de filas\"((", "))"},
     .NumerosEnOrden = {"\"numeros de filas en orden\"((", "))"},
+    .OrdenaQuienLee = true,
     .JuntaEnOrden = " CROSS JOIN "};
 
 }  // namespace sqlite

@@ -38,6 +38,9 @@ void Reunir(sqlite3_context* contexto, int, sqlite3_value** argumentos) try {
   if (!guardada) return sqlite3_result_error_nomem(contexto);
   if (!guardada->reunion) guardada->reunion = new Reunion;
   Reunion& reunion = *guardada->reunion;
+  if (sqlite3_value_type(argumentos[0]) != SQLITE_INTEGER) {
+    return sqlite3_result_error(contexto, "no es el número de una fila", -1);
+  }
   const Numero numero = sqlite3_value_int64(argumentos[0]);
   if (reunion.vistos.insert(numero).second) reunion.numeros.push_back(numero);
 } catch (const std::exception&) {

@@ -27,7 +27,7 @@ bool EsVerdadero(const Valor& valor) {
   return !valor.EsNulo() && valor.Logico();
 }
 
-using Campo = Recordset::Campo::Acceso;
+using Acceso = Recordset::Campo::Acceso;
 
 }  // namespace
 
@@ -43,14 +43,14 @@ struct ListaPagos::Fila {
         Anio(lista.Collect("Año")),
         Prevision(lista.Collect("Prevision")) {}
 
-  Campo Concepto;
-  Campo FechaVto;
-  Campo NFactura;
-  Campo Importe;
-  Campo Pagado;
-  Campo NConcepto;
-  Campo Anio;
-  Campo Prevision;
+  Acceso Concepto;
+  Acceso FechaVto;
+  Acceso NFactura;
+  Acceso Importe;
+  Acceso Pagado;
+  Acceso NConcepto;
+  Acceso Anio;
+  Acceso Prevision;
 };
 
 ListaPagos::ListaPagos(services::PictureBox& panel, services::Sesion& sesion, RejillaPagos& rejilla,
@@ -147,13 +147,13 @@ bool ListaPagos::ReunirVencimientos(Recordset& lista) {
       "SELECT TempProvVencimientos.* FROM TempProvVencimientos WHERE "
       "TempProvVencimientos.Visible = True",
       sesion_.CnTemp(), ModoApertura::Lectura);
-  const Campo Descripcion = vencimientos.Collect("Descripcion");
-  const Campo FechaVto = vencimientos.Collect("FechaVto");
-  const Campo NFactura = vencimientos.Collect("NFactura");
-  const Campo Importe = vencimientos.Collect("Importe");
-  const Campo Pagado = vencimientos.Collect("Pagado");
-  const Campo NConcepto = vencimientos.Collect("NConcepto");
-  const Campo Anio = vencimientos.Collect("Año");
+  const Acceso Descripcion = vencimientos.Collect("Descripcion");
+  const Acceso FechaVto = vencimientos.Collect("FechaVto");
+  const Acceso NFactura = vencimientos.Collect("NFactura");
+  const Acceso Importe = vencimientos.Collect("Importe");
+  const Acceso Pagado = vencimientos.Collect("Pagado");
+  const Acceso NConcepto = vencimientos.Collect("NConcepto");
+  const Acceso Anio = vencimientos.Collect("Año");
   for (Fila fila(lista); !vencimientos.Eof(); vencimientos.MoveNext()) {
     lista.AddNew();
     fila.Concepto = Descripcion;

@@ -11,9 +11,9 @@
 #include "valores/valor.h"
 
 // What a database driver implements. The rules of recordsets live in `Recordset`, once; a driver
-// only understands a statement, fetches its rows, and inserts and updates them one by one.
-// Everything here fails by throwing `ErrorEjecucion`, its description ending in the engine's own
-// code and text.
+// only understands a statement, fetches its rows in their order, and inserts and updates them one
+// by one. Everything here fails by throwing `ErrorEjecucion`, its description ending in the
+// engine's own code and text.
 
 namespace services {
 

@@ -15,32 +15,45 @@ namespace services {
 namespace {
 
 using Numeros = std::vector<std::uint32_t>;
+using Tramo = std::span<std::uint32_t>;
+using Columnas = std::span<const std::size_t>;
 
-/// The rows of a list repeat their dates and suppliers, so the texts of a column are compared each
-/// with the others once, and rows by the places that their texts got.
+/// So few rows are compared with each other.
+constexpr std::size_t kPocas = 32;
+
+/// The place of each row's text among those of a column: the same where two texts differ in nothing
+/// that counts. Lists repeat their dates and suppliers, so each text is compared once and not in
+/// each row.
 class Puestos {
  public:
-  Puestos(const Filas& filas, std::size_t columna) : deCada_(filas.Cuantas()) {
-    for (std::size_t fila = 0; fila < deCada_.size(); ++fila) {
-      deCada_[fila] = Numero(filas.TextoEn(fila, columna));
+  Puestos(const Filas& filas, Tramo tramo, std::size_t columna) {
+    deCada_.reserve(tramo.size());
+    for (const std::uint32_t fila : tramo) {
+      deCada_.push_back(NumeroDe(filas.TextoEn(fila, columna)));
     }
     const Numeros puestos = Comparados();
     for (std::uint32_t& numero : deCada_) numero = puestos[numero];
   }
 
-  /// `filas`, sorted by what this column has, those with the same place as they were.
-  [[nodiscard]] Numeros Repartidas(const Numeros& filas) const {
-    Numeros desde(textos_.size() + 2);
-    for (const std::uint32_t fila : filas) ++desde[deCada_[fila] + 1];
-    std::partial_sum(desde.begin(), desde.end(), desde.begin());
-    Numeros repartidas(filas.size());
-    for (const std::uint32_t fila : filas) repartidas[desde[deCada_[fila]]++] = fila;
-    return repartidas;
+  /// Sorts the rows by their places, those of the same place as they were, and calls `con` with
+  /// each run of them.
+  template <class Con>
+  void Repartir(Tramo tramo, Con con) const {
+    Numeros hasta(textos_.size() + 2);
+    for (const std::uint32_t puesto : deCada_) ++hasta[puesto + 1];
+    std::partial_sum(hasta.begin(), hasta.end(), hasta.begin());
+    const Numeros antes(tramo.begin(), tramo.end());
+    for (std::size_t i = 0; i < antes.size(); ++i) tramo[hasta[deCada_[i]]++] = antes[i];
+    std::size_t desde = 0;
+    for (const std::uint32_t fin : hasta) {
+      con(tramo.subspan(desde, fin - desde));
+      desde = fin;
+    }
   }
 
  private:
-  /// Null is 0, and the texts count from 1 as they come.
-  std::uint32_t Numero(std::optional<std::string_view> texto) {
+  /// A Null's is 0, and the texts count from 1 as they come.
+  std::uint32_t NumeroDe(std::optional<std::string_view> texto) {
     if (!texto) return 0;
     const auto siguiente = static_cast<std::uint32_t>(textos_.size() + 1);
     const auto [visto, nuevo] = vistos_.try_emplace(*texto, siguiente);
@@ -48,7 +61,7 @@ class Puestos {
     return visto->second;
   }
 
-  /// The place of each number: the same where two texts differ in nothing that counts.
+  /// The place of each number.
   [[nodiscard]] Numeros Comparados() const {
     Numeros orden(textos_.size());
     std::iota(orden.begin(), orden.end(), 0);
@@ -69,14 +82,33 @@ class Puestos {
   std::unordered_map<std::string_view, std::uint32_t> vistos_;
 };
 
+int Comparar(std::optional<std::string_view> uno, std::optional<std::string_view> otro) {
+  if (uno && otro) return CompararTexto(*uno, *otro);
+  return static_cast<int>(uno.has_value()) - static_cast<int>(otro.has_value());
+}
+
+void OrdenarTramo(const Filas& filas, Tramo tramo, Columnas columnas) {
+  if (columnas.empty() || tramo.size() < 2) return;
+  if (tramo.size() > kPocas) {
+    return Puestos(filas, tramo, columnas.front()).Repartir(tramo, [&](Tramo iguales) {
+      OrdenarTramo(filas, iguales, columnas.subspan(1));
+    });
+  }
+  std::ranges::stable_sort(tramo, [&](std::uint32_t una, std::uint32_t otra) {
+    int orden = 0;
+    for (std::size_t i = 0; orden == 0 && i < columnas.size(); ++i) {
+      orden = Comparar(filas.TextoEn(una, columnas[i]), filas.TextoEn(otra, columnas[i]));
+    }
+    return orden < 0;
+  });
+}
+
 }  // namespace
 
 void Ordenar(Filas& filas, std::span<const std::size_t> columnas) {
   Numeros orden(filas.Cuantas());
   std::iota(orden.begin(), orden.end(), 0);
-  for (auto columna = columnas.rbegin(); columna != columnas.rend(); ++columna) {
-    orden = Puestos(filas, *columna).Repartidas(orden);
-  }
+  OrdenarTramo(filas, orden, columnas);
   filas.Reordenar(orden);
 }
 

@@ -89,10 +89,10 @@ void MSFlexGrid::TextMatrix(int fila, int columna, std::string texto) {
   AvisarCelda(fila, columna);
 }
 
-void MSFlexGrid::AnadirFila(std::vector<std::string> celdas, int fondo, int color) {
+void MSFlexGrid::AnadirFila(std::vector<std::string> celdas, int fondo, int texto) {
   celdas.resize(static_cast<std::size_t>(columnas_));
-  for (std::string& texto : celdas) {
-    celdas_.push_back({.texto = std::move(texto), .fondo = fondo, .color = color});
+  for (std::string& celda : celdas) {
+    celdas_.push_back({.texto = std::move(celda), .fondo = fondo, .color = texto});
   }
   ++filas_;
   SalirDeLaCabecera();

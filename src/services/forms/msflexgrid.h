@@ -89,9 +89,9 @@ class MSFlexGrid : public Widget {
   /// The drawing of any cell; `CellPicture` is that of the current one.
   void PonerImagen(int fila, int columna, const std::string& imagen);
 
-  /// Appends a row of those texts, whatever signs they hold, in the grid's colours or in its own;
-  /// texts past the last column are dropped, cells without one stay empty.
-  void AnadirFila(std::vector<std::string> celdas, int fondo = kSinColor, int color = kSinColor);
+  /// Appends a row of those texts, whatever signs they hold, in these colours or, told none, the
+  /// grid's; texts past the last column are dropped, cells without one stay empty.
+  void AnadirFila(std::vector<std::string> celdas, int fondo = kSinColor, int texto = kSinColor);
   /// Takes a row out; those below move up with all they have. The header can't be taken out.
   void RemoveItem(int fila);
 

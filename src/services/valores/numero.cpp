@@ -173,21 +173,20 @@ constexpr std::array<double, 5> kPotencias = {1, 10, 100, 1'000, 10'000};
 /// Below it a number with the decimals that `kPotencias` reaches has fewer figures than count.
 constexpr double kDeSobra = 1e10;
 
-/// What `Redondeado` gives, for a number that has no more decimals than that: an amount is one of
-/// whole cents, and its figures are had without looking for them.
-std::optional<std::string> SinRedondear(double valor, int decimales) {
+/// The figures of a number that has at most so many decimals, which then has them all: an amount is
+/// one of whole cents, and they are had without looking for them.
+std::optional<Decimal> CifrasExactas(double valor, int decimales) {
   const auto lugares = static_cast<std::size_t>(decimales);
-  if (lugares >= kPotencias.size() || !(std::abs(valor) < kDeSobra)) return std::nullopt;
-  const double unidades = std::round(std::abs(valor) * kPotencias[lugares]);
-  if (unidades / kPotencias[lugares] != std::abs(valor)) return std::nullopt;
+  if (lugares >= kPotencias.size() || !(valor < kDeSobra)) return std::nullopt;
+  const double unidades = std::round(valor * kPotencias[lugares]);
+  if (unidades / kPotencias[lugares] != valor) return std::nullopt;
   std::array<char, 24> texto;
   const auto escrito =
       std::to_chars(texto.begin(), texto.end(), static_cast<std::int64_t>(unidades));
   std::string cifras(texto.begin(), escrito.ptr);
   if (cifras.size() <= lugares) cifras.insert(0, lugares + 1 - cifras.size(), '0');
-  if (lugares > 0) cifras.insert(cifras.size() - lugares, 1, '.');
-  if (valor < 0) cifras.insert(0, 1, '-');
-  return cifras;
+  const std::size_t enteras = cifras.size() - lugares;
+  return Decimal{std::move(cifras), enteras};
 }
 
 }  // namespace
@@ -231,8 +230,9 @@ std::string TextoDeNumero(double valor) {
 }
 
 std::string Redondeado(double valor, int decimales) {
-  if (auto exacto = SinRedondear(valor, decimales)) return std::move(*exacto);
-  Decimal numero = CifrasSignificativas(std::abs(Acotado(valor)));
+  const double absoluto = std::abs(Acotado(valor));
+  auto exacto = CifrasExactas(absoluto, decimales);
+  Decimal numero = exacto ? std::move(*exacto) : CifrasSignificativas(absoluto);
   const std::size_t quedan = numero.enteras + static_cast<std::size_t>(decimales);
   const bool sube = quedan < numero.cifras.size() && numero.cifras[quedan] >= '5';
   numero.cifras.resize(quedan, '0');

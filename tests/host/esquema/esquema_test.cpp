@@ -3,7 +3,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "dialecto/traductor.h"
+#include "dialecto/interprete.h"
+#include "dialecto/sentencias.h"
 #include "platform/carpeta_temporal.h"
 #include "sqlite/catalogo_sqlite.h"
 #include "sqlite/dialecto_sqlite.h"
@@ -90,11 +91,13 @@ TEST_F(EsquemaTest, CrearLoQueYaEstáFallaYNoDejaNadaAMedias) {
 /// How the engine goes about a statement of the system.
 class PlanTest : public EsquemaTest, public testing::WithParamInterface<const char*> {
  protected:
-  std::string Plan(const char* escrita) {
+  std::string Plan(std::string_view escrita,
+                   const dialecto::Motor& motor = sqlite::DialectoSqlite) {
     sqlite::Base base(carpeta.Fichero("datos.db"), {});
     sqlite::Catalogo catalogo(base);
-    const auto leida = dialecto::Interprete(sqlite::DialectoSqlite, catalogo)
-                           .Leer(escrita, services::ModoApertura::Lectura);
+    const auto leida =
+        dialecto::Interprete(motor, catalogo).Leer(escrita, services::ModoApertura::Lectura);
+    ordenaQuienLee = !leida.Traducida->Orden.empty();
     std::string plan;
     const auto filas = conexion->Consultar("EXPLAIN QUERY PLAN " + leida.Traducida->Texto).Filas;
     for (std::size_t i = 0; i < filas.Cuantas(); ++i) {
@@ -104,7 +107,27 @@ class PlanTest : public EsquemaTest, public testing::WithParamInterface<const ch
     }
     return plan;
   }
+
+  bool ordenaQuienLee = false;
 };
+
+class PlanDeLoOrdenadoTest : public PlanTest {};
+
+/// Rows that are equal in what they are sorted by stay as the engine comes upon them, which must be
+/// the same whoever sorts.
+TEST_F(PlanDeLoOrdenadoTest, LoQueOrdenaQuienLeeSeRecorreComoSiLoOrdenaraElMotor) {
+  dialecto::Motor ordenaElMotor = sqlite::DialectoSqlite;
+  ordenaElMotor.OrdenaQuienLee = false;
+  const std::string ordenar = "USE TEMP B-TREE FOR ORDER BY\n";
+  int cuantas = 0;
+  for (const auto& [modo, escrita] : dialecto::Sentencias()) {
+    const std::string sinOrden = Plan(escrita);
+    if (!ordenaQuienLee) continue;
+    ++cuantas;
+    EXPECT_EQ(Plan(escrita, ordenaElMotor), sinOrden + ordenar) << escrita;
+  }
+  EXPECT_EQ(cuantas, 4);
+}
 
 TEST_P(PlanTest, BuscaPorÍndiceYNoRecorreNingunaTabla) {
   const auto plan = Plan(GetParam());

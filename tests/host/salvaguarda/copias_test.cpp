@@ -298,7 +298,8 @@ TEST_F(Copias, QuedanLasUltimasYLaPrimeraDeCadaDia) {
       services::FechaHora momento = apoyo::kMarzo;
       momento.Dias += dia;
       momento.Segundos += i;
-      salvaguarda::CopiaEnCurso(copias, *lectura, salvaguarda::CopiaDeGrabacion({"1", "0"}, {}),
+      salvaguarda::CopiaEnCurso(copias, *lectura,
+                                salvaguarda::CopiaDeGrabacion(*lectura, {"1", "0"}, {}),
                                 {momento, "ANA", {"1", "0"}})
           .Terminar();
     }

@@ -36,7 +36,7 @@ class CatalogoDePrueba : public dialecto::Catalogo {
 };
 
 /// A table more, and a key in each but the cash entries.
-class CatalogoConClaves final : public CatalogoDePrueba {
+class CatalogoConClaves : public CatalogoDePrueba {
  public:
   CatalogoConClaves() {
     tablas_[1].Columnas.push_back({"Importe", services::TipoColumna::Moneda});
@@ -44,6 +44,7 @@ class CatalogoConClaves final : public CatalogoDePrueba {
     tablas_[2].Clave = {0};
     tablas_.push_back(
         {"Facturas", {{"NConcepto"}, {"Factura"}, {"Año"}, {"Fecha"}}, {}, {0, 1, 2}});
+    for (dialecto::Tabla& tabla : tablas_) tabla.Numerada = true;
   }
 };
 

@@ -52,6 +52,16 @@ TEST_F(InterpreteTest, LaQueDejaEscribirEsOtra) {
   EXPECT_EQ(Leer(escrita, ModoApertura::Pesimista).Traducida, escribe.Traducida);
 }
 
+TEST_F(InterpreteTest, UnSignoApartadoNoEsDelValor) {
+  const std::string donde = "SELECT Caja.* FROM Caja WHERE Tipo = ";
+  EXPECT_THAT(Leer(donde + "- 1").Parametros, ElementsAre(Valor(-1)));
+  for (const char* otra : {"- -1", "--1", "- - 1", "-- 1"}) {
+    EXPECT_EQ(apoyo::NumeroDeError([&] { Leer(donde + otra); }), error::SentenciaRechazada) << otra;
+  }
+  EXPECT_THAT(Leer(donde + "-22").Parametros, ElementsAre(Valor(-22)));
+  EXPECT_THAT(Leer(donde + "- 22").Parametros, ElementsAre(Valor(-22)));
+}
+
 TEST_F(InterpreteTest, UnPatronNoEsLaFormaDeOtroTexto) {
   const std::string donde = "SELECT Conceptos.* FROM Conceptos WHERE Descripcion like '";
   const std::string exacta = Leer(donde + "luz'").Traducida->Texto;
@@ -80,9 +90,23 @@ TEST_F(InterpreteTest, UnaFormaConocidaSeAbreSoloEnSuModo) {
     return apoyo::NumeroDeError(
         [&] { std::ignore = propio.Leer("SELECT ProvFacturas.* FROM ProvFacturas", modo); });
   };
+  EXPECT_EQ(numero(ModoApertura::Pesimista), error::SentenciaRechazada);
   EXPECT_EQ(numero(ModoApertura::Optimista), 0);
   EXPECT_EQ(numero(ModoApertura::Pesimista), error::SentenciaRechazada);
   EXPECT_EQ(numero(ModoApertura::Lectura), error::SentenciaRechazada);
+}
+
+TEST_F(InterpreteTest, LoQueNoSeDejaCorrerNoDesplazaNada) {
+  ConFacturas conFacturas;
+  dialecto::Interprete propio(pruebas::MotorDePrueba, conFacturas, dialecto::Formas({}));
+  const std::string escrita = "SELECT ProvFacturas.* FROM ProvFacturas";
+  const auto antes = propio.Leer(escrita, ModoApertura::Optimista);
+  for (int i = 0; i < 1'000; ++i) {
+    const std::string otra = escrita + " WHERE Factura = '''" + std::to_string(i) + "'";
+    EXPECT_THROW(std::ignore = propio.Leer(otra, ModoApertura::Optimista),
+                 services::ErrorEjecucion);
+  }
+  EXPECT_EQ(propio.Leer(escrita, ModoApertura::Optimista).Traducida, antes.Traducida);
 }
 
 TEST_F(InterpreteTest, ConOtrasTablasSeTraduceDeNuevo) {

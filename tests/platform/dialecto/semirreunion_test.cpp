@@ -45,6 +45,21 @@ TEST(Semirreunion, LasFilasSeHallanPorSusNumeros) {
       "\"filas de Facturas\".orden");
 }
 
+TEST(Semirreunion, UnaTablaSinNumerosDeFilaNoSeToca) {
+  class SinNumeros : public pruebas::CatalogoConClaves {
+   public:
+    explicit SinNumeros(std::size_t tabla) { tablas_[tabla].Numerada = false; }
+  };
+  for (const std::size_t tabla : {1U, 3U}) {
+    SinNumeros catalogo(tabla);
+    const auto leida =
+        dialecto::Interprete(kConNumeros, catalogo)
+            .Leer("SELECT DISTINCT Facturas.* FROM " + std::string(kConVtos) + kEntreFechas,
+                  services::ModoApertura::Lectura);
+    EXPECT_THAT(leida.Traducida->Texto, HasSubstr("SELECT DISTINCT ")) << tabla;
+  }
+}
+
 TEST(Semirreunion, LaTablaQueSoloPoneSuNombreSeMiraAlFinal) {
   EXPECT_THAT(
       Traducida("SELECT DISTINCT Facturas.*, Conceptos.Descripcion FROM (" + std::string(kConVtos) +

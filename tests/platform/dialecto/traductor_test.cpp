@@ -18,8 +18,16 @@ using services::Valor;
 using testing::ElementsAre;
 namespace error = services::error;
 
+constexpr dialecto::Motor kOrdenaQuienLee = [] {
+  dialecto::Motor motor = pruebas::MotorDePrueba;
+  motor.OrdenaQuienLee = true;
+  return motor;
+}();
+
 class Banco {
  public:
+  explicit Banco(const dialecto::Motor& motor = pruebas::MotorDePrueba)
+      : interprete_(motor, catalogo_) {}
   Sentencia Leer(std::string_view texto) {
     return interprete_.Leer(texto, services::ModoApertura::Lectura);
   }
@@ -34,7 +42,7 @@ class Banco {
 
  private:
   pruebas::CatalogoDePrueba catalogo_;
-  dialecto::Interprete interprete_{pruebas::MotorDePrueba, catalogo_};
+  dialecto::Interprete interprete_;
   Sentencia sentencia_;
 };
 
@@ -289,7 +297,7 @@ TEST(Traductor, SoloUnaTablaTalCualDejaEscribirEnElla) {
 }
 
 TEST(Traductor, LoQueSeVeYSeOrdenaPorTextosLoOrdenaQuienLoLee) {
-  Banco banco;
+  Banco banco(kOrdenaQuienLee);
   const auto porTextos = banco.Traducir(
       "SELECT Vtos.* FROM Vtos WHERE Año like '1' Order by Vtos.FechaVto, NConcepto asc");
   EXPECT_EQ(porTextos.Texto, "SELECT \"Vtos\".* FROM \"Vtos\" WHERE \"Año\" = ?");
@@ -305,6 +313,11 @@ TEST(Traductor, LoQueSeVeYSeOrdenaPorTextosLoOrdenaQuienLoLee) {
   }
   EXPECT_THAT(banco.Traducir("SELECT DISTINCT Factura FROM Caja ORDER BY Factura").Orden,
               ElementsAre());
+  EXPECT_THAT(
+      banco.Traducir("SELECT Año AS Factura, Factura AS F FROM Caja ORDER BY Factura").Orden,
+      ElementsAre());
+  EXPECT_THAT(Banco().Traducir("SELECT Caja.* FROM Caja ORDER BY Factura").Orden, ElementsAre())
+      << "otro motor ordena lo suyo";
   EXPECT_THAT(banco.Traducir("SELECT Caja.* FROM Caja, Vtos ORDER BY Caja.Factura").Orden,
               ElementsAre());
 }

@@ -168,6 +168,20 @@ TEST_F(FilasDistintas, UnFicheroConTablasDeNumeros) {
   EXPECT_GT(vistas, 20U);
 }
 
+/// The engine then takes its name for the column's.
+TEST_F(FilasDistintas, UnaColumnaQueSeLlamaComoElNumeroDeFila) {
+  esquema::CrearAlmacenadas(*conexion);
+  std::string sql = Azar();
+  for (const std::string tabla : {"ProvFacturas", "ProvBasesIva", "ProvVencimientos",
+                                  "ProvConceptos", "ProvPrevisionPagos"}) {
+    sql += "ALTER TABLE " + tabla + " ADD COLUMN RowId TEXT DEFAULT 'x';";
+  }
+  conexion->Ejecutar(sql);
+  Comparar();
+  EXPECT_GT(vistas, 20U);
+  for (const std::string& escrita : Sentencias()) EXPECT_FALSE(SeReescribe(escrita)) << escrita;
+}
+
 /// Tables that another program has made, with the same columns.
 class DeOtroPrograma : public FilasDistintas, public testing::WithParamInterface<const char*> {};
 

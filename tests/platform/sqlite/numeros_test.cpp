@@ -74,6 +74,14 @@ TEST_F(Numeros, DeLoQueNoEsUnValorSuyoNoSaleNada) {
   }
 }
 
+TEST_F(Numeros, LoQueNoEsNumeroDeFilaNoSeReune) {
+  for (const std::string valor : {"'r1'", "NULL", "1.5", "x'01'"}) {
+    EXPECT_THROW(Leer("SELECT numerar(column1), 0 FROM (VALUES (1), (" + valor + "))"),
+                 services::ErrorEjecucion)
+        << valor;
+  }
+}
+
 TEST_F(Numeros, SinValorNoSeRecorren) {
   EXPECT_THROW(Leer("SELECT numero, orden FROM \"numeros de filas\""), services::ErrorEjecucion);
 }

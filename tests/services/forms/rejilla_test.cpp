@@ -54,6 +54,15 @@ TEST_F(Rejilla, UnaFilaNuevaDejaVacioLoQueFaltaYQuitaLoQueSobra) {
   EXPECT_EQ(g.Rows, 8);
 }
 
+TEST_F(Rejilla, UnaFilaNuevaTraeSusColoresOLosDeLaRejilla) {
+  g.AnadirFila({"a"});
+  g.AnadirFila({"b"}, 255, 128);
+  EXPECT_EQ(g.FondoDe(5, 2), g.BackColor);
+  EXPECT_EQ(g.ColorDe(5, 2), g.ForeColor);
+  EXPECT_EQ(g.FondoDe(6, 3), 255);
+  EXPECT_EQ(g.ColorDe(6, 3), 128);
+}
+
 TEST_F(Rejilla, UnaFilaNuevaNoMueveLaCeldaNiDisparaNada) {
   g.AnadirFila({"a"});
   EXPECT_EQ(g.Row, 1);
