@@ -21,7 +21,7 @@ std::string ComoQueda(const Tabla& tabla, std::string_view columna, std::string_
 /// numbers of their own each is found once, by it.
 std::string ConVencimientoEn(sqlite::Conexion& base, const Rango& rango, const Tabla& tabla) {
   const std::string filas = Juntar({" CROSS JOIN main.", tabla.Nombre, " t ON "});
-  const std::string halladas =
+  std::string halladas =
       Juntar({" FROM main.ProvVencimientos v", filas, "t.NConcepto = v.NConcepto AND t.",
               tabla.Numero, " = v.NFactura WHERE v.FechaVto >= ", Texto(rango.Desde),
               " AND v.FechaVto <= ", Texto(rango.Hasta)});
