@@ -96,14 +96,15 @@ void Traductor::Select(bool conOcultas) {
   const std::size_t from = salida_.Texto.size();
   From();
   Where();
-  const std::size_t hasta = salida_.Texto.size();
   GroupBy();
   const std::size_t orden = salida_.Texto.size();
   OrderBy();
   Final();
-  if (distintas_) SinRepetidas(distinct, from, hasta);
   Columnas();
-  OrdenarFuera(orden);
+  const auto porNumero = SinRepetidas();
+  const bool fuera = (porNumero || !salida_.Unica.empty()) && OrdenarFuera();
+  if (fuera) salida_.Texto.resize(orden);
+  if (porNumero) PorNumeros(*porNumero, {distinct, from, orden}, fuera);
 }
 
 void Traductor::Elegidas() {
@@ -215,17 +216,8 @@ void Traductor::Where() {
   Condicion(donde_.emplace());
 }
 
-/// Where the engine can give the same rows without looking for those that repeat.
-void Traductor::SinRepetidas(std::size_t distinct, std::size_t from, std::size_t hasta) {
-  const auto porNumeros = PorNumeros();
-  if (!porNumeros) return;
-  Poner(hasta < salida_.Texto.size() ? ", " : " ORDER BY ");
-  Poner(porNumeros->Orden);
-  salida_.Texto.replace(from, hasta - from, porNumeros->Desde);
-  salida_.Texto.erase(distinct, std::string_view("DISTINCT ").size());
-}
-
-std::optional<FilasPorNumero> Traductor::PorNumeros() const {
+/// The rows of a DISTINCT by their numbers, where that gives the same.
+std::optional<FilasPorNumero> Traductor::SinRepetidas() const {
   Reunion reunion{.Texto = salida_.Texto,
                   .Fuentes = fuentes_,
                   .ConColumnas = orden_.Fuentes,
@@ -239,9 +231,25 @@ std::optional<FilasPorNumero> Traductor::PorNumeros() const {
       return std::nullopt;
     }
   }
-  if (!internas_ || agrupa_ || !orden_.Calificada || reunion.Elegida < 0) return std::nullopt;
+  const bool llana = distintas_ && internas_ && !agrupa_ && orden_.Calificada;
+  if (!llana || reunion.Elegida < 0) return std::nullopt;
   reunion.ConColumnas &= ~(std::uint64_t{1} << static_cast<unsigned>(reunion.Elegida));
   return PorNumerosDeFila(motor_, reunion);
+}
+
+/// Takes the place of what stands between FROM and ORDER BY, and of the DISTINCT.
+void Traductor::PorNumeros(const FilasPorNumero& filas, const Trozos& trozos, bool ordenaQuienLee) {
+  std::string& texto = salida_.Texto;
+  if (!ordenaQuienLee) {
+    Poner(trozos.orden < texto.size() ? ", " : " ORDER BY ");
+    Poner(filas.Orden);
+  }
+  texto.replace(trozos.from, trozos.orden - trozos.from, filas.Desde);
+  if (ordenaQuienLee) {
+    texto.insert(trozos.from, ", " + filas.Orden);
+    salida_.Orden.Puesto = salida_.Columnas.size();
+  }
+  texto.erase(trozos.distinct, std::string_view("DISTINCT ").size());
 }
 
 void Traductor::GroupBy() {
@@ -276,25 +284,35 @@ void Traductor::OrderBy() {
 }
 
 /// Rows that are shown are sorted sooner by the texts that they show than within the engine, which
-/// knows the Spanish order only by asking for it at each step. There are no parameters in what is
-/// taken off: bare columns have none. A column with another name than its table's is left alone,
-/// since the engine may mean that one.
-void Traductor::OrdenarFuera(std::size_t desde) {
+/// knows the Spanish order only by asking for it at each step, and sorts rows whole. There are no
+/// parameters in what is then left out: bare columns have none. A column with another name than its
+/// table's is left alone, since the engine may mean that one.
+bool Traductor::OrdenarFuera() {
   const bool conOtroNombre = std::ranges::any_of(
       elegidas_, [](const Elegida& elegida) { return !elegida.nombre.empty(); });
-  if (!motor_.OrdenaQuienLee || salida_.Unica.empty() || conOtroNombre) return;
-  std::vector<std::size_t> orden;
+  if (!motor_.OrdenaQuienLee || conOtroNombre) return false;
+  std::vector<std::size_t> textos;
   for (const Operando& ordenante : ordenantes_) {
-    if (ordenante.columna < 0 || ordenante.tipo != TipoColumna::Texto) return;
-    const auto& nombre =
-        ordenante.tabla->Columnas[static_cast<std::size_t>(ordenante.columna)].Nombre;
-    const auto origen = std::ranges::find(salida_.Origenes, nombre);
-    if (origen == salida_.Origenes.end()) return;
-    orden.push_back(static_cast<std::size_t>(origen - salida_.Origenes.begin()));
+    const auto posicion = PosicionDe(ordenante);
+    if (!posicion || ordenante.tipo != TipoColumna::Texto) return false;
+    textos.push_back(*posicion);
   }
-  if (orden.empty()) return;
-  salida_.Orden = std::move(orden);
-  salida_.Texto.resize(desde);
+  salida_.Orden.Textos = std::move(textos);
+  return true;
+}
+
+/// Where a column is shown; none for one that isn't, or an expression.
+std::optional<std::size_t> Traductor::PosicionDe(const Operando& columna) const {
+  std::size_t posicion = 0;
+  for (const Elegida& elegida : elegidas_) {
+    const bool todas = elegida.tabla && elegida.columna < 0;
+    const bool deSuFuente =
+        elegida.tabla && columna.columna >= 0 && elegida.fuente == columna.fuente;
+    if (deSuFuente && todas) return posicion + static_cast<std::size_t>(columna.columna);
+    if (deSuFuente && elegida.columna == columna.columna) return posicion;
+    posicion += todas ? elegida.tabla->Columnas.size() : 1;
+  }
+  return std::nullopt;
 }
 
 void Traductor::Final() {

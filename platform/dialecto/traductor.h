@@ -7,6 +7,7 @@
 #include <string_view>
 #include <vector>
 
+#include "datos/orden_filas.h"
 #include "dialecto/catalogo.h"
 #include "dialecto/motor.h"
 #include "dialecto/semirreunion.h"
@@ -32,9 +33,9 @@ struct Traduccion {
   /// for an expression.
   std::vector<services::Columna> Columnas;
   std::vector<std::string> Origenes;
-  /// The columns by which whoever fetches the rows sorts them (`services::Ordenar`), because the
-  /// text doesn't; their positions.
-  std::vector<std::size_t> Orden;
+  /// How whoever fetches the rows sorts them (`services::Ordenar`), because the text doesn't. The
+  /// place of each row then stands behind its columns.
+  services::OrdenDeFilas Orden;
   /// The table whose rows a SELECT gives one by one, so that they can be added and changed; empty
   /// for a join, a DISTINCT or a sum.
   std::string Unica;
@@ -78,6 +79,13 @@ class Traductor {
     bool conPatrones = false;
   };
 
+  /// Where a SELECT's text has its DISTINCT, its FROM and what it sorts by.
+  struct Trozos {
+    std::size_t distinct;
+    std::size_t from;
+    std::size_t orden;
+  };
+
   // Statements: traductor.cpp.
   void Select(bool conOcultas);
   void Delete();
@@ -92,11 +100,12 @@ class Traductor {
   void UnaFuente();
   void Juntas();
   void Where();
-  void SinRepetidas(std::size_t distinct, std::size_t from, std::size_t hasta);
-  [[nodiscard]] std::optional<FilasPorNumero> PorNumeros() const;
+  void PorNumeros(const FilasPorNumero& filas, const Trozos& trozos, bool ordenaQuienLee);
+  [[nodiscard]] std::optional<FilasPorNumero> SinRepetidas() const;
   void GroupBy();
   void OrderBy();
-  void OrdenarFuera(std::size_t desde);
+  bool OrdenarFuera();
+  [[nodiscard]] std::optional<std::size_t> PosicionDe(const Operando& columna) const;
   void Final();
   void Columnas();
   void UnaColumna(services::Columna columna, std::string origen);

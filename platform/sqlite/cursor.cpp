@@ -28,13 +28,14 @@ Filas Cursor::Leer() {
   int indice = 0;
   for (const Valor& valor : sentencia_.Parametros) Enlazar(sentencia.get(), ++indice, valor);
   Filas filas = Recorrer(sentencia.get());
-  if (const auto& orden = sentencia_.Traducida->Orden; !orden.empty()) Ordenar(filas, orden);
+  services::Ordenar(filas, sentencia_.Traducida->Orden);
   return filas;
 }
 
 Filas Cursor::Recorrer(sqlite3_stmt* sentencia) const {
   const bool conNumero = modo_ != ModoApertura::Lectura && !Tabla().empty();
-  Filas filas(Columnas().size() + (conNumero ? 1 : 0));
+  const bool conPuesto = sentencia_.Traducida->Orden.Puesto.has_value();
+  Filas filas(Columnas().size() + (conNumero || conPuesto ? 1 : 0));
   int codigo = SQLITE_OK;
   while ((codigo = sqlite3_step(sentencia)) == SQLITE_ROW) {
     if (static_cast<std::size_t>(sqlite3_column_count(sentencia)) != filas.Columnas()) {

@@ -3,10 +3,9 @@
 #include <algorithm>
 #include <cstdint>
 #include <numeric>
-#include <optional>
+#include <span>
 #include <string_view>
 #include <unordered_map>
-#include <vector>
 
 #include "valores/texto.h"
 
@@ -20,6 +19,17 @@ using Columnas = std::span<const std::size_t>;
 
 /// So few rows are compared with each other.
 constexpr std::size_t kPocas = 32;
+
+/// Sorts rows by the place of each, from 0 on, those of the same place as they were. Where the rows
+/// of each place end.
+Numeros Repartir(Tramo tramo, const Numeros& puestos, std::size_t cuantos) {
+  Numeros hasta(cuantos + 1);
+  for (const std::uint32_t puesto : puestos) ++hasta[puesto + 1];
+  std::partial_sum(hasta.begin(), hasta.end(), hasta.begin());
+  const Numeros antes(tramo.begin(), tramo.end());
+  for (std::size_t i = 0; i < antes.size(); ++i) tramo[hasta[puestos[i]]++] = antes[i];
+  return hasta;
+}
 
 /// The place of each row's text among those of a column: the same where two texts differ in nothing
 /// that counts. Lists repeat their dates and suppliers, so each text is compared once and not in
@@ -35,17 +45,11 @@ class Puestos {
     for (std::uint32_t& numero : deCada_) numero = puestos[numero];
   }
 
-  /// Sorts the rows by their places, those of the same place as they were, and calls `con` with
-  /// each run of them.
+  /// Sorts the rows by their places, and calls `con` with each run of those of the same.
   template <class Con>
-  void Repartir(Tramo tramo, Con con) const {
-    Numeros hasta(textos_.size() + 2);
-    for (const std::uint32_t puesto : deCada_) ++hasta[puesto + 1];
-    std::partial_sum(hasta.begin(), hasta.end(), hasta.begin());
-    const Numeros antes(tramo.begin(), tramo.end());
-    for (std::size_t i = 0; i < antes.size(); ++i) tramo[hasta[deCada_[i]]++] = antes[i];
+  void Ordenar(Tramo tramo, Con con) const {
     std::size_t desde = 0;
-    for (const std::uint32_t fin : hasta) {
+    for (const std::uint32_t fin : Repartir(tramo, deCada_, textos_.size() + 1)) {
       con(tramo.subspan(desde, fin - desde));
       desde = fin;
     }
@@ -90,7 +94,7 @@ int Comparar(std::optional<std::string_view> uno, std::optional<std::string_view
 void OrdenarTramo(const Filas& filas, Tramo tramo, Columnas columnas) {
   if (columnas.empty() || tramo.size() < 2) return;
   if (tramo.size() > kPocas) {
-    return Puestos(filas, tramo, columnas.front()).Repartir(tramo, [&](Tramo iguales) {
+    return Puestos(filas, tramo, columnas.front()).Ordenar(tramo, [&](Tramo iguales) {
       OrdenarTramo(filas, iguales, columnas.subspan(1));
     });
   }
@@ -103,13 +107,25 @@ void OrdenarTramo(const Filas& filas, Tramo tramo, Columnas columnas) {
   });
 }
 
+void PonerEnSuPuesto(const Filas& filas, Tramo tramo, std::size_t columna) {
+  Numeros puestos;
+  puestos.reserve(tramo.size());
+  for (const std::uint32_t fila : tramo) {
+    puestos.push_back(static_cast<std::uint32_t>(filas.Entero(fila, columna)));
+  }
+  const auto ultimo = std::ranges::max_element(puestos);
+  Repartir(tramo, puestos, ultimo == puestos.end() ? 0 : std::size_t{*ultimo} + 1);
+}
+
 }  // namespace
 
-void Ordenar(Filas& filas, std::span<const std::size_t> columnas) {
-  Numeros orden(filas.Cuantas());
-  std::iota(orden.begin(), orden.end(), 0);
-  OrdenarTramo(filas, orden, columnas);
-  filas.Reordenar(orden);
+void Ordenar(Filas& filas, const OrdenDeFilas& orden) {
+  if (orden.Ninguno()) return;
+  Numeros numeros(filas.Cuantas());
+  std::iota(numeros.begin(), numeros.end(), 0);
+  if (orden.Puesto) PonerEnSuPuesto(filas, numeros, *orden.Puesto);
+  OrdenarTramo(filas, numeros, orden.Textos);
+  filas.Reordenar(numeros);
 }
 
 }  // namespace services

@@ -2,6 +2,10 @@
 
 #include <gmock/gmock.h>
 
+#include <map>
+#include <string>
+#include <vector>
+
 #include "catalogo_de_prueba.h"
 #include "dialecto/interprete.h"
 
@@ -43,6 +47,38 @@ TEST(Semirreunion, LasFilasSeHallanPorSusNumeros) {
       "\"Vtos\".\"FechaVto\" <= ?)) AS \"filas de Facturas\" LUEGO \"Facturas\" ON "
       "\"Facturas\".n = \"filas de Facturas\".numero ORDER BY \"Facturas\".\"Fecha\", "
       "\"filas de Facturas\".orden");
+}
+
+TEST(Semirreunion, SusPuestosSeLeenDetrasCuandoOrdenaQuienLee) {
+  constexpr dialecto::Motor kOrdenaQuienLee = [] {
+    dialecto::Motor motor = kConNumeros;
+    motor.OrdenaQuienLee = true;
+    return motor;
+  }();
+  pruebas::CatalogoConClaves catalogo;
+  const auto leida = [&](const std::string& orden) {
+    return dialecto::Interprete(kOrdenaQuienLee, catalogo)
+        .Leer("SELECT DISTINCT Facturas.*, Conceptos.Descripcion FROM (" + std::string(kConVtos) +
+                  ") INNER JOIN Conceptos ON Facturas.NConcepto = Conceptos.NConcepto" +
+                  kEntreFechas + orden,
+              services::ModoApertura::Lectura)
+        .Traducida;
+  };
+  for (const auto& [orden, textos] : std::map<std::string, std::vector<std::size_t>>{
+           {"", {}},
+           {" Order By Facturas.Fecha", {3}},
+           {" Order By Conceptos.Descripcion, Facturas.Fecha", {4, 3}}}) {
+    const auto traducida = leida(orden);
+    EXPECT_THAT(traducida->Texto,
+                testing::StartsWith("SELECT \"Facturas\".*, \"Conceptos\".\"Descripcion\", "
+                                    "\"filas de Facturas\".orden FROM ordenados("));
+    EXPECT_THAT(traducida->Texto, testing::Not(HasSubstr("ORDER BY")));
+    EXPECT_EQ(traducida->Orden, (services::OrdenDeFilas{textos, traducida->Columnas.size()}));
+  }
+  const auto alReves = leida(" Order By Facturas.Fecha desc");
+  EXPECT_THAT(alReves->Texto, testing::EndsWith(" ORDER BY \"Facturas\".\"Fecha\" DESC, "
+                                                "\"filas de Facturas\".orden"));
+  EXPECT_TRUE(alReves->Orden.Ninguno());
 }
 
 TEST(Semirreunion, UnaTablaSinNumerosDeFilaNoSeToca) {

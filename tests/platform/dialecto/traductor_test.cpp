@@ -301,24 +301,26 @@ TEST(Traductor, LoQueSeVeYSeOrdenaPorTextosLoOrdenaQuienLoLee) {
   const auto porTextos = banco.Traducir(
       "SELECT Vtos.* FROM Vtos WHERE Año like '1' Order by Vtos.FechaVto, NConcepto asc");
   EXPECT_EQ(porTextos.Texto, "SELECT \"Vtos\".* FROM \"Vtos\" WHERE \"Año\" = ?");
-  EXPECT_THAT(porTextos.Orden, ElementsAre(3, 0));
-  EXPECT_THAT(banco.Traducir("SELECT Importe, Factura FROM Caja ORDER BY Caja.Factura").Orden,
-              ElementsAre(1));
+  EXPECT_THAT(porTextos.Orden.Textos, ElementsAre(3, 0));
+  EXPECT_THAT(
+      banco.Traducir("SELECT Importe, Factura FROM Caja ORDER BY Caja.Factura").Orden.Textos,
+      ElementsAre(1));
   for (const std::string orden :
        {"Factura desc", "Tipo, Factura", "Factura, FechaHora", "trim(Factura)", "Año"}) {
     const auto& dada =
         banco.Traducir("SELECT Factura, Tipo, FechaHora FROM Caja ORDER BY " + orden);
     EXPECT_THAT(dada.Texto, testing::HasSubstr(" ORDER BY ")) << orden;
-    EXPECT_THAT(dada.Orden, ElementsAre()) << orden;
+    EXPECT_THAT(dada.Orden.Textos, ElementsAre()) << orden;
   }
-  EXPECT_THAT(banco.Traducir("SELECT DISTINCT Factura FROM Caja ORDER BY Factura").Orden,
+  EXPECT_THAT(banco.Traducir("SELECT DISTINCT Factura FROM Caja ORDER BY Factura").Orden.Textos,
               ElementsAre());
   EXPECT_THAT(
-      banco.Traducir("SELECT Año AS Factura, Factura AS F FROM Caja ORDER BY Factura").Orden,
+      banco.Traducir("SELECT Año AS Factura, Factura AS F FROM Caja ORDER BY Factura").Orden.Textos,
       ElementsAre());
-  EXPECT_THAT(Banco().Traducir("SELECT Caja.* FROM Caja ORDER BY Factura").Orden, ElementsAre())
+  EXPECT_THAT(Banco().Traducir("SELECT Caja.* FROM Caja ORDER BY Factura").Orden.Textos,
+              ElementsAre())
       << "otro motor ordena lo suyo";
-  EXPECT_THAT(banco.Traducir("SELECT Caja.* FROM Caja, Vtos ORDER BY Caja.Factura").Orden,
+  EXPECT_THAT(banco.Traducir("SELECT Caja.* FROM Caja, Vtos ORDER BY Caja.Factura").Orden.Textos,
               ElementsAre());
 }
 
