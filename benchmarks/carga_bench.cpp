@@ -9,23 +9,13 @@
 namespace medidas {
 namespace {
 
-struct Trabajo {
-  double Segundos = 0;
-  sqlite::Estadistica Datos;
-  sqlite::Estadistica Temp;
-};
-
 Trabajo CargarPorElComponente(const apoyo::NegocioDePrueba& negocio) {
   auto datos = negocio.AbrirDatos();
   auto temp = negocio.AbrirTemp();
   apoyo::SesionSinPantalla sesion(services::Ref<services::Conexion>(datos),
                                   services::Ref<services::Conexion>(temp), apoyo::kMarzo,
                                   apoyo::kRangoDeMarzo);
-  Trabajo trabajo;
-  trabajo.Segundos = Segundos([&] { sesion.Cargar(); });
-  trabajo.Datos = datos->Cuenta();
-  trabajo.Temp = temp->Cuenta();
-  return trabajo;
+  return MedirTrabajo(*datos, *temp, [&] { sesion.Cargar(); });
 }
 
 /// Rows of the working tables, and what their amounts add up to.
@@ -78,10 +68,8 @@ void Carga(benchmark::State& state) {
   state.counters["por_factura_sobre_1000"] = componente.Mediana() * kFacturasDeReferencia /
                                              (pequena.Mediana() * static_cast<double>(facturas));
   state.counters["entera_ms"] = entera.Mediana() * 1000;
-  state.counters["preparadas"] =
-      static_cast<double>(trabajo.Datos.Preparadas + trabajo.Temp.Preparadas);
-  state.counters["transacciones"] =
-      static_cast<double>(trabajo.Datos.Transacciones + trabajo.Temp.Transacciones);
+  state.counters["preparadas"] = static_cast<double>(trabajo.Preparadas);
+  state.counters["transacciones"] = static_cast<double>(trabajo.Transacciones);
 }
 BENCHMARK(Carga)->Apply(TamanosYOrdenes);
 

@@ -13,6 +13,26 @@ inline void TamanosYOrdenes(benchmark::internal::Benchmark* medida) {
   medida->Iterations(1)->UseManualTime()->Unit(benchmark::kMillisecond);
 }
 
+/// What a part of a session's work takes, and asks of the engine.
+struct Trabajo {
+  double Segundos = 0;
+  std::size_t Preparadas = 0;
+  std::size_t Transacciones = 0;
+};
+
+template <class Accion>
+[[nodiscard]] Trabajo MedirTrabajo(const sqlite::Conexion& datos, const sqlite::Conexion& temp,
+                                   Accion&& accion) {
+  const auto preparadas = [&] { return datos.Cuenta().Preparadas + temp.Cuenta().Preparadas; };
+  const auto transacciones = [&] {
+    return datos.Cuenta().Transacciones + temp.Cuenta().Transacciones;
+  };
+  const std::size_t preparadasAntes = preparadas();
+  const std::size_t transaccionesAntes = transacciones();
+  const double segundos = Segundos(accion);
+  return {segundos, preparadas() - preparadasAntes, transacciones() - transaccionesAntes};
+}
+
 /// A business whose range was loaded and saved the day before, if so it is to be.
 class Negocio : public apoyo::NegocioDePrueba {
  public:

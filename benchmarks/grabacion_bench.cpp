@@ -11,12 +11,14 @@ namespace {
 
 // Both load what they write back, so that both begin with the same in memory.
 
-double GrabarPorElComponente(const apoyo::NegocioDePrueba& negocio) {
-  apoyo::SesionSinPantalla sesion(services::Ref<services::Conexion>(negocio.AbrirDatos()),
-                                  services::Ref<services::Conexion>(negocio.AbrirTemp()),
-                                  apoyo::kMarzo, apoyo::kRangoDeMarzo);
+Trabajo GrabarPorElComponente(const apoyo::NegocioDePrueba& negocio) {
+  const auto datos = negocio.AbrirDatos();
+  const auto temp = negocio.AbrirTemp();
+  apoyo::SesionSinPantalla sesion(services::Ref<services::Conexion>(datos),
+                                  services::Ref<services::Conexion>(temp), apoyo::kMarzo,
+                                  apoyo::kRangoDeMarzo);
   sesion.Cargar();
-  return Segundos([&] { sesion.Grabar(); });
+  return MedirTrabajo(*datos, *temp, [&] { sesion.Grabar(); });
 }
 
 template <class Copia>
@@ -51,16 +53,18 @@ void Grabacion(benchmark::State& state) {
   Tiempos directa;
   Tiempos ciega;
   Tiempos pequena;
+  Trabajo trabajo;
   for (auto vuelta : state) {
     (void)vuelta;
     for (int i = 0; i < Repeticiones(facturas); ++i) {
       const apoyo::NegocioDePrueba una(negocio);
       const apoyo::NegocioDePrueba otra(negocio);
       const apoyo::NegocioDePrueba tercera(negocio);
-      componente.Anadir(GrabarPorElComponente(una));
+      trabajo = GrabarPorElComponente(una);
+      componente.Anadir(trabajo.Segundos);
       directa.Anadir(GrabarPor<CopiaDirecta>(otra));
       ciega.Anadir(GrabarPor<CopiaEntera>(tercera));
-      pequena.Anadir(GrabarPorElComponente(apoyo::NegocioDePrueba(referencia)));
+      pequena.Anadir(GrabarPorElComponente(apoyo::NegocioDePrueba(referencia)).Segundos);
       ExigirLoMismo(state, {Resumen(una), Resumen(otra), Resumen(tercera)});
     }
     state.SetIterationTime(componente.Mediana());
@@ -69,6 +73,8 @@ void Grabacion(benchmark::State& state) {
   state.counters["razon_con_juntas"] = componente.Mediana() / directa.Mediana();
   state.counters["por_factura_sobre_1000"] = componente.Mediana() * kFacturasDeReferencia /
                                              (pequena.Mediana() * static_cast<double>(facturas));
+  state.counters["preparadas"] = static_cast<double>(trabajo.Preparadas);
+  state.counters["transacciones"] = static_cast<double>(trabajo.Transacciones);
   state.counters["ciega_ms"] = ciega.Mediana() * 1000;
 }
 BENCHMARK(Grabacion)->Apply(TamanosYOrdenes);

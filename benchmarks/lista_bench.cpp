@@ -17,7 +17,7 @@ void Lista(benchmark::State& state) {
   apoyo::ComponenteEnMarcha enMarcha(services::Ref<services::Conexion>(negocio.AbrirDatos()),
                                      services::Ref<services::Conexion>(negocio.AbrirTemp()),
                                      apoyo::kMarzo);
-  if (const auto motivo = enMarcha.Cargar(); !motivo.empty()) state.SkipWithError(motivo.c_str());
+  ExigirBien(state, enMarcha.Cargar());
   const auto rehacer = [&] {
     enMarcha.Sesion().Escritorio().Operacion([&] { enMarcha.Pantalla().Lista.CargarGrip(); });
   };

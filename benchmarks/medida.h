@@ -33,6 +33,11 @@ class Tiempos {
   std::vector<double> tiempos_;
 };
 
+/// What is measured has gone well: the text of its failure is empty.
+inline void ExigirBien(benchmark::State& state, const std::string& motivo) {
+  if (!motivo.empty()) state.SkipWithError(motivo.c_str());
+}
+
 /// What was measured beside each other has done the same.
 inline void ExigirLoMismo(benchmark::State& state, const std::vector<std::string>& resumenes) {
   for (const std::string& resumen : resumenes) {

@@ -27,7 +27,7 @@ void MemoriaPorFila(benchmark::State& state) {
     apoyo::ComponenteEnMarcha enMarcha(services::Ref<services::Conexion>(uno.AbrirDatos()),
                                        services::Ref<services::Conexion>(uno.AbrirTemp()),
                                        apoyo::kMarzo);
-    carga = MemoriaDe([&] { static_cast<void>(enMarcha.Cargar()); });
+    carga = MemoriaDe([&] { ExigirBien(state, enMarcha.Cargar()); });
     lista = MemoriaDe([&] { services::entrada::Pulsar(enMarcha.Pantalla().Lista.ChkPrevisiones); });
     grabacion = MemoriaDe([&] { services::entrada::Pulsar(enMarcha.Pantalla().BotonAceptar); });
   }

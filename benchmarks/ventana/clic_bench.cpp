@@ -73,11 +73,21 @@ class EnVentana {
       services::Crear<shell::ClassTesvara>(sesion_, pantallas_);
 };
 
+/// They are listed 31 times each.
+constexpr int kPrevisiones = 50;
+
+std::string Lineas(EnVentana& ventana) {
+  return std::to_string(ventana.Pantalla().Rejilla.MSFPagos.Rows - 1);
+}
+
 void Clic(benchmark::State& state) {
-  const apoyo::NegocioDePrueba negocio(apoyo::Tamano{static_cast<int>(state.range(0)) / 3, 0});
+  const auto filas = static_cast<int>(state.range(0));
+  const apoyo::NegocioDePrueba negocio(
+      apoyo::Tamano{.Facturas = filas / 3, .Previsiones = kPrevisiones});
   EnVentana ventana(negocio);
   auto& lista = ventana.Pantalla().Lista;
-  Tiempos filtro;  // there are no forecasts, so that both ways are the same
+  Tiempos conPrevisiones;
+  Tiempos sinPrevisiones;
   Tiempos sinPagados;
   Tiempos conPagados;
   Tiempos porConcepto;
@@ -85,18 +95,23 @@ void Clic(benchmark::State& state) {
   const auto medir = [&](Tiempos& tiempos, services::Widget& widget) {
     tiempos.Anadir(Segundos([&] { ventana.Pulsar(widget); }));
   };
+  ventana.Pulsar(lista.ChkPrevisiones);  // they are listed at first
   for (auto vuelta : state) {
     (void)vuelta;
     for (int i = 0; i < 9; ++i) {
-      medir(filtro, lista.ChkPrevisiones);
+      medir(conPrevisiones, lista.ChkPrevisiones);
+      ExigirLoMismo(state, {Lineas(ventana), std::to_string(filas + 31 * kPrevisiones)});
+      medir(sinPrevisiones, lista.ChkPrevisiones);
+      ExigirLoMismo(state, {Lineas(ventana), std::to_string(filas)});
       medir(sinPagados, lista.ChkPagados);
       medir(conPagados, lista.ChkPagados);
       medir(porConcepto, lista.OptConcepto);
       medir(porFecha, lista.OptFecha);
     }
-    state.SetIterationTime(filtro.Mediana());
+    state.SetIterationTime(sinPrevisiones.Mediana());
   }
-  state.counters["filas"] = ventana.Pantalla().Rejilla.MSFPagos.Rows - 1;
+  state.counters["filas"] = filas;
+  state.counters["con_previsiones_ms"] = conPrevisiones.Mediana() * 1000;
   state.counters["sin_pagados_ms"] = sinPagados.Mediana() * 1000;
   state.counters["con_pagados_ms"] = conPagados.Mediana() * 1000;
   state.counters["por_concepto_ms"] = porConcepto.Mediana() * 1000;

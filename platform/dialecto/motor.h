@@ -33,7 +33,8 @@ struct Motor {
   Envoltura Numeros = {};
   /// The same sorted by number, with the place where it first came as `orden`.
   Envoltura NumerosEnOrden = {};
-  /// Whether whoever fetches rows sorts them by the texts that they show: `Traduccion::Orden`.
+  /// Whether whoever fetches rows sorts them by the texts that they show, and puts those found by
+  /// number in their places: `Traduccion::Orden`.
   bool OrdenaQuienLee = false;
   /// A join whose left side is gone through first.
   std::string_view JuntaEnOrden = " INNER JOIN ";

@@ -63,9 +63,10 @@ struct Reunion {
 
 /// A SELECT without DISTINCT that gives the same rows as one with it, in pieces of its text.
 struct FilasPorNumero {
-  /// What stands behind its columns: its FROM, and in it the WHERE.
+  /// Its FROM, and in it the WHERE.
   std::string Desde;
-  /// What it sorts by at last, to have them in the order in which the plain joins come upon them.
+  /// The place of a row in the order in which the plain joins come upon them: a column to sort by
+  /// at last, or to select.
   std::string Orden;
 };
 

@@ -33,8 +33,8 @@ struct Traduccion {
   /// for an expression.
   std::vector<services::Columna> Columnas;
   std::vector<std::string> Origenes;
-  /// How whoever fetches the rows sorts them (`services::Ordenar`), because the text doesn't. The
-  /// place of each row then stands behind its columns.
+  /// How whoever fetches the rows sorts them (`services::Ordenar`), because the text doesn't. Where
+  /// they have a place to go to, that stands behind their columns.
   services::OrdenDeFilas Orden;
   /// The table whose rows a SELECT gives one by one, so that they can be added and changed; empty
   /// for a join, a DISTINCT or a sum.

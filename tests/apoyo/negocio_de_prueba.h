@@ -15,11 +15,13 @@ namespace apoyo {
 
 /// Its invoices have two bases and three receipts each, all of them due in March 2005; half of its
 /// cash entries, of February 2005, belong to one of its invoices. There may be as many invoices
-/// again in each of some months before.
+/// again in each of some months before, and a forecast of each day of the month for each of some
+/// suppliers.
 struct Tamano {
   int Facturas = 0;
   int Apuntes = 0;
   int Meses = 1;
+  int Previsiones = 0;
 };
 
 inline const services::FechaHora kMarzo = services::HacerFecha(2005, 3, 15, 11);
@@ -32,7 +34,7 @@ class NegocioDePrueba {
     auto datos = sqlite::AbrirConexion(FicheroDatos(), {.Crear = true});
     esquema::CrearAlmacenadas(*datos);
     datos->Ejecutar("BEGIN; " + Conceptos() + Facturas(tamano) + Bases(tamano) +
-                    Vencimientos(tamano) + Caja(tamano) +
+                    Vencimientos(tamano) + Caja(tamano) + Previsiones(tamano) +
                     "COMMIT; PRAGMA wal_checkpoint(TRUNCATE)");
     auto temp = sqlite::AbrirConexion(FicheroTemp(), {.Crear = true});
     esquema::CrearDeTrabajo(*temp);
@@ -103,6 +105,10 @@ class NegocioDePrueba {
                      "CASE i % 2 WHEN 0 THEN printf('F%06d', i / 2 % " +
                      std::to_string(tamano.Facturas) +
                      ") END, CASE i % 2 WHEN 0 THEN '2005' END, 'CARMEN', " + Sello());
+  }
+  static std::string Previsiones(Tamano tamano) {
+    return Filas("ProvPrevisionPagos", tamano.Previsiones,
+                 "CAST(i + 1 AS TEXT), '20050301', 1, 1, 25.5 + i, " + Sello());
   }
   static std::string Sello() { return "'2005-02-28 19:00:00', 'CARMEN'"; }
 

@@ -1,5 +1,6 @@
 #include "datos/filas.h"
 
+#include <algorithm>
 #include <limits>
 
 namespace services {
@@ -91,14 +92,24 @@ std::optional<std::string_view> Filas::TextoEn(std::size_t fila, std::size_t col
   return Texto(celda);
 }
 
+// Within the cells, so that they aren't held twice: a row is put aside, each place that becomes
+// free takes the row that belongs there, and the last one takes that which was put aside.
 void Filas::Reordenar(std::span<const std::uint32_t> orden) {
-  std::vector<Celda> ordenadas;
-  ordenadas.reserve(celdas_.size());
-  for (const std::uint32_t fila : orden) {
-    const auto desde = celdas_.begin() + static_cast<std::ptrdiff_t>(fila * columnas_);
-    ordenadas.insert(ordenadas.end(), desde, desde + static_cast<std::ptrdiff_t>(columnas_));
+  std::vector<Celda> apartada;
+  std::vector<char> puesta(orden.size());
+  for (std::size_t primera = 0; primera < orden.size(); ++primera) {
+    if (puesta[primera] || orden[primera] == primera) continue;
+    const auto suya = Fila(primera);
+    apartada.assign(suya.begin(), suya.end());
+    std::size_t hueco = primera;
+    for (std::size_t fila = orden[hueco]; fila != primera; fila = orden[hueco]) {
+      std::ranges::copy(Fila(fila), Fila(hueco).begin());
+      puesta[hueco] = 1;
+      hueco = fila;
+    }
+    std::ranges::copy(apartada, Fila(hueco).begin());
+    puesta[hueco] = 1;
   }
-  celdas_ = std::move(ordenadas);
 }
 
 std::int64_t Filas::Entero(std::size_t fila, std::size_t columna) const {

@@ -36,7 +36,7 @@ class Filas {
   /// The text of a cell, while these rows aren't added to; none where it holds something else.
   [[nodiscard]] std::optional<std::string_view> TextoEn(std::size_t fila,
                                                         std::size_t columna) const;
-  /// Puts the rows in another order: the number of each, as it was.
+  /// Puts the rows in another order: the number of each, as it was, and each of them once.
   void Reordenar(std::span<const std::uint32_t> orden);
 
   /// The whole number of a cell that was added by `AnadirEntero`; not cut to 32 bits.
@@ -58,6 +58,9 @@ class Filas {
     Clase clase;
   };
 
+  [[nodiscard]] auto Fila(std::size_t fila) {
+    return std::span(celdas_).subspan(fila * columnas_, columnas_);
+  }
   [[nodiscard]] std::string_view Texto(const Celda& celda) const {
     return std::string_view(textos_).substr(celda.texto.desde, celda.texto.largo);
   }

@@ -301,7 +301,7 @@ TEST(Traductor, LoQueSeVeYSeOrdenaPorTextosLoOrdenaQuienLoLee) {
   const auto porTextos = banco.Traducir(
       "SELECT Vtos.* FROM Vtos WHERE Año like '1' Order by Vtos.FechaVto, NConcepto asc");
   EXPECT_EQ(porTextos.Texto, "SELECT \"Vtos\".* FROM \"Vtos\" WHERE \"Año\" = ?");
-  EXPECT_THAT(porTextos.Orden.Textos, ElementsAre(3, 0));
+  EXPECT_EQ(porTextos.Orden, (services::OrdenDeFilas{{3, 0}, {}}));
   EXPECT_THAT(
       banco.Traducir("SELECT Importe, Factura FROM Caja ORDER BY Caja.Factura").Orden.Textos,
       ElementsAre(1));
@@ -310,18 +310,15 @@ TEST(Traductor, LoQueSeVeYSeOrdenaPorTextosLoOrdenaQuienLoLee) {
     const auto& dada =
         banco.Traducir("SELECT Factura, Tipo, FechaHora FROM Caja ORDER BY " + orden);
     EXPECT_THAT(dada.Texto, testing::HasSubstr(" ORDER BY ")) << orden;
-    EXPECT_THAT(dada.Orden.Textos, ElementsAre()) << orden;
+    EXPECT_TRUE(dada.Orden.Ninguno()) << orden;
   }
-  EXPECT_THAT(banco.Traducir("SELECT DISTINCT Factura FROM Caja ORDER BY Factura").Orden.Textos,
-              ElementsAre());
-  EXPECT_THAT(
-      banco.Traducir("SELECT Año AS Factura, Factura AS F FROM Caja ORDER BY Factura").Orden.Textos,
-      ElementsAre());
-  EXPECT_THAT(Banco().Traducir("SELECT Caja.* FROM Caja ORDER BY Factura").Orden.Textos,
-              ElementsAre())
+  EXPECT_TRUE(banco.Traducir("SELECT DISTINCT Factura FROM Caja ORDER BY Factura").Orden.Ninguno());
+  EXPECT_TRUE(banco.Traducir("SELECT Año AS Factura, Factura AS F FROM Caja ORDER BY Factura")
+                  .Orden.Ninguno());
+  EXPECT_TRUE(Banco().Traducir("SELECT Caja.* FROM Caja ORDER BY Factura").Orden.Ninguno())
       << "otro motor ordena lo suyo";
-  EXPECT_THAT(banco.Traducir("SELECT Caja.* FROM Caja, Vtos ORDER BY Caja.Factura").Orden.Textos,
-              ElementsAre());
+  EXPECT_TRUE(
+      banco.Traducir("SELECT Caja.* FROM Caja, Vtos ORDER BY Caja.Factura").Orden.Ninguno());
 }
 
 TEST(Traductor, LoQueHallaLaFilaVaDetrásDeLasColumnas) {
