@@ -114,8 +114,13 @@ void Traductor::Parecer(const Operando& izquierdo, bool negado) {
   salida_.ConPatrones = salida_.ConPatrones || deTexto;
   const bool patron = deTexto && Actual().texto.find_first_of("%_") != std::string_view::npos;
   if (!patron) return Comparar(izquierdo, negado ? Simbolo::Distinto : Simbolo::Igual);
+  salida_.Texto.insert(izquierdo.desde, motor_.Patron.Antes);
+  Poner(motor_.Patron.Despues);
   Poner(negado ? " NOT LIKE " : " LIKE ");
+  Poner(motor_.Patron.Antes);
   static_cast<void>(Literal());
+  Poner(motor_.Patron.Despues);
+  Poner(motor_.TrasPatron);
 }
 
 void Traductor::Comparar(const Operando& izquierdo, Simbolo operador) {

@@ -22,8 +22,14 @@ struct Motor {
   /// The two halves of that, for a statement that asks for one side alone.
   Envoltura RecorteIzquierdo;
   Envoltura RecorteDerecho;
+  /// What a pattern is looked for in, and the pattern, where texts as they are stored can't be.
+  Envoltura Patron = {};
+  /// What follows a pattern, so that no sign but `%` and `_` means another in it.
+  std::string_view TrasPatron = {};
   /// A stored moment as it compares; nothing where the engine compares moments by itself.
   Envoltura Momento = {};
+  /// What adds a row of its defaults alone, behind its table.
+  std::string_view FilaPorOmision = " DEFAULT VALUES";
   /// A row's number, which no other row of its table has; empty where the engine has none, or can't
   /// gather them.
   std::string_view NumeroDeFila = {};

@@ -1,8 +1,11 @@
 #pragma once
 
+#include <gtest/gtest.h>
+
 #include <functional>
 #include <memory>
 #include <string>
+#include <vector>
 
 #include "datos/conexion.h"
 #include "datos/recordset.h"
@@ -36,5 +39,11 @@ inline void PrintTo(const Motor& motor, std::ostream* salida) {
 }
 
 [[nodiscard]] std::unique_ptr<Banco> CrearBancoSqlite();
+
+/// The embedded engine, and those servers that are there to be tried on.
+[[nodiscard]] std::vector<Motor> Motores();
+inline std::string NombreDelMotor(const testing::TestParamInfo<Motor>& motor) {
+  return motor.param.Nombre;
+}
 
 }  // namespace pruebas

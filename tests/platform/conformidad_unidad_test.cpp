@@ -13,7 +13,7 @@ class Unidad : public Conformidad {
   services::Ref<services::Conexion> otra = banco->Conectar();
 };
 
-INSTANTIATE_TEST_SUITE_P(Sqlite, Unidad, testing::Values(Motor{"sqlite", CrearBancoSqlite}));
+INSTANTIATE_TEST_SUITE_P(Motores, Unidad, testing::ValuesIn(Motores()), NombreDelMotor);
 
 TEST_P(Unidad, OtraConexiónNoVeLoEscritoHastaElFinal) {
   NuevoVencimiento("1", "A");

@@ -1,0 +1,117 @@
+#include "esquema/esquema_de_servidor.h"
+
+#include <algorithm>
+#include <array>
+#include <string>
+
+#include "valores/error.h"
+
+namespace esquema {
+namespace {
+
+using services::TipoColumna;
+
+/// How an engine writes what the tables are made of. Names go without quotes, so that whoever looks
+/// at the tables needn't write any either.
+struct Escritura {
+  std::string_view Motor;
+  /// What is run before the tables are made.
+  std::string_view Antes;
+  std::string_view TextoSinLimite;
+  /// For a text of a key, of which it wants to know how wide it is.
+  std::string_view TextoDeClave;
+  std::string_view Comparacion;
+  std::string_view Momento;
+  /// A text without the blanks around it, as what it is looked up by.
+  std::string_view Recorte;
+  std::string_view TrasLaTabla;
+};
+
+constexpr Escritura kPostgres = {
+    .Motor = "PostgreSQL",
+    .Antes =
+        "CREATE COLLATION IF NOT EXISTS sorvex_es (provider = icu, locale = 'es-u-ks-level2', "
+        "deterministic = false)",
+    .TextoSinLimite = "text",
+    .TextoDeClave = "text",
+    .Comparacion = " COLLATE sorvex_es",
+    .Momento = "timestamp(0)",
+    .Recorte = "(btrim(#))",
+    .TrasLaTabla = "",
+};
+constexpr Escritura kMaria = {
+    .Motor = "MariaDB",
+    .Antes = "",
+    .TextoSinLimite = "longtext",
+    .TextoDeClave = "varchar(190)",
+    .Comparacion = "",
+    .Momento = "datetime",
+    .Recorte = "#",
+    .TrasLaTabla = " ENGINE = InnoDB CHARACTER SET utf8mb4 COLLATE uca1400_spanish_nopad_as_ci",
+};
+
+std::string TipoDe(const Columna& columna, bool deClave, const Escritura& escritura) {
+  switch (columna.Tipo) {
+    case TipoColumna::Texto: {
+      std::string tipo = "varchar(" + std::to_string(columna.Longitud) + ")";
+      if (columna.Longitud == 0) tipo = deClave ? escritura.TextoDeClave : escritura.TextoSinLimite;
+      return tipo.append(escritura.Comparacion);
+    }
+    case TipoColumna::Entero:
+      return "integer";
+    case TipoColumna::Moneda:
+      return "numeric(" + std::to_string(columna.Longitud == 0 ? 30 : columna.Longitud) + ",2)";
+    case TipoColumna::Numero:
+      return "double precision";
+    case TipoColumna::Logico:
+      return "boolean";
+    case TipoColumna::FechaHora:
+      return std::string(escritura.Momento);
+  }
+  return {};
+}
+
+bool EsDeLaClave(const Tabla& tabla, std::string_view columna) {
+  return std::ranges::find(tabla.Clave, columna) != tabla.Clave.end();
+}
+
+std::string TextoDeCreacion(const Tabla& tabla, const Escritura& escritura) {
+  std::string sql = "CREATE TABLE " + std::string(tabla.Nombre) + " (";
+  for (const Columna& columna : tabla.Columnas) {
+    const bool deClave = EsDeLaClave(tabla, columna.Nombre);
+    if (&columna != &tabla.Columnas.front()) sql += ", ";
+    sql += std::string(columna.Nombre) + " " + TipoDe(columna, deClave, escritura);
+    if (deClave) sql += " NOT NULL";
+  }
+  for (const std::string_view nombre : tabla.Clave) {
+    sql += nombre == tabla.Clave.front() ? ", PRIMARY KEY (" : ", ";
+    sql += nombre;
+  }
+  return sql.append(tabla.Clave.empty() ? ")" : "))").append(escritura.TrasLaTabla);
+}
+
+const Escritura& EscrituraDe(odbc::Conexion& conexion) {
+  for (const Escritura* una : {&kPostgres, &kMaria}) {
+    if (conexion.NombreDelMotor().find(una->Motor) != std::string::npos) return *una;
+  }
+  throw services::ErrorEjecucion(services::error::SentenciaRechazada,
+                                 "No se sabe crear las tablas en " + conexion.NombreDelMotor());
+}
+
+void Crear(odbc::Conexion& conexion, std::span<const Tabla> tablas) {
+  const Escritura& escritura = EscrituraDe(conexion);
+  if (!escritura.Antes.empty()) conexion.Ejecutar(std::string(escritura.Antes));
+  for (const Tabla& tabla : tablas) conexion.Ejecutar(TextoDeCreacion(tabla, escritura));
+}
+
+}  // namespace
+
+void CrearAlmacenadas(odbc::Conexion& conexion) {
+  Crear(conexion, Almacenadas());
+}
+
+void CrearDeTrabajo(odbc::Conexion& conexion) {
+  Crear(conexion, DeTrabajo());
+}
+
+}  // namespace esquema

@@ -1,0 +1,74 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "datos/conexion.h"
+#include "dialecto/interprete.h"
+#include "odbc/almacen.h"
+#include "odbc/catalogo_odbc.h"
+#include "odbc/enlace.h"
+#include "odbc/opciones_odbc.h"
+#include "odbc/unidad.h"
+
+namespace odbc {
+
+/// What `Consultar` finds.
+struct Resultado {
+  std::vector<services::Columna> Columnas;
+  services::Filas Filas;
+};
+
+/// A connection to a server through the driver manager. Serves one thread. One that is lost gives
+/// 0x80004005, and the next operation tries once to connect again.
+class Conexion final : public services::ObjetoContado<services::Conexion> {
+ public:
+  Conexion(const TextoDeConexion& texto, const Opciones& opciones);
+  ~Conexion() override;
+
+  [[nodiscard]] std::unique_ptr<services::Cursor> Abrir(std::string_view sentencia,
+                                                        services::ModoApertura modo) override;
+  [[nodiscard]] std::vector<services::Columna> ColumnasDe(std::string_view tabla) override;
+  void TerminarUnidad() override { unidad_.Terminar(); }
+  void AbandonarUnidad() noexcept override { unidad_.Abandonar(); }
+  bool EmpezarLectura() noexcept override { return unidad_.EmpezarLectura(); }
+  void TerminarLectura() noexcept override { unidad_.TerminarLectura(); }
+  /// Begins the unit, unless one is under way.
+  void EmpezarUnidad() { unidad_.Empezar(); }
+  /// `Opciones::UnidadDeTrabajo` from now on; the unit under way ends.
+  void AgruparEnUnidades(bool agrupa) { unidad_.Agrupar(agrupa); }
+
+  /// Runs one statement of the server's own SQL, in the unit under way if there is one. Its tables
+  /// may be others afterwards.
+  void Ejecutar(const std::string& sql);
+  /// Runs one, and gives its rows.
+  [[nodiscard]] Resultado Consultar(const std::string& sql);
+
+  [[nodiscard]] bool TieneTabla(std::string_view nombre) {
+    return catalogo_.Buscar(nombre) != nullptr;
+  }
+  /// The engine, as its driver calls it.
+  [[nodiscard]] const std::string& NombreDelMotor() const { return enlace_.NombreDelMotor(); }
+  [[nodiscard]] const Servidor& Motor() const { return enlace_.Motor(); }
+
+  [[nodiscard]] Estadistica Cuenta() const {
+    return {almacen_.Preparadas(), unidad_.Transacciones(), enlace_.Viajes()};
+  }
+
+ private:
+  friend class Cursor;
+
+  Enlace enlace_;
+  Almacen almacen_{enlace_};
+  Unidad unidad_;
+  Catalogo catalogo_{enlace_};
+  dialecto::Interprete interprete_;
+};
+
+/// Connects. Throws 0x80004005 for a text that isn't understood, and where no server of it can be
+/// reached.
+[[nodiscard]] services::Ref<Conexion> AbrirConexion(const std::string& texto,
+                                                    const Opciones& opciones = {});
+
+}  // namespace odbc

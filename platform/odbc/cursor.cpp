@@ -1,0 +1,139 @@
+#include "odbc/cursor.h"
+
+#include <algorithm>
+
+#include "datos/orden_filas.h"
+#include "dialecto/escritura.h"
+#include "valores/error.h"
+
+namespace odbc {
+
+using services::Asignacion;
+using services::ErrorEjecucion;
+using services::Filas;
+using services::ModoApertura;
+using services::TipoColumna;
+using services::Valor;
+namespace error = services::error;
+
+namespace {
+
+std::vector<std::string_view> Nombres(std::span<const Asignacion> valores,
+                                      const std::vector<std::string>& origenes) {
+  std::vector<std::string_view> nombres;
+  for (const Asignacion& valor : valores) nombres.emplace_back(origenes[valor.Posicion]);
+  return nombres;
+}
+
+}  // namespace
+
+Cursor::Cursor(Conexion& conexion, std::string texto, dialecto::Sentencia sentencia,
+               ModoApertura modo)
+    : conexion_(&conexion),
+      texto_(std::move(texto)),
+      sentencia_(std::move(sentencia)),
+      modo_(modo) {}
+
+Filas Cursor::Leer() {
+  Parametros parametros = ParametrosDe(sentencia_);
+  Filas filas = conexion_->unidad_.Leer(texto_, parametros, Columnas());
+  services::Ordenar(filas, sentencia_.Traducida->Orden);
+  return filas;
+}
+
+void Cursor::ExigirTabla(std::span<const Asignacion> valores) const {
+  const bool escribible = modo_ != ModoApertura::Lectura && !Tabla().empty() &&
+                          std::ranges::none_of(valores, [&](const Asignacion& valor) {
+                            return Origenes()[valor.Posicion].empty();
+                          });
+  if (escribible) return;
+  throw ErrorEjecucion(error::NoDisponible, "La sentencia no deja escribir en sus filas");
+}
+
+void Cursor::Insertar(std::span<const Asignacion> valores) {
+  ExigirTabla(valores);
+  Parametros parametros;
+  for (const Asignacion& valor : valores) parametros.Anadir(*valor.Nuevo, TipoDe(valor.Posicion));
+  conexion_->unidad_.Escribir(dialecto::TextoDeInsercion(conexion_->Motor().Dialecto, Tabla(),
+                                                         Nombres(valores, Origenes())),
+                              parametros);
+  insertada_.clear();
+  for (const Asignacion& valor : valores) insertada_.push_back({valor.Posicion, *valor.Nuevo});
+}
+
+/// The places of its table's key among what is selected.
+std::vector<std::size_t> Cursor::Clave() const {
+  const dialecto::Tabla& tabla = conexion_->catalogo_.Exigir(Tabla());
+  std::vector<std::size_t> clave;
+  for (const int columna : tabla.Clave) {
+    const auto& nombre = tabla.Columnas[static_cast<std::size_t>(columna)].Nombre;
+    const auto origen = std::ranges::find(Origenes(), nombre);
+    if (origen != Origenes().end()) {
+      clave.push_back(static_cast<std::size_t>(origen - Origenes().begin()));
+    }
+  }
+  if (!clave.empty() && clave.size() == tabla.Clave.size()) return clave;
+  throw ErrorEjecucion(error::NoDisponible,
+                       "Sin una clave no se halla de nuevo una fila de " + Tabla());
+}
+
+void Cursor::AnadirCondicion(std::string& texto, std::size_t posicion) const {
+  const Servidor& motor = conexion_->Motor();
+  const bool esTexto = TipoDe(posicion) == TipoColumna::Texto;
+  const auto& igual = esTexto ? motor.MismoTexto : motor.MismoValor;
+  texto.append(igual.Antes);
+  texto.append(dialecto::EntreComillas(motor.Dialecto, Origenes()[posicion]));
+  texto.append(igual.Despues);
+}
+
+/// Found by the key's own comparison, of which it has an index.
+std::string Cursor::DondeLaClave(const std::vector<std::size_t>& clave) const {
+  std::string texto = " WHERE ";
+  for (const std::size_t posicion : clave) {
+    if (posicion != clave.front()) texto += " AND ";
+    texto += dialecto::EntreComillas(conexion_->Motor().Dialecto, Origenes()[posicion]) + " = ?";
+  }
+  return texto;
+}
+
+Filas Cursor::LeerInsertada() {
+  std::string texto = "SELECT ";
+  for (const std::string& origen : Origenes()) {
+    if (&origen != &Origenes().front()) texto += ", ";
+    texto += origen.empty() ? "NULL" : dialecto::EntreComillas(conexion_->Motor().Dialecto, origen);
+  }
+  const auto clave = Clave();
+  Parametros parametros;
+  for (const std::size_t posicion : clave) {
+    const auto valor = std::ranges::find(insertada_, posicion, &Insertado::Posicion);
+    parametros.Anadir(valor == insertada_.end() ? Valor() : valor->Nuevo, TipoDe(posicion));
+  }
+  texto += " FROM " + dialecto::EntreComillas(conexion_->Motor().Dialecto, Tabla());
+  Filas filas = conexion_->unidad_.Leer(texto + DondeLaClave(clave), parametros, Columnas());
+  if (filas.Cuantas() == 1) return filas;
+  throw ErrorEjecucion(error::FilaCambiada, "Otro programa ha borrado la fila añadida");
+}
+
+void Cursor::Actualizar(const Filas& filas, std::size_t fila, std::span<const Asignacion> valores) {
+  ExigirTabla(valores);
+  const auto clave = Clave();
+  std::string texto =
+      dialecto::TextoDeCambio(conexion_->Motor().Dialecto, Tabla(), Nombres(valores, Origenes())) +
+      DondeLaClave(clave);
+  Parametros parametros;
+  for (const Asignacion& valor : valores) parametros.Anadir(*valor.Nuevo, TipoDe(valor.Posicion));
+  for (const std::size_t posicion : clave) {
+    parametros.Anadir(filas.En(fila, posicion), TipoDe(posicion));
+  }
+  if (modo_ == ModoApertura::Optimista) {
+    for (const Asignacion& valor : valores) {
+      texto += " AND ";
+      AnadirCondicion(texto, valor.Posicion);
+      parametros.Anadir(filas.En(fila, valor.Posicion), TipoDe(valor.Posicion));
+    }
+  }
+  if (conexion_->unidad_.Escribir(texto, parametros) > 0) return;
+  throw ErrorEjecucion(error::FilaCambiada, "Otro programa ha cambiado o borrado la fila");
+}
+
+}  // namespace odbc

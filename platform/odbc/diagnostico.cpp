@@ -1,0 +1,142 @@
+#include "odbc/diagnostico.h"
+
+#include <algorithm>
+#include <array>
+#include <cstdint>
+
+namespace odbc {
+namespace {
+
+namespace error = services::error;
+
+struct Explicacion {
+  std::int32_t numero;
+  std::string_view frase;
+};
+
+struct DeEstado {
+  std::string_view estado;  ///< whole, or the beginning that a class of them shares
+  Explicacion explicacion;
+};
+
+struct DeNumero {
+  int nativo;
+  Explicacion explicacion;
+};
+
+constexpr Explicacion Bloqueada = {error::FalloDeConexion,
+                                   "La base de datos está bloqueada por otro programa"};
+constexpr Explicacion Deshecha = {
+    error::FalloDeConexion,
+    "Otro programa escribía en las mismas filas y el servidor ha deshecho los últimos cambios, que "
+    "no se han guardado"};
+constexpr Explicacion Perdida = {error::FalloDeConexion,
+                                 "Se ha perdido la conexión con el servidor"};
+constexpr Explicacion SinSitio = {error::FalloDeConexion,
+                                  "No queda sitio en el servidor de la base de datos"};
+constexpr Explicacion SoloLectura = {error::FalloDeConexion,
+                                     "El servidor de la base de datos es de solo lectura"};
+constexpr Explicacion SinPermiso = {error::SentenciaRechazada,
+                                    "El usuario no tiene permiso para hacerlo en la base de datos"};
+constexpr Explicacion Repetida = {error::RepetidoONoCabe, "Ya existe una fila con la misma clave"};
+constexpr Explicacion FaltaValor = {error::RepetidoONoCabe, "Falta un valor que la tabla exige"};
+constexpr Explicacion NoAdmite = {error::RepetidoONoCabe, "La tabla no admite el valor"};
+constexpr Explicacion NoCabe = {error::RepetidoONoCabe, "El valor no cabe en su columna"};
+constexpr Explicacion SinTabla = {error::TablaDesconocida, "No existe la tabla"};
+constexpr Explicacion SinColumna = {error::ColumnaDesconocida, "No existe la columna"};
+constexpr Explicacion NoSeEntiende = {error::SentenciaRechazada,
+                                      "La base de datos no entiende la sentencia"};
+constexpr Explicacion SinSesion = {error::FalloDeConexion,
+                                   "El servidor no admite el usuario o la contraseña"};
+constexpr Explicacion Falla = {error::FalloDeConexion, "Falla la base de datos"};
+
+/// Numbers of a server whose states are too few to tell these apart.
+constexpr auto PorNumero = std::to_array<DeNumero>({
+    {1021, SinSitio},    {1022, Repetida},    {1044, SinSesion},  {1045, SinSesion},
+    {1047, Perdida},     {1048, FaltaValor},  {1053, Perdida},    {1054, SinColumna},
+    {1062, Repetida},    {1114, SinSitio},    {1142, SinPermiso}, {1143, SinPermiso},
+    {1146, SinTabla},    {1205, Bloqueada},   {1213, Deshecha},   {1264, NoCabe},
+    {1265, NoCabe},      {1290, SoloLectura}, {1292, NoCabe},     {1364, FaltaValor},
+    {1366, NoCabe},      {1406, NoCabe},      {1644, NoAdmite},   {1792, SoloLectura},
+    {1836, SoloLectura}, {1927, Perdida},     {2002, Perdida},    {2003, Perdida},
+    {2006, Perdida},     {2013, Perdida},     {2055, Perdida},    {4025, NoAdmite},
+});
+
+/// The first that fits counts.
+constexpr auto PorEstado = std::to_array<DeEstado>({
+    {"22", NoCabe},
+    {"23502", FaltaValor},
+    {"23505", Repetida},
+    {"23", NoAdmite},
+    {"25006", SoloLectura},
+    {"28", SinSesion},
+    {"40", Deshecha},
+    {"42501", SinPermiso},
+    {"42P01", SinTabla},
+    {"42S02", SinTabla},
+    {"42703", SinColumna},
+    {"42S22", SinColumna},
+    {"42", NoSeEntiende},
+    {"53100", SinSitio},
+    {"55P03", Bloqueada},
+    {"57P", Perdida},
+    {"08", Perdida},
+    {"HYT", Perdida},
+    {"P0001", NoAdmite},
+    {"45000", NoAdmite},
+    {"IM", {error::FalloDeConexion, "No se puede usar el controlador ODBC"}},
+});
+
+Explicacion Explicar(const Diagnostico& diagnostico) {
+  const auto numero = std::ranges::find(PorNumero, diagnostico.Nativo, &DeNumero::nativo);
+  if (numero != PorNumero.end()) return numero->explicacion;
+  const auto estado = std::ranges::find_if(
+      PorEstado, [&](const DeEstado& uno) { return diagnostico.Estado.starts_with(uno.estado); });
+  return estado == PorEstado.end() ? Falla : estado->explicacion;
+}
+
+/// Without who passed it on, in brackets before it, nor what was being done, in lines behind.
+std::string EnLimpio(std::string_view texto) {
+  while (texto.starts_with('[')) {
+    const auto fin = texto.find(']');
+    if (fin == std::string_view::npos) break;
+    texto.remove_prefix(fin + 1);
+  }
+  texto = texto.substr(0, texto.find_first_of("\r\n"));
+  while (texto.ends_with(' ') || texto.ends_with(';')) texto.remove_suffix(1);
+  return std::string(texto);
+}
+
+}  // namespace
+
+Diagnostico Diagnosticar(const Manejo& manejo) {
+  std::array<SQLCHAR, 6> estado{};
+  std::array<SQLCHAR, 1024> texto{};
+  SQLINTEGER nativo = 0;
+  SQLSMALLINT largo = 0;
+  const SQLRETURN dicho =
+      SQLGetDiagRec(manejo.Clase(), manejo.get(), 1, estado.data(), &nativo, texto.data(),
+                    static_cast<SQLSMALLINT>(texto.size()), &largo);
+  if (!SQL_SUCCEEDED(dicho)) return {};
+  return {reinterpret_cast<const char*>(estado.data()), nativo,
+          EnLimpio(reinterpret_cast<const char*>(texto.data()))};
+}
+
+bool EsDeConexionPerdida(const Diagnostico& diagnostico) {
+  return Explicar(diagnostico).frase == Perdida.frase;
+}
+
+bool EsDeshecho(const Diagnostico& diagnostico) {
+  return Explicar(diagnostico).frase == Deshecha.frase;
+}
+
+services::ErrorEjecucion ErrorDe(const Diagnostico& diagnostico, std::string_view motor) {
+  const Explicacion explicacion = Explicar(diagnostico);
+  std::string descripcion(explicacion.frase);
+  descripcion.append(" (").append(motor).append(" ").append(diagnostico.Estado);
+  if (diagnostico.Nativo > 1) descripcion.append("-").append(std::to_string(diagnostico.Nativo));
+  if (!diagnostico.Texto.empty()) descripcion.append(": ").append(diagnostico.Texto);
+  return {explicacion.numero, descripcion + ")"};
+}
+
+}  // namespace odbc

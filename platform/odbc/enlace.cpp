@@ -1,0 +1,115 @@
+#include "odbc/enlace.h"
+
+#include <array>
+#include <optional>
+
+#include "valores/error.h"
+
+namespace odbc {
+
+using services::ErrorEjecucion;
+
+namespace {
+
+constexpr SQLULEN kEsperaAlConectar = 10;  // seconds
+
+[[noreturn]] void SinGestor() {
+  throw ErrorEjecucion(services::error::FalloDeConexion,
+                       "No se puede usar el gestor de controladores ODBC");
+}
+
+SQLPOINTER Numero(SQLULEN valor) {
+  return reinterpret_cast<SQLPOINTER>(valor);  // as the driver manager takes whole numbers
+}
+
+}  // namespace
+
+Enlace::Enlace(const TextoDeConexion& texto)
+    : textos_(texto.PorServidor()), nombre_(texto.Nombre()), entorno_(SQL_HANDLE_ENV, nullptr) {
+  if (!entorno_) SinGestor();
+  SQLSetEnvAttr(entorno_.get(), SQL_ATTR_ODBC_VERSION, Numero(SQL_OV_ODBC3), 0);
+  Conectar();
+}
+
+/// The first server that can be reached. What is told of none is what the last one said.
+void Enlace::Conectar() {
+  std::optional<ErrorEjecucion> ninguno;
+  for (const TextoDeConexion& texto : textos_) {
+    try {
+      ConectarCon(texto);
+      perdido_ = false;
+      ++vez_;
+      return;
+    } catch (const ErrorEjecucion& fallo) {
+      ninguno = ErrorEjecucion(
+          services::error::FalloDeConexion,
+          "No se puede abrir la base de datos " + texto.Nombre() + ": " + fallo.Descripcion());
+    }
+  }
+  throw ErrorEjecucion(*ninguno);
+}
+
+/// What its driver is to be told besides is known once it has said what it is.
+void Enlace::ConectarCon(const TextoDeConexion& texto) {
+  Abrir(texto);
+  motor_ = Dato(SQL_DBMS_NAME);
+  servidor_ = &ServidorDe(motor_);
+  if (!servidor_->Atributos.empty()) {
+    TextoDeConexion conLoSuyo = texto;
+    for (const auto& [nombre, valor] : servidor_->Atributos) conLoSuyo.Poner(nombre, valor);
+    Abrir(conLoSuyo);
+  }
+  EmpezarSesion();
+}
+
+void Enlace::Abrir(const TextoDeConexion& texto) {
+  linea_ = std::make_shared<Linea>(entorno_.get());
+  if (!linea_->Conexion) SinGestor();
+  const SQLHDBC conexion = linea_->Conexion.get();
+  SQLSetConnectAttr(conexion, SQL_ATTR_LOGIN_TIMEOUT, Numero(kEsperaAlConectar), 0);
+  const std::string completo = texto.Texto();
+  const SQLRETURN resultado = SQLDriverConnect(conexion, nullptr, Texto(completo.c_str()), SQL_NTS,
+                                               nullptr, 0, nullptr, SQL_DRIVER_NOPROMPT);
+  ContarViaje();
+  linea_->Abierta = SQL_SUCCEEDED(resultado);
+  if (!linea_->Abierta) throw ErrorDe(Diagnosticar(linea_->Conexion), "ODBC");
+}
+
+void Enlace::EmpezarSesion() {
+  catalogo_ = Dato(SQL_DATABASE_NAME);
+  for (const std::string_view sentencia : servidor_->AlConectar) Ejecutar(std::string(sentencia));
+}
+
+std::string Enlace::Dato(SQLUSMALLINT cual) const {
+  std::array<char, 256> texto{};
+  SQLSMALLINT largo = 0;
+  SQLGetInfo(linea_->Conexion.get(), cual, texto.data(), static_cast<SQLSMALLINT>(texto.size()),
+             &largo);
+  return texto.data();
+}
+
+void Enlace::Exigir() {
+  if (perdido_) Conectar();
+}
+
+ManejoDeOrden Enlace::NuevaOrden() {
+  Exigir();
+  ManejoDeOrden orden{linea_, Manejo(SQL_HANDLE_STMT, linea_->Conexion.get())};
+  if (!orden.Suyo) Comprobar(SQL_ERROR, linea_->Conexion);
+  return orden;
+}
+
+void Enlace::Comprobar(SQLRETURN resultado, const Manejo& manejo) {
+  if (SQL_SUCCEEDED(resultado) || resultado == SQL_NO_DATA) return;
+  const Diagnostico diagnostico = Diagnosticar(manejo);
+  if (EsDeConexionPerdida(diagnostico)) perdido_ = true;
+  throw ErrorDe(diagnostico, motor_);
+}
+
+void Enlace::Ejecutar(const std::string& sql) {
+  const ManejoDeOrden orden = NuevaOrden();
+  ContarViaje();
+  Comprobar(SQLExecDirect(orden.get(), Texto(sql.c_str()), SQL_NTS), orden.Suyo);
+}
+
+}  // namespace odbc

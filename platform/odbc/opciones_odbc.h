@@ -1,0 +1,25 @@
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <vector>
+
+namespace odbc {
+
+struct Opciones {
+  /// Whether writes are gathered until `TerminarUnidad`; otherwise each is on its own.
+  bool UnidadDeTrabajo = true;
+  /// What whoever opens the connection runs on it besides the statements of the system.
+  std::vector<std::string> Propias = {};
+  /// Whether any well-formed statement is run, and not those alone: for tests and tools.
+  bool CualquierSentencia = false;
+};
+
+/// What a connection has done since it was opened.
+struct Estadistica {
+  std::size_t Preparadas = 0;     ///< statements handed to the server to be understood
+  std::size_t Transacciones = 0;  ///< units begun, or writes on their own
+  std::size_t Viajes = 0;         ///< times that the server was asked something
+};
+
+}  // namespace odbc

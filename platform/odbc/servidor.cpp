@@ -1,0 +1,87 @@
+#include "odbc/servidor.h"
+
+#include <algorithm>
+#include <array>
+
+namespace odbc {
+namespace {
+
+using Par = std::pair<std::string_view, std::string_view>;
+
+// Its driver would undo all that a unit has written when one row of it fails, and go on as if
+// nothing had happened, unless it is told to leave that to whoever uses it: `Protocol`.
+constexpr auto kAtributosPostgres = std::to_array<Par>({
+    {"Protocol", "7.4-0"},
+    {"UseServerSidePrepare", "1"},
+    {"UseDeclareFetch", "0"},
+    {"BoolsAsChar", "0"},
+    {"UnknownSizes", "2"},
+});
+constexpr auto kAlConectarPostgres = std::to_array<std::string_view>({
+    "SET lock_timeout = 5000",
+    "SET default_transaction_isolation = 'read committed'",
+    "SET standard_conforming_strings = on",
+});
+constexpr auto kLeerPostgres = std::to_array<std::string_view>({
+    "BEGIN ISOLATION LEVEL REPEATABLE READ READ ONLY",
+});
+constexpr Servidor kPostgres = {
+    .Nombre = "PostgreSQL",
+    .Dialecto = {.Comilla = '"',
+                 .Recorte = {"btrim(", ")"},
+                 .RecorteIzquierdo = {"ltrim(", ")"},
+                 .RecorteDerecho = {"rtrim(", ")"},
+                 .Patron = {"lower(", " COLLATE \"es-x-icu\")"},
+                 .TrasPatron = " ESCAPE ''",
+                 .OrdenaQuienLee = true},
+    .EsquemaActual = "SELECT current_schema()",
+    .Atributos = kAtributosPostgres,
+    .AlConectar = kAlConectarPostgres,
+    .AlLeerDeUnMomento = kLeerPostgres,
+    .FalloSeLoLlevaTodo = true,
+    .MismoTexto = {"", " COLLATE \"C\" IS NOT DISTINCT FROM ?"},
+    .MismoValor = {"", " IS NOT DISTINCT FROM ?"},
+    .ParaCambiar = " FOR UPDATE",
+};
+
+// A row that is given what it holds counts as changed: `Option` has a bit for that.
+constexpr auto kAtributosMaria = std::to_array<Par>({{"charset", "utf8mb4"}, {"Option", "2"}});
+// Strict, so that what doesn't fit is refused and not cut.
+constexpr auto kAlConectarMaria = std::to_array<std::string_view>({
+    "SET SESSION sql_mode = 'STRICT_ALL_TABLES,NO_ENGINE_SUBSTITUTION', "
+    "innodb_lock_wait_timeout = 5, tx_isolation = 'READ-COMMITTED'",
+});
+constexpr auto kLeerMaria = std::to_array<std::string_view>({
+    "SET TRANSACTION ISOLATION LEVEL REPEATABLE READ",
+    "START TRANSACTION WITH CONSISTENT SNAPSHOT, READ ONLY",
+});
+constexpr Servidor kMaria = {
+    .Nombre = "MariaDB",
+    .Dialecto = {.Comilla = '`',
+                 .Recorte = {"trim(", ")"},
+                 .RecorteIzquierdo = {"ltrim(", ")"},
+                 .RecorteDerecho = {"rtrim(", ")"},
+                 .TrasPatron = " ESCAPE ''",
+                 .FilaPorOmision = " () VALUES ()",
+                 .OrdenaQuienLee = true},
+    .Atributos = kAtributosMaria,
+    .AlConectar = kAlConectarMaria,
+    .AlLeerDeUnMomento = kLeerMaria,
+    .MismoTexto = {"BINARY ", " <=> BINARY ?"},
+    .MismoValor = {"", " <=> ?"},
+    .ParaCambiar = " FOR UPDATE",
+};
+
+constexpr Servidor kOtro = {.Nombre = "ODBC", .Dialecto = {}, .ComoSeEscriben = true};
+
+constexpr std::array kServidores = {&kPostgres, &kMaria};
+
+}  // namespace
+
+const Servidor& ServidorDe(std::string_view motor) {
+  const auto suyo = std::ranges::find_if(
+      kServidores, [&](const Servidor* uno) { return motor.find(uno->Nombre) != motor.npos; });
+  return suyo == kServidores.end() ? kOtro : **suyo;
+}
+
+}  // namespace odbc

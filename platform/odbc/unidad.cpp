@@ -1,0 +1,157 @@
+#include "odbc/unidad.h"
+
+#include <utility>
+
+namespace odbc {
+
+using services::ErrorEjecucion;
+using services::Filas;
+
+namespace {
+
+constexpr const char* kGuardar = "SAVEPOINT Fila";
+constexpr const char* kGuardarDeNuevo = "RELEASE SAVEPOINT Fila; SAVEPOINT Fila";
+constexpr const char* kVolver = "ROLLBACK TO SAVEPOINT Fila";
+
+SQLPOINTER Numero(SQLULEN valor) {
+  return reinterpret_cast<SQLPOINTER>(valor);  // as the driver manager takes whole numbers
+}
+
+}  // namespace
+
+template <class Accion>
+auto Unidad::Intentar(Accion accion) {
+  try {
+    return accion();
+  } catch (const ErrorEjecucion& fallo) {
+    if (agrupa_ && fallo.Numero() == services::error::FalloDeConexion) perdida_ = fallo;
+    throw;
+  }
+}
+
+void Unidad::PonerConfirmacion(bool porSentencia) {
+  const SQLULEN valor = porSentencia ? SQL_AUTOCOMMIT_ON : SQL_AUTOCOMMIT_OFF;
+  enlace_.Comprobar(SQLSetConnectAttr(enlace_.Conexion().get(), SQL_ATTR_AUTOCOMMIT, Numero(valor),
+                                      SQL_IS_UINTEGER),
+                    enlace_.Conexion());
+}
+
+void Unidad::ExigirUnidad() {
+  if (perdida_) throw ErrorEjecucion(*perdida_);
+}
+
+void Unidad::AntesDeEscribir() {
+  ExigirUnidad();
+  if (enCurso_) return;
+  TerminarLectura();
+  Intentar([this] {
+    enlace_.Exigir();
+    if (agrupa_) PonerConfirmacion(false);
+  });
+  enCurso_ = agrupa_;
+  guardado_ = false;
+  ++transacciones_;
+}
+
+/// Before each write, where a failure would take what came before it.
+void Unidad::Guardar() {
+  if (!enCurso_ || !enlace_.Motor().FalloSeLoLlevaTodo) return;
+  enlace_.Ejecutar(std::exchange(guardado_, true) ? kGuardarDeNuevo : kGuardar);
+}
+
+void Unidad::Deshacer(const ErrorEjecucion& fallo) {
+  const bool delServidor = fallo.Numero() == services::error::FalloDeConexion;
+  if (!enCurso_ || delServidor || !enlace_.Motor().FalloSeLoLlevaTodo) return;
+  enlace_.Ejecutar(kVolver);
+}
+
+std::size_t Unidad::Escribir(const std::string& texto, Parametros& parametros) {
+  AntesDeEscribir();
+  return Intentar([&] {
+    Orden& orden = almacen_.Tomar(texto);
+    Guardar();
+    try {
+      return orden.Ejecutar(parametros);
+    } catch (const ErrorEjecucion& fallo) {
+      Deshacer(fallo);
+      throw;
+    }
+  });
+}
+
+Filas Unidad::Leer(const std::string& texto, Parametros& parametros,
+                   const std::vector<services::Columna>& columnas) {
+  if (!enCurso_) return almacen_.Tomar(texto).Leer(parametros, columnas);
+  ExigirUnidad();
+  return Intentar([&] { return almacen_.Tomar(texto).Leer(parametros, columnas); });
+}
+
+void Unidad::Acabar(SQLSMALLINT como) {
+  enlace_.ContarViaje();
+  enlace_.Comprobar(SQLEndTran(SQL_HANDLE_DBC, enlace_.Conexion().get(), como), enlace_.Conexion());
+  PonerConfirmacion(true);
+}
+
+// Where the connection is lost while the server was to make it durable, nobody here knows whether
+// it did.
+void Unidad::Terminar() {
+  if (perdida_) {
+    const ErrorEjecucion causa = *perdida_;
+    Abandonar();
+    throw ErrorEjecucion(causa);
+  }
+  if (!enCurso_) return;
+  try {
+    Acabar(SQL_COMMIT);
+    enCurso_ = false;
+  } catch (const ErrorEjecucion& fallo) {
+    const bool perdido = enlace_.Perdido();
+    Abandonar();
+    if (!perdido) throw;
+    throw ErrorEjecucion(fallo.Numero(),
+                         "Se ha perdido la conexión mientras el servidor guardaba los últimos "
+                         "cambios, y no se sabe si los ha guardado. " +
+                             fallo.Descripcion());
+  }
+}
+
+void Unidad::Abandonar() noexcept {
+  if (enCurso_ && !enlace_.Perdido()) {
+    try {
+      Acabar(SQL_ROLLBACK);
+    } catch (const ErrorEjecucion&) {
+      // Its end is the end of what it wrote, too.
+    }
+  }
+  enCurso_ = false;
+  perdida_.reset();
+}
+
+bool Unidad::EmpezarLectura() noexcept {
+  if (leyendo_ || enCurso_ || enlace_.Motor().AlLeerDeUnMomento.empty()) return false;
+  try {
+    for (const std::string_view paso : enlace_.Motor().AlLeerDeUnMomento) {
+      enlace_.Ejecutar(std::string(paso));
+    }
+    leyendo_ = true;
+  } catch (const ErrorEjecucion&) {
+    leyendo_ = false;  // what reads next says why
+  }
+  return leyendo_;
+}
+
+void Unidad::TerminarLectura() noexcept {
+  if (!std::exchange(leyendo_, false) || enlace_.Perdido()) return;
+  try {
+    enlace_.Ejecutar("ROLLBACK");
+  } catch (const ErrorEjecucion&) {
+    // There is nothing to be made durable.
+  }
+}
+
+void Unidad::Agrupar(bool agrupa) {
+  Terminar();
+  agrupa_ = agrupa;
+}
+
+}  // namespace odbc
