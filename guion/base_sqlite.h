@@ -25,8 +25,6 @@ class BaseSqlite final : public Base {
   [[nodiscard]] std::vector<Fila> Consultar(const std::string& sql) override;
 
  private:
-  void FueraDeUnidad(const std::function<void()>& accion);
-
   services::Ref<sqlite::Conexion> conexion_;
 };
 

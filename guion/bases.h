@@ -24,7 +24,9 @@ class Bases {
  private:
   std::string fichero_datos_;
   std::string fichero_local_;
-  std::unique_ptr<BaseSqlite> datos_;
+  /// The embedded engine's, where it is one.
+  std::unique_ptr<Base> datos_;
+  BaseSqlite* datosSqlite_ = nullptr;
   std::unique_ptr<BaseSqlite> local_;
 };
 

@@ -1,12 +1,18 @@
 #include "guion/ficheros.h"
 
+#include <unistd.h>
+
 #include <filesystem>
 
 namespace guion {
 
 Ficheros::Ficheros(const Opciones& opciones)
     : datos_(Fichero(opciones.Datos, "datos.sqlite", opciones.Mantener)),
-      local_(Fichero(opciones.Local, "local.sqlite", opciones.Mantener)) {}
+      local_(Fichero(opciones.Local, "local.sqlite", opciones.Mantener)) {
+  if (opciones.Servidor.empty()) return;
+  esquema_.emplace(opciones.Servidor, "guion_" + std::to_string(getpid()));
+  if (opciones.Mantener) esquema_->Conservar();
+}
 
 std::string Ficheros::Local(int sesion) const {
   if (sesion == 1) return local_;

@@ -8,6 +8,7 @@ namespace guion {
 namespace {
 
 constexpr std::string_view kSqlite = "sqlite:";
+constexpr std::string_view kOdbc = "odbc:";
 
 [[noreturn]] void DecirUso(const std::string& motivo) {
   throw NoSeEntiende(motivo +
@@ -15,13 +16,19 @@ constexpr std::string_view kSqlite = "sqlite:";
                      "FICHERO|-");
 }
 
-std::string FicheroDe(const std::string& conexion) {
-  if (conexion.starts_with(kSqlite)) return conexion.substr(kSqlite.size());
-  const std::size_t marca = conexion.find_first_of("/:=");
-  const bool servidor = conexion.find('=') != std::string::npos ||
-                        (marca != std::string::npos && conexion[marca] == ':');
-  if (servidor) throw NoSeEntiende("--datos solo admite un fichero SQLite: " + conexion);
-  return conexion;
+void PonerDatos(Opciones& opciones, const std::string& conexion) {
+  if (conexion.starts_with(kSqlite)) {
+    opciones.Datos = conexion.substr(kSqlite.size());
+  } else if (conexion.starts_with(kOdbc)) {
+    opciones.Servidor = conexion.substr(kOdbc.size());
+  } else if (conexion.find('=') != std::string::npos) {
+    opciones.Servidor = conexion;
+  } else {
+    const std::size_t marca = conexion.find_first_of("/:");
+    const bool otra = marca != std::string::npos && conexion[marca] == ':';
+    if (otra) throw NoSeEntiende("--datos no entiende la conexión: " + conexion);
+    opciones.Datos = conexion;
+  }
 }
 
 }  // namespace
@@ -35,7 +42,7 @@ Opciones LeerOpciones(const std::vector<std::string>& argumentos) {
       return argumentos[++i];
     };
     if (palabra == "--datos") {
-      opciones.Datos = FicheroDe(valor());
+      PonerDatos(opciones, valor());
     } else if (palabra == "--local") {
       opciones.Local = valor();
     } else if (palabra == "--mantener") {

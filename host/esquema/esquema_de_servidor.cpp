@@ -25,6 +25,8 @@ struct Escritura {
   /// A text without the blanks around it, as what it is looked up by.
   std::string_view Recorte;
   std::string_view TrasLaTabla;
+  /// What drops what is in a schema with it.
+  std::string_view ConTodo;
 };
 
 constexpr Escritura kPostgres = {
@@ -38,6 +40,7 @@ constexpr Escritura kPostgres = {
     .Momento = "timestamp(0)",
     .Recorte = "(btrim(#))",
     .TrasLaTabla = "",
+    .ConTodo = " CASCADE",
 };
 constexpr Escritura kMaria = {
     .Motor = "MariaDB",
@@ -48,6 +51,7 @@ constexpr Escritura kMaria = {
     .Momento = "datetime",
     .Recorte = "#",
     .TrasLaTabla = " ENGINE = InnoDB CHARACTER SET utf8mb4 COLLATE uca1400_spanish_nopad_as_ci",
+    .ConTodo = "",
 };
 
 std::string TipoDe(const Columna& columna, bool deClave, const Escritura& escritura) {
@@ -105,6 +109,22 @@ void Crear(odbc::Conexion& conexion, std::span<const Tabla> tablas) {
 }
 
 }  // namespace
+
+EsquemaPropio::EsquemaPropio(std::string conexion, std::string nombre)
+    : conexion_(std::move(conexion)), nombre_(std::move(nombre)) {
+  odbc::AbrirConexion(conexion_)->Ejecutar("CREATE SCHEMA " + nombre_);
+}
+
+EsquemaPropio::~EsquemaPropio() {
+  if (conserva_) return;
+  try {
+    const auto conexion = odbc::AbrirConexion(conexion_);
+    const std::string_view conTodo = EscrituraDe(*conexion).ConTodo;
+    conexion->Ejecutar(("DROP SCHEMA " + nombre_).append(conTodo));
+  } catch (const services::ErrorEjecucion&) {
+    // Its server is no more.
+  }
+}
 
 void CrearAlmacenadas(odbc::Conexion& conexion) {
   Crear(conexion, Almacenadas());

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <string>
+
 #include "esquema/definiciones.h"
 #include "odbc/conexion_odbc.h"
 
@@ -12,5 +14,25 @@ void CrearAlmacenadas(odbc::Conexion& conexion);
 /// The same for the working tables, which the component keeps on its own machine: for what is tried
 /// on every engine.
 void CrearDeTrabajo(odbc::Conexion& conexion);
+
+/// A schema of one's own on a server, or a database where it has no schemas in one: made at once,
+/// and dropped at the end with all that is in it unless it is kept.
+class EsquemaPropio {
+ public:
+  /// Throws `ErrorEjecucion`, also where it is there already.
+  EsquemaPropio(std::string conexion, std::string nombre);
+  ~EsquemaPropio();
+  EsquemaPropio(const EsquemaPropio&) = delete;
+  EsquemaPropio& operator=(const EsquemaPropio&) = delete;
+
+  [[nodiscard]] const std::string& Conexion() const { return conexion_; }
+  [[nodiscard]] const std::string& Nombre() const { return nombre_; }
+  void Conservar() { conserva_ = true; }
+
+ private:
+  std::string conexion_;
+  std::string nombre_;
+  bool conserva_ = false;
+};
 
 }  // namespace esquema

@@ -170,12 +170,12 @@ Traductor::Operando Traductor::Nombre() {
   const auto nombre = ExigirNombre();
   if (Tomar(Simbolo::Punto)) {
     const int fuente = FuenteDe(nombre);
-    if (enCurso_) enCurso_->Fuentes |= std::uint64_t{1} << static_cast<unsigned>(fuente);
     const std::size_t desde = salida_.Texto.size();
     PonerNombre(En(fuente).Nombre);
     Poner(".");
     Operando operando = Columna(fuente, ExigirNombre());
     operando.desde = desde;
+    if (enCurso_) enCurso_->Mirar({fuente, operando.columna});
     return operando;
   }
   if (enCurso_) enCurso_->Calificada = false;

@@ -42,6 +42,9 @@ struct Motor {
   /// Whether whoever fetches rows sorts them by the texts that they show, and puts those found by
   /// number in their places: `Traduccion::Orden`.
   bool OrdenaQuienLee = false;
+  /// Whether an engine gives rows in whatever order it likes, so that they are put in that of their
+  /// key where a statement leaves it open; and repeated ones are found by that key.
+  bool PorClaves = false;
   /// A join whose left side is gone through first.
   std::string_view JuntaEnOrden = " INNER JOIN ";
 };

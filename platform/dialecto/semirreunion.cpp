@@ -27,7 +27,9 @@ class Semirreunion {
   Semirreunion(const Motor& motor, const Reunion& reunion) : motor_(motor), reunion_(reunion) {}
 
   [[nodiscard]] bool Posible() const;
+  [[nodiscard]] bool Numerada() const;
   [[nodiscard]] FilasPorNumero Filas() const;
+  [[nodiscard]] FilasPorClave Claves() const;
 
  private:
   using Junta = CondicionEscrita;
@@ -47,6 +49,7 @@ class Semirreunion {
     return std::string(1, comilla).append(nombre) + comilla;
   }
   [[nodiscard]] std::string TextoDe(int fuente) const;
+  [[nodiscard]] std::string TextoDe(int fuente, int columna) const;
   [[nodiscard]] std::string NumeroDe(int fuente) const;
   [[nodiscard]] std::string Junto(int fuente, const Junta& junta) const;
   [[nodiscard]] std::string TextoDe(const Junta& junta) const {
@@ -60,11 +63,14 @@ class Semirreunion {
   const Reunion& reunion_;
 };
 
+bool Semirreunion::Numerada() const {
+  return !motor_.NumeroDeFila.empty() &&
+         std::ranges::all_of(reunion_.Fuentes,
+                             [](const Fuente& una) { return una.Tabla->Numerada; });
+}
+
 bool Semirreunion::Posible() const {
-  const bool numeradas =
-      !motor_.NumeroDeFila.empty() &&
-      std::ranges::all_of(reunion_.Fuentes, [](const Fuente& una) { return una.Tabla->Numerada; });
-  if (!numeradas || TablaDe(reunion_.Elegida).Clave.empty()) return false;
+  if (TablaDe(reunion_.Elegida).Clave.empty()) return false;
   const Junta* donde = reunion_.Donde;
   if (!donde || !donde->Calificada || std::popcount(donde->Fuentes) != 1) return false;
   const bool deDos = std::ranges::all_of(reunion_.Juntas, [](const Junta& junta) {
@@ -175,12 +181,41 @@ FilasPorNumero Semirreunion::Filas() const {
   return filas;
 }
 
+std::string Semirreunion::TextoDe(int fuente, int columna) const {
+  return Entre(motor_.Comilla, En(fuente).Nombre) + "." +
+         Entre(motor_.Comilla, ColumnaDe(TablaDe(fuente), columna).Nombre);
+}
+
+FilasPorClave Semirreunion::Claves() const {
+  const auto [fuente, columna] = reunion_.Donde->Primera;
+  FilasPorClave claves{
+      "MIN(" + TextoDe(fuente, columna) + ")", ColumnaDe(TablaDe(fuente), columna), {}};
+  const auto agrupar = [&](int una) {
+    for (const int clave : TablaDe(una).Clave) {
+      claves.Grupo += (claves.Grupo.empty() ? "" : ", ") + TextoDe(una, clave);
+    }
+  };
+  agrupar(reunion_.Elegida);
+  for (const Junta& junta : reunion_.Juntas) {
+    if (EsConsulta(junta)) agrupar(LaOtra(junta, reunion_.Elegida));
+  }
+  return claves;
+}
+
 }  // namespace
 
 std::optional<FilasPorNumero> PorNumerosDeFila(const Motor& motor, const Reunion& reunion) {
   const Semirreunion semirreunion(motor, reunion);
-  if (!semirreunion.Posible()) return std::nullopt;
+  if (!semirreunion.Numerada() || !semirreunion.Posible()) return std::nullopt;
   return semirreunion.Filas();
+}
+
+std::optional<FilasPorClave> PorClavesDeFila(const Motor& motor, const Reunion& reunion) {
+  const Semirreunion semirreunion(motor, reunion);
+  if (!motor.PorClaves || !semirreunion.Posible()) return std::nullopt;
+  auto claves = semirreunion.Claves();
+  if (claves.Columna.Tipo != services::TipoColumna::Texto) return std::nullopt;
+  return claves;
 }
 
 }  // namespace dialecto

@@ -38,14 +38,20 @@ struct ColumnaDeFuente {
 struct CondicionEscrita {
   std::size_t Desde = 0;
   std::size_t Hasta = 0;
-  /// A bit for each source that it looks at.
+  /// A bit for each source that it looks at, and the first column.
   std::uint64_t Fuentes = 0;
+  ColumnaDeFuente Primera = {};
   bool ConLiterales = false;
   /// Whether each of its columns tells its source.
   bool Calificada = true;
   /// Whether it is conditions joined by AND alone, and which of those want two columns equal.
   bool SoloY = true;
   std::vector<std::pair<ColumnaDeFuente, ColumnaDeFuente>> Igualdades = {};
+
+  void Mirar(ColumnaDeFuente columna) {
+    if (Primera.Fuente < 0) Primera = columna;
+    Fuentes |= std::uint64_t{1} << static_cast<unsigned>(columna.Fuente);
+  }
 };
 
 /// What a SELECT DISTINCT asks for, in pieces of its text.
@@ -70,11 +76,24 @@ struct FilasPorNumero {
   std::string Orden;
 };
 
+/// The same for an engine without row numbers, in pieces to be put into its text.
+struct FilasPorClave {
+  /// What else it selects: the least that the condition's first column is for a row, which is where
+  /// the plain joins come upon it, and what that column is.
+  std::string Lugar;
+  services::Columna Columna;
+  /// What it groups by instead of telling rows apart.
+  std::string Grupo;
+};
+
 /// None where the engine has no row numbers, or it isn't certain that the rows are the same and
 /// sooner found: each row of the chosen table is another by its key, other columns come from tables
 /// joined to it by theirs, and the rest of the joins is a way from it to the one other table that
 /// the WHERE looks at.
 [[nodiscard]] std::optional<FilasPorNumero> PorNumerosDeFila(const Motor& motor,
                                                              const Reunion& reunion);
+/// None where the engine is asked for no such thing, or the rest of that isn't certain.
+[[nodiscard]] std::optional<FilasPorClave> PorClavesDeFila(const Motor& motor,
+                                                           const Reunion& reunion);
 
 }  // namespace dialecto

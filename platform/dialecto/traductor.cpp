@@ -101,10 +101,16 @@ void Traductor::Select(bool conOcultas) {
   OrderBy();
   Final();
   Columnas();
-  const auto porNumero = SinRepetidas();
-  const bool fuera = (porNumero || !salida_.Unica.empty()) && OrdenarFuera();
+  const auto reunion = SinRepetidas();
+  const auto porNumero = reunion ? PorNumerosDeFila(motor_, *reunion) : std::nullopt;
+  const auto porClave = reunion ? PorClavesDeFila(motor_, *reunion) : std::nullopt;
+  const bool suya = porNumero || !salida_.Unica.empty() || (motor_.PorClaves && distintas_);
+  const bool fuera = suya && OrdenarFuera();
   if (fuera) salida_.Texto.resize(orden);
   if (porNumero) PorNumeros(*porNumero, {distinct, from, orden}, fuera);
+  if (porClave && fuera) AgruparPorClave(*porClave, {distinct, from, orden});
+  if (motor_.PorClaves && fuera) DesempatarPorTextos();
+  if (motor_.PorClaves && !conOcultas && ordenantes_.empty()) OrdenarPorLaClave();
 }
 
 void Traductor::Elegidas() {
@@ -217,7 +223,7 @@ void Traductor::Where() {
 }
 
 /// The rows of a DISTINCT by their numbers, where that gives the same.
-std::optional<FilasPorNumero> Traductor::SinRepetidas() const {
+std::optional<Reunion> Traductor::SinRepetidas() const {
   Reunion reunion{.Texto = salida_.Texto,
                   .Fuentes = fuentes_,
                   .ConColumnas = orden_.Fuentes,
@@ -234,7 +240,36 @@ std::optional<FilasPorNumero> Traductor::SinRepetidas() const {
   const bool llana = distintas_ && internas_ && !agrupa_ && orden_.Calificada;
   if (!llana || reunion.Elegida < 0) return std::nullopt;
   reunion.ConColumnas &= ~(std::uint64_t{1} << static_cast<unsigned>(reunion.Elegida));
-  return PorNumerosDeFila(motor_, reunion);
+  return reunion;
+}
+
+/// Takes the place of the DISTINCT. The rows are sorted by where they were come upon once by what
+/// the statement says.
+void Traductor::AgruparPorClave(const FilasPorClave& filas, const Trozos& trozos) {
+  salida_.Texto += " GROUP BY " + filas.Grupo;
+  salida_.Texto.insert(trozos.from, ", " + filas.Lugar);
+  salida_.Texto.erase(trozos.distinct, std::string_view("DISTINCT ").size());
+  salida_.Orden.Textos.push_back(salida_.Columnas.size());
+  salida_.Detras.push_back(filas.Columna);
+}
+
+/// Rows that are equal in what they are sorted by come in one order even so.
+void Traductor::DesempatarPorTextos() {
+  auto& textos = salida_.Orden.Textos;
+  for (std::size_t i = 0; i < salida_.Columnas.size(); ++i) {
+    const bool esTexto = salida_.Columnas[i].Tipo == TipoColumna::Texto;
+    if (esTexto && std::ranges::find(textos, i) == textos.end()) textos.push_back(i);
+  }
+}
+
+/// Rows of one table that are to be read in no order.
+void Traductor::OrdenarPorLaClave() {
+  if (salida_.Unica.empty() || fuentes_.front().Tabla->Clave.empty()) return;
+  Poner(" ORDER BY ");
+  for (const int clave : fuentes_.front().Tabla->Clave) {
+    if (clave != fuentes_.front().Tabla->Clave.front()) Poner(", ");
+    PonerNombre(fuentes_.front().Tabla->Columnas[static_cast<std::size_t>(clave)].Nombre);
+  }
 }
 
 /// Takes the place of what stands between FROM and ORDER BY, and of the DISTINCT.

@@ -36,6 +36,8 @@ struct Traduccion {
   /// How whoever fetches the rows sorts them (`services::Ordenar`), because the text doesn't. Where
   /// they have a place to go to, that stands behind their columns.
   services::OrdenDeFilas Orden;
+  /// What stands behind the columns besides that, by which they are sorted too.
+  std::vector<services::Columna> Detras;
   /// The table whose rows a SELECT gives one by one, so that they can be added and changed; empty
   /// for a join, a DISTINCT or a sum.
   std::string Unica;
@@ -101,7 +103,10 @@ class Traductor {
   void Juntas();
   void Where();
   void PorNumeros(const FilasPorNumero& filas, const Trozos& trozos, bool ordenaQuienLee);
-  [[nodiscard]] std::optional<FilasPorNumero> SinRepetidas() const;
+  void AgruparPorClave(const FilasPorClave& filas, const Trozos& trozos);
+  void OrdenarPorLaClave();
+  void DesempatarPorTextos();
+  [[nodiscard]] std::optional<Reunion> SinRepetidas() const;
   void GroupBy();
   void OrderBy();
   bool OrdenarFuera();

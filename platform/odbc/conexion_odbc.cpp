@@ -20,7 +20,7 @@ std::optional<dialecto::Formas> FormasDe(const Opciones& opciones) {
 }  // namespace
 
 Conexion::Conexion(const TextoDeConexion& texto, const Opciones& opciones)
-    : enlace_(texto),
+    : enlace_(texto, opciones.Esquema),
       unidad_(enlace_, almacen_, opciones.UnidadDeTrabajo),
       interprete_(enlace_.Motor().Dialecto, catalogo_, FormasDe(opciones)) {}
 

@@ -32,11 +32,15 @@ Cursor::Cursor(Conexion& conexion, std::string texto, dialecto::Sentencia senten
     : conexion_(&conexion),
       texto_(std::move(texto)),
       sentencia_(std::move(sentencia)),
-      modo_(modo) {}
+      modo_(modo),
+      leidas_(sentencia_.Traducida->Columnas) {
+  const auto& detras = sentencia_.Traducida->Detras;
+  leidas_.insert(leidas_.end(), detras.begin(), detras.end());
+}
 
 Filas Cursor::Leer() {
   Parametros parametros = ParametrosDe(sentencia_);
-  Filas filas = conexion_->unidad_.Leer(texto_, parametros, Columnas());
+  Filas filas = conexion_->unidad_.Leer(texto_, parametros, leidas_);
   services::Ordenar(filas, sentencia_.Traducida->Orden);
   return filas;
 }

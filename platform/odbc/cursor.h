@@ -45,6 +45,8 @@ class Cursor final : public services::Cursor {
   std::string texto_;
   dialecto::Sentencia sentencia_;
   services::ModoApertura modo_;
+  /// Its columns, and what it is sorted by besides.
+  std::vector<services::Columna> leidas_;
   /// What the row that was added last was given.
   std::vector<Insertado> insertada_;
 };

@@ -24,8 +24,10 @@ SQLPOINTER Numero(SQLULEN valor) {
 
 }  // namespace
 
-Enlace::Enlace(const TextoDeConexion& texto)
-    : textos_(texto.PorServidor()), nombre_(texto.Nombre()), entorno_(SQL_HANDLE_ENV, nullptr) {
+Enlace::Enlace(const TextoDeConexion& texto, std::string esquema)
+    : textos_(texto.PorServidor()),
+      esquema_(std::move(esquema)),
+      entorno_(SQL_HANDLE_ENV, nullptr) {
   if (!entorno_) SinGestor();
   SQLSetEnvAttr(entorno_.get(), SQL_ATTR_ODBC_VERSION, Numero(SQL_OV_ODBC3), 0);
   Conectar();
@@ -77,7 +79,18 @@ void Enlace::Abrir(const TextoDeConexion& texto) {
 
 void Enlace::EmpezarSesion() {
   catalogo_ = Dato(SQL_DATABASE_NAME);
+  if (!esquema_.empty()) EntrarEnEsquema();
   for (const std::string_view sentencia : servidor_->AlConectar) Ejecutar(std::string(sentencia));
+}
+
+void Enlace::EntrarEnEsquema() {
+  if (!servidor_->EntrarEnEsquema.empty()) {
+    return Ejecutar(std::string(servidor_->EntrarEnEsquema) + esquema_);
+  }
+  Comprobar(SQLSetConnectAttr(linea_->Conexion.get(), SQL_ATTR_CURRENT_CATALOG,
+                              Texto(esquema_.c_str()), SQL_NTS),
+            linea_->Conexion);
+  catalogo_ = esquema_;
 }
 
 std::string Enlace::Dato(SQLUSMALLINT cual) const {
@@ -109,7 +122,11 @@ void Enlace::Comprobar(SQLRETURN resultado, const Manejo& manejo) {
 void Enlace::Ejecutar(const std::string& sql) {
   const ManejoDeOrden orden = NuevaOrden();
   ContarViaje();
-  Comprobar(SQLExecDirect(orden.get(), Texto(sql.c_str()), SQL_NTS), orden.Suyo);
+  SQLRETURN resultado = SQLExecDirect(orden.get(), Texto(sql.c_str()), SQL_NTS);
+  do {
+    Comprobar(resultado, orden.Suyo);
+    resultado = SQLMoreResults(orden.get());
+  } while (resultado != SQL_NO_DATA);
 }
 
 }  // namespace odbc

@@ -38,7 +38,7 @@ struct ManejoDeOrden {
 class Enlace {
  public:
   /// Connects. Throws `ErrorEjecucion` 0x80004005 where no server of the text can be reached.
-  explicit Enlace(const TextoDeConexion& texto);
+  Enlace(const TextoDeConexion& texto, std::string esquema);
   Enlace(const Enlace&) = delete;
   Enlace& operator=(const Enlace&) = delete;
 
@@ -58,7 +58,7 @@ class Enlace {
   [[nodiscard]] ManejoDeOrden NuevaOrden();
   /// Throws what the driver says of a call that failed.
   void Comprobar(SQLRETURN resultado, const Manejo& manejo);
-  /// Runs a statement that gives no rows, as it stands.
+  /// Runs what gives no rows, as it stands.
   void Ejecutar(const std::string& sql);
 
   /// One more time that the server was asked something.
@@ -70,10 +70,11 @@ class Enlace {
   void ConectarCon(const TextoDeConexion& texto);
   void Abrir(const TextoDeConexion& texto);
   void EmpezarSesion();
+  void EntrarEnEsquema();
   [[nodiscard]] std::string Dato(SQLUSMALLINT cual) const;
 
   std::vector<TextoDeConexion> textos_;
-  std::string nombre_;
+  std::string esquema_;
   Manejo entorno_;
   std::shared_ptr<Linea> linea_;
   const Servidor* servidor_ = nullptr;

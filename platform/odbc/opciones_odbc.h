@@ -9,6 +9,9 @@ namespace odbc {
 struct Opciones {
   /// Whether writes are gathered until `TerminarUnidad`; otherwise each is on its own.
   bool UnidadDeTrabajo = true;
+  /// The schema to be in, or the database where a server has no schemas in one; empty for that of
+  /// the connection text.
+  std::string Esquema = {};
   /// What whoever opens the connection runs on it besides the statements of the system.
   std::vector<std::string> Propias = {};
   /// Whether any well-formed statement is run, and not those alone: for tests and tools.

@@ -33,7 +33,9 @@ constexpr Servidor kPostgres = {
                  .RecorteDerecho = {"rtrim(", ")"},
                  .Patron = {"lower(", " COLLATE \"es-x-icu\")"},
                  .TrasPatron = " ESCAPE ''",
-                 .OrdenaQuienLee = true},
+                 .OrdenaQuienLee = true,
+                 .PorClaves = true},
+    .EntrarEnEsquema = "SET search_path TO ",
     .EsquemaActual = "SELECT current_schema()",
     .Atributos = kAtributosPostgres,
     .AlConectar = kAlConectarPostgres,
@@ -44,8 +46,9 @@ constexpr Servidor kPostgres = {
     .ParaCambiar = " FOR UPDATE",
 };
 
-// A row that is given what it holds counts as changed: `Option` has a bit for that.
-constexpr auto kAtributosMaria = std::to_array<Par>({{"charset", "utf8mb4"}, {"Option", "2"}});
+// A row that is given what it holds counts as changed, and a text may hold several statements.
+constexpr auto kAtributosMaria =
+    std::to_array<Par>({{"charset", "utf8mb4"}, {"Option", "67108866"}});
 // Strict, so that what doesn't fit is refused and not cut.
 constexpr auto kAlConectarMaria = std::to_array<std::string_view>({
     "SET SESSION sql_mode = 'STRICT_ALL_TABLES,NO_ENGINE_SUBSTITUTION', "
@@ -63,7 +66,8 @@ constexpr Servidor kMaria = {
                  .RecorteDerecho = {"rtrim(", ")"},
                  .TrasPatron = " ESCAPE ''",
                  .FilaPorOmision = " () VALUES ()",
-                 .OrdenaQuienLee = true},
+                 .OrdenaQuienLee = true,
+                 .PorClaves = true},
     .Atributos = kAtributosMaria,
     .AlConectar = kAlConectarMaria,
     .AlLeerDeUnMomento = kLeerMaria,

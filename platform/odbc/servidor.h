@@ -12,6 +12,8 @@ namespace odbc {
 struct Servidor {
   std::string_view Nombre;
   dialecto::Motor Dialecto;
+  /// What goes into a schema, before its name; none where that is a database.
+  std::string_view EntrarEnEsquema = {};
   /// The statement that tells the schema in which names are looked for; none where a database has
   /// no schemas.
   std::string_view EsquemaActual = {};

@@ -120,14 +120,20 @@ TEST_F(ElPrograma, NingunFalloDeUnaBaseTumbaLaPantalla) {
   }
 }
 
-TEST(Opciones, UnaConexionQueNoEsFicheroSeRechazaConClaridad) {
+TEST(Opciones, UnaConexionEsDeUnFicheroODeUnServidor) {
   EXPECT_EQ(guion::LeerOpciones({"--datos", "sqlite:a=b;c.db", "x"}).Datos, "a=b;c.db");
   EXPECT_EQ(guion::LeerOpciones({"--datos", "/tmp/a:b.db", "x"}).Datos, "/tmp/a:b.db");
-  for (const char* texto : {"Driver=PostgreSQL;Server=x", "odbc:cosa", "postgresql://x/y"}) {
-    EXPECT_THROW(static_cast<void>(guion::LeerOpciones({"--datos", texto, "x"})),
-                 guion::NoSeEntiende)
-        << texto;
-  }
+  EXPECT_EQ(guion::LeerOpciones({"--datos", "DSN=Gestion", "x"}).Servidor, "DSN=Gestion");
+  EXPECT_EQ(guion::LeerOpciones({"--datos", "odbc:DSN=Gestion", "x"}).Servidor, "DSN=Gestion");
+  EXPECT_EQ(guion::LeerOpciones({"--datos", "DSN=Gestion", "x"}).Datos, "");
+  EXPECT_THROW(static_cast<void>(guion::LeerOpciones({"--datos", "postgresql://x/y", "x"})),
+               guion::NoSeEntiende);
+}
+
+TEST_F(ElPrograma, UnServidorQueNoEstaSeDice) {
+  const auto corrida = Correr("--datos 'Driver={No Hay};Server=x' x.guion", "foco?");
+  EXPECT_EQ(corrida.Estado, 2);
+  EXPECT_THAT(corrida.Errores, testing::StartsWith("No se puede abrir la base de datos x: "));
 }
 
 }  // namespace

@@ -1,5 +1,16 @@
-# Runs a scenario; fails with what it printed, or with the difference to what it should have.
-execute_process(COMMAND ${PROGRAMA} ${GUION}
+# Runs a scenario; fails with what it printed, or with the difference to what it should have. With
+# SERVIDOR, its stored tables are on the server whose connection text is in that variable of the
+# environment.
+set(opciones)
+if(SERVIDOR)
+  if(NOT DEFINED ENV{${SERVIDOR}})
+    message("no hay servidor")
+    return()
+  endif()
+  string(REPLACE ";" "\\;" texto "$ENV{${SERVIDOR}}")
+  set(opciones --datos "${texto}")
+endif()
+execute_process(COMMAND ${PROGRAMA} ${opciones} ${GUION}
   OUTPUT_FILE ${OBTENIDO} ERROR_VARIABLE errores RESULT_VARIABLE estado)
 file(READ ${OBTENIDO} obtenido)
 if(NOT estado EQUAL 0)

@@ -14,10 +14,6 @@ struct ServidorDePrueba {
   std::string Nombre;
   /// The text that connects to it.
   std::string Texto;
-  /// What is added to that to be in a schema, whose name takes the place of the `#`.
-  std::string ConEsquema;
-  /// What follows the name of a schema that is dropped with all that is in it.
-  std::string ConTodo;
 };
 
 /// Those that the environment tells: `TESVARA_POSTGRESQL` and `TESVARA_MARIADB` hold connection
