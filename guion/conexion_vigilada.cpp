@@ -24,6 +24,15 @@ class CursorVigilado final : public services::Cursor {
     vigia_->Llamada();
     dentro_->Insertar(valores);
   }
+  void InsertarLuego(std::span<const services::Asignacion> valores,
+                     const services::AlNoInsertar& alNoInsertar) override {
+    try {
+      vigia_->Llamada();
+    } catch (const services::ErrorEjecucion& fallo) {
+      return alNoInsertar(fallo);
+    }
+    dentro_->InsertarLuego(valores, alNoInsertar);
+  }
   [[nodiscard]] services::Filas LeerInsertada() override { return dentro_->LeerInsertada(); }
   void Actualizar(const services::Filas& filas, std::size_t fila,
                   std::span<const services::Asignacion> valores) override {

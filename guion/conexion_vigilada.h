@@ -49,6 +49,12 @@ class ConexionVigilada final : public services::ObjetoContado<services::Conexion
   /// gone.
   void TerminarUnidad() override;
   void AbandonarUnidad() noexcept override { dentro_->AbandonarUnidad(); }
+  void EscribirPendientes() override { dentro_->EscribirPendientes(); }
+  void JuntarBorrados(bool juntar) override { dentro_->JuntarBorrados(juntar); }
+  void Anticipar(const std::function<std::vector<std::string>()>& sentencias,
+                 services::ModoApertura modo) override {
+    dentro_->Anticipar(sentencias, modo);
+  }
   bool EmpezarLectura() noexcept override { return dentro_->EmpezarLectura(); }
   void TerminarLectura() noexcept override { dentro_->TerminarLectura(); }
 

@@ -51,7 +51,9 @@ void Utiles::AnotarBorrado(const std::string& clave, services::Ref<services::Con
   rs->Collect("Momento") = ahora_();
   rs->Collect("Usuario") = usuario_();
   rs->Collect("Sentencia") = sentencia;
-  rs->Update();
+  // One of many, where a commit deletes a range.
+  rs->UpdateLuego(
+      [](const services::ErrorEjecucion& fallo) { throw services::ErrorEjecucion(fallo); });
   rs->Close();
 }
 

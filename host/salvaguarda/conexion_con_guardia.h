@@ -33,6 +33,12 @@ class ConexionConGuardia : public services::ObjetoContado<services::Conexion> {
     dentro_->AbandonarUnidad();
     TrasAbandonar();
   }
+  void EscribirPendientes() final { dentro_->EscribirPendientes(); }
+  void JuntarBorrados(bool juntar) final { dentro_->JuntarBorrados(juntar); }
+  void Anticipar(const std::function<std::vector<std::string>()>& sentencias,
+                 services::ModoApertura modo) final {
+    dentro_->Anticipar(sentencias, modo);
+  }
   bool EmpezarLectura() noexcept final { return dentro_->EmpezarLectura(); }
   void TerminarLectura() noexcept final { dentro_->TerminarLectura(); }
 

@@ -21,6 +21,26 @@ std::string TextoDeInsercion(const Motor& motor, std::string_view tabla,
   return texto;
 }
 
+std::string TextoDeBorrados(const std::string& uno, std::size_t cuantos) {
+  constexpr std::string_view kDonde = " WHERE ";
+  const std::size_t donde = uno.find(kDonde) + kDonde.size();
+  const std::string condicion = "(" + uno.substr(donde) + ")";
+  std::string texto = uno.substr(0, donde) + condicion;
+  for (std::size_t i = 1; i < cuantos; ++i) texto += " OR " + condicion;
+  return texto;
+}
+
+std::string TextoDeConsultas(const std::string& una, std::size_t orden, std::size_t cuantas) {
+  constexpr std::string_view kSelect = "SELECT ";
+  const std::string cuerpo = una.substr(0, orden).substr(kSelect.size());
+  std::string texto;
+  for (std::size_t i = 0; i < cuantas; ++i) {
+    texto.append(i == 0 ? "" : " UNION ALL ").append(kSelect);
+    texto += std::to_string(i) + ", " + cuerpo;
+  }
+  return orden < una.size() ? texto + una.substr(orden) : texto;
+}
+
 std::string TextoDeCambio(const Motor& motor, std::string_view tabla,
                           std::span<const std::string_view> columnas) {
   std::string texto = "UPDATE " + EntreComillas(motor, tabla) + " SET ";

@@ -19,6 +19,14 @@ namespace dialecto {
                                            std::span<const std::string_view> columnas,
                                            std::size_t filas = 1);
 
+/// A DELETE with a condition as so many of them with other values.
+[[nodiscard]] std::string TextoDeBorrados(const std::string& uno, std::size_t cuantos);
+
+/// A SELECT as so many of them with other values, whose rows begin with the number of theirs, from
+/// 0. They come in its order, which begins at `orden`.
+[[nodiscard]] std::string TextoDeConsultas(const std::string& una, std::size_t orden,
+                                           std::size_t cuantas);
+
 /// `UPDATE tabla SET` each of the columns to a `?`.
 [[nodiscard]] std::string TextoDeCambio(const Motor& motor, std::string_view tabla,
                                         std::span<const std::string_view> columnas);

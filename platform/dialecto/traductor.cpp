@@ -265,6 +265,7 @@ void Traductor::DesempatarPorTextos() {
 /// Rows of one table that are to be read in no order.
 void Traductor::OrdenarPorLaClave() {
   if (salida_.Unica.empty() || fuentes_.front().Tabla->Clave.empty()) return;
+  salida_.FinSinOrden = salida_.Texto.size();
   Poner(" ORDER BY ");
   for (const int clave : fuentes_.front().Tabla->Clave) {
     if (clave != fuentes_.front().Tabla->Clave.front()) Poner(", ");
@@ -371,6 +372,7 @@ void Traductor::Delete() {
   static_cast<void>(ExigirNombre());
   Poner("DELETE FROM ");
   PonerNombre(fuente.Tabla->Nombre);
+  salida_.Borra = fuente.Tabla->Nombre;
   Where();
   Final();
 }

@@ -36,11 +36,15 @@ struct Traduccion {
   /// How whoever fetches the rows sorts them (`services::Ordenar`), because the text doesn't. Where
   /// they have a place to go to, that stands behind their columns.
   services::OrdenDeFilas Orden;
+  /// Where its text says in what order of a key its rows come; its length where it doesn't.
+  std::size_t FinSinOrden = std::string::npos;
   /// What stands behind the columns besides that, by which they are sorted too.
   std::vector<services::Columna> Detras;
   /// The table whose rows a SELECT gives one by one, so that they can be added and changed; empty
   /// for a join, a DISTINCT or a sum.
   std::string Unica;
+  /// The table of a DELETE.
+  std::string Borra;
 };
 
 /// Turns statements of the system into those of an engine. It understands one SELECT or one

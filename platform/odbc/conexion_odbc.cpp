@@ -32,12 +32,66 @@ std::unique_ptr<services::Cursor> Conexion::Abrir(std::string_view sentencia, Mo
   enlace_.Exigir();
   auto leida = interprete_.Leer(sentencia, modo);
   std::string texto(enlace_.Motor().ComoSeEscriben ? sentencia : leida.Traducida->Texto);
-  if (leida.Traducida->Que == dialecto::Verbo::Select) {
-    return std::make_unique<Cursor>(*this, std::move(texto), std::move(leida), modo);
+  if (leida.Traducida->Que == dialecto::Verbo::Delete) {
+    Borrar(leida, std::move(texto));
+    return nullptr;
   }
+  if (!anticipadas_.Ninguna()) pendientes_.Escribir();
+  auto halladas = anticipadas_.Tomar(sentencia, leida, modo);
+  return std::make_unique<Cursor>(*this, std::move(texto), std::move(leida), modo,
+                                  std::move(halladas));
+}
+
+void Conexion::Borrar(const dialecto::Sentencia& leida, std::string texto) {
   Parametros parametros = ParametrosDe(leida);
-  unidad_.Escribir(texto, parametros);
-  return nullptr;
+  if (juntaBorrados_ && unidad_.Agrupa() && !parametros.Ninguno()) {
+    pendientes_.Borrar(leida.Traducida->Borra, texto, std::move(parametros));
+  } else {
+    Escribir(texto, parametros);
+  }
+}
+
+services::Filas Conexion::Leer(const std::string& texto, Parametros& parametros,
+                               const std::vector<services::Columna>& columnas) {
+  pendientes_.Escribir();
+  return unidad_.Leer(texto, parametros, columnas);
+}
+
+std::size_t Conexion::Escribir(const std::string& texto, Parametros& parametros) {
+  pendientes_.Escribir();
+  return unidad_.Escribir(texto, parametros);
+}
+
+void Conexion::JuntarBorrados(bool juntar) {
+  juntaBorrados_ = juntar;
+  if (!juntar) pendientes_.Escribir();
+}
+
+void Conexion::Anticipar(const std::function<std::vector<std::string>()>& sentencias,
+                         ModoApertura modo) {
+  if (!enlace_.Motor().ComoSeEscriben) anticipadas_.Poner(sentencias(), modo);
+}
+
+void Conexion::TerminarUnidad() {
+  anticipadas_.Olvidar();
+  try {
+    pendientes_.Escribir();
+  } catch (const services::ErrorEjecucion&) {
+    AbandonarUnidad();
+    throw;
+  }
+  unidad_.Terminar();
+}
+
+void Conexion::AbandonarUnidad() noexcept {
+  anticipadas_.Olvidar();
+  pendientes_.Olvidar();
+  unidad_.Abandonar();
+}
+
+void Conexion::TerminarLectura() noexcept {
+  anticipadas_.Olvidar();
+  unidad_.TerminarLectura();
 }
 
 std::vector<services::Columna> Conexion::ColumnasDe(std::string_view tabla) {

@@ -7,9 +7,11 @@
 #include "datos/conexion.h"
 #include "dialecto/interprete.h"
 #include "odbc/almacen.h"
+#include "odbc/anticipadas.h"
 #include "odbc/catalogo_odbc.h"
 #include "odbc/enlace.h"
 #include "odbc/opciones_odbc.h"
+#include "odbc/pendientes.h"
 #include "odbc/unidad.h"
 
 namespace odbc {
@@ -30,10 +32,14 @@ class Conexion final : public services::ObjetoContado<services::Conexion> {
   [[nodiscard]] std::unique_ptr<services::Cursor> Abrir(std::string_view sentencia,
                                                         services::ModoApertura modo) override;
   [[nodiscard]] std::vector<services::Columna> ColumnasDe(std::string_view tabla) override;
-  void TerminarUnidad() override { unidad_.Terminar(); }
-  void AbandonarUnidad() noexcept override { unidad_.Abandonar(); }
+  void EscribirPendientes() override { pendientes_.Escribir(); }
+  void JuntarBorrados(bool juntar) override;
+  void Anticipar(const std::function<std::vector<std::string>()>& sentencias,
+                 services::ModoApertura modo) override;
+  void TerminarUnidad() override;
+  void AbandonarUnidad() noexcept override;
   bool EmpezarLectura() noexcept override { return unidad_.EmpezarLectura(); }
-  void TerminarLectura() noexcept override { unidad_.TerminarLectura(); }
+  void TerminarLectura() noexcept override;
   /// Begins the unit, unless one is under way.
   void EmpezarUnidad() { unidad_.Empezar(); }
   /// `Opciones::UnidadDeTrabajo` from now on; the unit under way ends.
@@ -59,11 +65,20 @@ class Conexion final : public services::ObjetoContado<services::Conexion> {
  private:
   friend class Cursor;
 
+  /// What was left for later is written before.
+  [[nodiscard]] services::Filas Leer(const std::string& texto, Parametros& parametros,
+                                     const std::vector<services::Columna>& columnas);
+  std::size_t Escribir(const std::string& texto, Parametros& parametros);
+  void Borrar(const dialecto::Sentencia& leida, std::string texto);
+
   Enlace enlace_;
   Almacen almacen_{enlace_};
   Unidad unidad_;
   Catalogo catalogo_{enlace_};
   dialecto::Interprete interprete_;
+  Pendientes pendientes_{unidad_};
+  Anticipadas anticipadas_{unidad_, interprete_};
+  bool juntaBorrados_ = false;
 };
 
 /// Connects. Throws 0x80004005 for a text that isn't understood, and where no server of it can be

@@ -25,22 +25,35 @@ std::vector<std::string_view> Nombres(std::span<const Asignacion> valores,
   return nombres;
 }
 
+std::vector<std::string> NombresPropios(std::span<const Asignacion> valores,
+                                        const std::vector<std::string>& origenes) {
+  std::vector<std::string> nombres;
+  for (const Asignacion& valor : valores) nombres.push_back(origenes[valor.Posicion]);
+  return nombres;
+}
+
 }  // namespace
 
 Cursor::Cursor(Conexion& conexion, std::string texto, dialecto::Sentencia sentencia,
-               ModoApertura modo)
+               ModoApertura modo, std::optional<Filas> halladas)
     : conexion_(&conexion),
       texto_(std::move(texto)),
       sentencia_(std::move(sentencia)),
       modo_(modo),
-      leidas_(sentencia_.Traducida->Columnas) {
+      leidas_(sentencia_.Traducida->Columnas),
+      halladas_(std::move(halladas)) {
   const auto& detras = sentencia_.Traducida->Detras;
   leidas_.insert(leidas_.end(), detras.begin(), detras.end());
 }
 
 Filas Cursor::Leer() {
+  if (halladas_) {
+    Filas filas = std::move(*halladas_);
+    halladas_.reset();
+    return filas;
+  }
   Parametros parametros = ParametrosDe(sentencia_);
-  Filas filas = conexion_->unidad_.Leer(texto_, parametros, leidas_);
+  Filas filas = conexion_->Leer(texto_, parametros, leidas_);
   services::Ordenar(filas, sentencia_.Traducida->Orden);
   return filas;
 }
@@ -54,13 +67,41 @@ void Cursor::ExigirTabla(std::span<const Asignacion> valores) const {
   throw ErrorEjecucion(error::NoDisponible, "La sentencia no deja escribir en sus filas");
 }
 
-void Cursor::Insertar(std::span<const Asignacion> valores) {
-  ExigirTabla(valores);
+std::string Cursor::TextoDeInsercion(std::span<const Asignacion> valores, std::size_t filas) const {
+  return dialecto::TextoDeInsercion(conexion_->Motor().Dialecto, Tabla(),
+                                    Nombres(valores, Origenes()), filas);
+}
+
+Parametros Cursor::Nuevos(std::span<const Asignacion> valores) const {
   Parametros parametros;
   for (const Asignacion& valor : valores) parametros.Anadir(*valor.Nuevo, TipoDe(valor.Posicion));
-  conexion_->unidad_.Escribir(dialecto::TextoDeInsercion(conexion_->Motor().Dialecto, Tabla(),
-                                                         Nombres(valores, Origenes())),
-                              parametros);
+  return parametros;
+}
+
+void Cursor::Insertar(std::span<const Asignacion> valores) {
+  ExigirTabla(valores);
+  Parametros parametros = Nuevos(valores);
+  conexion_->Escribir(TextoDeInsercion(valores, 1), parametros);
+  Recordar(valores);
+}
+
+void Cursor::InsertarLuego(std::span<const Asignacion> valores,
+                           const services::AlNoInsertar& alNoInsertar) {
+  if (!conexion_->unidad_.Agrupa() || valores.empty()) {
+    return services::Cursor::InsertarLuego(valores, alNoInsertar);
+  }
+  ExigirTabla(valores);
+  const auto textoDe = [motor = &conexion_->Motor().Dialecto, tabla = Tabla(),
+                        columnas = NombresPropios(valores, Origenes())](std::size_t filas) {
+    const std::vector<std::string_view> nombres(columnas.begin(), columnas.end());
+    return dialecto::TextoDeInsercion(*motor, tabla, nombres, filas);
+  };
+  conexion_->pendientes_.Insertar(Tabla(), TextoDeInsercion(valores, 1), textoDe, Nuevos(valores),
+                                  alNoInsertar);
+  Recordar(valores);
+}
+
+void Cursor::Recordar(std::span<const Asignacion> valores) {
   insertada_.clear();
   for (const Asignacion& valor : valores) insertada_.push_back({valor.Posicion, *valor.Nuevo});
 }
@@ -113,7 +154,7 @@ Filas Cursor::LeerInsertada() {
     parametros.Anadir(valor == insertada_.end() ? Valor() : valor->Nuevo, TipoDe(posicion));
   }
   texto += " FROM " + dialecto::EntreComillas(conexion_->Motor().Dialecto, Tabla());
-  Filas filas = conexion_->unidad_.Leer(texto + DondeLaClave(clave), parametros, Columnas());
+  Filas filas = conexion_->Leer(texto + DondeLaClave(clave), parametros, Columnas());
   if (filas.Cuantas() == 1) return filas;
   throw ErrorEjecucion(error::FilaCambiada, "Otro programa ha borrado la fila añadida");
 }
@@ -136,7 +177,7 @@ void Cursor::Actualizar(const Filas& filas, std::size_t fila, std::span<const As
       parametros.Anadir(filas.En(fila, valor.Posicion), TipoDe(valor.Posicion));
     }
   }
-  if (conexion_->unidad_.Escribir(texto, parametros) > 0) return;
+  if (conexion_->Escribir(texto, parametros) > 0) return;
   throw ErrorEjecucion(error::FilaCambiada, "Otro programa ha cambiado o borrado la fila");
 }
 

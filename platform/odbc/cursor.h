@@ -1,6 +1,7 @@
 #pragma once
 
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -12,13 +13,15 @@ namespace odbc {
 class Cursor final : public services::Cursor {
  public:
   Cursor(Conexion& conexion, std::string texto, dialecto::Sentencia sentencia,
-         services::ModoApertura modo);
+         services::ModoApertura modo, std::optional<services::Filas> halladas = {});
 
   [[nodiscard]] const std::vector<services::Columna>& Columnas() const override {
     return sentencia_.Traducida->Columnas;
   }
   [[nodiscard]] services::Filas Leer() override;
   void Insertar(std::span<const services::Asignacion> valores) override;
+  void InsertarLuego(std::span<const services::Asignacion> valores,
+                     const services::AlNoInsertar& alNoInsertar) override;
   [[nodiscard]] services::Filas LeerInsertada() override;
   void Actualizar(const services::Filas& filas, std::size_t fila,
                   std::span<const services::Asignacion> valores) override;
@@ -36,6 +39,10 @@ class Cursor final : public services::Cursor {
   [[nodiscard]] services::TipoColumna TipoDe(std::size_t posicion) const {
     return Columnas()[posicion].Tipo;
   }
+  [[nodiscard]] std::string TextoDeInsercion(std::span<const services::Asignacion> valores,
+                                             std::size_t filas) const;
+  [[nodiscard]] Parametros Nuevos(std::span<const services::Asignacion> valores) const;
+  void Recordar(std::span<const services::Asignacion> valores);
   void ExigirTabla(std::span<const services::Asignacion> valores) const;
   [[nodiscard]] std::vector<std::size_t> Clave() const;
   [[nodiscard]] std::string DondeLaClave(const std::vector<std::size_t>& clave) const;
@@ -47,6 +54,8 @@ class Cursor final : public services::Cursor {
   services::ModoApertura modo_;
   /// Its columns, and what it is sorted by besides.
   std::vector<services::Columna> leidas_;
+  /// What it finds, when that is known beforehand: for the first look.
+  std::optional<services::Filas> halladas_;
   /// What the row that was added last was given.
   std::vector<Insertado> insertada_;
 };

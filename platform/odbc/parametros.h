@@ -16,10 +16,13 @@ namespace odbc {
 /// The values of a statement's `?`, in their order.
 class Parametros {
  public:
-  void Vaciar() { valores_.clear(); }
-  void Reservar(std::size_t cuantos) { valores_.reserve(cuantos); }
   /// `tipo` is that of its column; a Null has no other.
   void Anadir(const services::Valor& valor, services::TipoColumna tipo);
+  [[nodiscard]] bool Ninguno() const { return valores_.empty(); }
+  /// Those of another statement, after these.
+  void Anadir(const Parametros& otros) {
+    valores_.insert(valores_.end(), otros.valores_.begin(), otros.valores_.end());
+  }
   /// Binds them to a statement; they must stay as they are until it has run.
   [[nodiscard]] SQLRETURN Enlazar(SQLHSTMT orden);
 

@@ -137,6 +137,15 @@ void Carga::Previsiones() {
       {tabla::TempProvPrevisionPagos::Descripcion});
 }
 
+/// The entries of an invoice.
+std::string CajaDe(Recordset& factura) {
+  const std::string numero = factura.Collect("Factura").Texto();
+  return "SELECT CajaPagos.* From CajaPagos WHERE RTRIM(LTRIM(CajaPagos.Factura)) like '" +
+         std::string(services::Trim(numero)) + "' And CajaPagos.Tipo like " +
+         factura.Collect("NConcepto").Texto() + " And CajaPagos.Año like '" +
+         factura.Collect("Año").Texto() + "'";
+}
+
 void Carga::CajaDeFacturas() {
   Recordset facturas;
   tramo_.EnTabla("TempCajaPagos");
@@ -144,6 +153,10 @@ void Carga::CajaDeFacturas() {
         ModoApertura::Optimista);
   Abrir(facturas, "SELECT TempProvFacturas.* From TempProvFacturas", sesion_.CnTemp(),
         ModoApertura::Lectura);
+  if (facturas.State()) {
+    sesion_.CnDatos().Anticipar([&] { return SentenciasDe(facturas, CajaDe); },
+                                ModoApertura::Lectura);
+  }
   while (facturas.State() && !facturas.Eof()) {
     CopiarCajaDe(facturas);
     facturas.MoveNext();
@@ -153,14 +166,9 @@ void Carga::CajaDeFacturas() {
 }
 
 void Carga::CopiarCajaDe(Recordset& factura) {
-  const std::string numero = factura.Collect("Factura").Texto();
   tramo_.ConFila(&factura);
   const bool abierta = tramo_.Paso(Falta::Fila, [&] {
-    origen_.Open("SELECT CajaPagos.* From CajaPagos WHERE RTRIM(LTRIM(CajaPagos.Factura)) like '" +
-                     std::string(services::Trim(numero)) + "' And CajaPagos.Tipo like " +
-                     factura.Collect("NConcepto").Texto() + " And CajaPagos.Año like '" +
-                     factura.Collect("Año").Texto() + "'",
-                 sesion_.CnDatos(), ModoApertura::Lectura);
+    origen_.Open(CajaDe(factura), sesion_.CnDatos(), ModoApertura::Lectura);
   });
   if (!abierta) return;
   CopiarFilas(origen_, destino_, tramo_, {tabla::CajaPagos::ModificadoPor});

@@ -1,5 +1,6 @@
 #include "store/copia.h"
 
+#include <cstdint>
 #include <utility>
 
 namespace store {
@@ -21,21 +22,58 @@ void AsignarColumnas(Recordset& origen, Recordset& destino, Tramo& tramo,
   if (columnas.Rematar) tramo.Paso(Falta::Valor, [&] { columnas.Rematar(origen, destino); });
 }
 
-void CopiarFila(Recordset& origen, Recordset& destino, Tramo& tramo, const Columnas& columnas) {
-  if (!tramo.Paso(Falta::Fila, [&] { destino.AddNew(); })) return;
-  AsignarColumnas(origen, destino, tramo, columnas);
-  tramo.Activar();
-  if (tramo.Paso(Falta::Fila, [&] { destino.Update(); })) return;
-  tramo.Paso(Falta::Nada, [&] { destino.CancelUpdate(); });
+/// A copy of the rows left in a recordset, which may be written many at once.
+class Copia {
+ public:
+  Copia(Recordset& origen, Recordset& destino, Tramo& tramo, const Columnas& columnas)
+      : origen_(origen), destino_(destino), tramo_(tramo), columnas_(columnas) {}
+
+  void Hacer();
+
+ private:
+  void CopiarFila();
+  void Rehusada(std::int64_t posicion, const services::ErrorEjecucion& fallo);
+
+  Recordset& origen_;
+  Recordset& destino_;
+  Tramo& tramo_;
+  const Columnas& columnas_;
+};
+
+void Copia::Hacer() {
+  tramo_.ConFila(&origen_);
+  for (; !origen_.Eof(); origen_.MoveNext()) CopiarFila();
+  if (destino_.State()) destino_.EscribirPendientes();
+  tramo_.ConPendientes(nullptr);
+  tramo_.ConFila(nullptr);
+}
+
+void Copia::CopiarFila() {
+  if (!tramo_.Paso(Falta::Fila, [&] { destino_.AddNew(); })) return;
+  tramo_.ConPendientes(&destino_);
+  AsignarColumnas(origen_, destino_, tramo_, columnas_);
+  tramo_.Activar();
+  const std::int64_t posicion = origen_.AbsolutePosition();
+  const bool escrita = tramo_.Paso(Falta::Fila, [&] {
+    destino_.UpdateLuego([this, posicion](const auto& fallo) { Rehusada(posicion, fallo); });
+  });
+  if (!escrita) tramo_.Paso(Falta::Nada, [&] { destino_.CancelUpdate(); });
+}
+
+/// Told of by the row that it was copied from, however far the copy has gone since.
+void Copia::Rehusada(std::int64_t posicion, const services::ErrorEjecucion& fallo) {
+  tramo_.ConPendientes(nullptr);
+  const std::int64_t actual = origen_.AbsolutePosition();
+  if (posicion != actual) origen_.AbsolutePosition(posicion);
+  tramo_.Paso(Falta::Fila, [&] { throw services::ErrorEjecucion(fallo); });
+  if (actual > 0 && posicion != actual) origen_.AbsolutePosition(actual);
+  tramo_.ConPendientes(&destino_);
 }
 
 }  // namespace
 
 void CopiarFilas(Recordset& origen, Recordset& destino, Tramo& tramo, const Columnas& columnas) {
-  if (!origen.State()) return;
-  tramo.ConFila(&origen);
-  for (; !origen.Eof(); origen.MoveNext()) CopiarFila(origen, destino, tramo, columnas);
-  tramo.ConFila(nullptr);
+  if (origen.State()) Copia(origen, destino, tramo, columnas).Hacer();
 }
 
 }  // namespace store

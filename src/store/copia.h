@@ -2,6 +2,8 @@
 
 #include <cstddef>
 #include <functional>
+#include <string>
+#include <vector>
 
 #include "datos/recordset.h"
 #include "store/tramo.h"
@@ -23,5 +25,16 @@ struct Columnas {
 /// is turned on at the first `Update` and left on: a row that can't be written is passed over.
 void CopiarFilas(services::Recordset& origen, services::Recordset& destino, Tramo& tramo,
                  const Columnas& columnas);
+
+/// The statement of each row of `filas`, a static recordset that then is where it was: at its first
+/// row. For those that a load or a commit opens one after the other.
+template <class Sentencia>
+[[nodiscard]] std::vector<std::string> SentenciasDe(services::Recordset& filas,
+                                                    const Sentencia& sentencia) {
+  std::vector<std::string> sentencias;
+  for (; !filas.Eof(); filas.MoveNext()) sentencias.push_back(sentencia(filas));
+  if (!sentencias.empty()) filas.AbsolutePosition(1);
+  return sentencias;
+}
 
 }  // namespace store

@@ -34,6 +34,7 @@ class Grabacion {
   void Borrar(const std::string& sentencia);
   void Escribir(const char* tabla, const std::string& almacenada, const std::string& trabajo,
                 std::size_t ultima, const Remate& sellar);
+  void AnticiparAlmacenados(Recordset& apuntes);
   void EnlazarApunte(Recordset& apunte);
   void Sellar(Recordset& destino);
 
@@ -59,6 +60,7 @@ void Grabacion::BorrarRango() {
           rango_.Desde + "' And ProvVencimientos.FechaVto <= '" + rango_.Hasta +
           "' Order By ProvFacturas.Fecha",
       sesion_.CnDatos(), ModoApertura::Lectura);
+  services::BorradosJuntos juntos(sesion_.CnDatos());
   for (; !facturas.Eof(); facturas.MoveNext()) {
     const std::string factura(services::Trim(facturas.Collect("Factura").Texto()));
     const std::string concepto = facturas.Collect("NConcepto").Texto();
@@ -73,6 +75,7 @@ void Grabacion::BorrarRango() {
            "' AND ProvFacturas.NConcepto like '" + concepto + "' And ProvFacturas.Año like '" +
            anio + "'");
   }
+  juntos.Terminar();
 }
 
 void Grabacion::Sellar(Recordset& destino) {
@@ -130,6 +133,7 @@ void Grabacion::EnlazarCaja() {
     apuntes.Open("SELECT TempCajaPagos.* From TempCajaPagos", sesion_.CnTemp(),
                  ModoApertura::Lectura);
   });
+  if (apuntes.State()) AnticiparAlmacenados(apuntes);
   tramo_.ConFila(&apuntes);
   while (apuntes.State() && !apuntes.Eof()) {
     EnlazarApunte(apuntes);
@@ -138,14 +142,22 @@ void Grabacion::EnlazarCaja() {
   tramo_.ConFila(nullptr);
 }
 
+std::string Almacenado(Recordset& apunte) {
+  return "SELECT CajaPagos.* FROM CajaPagos WHERE CajaPagos.idSucursal like '" +
+         apunte.Collect("idSucursal").Texto() + "' And CajaPagos.FechaHora like '" +
+         apunte.Collect("FechaHora").Texto() + "' And CajaPagos.Tipo like " +
+         apunte.Collect("Tipo").Texto();
+}
+
+void Grabacion::AnticiparAlmacenados(Recordset& apuntes) {
+  sesion_.CnDatos().Anticipar([&] { return SentenciasDe(apuntes, Almacenado); },
+                              ModoApertura::Optimista);
+}
+
 void Grabacion::EnlazarApunte(Recordset& apunte) {
   Recordset almacenado;
   tramo_.Paso(Falta::Fila, [&] {
-    almacenado.Open("SELECT CajaPagos.* FROM CajaPagos WHERE CajaPagos.idSucursal like '" +
-                        apunte.Collect("idSucursal").Texto() + "' And CajaPagos.FechaHora like '" +
-                        apunte.Collect("FechaHora").Texto() + "' And CajaPagos.Tipo like " +
-                        apunte.Collect("Tipo").Texto(),
-                    sesion_.CnDatos(), ModoApertura::Optimista);
+    almacenado.Open(Almacenado(apunte), sesion_.CnDatos(), ModoApertura::Optimista);
   });
   bool encontrado = false;
   tramo_.Paso(Falta::Fila, [&] { encontrado = almacenado.State() && !almacenado.Eof(); });

@@ -19,9 +19,11 @@ std::vector<Omision::Campo> Campos(services::Recordset& fila) {
 }  // namespace
 
 void Tramo::Contar(const services::ErrorEjecucion& fallo) {
+  const Falta falta = falta_;
+  if (pendientes_) pendientes_->EscribirPendientes();
   const bool conFila = fila_ && fila_->State() && !fila_->Eof();
   sesion_.PasadoPorAlto(
-      {tarea_, falta_, tabla_, conFila ? Campos(*fila_) : std::vector<Omision::Campo>(), fallo});
+      {tarea_, falta, tabla_, conFila ? Campos(*fila_) : std::vector<Omision::Campo>(), fallo});
 }
 
 }  // namespace store

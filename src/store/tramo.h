@@ -32,6 +32,10 @@ class Tramo {
   /// The next steps are about the current row of `fila`; null for none.
   void ConFila(services::Recordset* fila) { fila_ = fila; }
 
+  /// The next steps may leave rows of this recordset for later: they are written before a failure
+  /// is told of, so that failures are told in the rows' order. Null for none.
+  void ConPendientes(services::Recordset* pendientes) { pendientes_ = pendientes; }
+
   /// Runs a step, which leaves `falta` when it fails. Whether it went well; while failures aren't
   /// passed over, throws what it throws.
   template <class Accion>
@@ -49,6 +53,7 @@ class Tramo {
   Falta falta_ = Falta::Nada;
   std::string tabla_;
   services::Recordset* fila_ = nullptr;
+  services::Recordset* pendientes_ = nullptr;
 };
 
 }  // namespace store

@@ -1,12 +1,15 @@
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <span>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "datos/filas.h"
+#include "valores/error.h"
 #include "valores/objeto.h"
 #include "valores/valor.h"
 
@@ -44,6 +47,9 @@ struct Asignacion {
   const Valor* Nuevo;
 };
 
+/// Told of a row that could not be added.
+using AlNoInsertar = std::function<void(const ErrorEjecucion& fallo)>;
+
 /// An open SELECT.
 class Cursor {
  public:
@@ -61,6 +67,18 @@ class Cursor {
   /// default. Throws 0x80040E21 for a key that repeats or a value that doesn't fit, and the row
   /// then isn't there; rows written before stay.
   virtual void Insertar(std::span<const Asignacion> valores) = 0;
+
+  /// The same for one of many: it may be written later, together with others, at the latest before
+  /// its connection reads or ends the unit. `alNoInsertar` is told, then or now, when it can't be
+  /// added; it then isn't there, and the rest are.
+  virtual void InsertarLuego(std::span<const Asignacion> valores,
+                             const AlNoInsertar& alNoInsertar) {
+    try {
+      Insertar(valores);
+    } catch (const ErrorEjecucion& fallo) {
+      alNoInsertar(fallo);
+    }
+  }
 
   /// The row that the last successful `Insertar` added, as `Leer` gives rows: its defaults filled
   /// in, and fit for `Actualizar`. Throws 0x80040E38 when it is gone.
@@ -95,8 +113,18 @@ class Conexion : public IUnknown {
   /// Drops what has been written since the last end of a unit.
   virtual void AbandonarUnidad() noexcept = 0;
 
+  /// Writes what was left for later. Who puts a connection before another hands on this, and the
+  /// rest of what it may do.
+  virtual void EscribirPendientes() {}
+  /// What `BorradosJuntos` asks for.
+  virtual void JuntarBorrados(bool) {}
+  /// Tells that these SELECTs, of one form, are about to be opened, in this order, and that nothing
+  /// written meanwhile changes what they find. A driver that gains by asking for many at once has
+  /// them told to it, and may do so; another doesn't.
+  virtual void Anticipar(const std::function<std::vector<std::string>()>&, ModoApertura) {}
+
   /// What a `LecturaFija` asks for; false for one that wasn't begun here. A driver that can't do it
-  /// does nothing. Who puts a connection before another hands both on.
+  /// does nothing.
   [[nodiscard]] virtual bool EmpezarLectura() noexcept { return false; }
   virtual void TerminarLectura() noexcept {}
 
@@ -120,6 +148,35 @@ class LecturaFija {
  private:
   Ref<Conexion> conexion_;
   bool empezada_;
+};
+
+/// While it lives, the DELETEs that are opened through a connection may be run later, together with
+/// others: at the latest before the connection reads, or at the end of this. What refuses one is
+/// thrown there.
+class BorradosJuntos {
+ public:
+  explicit BorradosJuntos(Conexion& conexion) : conexion_(&conexion) {
+    conexion.JuntarBorrados(true);
+  }
+  ~BorradosJuntos() {
+    if (conexion_) Soltar();
+  }
+  BorradosJuntos(const BorradosJuntos&) = delete;
+  BorradosJuntos& operator=(const BorradosJuntos&) = delete;
+
+  /// Runs those that are left. Without it they are run all the same, and a failure isn't told.
+  void Terminar() { std::exchange(conexion_, nullptr)->JuntarBorrados(false); }
+
+ private:
+  void Soltar() noexcept {
+    try {
+      Terminar();
+    } catch (const ErrorEjecucion&) {
+      // Another error is on its way already.
+    }
+  }
+
+  Ref<Conexion> conexion_;
 };
 
 }  // namespace services

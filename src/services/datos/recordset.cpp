@@ -50,6 +50,14 @@ void Recordset::Update() {
   Exigir().Update();
 }
 
+void Recordset::UpdateLuego(const AlNoInsertar& alNoEscribir) {
+  Exigir().UpdateLuego(alNoEscribir);
+}
+
+void Recordset::EscribirPendientes() {
+  Exigir().EscribirPendientes();
+}
+
 void Recordset::CancelUpdate() {
   Exigir().CancelUpdate();
 }
@@ -85,6 +93,10 @@ std::int64_t Recordset::RecordCount() const {
 
 std::int64_t Recordset::AbsolutePosition() {
   return Exigir().AbsolutePosition();
+}
+
+void Recordset::AbsolutePosition(std::int64_t posicion) {
+  Exigir().IrA(posicion);
 }
 
 const std::string& Recordset::Campo::Name() const {

@@ -94,6 +94,13 @@ class Recordset final : public ObjetoContado<IUnknown> {
   /// can be assigned anew, or dropped with `CancelUpdate`.
   void Update();
 
+  /// The same for a new row of many, which may be written later, together with others, at the
+  /// latest at `EscribirPendientes` or when its connection next reads. The edit is over; who is
+  /// passed is told, then or now, when the engine refuses the row, and it then isn't there.
+  void UpdateLuego(const AlNoInsertar& alNoEscribir);
+  /// Writes what was left for later on its connection.
+  void EscribirPendientes();
+
   /// Drops the pending edit. After a dropped `AddNew` the row that was current before it is current
   /// again. Without an edit, nothing.
   void CancelUpdate();
@@ -122,6 +129,9 @@ class Recordset final : public ObjetoContado<IUnknown> {
   /// The current row counted from 1 among those that pass the filter; -3 past the last one, and -1
   /// on a new row.
   [[nodiscard]] std::int64_t AbsolutePosition();
+  /// Goes to one of them, on a static recordset. Throws 0x800A0BCD where there is none, and then
+  /// stays.
+  void AbsolutePosition(std::int64_t posicion);
 
  private:
   class Abierto;

@@ -106,6 +106,14 @@ void Recordset::Abierto::Filtrar(const Filtro& filtro) {
   }
 }
 
+void Recordset::Abierto::IrA(std::int64_t posicion) {
+  if (posicion < 1 || posicion > RecordCount()) {
+    throw ErrorEjecucion(error::SinFilaActual, "No hay una fila en esa posición");
+  }
+  IrALaPrimera();
+  while (ordinal_ < posicion) MoveNext();
+}
+
 std::int64_t Recordset::Abierto::RecordCount() const {
   if (modo_ != ModoApertura::Lectura) return -1;
   if (!textoFiltro_) return static_cast<std::int64_t>(filas_.Cuantas());
@@ -164,13 +172,27 @@ void Recordset::Abierto::AddNew() {
   edicion_ = Edicion::Alta;
 }
 
-void Recordset::Abierto::Update() {
-  if (edicion_ == Edicion::Ninguna) return;
+void Recordset::Abierto::ConvertirAsignados() {
   asignaciones_.clear();
   for (std::size_t i = 0; i < nuevos_.size(); ++i) {
     if (!asignado_[i]) continue;
     asignaciones_.push_back({i, &Convertir(nuevos_[i], Columnas()[i], convertidos_[i])});
   }
+}
+
+void Recordset::Abierto::UpdateLuego(const AlNoInsertar& alNoEscribir) {
+  if (edicion_ != Edicion::Alta) return Update();
+  ConvertirAsignados();
+  cursor_->InsertarLuego(asignaciones_, alNoEscribir);
+  escrita_.reset();
+  lugar_ = Lugar::Anadida;
+  escritas_ = true;
+  OlvidarEdicion();
+}
+
+void Recordset::Abierto::Update() {
+  if (edicion_ == Edicion::Ninguna) return;
+  ConvertirAsignados();
   edicion_ == Edicion::Alta ? EscribirAlta() : EscribirCambio();
   escritas_ = true;
   OlvidarEdicion();

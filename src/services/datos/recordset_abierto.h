@@ -33,6 +33,9 @@ class Recordset::Abierto {
   void AddNew();
   void Update();
   void CancelUpdate();
+  void UpdateLuego(const AlNoInsertar& alNoEscribir);
+  void EscribirPendientes() { conexion_->EscribirPendientes(); }
+  void IrA(std::int64_t posicion);
 
  private:
   /// Where it stands when no new row is being added: on a row of `filas_`, on a row that it added
@@ -51,6 +54,7 @@ class Recordset::Abierto {
   /// The row as it is stored: one of `filas_`, or the copy kept of a row written here.
   [[nodiscard]] const Filas& Origen(std::size_t& fila);
   void PrepararValores();
+  void ConvertirAsignados();
   void EscribirAlta();
   void EscribirCambio();
   [[nodiscard]] Filas ConLoEscrito(const Filas& antes, std::size_t fila) const;

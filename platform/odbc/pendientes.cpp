@@ -1,0 +1,89 @@
+#include "odbc/pendientes.h"
+
+#include <algorithm>
+#include <bit>
+#include <utility>
+
+#include "dialecto/escritura.h"
+#include "valores/error.h"
+
+namespace odbc {
+
+using services::ErrorEjecucion;
+
+namespace {
+
+/// So many rows go together: what a row costs falls no further from here on. Fewer go in powers of
+/// two, so that few statements are prepared.
+constexpr std::size_t kJuntas = 64;
+/// More than that don't wait.
+constexpr std::size_t kEsperan = 1024;
+
+}  // namespace
+
+/// What is written of one table stays in its order: others than these of it are written first.
+Pendientes::Grupo& Pendientes::De(const std::string& tabla, const std::string& texto,
+                                  TextoDe textoDe) {
+  const auto suyo = std::ranges::find(grupos_, texto, &Grupo::Texto);
+  const bool otras = std::ranges::any_of(
+      grupos_, [&](const Grupo& grupo) { return grupo.Tabla == tabla && grupo.Texto != texto; });
+  const bool muchas = suyo != grupos_.end() && suyo->Escrituras.size() == kEsperan;
+  if (suyo != grupos_.end() && !otras && !muchas) return *suyo;
+  if (otras || muchas) Escribir();
+  return grupos_.emplace_back(tabla, texto, std::move(textoDe), std::vector<Escritura>());
+}
+
+void Pendientes::Borrar(const std::string& tabla, const std::string& texto, Parametros parametros) {
+  De(tabla, texto, [texto](std::size_t cuantos) {
+    return dialecto::TextoDeBorrados(texto, cuantos);
+  }).Escrituras.push_back({std::move(parametros), nullptr});
+}
+
+void Pendientes::Insertar(const std::string& tabla, const std::string& texto, TextoDe textoDe,
+                          Parametros parametros, services::AlNoInsertar alNoInsertar) {
+  De(tabla, texto, std::move(textoDe))
+      .Escrituras.push_back({std::move(parametros), std::move(alNoInsertar)});
+}
+
+/// None waits any more while they are written: who is told of one may come back here.
+void Pendientes::Escribir() {
+  std::vector<Grupo> grupos = std::exchange(grupos_, {});
+  for (Grupo& grupo : grupos) Escribir(grupo);
+}
+
+void Pendientes::Escribir(Grupo& grupo) {
+  std::size_t desde = 0;
+  while (desde < grupo.Escrituras.size()) {
+    const std::size_t quedan = grupo.Escrituras.size() - desde;
+    const std::size_t cuantas = std::min(kJuntas, std::bit_floor(quedan));
+    if (cuantas == 1 || !EscribirJuntas(grupo, desde, cuantas)) {
+      for (std::size_t i = desde; i < desde + cuantas; ++i) {
+        EscribirSola(grupo, grupo.Escrituras[i]);
+      }
+    }
+    desde += cuantas;
+  }
+}
+
+/// All of them or none; why not is found out by writing them alone.
+bool Pendientes::EscribirJuntas(Grupo& grupo, std::size_t desde, std::size_t cuantas) {
+  Parametros todos;
+  for (std::size_t i = desde; i < desde + cuantas; ++i) todos.Anadir(grupo.Escrituras[i].Suyos);
+  try {
+    unidad_.Escribir(grupo.Varias(cuantas), todos);
+    return true;
+  } catch (const ErrorEjecucion&) {
+    return false;
+  }
+}
+
+void Pendientes::EscribirSola(const Grupo& grupo, Escritura& escritura) {
+  try {
+    unidad_.Escribir(grupo.Texto, escritura.Suyos);
+  } catch (const ErrorEjecucion& fallo) {
+    if (!escritura.AlNoInsertar) throw;
+    escritura.AlNoInsertar(fallo);
+  }
+}
+
+}  // namespace odbc

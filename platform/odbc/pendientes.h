@@ -1,0 +1,54 @@
+#pragma once
+
+#include <cstddef>
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "datos/conexion.h"
+#include "odbc/parametros.h"
+#include "odbc/unidad.h"
+
+namespace odbc {
+
+/// What was left to be written later in the unit under way, so that the server is asked once for
+/// many rows. Those of one statement are written together, and one by one where they can't be, so
+/// that a row fails alone.
+class Pendientes {
+ public:
+  explicit Pendientes(Unidad& unidad) : unidad_(unidad) {}
+
+  /// A DELETE of a table. What refuses it is thrown when it is run.
+  void Borrar(const std::string& tabla, const std::string& texto, Parametros parametros);
+  /// A row of a table; `textoDe` gives the statement that adds so many.
+  using TextoDe = std::function<std::string(std::size_t filas)>;
+  void Insertar(const std::string& tabla, const std::string& texto, TextoDe textoDe,
+                Parametros parametros, services::AlNoInsertar alNoInsertar);
+
+  /// Writes them, in the order of their statements.
+  void Escribir();
+  /// They are no more.
+  void Olvidar() noexcept { grupos_.clear(); }
+
+ private:
+  struct Escritura {
+    Parametros Suyos;
+    services::AlNoInsertar AlNoInsertar;  ///< none for a DELETE
+  };
+  struct Grupo {
+    std::string Tabla;
+    std::string Texto;  ///< of one of them, which tells it from others
+    TextoDe Varias;
+    std::vector<Escritura> Escrituras;
+  };
+
+  [[nodiscard]] Grupo& De(const std::string& tabla, const std::string& texto, TextoDe textoDe);
+  void Escribir(Grupo& grupo);
+  [[nodiscard]] bool EscribirJuntas(Grupo& grupo, std::size_t desde, std::size_t cuantas);
+  void EscribirSola(const Grupo& grupo, Escritura& escritura);
+
+  Unidad& unidad_;
+  std::vector<Grupo> grupos_;
+};
+
+}  // namespace odbc
