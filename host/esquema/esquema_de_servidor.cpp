@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <string>
+#include <vector>
 
 #include "valores/error.h"
 
@@ -22,8 +23,10 @@ struct Escritura {
   std::string_view TextoDeClave;
   std::string_view Comparacion;
   std::string_view Momento;
-  /// A text without the blanks around it, as what it is looked up by.
+  /// What an index of a text without the blanks around it is of, the text in place of the `#`: an
+  /// expression, or where there are no indexes of any a column that holds it and isn't shown.
   std::string_view Recorte;
+  std::string_view ColumnaRecortada;
   std::string_view TrasLaTabla;
   /// What drops what is in a schema with it.
   std::string_view ConTodo;
@@ -39,6 +42,7 @@ constexpr Escritura kPostgres = {
     .Comparacion = " COLLATE sorvex_es",
     .Momento = "timestamp(0)",
     .Recorte = "(btrim(#))",
+    .ColumnaRecortada = "",
     .TrasLaTabla = "",
     .ConTodo = " CASCADE",
 };
@@ -49,10 +53,37 @@ constexpr Escritura kMaria = {
     .TextoDeClave = "varchar(190)",
     .Comparacion = "",
     .Momento = "datetime",
-    .Recorte = "#",
+    .Recorte = "#SinBlancos",
+    .ColumnaRecortada = " GENERATED ALWAYS AS (trim(#)) VIRTUAL INVISIBLE",
     .TrasLaTabla = " ENGINE = InnoDB CHARACTER SET utf8mb4 COLLATE uca1400_spanish_nopad_as_ci",
     .ConTodo = "",
 };
+
+/// What the statements of the system look rows up by, besides their keys.
+struct Indice {
+  std::string_view Nombre;
+  std::string_view Tabla;
+  /// The column that counts without the blanks around what it holds, first; none.
+  std::string_view Recortada;
+  std::string_view Columnas;
+};
+
+constexpr auto kIndices = std::to_array<Indice>({
+    // The range of a load and of a commit.
+    {"VencimientosPorFecha", "ProvVencimientos", "", "FechaVto, NConcepto, NFactura"},
+    // A commit's deletions of each invoice; the acceptance of an entry.
+    {"VencimientosPorFactura", "ProvVencimientos", "NFactura", "NConcepto, Año"},
+    {"BasesPorFactura", "ProvBasesIva", "NFactura", "NConcepto, Año"},
+    {"FacturasPorNumero", "ProvFacturas", "Factura", "NConcepto, Año"},
+    // The forecasts of a load, and their deletion by a commit.
+    {"PrevisionPorFecha", "ProvPrevisionPagos", "", "Fecha1Vto"},
+    // A load's entries of each invoice; then those without one.
+    {"CajaPorFactura", "CajaPagos", "Factura", "Tipo, Año"},
+    {"CajaPendiente", "CajaPagos", "", "Factura"},
+    // A concept by the code or the name that was typed.
+    {"ConceptosPorCodigo", "ProvConceptos", "NConcepto", ""},
+    {"ConceptosPorNombre", "ProvConceptos", "Descripcion", ""},
+});
 
 std::string TipoDe(const Columna& columna, bool deClave, const Escritura& escritura) {
   switch (columna.Tipo) {
@@ -79,6 +110,30 @@ bool EsDeLaClave(const Tabla& tabla, std::string_view columna) {
   return std::ranges::find(tabla.Clave, columna) != tabla.Clave.end();
 }
 
+/// A text with another in place of its `#`.
+std::string Con(std::string_view texto, std::string_view nombre) {
+  std::string con(texto);
+  return con.replace(con.find('#'), 1, nombre);
+}
+
+/// The columns of a table that are looked up whatever the blanks around what they hold.
+std::vector<std::string_view> Recortadas(const Tabla& tabla) {
+  std::vector<std::string_view> columnas;
+  for (const Indice& indice : kIndices) {
+    const bool suya = indice.Tabla == tabla.Nombre && !indice.Recortada.empty();
+    if (suya) columnas.push_back(indice.Recortada);
+  }
+  return columnas;
+}
+
+std::string TextoDeIndice(const Indice& indice, const Escritura& escritura) {
+  std::string columnas;
+  if (!indice.Recortada.empty()) columnas = Con(escritura.Recorte, indice.Recortada);
+  if (!columnas.empty() && !indice.Columnas.empty()) columnas += ", ";
+  return "CREATE INDEX " + std::string(indice.Nombre) + " ON " + std::string(indice.Tabla) + " (" +
+         columnas.append(indice.Columnas) + ")";
+}
+
 std::string TextoDeCreacion(const Tabla& tabla, const Escritura& escritura) {
   std::string sql = "CREATE TABLE " + std::string(tabla.Nombre) + " (";
   for (const Columna& columna : tabla.Columnas) {
@@ -86,6 +141,12 @@ std::string TextoDeCreacion(const Tabla& tabla, const Escritura& escritura) {
     if (&columna != &tabla.Columnas.front()) sql += ", ";
     sql += std::string(columna.Nombre) + " " + TipoDe(columna, deClave, escritura);
     if (deClave) sql += " NOT NULL";
+  }
+  for (const std::string_view nombre : Recortadas(tabla)) {
+    if (escritura.ColumnaRecortada.empty()) break;
+    const auto columna = std::ranges::find(tabla.Columnas, nombre, &Columna::Nombre);
+    sql += ", " + Con(escritura.Recorte, nombre) + " " + TipoDe(*columna, false, escritura) +
+           Con(escritura.ColumnaRecortada, nombre);
   }
   for (const std::string_view nombre : tabla.Clave) {
     sql += nombre == tabla.Clave.front() ? ", PRIMARY KEY (" : ", ";
@@ -106,6 +167,10 @@ void Crear(odbc::Conexion& conexion, std::span<const Tabla> tablas) {
   const Escritura& escritura = EscrituraDe(conexion);
   if (!escritura.Antes.empty()) conexion.Ejecutar(std::string(escritura.Antes));
   for (const Tabla& tabla : tablas) conexion.Ejecutar(TextoDeCreacion(tabla, escritura));
+  for (const Indice& indice : kIndices) {
+    const auto suya = std::ranges::find(tablas, indice.Tabla, &Tabla::Nombre);
+    if (suya != tablas.end()) conexion.Ejecutar(TextoDeIndice(indice, escritura));
+  }
 }
 
 }  // namespace

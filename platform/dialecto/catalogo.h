@@ -20,6 +20,13 @@ struct Tabla {
   /// Whether `Motor::NumeroDeFila` gives the number of its rows: it has numbers, and no column of
   /// that name.
   bool Numerada = false;
+  /// A column that another one is without the blanks on both sides, by its position, for an engine
+  /// that has no other index of that; it isn't among the columns.
+  struct Recortada {
+    int Columna;
+    std::string Nombre;
+  };
+  std::vector<Recortada> Recortadas = {};
 };
 
 /// The tables of a database. A driver supplies it.

@@ -246,6 +246,7 @@ Traductor::Operando Traductor::Recortar() {
     ++abiertos;
     i_ += 2;
   }
+  const bool deAmbos = lados == ambos;
   const std::size_t desde = salida_.Texto.size();
   const Envoltura& envoltura = lados == ambos       ? motor_.Recorte
                                : lados == izquierdo ? motor_.RecorteIzquierdo
@@ -254,10 +255,23 @@ Traductor::Operando Traductor::Recortar() {
   const Operando dentro = Expresion();
   for (; abiertos > 0; --abiertos) Exigir(Simbolo::Cerrar);
   Poner(envoltura.Despues);
+  if (deAmbos) PonerRecortada(dentro, desde);
   return {.desde = desde,
           .tipo = TipoColumna::Texto,
           .literales = dentro.literales,
           .conPatrones = dentro.conPatrones};
+}
+
+/// In place of the expression, from where its text begins, the column that holds what it gives.
+void Traductor::PonerRecortada(const Operando& dentro, std::size_t desde) {
+  if (!dentro.tabla || dentro.columna < 0) return;
+  const auto& recortadas = dentro.tabla->Recortadas;
+  const auto suya = std::ranges::find(recortadas, dentro.columna, &Tabla::Recortada::Columna);
+  if (suya == recortadas.end()) return;
+  salida_.Texto.resize(desde);
+  PonerNombre(En(dentro.fuente).Nombre);
+  Poner(".");
+  PonerNombre(suya->Nombre);
 }
 
 // Its value is read when the statement is run: `LeerLiterales`.

@@ -135,6 +135,7 @@ class Traductor {
   Operando Columna(int fuente, std::string_view nombre);
   Operando Funcion();
   Operando Recortar();
+  void PonerRecortada(const Operando& dentro, std::size_t desde);
   Operando Literal();
   void Adaptar(const Operando& literal, const Operando& contra);
 

@@ -99,6 +99,7 @@ std::unique_ptr<dialecto::Tabla> Catalogo::Leer(const std::string& nombre) {
     if (dicha != dichas.end()) tabla->Columnas.push_back(*dicha);
   }
   LeerClave(*tabla);
+  LeerRecortadas(*tabla);
   return tabla;
 }
 
@@ -111,6 +112,24 @@ std::vector<std::string> Catalogo::NombresDeColumnas(const std::string& tabla) {
   std::vector<std::string> nombres;
   for (const auto& columna : Descritas(enlace_, orden)) nombres.push_back(columna.Nombre);
   return nombres;
+}
+
+/// Those that are made of another column as the engine trims it.
+void Catalogo::LeerRecortadas(dialecto::Tabla& tabla) {
+  if (enlace_.Motor().Calculadas.empty()) return;
+  const dialecto::Motor& motor = enlace_.Motor().Dialecto;
+  const std::string sql = std::string(enlace_.Motor().Calculadas) + "'" + tabla.Nombre + "'";
+  const ManejoDeOrden orden = enlace_.NuevaOrden();
+  enlace_.ContarViaje();
+  enlace_.Comprobar(SQLExecDirect(orden.get(), Texto(sql.c_str()), SQL_NTS), orden.Suyo);
+  for (const FilaDeTextos& fila : LeerTextos(enlace_, orden, {1, 2})) {
+    for (std::size_t i = 0; i < tabla.Columnas.size(); ++i) {
+      std::string recorte(motor.Recorte.Antes);
+      recorte += motor.Comilla + tabla.Columnas[i].Nombre + motor.Comilla;
+      recorte += motor.Recorte.Despues;
+      if (fila[1] == recorte) tabla.Recortadas.push_back({static_cast<int>(i), fila[0]});
+    }
+  }
 }
 
 void Catalogo::LeerClave(dialecto::Tabla& tabla) {

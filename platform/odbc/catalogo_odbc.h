@@ -24,6 +24,7 @@ class Catalogo final : public dialecto::Catalogo {
   void LeerNombres();
   [[nodiscard]] std::unique_ptr<dialecto::Tabla> Leer(const std::string& nombre);
   [[nodiscard]] std::vector<std::string> NombresDeColumnas(const std::string& tabla);
+  void LeerRecortadas(dialecto::Tabla& tabla);
   void LeerClave(dialecto::Tabla& tabla);
 
   Enlace& enlace_;

@@ -68,6 +68,9 @@ constexpr Servidor kMaria = {
                  .FilaPorOmision = " () VALUES ()",
                  .OrdenaQuienLee = true,
                  .PorClaves = true},
+    .Calculadas =
+        "SELECT COLUMN_NAME, GENERATION_EXPRESSION FROM information_schema.COLUMNS WHERE "
+        "GENERATION_EXPRESSION <> '' AND TABLE_SCHEMA = DATABASE() AND TABLE_NAME = ",
     .Atributos = kAtributosMaria,
     .AlConectar = kAlConectarMaria,
     .AlLeerDeUnMomento = kLeerMaria,

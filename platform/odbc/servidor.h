@@ -17,6 +17,9 @@ struct Servidor {
   /// The statement that tells the schema in which names are looked for; none where a database has
   /// no schemas.
   std::string_view EsquemaActual = {};
+  /// The statement that tells which columns a table has besides those that it shows, and what each
+  /// is made of; behind it comes the table's name.
+  std::string_view Calculadas = {};
   /// Whether it takes the statements as the system writes them: with its literals in it.
   bool ComoSeEscriben = false;
   /// What its driver is told besides what the connection text says, which it prevails over.
