@@ -102,6 +102,7 @@ Traductor::Operando Traductor::Comparacion() {
     i_ += 2;
     Parecer(izquierdo, true);
   } else {
+    if (enCurso_ && izquierdo.tipo) enCurso_->SoloIgualdades = false;
     return izquierdo;
   }
   return {izquierdo.desde};
@@ -114,6 +115,7 @@ void Traductor::Parecer(const Operando& izquierdo, bool negado) {
   salida_.ConPatrones = salida_.ConPatrones || deTexto;
   const bool patron = deTexto && Actual().texto.find_first_of("%_") != std::string_view::npos;
   if (!patron) return Comparar(izquierdo, negado ? Simbolo::Distinto : Simbolo::Igual);
+  if (enCurso_) enCurso_->SoloIgualdades = false;
   salida_.Texto.insert(izquierdo.desde, motor_.Patron.Antes);
   Poner(motor_.Patron.Despues);
   Poner(negado ? " NOT LIKE " : " LIKE ");
@@ -134,6 +136,8 @@ void Traductor::Comparar(const Operando& izquierdo, Simbolo operador) {
   if (enCurso_ && deColumnas && operador == Simbolo::Igual) {
     enCurso_->Igualdades.push_back(
         {{izquierdo.fuente, izquierdo.columna}, {derecho.fuente, derecho.columna}});
+  } else if (enCurso_) {
+    enCurso_->SoloIgualdades = false;
   }
   if (izquierdo.tipo != TipoColumna::FechaHora || derecho.parametro < 0) return;
   // The column stands in the text between these two.
@@ -142,6 +146,7 @@ void Traductor::Comparar(const Operando& izquierdo, Simbolo operador) {
 }
 
 void Traductor::EsNulo(const Operando& operando) {
+  if (enCurso_) enCurso_->SoloIgualdades = false;
   ExigirColumna(operando);
   Poner(Tomar(Palabra::Not) ? " IS NOT NULL" : " IS NULL");
   Exigir(Palabra::Null);

@@ -29,6 +29,7 @@ class Semirreunion {
   [[nodiscard]] bool Posible() const;
   [[nodiscard]] bool Numerada() const;
   [[nodiscard]] FilasPorNumero Filas() const;
+  [[nodiscard]] bool PorValores() const;
   [[nodiscard]] FilasPorClave Claves() const;
 
  private:
@@ -55,6 +56,9 @@ class Semirreunion {
   [[nodiscard]] std::string TextoDe(const Junta& junta) const {
     return std::string(reunion_.Texto.substr(junta.Desde, junta.Hasta - junta.Desde));
   }
+  [[nodiscard]] std::vector<std::pair<int, int>> Pares(const Junta& junta, int fuente) const;
+  [[nodiscard]] std::string JuntoAHalladas(int fuente, const Junta& junta) const;
+  [[nodiscard]] std::string HalladasPorValores(int fuente, const Junta& junta) const;
   [[nodiscard]] const Junta* Siguiente(int fuente, const Junta* desde) const;
   [[nodiscard]] std::string HalladasDe(int fuente) const;
   [[nodiscard]] std::string FilasDe(int fuente, const Junta* desde, const Envoltura& numeros) const;
@@ -186,20 +190,71 @@ std::string Semirreunion::TextoDe(int fuente, int columna) const {
          Entre(motor_.Comilla, ColumnaDe(TablaDe(fuente), columna).Nombre);
 }
 
-FilasPorClave Semirreunion::Claves() const {
-  const auto [fuente, columna] = reunion_.Donde->Primera;
-  FilasPorClave claves{
-      "MIN(" + TextoDe(fuente, columna) + ")", ColumnaDe(TablaDe(fuente), columna), {}};
-  const auto agrupar = [&](int una) {
-    for (const int clave : TablaDe(una).Clave) {
-      claves.Grupo += (claves.Grupo.empty() ? "" : ", ") + TextoDe(una, clave);
-    }
-  };
-  agrupar(reunion_.Elegida);
-  for (const Junta& junta : reunion_.Juntas) {
-    if (EsConsulta(junta)) agrupar(LaOtra(junta, reunion_.Elegida));
+/// The pairs of a join, the column of that source first.
+std::vector<std::pair<int, int>> Semirreunion::Pares(const Junta& junta, int fuente) const {
+  std::vector<std::pair<int, int>> pares;
+  for (const auto& [una, otra] : junta.Igualdades) {
+    const bool suya = una.Fuente == fuente;
+    pares.emplace_back(suya ? una.Columna : otra.Columna, suya ? otra.Columna : una.Columna);
   }
-  return claves;
+  return pares;
+}
+
+/// What joins a table by `junta` to those rows of the other that were found, each of their values
+/// there once.
+std::string Semirreunion::JuntoAHalladas(int fuente, const Junta& junta) const {
+  const int otra = LaOtra(junta, fuente);
+  std::string texto =
+      HalladasPorValores(otra, junta) + std::string(motor_.JuntaEnOrden) + TextoDe(fuente) + " ON ";
+  bool primera = true;
+  for (const auto& [suya, deOtra] : Pares(junta, fuente)) {
+    if (!std::exchange(primera, false)) texto += " AND ";
+    texto += TextoDe(fuente, suya) + " = " + HalladasDe(otra) + "." +
+             Entre(motor_.Comilla, ColumnaDe(TablaDe(otra), deOtra).Nombre);
+  }
+  return texto;
+}
+
+/// What the rows of a table that lead to some that meet the condition have in the columns of
+/// `junta`, each once, with the place of the first.
+std::string Semirreunion::HalladasPorValores(int fuente, const Junta& junta) const {
+  std::string columnas;
+  for (const auto& [suya, deOtra] : Pares(junta, fuente)) {
+    columnas += TextoDe(fuente, suya) + ", ";
+  }
+  const bool esLaDelDonde = reunion_.Donde->Fuentes == Bit(fuente);
+  const Junta* siguiente = esLaDelDonde ? nullptr : Siguiente(fuente, &junta);
+  std::string lugar;
+  std::string desde;
+  if (esLaDelDonde) {
+    lugar = TextoDe(fuente, reunion_.Donde->Primera.Columna);
+    desde = TextoDe(fuente) + " WHERE " + TextoDe(*reunion_.Donde);
+  } else {
+    lugar = HalladasDe(LaOtra(*siguiente, fuente)) + ".orden";
+    desde = JuntoAHalladas(fuente, *siguiente);
+  }
+  return "(SELECT " + columnas + "MIN(" + lugar + ") AS orden FROM " + desde + " GROUP BY " +
+         columnas.substr(0, columnas.size() - 2) + ") AS " + HalladasDe(fuente);
+}
+
+bool Semirreunion::PorValores() const {
+  const bool iguales = std::ranges::all_of(reunion_.Juntas, [&](const Junta& junta) {
+    return EsConsulta(junta) || (junta.SoloY && junta.SoloIgualdades && !junta.Igualdades.empty());
+  });
+  const auto [fuente, columna] = reunion_.Donde->Primera;
+  return iguales && ColumnaDe(TablaDe(fuente), columna).Tipo == services::TipoColumna::Texto;
+}
+
+FilasPorClave Semirreunion::Claves() const {
+  const Junta& primera = *Siguiente(reunion_.Elegida, nullptr);
+  const auto [fuente, columna] = reunion_.Donde->Primera;
+  FilasPorClave filas{{" FROM " + JuntoAHalladas(reunion_.Elegida, primera),
+                       HalladasDe(LaOtra(primera, reunion_.Elegida)) + ".orden"},
+                      ColumnaDe(TablaDe(fuente), columna)};
+  for (const Junta& junta : reunion_.Juntas) {
+    if (EsConsulta(junta)) filas.Desde += Junto(LaOtra(junta, reunion_.Elegida), junta);
+  }
+  return filas;
 }
 
 }  // namespace
@@ -212,10 +267,9 @@ std::optional<FilasPorNumero> PorNumerosDeFila(const Motor& motor, const Reunion
 
 std::optional<FilasPorClave> PorClavesDeFila(const Motor& motor, const Reunion& reunion) {
   const Semirreunion semirreunion(motor, reunion);
-  if (!motor.PorClaves || !semirreunion.Posible()) return std::nullopt;
-  auto claves = semirreunion.Claves();
-  if (claves.Columna.Tipo != services::TipoColumna::Texto) return std::nullopt;
-  return claves;
+  const bool posible = motor.PorClaves && semirreunion.Posible() && semirreunion.PorValores();
+  if (!posible) return std::nullopt;
+  return semirreunion.Claves();
 }
 
 }  // namespace dialecto

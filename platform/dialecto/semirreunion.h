@@ -46,6 +46,8 @@ struct CondicionEscrita {
   bool Calificada = true;
   /// Whether it is conditions joined by AND alone, and which of those want two columns equal.
   bool SoloY = true;
+  /// Whether there is anything in it but such conditions.
+  bool SoloIgualdades = true;
   std::vector<std::pair<ColumnaDeFuente, ColumnaDeFuente>> Igualdades = {};
 
   void Mirar(ColumnaDeFuente columna) {
@@ -76,14 +78,10 @@ struct FilasPorNumero {
   std::string Orden;
 };
 
-/// The same for an engine without row numbers, in pieces to be put into its text.
-struct FilasPorClave {
-  /// What else it selects: the least that the condition's first column is for a row, which is where
-  /// the plain joins come upon it, and what that column is.
-  std::string Lugar;
-  services::Columna Columna;
-  /// What it groups by instead of telling rows apart.
-  std::string Grupo;
+/// The same for an engine without row numbers: the place of a row is the least that the first
+/// column of the condition is for it.
+struct FilasPorClave : FilasPorNumero {
+  services::Columna Lugar;
 };
 
 /// None where the engine has no row numbers, or it isn't certain that the rows are the same and

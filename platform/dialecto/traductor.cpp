@@ -108,7 +108,7 @@ void Traductor::Select(bool conOcultas) {
   const bool fuera = suya && OrdenarFuera();
   if (fuera) salida_.Texto.resize(orden);
   if (porNumero) PorNumeros(*porNumero, {distinct, from, orden}, fuera);
-  if (porClave && fuera) AgruparPorClave(*porClave, {distinct, from, orden});
+  if (porClave && fuera) PorClaves(*porClave, {distinct, from, orden});
   if (motor_.PorClaves && fuera) DesempatarPorTextos();
   if (motor_.PorClaves && !conOcultas && ordenantes_.empty()) OrdenarPorLaClave();
 }
@@ -243,16 +243,6 @@ std::optional<Reunion> Traductor::SinRepetidas() const {
   return reunion;
 }
 
-/// Takes the place of the DISTINCT. The rows are sorted by where they were come upon once by what
-/// the statement says.
-void Traductor::AgruparPorClave(const FilasPorClave& filas, const Trozos& trozos) {
-  salida_.Texto += " GROUP BY " + filas.Grupo;
-  salida_.Texto.insert(trozos.from, ", " + filas.Lugar);
-  salida_.Texto.erase(trozos.distinct, std::string_view("DISTINCT ").size());
-  salida_.Orden.Textos.push_back(salida_.Columnas.size());
-  salida_.Detras.push_back(filas.Columna);
-}
-
 /// Rows that are equal in what they are sorted by come in one order even so.
 void Traductor::DesempatarPorTextos() {
   auto& textos = salida_.Orden.Textos;
@@ -274,18 +264,27 @@ void Traductor::OrdenarPorLaClave() {
 }
 
 /// Takes the place of what stands between FROM and ORDER BY, and of the DISTINCT.
-void Traductor::PorNumeros(const FilasPorNumero& filas, const Trozos& trozos, bool ordenaQuienLee) {
+void Traductor::PonerFilas(const FilasPorNumero& filas, const Trozos& trozos, bool conLugar) {
   std::string& texto = salida_.Texto;
+  texto.replace(trozos.from, trozos.orden - trozos.from, filas.Desde);
+  if (conLugar) texto.insert(trozos.from, ", " + filas.Orden);
+  texto.erase(trozos.distinct, std::string_view("DISTINCT ").size());
+}
+
+void Traductor::PorNumeros(const FilasPorNumero& filas, const Trozos& trozos, bool ordenaQuienLee) {
   if (!ordenaQuienLee) {
-    Poner(trozos.orden < texto.size() ? ", " : " ORDER BY ");
+    Poner(trozos.orden < salida_.Texto.size() ? ", " : " ORDER BY ");
     Poner(filas.Orden);
   }
-  texto.replace(trozos.from, trozos.orden - trozos.from, filas.Desde);
-  if (ordenaQuienLee) {
-    texto.insert(trozos.from, ", " + filas.Orden);
-    salida_.Orden.Puesto = salida_.Columnas.size();
-  }
-  texto.erase(trozos.distinct, std::string_view("DISTINCT ").size());
+  PonerFilas(filas, trozos, ordenaQuienLee);
+  if (ordenaQuienLee) salida_.Orden.Puesto = salida_.Columnas.size();
+}
+
+/// Whoever fetches the rows sorts them by their places too.
+void Traductor::PorClaves(const FilasPorClave& filas, const Trozos& trozos) {
+  PonerFilas(filas, trozos, true);
+  salida_.Orden.Textos.push_back(salida_.Columnas.size());
+  salida_.Detras.push_back(filas.Lugar);
 }
 
 void Traductor::GroupBy() {

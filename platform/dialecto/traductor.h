@@ -107,7 +107,8 @@ class Traductor {
   void Juntas();
   void Where();
   void PorNumeros(const FilasPorNumero& filas, const Trozos& trozos, bool ordenaQuienLee);
-  void AgruparPorClave(const FilasPorClave& filas, const Trozos& trozos);
+  void PorClaves(const FilasPorClave& filas, const Trozos& trozos);
+  void PonerFilas(const FilasPorNumero& filas, const Trozos& trozos, bool conLugar);
   void OrdenarPorLaClave();
   void DesempatarPorTextos();
   [[nodiscard]] std::optional<Reunion> SinRepetidas() const;
