@@ -1,24 +1,16 @@
 #include "odbc/anticipadas.h"
 
 #include <algorithm>
-#include <bit>
 #include <utility>
 
 #include "datos/orden_filas.h"
 #include "dialecto/escritura.h"
+#include "odbc/juntas.h"
 #include "valores/error.h"
 
 namespace odbc {
 
 using services::Filas;
-
-namespace {
-
-/// So many are asked for at once: what each costs falls no further from here on. Fewer go in powers
-/// of two, so that few statements are prepared.
-constexpr std::size_t kJuntas = 64;
-
-}  // namespace
 
 void Anticipadas::Poner(std::vector<std::string> sentencias, services::ModoApertura modo) {
   Olvidar();
@@ -59,7 +51,7 @@ std::vector<dialecto::Sentencia> Anticipadas::Siguientes(const dialecto::Sentenc
     siguientes.push_back(std::move(leida));
   }
   siguientes.erase(
-      siguientes.begin() + static_cast<std::ptrdiff_t>(std::bit_floor(siguientes.size())),
+      siguientes.begin() + static_cast<std::ptrdiff_t>(odbc::Siguientes(siguientes.size())),
       siguientes.end());
   return siguientes;
 }

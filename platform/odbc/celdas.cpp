@@ -87,10 +87,6 @@ void AnadirNumero(std::string_view cifras, Filas& filas) {
   }
 }
 
-SQLPOINTER Numero(SQLULEN valor) {
-  return reinterpret_cast<SQLPOINTER>(valor);  // as the driver manager takes whole numbers
-}
-
 }  // namespace
 
 Celdas::Celdas(const std::vector<services::Columna>& columnas) : juntas_(kFilasJuntas) {
@@ -105,7 +101,7 @@ Celdas::Celdas(const std::vector<services::Columna>& columnas) : juntas_(kFilasJ
 }
 
 SQLRETURN Celdas::Enlazar(SQLHSTMT orden) {
-  SQLSetStmtAttr(orden, SQL_ATTR_ROW_ARRAY_SIZE, Numero(juntas_), 0);
+  SQLSetStmtAttr(orden, SQL_ATTR_ROW_ARRAY_SIZE, ComoPuntero(juntas_), 0);
   SQLSetStmtAttr(orden, SQL_ATTR_ROWS_FETCHED_PTR, &traidas_, 0);
   SQLUSMALLINT lugar = 0;
   for (Columna& columna : columnas_) {

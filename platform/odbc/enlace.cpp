@@ -18,10 +18,6 @@ constexpr SQLULEN kEsperaAlConectar = 10;  // seconds
                        "No se puede usar el gestor de controladores ODBC");
 }
 
-SQLPOINTER Numero(SQLULEN valor) {
-  return reinterpret_cast<SQLPOINTER>(valor);  // as the driver manager takes whole numbers
-}
-
 }  // namespace
 
 Enlace::Enlace(const TextoDeConexion& texto, std::string esquema)
@@ -29,7 +25,7 @@ Enlace::Enlace(const TextoDeConexion& texto, std::string esquema)
       esquema_(std::move(esquema)),
       entorno_(SQL_HANDLE_ENV, nullptr) {
   if (!entorno_) SinGestor();
-  SQLSetEnvAttr(entorno_.get(), SQL_ATTR_ODBC_VERSION, Numero(SQL_OV_ODBC3), 0);
+  SQLSetEnvAttr(entorno_.get(), SQL_ATTR_ODBC_VERSION, ComoPuntero(SQL_OV_ODBC3), 0);
   Conectar();
 }
 
@@ -68,7 +64,7 @@ void Enlace::Abrir(const TextoDeConexion& texto) {
   linea_ = std::make_shared<Linea>(entorno_.get());
   if (!linea_->Conexion) SinGestor();
   const SQLHDBC conexion = linea_->Conexion.get();
-  SQLSetConnectAttr(conexion, SQL_ATTR_LOGIN_TIMEOUT, Numero(kEsperaAlConectar), 0);
+  SQLSetConnectAttr(conexion, SQL_ATTR_LOGIN_TIMEOUT, ComoPuntero(kEsperaAlConectar), 0);
   const std::string completo = texto.Texto();
   const SQLRETURN resultado = SQLDriverConnect(conexion, nullptr, Texto(completo.c_str()), SQL_NTS,
                                                nullptr, 0, nullptr, SQL_DRIVER_NOPROMPT);

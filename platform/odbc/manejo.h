@@ -41,4 +41,9 @@ class Manejo {
   return reinterpret_cast<SQLCHAR*>(const_cast<char*>(texto));
 }
 
+/// A whole number as the driver manager takes it in place of a pointer.
+[[nodiscard]] inline SQLPOINTER ComoPuntero(SQLULEN numero) {
+  return reinterpret_cast<SQLPOINTER>(numero);
+}
+
 }  // namespace odbc

@@ -1,10 +1,10 @@
 #include "odbc/pendientes.h"
 
 #include <algorithm>
-#include <bit>
 #include <utility>
 
 #include "dialecto/escritura.h"
+#include "odbc/juntas.h"
 #include "valores/error.h"
 
 namespace odbc {
@@ -13,9 +13,6 @@ using services::ErrorEjecucion;
 
 namespace {
 
-/// So many rows go together: what a row costs falls no further from here on. Fewer go in powers of
-/// two, so that few statements are prepared.
-constexpr std::size_t kJuntas = 64;
 /// More than that don't wait.
 constexpr std::size_t kEsperan = 1024;
 
@@ -30,7 +27,8 @@ Pendientes::Grupo& Pendientes::De(const std::string& tabla, const std::string& t
   const bool muchas = suyo != grupos_.end() && suyo->Escrituras.size() == kEsperan;
   if (suyo != grupos_.end() && !otras && !muchas) return *suyo;
   if (otras || muchas) Escribir();
-  return grupos_.emplace_back(tabla, texto, std::move(textoDe), std::vector<Escritura>());
+  grupos_.push_back({tabla, texto, std::move(textoDe), {}});
+  return grupos_.back();
 }
 
 void Pendientes::Borrar(const std::string& tabla, const std::string& texto, Parametros parametros) {
@@ -55,7 +53,7 @@ void Pendientes::Escribir(Grupo& grupo) {
   std::size_t desde = 0;
   while (desde < grupo.Escrituras.size()) {
     const std::size_t quedan = grupo.Escrituras.size() - desde;
-    const std::size_t cuantas = std::min(kJuntas, std::bit_floor(quedan));
+    const std::size_t cuantas = Siguientes(quedan);
     if (cuantas == 1 || !EscribirJuntas(grupo, desde, cuantas)) {
       for (std::size_t i = desde; i < desde + cuantas; ++i) {
         EscribirSola(grupo, grupo.Escrituras[i]);

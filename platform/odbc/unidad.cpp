@@ -13,10 +13,6 @@ constexpr const char* kGuardar = "SAVEPOINT Fila";
 constexpr const char* kGuardarDeNuevo = "RELEASE SAVEPOINT Fila; SAVEPOINT Fila";
 constexpr const char* kVolver = "ROLLBACK TO SAVEPOINT Fila";
 
-SQLPOINTER Numero(SQLULEN valor) {
-  return reinterpret_cast<SQLPOINTER>(valor);  // as the driver manager takes whole numbers
-}
-
 }  // namespace
 
 template <class Accion>
@@ -31,8 +27,8 @@ auto Unidad::Intentar(Accion accion) {
 
 void Unidad::PonerConfirmacion(bool porSentencia) {
   const SQLULEN valor = porSentencia ? SQL_AUTOCOMMIT_ON : SQL_AUTOCOMMIT_OFF;
-  enlace_.Comprobar(SQLSetConnectAttr(enlace_.Conexion().get(), SQL_ATTR_AUTOCOMMIT, Numero(valor),
-                                      SQL_IS_UINTEGER),
+  enlace_.Comprobar(SQLSetConnectAttr(enlace_.Conexion().get(), SQL_ATTR_AUTOCOMMIT,
+                                      ComoPuntero(valor), SQL_IS_UINTEGER),
                     enlace_.Conexion());
 }
 

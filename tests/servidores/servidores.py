@@ -47,7 +47,8 @@ class Servidor:
     motor = ""
     senal_de_fin = signal.SIGTERM
 
-    def __init__(self) -> None:
+    def __init__(self, duradero: bool = False) -> None:
+        self.duradero = duradero
         self.puerto = puerto_libre()
         self.carpeta = Path(tempfile.mkdtemp(prefix=f"tesvara-{self.motor}-"))
         self.datos = self.carpeta / "datos"
@@ -132,7 +133,7 @@ class PostgreSQL(Servidor):
     def orden(self) -> list[str]:
         return [programa("postgres"), "-D", str(self.datos), "-p", str(self.puerto),
                 "-c", "listen_addresses=127.0.0.1", "-c", "unix_socket_directories=",
-                "-c", "fsync=off", "-c", "max_connections=60"]
+                "-c", f"fsync={'on' if self.duradero else 'off'}", "-c", "max_connections=60"]
 
     def responde(self) -> bool:
         return subprocess.run([programa("pg_isready"), "-h", "127.0.0.1", "-p", str(self.puerto)],
@@ -156,7 +157,7 @@ class MariaDB(Servidor):
         return [programa("mariadbd"), "--no-defaults", f"--datadir={self.datos}",
                 f"--port={self.puerto}", "--bind-address=127.0.0.1", "--skip-name-resolve",
                 f"--socket={self.carpeta}/s", f"--pid-file={self.carpeta}/pid",
-                "--innodb-flush-log-at-trx-commit=2"]
+                f"--innodb-flush-log-at-trx-commit={1 if self.duradero else 2}"]
 
     def responde(self) -> bool:
         return subprocess.run([programa("mariadb"), "--no-defaults", "-uroot",
@@ -170,12 +171,13 @@ class MariaDB(Servidor):
 
 
 @contextlib.contextmanager
-def en_marcha(*clases: type[Servidor]):
-    """The servers of these classes, for as long as they are wanted."""
+def en_marcha(*clases: type[Servidor], duraderos: bool = False):
+    """The servers of these classes, for as long as they are wanted; with `duraderos`, what they are
+    told survives a power cut."""
     servidores = []
     try:
         for clase in clases:
-            servidores.append(clase())
+            servidores.append(clase(duraderos))
             servidores[-1].crear()
             servidores[-1].empezar()
         yield servidores
