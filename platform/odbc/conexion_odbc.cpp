@@ -7,7 +7,6 @@
 namespace odbc {
 
 using services::ModoApertura;
-using services::TipoColumna;
 
 namespace {
 
@@ -33,7 +32,7 @@ std::unique_ptr<services::Cursor> Conexion::Abrir(std::string_view sentencia, Mo
   auto leida = interprete_.Leer(sentencia, modo);
   std::string texto(enlace_.Motor().ComoSeEscriben ? sentencia : leida.Traducida->Texto);
   if (leida.Traducida->Que == dialecto::Verbo::Delete) {
-    Borrar(leida, std::move(texto));
+    Borrar(leida, texto);
     return nullptr;
   }
   if (!anticipadas_.Ninguna()) pendientes_.Escribir();
@@ -42,7 +41,7 @@ std::unique_ptr<services::Cursor> Conexion::Abrir(std::string_view sentencia, Mo
                                   std::move(halladas));
 }
 
-void Conexion::Borrar(const dialecto::Sentencia& leida, std::string texto) {
+void Conexion::Borrar(const dialecto::Sentencia& leida, const std::string& texto) {
   Parametros parametros = ParametrosDe(leida);
   if (juntaBorrados_ && unidad_.Agrupa() && !parametros.Ninguno()) {
     pendientes_.Borrar(leida.Traducida->Borra, texto, std::move(parametros));

@@ -69,7 +69,7 @@ class Conexion final : public services::ObjetoContado<services::Conexion> {
   [[nodiscard]] services::Filas Leer(const std::string& texto, Parametros& parametros,
                                      const std::vector<services::Columna>& columnas);
   std::size_t Escribir(const std::string& texto, Parametros& parametros);
-  void Borrar(const dialecto::Sentencia& leida, std::string texto);
+  void Borrar(const dialecto::Sentencia& leida, const std::string& texto);
 
   Enlace enlace_;
   Almacen almacen_{enlace_};

@@ -88,6 +88,7 @@ constexpr auto PorEstado = std::to_array<DeEstado>({
 });
 
 Explicacion Explicar(const Diagnostico& diagnostico) {
+  if (diagnostico.Perdida) return Perdida;
   const auto numero = std::ranges::find(PorNumero, diagnostico.Nativo, &DeNumero::nativo);
   if (numero != PorNumero.end()) return numero->explicacion;
   const auto estado = std::ranges::find_if(
@@ -124,10 +125,6 @@ Diagnostico Diagnosticar(const Manejo& manejo) {
 
 bool EsDeConexionPerdida(const Diagnostico& diagnostico) {
   return Explicar(diagnostico).frase == Perdida.frase;
-}
-
-bool EsDeshecho(const Diagnostico& diagnostico) {
-  return Explicar(diagnostico).frase == Deshecha.frase;
 }
 
 services::ErrorEjecucion ErrorDe(const Diagnostico& diagnostico, std::string_view motor) {

@@ -13,6 +13,7 @@ struct Diagnostico {
   std::string Estado;  ///< five signs: a class of two, and the case
   int Nativo = 0;      ///< the server's own number, where it has any
   std::string Texto;
+  bool Perdida = false;  ///< whether the connection is known to be gone, whatever is said
 };
 
 /// The first thing that is said of the last call on a handle.
@@ -20,9 +21,6 @@ struct Diagnostico {
 
 /// Whether the connection is gone, and with it all that it held.
 [[nodiscard]] bool EsDeConexionPerdida(const Diagnostico& diagnostico);
-/// Whether the server has undone what was being written, and the connection goes on.
-[[nodiscard]] bool EsDeshecho(const Diagnostico& diagnostico);
-
 /// The run-time error that it is, in the user's words and then in those of the `motor`.
 [[nodiscard]] services::ErrorEjecucion ErrorDe(const Diagnostico& diagnostico,
                                                std::string_view motor);

@@ -35,10 +35,10 @@ void Enlace::Conectar() {
   for (const TextoDeConexion& texto : textos_) {
     try {
       ConectarCon(texto);
-      perdido_ = false;
       ++vez_;
       return;
     } catch (const ErrorEjecucion& fallo) {
+      perdido_ = true;
       ninguno = ErrorEjecucion(
           services::error::FalloDeConexion,
           "No se puede abrir la base de datos " + texto.Nombre() + ": " + fallo.Descripcion());
@@ -49,6 +49,7 @@ void Enlace::Conectar() {
 
 /// What its driver is to be told besides is known once it has said what it is.
 void Enlace::ConectarCon(const TextoDeConexion& texto) {
+  perdido_ = false;
   Abrir(texto);
   motor_ = Dato(SQL_DBMS_NAME);
   servidor_ = &ServidorDe(motor_);
@@ -110,9 +111,20 @@ ManejoDeOrden Enlace::NuevaOrden() {
 
 void Enlace::Comprobar(SQLRETURN resultado, const Manejo& manejo) {
   if (SQL_SUCCEEDED(resultado) || resultado == SQL_NO_DATA) return;
-  const Diagnostico diagnostico = Diagnosticar(manejo);
-  if (EsDeConexionPerdida(diagnostico)) perdido_ = true;
+  Diagnostico diagnostico = Diagnosticar(manejo);
+  if (EsDeConexionPerdida(diagnostico) || Muerta()) {
+    perdido_ = true;
+    diagnostico.Perdida = true;
+  }
   throw ErrorDe(diagnostico, motor_);
+}
+
+/// A driver may tell of it by no more than that something failed.
+bool Enlace::Muerta() const {
+  SQLUINTEGER muerta = SQL_CD_FALSE;
+  SQLGetConnectAttr(linea_->Conexion.get(), SQL_ATTR_CONNECTION_DEAD, &muerta, sizeof muerta,
+                    nullptr);
+  return muerta == SQL_CD_TRUE;
 }
 
 void Enlace::Ejecutar(const std::string& sql) {

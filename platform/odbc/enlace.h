@@ -70,6 +70,7 @@ class Enlace {
   void ConectarCon(const TextoDeConexion& texto);
   void Abrir(const TextoDeConexion& texto);
   void EmpezarSesion();
+  [[nodiscard]] bool Muerta() const;
   void EntrarEnEsquema();
   [[nodiscard]] std::string Dato(SQLUSMALLINT cual) const;
 

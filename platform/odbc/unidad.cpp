@@ -32,7 +32,14 @@ void Unidad::PonerConfirmacion(bool porSentencia) {
                     enlace_.Conexion());
 }
 
+/// A connection that was lost took the unit with it, though another has taken its place.
 void Unidad::ExigirUnidad() {
+  const bool suya = !enlace_.Perdido() && enlace_.Vez() == vez_;
+  if (enCurso_ && !suya && !perdida_) {
+    perdida_ = ErrorEjecucion(services::error::FalloDeConexion,
+                              "Se ha perdido la conexión con el servidor, y con ella los últimos "
+                              "cambios, que no se han guardado");
+  }
   if (perdida_) throw ErrorEjecucion(*perdida_);
 }
 
@@ -44,6 +51,7 @@ void Unidad::AntesDeEscribir() {
     enlace_.Exigir();
     if (agrupa_) PonerConfirmacion(false);
   });
+  vez_ = enlace_.Vez();
   enCurso_ = agrupa_;
   guardado_ = false;
   ++transacciones_;
@@ -91,10 +99,11 @@ void Unidad::Acabar(SQLSMALLINT como) {
 // Where the connection is lost while the server was to make it durable, nobody here knows whether
 // it did.
 void Unidad::Terminar() {
-  if (perdida_) {
-    const ErrorEjecucion causa = *perdida_;
+  try {
+    ExigirUnidad();
+  } catch (const ErrorEjecucion&) {
     Abandonar();
-    throw ErrorEjecucion(causa);
+    throw;
   }
   if (!enCurso_) return;
   try {
@@ -112,7 +121,7 @@ void Unidad::Terminar() {
 }
 
 void Unidad::Abandonar() noexcept {
-  if (enCurso_ && !enlace_.Perdido()) {
+  if (enCurso_ && !enlace_.Perdido() && enlace_.Vez() == vez_) {
     try {
       Acabar(SQL_ROLLBACK);
     } catch (const ErrorEjecucion&) {

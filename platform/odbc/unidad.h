@@ -60,6 +60,8 @@ class Unidad {
   /// Whether what was written so far is kept from the next failure.
   bool guardado_ = false;
   std::optional<services::ErrorEjecucion> perdida_;
+  /// The connection in which it began.
+  std::size_t vez_ = 0;
   std::size_t transacciones_ = 0;
 };
 

@@ -1,0 +1,142 @@
+#!/usr/bin/env python3
+"""The connection to a server is cut at each part of a "Grabar": the stored tables are wholly as
+before or wholly as after, the user is told, and the next "Grabar" goes on.
+
+With --guion the runner; the servers are those of the environment. Exits with 77 without any."""
+
+import argparse
+import os
+import re
+import subprocess
+import sys
+
+from corte import Corte
+
+FACTURAS = 12
+TABLAS = {
+    "ProvFacturas": "NConcepto, Factura, Año, Total, ModificadoPor",
+    "ProvBasesIva": "NConcepto, NFactura, Año, Tipo, Base, ModificadoPor",
+    "ProvVencimientos": "NConcepto, NFactura, Año, FechaVto, Importe, Pagado, ModificadoPor",
+    "ProvPrevisionPagos": "NConcepto, Fecha1Vto, Importe",
+    "CajaPagos": "idSucursal, Tipo, Importe, Factura, ModificadoPor",
+}
+
+
+def negocio() -> list[str]:
+    numeros = range(FACTURAS)
+    filas = {
+        "ProvConceptos VALUES": [f"('{400 + i}','Proveedor {i}')" for i in numeros],
+        "ProvFacturas (NConcepto,Factura,Año,Fecha,Total,forpago,NRecibos,Dias1Vto,BIRPF,TipoIRPF,"
+        "IRPF,Cadencia) VALUES":
+            [f"('{400 + i}','F{i}','2005','20050110',100,'2',2,30,0,0,0,30)" for i in numeros],
+        "ProvBasesIva (NConcepto,NFactura,Año,Tipo,Base,Importe) VALUES":
+            [f"('{400 + i}','F{i}','2005','1',86.2,13.8)" for i in numeros],
+        "ProvVencimientos (NConcepto,NFactura,Año,FechaVto,Importe) VALUES":
+            [f"('{400 + i}','F{i}','2005','200503{d}',50)" for i in numeros for d in (10, 20)],
+        "ProvPrevisionPagos (NConcepto,Fecha1Vto,Cada,Tipo,Importe) VALUES":
+            ["('400','20050320',1,2,70)"],
+        "CajaPagos (idSucursal,FechaHora,Tipo,Importe,Factura,Año) VALUES":
+            [f"('1','2005-02-01 10:{i:02}:00',{400 + i},5,'F{i}','2005')" for i in numeros],
+    }
+    return [f"datos INSERT INTO {tabla} {','.join(valores)}" for tabla, valores in filas.items()]
+
+
+PAGAR = ["reloj 2005-03-15 10:00:00", *negocio(), "cargar", "celda MSFPagos 1 5", "celda MSFPagos 3 5"]
+
+
+def mirar() -> list[str]:
+    return [f"consulta datos SELECT {columnas} FROM {tabla} ORDER BY {columnas}"
+            for tabla, columnas in TABLAS.items()]
+
+
+class Fallo(Exception):
+    pass
+
+
+class Prueba:
+    def __init__(self, guion: str, texto: str) -> None:
+        self.guion = guion
+        self.texto = texto
+        self.puerto = int(re.search(r"Port=(\d+)", texto)[1])
+
+    def correr(self, lineas: list[str], corte: Corte) -> list[str]:
+        texto = self.texto.replace(f"Port={self.puerto}", f"Port={corte.puerto}")
+        hecho = subprocess.run([self.guion, "--datos", texto, "-"], input="\n".join(lineas) + "\n",
+                               capture_output=True, text=True, check=False, timeout=120)
+        if hecho.returncode != 0:
+            raise Fallo(f"estado {hecho.returncode}: {hecho.stderr}{hecho.stdout}")
+        return hecho.stdout.splitlines()
+
+    def contar(self, lineas: list[str]) -> tuple[int, list[str]]:
+        corte = Corte(self.puerto)
+        salida = self.correr(lineas, corte)
+        corte.terminar()
+        return corte.mensajes, salida
+
+    def jugar(self) -> int:
+        _, sin_grabar = self.contar([*PAGAR, *mirar()])
+        hasta, _ = self.contar(PAGAR)
+        _, grabado = self.contar([*PAGAR, "pulsar BotonAceptar", *mirar()])
+        total, _ = self.contar([*PAGAR, "pulsar BotonAceptar"])
+        vistas = []
+        for llega in (False, True):
+            for tras in range(hasta, total + 1, max(1, (total - hasta) // 14)):
+                vistas.append(self.cortar(tras, llega, sin_grabar, grabado))
+        en_medio = [quedo for quedo in vistas if quedo != "fuera"]
+        if set(en_medio) != {"antes", "después"} or len(en_medio) < 20:
+            raise Fallo(f"ha quedado {vistas}")
+        return len(en_medio)
+
+    def cortar(self, tras: int, llega: bool, antes: list[str], despues: list[str]) -> str:
+        corte = Corte(self.puerto, tras, llega)
+        try:
+            salida = self.correr([*PAGAR, "pulsar BotonAceptar", *mirar(), "pulsar BotonCancelar",
+                                  "pulsar BotonAceptar", *mirar()], corte)
+        except Fallo as fallo:
+            # What a scenario asks by itself ends it.
+            if "Se ha perdido la conexión" in str(fallo):
+                return "fuera"
+            raise
+        finally:
+            corte.terminar()
+        donde = f"corte en {tras}{' con respuesta perdida' if llega else ''}"
+        errores = [linea for linea in salida if linea.startswith("error")]
+        filas = [linea for linea in salida if not linea.startswith("error")]
+        mitad = len(antes)
+        quedo = {tuple(antes): "antes", tuple(despues): "después"}.get(tuple(filas[:mitad]))
+        if quedo is None:
+            raise Fallo(f"{donde}: ni como antes ni como después:\n" + "\n".join(salida))
+        if corte.cortado and not errores and quedo == "antes":
+            raise Fallo(f"{donde}: no se ha dicho nada")
+        for error in errores:
+            # The other is that of a load that was cut: what is missing isn't saved over.
+            if not error.startswith(("error -2147467259 ", "error 91 \"La copia de trabajo no")):
+                raise Fallo(f"{donde}: {error}")
+        if len(filas) < 2 * mitad or len(filas[mitad:2 * mitad]) != mitad:
+            raise Fallo(f"{donde}: no sigue:\n" + "\n".join(salida))
+        return quedo
+
+
+def main() -> int:
+    partes = argparse.ArgumentParser(description=__doc__)
+    partes.add_argument("--guion", required=True)
+    opciones = partes.parse_args()
+    textos = {motor: os.environ.get(f"TESVARA_{motor}") for motor in ("POSTGRESQL", "MARIADB")}
+    if not any(textos.values()):
+        print("no hay servidor")
+        return 77
+    mal = 0
+    for motor, texto in textos.items():
+        if not texto:
+            continue
+        try:
+            cortes = Prueba(opciones.guion, texto).jugar()
+            print(f"{motor}: {cortes} cortes, siempre todo o nada")
+        except Fallo as fallo:
+            print(f"{motor}: {fallo}")
+            mal = 1
+    return mal
+
+
+if __name__ == "__main__":
+    sys.exit(main())
