@@ -26,6 +26,8 @@ class Banco {
   [[nodiscard]] virtual services::Ref<services::Conexion> Conectar(bool unidad = true) = 0;
   /// Runs the engine's own SQL, on a connection of its own.
   virtual void Ejecutar(const std::string& sql) = 0;
+  /// Ends a connection from the server's side; nothing where there is no server.
+  virtual void Desconectar(services::Conexion&) {}
   [[nodiscard]] virtual CuentaMotor Cuenta(services::Conexion& conexion) const = 0;
 };
 

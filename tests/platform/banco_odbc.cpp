@@ -28,6 +28,20 @@ class BancoOdbc final : public Banco {
     return Abrir({.UnidadDeTrabajo = unidad, .CualquierSentencia = true});
   }
   void Ejecutar(const std::string& sql) override { Abrir({})->Ejecutar(sql); }
+  void Desconectar(services::Conexion& conexion) override {
+    auto& suya = dynamic_cast<odbc::Conexion&>(conexion);
+    const bool postgres = suya.NombreDelMotor() == "PostgreSQL";
+    const std::string quien =
+        suya.Consultar(postgres ? "SELECT pg_backend_pid()" : "SELECT CONNECTION_ID()")
+            .Filas.En(0, 0)
+            .Texto();
+    const auto general = odbc::AbrirConexion(esquema_.Conexion());
+    if (postgres) {
+      static_cast<void>(general->Consultar("SELECT pg_terminate_backend(" + quien + ")"));
+    } else {
+      general->Ejecutar("KILL " + quien);
+    }
+  }
   [[nodiscard]] CuentaMotor Cuenta(services::Conexion& conexion) const override {
     const auto cuenta = dynamic_cast<odbc::Conexion&>(conexion).Cuenta();
     return {cuenta.Preparadas, cuenta.Transacciones};

@@ -1,0 +1,168 @@
+#include <chrono>
+
+#include "odbc/conexion_odbc.h"
+#include "platform/banco_odbc.h"
+#include "platform/conformidad.h"
+
+// What is of servers alone: several who write at once, rows that lock, and what their texts are.
+
+namespace pruebas {
+namespace {
+
+namespace error = services::error;
+using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::IsEmpty;
+
+std::vector<Motor> Servidores() {
+  std::vector<Motor> motores = Motores();
+  motores.erase(motores.begin());
+  return motores;
+}
+
+class EnServidor : public Conformidad {
+ protected:
+  static constexpr const char* kTodos = "SELECT ProvVencimientos.* FROM ProvVencimientos";
+
+  void Nuevo(services::Conexion& con, const Texto& factura) {
+    auto rs = Abrir(con, kTodos, Modo::Optimista);
+    NuevoVencimiento(*rs, "1", factura);
+  }
+  services::ErrorEjecucion Fallo(const std::function<void()>& accion) {
+    try {
+      accion();
+    } catch (const services::ErrorEjecucion& fallo) {
+      return fallo;
+    }
+    return {0, ""};
+  }
+
+  services::Ref<services::Conexion> otra = banco->Conectar();
+};
+
+GTEST_ALLOW_UNINSTANTIATED_PARAMETERIZED_TEST(EnServidor);
+INSTANTIATE_TEST_SUITE_P(Servidores, EnServidor, testing::ValuesIn(Servidores()), NombreDelMotor);
+
+TEST_P(EnServidor, UnaFilaQueOtroEscribeSeEsperaYLuegoSeDice) {
+  Nuevo(*conexion, "A");
+  conexion->TerminarUnidad();
+  auto suya = Abrir(*otra, kTodos, Modo::Optimista);
+  suya->Fields("Pagado").Value = 1.0;
+  suya->Update();
+  auto mia = Abrir(*conexion, kTodos, Modo::Optimista);
+  mia->Fields("Pagado").Value = 2.0;
+  const auto antes = std::chrono::steady_clock::now();
+  const auto fallo = Fallo([&] { mia->Update(); });
+  const auto espera = std::chrono::steady_clock::now() - antes;
+  EXPECT_EQ(fallo.Numero(), error::FalloDeConexion);
+  EXPECT_THAT(fallo.Descripcion(), HasSubstr("está bloqueada por otro programa"));
+  EXPECT_GE(espera, std::chrono::seconds(4));
+  EXPECT_LE(espera, std::chrono::seconds(15));
+  EXPECT_EQ(Fallo([&] { conexion->TerminarUnidad(); }).Numero(), error::FalloDeConexion)
+      << "la unidad se ha perdido, se oiga o no";
+  otra->TerminarUnidad();
+  EXPECT_THAT(Primeros("SELECT Pagado FROM ProvVencimientos"), ElementsAre("1"));
+}
+
+TEST_P(EnServidor, UnaClaveQueOtroHaGrabadoEntretantoSeRehusaSola) {
+  EXPECT_EQ(Cuantas(*conexion, "ProvVencimientos"), 0);
+  Nuevo(*otra, "A");
+  otra->TerminarUnidad();
+  const auto rs = Abrir(*conexion, kTodos, Modo::Optimista);
+  EXPECT_EQ(Fallo([&] { NuevoVencimiento(*rs, "1", "a"); }).Numero(), error::RepetidoONoCabe);
+  rs->CancelUpdate();
+  NuevoVencimiento(*rs, "1", "B");
+  conexion->TerminarUnidad();
+  EXPECT_THAT(Primeros("SELECT NFactura FROM ProvVencimientos"), ElementsAre("A", "B"));
+}
+
+TEST_P(EnServidor, UnaLecturaFijaNoVeLoQueOtrosGrabanEntretanto) {
+  Nuevo(*conexion, "A");
+  conexion->TerminarUnidad();
+  {
+    const services::LecturaFija fija(*conexion);
+    EXPECT_EQ(Cuantas(*conexion, "ProvVencimientos"), 1);
+    Nuevo(*otra, "B");
+    otra->TerminarUnidad();
+    EXPECT_EQ(Cuantas(*conexion, "ProvVencimientos"), 1);
+  }
+  EXPECT_EQ(Cuantas(*conexion, "ProvVencimientos"), 2);
+}
+
+TEST_P(EnServidor, LoQueNoCabeSeRehusaYNoSeCorta) {
+  const auto rs = Abrir(*conexion, kTodos, Modo::Optimista);
+  const auto fallo = Fallo([&] { NuevoVencimiento(*rs, "1", Texto(21, 'x')); });
+  EXPECT_EQ(fallo.Numero(), error::RepetidoONoCabe);
+  EXPECT_THAT(fallo.Descripcion(), HasSubstr("El valor no cabe en su columna"));
+  rs->CancelUpdate();
+  NuevoVencimiento(*rs, "1", "ñÑáÜ€ 中 😀 «»");
+  EXPECT_THAT(Primeros("SELECT NFactura FROM ProvVencimientos"), ElementsAre("ñÑáÜ€ 中 😀 «»"));
+}
+
+TEST_P(EnServidor, LosImportesNoPierdenNingunCentimo) {
+  const auto rs = Abrir(*conexion, kTodos, Modo::Optimista);
+  const std::vector<double> importes = {0.01, 0.1, 1.15, 1234.56, -0.07, 9999999999999.99};
+  for (std::size_t i = 0; i < importes.size(); ++i) {
+    NuevoVencimiento(*rs, "1", std::to_string(i));
+    rs->Fields("Importe").Value = importes[i];
+    rs->Update();
+  }
+  conexion->TerminarUnidad();
+  auto leido = Abrir(*otra, kTodos);
+  for (const double importe : importes) {
+    EXPECT_EQ(leido->Fields("Importe").Value.Leer(), services::Valor(importe));
+    leido->MoveNext();
+  }
+}
+
+TEST_P(EnServidor, LosTextosSonIgualesYSeOrdenanComoAqui) {
+  const std::vector<Texto> textos = {"a",   "A",   "á",   "Á",     "ä",     "b",     "n",   "ñ",
+                                     "Ñ",   "o",   "ç",   "c",     "F1",    "f1",    "F-1", "F 1",
+                                     " F1", "F1 ", "F.1", "F/1",   "F_1",   "F%1",   "1",   "01",
+                                     "1.0", "10",  "2",   "ünico", "único", "unico", "",    "«F»"};
+  const auto rs = Abrir(*conexion, kTodos, Modo::Optimista);
+  std::vector<Texto> guardados;
+  for (const Texto& texto : textos) {
+    const bool repetido = std::ranges::any_of(
+        guardados, [&](const Texto& uno) { return services::MismoTexto(uno, texto); });
+    const auto fallo = Fallo([&] { NuevoVencimiento(*rs, "1", texto); });
+    EXPECT_EQ(fallo.Numero(), repetido ? error::RepetidoONoCabe : 0) << texto;
+    rs->CancelUpdate();
+    if (!repetido) guardados.push_back(texto);
+  }
+  for (const Texto& texto : textos) {
+    EXPECT_THAT(
+        Primeros("SELECT NFactura FROM ProvVencimientos WHERE NFactura like '" + texto + "'"),
+        testing::SizeIs(1))
+        << texto;
+  }
+  std::ranges::sort(
+      guardados, [](const Texto& a, const Texto& b) { return services::CompararTexto(a, b) < 0; });
+  EXPECT_EQ(Primeros("SELECT NFactura FROM ProvVencimientos ORDER BY NFactura"), guardados);
+}
+
+TEST_P(EnServidor, UnaConexionPerdidaSeDiceYLaSiguienteOperacionSigue) {
+  Nuevo(*conexion, "A");
+  conexion->TerminarUnidad();
+  Nuevo(*conexion, "B");
+  banco->Desconectar(*conexion);
+  EXPECT_EQ(Fallo([&] { Nuevo(*conexion, "C"); }).Numero(), error::FalloDeConexion);
+  EXPECT_EQ(Fallo([&] { Nuevo(*conexion, "D"); }).Numero(), error::FalloDeConexion)
+      << "en la misma unidad no se escribe nada más";
+  EXPECT_EQ(Fallo([&] { conexion->TerminarUnidad(); }).Numero(), error::FalloDeConexion);
+  Nuevo(*conexion, "E");
+  conexion->TerminarUnidad();
+  EXPECT_THAT(Primeros(*otra, "SELECT NFactura FROM ProvVencimientos"), ElementsAre("A", "E"));
+}
+
+TEST_P(EnServidor, UnaLecturaTrasPerderLaConexionNoEscribeFueraDeSuUnidad) {
+  Nuevo(*conexion, "A");
+  banco->Desconectar(*conexion);
+  EXPECT_NE(Fallo([&] { (void)conexion->ColumnasDe("ProvBasesIva"); }).Numero(), 1);
+  EXPECT_EQ(Fallo([&] { Nuevo(*conexion, "B"); }).Numero(), error::FalloDeConexion);
+  conexion->AbandonarUnidad();
+  EXPECT_EQ(Cuantas(*otra, "ProvVencimientos"), 0);
+}
+
+}  // namespace
+}  // namespace pruebas
