@@ -10,11 +10,14 @@ class Corte:
 
     def __init__(self, puerto: int, tras: int = 0, llega: bool = False) -> None:
         self.destino = puerto
-        self.tras = tras
+        self.tras = self._pedido = tras
         #: Whether the last one still reaches the server, and its answer alone is lost.
         self.llega = llega
+        #: What is done besides, before anybody sees it.
+        self.al_cortar = lambda: None
         self.mensajes = 0
         self._cerrojo = threading.Lock()
+        self._turno = threading.Lock()
         self._abiertos: list[socket.socket] = []
         self._escucha = socket.create_server(("127.0.0.1", 0))
         self.puerto = self._escucha.getsockname()[1]
@@ -22,10 +25,13 @@ class Corte:
 
     @property
     def cortado(self) -> bool:
-        return 0 < self.tras <= self.mensajes
+        return 0 < self._pedido <= self.mensajes
 
     def terminar(self) -> None:
+        """Nothing more is cut once this is over."""
         self._escucha.close()
+        with self._turno:
+            self.tras = 0
         self._cortar()
 
     def _aceptar(self) -> None:
@@ -34,7 +40,11 @@ class Corte:
                 cliente, _ = self._escucha.accept()
             except OSError:
                 return
-            servidor = socket.create_connection(("127.0.0.1", self.destino))
+            try:
+                servidor = socket.create_connection(("127.0.0.1", self.destino))
+            except OSError:
+                cliente.close()
+                continue
             for enlace in (cliente, servidor):
                 enlace.setsockopt(socket.IPPROTO_TCP, socket.TCP_NODELAY, 1)
             with self._cerrojo:
@@ -46,10 +56,7 @@ class Corte:
     def _pasar(self, de: socket.socket, a: socket.socket, cuenta: bool) -> None:
         try:
             while trozo := de.recv(1 << 20):
-                if cuenta and self._es_el_ultimo():
-                    if self.llega:
-                        a.sendall(trozo)
-                    self._cortar()
+                if cuenta and self._hay_que_cortar(trozo, a):
                     return
                 a.sendall(trozo)
         except OSError:
@@ -57,10 +64,16 @@ class Corte:
         for enlace in (de, a):
             self._cerrar(enlace)
 
-    def _es_el_ultimo(self) -> bool:
-        with self._cerrojo:
+    def _hay_que_cortar(self, trozo: bytes, a: socket.socket) -> bool:
+        with self._turno:
             self.mensajes += 1
-            return self.mensajes == self.tras
+            if self.mensajes != self.tras:
+                return False
+            if self.llega:
+                a.sendall(trozo)
+            self.al_cortar()
+            self._cortar()
+            return True
 
     def _cortar(self) -> None:
         with self._cerrojo:

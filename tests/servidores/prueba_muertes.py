@@ -1,0 +1,115 @@
+#!/usr/bin/env python3
+"""A server is killed at each part of a "Grabar", and comes back: the stored tables are wholly as
+before or wholly as after.
+
+With --guion the runner. The servers are its own; without those of the environment, which tell that
+there are any to be had, it exits with 77."""
+
+import argparse
+import os
+import subprocess
+import sys
+
+from corte import Corte
+from prueba_cortes import PAGAR, TABLAS, Fallo
+from servidores import MariaDB, PostgreSQL, Servidor, en_marcha, programa
+
+MUERTES = 8
+
+
+def preguntar(servidor: Servidor, sql: str) -> list[str]:
+    """What the server's own client says."""
+    if isinstance(servidor, PostgreSQL):
+        orden = [programa("psql"), "-X", "-h", "127.0.0.1", "-p", str(servidor.puerto), "-U",
+                 "tesvara", "-d", "postgres", "-Atc", sql]
+    else:
+        orden = [programa("mariadb"), "--no-defaults", "-uroot", "-h127.0.0.1",
+                 f"-P{servidor.puerto}", "-NBe", sql]
+    return subprocess.run(orden, capture_output=True, text=True, check=True).stdout.splitlines()
+
+
+class Prueba:
+    def __init__(self, guion: str, servidor: Servidor) -> None:
+        self.guion = guion
+        self.servidor = servidor
+
+    def correr(self, lineas: list[str], corte: Corte, *opciones: str) -> str:
+        texto = self.servidor.texto.replace(f"Port={self.servidor.puerto}", f"Port={corte.puerto}")
+        hecho = subprocess.run([self.guion, *opciones, "--datos", texto, "-"],
+                               input="\n".join(lineas) + "\n", capture_output=True, text=True,
+                               check=False, timeout=180)
+        if hecho.returncode != 0:
+            raise Fallo(f"estado {hecho.returncode}: {hecho.stderr}{hecho.stdout}")
+        return hecho.stdout
+
+    def esquema(self) -> str:
+        hallados = preguntar(self.servidor, "SELECT schema_name FROM information_schema.schemata "
+                                            "WHERE schema_name LIKE 'guion%'")
+        if len(hallados) != 1:
+            raise Fallo(f"esquemas {hallados}")
+        return hallados[0]
+
+    def filas(self) -> list[str]:
+        """Those of the one schema that was left, which is dropped."""
+        esquema = self.esquema()
+        filas = []
+        for tabla, columnas in TABLAS.items():
+            filas += preguntar(self.servidor, f"SELECT {columnas} FROM {esquema}.{tabla} "
+                                              f"ORDER BY {columnas}")
+        todo = " CASCADE" if isinstance(self.servidor, PostgreSQL) else ""
+        preguntar(self.servidor, f"DROP SCHEMA {esquema}{todo}")
+        return filas
+
+    def contar(self, lineas: list[str]) -> tuple[int, list[str]]:
+        corte = Corte(self.servidor.puerto)
+        self.correr(lineas, corte, "--mantener")
+        corte.terminar()
+        return corte.mensajes, self.filas()
+
+    def jugar(self) -> int:
+        hasta, antes = self.contar(PAGAR)
+        total, despues = self.contar([*PAGAR, "pulsar BotonAceptar"])
+        if antes == despues:
+            raise Fallo("grabar no cambia nada")
+        vistas = []
+        for i in range(MUERTES):
+            # A load doesn't always take the same number of messages.
+            tras = hasta + 5 + (total - hasta - 5) * i // MUERTES
+            corte = Corte(self.servidor.puerto, tras, llega=i % 2 == 1)
+            corte.al_cortar = self.servidor.matar
+            dicho = self.correr([*PAGAR, "pulsar BotonAceptar"], corte, "--mantener")
+            corte.terminar()
+            self.servidor.matar()  # where it did with fewer messages
+            self.servidor.empezar()
+            filas = self.filas()
+            if filas not in (antes, despues):
+                raise Fallo(f"muerte en {tras}: ni como antes ni como después:\n" + "\n".join(filas))
+            if "error -2147467259" not in dicho and filas == antes:
+                raise Fallo(f"muerte en {tras}: no se ha dicho nada: {dicho}")
+            vistas.append("antes" if filas == antes else "después")
+        if "antes" not in vistas:
+            raise Fallo(f"ha quedado {vistas}")
+        return len(vistas)
+
+
+def main() -> int:
+    partes = argparse.ArgumentParser(description=__doc__)
+    partes.add_argument("--guion", required=True)
+    opciones = partes.parse_args()
+    if not os.environ.get("TESVARA_POSTGRESQL"):
+        print("no hay servidor")
+        return 77
+    mal = 0
+    with en_marcha(PostgreSQL, MariaDB, duraderos=True) as servidores:
+        for servidor in servidores:
+            try:
+                muertes = Prueba(opciones.guion, servidor).jugar()
+                print(f"{servidor.motor}: {muertes} muertes, siempre todo o nada")
+            except Fallo as fallo:
+                print(f"{servidor.motor}: {fallo}")
+                mal = 1
+    return mal
+
+
+if __name__ == "__main__":
+    sys.exit(main())
