@@ -87,13 +87,34 @@ constexpr auto PorEstado = std::to_array<DeEstado>({
     {"IM", {error::FalloDeConexion, "No se puede usar el controlador ODBC"}},
 });
 
+struct DeTexto {
+  std::string_view dicho;
+  Explicacion explicacion;
+};
+
+/// Of a driver that has one state for whatever fails. The first that fits counts.
+constexpr auto PorTexto = std::to_array<DeTexto>({
+    {"UNIQUE constraint", Repetida},
+    {"NOT NULL constraint", FaltaValor},
+    {"constraint", NoAdmite},
+    {"locked", Bloqueada},
+    {"readonly", SoloLectura},
+});
+
+Explicacion ExplicarPorTexto(const Diagnostico& diagnostico) {
+  const auto texto = std::ranges::find_if(PorTexto, [&](const DeTexto& uno) {
+    return diagnostico.Texto.find(uno.dicho) != std::string::npos;
+  });
+  return texto == PorTexto.end() ? Falla : texto->explicacion;
+}
+
 Explicacion Explicar(const Diagnostico& diagnostico) {
   if (diagnostico.Perdida) return Perdida;
   const auto numero = std::ranges::find(PorNumero, diagnostico.Nativo, &DeNumero::nativo);
   if (numero != PorNumero.end()) return numero->explicacion;
   const auto estado = std::ranges::find_if(
       PorEstado, [&](const DeEstado& uno) { return diagnostico.Estado.starts_with(uno.estado); });
-  return estado == PorEstado.end() ? Falla : estado->explicacion;
+  return estado == PorEstado.end() ? ExplicarPorTexto(diagnostico) : estado->explicacion;
 }
 
 /// Without who passed it on, in brackets before it, nor what was being done, in lines behind.
