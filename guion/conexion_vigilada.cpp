@@ -34,6 +34,9 @@ class CursorVigilado final : public services::Cursor {
     dentro_->InsertarLuego(valores, alNoInsertar);
   }
   [[nodiscard]] services::Filas LeerInsertada() override { return dentro_->LeerInsertada(); }
+  void Bloquear(const services::Filas& filas, std::size_t fila) override {
+    dentro_->Bloquear(filas, fila);
+  }
   void Actualizar(const services::Filas& filas, std::size_t fila,
                   std::span<const services::Asignacion> valores) override {
     vigia_->Llamada();

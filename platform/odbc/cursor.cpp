@@ -159,6 +159,20 @@ Filas Cursor::LeerInsertada() {
   throw ErrorEjecucion(error::FilaCambiada, "Otro programa ha borrado la fila añadida");
 }
 
+void Cursor::Bloquear(const Filas& filas, std::size_t fila) {
+  const bool seGuarda = conexion_->unidad_.Agrupa() && !conexion_->Motor().ParaCambiar.empty();
+  if (!seGuarda || Tabla().empty()) return;
+  const auto clave = Clave();
+  Parametros parametros;
+  for (const std::size_t posicion : clave) {
+    parametros.Anadir(filas.En(fila, posicion), TipoDe(posicion));
+  }
+  std::string texto = "SELECT 1 FROM " +
+                      dialecto::EntreComillas(conexion_->Motor().Dialecto, Tabla()) +
+                      DondeLaClave(clave);
+  conexion_->Escribir(texto.append(conexion_->Motor().ParaCambiar), parametros);
+}
+
 void Cursor::Actualizar(const Filas& filas, std::size_t fila, std::span<const Asignacion> valores) {
   ExigirTabla(valores);
   const auto clave = Clave();

@@ -23,6 +23,7 @@ class Cursor final : public services::Cursor {
   void InsertarLuego(std::span<const services::Asignacion> valores,
                      const services::AlNoInsertar& alNoInsertar) override;
   [[nodiscard]] services::Filas LeerInsertada() override;
+  void Bloquear(const services::Filas& filas, std::size_t fila) override;
   void Actualizar(const services::Filas& filas, std::size_t fila,
                   std::span<const services::Asignacion> valores) override;
 

@@ -84,6 +84,10 @@ class Cursor {
   /// in, and fit for `Actualizar`. Throws 0x80040E38 when it is gone.
   [[nodiscard]] virtual Filas LeerInsertada() = 0;
 
+  /// Keeps others from changing a row that is about to be changed, as `Actualizar` takes it, until
+  /// the unit ends, where the driver locks rows. One that is gone is told by `Actualizar`.
+  virtual void Bloquear(const Filas&, std::size_t) {}
+
   /// Changes row `fila` of `filas`, which came from `Leer` or `LeerInsertada` of this cursor, its
   /// cells of columns perhaps changed since to what was written in them. Throws 0x80040E38 when
   /// the row is gone or, with optimistic locking, when one of the columns assigned no longer holds

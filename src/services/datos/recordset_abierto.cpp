@@ -156,7 +156,15 @@ void Recordset::Abierto::Asignar(std::size_t columna, const Valor& valor) {
   }
   nuevos_[columna] = valor;
   asignado_[columna] = 1;
-  if (edicion_ == Edicion::Ninguna) edicion_ = Edicion::Cambio;
+  if (edicion_ == Edicion::Ninguna) EmpezarCambio();
+}
+
+void Recordset::Abierto::EmpezarCambio() {
+  edicion_ = Edicion::Cambio;
+  if (modo_ != ModoApertura::Pesimista) return;
+  std::size_t fila = 0;
+  const Filas& origen = Origen(fila);
+  cursor_->Bloquear(origen, fila);
 }
 
 void Recordset::Abierto::PrepararValores() {

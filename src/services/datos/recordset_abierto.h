@@ -54,6 +54,7 @@ class Recordset::Abierto {
   /// The row as it is stored: one of `filas_`, or the copy kept of a row written here.
   [[nodiscard]] const Filas& Origen(std::size_t& fila);
   void PrepararValores();
+  void EmpezarCambio();
   void ConvertirAsignados();
   void EscribirAlta();
   void EscribirCambio();

@@ -64,6 +64,20 @@ TEST_P(EnServidor, UnaFilaQueOtroEscribeSeEsperaYLuegoSeDice) {
   EXPECT_THAT(Primeros("SELECT Pagado FROM ProvVencimientos"), ElementsAre("1"));
 }
 
+TEST_P(EnServidor, UnaFilaQueSeCambiaEnModoPesimistaEsDeUnoSolo) {
+  Nuevo(*conexion, "A");
+  conexion->TerminarUnidad();
+  auto mia = Abrir(*conexion, kTodos, Modo::Pesimista);
+  mia->Fields("Pagado").Value = 1.0;
+  auto suya = Abrir(*otra, kTodos, Modo::Optimista);
+  suya->Fields("Pagado").Value = 2.0;
+  EXPECT_THAT(Fallo([&] { suya->Update(); }).Descripcion(),
+              HasSubstr("está bloqueada por otro programa"));
+  mia->Update();
+  conexion->TerminarUnidad();
+  EXPECT_THAT(Primeros("SELECT Pagado FROM ProvVencimientos"), ElementsAre("1"));
+}
+
 TEST_P(EnServidor, UnaClaveQueOtroHaGrabadoEntretantoSeRehusaSola) {
   EXPECT_EQ(Cuantas(*conexion, "ProvVencimientos"), 0);
   Nuevo(*otra, "A");
