@@ -76,14 +76,18 @@ void AnadirMomento(const SQL_TIMESTAMP_STRUCT& momento, Filas& filas) {
                                          momento.minute, momento.second));
 }
 
-/// As the server writes them, which has no regard to the user's language.
-void AnadirNumero(std::string_view cifras, Filas& filas) {
+/// As the server writes them, but for the point: a driver may put the comma of the user's locale in
+/// its place.
+void AnadirNumero(std::string_view dichas, Filas& filas) {
+  std::array<char, kAnchoDeNumero> sitio;
+  const auto punto = std::ranges::replace_copy(dichas, sitio.begin(), ',', '.').out;
+  const std::string_view cifras(sitio.data(), static_cast<std::size_t>(punto - sitio.begin()));
   double numero = 0;
   const auto [fin, fallo] = std::from_chars(cifras.data(), cifras.data() + cifras.size(), numero);
   if (fallo == std::errc() && fin == cifras.data() + cifras.size()) {
     filas.AnadirNumero(numero);
   } else {
-    filas.AnadirTexto(cifras);
+    filas.AnadirTexto(dichas);
   }
 }
 

@@ -78,14 +78,20 @@ class Servidor:
             raise RuntimeError(f"{orden[0]}: {hecho.stdout}{hecho.stderr}")
 
     def empezar(self) -> None:
+        limite = time.monotonic() + ESPERA
+        self._lanzar()
+        while not self.responde():
+            if time.monotonic() > limite:
+                raise RuntimeError(f"{self.motor} no empieza: {self.registro.read_text()[-2000:]}")
+            if self.proceso.poll() is not None:
+                # What a killed one left running ends by itself, and keeps this one out until then.
+                self._lanzar()
+            time.sleep(0.1)
+
+    def _lanzar(self) -> None:
         with open(self.registro, "ab") as registro:
             self.proceso = subprocess.Popen(self.orden(), stdout=registro, stderr=registro,
                                             stdin=subprocess.DEVNULL, **self.opciones())
-        limite = time.monotonic() + ESPERA
-        while not self.responde():
-            if self.proceso.poll() is not None or time.monotonic() > limite:
-                raise RuntimeError(f"{self.motor} no empieza: {self.registro.read_text()[-2000:]}")
-            time.sleep(0.1)
 
     def matar(self) -> None:
         """As a power cut would."""

@@ -1,7 +1,10 @@
 #include <chrono>
+#include <clocale>
+#include <cstdlib>
 
 #include "odbc/conexion_odbc.h"
 #include "platform/banco_odbc.h"
+#include "platform/carpeta_temporal.h"
 #include "platform/conformidad.h"
 
 // What is of servers alone: several who write at once, rows that lock, and what their texts are.
@@ -127,6 +130,29 @@ TEST_P(EnServidor, LosImportesNoPierdenNingunCentimo) {
     EXPECT_EQ(leido->Fields("Importe").Value.Leer(), services::Valor(importe));
     leido->MoveNext();
   }
+}
+
+/// The drivers have regard to the decimal comma of the user's locale.
+TEST_P(EnServidor, LaComaDelUsuarioNoTocaLosImportes) {
+  const CarpetaTemporal carpeta;
+  const Texto crear = "localedef -i es_ES -f UTF-8 " + carpeta.Fichero("es_ES.UTF-8");
+  ASSERT_EQ(std::system(crear.c_str()), 0);
+  setenv("LOCPATH", carpeta.Fichero("").c_str(), 1);
+  ASSERT_NE(std::setlocale(LC_ALL, "es_ES.UTF-8"), nullptr);
+  ASSERT_STREQ(std::localeconv()->decimal_point, ",");
+  auto mia = banco->Conectar();
+  NuevoVencimiento(*Abrir(*mia, kTodos, Modo::Optimista), "1", "Ñ1");
+  auto rs = Abrir(*mia, kTodos, Modo::Optimista);
+  rs->Fields("Pagado").Value = "1.234,56";
+  rs->Update();
+  mia->TerminarUnidad();
+  rs = Abrir(*mia, "SELECT ProvVencimientos.* FROM ProvVencimientos WHERE Pagado = 1234.56");
+  std::setlocale(LC_ALL, "C");
+  unsetenv("LOCPATH");
+  ASSERT_FALSE(rs->Eof());
+  EXPECT_EQ(rs->Fields("Pagado").Value.Leer(), services::Valor(1234.56));
+  EXPECT_EQ(rs->Fields("Importe").Value.Leer(), services::Valor(100.5));
+  EXPECT_EQ(rs->Fields("NFactura").Value.Texto(), "Ñ1");
 }
 
 TEST_P(EnServidor, LosTextosSonIgualesYSeOrdenanComoAqui) {
