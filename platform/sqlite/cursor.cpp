@@ -3,7 +3,9 @@
 #include <algorithm>
 
 #include "datos/orden_filas.h"
+#include "dialecto/escritura.h"
 #include "sqlite/celdas.h"
+#include "sqlite/dialecto_sqlite.h"
 #include "valores/error.h"
 
 namespace sqlite {
@@ -63,16 +65,10 @@ void Cursor::PonerColumna(std::string& texto, std::size_t posicion) const {
   texto += '"';
 }
 
-std::string Cursor::TextoDeInsercion(std::span<const Asignacion> valores) const {
-  std::string texto = "INSERT INTO \"" + Tabla() + "\"";
-  if (valores.empty()) return texto + " DEFAULT VALUES";
-  std::string huecos;
-  for (const Asignacion& valor : valores) {
-    texto += huecos.empty() ? " (" : ", ";
-    PonerColumna(texto, valor.Posicion);
-    huecos += huecos.empty() ? "?" : ", ?";
-  }
-  return texto + ") VALUES (" + huecos + ")";
+std::vector<std::string_view> Cursor::Nombres(std::span<const Asignacion> valores) const {
+  std::vector<std::string_view> nombres;
+  for (const Asignacion& valor : valores) nombres.emplace_back(Origenes()[valor.Posicion]);
+  return nombres;
 }
 
 void Cursor::PrepararInsercion(std::span<const Asignacion> valores) {
@@ -83,7 +79,8 @@ void Cursor::PrepararInsercion(std::span<const Asignacion> valores) {
                                               });
   if (misma) return;
   ExigirTabla(valores);
-  insercion_ = conexion_->almacen_.Tomar(TextoDeInsercion(valores));
+  insercion_ = conexion_->almacen_.Tomar(
+      dialecto::TextoDeInsercion(DialectoSqlite, Tabla(), Nombres(valores)));
   posiciones_.clear();
   for (const Asignacion& valor : valores) posiciones_.push_back(valor.Posicion);
 }
@@ -136,13 +133,8 @@ std::vector<Asignacion> Cursor::LosQueCambian(const Filas& filas, std::size_t fi
 // rest must not have changed by as much as a letter's case.
 std::string Cursor::TextoDeCambio(std::span<const Asignacion> cambian,
                                   std::span<const Asignacion> valores) const {
-  std::string texto = "UPDATE \"" + Tabla() + "\" SET ";
-  for (const Asignacion& valor : cambian) {
-    if (&valor != &cambian.front()) texto += ", ";
-    PonerColumna(texto, valor.Posicion);
-    texto += " = ?";
-  }
-  texto += " WHERE rowid = ?";
+  std::string texto =
+      dialecto::TextoDeCambio(DialectoSqlite, Tabla(), Nombres(cambian)) + " WHERE rowid = ?";
   if (modo_ != ModoApertura::Optimista) return texto;
   for (const Asignacion& valor : valores) {
     const bool logico = Columnas()[valor.Posicion].Tipo == TipoColumna::Logico;

@@ -32,7 +32,8 @@ class Cursor final : public services::Cursor {
   void ExigirTabla(std::span<const services::Asignacion> valores) const;
   void PrepararInsercion(std::span<const services::Asignacion> valores);
   [[nodiscard]] services::Filas Recorrer(sqlite3_stmt* sentencia) const;
-  [[nodiscard]] std::string TextoDeInsercion(std::span<const services::Asignacion> valores) const;
+  [[nodiscard]] std::vector<std::string_view> Nombres(
+      std::span<const services::Asignacion> valores) const;
   [[nodiscard]] std::vector<services::Asignacion> LosQueCambian(
       const services::Filas& filas, std::size_t fila,
       std::span<const services::Asignacion> valores) const;
