@@ -7,6 +7,7 @@ namespace guion {
 BaseOdbc::BaseOdbc(const esquema::EsquemaPropio& esquema)
     : conexion_(odbc::AbrirConexion(esquema.Conexion(), {.Esquema = esquema.Nombre()})) {
   if (!conexion_->TieneTabla("ProvFacturas")) esquema::CrearAlmacenadas(*conexion_);
+  conexion_->AlEmpezarUnidad(esquema::kTurno);
 }
 
 void BaseOdbc::Ejecutar(const std::string& sql) {

@@ -193,6 +193,8 @@ EsquemaPropio::~EsquemaPropio() {
 
 void CrearAlmacenadas(odbc::Conexion& conexion) {
   Crear(conexion, Almacenadas());
+  conexion.Ejecutar("CREATE TABLE SorvexTurno (Clave integer PRIMARY KEY, Vez bigint NOT NULL)");
+  conexion.Ejecutar("INSERT INTO SorvexTurno (Clave, Vez) VALUES (1, 0)");
 }
 
 void CrearDeTrabajo(odbc::Conexion& conexion) {

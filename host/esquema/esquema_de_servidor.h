@@ -11,6 +11,10 @@ namespace esquema {
 /// PostgreSQL or MariaDB; 0x80040E14 for any other engine. It fails where one of them is there
 /// already.
 void CrearAlmacenadas(odbc::Conexion& conexion);
+/// What each unit of a connection to them begins with: whoever writes waits for the end of who came
+/// before, as with a file, so that two who save one range don't do so invoice by invoice in turns.
+/// On a cluster, of two that begin at once on two nodes one fails at its end.
+inline constexpr const char* kTurno = "UPDATE SorvexTurno SET Vez = Vez + 1";
 /// The same for the working tables, which the component keeps on its own machine: for what is tried
 /// on every engine.
 void CrearDeTrabajo(odbc::Conexion& conexion);

@@ -40,6 +40,8 @@ class Conexion final : public services::ObjetoContado<services::Conexion> {
   void AbandonarUnidad() noexcept override;
   bool EmpezarLectura() noexcept override { return unidad_.EmpezarLectura(); }
   void TerminarLectura() noexcept override;
+  /// A statement that each unit begins with from now on.
+  void AlEmpezarUnidad(std::string sentencia) { unidad_.AlEmpezar(std::move(sentencia)); }
   /// Begins the unit, unless one is under way.
   void EmpezarUnidad() { unidad_.Empezar(); }
   /// `Opciones::UnidadDeTrabajo` from now on; the unit under way ends.

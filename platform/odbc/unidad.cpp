@@ -55,6 +55,7 @@ void Unidad::AntesDeEscribir() {
   enCurso_ = agrupa_;
   guardado_ = false;
   ++transacciones_;
+  if (enCurso_ && !alEmpezar_.empty()) Intentar([this] { enlace_.Ejecutar(alEmpezar_); });
 }
 
 /// Before each write, where a failure would take what came before it.

@@ -3,6 +3,7 @@
 #include <cstddef>
 #include <optional>
 #include <string>
+#include <utility>
 
 #include "odbc/almacen.h"
 #include "odbc/enlace.h"
@@ -21,6 +22,8 @@ class Unidad {
   Unidad(Enlace& enlace, Almacen& almacen, bool agrupa)
       : enlace_(enlace), almacen_(almacen), agrupa_(agrupa) {}
 
+  /// What is run first in each unit from now on, such as what makes others wait for its end.
+  void AlEmpezar(std::string sentencia) { alEmpezar_ = std::move(sentencia); }
   /// Begins a unit now, unless one is under way. Nothing where each statement stands by itself.
   void Empezar() {
     if (agrupa_) AntesDeEscribir();
@@ -62,6 +65,7 @@ class Unidad {
   std::optional<services::ErrorEjecucion> perdida_;
   /// The connection in which it began.
   std::size_t vez_ = 0;
+  std::string alEmpezar_;
   std::size_t transacciones_ = 0;
 };
 

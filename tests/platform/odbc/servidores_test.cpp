@@ -2,6 +2,7 @@
 #include <clocale>
 #include <cstdlib>
 
+#include "esquema/esquema_de_servidor.h"
 #include "odbc/conexion_odbc.h"
 #include "platform/banco_odbc.h"
 #include "platform/carpeta_temporal.h"
@@ -79,6 +80,21 @@ TEST_P(EnServidor, UnaFilaQueSeCambiaEnModoPesimistaEsDeUnoSolo) {
   mia->Update();
   conexion->TerminarUnidad();
   EXPECT_THAT(Primeros("SELECT Pagado FROM ProvVencimientos"), ElementsAre("1"));
+}
+
+/// Also to other rows, and to other tables.
+TEST_P(EnServidor, ConTurnoQuienEscribeEsperaAlQueYaEscribia) {
+  for (auto* con : {&conexion, &otra}) {
+    dynamic_cast<odbc::Conexion&>(**con).AlEmpezarUnidad(esquema::kTurno);
+  }
+  Nuevo(*conexion, "A");
+  const auto fallo = Fallo([&] { Nuevo(*otra, "B"); });
+  EXPECT_THAT(fallo.Descripcion(), HasSubstr("está bloqueada por otro programa"));
+  EXPECT_EQ(Fallo([&] { otra->TerminarUnidad(); }).Numero(), error::FalloDeConexion);
+  conexion->TerminarUnidad();
+  Nuevo(*otra, "C");
+  otra->TerminarUnidad();
+  EXPECT_THAT(Primeros("SELECT NFactura FROM ProvVencimientos"), ElementsAre("A", "C"));
 }
 
 TEST_P(EnServidor, UnaClaveQueOtroHaGrabadoEntretantoSeRehusaSola) {
