@@ -27,6 +27,13 @@ std::size_t Orden::Ejecutar(Parametros& parametros) {
   return filas > 0 ? static_cast<std::size_t>(filas) : 0;
 }
 
+/// A server may have understood it anew, of a table that has others now.
+void Orden::ExigirColumnas(std::size_t cuantas) {
+  SQLSMALLINT hay = 0;
+  enlace_->Comprobar(SQLNumResultCols(orden_.get(), &hay), orden_.Suyo);
+  if (static_cast<std::size_t>(hay) != cuantas) OtrasTablas();
+}
+
 Filas Orden::Leer(Parametros& parametros, const std::vector<services::Columna>& columnas) {
   if (!celdas_) {
     celdas_ = std::make_unique<Celdas>(columnas);
@@ -37,6 +44,7 @@ Filas Orden::Leer(Parametros& parametros, const std::vector<services::Columna>& 
     SQLHSTMT orden;
     ~AlSalir() { SQLFreeStmt(orden, SQL_CLOSE); }
   } const alSalir{orden_.get()};
+  ExigirColumnas(columnas.size());
   Filas filas(columnas.size());
   SQLRETURN resultado = SQL_SUCCESS;
   do {

@@ -25,6 +25,7 @@ class Orden {
 
  private:
   void Correr(Parametros& parametros);
+  void ExigirColumnas(std::size_t cuantas);
 
   Enlace* enlace_;
   ManejoDeOrden orden_;

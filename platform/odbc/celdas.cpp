@@ -50,12 +50,6 @@ std::size_t AnchoDe(const services::Columna& columna) {
   }
 }
 
-/// A column that was narrower when it was looked up: nothing of it is cut.
-[[noreturn]] void OtrasTablas() {
-  throw services::ErrorEjecucion(services::error::FalloDeConexion,
-                                 "Otro programa ha cambiado las tablas; hay que abrirlas de nuevo");
-}
-
 template <class T>
 T Leer(const char* valor) {
   T leido;
@@ -92,6 +86,11 @@ void AnadirNumero(std::string_view dichas, Filas& filas) {
 }
 
 }  // namespace
+
+void OtrasTablas() {
+  throw services::ErrorEjecucion(services::error::FalloDeConexion,
+                                 "Otro programa ha cambiado las tablas; hay que abrirlas de nuevo");
+}
 
 Celdas::Celdas(const std::vector<services::Columna>& columnas) : juntas_(kFilasJuntas) {
   for (const services::Columna& columna : columnas) {
@@ -148,6 +147,7 @@ void Celdas::AnadirCelda(const Columna& columna, std::size_t fila, Filas& filas)
     default:
       break;
   }
+  // A column that was narrower when it was looked up: nothing of it is cut.
   if (static_cast<std::size_t>(largo) >= columna.ancho) OtrasTablas();
   const std::string_view texto(valor, static_cast<std::size_t>(largo));
   if (columna.tipo == TipoColumna::Texto) return filas.AnadirTexto(texto);

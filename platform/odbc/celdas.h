@@ -9,6 +9,9 @@
 
 namespace odbc {
 
+/// Throws that the tables aren't those that were looked up.
+[[noreturn]] void OtrasTablas();
+
 /// The place where the rows of a statement are put as they are fetched, many at once; one by one
 /// where a column has no limit, whose texts are then asked for.
 class Celdas {

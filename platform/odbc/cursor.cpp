@@ -122,13 +122,13 @@ std::vector<std::size_t> Cursor::Clave() const {
                        "Sin una clave no se halla de nuevo una fila de " + Tabla());
 }
 
-void Cursor::AnadirCondicion(std::string& texto, std::size_t posicion) const {
+/// That a column still holds what it held, a Null also.
+std::string Cursor::SigueSiendo(std::size_t posicion, const Valor& antes) const {
   const Servidor& motor = conexion_->Motor();
-  const bool esTexto = TipoDe(posicion) == TipoColumna::Texto;
-  const auto& igual = esTexto ? motor.MismoTexto : motor.MismoValor;
-  texto.append(igual.Antes);
-  texto.append(dialecto::EntreComillas(motor.Dialecto, Origenes()[posicion]));
-  texto.append(igual.Despues);
+  const std::string columna = dialecto::EntreComillas(motor.Dialecto, Origenes()[posicion]);
+  if (antes.EsNulo()) return " AND " + columna + " IS NULL";
+  if (TipoDe(posicion) != TipoColumna::Texto) return " AND " + columna + " = ?";
+  return " AND " + (std::string(motor.MismoTexto.Antes) + columna).append(motor.MismoTexto.Despues);
 }
 
 /// Found by the key's own comparison, of which it has an index.
@@ -186,9 +186,9 @@ void Cursor::Actualizar(const Filas& filas, std::size_t fila, std::span<const As
   }
   if (modo_ == ModoApertura::Optimista) {
     for (const Asignacion& valor : valores) {
-      texto += " AND ";
-      AnadirCondicion(texto, valor.Posicion);
-      parametros.Anadir(filas.En(fila, valor.Posicion), TipoDe(valor.Posicion));
+      const Valor antes = filas.En(fila, valor.Posicion);
+      texto += SigueSiendo(valor.Posicion, antes);
+      if (!antes.EsNulo()) parametros.Anadir(antes, TipoDe(valor.Posicion));
     }
   }
   if (conexion_->Escribir(texto, parametros) > 0) return;

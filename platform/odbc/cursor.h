@@ -47,7 +47,7 @@ class Cursor final : public services::Cursor {
   void ExigirTabla(std::span<const services::Asignacion> valores) const;
   [[nodiscard]] std::vector<std::size_t> Clave() const;
   [[nodiscard]] std::string DondeLaClave(const std::vector<std::size_t>& clave) const;
-  void AnadirCondicion(std::string& texto, std::size_t posicion) const;
+  [[nodiscard]] std::string SigueSiendo(std::size_t posicion, const services::Valor& antes) const;
 
   services::Ref<Conexion> conexion_;
   std::string texto_;

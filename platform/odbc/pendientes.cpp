@@ -46,17 +46,23 @@ void Pendientes::Insertar(const std::string& tabla, const std::string& texto, Te
 /// None waits any more while they are written: who is told of one may come back here.
 void Pendientes::Escribir() {
   std::vector<Grupo> grupos = std::exchange(grupos_, {});
-  for (Grupo& grupo : grupos) Escribir(grupo);
+  std::optional<ErrorEjecucion> primero;
+  for (Grupo& grupo : grupos) Escribir(grupo, primero);
+  if (primero) throw ErrorEjecucion(*primero);
 }
 
-void Pendientes::Escribir(Grupo& grupo) {
+void Pendientes::Escribir(Grupo& grupo, std::optional<ErrorEjecucion>& primero) {
   std::size_t desde = 0;
   while (desde < grupo.Escrituras.size()) {
     const std::size_t quedan = grupo.Escrituras.size() - desde;
     const std::size_t cuantas = Siguientes(quedan);
     if (cuantas == 1 || !EscribirJuntas(grupo, desde, cuantas)) {
       for (std::size_t i = desde; i < desde + cuantas; ++i) {
-        EscribirSola(grupo, grupo.Escrituras[i]);
+        try {
+          EscribirSola(grupo, grupo.Escrituras[i]);
+        } catch (const ErrorEjecucion& fallo) {
+          if (!primero) primero = fallo;
+        }
       }
     }
     desde += cuantas;

@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <functional>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -25,7 +26,8 @@ class Pendientes {
   void Insertar(const std::string& tabla, const std::string& texto, TextoDe textoDe,
                 Parametros parametros, services::AlNoInsertar alNoInsertar);
 
-  /// Writes them, in the order of their statements.
+  /// Writes them, in the order of their statements. Throws the first failure that nobody is told
+  /// of, once the rest is written.
   void Escribir();
   /// They are no more.
   void Olvidar() noexcept { grupos_.clear(); }
@@ -43,7 +45,7 @@ class Pendientes {
   };
 
   [[nodiscard]] Grupo& De(const std::string& tabla, const std::string& texto, TextoDe textoDe);
-  void Escribir(Grupo& grupo);
+  void Escribir(Grupo& grupo, std::optional<services::ErrorEjecucion>& primero);
   [[nodiscard]] bool EscribirJuntas(Grupo& grupo, std::size_t desde, std::size_t cuantas);
   void EscribirSola(const Grupo& grupo, Escritura& escritura);
 

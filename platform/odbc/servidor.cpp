@@ -41,8 +41,7 @@ constexpr Servidor kPostgres = {
     .AlConectar = kAlConectarPostgres,
     .AlLeerDeUnMomento = kLeerPostgres,
     .FalloSeLoLlevaTodo = true,
-    .MismoTexto = {"", " COLLATE \"C\" IS NOT DISTINCT FROM ?"},
-    .MismoValor = {"", " IS NOT DISTINCT FROM ?"},
+    .MismoTexto = {"", " COLLATE \"C\" = ?"},
     .ParaCambiar = " FOR UPDATE",
 };
 
@@ -77,8 +76,7 @@ constexpr Servidor kMaria = {
     .Atributos = kAtributosMaria,
     .AlConectar = kAlConectarMaria,
     .AlLeerDeUnMomento = kLeerMaria,
-    .MismoTexto = {"BINARY ", " <=> BINARY ?"},
-    .MismoValor = {"", " <=> ?"},
+    .MismoTexto = {"BINARY ", " = BINARY ?"},
     .ParaCambiar = " FOR UPDATE",
 };
 

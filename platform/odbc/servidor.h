@@ -32,9 +32,8 @@ struct Servidor {
   /// Whether a statement that fails takes with it what was written before it in its unit, unless
   /// that was said to be kept.
   bool FalloSeLoLlevaTodo = false;
-  /// Whether it holds the same, to the letter, as another value: of a text, and of any other.
+  /// Whether a column holds the same text as another, to the letter.
   dialecto::Envoltura MismoTexto = {"", " = ?"};
-  dialecto::Envoltura MismoValor = {"", " = ?"};
   /// What keeps others from changing a row that is read, until the end of the unit.
   std::string_view ParaCambiar = {};
 };

@@ -43,7 +43,7 @@ class Copia {
 void Copia::Hacer() {
   tramo_.ConFila(&origen_);
   for (; !origen_.Eof(); origen_.MoveNext()) CopiarFila();
-  if (destino_.State()) destino_.EscribirPendientes();
+  if (destino_.State()) tramo_.Paso(Falta::Nada, [&] { destino_.EscribirPendientes(); });
   tramo_.ConPendientes(nullptr);
   tramo_.ConFila(nullptr);
 }

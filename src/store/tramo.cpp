@@ -20,7 +20,7 @@ std::vector<Omision::Campo> Campos(services::Recordset& fila) {
 
 void Tramo::Contar(const services::ErrorEjecucion& fallo) {
   const Falta falta = falta_;
-  if (pendientes_) pendientes_->EscribirPendientes();
+  if (pendientes_) Paso(Falta::Nada, [this] { pendientes_->EscribirPendientes(); });
   const bool conFila = fila_ && fila_->State() && !fila_->Eof();
   sesion_.PasadoPorAlto(
       {tarea_, falta, tabla_, conFila ? Campos(*fila_) : std::vector<Omision::Campo>(), fallo});

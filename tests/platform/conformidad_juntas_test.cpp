@@ -113,6 +113,33 @@ TEST_P(Juntas, LosBorradosSonLosQueSeHanPedido) {
   EXPECT_EQ(Cuantas(*banco->Conectar(), "ProvVencimientos"), 20);
 }
 
+TEST_P(Juntas, LoQueFallaSinQueNadieLoOigaNoSeLlevaLoDemas) {
+  const auto rs = Almacenados();
+  Dejar(*rs, "A");
+  rs->EscribirPendientes();
+  const auto conceptos =
+      Abrir(*conexion, "SELECT ProvConceptos.* FROM ProvConceptos", Modo::Optimista);
+  int fallos = 0;
+  const auto intentar = [&](const std::function<void()>& accion) {
+    fallos += apoyo::NumeroDeError(accion) == error::RepetidoONoCabe ? 1 : 0;
+  };
+  intentar([&] {
+    rs->AddNew();
+    for (const auto& [campo, valor] :
+         {std::pair("NConcepto", "1"), std::pair("NFactura", "a"), std::pair("Año", "2005"),
+          std::pair("FechaVto", "20050315")}) {
+      rs->Collect(campo) = valor;
+    }
+    rs->UpdateLuego([](const auto& fallo) { throw services::ErrorEjecucion(fallo); });
+  });
+  conceptos->AddNew();
+  conceptos->Collect("NConcepto") = "1";
+  conceptos->UpdateLuego([](const auto&) { FAIL(); });
+  intentar([&] { conexion->EscribirPendientes(); });
+  EXPECT_EQ(fallos, 1) << "una vez, en seguida o al escribirlo";
+  EXPECT_EQ(Cuantas(*conexion, "ProvConceptos"), 1);
+}
+
 TEST_P(Juntas, LoBorradoYLoEscritoDeUnaTablaVaEnSuOrden) {
   const auto rs = Almacenados();
   BorradosJuntos juntos(*conexion);

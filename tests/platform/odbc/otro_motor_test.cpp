@@ -83,6 +83,17 @@ TEST_F(OtroMotor, SeLeeSeAnadeSeCambiaYSeBorraComoSeEscribe) {
   EXPECT_THAT(Guardadas(), ElementsAre(" F1 :11,5", "F3:30"));
 }
 
+TEST_F(OtroMotor, LoQueEraNuloSeCambiaTambienEnModoOptimista) {
+  sqlite::AbrirConexion(fichero)->Ejecutar(
+      "INSERT INTO ProvFacturas (NConcepto, Factura, Año) VALUES ('400', 'F1', '2005')");
+  const auto una = Abrir("SELECT ProvFacturas.* FROM ProvFacturas");
+  una->Fields("Total").Value = 7.5;
+  una->Fields("Fecha").Value = "20050110";
+  una->Update();
+  conexion->TerminarUnidad();
+  EXPECT_THAT(Guardadas(), ElementsAre("F1:7,5"));
+}
+
 TEST_F(OtroMotor, UnaUnidadEsTodoONada) {
   const auto rs = Abrir("SELECT ProvFacturas.* FROM ProvFacturas");
   Nueva(*rs, "F1", 1);

@@ -132,6 +132,22 @@ TEST_P(EnServidor, LoQueNoCabeSeRehusaYNoSeCorta) {
   EXPECT_THAT(Primeros("SELECT NFactura FROM ProvVencimientos"), ElementsAre("ñÑáÜ€ 中 😀 «»"));
 }
 
+TEST_P(EnServidor, UnaColumnaQueSeAnadeEntretantoSeDiceYNoSeLeeComoOtra) {
+  const Texto conOtra =
+      "SELECT DISTINCT ProvVencimientos.*, ProvConceptos.Descripcion FROM ProvVencimientos INNER "
+      "JOIN ProvConceptos ON ProvVencimientos.NConcepto = ProvConceptos.NConcepto";
+  Nuevo(*conexion, "A");
+  auto concepto = Abrir(*conexion, "SELECT ProvConceptos.* FROM ProvConceptos", Modo::Optimista);
+  concepto->AddNew();
+  concepto->Collect("NConcepto") = "1";
+  concepto->Collect("Descripcion") = "Luz";
+  concepto->Update();
+  conexion->TerminarUnidad();
+  EXPECT_EQ(Abrir(*conexion, conOtra)->Collect("Descripcion").Texto(), "Luz");
+  banco->Ejecutar("ALTER TABLE ProvVencimientos ADD COLUMN Nueva varchar(10) DEFAULT 'otra'");
+  EXPECT_EQ(Fallo([&] { Abrir(*conexion, conOtra); }).Numero(), error::FalloDeConexion);
+}
+
 TEST_P(EnServidor, LosImportesNoPierdenNingunCentimo) {
   const auto rs = Abrir(*conexion, kTodos, Modo::Optimista);
   const std::vector<double> importes = {0.01, 0.1, 1.15, 1234.56, -0.07, 9999999999999.99};
