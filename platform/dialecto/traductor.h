@@ -106,19 +106,22 @@ class Traductor {
   void UnaFuente();
   void Juntas();
   void Where();
+  void GroupBy();
+  void OrderBy();
+  void Final();
+  void Columnas();
+  void UnaColumna(services::Columna columna, std::string origen);
+
+  // What is asked for in another way: reescritura.cpp.
+  void Reescribir(const Trozos& trozos, bool conOcultas);
+  [[nodiscard]] std::optional<Reunion> SinRepetidas() const;
+  bool OrdenarFuera();
+  [[nodiscard]] std::optional<std::size_t> PosicionDe(const Operando& columna) const;
   void PorNumeros(const FilasPorNumero& filas, const Trozos& trozos, bool ordenaQuienLee);
   void PorClaves(const FilasPorClave& filas, const Trozos& trozos);
   void PonerFilas(const FilasPorNumero& filas, const Trozos& trozos, bool conLugar);
   void OrdenarPorLaClave();
   void DesempatarPorTextos();
-  [[nodiscard]] std::optional<Reunion> SinRepetidas() const;
-  void GroupBy();
-  void OrderBy();
-  bool OrdenarFuera();
-  [[nodiscard]] std::optional<std::size_t> PosicionDe(const Operando& columna) const;
-  void Final();
-  void Columnas();
-  void UnaColumna(services::Columna columna, std::string origen);
 
   // Expressions: expresion.cpp.
   void Condicion(CondicionEscrita& escrita);
