@@ -132,10 +132,13 @@ void Traductor::Comparar(const Operando& izquierdo, Simbolo operador) {
   if (derecho.literales >= 0) ExigirColumna(izquierdo);
   Adaptar(derecho, izquierdo);
   Adaptar(izquierdo, derecho);
-  const bool deColumnas = izquierdo.columna >= 0 && derecho.columna >= 0;
-  if (enCurso_ && deColumnas && operador == Simbolo::Igual) {
-    enCurso_->Igualdades.push_back(
-        {{izquierdo.fuente, izquierdo.columna}, {derecho.fuente, derecho.columna}});
+  const auto deColumna = [](const Operando& lado) {
+    return lado.columna >= 0 ? ColumnaDeFuente{lado.fuente, lado.columna} : lado.recortada;
+  };
+  const ColumnaDeFuente una = deColumna(izquierdo);
+  const ColumnaDeFuente otra = deColumna(derecho);
+  if (enCurso_ && una.Columna >= 0 && otra.Columna >= 0 && operador == Simbolo::Igual) {
+    enCurso_->Igualdades.push_back({una, otra});
   } else if (enCurso_) {
     enCurso_->SoloIgualdades = false;
   }
@@ -257,12 +260,18 @@ Traductor::Operando Traductor::Recortar() {
                                : lados == izquierdo ? motor_.RecorteIzquierdo
                                                     : motor_.RecorteDerecho;
   Poner(envoltura.Antes);
+  // What stands within isn't a condition.
+  CondicionEscrita* const enCurso = enCurso_;
+  const bool soloIgualdades = enCurso && enCurso->SoloIgualdades;
   const Operando dentro = Expresion();
+  if (enCurso && dentro.columna >= 0) enCurso->SoloIgualdades = soloIgualdades;
   for (; abiertos > 0; --abiertos) Exigir(Simbolo::Cerrar);
   Poner(envoltura.Despues);
   if (deAmbos) PonerRecortada(dentro, desde);
+  const ColumnaDeFuente recortada{dentro.fuente, dentro.columna, true};
   return {.desde = desde,
           .tipo = TipoColumna::Texto,
+          .recortada = deAmbos && dentro.columna >= 0 ? recortada : ColumnaDeFuente(),
           .literales = dentro.literales,
           .conPatrones = dentro.conPatrones};
 }

@@ -34,6 +34,7 @@ class Semirreunion {
 
  private:
   using Junta = CondicionEscrita;
+  using Igualdad = std::pair<ColumnaDeFuente, ColumnaDeFuente>;
 
   [[nodiscard]] const Tabla& TablaDe(int fuente) const { return *En(fuente).Tabla; }
   [[nodiscard]] const Fuente& En(int fuente) const {
@@ -50,13 +51,18 @@ class Semirreunion {
     return std::string(1, comilla).append(nombre) + comilla;
   }
   [[nodiscard]] std::string TextoDe(int fuente) const;
-  [[nodiscard]] std::string TextoDe(int fuente, int columna) const;
+  [[nodiscard]] const services::Columna& DelLugar() const {
+    const ColumnaDeFuente& primera = reunion_.Donde->Primera;
+    return ColumnaDe(TablaDe(primera.Fuente), primera.Columna);
+  }
+  [[nodiscard]] std::string TextoDe(const ColumnaDeFuente& columna) const;
+  [[nodiscard]] std::string NombreDe(const ColumnaDeFuente& columna) const;
   [[nodiscard]] std::string NumeroDe(int fuente) const;
   [[nodiscard]] std::string Junto(int fuente, const Junta& junta) const;
   [[nodiscard]] std::string TextoDe(const Junta& junta) const {
     return std::string(reunion_.Texto.substr(junta.Desde, junta.Hasta - junta.Desde));
   }
-  [[nodiscard]] std::vector<std::pair<int, int>> Pares(const Junta& junta, int fuente) const;
+  [[nodiscard]] static std::vector<Igualdad> Pares(const Junta& junta, int fuente);
   [[nodiscard]] std::string JuntoAHalladas(int fuente, const Junta& junta) const;
   [[nodiscard]] std::string HalladasPorValores(int fuente, const Junta& junta) const;
   [[nodiscard]] const Junta* Siguiente(int fuente, const Junta* desde) const;
@@ -121,8 +127,9 @@ bool Semirreunion::TraeUna(const Junta& junta, int fuente) const {
   const Tabla& suya = TablaDe(fuente);
   const Tabla& elegida = TablaDe(reunion_.Elegida);
   const auto iguala = [&](const ColumnaDeFuente& una, const ColumnaDeFuente& otra, int clave) {
-    return una.Fuente == fuente && una.Columna == clave && otra.Fuente == reunion_.Elegida &&
-           EsDeLaClave(elegida, otra.Columna) &&
+    const bool recortadas = una.SinBlancos || otra.SinBlancos;
+    return !recortadas && una.Fuente == fuente && una.Columna == clave &&
+           otra.Fuente == reunion_.Elegida && EsDeLaClave(elegida, otra.Columna) &&
            ColumnaDe(elegida, otra.Columna).Tipo == ColumnaDe(suya, clave).Tipo;
   };
   return junta.SoloY && !suya.Clave.empty() && std::ranges::all_of(suya.Clave, [&](int clave) {
@@ -185,17 +192,30 @@ FilasPorNumero Semirreunion::Filas() const {
   return filas;
 }
 
-std::string Semirreunion::TextoDe(int fuente, int columna) const {
-  return Entre(motor_.Comilla, En(fuente).Nombre) + "." +
-         Entre(motor_.Comilla, ColumnaDe(TablaDe(fuente), columna).Nombre);
+std::string Semirreunion::TextoDe(const ColumnaDeFuente& columna) const {
+  const Tabla& tabla = TablaDe(columna.Fuente);
+  const auto conNombre = [&](std::string_view nombre) {
+    return Entre(motor_.Comilla, En(columna.Fuente).Nombre) + "." + Entre(motor_.Comilla, nombre);
+  };
+  const std::string texto = conNombre(ColumnaDe(tabla, columna.Columna).Nombre);
+  if (!columna.SinBlancos) return texto;
+  const auto recortada =
+      std::ranges::find(tabla.Recortadas, columna.Columna, &Tabla::Recortada::Columna);
+  return recortada == tabla.Recortadas.end() ? Envuelto(motor_.Recorte, texto)
+                                             : conNombre(recortada->Nombre);
+}
+
+/// What it is called among what was found.
+std::string Semirreunion::NombreDe(const ColumnaDeFuente& columna) const {
+  const std::string& nombre = ColumnaDe(TablaDe(columna.Fuente), columna.Columna).Nombre;
+  return Entre(motor_.Comilla, columna.SinBlancos ? nombre + " sin blancos" : nombre);
 }
 
 /// The pairs of a join, the column of that source first.
-std::vector<std::pair<int, int>> Semirreunion::Pares(const Junta& junta, int fuente) const {
-  std::vector<std::pair<int, int>> pares;
-  for (const auto& [una, otra] : junta.Igualdades) {
-    const bool suya = una.Fuente == fuente;
-    pares.emplace_back(suya ? una.Columna : otra.Columna, suya ? otra.Columna : una.Columna);
+std::vector<Semirreunion::Igualdad> Semirreunion::Pares(const Junta& junta, int fuente) {
+  std::vector<Igualdad> pares = junta.Igualdades;
+  for (auto& [suya, deOtra] : pares) {
+    if (suya.Fuente != fuente) std::swap(suya, deOtra);
   }
   return pares;
 }
@@ -209,8 +229,7 @@ std::string Semirreunion::JuntoAHalladas(int fuente, const Junta& junta) const {
   bool primera = true;
   for (const auto& [suya, deOtra] : Pares(junta, fuente)) {
     if (!std::exchange(primera, false)) texto += " AND ";
-    texto += TextoDe(fuente, suya) + " = " + HalladasDe(otra) + "." +
-             Entre(motor_.Comilla, ColumnaDe(TablaDe(otra), deOtra).Nombre);
+    texto += TextoDe(suya) + " = " + HalladasDe(otra) + "." + NombreDe(deOtra);
   }
   return texto;
 }
@@ -219,38 +238,38 @@ std::string Semirreunion::JuntoAHalladas(int fuente, const Junta& junta) const {
 /// `junta`, each once, with the place of the first.
 std::string Semirreunion::HalladasPorValores(int fuente, const Junta& junta) const {
   std::string columnas;
+  std::string valores;
   for (const auto& [suya, deOtra] : Pares(junta, fuente)) {
-    columnas += TextoDe(fuente, suya) + ", ";
+    columnas += TextoDe(suya) + " AS " + NombreDe(suya) + ", ";
+    valores += (valores.empty() ? "" : ", ") + TextoDe(suya);
   }
   const bool esLaDelDonde = reunion_.Donde->Fuentes == Bit(fuente);
   const Junta* siguiente = esLaDelDonde ? nullptr : Siguiente(fuente, &junta);
   std::string lugar;
   std::string desde;
   if (esLaDelDonde) {
-    lugar = TextoDe(fuente, reunion_.Donde->Primera.Columna);
+    lugar = TextoDe(reunion_.Donde->Primera);
     desde = TextoDe(fuente) + " WHERE " + TextoDe(*reunion_.Donde);
   } else {
     lugar = HalladasDe(LaOtra(*siguiente, fuente)) + ".orden";
     desde = JuntoAHalladas(fuente, *siguiente);
   }
   return "(SELECT " + columnas + "MIN(" + lugar + ") AS orden FROM " + desde + " GROUP BY " +
-         columnas.substr(0, columnas.size() - 2) + ") AS " + HalladasDe(fuente);
+         valores + ") AS " + HalladasDe(fuente);
 }
 
 bool Semirreunion::PorValores() const {
   const bool iguales = std::ranges::all_of(reunion_.Juntas, [&](const Junta& junta) {
     return EsConsulta(junta) || (junta.SoloY && junta.SoloIgualdades && !junta.Igualdades.empty());
   });
-  const auto [fuente, columna] = reunion_.Donde->Primera;
-  return iguales && ColumnaDe(TablaDe(fuente), columna).Tipo == services::TipoColumna::Texto;
+  return iguales && DelLugar().Tipo == services::TipoColumna::Texto;
 }
 
 FilasPorClave Semirreunion::Claves() const {
   const Junta& primera = *Siguiente(reunion_.Elegida, nullptr);
-  const auto [fuente, columna] = reunion_.Donde->Primera;
   FilasPorClave filas{{" FROM " + JuntoAHalladas(reunion_.Elegida, primera),
                        HalladasDe(LaOtra(primera, reunion_.Elegida)) + ".orden"},
-                      ColumnaDe(TablaDe(fuente), columna)};
+                      DelLugar()};
   for (const Junta& junta : reunion_.Juntas) {
     if (EsConsulta(junta)) filas.Desde += Junto(LaOtra(junta, reunion_.Elegida), junta);
   }

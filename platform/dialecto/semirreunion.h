@@ -32,6 +32,8 @@ struct Fuente {
 struct ColumnaDeFuente {
   int Fuente = -1;
   int Columna = -1;
+  /// Whether what it holds counts without the blanks around it.
+  bool SinBlancos = false;
 };
 
 /// A condition as it stands in a statement's text.

@@ -80,6 +80,7 @@ class Traductor {
     const Tabla* tabla = nullptr;
     int fuente = -1;
     int columna = -1;
+    ColumnaDeFuente recortada = {};  ///< the column of which it is the text without blanks
     int literales = -1;  ///< the token where it begins, when it is made of literals alone
     /// Whether its texts are looked up by patterns.
     bool conPatrones = false;

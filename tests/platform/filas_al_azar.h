@@ -46,6 +46,21 @@ inline const std::vector<std::string>& Sentencias() {
   return todas;
 }
 
+/// The rows whose number has a due date in the range, whatever blanks stand around either.
+inline const std::vector<std::string>& SentenciasSinBlancos() {
+  static const auto de = [](const std::string& tabla, const std::string& numero) {
+    return "SELECT DISTINCT " + tabla + ".* FROM " + tabla +
+           " INNER JOIN ProvVencimientos AS V ON " + "(" + tabla +
+           ".NConcepto = V.NConcepto) AND (RTRIM(LTRIM(" + tabla + "." + numero +
+           ")) = RTRIM(LTRIM(V.NFactura))) WHERE V.FechaVto >= '20050301' And V.FechaVto <= "
+           "'20050331'";
+  };
+  static const std::vector<std::string> todas = {de("ProvFacturas", "Factura"),
+                                                 de("ProvBasesIva", "NFactura"),
+                                                 de("ProvVencimientos", "NFactura")};
+  return todas;
+}
+
 class FilasAlAzar {
  public:
   std::mt19937 azar{2005};

@@ -49,6 +49,25 @@ TEST(Semirreunion, LasFilasSeHallanPorSusNumeros) {
       "\"filas de Facturas\".orden");
 }
 
+TEST(Semirreunion, OPorLosValoresQueLasJuntanTambienSinSusBlancos) {
+  constexpr dialecto::Motor kPorClaves = [] {
+    dialecto::Motor motor = pruebas::MotorDePrueba;
+    motor.PorClaves = true;
+    motor.OrdenaQuienLee = true;
+    return motor;
+  }();
+  EXPECT_EQ(Traducida("SELECT DISTINCT Facturas.* FROM Facturas INNER JOIN Vtos AS V ON "
+                      "Facturas.NConcepto = V.NConcepto AND RTRIM(LTRIM(Facturas.Factura)) = "
+                      "RTRIM(LTRIM(V.NFactura)) WHERE V.FechaVto >= 'a'",
+                      kPorClaves),
+            "SELECT \"Facturas\".*, \"filas de V\".orden FROM (SELECT \"V\".\"NConcepto\" AS "
+            "\"NConcepto\", RECORTE(\"V\".\"NFactura\") AS \"NFactura sin blancos\", "
+            "MIN(\"V\".\"FechaVto\") AS orden FROM \"Vtos\" AS \"V\" WHERE \"V\".\"FechaVto\" >= "
+            "? GROUP BY \"V\".\"NConcepto\", RECORTE(\"V\".\"NFactura\")) AS \"filas de V\" INNER "
+            "JOIN \"Facturas\" ON \"Facturas\".\"NConcepto\" = \"filas de V\".\"NConcepto\" AND "
+            "RECORTE(\"Facturas\".\"Factura\") = \"filas de V\".\"NFactura sin blancos\"");
+}
+
 TEST(Semirreunion, SusPuestosSeLeenDetrasCuandoOrdenaQuienLee) {
   constexpr dialecto::Motor kOrdenaQuienLee = [] {
     dialecto::Motor motor = kConNumeros;

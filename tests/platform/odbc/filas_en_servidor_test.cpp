@@ -51,7 +51,10 @@ class FilasEnServidor : public Conformidad {
     const auto cursor = conexion->Abrir(sentencia, Modo::Lectura);
     return Textos(cursor->Leer(), cursor->Columnas().size());
   }
-  std::vector<Texto> Llanas(const Texto& sentencia) {
+  /// What is trimmed has no order of its own there.
+  std::vector<Texto> Llanas(Texto sentencia) {
+    const auto recortada = sentencia.find(" = RTRIM");
+    if (recortada != Texto::npos) sentencia.insert(recortada, " COLLATE ES");
     const auto filas = fichero->Consultar(sentencia).Filas;
     return Textos(filas, filas.Columnas());
   }
@@ -67,10 +70,12 @@ INSTANTIATE_TEST_SUITE_P(Motores, FilasEnServidor, testing::ValuesIn(Motores()),
 
 TEST_P(FilasEnServidor, SonLasQueHallanLasJuntas) {
   esquema::CrearAlmacenadas(*fichero);
+  std::vector<Texto> todas = Sentencias();
+  todas.insert(todas.end(), SentenciasSinBlancos().begin(), SentenciasSinBlancos().end());
   std::size_t vistas = 0;
   for (int i = 0; i < 30; ++i) {
     Renovar();
-    for (const Texto& sentencia : Sentencias()) {
+    for (const Texto& sentencia : todas) {
       const auto llanas = Llanas(sentencia);
       ASSERT_THAT(Leidas(sentencia), testing::UnorderedElementsAreArray(llanas)) << sentencia;
       vistas += llanas.size();
