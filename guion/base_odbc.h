@@ -17,6 +17,7 @@ class BaseOdbc final : public Base {
   explicit BaseOdbc(const esquema::EsquemaPropio& esquema);
 
   [[nodiscard]] services::Ref<services::Conexion> Conexion() override { return conexion_; }
+  [[nodiscard]] const services::Ref<odbc::Conexion>& Motor() const { return conexion_; }
   void Agrupar(bool porEvento) override { conexion_->AgruparEnUnidades(porEvento); }
   void Ejecutar(const std::string& sql) override;
   [[nodiscard]] std::vector<Fila> Consultar(const std::string& sql) override;

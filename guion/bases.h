@@ -1,11 +1,16 @@
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <string>
 
 #include "guion/base_sqlite.h"
 #include "guion/ficheros.h"
 #include "guion/guardada.h"
+
+namespace salvaguarda {
+class Almacen;
+}
 
 namespace guion {
 
@@ -22,11 +27,13 @@ class Bases {
   [[nodiscard]] Guardada Guardar(const std::string& usuario, const salvaguarda::Trato& trato) const;
 
  private:
-  std::string fichero_datos_;
+  void AbrirEnFichero(const std::string& fichero);
+  void AbrirEnServidor(const esquema::EsquemaPropio& esquema);
+
   std::string fichero_local_;
-  /// The embedded engine's, where it is one.
   std::unique_ptr<Base> datos_;
-  BaseSqlite* datosSqlite_ = nullptr;
+  /// Makes what the guard has of the stored tables.
+  std::function<std::shared_ptr<salvaguarda::Almacen>()> almacen_;
   std::unique_ptr<BaseSqlite> local_;
 };
 

@@ -45,13 +45,11 @@ Custodia::Custodia(QWidget& ventana, const Datos& datos, const Opciones& opcione
     : ventana_(ventana), datos_(datos) {
   // The component may keep the guard's connection for longer than there is a window.
   const QPointer<Custodia> yo(this);
-  const fs::path almacenados = datos.NombreAlmacenados;
   const fs::path deTrabajo = datos.NombreDeTrabajo;
   guardia_ = std::make_shared<salvaguarda::Guardia>(
-      salvaguarda::Guardia::Bases{datos.Almacenados, datos.DeTrabajo, datos.NombreAlmacenados,
+      salvaguarda::Guardia::Bases{datos.Almacenados, datos.DeTrabajo,
                                   salvaguarda::FicheroDeFoto(datos.NombreDeTrabajo)},
-      salvaguarda::Guardia::Lugares{almacenados.parent_path() / "copias" / almacenados.filename(),
-                                    deTrabajo.parent_path() / "registro.txt"},
+      salvaguarda::Guardia::Lugares{datos.Copias, deTrabajo.parent_path() / "registro.txt"},
       opciones.Usuario.toStdString(),
       salvaguarda::Trato{
           &Ahora,
@@ -70,7 +68,8 @@ Custodia::Custodia(QWidget& ventana, const Datos& datos, const Opciones& opcione
           [yo](const std::string& texto) {
             if (yo) yo->AlDejar(QString::fromStdString(texto));
           }});
-  almacenados_ = services::Crear<salvaguarda::ConexionGuardada>(datos.Almacenados, guardia_);
+  almacenados_ =
+      services::Crear<salvaguarda::ConexionGuardada>(datos.Almacenados->Conexion(), guardia_);
   deTrabajo_ = services::Crear<salvaguarda::ConexionDeTrabajo>(datos.DeTrabajo, guardia_);
   Elegir = [this](const PreguntaConTexto& pregunta) { return Preguntar(ventana_, pregunta); };
 }
@@ -156,7 +155,7 @@ void Custodia::Ofrecer(const salvaguarda::Rescate& rescate) {
 }
 
 std::optional<salvaguarda::Rescate> Custodia::RescateEn(sqlite::Conexion& deTrabajo) const {
-  return salvaguarda::BuscarRescate(deTrabajo, datos_.NombreAlmacenados,
+  return salvaguarda::BuscarRescate(deTrabajo, *datos_.Almacenados,
                                     salvaguarda::FicheroDeFoto(datos_.NombreDeTrabajo));
 }
 

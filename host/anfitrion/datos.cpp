@@ -4,6 +4,7 @@
 #include <QStandardPaths>
 #include <set>
 
+#include "anfitrion/datos_en_servidor.h"
 #include "anfitrion/fechas.h"
 #include "esquema/esquema_sqlite.h"
 #include "muestra/muestra.h"
@@ -31,14 +32,23 @@ void CrearFichero(const fs::path& fichero, const Preparar& preparar) {
   entero.Terminar();
 }
 
-services::Ref<sqlite::Conexion> AbrirAlmacenados(const fs::path& fichero, bool propio) {
+std::shared_ptr<salvaguarda::Almacen> AbrirEnFichero(const fs::path& fichero, bool propio) {
   if (propio && !fs::exists(fichero)) {
     CrearFichero(fichero, [](sqlite::Conexion& conexion) {
       esquema::CrearAlmacenadas(conexion);
       muestra::Llenar(conexion, {Ahora().Dias, 0});
     });
   }
-  return sqlite::AbrirConexion(fichero.string());
+  return std::make_shared<salvaguarda::AlmacenEnFichero>(sqlite::AbrirConexion(fichero.string()),
+                                                         fichero.string());
+}
+
+/// Of a folder, whatever it is the name of.
+std::string ComoNombre(std::string nombre) {
+  for (char& c : nombre) {
+    if (c == '/' || c == ':') c = '-';
+  }
+  return nombre;
 }
 
 constexpr const char* kTextos =
@@ -61,13 +71,9 @@ services::Ref<sqlite::Conexion> AbrirDeTrabajo(const fs::path& fichero) {
   return conexion;
 }
 
-/// A connection text names a server; a file is named by its path alone.
-void ExigirFichero(const std::string& texto) {
-  if (texto.find('=') == std::string::npos) return;
-  throw services::ErrorEjecucion(
-      services::error::FalloDeConexion,
-      "Las tablas de la empresa se abren aquí desde un fichero SQLite; \"" + texto +
-          "\" parece la conexión a un servidor");
+/// A connection text has names and values; a file is named by its path alone.
+bool EsDeServidor(const std::string& texto) {
+  return texto.find('=') != std::string::npos && !fs::exists(texto);
 }
 
 /// Beside the file, with the date and the time, and a number where two are kept in a second.
@@ -137,20 +143,25 @@ fs::path ApartarDejada(const Datos& datos, const fs::path& conservada) {
   return aparte;
 }
 
-Datos AbrirDatos(const Opciones& opciones) {
+Datos AbrirDatos(const Opciones& opciones, const AlAbrir& alAbrir) {
   const fs::path carpeta = CarpetaDeDatos(opciones);
   return salvaguarda::EnElDisco("usar la carpeta de datos " + carpeta.string(), [&]() -> Datos {
     fs::create_directories(carpeta);
-    const bool propio = opciones.Datos.isEmpty();
-    ExigirFichero(opciones.Datos.toStdString());
-    // However it was written: a working copy says which stored file it belongs to.
-    const fs::path almacenados = fs::weakly_canonical(
-        propio ? carpeta / "empresa.sqlite" : fs::path(opciones.Datos.toStdString()));
     const fs::path trabajo = carpeta / "trabajo.sqlite";
     // First, so that of two programs that start at the same time only one goes on from here.
     auto deTrabajo = AbrirDeTrabajo(trabajo);
-    return {AbrirAlmacenados(almacenados, propio), std::move(deTrabajo), almacenados.string(),
-            trabajo.string()};
+    const std::string dados = opciones.Datos.toStdString();
+    if (EsDeServidor(dados)) {
+      auto almacenados = AbrirEnServidor(dados, carpeta / "espejo.sqlite", alAbrir);
+      const fs::path copias = carpeta / "copias" / ComoNombre(almacenados->Nombre());
+      return {std::move(almacenados), std::move(deTrabajo), trabajo.string(), copias};
+    }
+    // However it was written: a working copy says which stored file it belongs to.
+    const bool propio = dados.empty();
+    const fs::path fichero =
+        fs::weakly_canonical(propio ? carpeta / "empresa.sqlite" : fs::path(dados));
+    return {AbrirEnFichero(fichero, propio), std::move(deTrabajo), trabajo.string(),
+            fichero.parent_path() / "copias" / fichero.filename()};
   });
 }
 

@@ -1,10 +1,13 @@
 #pragma once
 
 #include <filesystem>
+#include <functional>
+#include <memory>
+#include <optional>
 #include <string>
 
 #include "anfitrion/opciones_suite.h"
-#include "datos/conexion.h"
+#include "salvaguarda/almacen.h"
 #include "sqlite/conexion_sqlite.h"
 #include "valores/objeto.h"
 
@@ -16,16 +19,24 @@ inline constexpr const char* kLosTextos = "SELECT SorvexTextos.* FROM SorvexText
 
 /// The two databases of the session.
 struct Datos {
-  services::Ref<sqlite::Conexion> Almacenados;
+  std::shared_ptr<salvaguarda::Almacen> Almacenados;
   services::Ref<sqlite::Conexion> DeTrabajo;
-  /// What the status bar says of each.
-  std::string NombreAlmacenados;
   std::string NombreDeTrabajo;
+  /// The folder of the copies of what is stored.
+  std::filesystem::path Copias;
 };
 
-/// Opens both, making them at the first start: the stored ones with the sample business in them.
-/// Throws `ErrorEjecucion` with a text for the user.
-[[nodiscard]] Datos AbrirDatos(const Opciones& opciones);
+/// What the user is asked while they are opened.
+struct AlAbrir {
+  std::function<bool(const std::string& pregunta)> Confirmar;
+  /// None when he would rather not tell it.
+  std::function<std::optional<std::string>(const std::string& pregunta)> Contrasena;
+};
+
+/// Opens both, making them at the first start: the stored ones with the sample business in them, in
+/// the suite's own file or, when the user agrees, on a server that has none of their tables. Throws
+/// `ErrorEjecucion` with a text for the user.
+[[nodiscard]] Datos AbrirDatos(const Opciones& opciones, const AlAbrir& alAbrir = {});
 
 /// Keeps the working file as it is now beside it, under a name with the date and the time, which it
 /// gives. Throws `ErrorEjecucion` with a text for the user.

@@ -64,7 +64,9 @@ Opciones LeerOpciones(const QStringList& argumentos) {
 
 QString TextoDeAyuda() {
   return "Uso: tesvara [opciones]\n"
-         "  --datos TEXTO        conexión a las tablas de la empresa: un fichero SQLite\n"
+         "  --datos TEXTO        dónde están las tablas de la empresa: un fichero SQLite, o el "
+         "texto de\n"
+         "                       conexión ODBC de un servidor, sin la contraseña\n"
          "  --usuario NOMBRE     quién firma los cambios (ANA)\n"
          "  --referencia AN AL   pantalla para la que se disponen los formularios, en twips\n"
          "  --carpeta CARPETA    carpeta de los ficheros de la suite\n"

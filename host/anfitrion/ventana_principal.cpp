@@ -122,8 +122,11 @@ void VentanaPrincipal::ComponerEstado(const Opciones& opciones, const Datos& dat
     return QFileInfo(QString::fromStdString(fichero)).fileName();
   };
   statusBar()->addWidget(EnEstado("Usuario: " + opciones.Usuario, "Firma los cambios"));
-  statusBar()->addWidget(EnEstado("Empresa: " + nombre(datos.NombreAlmacenados),
-                                  QString::fromStdString(datos.NombreAlmacenados)));
+  const std::string& empresa = datos.Almacenados->Nombre();
+  statusBar()->addWidget(EnEstado(
+      "Empresa: " + (datos.Almacenados->EnteroEnSuFichero() ? nombre(empresa)
+                                                            : QString::fromStdString(empresa)),
+      QString::fromStdString(empresa)));
   statusBar()->addWidget(EnEstado("Trabajo: " + nombre(datos.NombreDeTrabajo),
                                   QString::fromStdString(datos.NombreDeTrabajo)));
 }

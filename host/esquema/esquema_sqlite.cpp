@@ -2,8 +2,10 @@
 
 #include <algorithm>
 #include <array>
+#include <vector>
 
 #include "valores/error.h"
+#include "valores/texto.h"
 
 namespace esquema {
 
@@ -74,6 +76,14 @@ constexpr std::array IndicesDeTrabajo = {
     "CREATE INDEX TempBorrarPorConcepto ON TempTesvaraBorrar (NConcepto)",
 };
 
+/// As it is called here, where it is one of these: a server may show it in small letters.
+std::string_view NombreDe(const Tabla& tabla, const services::Columna& columna) {
+  const auto suya = std::ranges::find_if(tabla.Columnas, [&](const Columna& una) {
+    return services::MismoTexto(una.Nombre, columna.Nombre);
+  });
+  return suya == tabla.Columnas.end() ? columna.Nombre : suya->Nombre;
+}
+
 template <std::size_t N>
 void Crear(sqlite::Conexion& conexion, std::span<const Tabla> tablas,
            const std::array<const char*, N>& indices) {
@@ -107,6 +117,20 @@ std::string TextoDeCreacion(const Tabla& tabla) {
 
 void CrearAlmacenadas(sqlite::Conexion& conexion) {
   Crear(conexion, Almacenadas(), IndicesAlmacenados);
+}
+
+void CrearAlmacenadasComo(services::Conexion& otras, sqlite::Conexion& conexion) {
+  std::string sql;
+  for (const Tabla& tabla : Almacenadas()) {
+    std::vector<Columna> columnas;
+    const auto suyas = otras.ColumnasDe(tabla.Nombre);
+    for (const auto& suya : suyas) {
+      columnas.push_back({NombreDe(tabla, suya), suya.Tipo, suya.Longitud});
+    }
+    sql += TextoDeCreacion({tabla.Nombre, columnas, tabla.Clave}) + ";\n";
+  }
+  for (const char* indice : IndicesAlmacenados) sql += std::string(indice) + ";\n";
+  conexion.Ejecutar(sql);
 }
 
 void CrearDeTrabajo(sqlite::Conexion& conexion) {

@@ -14,7 +14,7 @@ namespace salvaguarda {
 /// through it.
 class ConexionConGuardia : public services::ObjetoContado<services::Conexion> {
  public:
-  ConexionConGuardia(services::Ref<sqlite::Conexion> dentro, std::shared_ptr<Guardia> guardia)
+  ConexionConGuardia(services::Ref<services::Conexion> dentro, std::shared_ptr<Guardia> guardia)
       : dentro_(std::move(dentro)), guardia_(std::move(guardia)) {}
 
   [[nodiscard]] std::unique_ptr<services::Cursor> Abrir(std::string_view sentencia,
@@ -50,7 +50,7 @@ class ConexionConGuardia : public services::ObjetoContado<services::Conexion> {
   virtual void TrasTerminar() = 0;
   virtual void TrasAbandonar() noexcept {}
 
-  services::Ref<sqlite::Conexion> dentro_;
+  services::Ref<services::Conexion> dentro_;
   std::shared_ptr<Guardia> guardia_;
 };
 

@@ -79,6 +79,10 @@ std::string ApuntesCon(std::string_view claves, std::string_view columnas) {
                  MismaFila(Apuntes(), "t", "k")});
 }
 
+std::string ClavesDeApuntes(std::string_view tabla) {
+  return Juntar({"SELECT idSucursal, MOMENTO(FechaHora), Tipo FROM ", tabla});
+}
+
 std::string BorraPrevision(const Rango& rango, std::string_view alias) {
   return Juntar({alias, ".Fecha1Vto <= ", Texto(rango.Hasta)});
 }

@@ -31,6 +31,8 @@ namespace salvaguarda::sql {
 [[nodiscard]] std::string PrevisionesCon(std::string_view claves,
                                          std::string_view columnas = "t.*");
 [[nodiscard]] std::string ApuntesCon(std::string_view claves, std::string_view columnas = "t.*");
+/// The keys of a table of cash entries, as they are compared.
+[[nodiscard]] std::string ClavesDeApuntes(std::string_view tabla);
 /// That a commit of the range deletes a forecast.
 [[nodiscard]] std::string BorraPrevision(const Rango& rango, std::string_view alias);
 /// The stored forecasts that it deletes.

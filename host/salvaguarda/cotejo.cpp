@@ -10,12 +10,13 @@
 #include "valores/error.h"
 
 namespace salvaguarda {
-Cotejo::Cotejo(const std::string& almacenados, std::string foto,
-               services::Ref<sqlite::Conexion> deTrabajo, bool avisarDeOtros)
-    : ficheroFoto_(std::move(foto)),
+Cotejo::Cotejo(Almacen& almacen, std::string foto, services::Ref<sqlite::Conexion> deTrabajo,
+               bool avisarDeOtros)
+    : almacen_(almacen),
+      ficheroFoto_(std::move(foto)),
       deTrabajo_(std::move(deTrabajo)),
       avisarDeOtros_(avisarDeOtros),
-      foto_(almacenados, ficheroFoto_) {}
+      foto_(almacen.Fichero(), ficheroFoto_) {}
 
 void Cotejo::Olvidar() {
   deLaCarga_ = {};
@@ -23,6 +24,7 @@ void Cotejo::Olvidar() {
 }
 
 void Cotejo::Cargar(const Rango& rango) {
+  almacen_.Traer(rango, {});
   foto_.Tomar(rango);
   deLaCarga_.NoCargadas = foto_.Excluidas();
 }
@@ -32,21 +34,22 @@ void Cotejo::Retomar(const Rescate& rescate) {
   deLaCarga_ = {};
   if (!foto_.Recuperar(rescate.Copia.Rango, rescate.Copia.Foto)) {
     Retratar(rescate.Copia.Rango);
-    DecirTodoLoDistinto(rescate.Copia.Almacenados);
+    DecirTodoLoDistinto();
   }
   deLaCarga_.NoCargadas = foto_.Excluidas();
 }
 
 // What others have stored since the working copy was offered is in the picture already.
-void Cotejo::DecirTodoLoDistinto(const std::string& almacenados) {
+void Cotejo::DecirTodoLoDistinto() {
   if (!avisarDeOtros_) return;
-  const auto distinto = BuscarRescate(*deTrabajo_, almacenados, ficheroFoto_);
+  const auto distinto = BuscarRescate(*deTrabajo_, almacen_, ficheroFoto_);
   if (distinto) deLaCarga_.SinSaber = distinto->Filas;
 }
 
 // Without one nothing can be copied, which is asked about then.
 void Cotejo::Retratar(const Rango& rango) {
   try {
+    almacen_.Traer(rango, {});
     foto_.TomarTarde(rango);
   } catch (const services::ErrorEjecucion&) {
     foto_.Olvidar();
@@ -83,13 +86,21 @@ Reparos Cotejo::Copiar(Copias& copias, const Copia& copia) {
 
 // As long as nobody has stored anything the picture is the copy, and there is nothing to compare.
 std::string Cotejo::FilasDeLaCopia(const Rango& rango) {
+  almacen_.Traer(rango, [this] { return Pedidas(); });
   sinCambios_ = foto_.SigueIgual();
   if (sinCambios_) {
-    const auto nuevas = ClavesDeTrabajo::Nuevas(*deTrabajo_, ficheroFoto_);
+    const auto nuevas = Claves::Nuevas(*deTrabajo_, ficheroFoto_);
     if (nuevas.Ninguna() || !HayGuardadas(foto_.Conexion(), nuevas)) return CopiaDeFoto(nuevas);
     sinCambios_ = false;
   }
-  return CopiaDeGrabacion(foto_.Conexion(), rango, ClavesDeTrabajo::Leer(*deTrabajo_));
+  return CopiaDeGrabacion(foto_.Conexion(), rango, Claves::DeTrabajo(*deTrabajo_));
+}
+
+/// Of what is to be written, and of what the picture holds.
+Claves Cotejo::Pedidas() {
+  Claves claves = Claves::DeTrabajo(*deTrabajo_);
+  if (foto_.De()) claves.Anadir(Claves::DeFoto(foto_.Conexion()));
+  return claves;
 }
 
 // What has changed since the user was asked isn't what he agreed to.

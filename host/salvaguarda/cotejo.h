@@ -4,6 +4,7 @@
 #include <string>
 #include <vector>
 
+#include "salvaguarda/almacen.h"
 #include "salvaguarda/copias.h"
 #include "salvaguarda/fila.h"
 #include "salvaguarda/foto.h"
@@ -19,9 +20,9 @@ namespace salvaguarda {
 class Cotejo {
  public:
   /// `avisarDeOtros`: whether what others have changed speaks against it. Throws what opening the
-  /// stored file once more throws.
-  Cotejo(const std::string& almacenados, std::string foto,
-         services::Ref<sqlite::Conexion> deTrabajo, bool avisarDeOtros);
+  /// file of the stored tables once more throws.
+  Cotejo(Almacen& almacen, std::string foto, services::Ref<sqlite::Conexion> deTrabajo,
+         bool avisarDeOtros);
 
   /// Nothing is known of what stands there.
   void Olvidar();
@@ -44,16 +45,18 @@ class Cotejo {
   [[nodiscard]] std::vector<Fila> Gemelas() { return foto_.Gemelas(); }
   void AnadirNoCargadas(const std::vector<Fila>& filas);
   [[nodiscard]] const std::string& Sena() const { return foto_.Sena(); }
-  /// One to the stored file, with nothing under way.
+  /// One to the file of the stored tables, with nothing under way.
   [[nodiscard]] sqlite::Conexion& Conexion() { return foto_.Conexion(); }
 
  private:
   [[nodiscard]] std::string FilasDeLaCopia(const Rango& rango);
+  [[nodiscard]] Claves Pedidas();
   void Retratar(const Rango& rango);
-  void DecirTodoLoDistinto(const std::string& almacenados);
+  void DecirTodoLoDistinto();
   void Comparar();
   void CompararConLaFoto();
 
+  Almacen& almacen_;
   std::string ficheroFoto_;
   services::Ref<sqlite::Conexion> deTrabajo_;
   bool avisarDeOtros_;

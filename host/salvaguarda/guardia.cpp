@@ -30,8 +30,8 @@ bool EsDeSiempre(const Omision& omision) {
 
 Guardia::Guardia(Bases bases, const Lugares& lugares, std::string usuario, Trato trato)
     : bases_(std::move(bases)),
-      cotejo_(bases_.FicheroAlmacenados, bases_.FicheroFoto, bases_.DeTrabajo, trato.AvisarDeOtros),
-      sinGrabar_(bases_.DeTrabajo, bases_.FicheroAlmacenados, bases_.FicheroFoto),
+      cotejo_(*bases_.Almacen, bases_.FicheroFoto, bases_.DeTrabajo, trato.AvisarDeOtros),
+      sinGrabar_(bases_.DeTrabajo, *bases_.Almacen, bases_.FicheroFoto),
       copias_(lugares.Copias),
       registro_(lugares.Registro),
       usuario_(std::move(usuario)),
@@ -42,6 +42,7 @@ void Guardia::Anotar(std::string_view texto) {
 }
 
 void Guardia::AlComenzar(const Comienzo& comienzo) {
+  rango_ = comienzo.Rango;
   if (comienzo.Que == Comienzo::Tarea::Carga) return AlCargar(comienzo.Rango);
   AlGrabar(comienzo.Rango);
 }
@@ -64,7 +65,7 @@ void Guardia::AlCargar(const Rango& rango) {
   });
   intentar([&] {
     AnotarCopia(*bases_.DeTrabajo, {rango, usuario_, services::TextoIso(trato_.Ahora()),
-                                    cotejo_.Sena(), bases_.FicheroAlmacenados, true});
+                                    cotejo_.Sena(), bases_.Almacen->Nombre(), true});
   });
 }
 
@@ -86,6 +87,7 @@ void Guardia::DecirLoQueVino() {
 void Guardia::AlTerminarUnidad() {
   if (!std::exchange(grabando_, false)) return;
   try {
+    TraerLasPasadas();
     grabadoAMedias_ = pasadas_.CerrarGrabacion(cotejo_.Conexion());
     if (!grabadoAMedias_) sinGrabar_.DarPorVisto();
   } catch (const std::exception& fallo) {
@@ -158,19 +160,19 @@ void Guardia::AlGrabar(const Rango& rango) {
   bases_.DeTrabajo->TerminarUnidad();
   cotejo_.Preparar(rango);
   for (bool conCopia = true; conCopia;) {
-    bases_.Almacenados->EmpezarUnidad();
+    bases_.Almacen->EmpezarUnidad();
     const Reparos reparos = cotejo_.Copiar(copias_, {trato_.Ahora(), usuario_, rango});
     grabando_ = reparos.Ninguno();
     if (grabando_) return pasadas_.EmpezarGrabacion(true);
     // Nobody else is kept waiting for an answer; what changes meanwhile is asked again.
-    bases_.Almacenados->AbandonarUnidad();
+    bases_.Almacen->Conexion()->AbandonarUnidad();
     if (!Confirmar(reparos)) {
       throw ErrorEjecucion(services::error::OperacionCancelada, kNoGrabado);
     }
     cotejo_.Aceptar();
     conCopia = reparos.SinCopia.empty();
   }
-  bases_.Almacenados->EmpezarUnidad();
+  bases_.Almacen->EmpezarUnidad();
   grabando_ = true;
   pasadas_.EmpezarGrabacion(false);
 }
@@ -221,6 +223,16 @@ void Guardia::DarPorIncompleta() {
   }
 }
 
+// What can't be brought isn't there, as what can't be looked for.
+void Guardia::TraerLasPasadas() {
+  if (pasadas_.Ninguna()) return;
+  try {
+    bases_.Almacen->Traer(rango_, [this] { return pasadas_.Claves(); });
+  } catch (const ErrorEjecucion& fallo) {
+    Anotar("No se ha podido mirar lo que hay grabado: " + fallo.Descripcion());
+  }
+}
+
 void Guardia::Decir(const Noticia& noticia, const salvaguarda::Conceptos& conceptos) {
   relato_.Parrafos.push_back(ParaLeer(noticia, conceptos));
   Anotar(ParaAnotar(noticia, conceptos));
@@ -228,6 +240,7 @@ void Guardia::Decir(const Noticia& noticia, const salvaguarda::Conceptos& concep
 }
 
 Relato Guardia::Contar() {
+  TraerLasPasadas();
   auto [noticias, noSeCargaron] = pasadas_.Tomar(cotejo_.Conexion());
   cotejo_.AnadirNoCargadas(noSeCargaron);
   const std::vector<Fila>& noCargadas = cotejo_.NoCargadas();
@@ -241,16 +254,17 @@ Relato Guardia::Contar() {
 }
 
 Reposicion Guardia::Comparar(const Copia& copia) {
-  return salvaguarda::Comparar(cotejo_.Conexion(), copia);
+  return salvaguarda::Comparar(*bases_.Almacen, cotejo_.Conexion(), copia);
 }
 
 void Guardia::Reponer(const Copia& copia) {
-  salvaguarda::Reponer(*bases_.Almacenados, cotejo_.Conexion(), copia, copias_, trato_.Ahora(),
+  salvaguarda::Reponer(*bases_.Almacen, cotejo_.Conexion(), copia, copias_, trato_.Ahora(),
                        usuario_);
 }
 
 void Guardia::CopiarElDia() {
-  copias_.GuardarEntera(bases_.FicheroAlmacenados, trato_.Ahora());
+  if (!bases_.Almacen->EnteroEnSuFichero()) return;
+  copias_.GuardarEntera(bases_.Almacen->Fichero(), trato_.Ahora());
 }
 
 }  // namespace salvaguarda

@@ -1,10 +1,12 @@
 #pragma once
 
 #include <filesystem>
+#include <memory>
 #include <string>
 #include <string_view>
 #include <vector>
 
+#include "salvaguarda/almacen.h"
 #include "salvaguarda/comienzo.h"
 #include "salvaguarda/conceptos.h"
 #include "salvaguarda/copias.h"
@@ -31,9 +33,8 @@ namespace salvaguarda {
 class Guardia {
  public:
   struct Bases {
-    services::Ref<sqlite::Conexion> Almacenados;
+    std::shared_ptr<salvaguarda::Almacen> Almacen;
     services::Ref<sqlite::Conexion> DeTrabajo;
-    std::string FicheroAlmacenados;
     /// Where the picture of the stored rows is kept, beside the working file that it belongs to.
     std::string FicheroFoto;
   };
@@ -42,7 +43,7 @@ class Guardia {
     std::filesystem::path Registro;  ///< a file
   };
 
-  /// Throws what opening the stored file once more throws.
+  /// Throws what opening the file of the stored tables once more throws.
   Guardia(Bases bases, const Lugares& lugares, std::string usuario, Trato trato);
 
   /// A load or a commit begins. Throws 0x800A0E80, with nothing written, when the user doesn't want
@@ -83,8 +84,8 @@ class Guardia {
   /// Puts it back, the present state copied first. Nothing is under way. Throws what the engine
   /// throws, with all as it was.
   void Reponer(const Copia& copia);
-  /// Copies the whole stored file, unless that was done today. Throws what the engine and the file
-  /// system throw.
+  /// Copies the whole stored file, unless that was done today, or they are on a server, which has
+  /// copies of its own. Throws what the engine and the file system throw.
   void CopiarElDia();
 
  private:
@@ -101,11 +102,15 @@ class Guardia {
   void DarPorIncompleta();
   /// Of a table that could not be saved, as the working copy has it.
   [[nodiscard]] std::vector<Fila> LoQueHabiaQueGrabar(const services::Omision& omision);
+  /// Has what was passed over where it is looked for.
+  void TraerLasPasadas();
   void Decir(const Noticia& noticia, const salvaguarda::Conceptos& conceptos);
 
   Bases bases_;
   Cotejo cotejo_;
   LoSinGrabar sinGrabar_;
+  /// Of the last load or commit.
+  std::optional<Rango> rango_;
   /// Whether one has begun in the unit under way.
   bool cargando_ = false;
   bool grabando_ = false;

@@ -11,10 +11,8 @@ namespace salvaguarda {
 /// What a working copy has that isn't stored, looked at before the working tables are emptied.
 class LoSinGrabar {
  public:
-  LoSinGrabar(services::Ref<sqlite::Conexion> deTrabajo, std::string almacenados, std::string foto)
-      : deTrabajo_(std::move(deTrabajo)),
-        almacenados_(std::move(almacenados)),
-        foto_(std::move(foto)) {}
+  LoSinGrabar(services::Ref<sqlite::Conexion> deTrabajo, Almacen& almacen, std::string foto)
+      : deTrabajo_(std::move(deTrabajo)), almacen_(almacen), foto_(std::move(foto)) {}
 
   /// What is there now has been loaded, or is kept elsewhere.
   void DarPorVisto();
@@ -22,14 +20,14 @@ class LoSinGrabar {
   [[nodiscard]] bool Escrito() { return vistas_ != Escrituras(); }
   /// None where all of it is stored. No unit is under way. Throws what the engine throws.
   [[nodiscard]] std::optional<Rescate> Mirar() {
-    return BuscarRescate(*deTrabajo_, almacenados_, foto_);
+    return BuscarRescate(*deTrabajo_, almacen_, foto_);
   }
 
  private:
   [[nodiscard]] double Escrituras();
 
   services::Ref<sqlite::Conexion> deTrabajo_;
-  std::string almacenados_;
+  Almacen& almacen_;
   std::string foto_;
   std::optional<double> vistas_;
 };

@@ -126,6 +126,21 @@ void Anadir(Omitidas& omitidas, const Oida& oida, sqlite::Conexion& almacenados)
 
 }  // namespace
 
+Claves ClavesDe(const std::vector<Oida>& oidas) {
+  Claves claves;
+  const auto anadir = [&](const Fila& fila) {
+    claves.EnLaLista.push_back({fila.NConcepto, fila.Factura, fila.Anio});
+    claves.Previsiones.push_back(fila.NConcepto);
+  };
+  for (const Oida& oida : oidas) {
+    anadir(ComoFila(oida.Omision));
+    for (const Fila& fila : oida.PorGrabar) anadir(fila);
+    claves.Apuntes.push_back({Campo(oida.Omision, "idSucursal"), Campo(oida.Omision, "FechaHora"),
+                              Campo(oida.Omision, "Tipo")});
+  }
+  return claves;
+}
+
 Omitidas Clasificar(const std::vector<Oida>& oidas, Omision::Tarea durante,
                     sqlite::Conexion& almacenados) {
   Omitidas omitidas;

@@ -3,6 +3,7 @@
 #include <string>
 #include <vector>
 
+#include "salvaguarda/claves.h"
 #include "salvaguarda/fila.h"
 #include "services/omision.h"
 #include "sqlite/conexion_sqlite.h"
@@ -42,6 +43,8 @@ struct Omitidas {
   /// Rows written without one of their values.
   std::vector<Fila> Incompletas;
 };
+
+[[nodiscard]] Claves ClavesDe(const std::vector<Oida>& oidas);
 
 /// Those of a load or of a commit. What a commit passed over and `almacenados` holds all the same,
 /// such as a row that another year's invoice of the same number brought along, is left out.

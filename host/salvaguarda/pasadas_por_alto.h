@@ -18,6 +18,9 @@ class PasadasPorAlto {
   void OlvidarCarga();
   /// A commit begins. `conCopia`: whether what was there has been copied.
   void EmpezarGrabacion(bool conCopia) { conCopia_ = conCopia; }
+  [[nodiscard]] bool Ninguna() const { return oidas_.empty(); }
+  /// Those of the rows that were passed over.
+  [[nodiscard]] salvaguarda::Claves Claves() const { return ClavesDe(oidas_); }
   /// A commit is durable: what of it `almacenados` hasn't is known now, and looked for once.
   /// Whether there is any.
   [[nodiscard]] bool CerrarGrabacion(sqlite::Conexion& almacenados);

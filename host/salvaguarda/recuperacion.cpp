@@ -44,37 +44,40 @@ std::string EnlazarApuntes() {
 /// A unit of the driver's own, which sees to it that the file is still the one that was opened.
 class UnidadDeReposicion {
  public:
-  explicit UnidadDeReposicion(sqlite::Conexion& almacenados) : almacenados_(almacenados) {
-    almacenados_.EmpezarUnidad();
+  explicit UnidadDeReposicion(Almacen& almacen) : conexion_(almacen.Conexion()) {
+    almacen.EmpezarUnidad();
   }
-  ~UnidadDeReposicion() { almacenados_.AbandonarUnidad(); }
+  ~UnidadDeReposicion() { conexion_->AbandonarUnidad(); }
   UnidadDeReposicion(const UnidadDeReposicion&) = delete;
   UnidadDeReposicion& operator=(const UnidadDeReposicion&) = delete;
-  void Terminar() { almacenados_.TerminarUnidad(); }
+  void Terminar() { conexion_->TerminarUnidad(); }
 
  private:
-  sqlite::Conexion& almacenados_;
+  services::Ref<services::Conexion> conexion_;
 };
 
 }  // namespace
 
-void Reponer(sqlite::Conexion& almacenados, sqlite::Conexion& lectura, const Copia& copia,
-             Copias& copias, services::FechaHora momento, const std::string& usuario) {
-  almacenados.TerminarUnidad();
-  const sql::Adjunta adjunta(almacenados, copia.Fichero.string(), "copia");
-  UnidadDeReposicion unidad(almacenados);
+void Reponer(Almacen& almacen, sqlite::Conexion& lectura, const Copia& copia, Copias& copias,
+             services::FechaHora momento, const std::string& usuario) {
+  almacen.Conexion()->TerminarUnidad();
+  sqlite::Conexion& base = almacen.Base();
+  const std::string fichero = copia.Fichero.string();
+  const sql::Adjunta adjunta(base, fichero, "copia");
+  UnidadDeReposicion unidad(almacen);
+  almacen.Traer({}, [&] { return Claves::DeCopia(lectura, fichero); });
   {
-    const sql::Adjunta vieja(lectura, copia.Fichero.string(), "vieja");
+    const sql::Adjunta vieja(lectura, fichero, "vieja");
     CopiaEnCurso(copias, lectura, CopiaDeCopia("vieja"), {momento, usuario, {}}).Terminar();
   }
-  sql::PrepararClaves(almacenados);
+  sql::PrepararClaves(base);
   std::string todo;
   for (const Tabla& tabla : TablasDeFactura()) {
-    todo += Sustituir(almacenados, tabla.Nombre, sql::FilasDe(tabla, "copia.Claves", "t.rowid"));
+    todo += Sustituir(base, tabla.Nombre, sql::FilasDe(tabla, "copia.Claves", "t.rowid"));
   }
-  todo += Sustituir(almacenados, "ProvPrevisionPagos",
+  todo += Sustituir(base, "ProvPrevisionPagos",
                     sql::PrevisionesCon("copia.ClavesPrevision", "t.rowid"));
-  almacenados.Ejecutar(todo + EnlazarApuntes());
+  almacen.Cambiar(todo + EnlazarApuntes());
   unidad.Terminar();
 }
 

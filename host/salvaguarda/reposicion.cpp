@@ -148,8 +148,10 @@ void Comparar(sqlite::Conexion& base, const Tabla& tabla, Reposicion& reposicion
 
 }  // namespace
 
-Reposicion Comparar(sqlite::Conexion& base, const Copia& copia) {
-  const sql::Adjunta adjunta(base, copia.Fichero.string(), "copia");
+Reposicion Comparar(Almacen& almacen, sqlite::Conexion& base, const Copia& copia) {
+  const std::string fichero = copia.Fichero.string();
+  almacen.Traer({}, [&] { return Claves::DeCopia(base, fichero); });
+  const sql::Adjunta adjunta(base, fichero, "copia");
   sql::PrepararClaves(base);
   Reposicion reposicion;
   for (const Tabla& tabla : Tablas()) Comparar(base, tabla, reposicion);

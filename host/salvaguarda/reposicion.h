@@ -2,6 +2,7 @@
 
 #include <vector>
 
+#include "salvaguarda/almacen.h"
 #include "salvaguarda/copias.h"
 #include "salvaguarda/fila.h"
 #include "sqlite/conexion_sqlite.h"
@@ -23,7 +24,8 @@ struct Reposicion {
 /// What putting it back would do now: the rows that it has and the store hasn't, those that the
 /// store has under its keys and it hasn't, and those that say something else. Who wrote a row when
 /// doesn't count. A cash entry that is gone doesn't come back: only its invoice is put back. `base`
-/// is any connection to the stored file with nothing under way. Throws what the engine throws.
-[[nodiscard]] Reposicion Comparar(sqlite::Conexion& base, const Copia& copia);
+/// is any connection to the file of `almacen` with nothing under way. Throws what the engine
+/// throws.
+[[nodiscard]] Reposicion Comparar(Almacen& almacen, sqlite::Conexion& base, const Copia& copia);
 
 }  // namespace salvaguarda

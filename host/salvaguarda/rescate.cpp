@@ -158,14 +158,15 @@ void AnotarIncompleta(sqlite::Conexion& deTrabajo) {
   }
 }
 
-std::optional<Rescate> BuscarRescate(sqlite::Conexion& deTrabajo, const std::string& almacenados,
+std::optional<Rescate> BuscarRescate(sqlite::Conexion& deTrabajo, Almacen& almacen,
                                      const std::string& foto) {
   if (!deTrabajo.TieneTabla(kCopiaAbierta) || Vacias(deTrabajo)) return std::nullopt;
   const auto copia = LeerCopia(deTrabajo);
   if (!copia) return std::nullopt;
-  Rescate rescate{*copia, {}, false, copia->Almacenados != almacenados};
+  Rescate rescate{*copia, {}, false, copia->Almacenados != almacen.Nombre()};
   if (rescate.DeOtraEmpresa) return rescate;
-  const sql::Adjunta tablas(deTrabajo, almacenados, "almacen");
+  almacen.Traer(copia->Rango, [&] { return Claves::DeTrabajo(deTrabajo); });
+  const sql::Adjunta tablas(deTrabajo, almacen.Fichero(), "almacen");
   std::optional<sql::Adjunta> retrato;
   if (std::filesystem::exists(foto)) retrato.emplace(deTrabajo, foto, "foto");
   rescate.ConFoto = retrato && !copia->Foto.empty() && SenaDeFoto(deTrabajo) == copia->Foto;

@@ -5,6 +5,7 @@
 #include <string_view>
 #include <vector>
 
+#include "salvaguarda/almacen.h"
 #include "salvaguarda/comienzo.h"
 #include "salvaguarda/fila.h"
 #include "sqlite/conexion_sqlite.h"
@@ -20,7 +21,7 @@ struct CopiaAbierta {
   std::string Usuario;
   std::string Momento;      ///< of its load, `yyyy-mm-dd hh:nn:ss`
   std::string Foto;         ///< the sign of the picture taken then; empty for none
-  std::string Almacenados;  ///< the stored file that it belongs to
+  std::string Almacenados;  ///< the name of the stored tables that it belongs to
   bool Completa = true;     ///< false when the load missed a table: it must not be saved
 };
 
@@ -37,7 +38,7 @@ struct Rescate {
   std::vector<Fila> Filas;
   /// Whether it is.
   bool ConFoto = false;
-  /// Whether it belongs to another stored file: nothing of it can be held against this one.
+  /// Whether it belongs to other stored tables: nothing of it can be held against this one.
   bool DeOtraEmpresa = false;
 
   [[nodiscard]] bool SePuedeAbrir() const { return Copia.Completa && !DeOtraEmpresa; }
@@ -45,8 +46,7 @@ struct Rescate {
 
 /// The one in a working file that is open; none when the working tables are empty, or hold nothing
 /// that isn't stored. `foto` is the file of the picture. Throws what the engine throws.
-[[nodiscard]] std::optional<Rescate> BuscarRescate(sqlite::Conexion& deTrabajo,
-                                                   const std::string& almacenados,
+[[nodiscard]] std::optional<Rescate> BuscarRescate(sqlite::Conexion& deTrabajo, Almacen& almacen,
                                                    const std::string& foto);
 
 }  // namespace salvaguarda

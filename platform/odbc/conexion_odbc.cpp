@@ -30,7 +30,7 @@ Conexion::~Conexion() {
 std::unique_ptr<services::Cursor> Conexion::Abrir(std::string_view sentencia, ModoApertura modo) {
   enlace_.Exigir();
   auto leida = interprete_.Leer(sentencia, modo);
-  std::string texto(enlace_.Motor().ComoSeEscriben ? sentencia : leida.Traducida->Texto);
+  std::string texto = TextoDe(sentencia, leida);
   if (leida.Traducida->Que == dialecto::Verbo::Delete) {
     Borrar(leida, texto);
     return nullptr;
@@ -39,6 +39,22 @@ std::unique_ptr<services::Cursor> Conexion::Abrir(std::string_view sentencia, Mo
   auto halladas = anticipadas_.Tomar(sentencia, leida, modo);
   return std::make_unique<Cursor>(*this, std::move(texto), std::move(leida), modo,
                                   std::move(halladas));
+}
+
+std::unique_ptr<services::Cursor> Conexion::AbrirPropia(std::string_view sentencia,
+                                                        ModoApertura modo) {
+  enlace_.Exigir();
+  auto leida = propias_.Leer(sentencia, modo);
+  std::string texto = TextoDe(sentencia, leida);
+  if (leida.Traducida->Que == dialecto::Verbo::Delete) {
+    Borrar(leida, texto);
+    return nullptr;
+  }
+  return std::make_unique<Cursor>(*this, std::move(texto), std::move(leida), modo);
+}
+
+std::string Conexion::TextoDe(std::string_view sentencia, const dialecto::Sentencia& leida) const {
+  return std::string(enlace_.Motor().ComoSeEscriben ? sentencia : leida.Traducida->Texto);
 }
 
 void Conexion::Borrar(const dialecto::Sentencia& leida, const std::string& texto) {
@@ -102,6 +118,7 @@ void Conexion::Ejecutar(const std::string& sql) {
   unidad_.TerminarLectura();
   almacen_.Olvidar();
   interprete_.Olvidar();
+  propias_.Olvidar();
   catalogo_.Olvidar();
   enlace_.Ejecutar(sql);
 }

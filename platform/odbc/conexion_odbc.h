@@ -42,6 +42,10 @@ class Conexion final : public services::ObjetoContado<services::Conexion> {
   void TerminarLectura() noexcept override;
   /// A statement that each unit begins with from now on.
   void AlEmpezarUnidad(std::string sentencia) { unidad_.AlEmpezar(std::move(sentencia)); }
+  /// What whoever opened the connection opens: any well-formed statement, as a component opens one
+  /// of the system.
+  [[nodiscard]] std::unique_ptr<services::Cursor> AbrirPropia(std::string_view sentencia,
+                                                              services::ModoApertura modo);
   /// Begins the unit, unless one is under way.
   void EmpezarUnidad() { unidad_.Empezar(); }
   /// `Opciones::UnidadDeTrabajo` from now on; the unit under way ends.
@@ -71,6 +75,8 @@ class Conexion final : public services::ObjetoContado<services::Conexion> {
   [[nodiscard]] services::Filas Leer(const std::string& texto, Parametros& parametros,
                                      const std::vector<services::Columna>& columnas);
   std::size_t Escribir(const std::string& texto, Parametros& parametros);
+  [[nodiscard]] std::string TextoDe(std::string_view sentencia,
+                                    const dialecto::Sentencia& leida) const;
   void Borrar(const dialecto::Sentencia& leida, const std::string& texto);
 
   Enlace enlace_;
@@ -78,6 +84,7 @@ class Conexion final : public services::ObjetoContado<services::Conexion> {
   Unidad unidad_;
   Catalogo catalogo_{enlace_};
   dialecto::Interprete interprete_;
+  dialecto::Interprete propias_{enlace_.Motor().Dialecto, catalogo_};
   Pendientes pendientes_{unidad_};
   Anticipadas anticipadas_{unidad_, interprete_};
   bool juntaBorrados_ = false;

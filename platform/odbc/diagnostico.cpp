@@ -48,18 +48,20 @@ constexpr Explicacion NoSeEntiende = {error::SentenciaRechazada,
                                       "La base de datos no entiende la sentencia"};
 constexpr Explicacion SinSesion = {error::FalloDeConexion,
                                    "El servidor no admite el usuario o la contraseña"};
+constexpr Explicacion SinControlador = {error::FalloDeConexion,
+                                        "No se puede usar el controlador ODBC"};
 constexpr Explicacion Falla = {error::FalloDeConexion, "Falla la base de datos"};
 
 /// Numbers of a server whose states are too few to tell these apart.
 constexpr auto PorNumero = std::to_array<DeNumero>({
-    {1021, SinSitio},    {1022, Repetida},    {1044, SinSesion},  {1045, SinSesion},
-    {1047, Perdida},     {1048, FaltaValor},  {1053, Perdida},    {1054, SinColumna},
-    {1062, Repetida},    {1114, SinSitio},    {1142, SinPermiso}, {1143, SinPermiso},
-    {1146, SinTabla},    {1205, Bloqueada},   {1213, Deshecha},   {1264, NoCabe},
-    {1265, NoCabe},      {1290, SoloLectura}, {1292, NoCabe},     {1364, FaltaValor},
-    {1366, NoCabe},      {1406, NoCabe},      {1644, NoAdmite},   {1792, SoloLectura},
-    {1836, SoloLectura}, {1927, Perdida},     {2002, Perdida},    {2003, Perdida},
-    {2006, Perdida},     {2013, Perdida},     {2055, Perdida},    {4025, NoAdmite},
+    {1021, SinSitio},   {1022, Repetida},    {1047, Perdida},     {1048, FaltaValor},
+    {1053, Perdida},    {1054, SinColumna},  {1062, Repetida},    {1114, SinSitio},
+    {1142, SinPermiso}, {1143, SinPermiso},  {1146, SinTabla},    {1205, Bloqueada},
+    {1213, Deshecha},   {1264, NoCabe},      {1265, NoCabe},      {1290, SoloLectura},
+    {1292, NoCabe},     {1364, FaltaValor},  {1366, NoCabe},      {1406, NoCabe},
+    {1644, NoAdmite},   {1792, SoloLectura}, {1836, SoloLectura}, {1927, Perdida},
+    {2002, Perdida},    {2003, Perdida},     {2006, Perdida},     {2013, Perdida},
+    {2055, Perdida},    {4025, NoAdmite},
 });
 
 /// The first that fits counts.
@@ -69,7 +71,6 @@ constexpr auto PorEstado = std::to_array<DeEstado>({
     {"23505", Repetida},
     {"23", NoAdmite},
     {"25006", SoloLectura},
-    {"28", SinSesion},
     {"40", Deshecha},
     {"42501", SinPermiso},
     {"42P01", SinTabla},
@@ -84,7 +85,7 @@ constexpr auto PorEstado = std::to_array<DeEstado>({
     {"HYT", Perdida},
     {"P0001", NoAdmite},
     {"45000", NoAdmite},
-    {"IM", {error::FalloDeConexion, "No se puede usar el controlador ODBC"}},
+    {"IM", SinControlador},
 });
 
 struct DeTexto {
@@ -92,8 +93,9 @@ struct DeTexto {
   Explicacion explicacion;
 };
 
-/// Of a driver that has one state for whatever fails. The first that fits counts.
+/// Of who has one state for whatever fails. The first that fits counts.
 constexpr auto PorTexto = std::to_array<DeTexto>({
+    {"Can't open lib", SinControlador},
     {"UNIQUE constraint", Repetida},
     {"NOT NULL constraint", FaltaValor},
     {"constraint", NoAdmite},
@@ -110,6 +112,7 @@ Explicacion ExplicarPorTexto(const Diagnostico& diagnostico) {
 
 Explicacion Explicar(const Diagnostico& diagnostico) {
   if (diagnostico.Perdida) return Perdida;
+  if (EsDeSesion(diagnostico)) return SinSesion;
   const auto numero = std::ranges::find(PorNumero, diagnostico.Nativo, &DeNumero::nativo);
   if (numero != PorNumero.end()) return numero->explicacion;
   const auto estado = std::ranges::find_if(
@@ -142,6 +145,14 @@ Diagnostico Diagnosticar(const Manejo& manejo) {
   if (!SQL_SUCCEEDED(dicho)) return {};
   return {reinterpret_cast<const char*>(estado.data()), nativo,
           EnLimpio(reinterpret_cast<const char*>(texto.data()))};
+}
+
+bool EsDeSesion(const Diagnostico& diagnostico) {
+  constexpr std::array kNativos = {1044, 1045, 1698};
+  const bool alConectar = diagnostico.Estado.starts_with("08");
+  return diagnostico.Estado.starts_with("28") ||
+         std::ranges::find(kNativos, diagnostico.Nativo) != kNativos.end() ||
+         (alConectar && diagnostico.Texto.find("password") != std::string::npos);
 }
 
 bool EsDeConexionPerdida(const Diagnostico& diagnostico) {

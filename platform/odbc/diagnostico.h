@@ -21,6 +21,8 @@ struct Diagnostico {
 
 /// Whether the connection is gone, and with it all that it held.
 [[nodiscard]] bool EsDeConexionPerdida(const Diagnostico& diagnostico);
+/// Whether the server doesn't let this user in, for want of a password too.
+[[nodiscard]] bool EsDeSesion(const Diagnostico& diagnostico);
 /// The run-time error that it is, in the user's words and then in those of the `motor`.
 [[nodiscard]] services::ErrorEjecucion ErrorDe(const Diagnostico& diagnostico,
                                                std::string_view motor);

@@ -1,7 +1,6 @@
 #include "odbc/enlace.h"
 
 #include <array>
-#include <optional>
 
 #include "valores/error.h"
 
@@ -31,7 +30,8 @@ Enlace::Enlace(const TextoDeConexion& texto, std::string esquema)
 
 /// The first server that can be reached. What is told of none is what the last one said.
 void Enlace::Conectar() {
-  std::optional<ErrorEjecucion> ninguno;
+  std::string motivo;
+  bool sinEntrada = false;
   for (const TextoDeConexion& texto : textos_) {
     try {
       ConectarCon(texto);
@@ -39,12 +39,12 @@ void Enlace::Conectar() {
       return;
     } catch (const ErrorEjecucion& fallo) {
       perdido_ = true;
-      ninguno = ErrorEjecucion(
-          services::error::FalloDeConexion,
-          "No se puede abrir la base de datos " + texto.Nombre() + ": " + fallo.Descripcion());
+      sinEntrada = dynamic_cast<const SinEntrada*>(&fallo) != nullptr;
+      motivo = "No se puede abrir la base de datos " + texto.Nombre() + ": " + fallo.Descripcion();
     }
   }
-  throw ErrorEjecucion(*ninguno);
+  if (sinEntrada) throw SinEntrada(services::error::FalloDeConexion, motivo);
+  throw ErrorEjecucion(services::error::FalloDeConexion, motivo);
 }
 
 /// What its driver is to be told besides is known once it has said what it is.
@@ -71,7 +71,11 @@ void Enlace::Abrir(const TextoDeConexion& texto) {
                                                nullptr, 0, nullptr, SQL_DRIVER_NOPROMPT);
   ContarViaje();
   linea_->Abierta = SQL_SUCCEEDED(resultado);
-  if (!linea_->Abierta) throw ErrorDe(Diagnosticar(linea_->Conexion), "ODBC");
+  if (linea_->Abierta) return;
+  const Diagnostico diagnostico = Diagnosticar(linea_->Conexion);
+  const ErrorEjecucion fallo = ErrorDe(diagnostico, "ODBC");
+  if (EsDeSesion(diagnostico)) throw SinEntrada(fallo.Numero(), fallo.Descripcion());
+  throw ErrorEjecucion(fallo);
 }
 
 void Enlace::EmpezarSesion() {

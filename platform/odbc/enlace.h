@@ -9,8 +9,14 @@
 #include "odbc/manejo.h"
 #include "odbc/servidor.h"
 #include "odbc/texto_de_conexion.h"
+#include "valores/error.h"
 
 namespace odbc {
+
+/// A server that was reached doesn't let the user in, for want of a password too.
+class SinEntrada final : public services::ErrorEjecucion {
+  using ErrorEjecucion::ErrorEjecucion;
+};
 
 /// A connection that is open until nobody uses it any more.
 struct Linea {
@@ -37,7 +43,8 @@ struct ManejoDeOrden {
 /// once, at each of the servers of its text in turn.
 class Enlace {
  public:
-  /// Connects. Throws `ErrorEjecucion` 0x80004005 where no server of the text can be reached.
+  /// Connects. Throws `ErrorEjecucion` 0x80004005 where no server of the text can be reached, the
+  /// same as `SinEntrada` where the last of them doesn't let the user in.
   Enlace(const TextoDeConexion& texto, std::string esquema);
   Enlace(const Enlace&) = delete;
   Enlace& operator=(const Enlace&) = delete;

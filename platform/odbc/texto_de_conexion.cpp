@@ -132,6 +132,7 @@ std::string TextoDeConexion::Texto() const {
 std::string TextoDeConexion::Nombre() const {
   const std::string_view servidor = Servidor();
   std::string texto(Valor(servidor.empty() ? "DSN" : servidor));
+  if (texto.empty()) texto = Valor("Driver");
   if (const auto puerto = Valor("Port"); !puerto.empty()) texto.append(":").append(puerto);
   const std::string_view base = Valor("Database");
   if (!base.empty()) texto.append("/").append(base);

@@ -233,8 +233,9 @@ void Muertes::MirarRescate(const fs::path& carpeta, bool guardado) {
   if (momento_ % 10 == 0 && largo::Uno(*local, "PRAGMA integrity_check") != "ok") {
     Hallar("integrity_check de lo de trabajo");
   }
-  const auto rescate = salvaguarda::BuscarRescate(*local, Puesto::FicheroDatos(carpeta),
-                                                  Puesto::FicheroFoto(carpeta));
+  const std::string datos = Puesto::FicheroDatos(carpeta);
+  salvaguarda::AlmacenEnFichero almacen(sqlite::AbrirConexion(datos), datos);
+  const auto rescate = salvaguarda::BuscarRescate(*local, almacen, Puesto::FicheroFoto(carpeta));
   ++cuentas_[rescate ? "rescates" : "sin rescate"];
   const std::string filas =
       rescate ? salvaguarda::Recuento(rescate->Filas) +

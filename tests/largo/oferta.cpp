@@ -3,8 +3,7 @@
 namespace largo {
 
 std::optional<salvaguarda::Rescate> Oferta::Buscar(sqlite::Conexion& deTrabajo) const {
-  return salvaguarda::BuscarRescate(deTrabajo, Puesto::FicheroDatos(carpeta_),
-                                    Puesto::FicheroFoto(carpeta_));
+  return salvaguarda::BuscarRescate(deTrabajo, puesto_.Almacen(), Puesto::FicheroFoto(carpeta_));
 }
 
 std::string Oferta::Hacer() {

@@ -48,8 +48,9 @@ Puesto::Puesto(const std::filesystem::path& carpeta, const Puertas& puertas)
     : ficheros_(EnCarpeta(carpeta)),
       datos_(DeFichero(bases_.Datos())),
       local_(DeFichero(bases_.Local())),
+      almacen_(std::make_shared<salvaguarda::AlmacenEnFichero>(datos_, FicheroDatos(carpeta))),
       guardia_(std::make_shared<salvaguarda::Guardia>(
-          salvaguarda::Guardia::Bases{datos_, local_, FicheroDatos(carpeta), FicheroFoto(carpeta)},
+          salvaguarda::Guardia::Bases{almacen_, local_, FicheroFoto(carpeta)},
           salvaguarda::Guardia::Lugares{carpeta / "copias", carpeta / "registro.txt"}, "ANA",
           salvaguarda::Trato{
               .Ahora = [this] { return mundo_.Entorno().Ahora(); },

@@ -52,6 +52,7 @@ class Puesto {
   [[nodiscard]] guion::Mundo& Mundo() { return mundo_; }
   [[nodiscard]] salvaguarda::Guardia& Guardia() { return *guardia_; }
   [[nodiscard]] sqlite::Conexion& Local() { return *local_; }
+  [[nodiscard]] salvaguarda::Almacen& Almacen() { return *almacen_; }
   /// The range of the working copy that the next screen goes on with; none for a fresh load.
   [[nodiscard]] std::optional<salvaguarda::Rango>& PorRetomar() { return contexto_->PorRetomar; }
 
@@ -67,6 +68,7 @@ class Puesto {
   guion::Bases bases_{ficheros_, 1};
   services::Ref<sqlite::Conexion> datos_;
   services::Ref<sqlite::Conexion> local_;
+  std::shared_ptr<salvaguarda::Almacen> almacen_;
   std::shared_ptr<salvaguarda::Guardia> guardia_;
   std::unique_ptr<guion::Base> deDatos_;
   std::unique_ptr<guion::Base> deLocal_;

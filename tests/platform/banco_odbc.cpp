@@ -2,8 +2,6 @@
 
 #include <unistd.h>
 
-#include <cstdlib>
-
 #include "esquema/esquema_de_servidor.h"
 #include "odbc/conexion_odbc.h"
 
@@ -57,16 +55,6 @@ class BancoOdbc final : public Banco {
 };
 
 }  // namespace
-
-std::vector<ServidorDePrueba> ServidoresDePrueba() {
-  std::vector<ServidorDePrueba> servidores;
-  const auto anadir = [&](const char* nombre, const char* variable) {
-    if (const char* texto = std::getenv(variable)) servidores.push_back({nombre, texto});
-  };
-  anadir("postgresql", "TESVARA_POSTGRESQL");
-  anadir("mariadb", "TESVARA_MARIADB");
-  return servidores;
-}
 
 std::unique_ptr<Banco> CrearBancoOdbc(const ServidorDePrueba& servidor) {
   return std::make_unique<BancoOdbc>(servidor.Texto);

@@ -8,6 +8,7 @@
 #include "anfitrion/captura.h"
 #include "anfitrion/datos.h"
 #include "anfitrion/opciones_suite.h"
+#include "anfitrion/preguntas_al_abrir.h"
 #include "anfitrion/ventana_principal.h"
 #include "automation/registro_clases.h"
 #include "automation/servidores.h"
@@ -90,10 +91,12 @@ void HablarEnEspanol() {
 
 int Iniciar(const Opciones& opciones) {
   HablarEnEspanol();
-  const anfitrion::Datos datos = anfitrion::AbrirDatos(opciones);
+  const bool conAlguien = opciones.Captura.isEmpty();
+  const anfitrion::Datos datos =
+      anfitrion::AbrirDatos(opciones, conAlguien ? anfitrion::EnVentanas() : anfitrion::SinNadie());
   RegistrarSiFalta();
   anfitrion::VentanaPrincipal ventana(opciones, datos);
-  return opciones.Captura.isEmpty() ? Trabajar(ventana) : Capturar(ventana, opciones.Captura);
+  return conAlguien ? Trabajar(ventana) : Capturar(ventana, opciones.Captura);
 }
 
 void MostrarFallo(const QString& texto, bool sinPantalla) {

@@ -44,14 +44,14 @@ class AbrirAparte : public testing::Test {
 
 TEST_F(AbrirAparte, NoSueltaLosCerrojosDeLoQueEstaAbierto) {
   for (const char* lectura : {"SELECT 1", "BEGIN; SELECT count(*) FROM ProvFacturas"}) {
-    datos.Almacenados->Ejecutar(lectura);
-    const auto almacenados = pruebas::CerrojosDeBase(datos.NombreAlmacenados);
+    datos.Almacenados->Base().Ejecutar(lectura);
+    const auto almacenados = pruebas::CerrojosDeBase(datos.Almacenados->Nombre());
     const auto deTrabajo = pruebas::CerrojosDe(datos.NombreDeTrabajo);
     ASSERT_THAT(almacenados, Each(Not(IsEmpty())));
     ASSERT_THAT(deTrabajo, Not(IsEmpty()));
     EXPECT_EQ(Ver(), "Fichero sqlite");
     EXPECT_EQ(Ver(), "Fichero sqlite");
-    EXPECT_EQ(pruebas::CerrojosDeBase(datos.NombreAlmacenados), almacenados);
+    EXPECT_EQ(pruebas::CerrojosDeBase(datos.Almacenados->Nombre()), almacenados);
     EXPECT_EQ(pruebas::CerrojosDe(datos.NombreDeTrabajo), deTrabajo);
   }
 }

@@ -21,8 +21,8 @@ class CustodiaTest : public testing::Test {
       ofrecido = pregunta.Respuestas;
       return respuesta;
     };
-    const auto rango =
-        datos.Almacenados->Consultar("SELECT min(FechaVto), max(FechaVto) FROM ProvVencimientos");
+    const auto rango = datos.Almacenados->Base().Consultar(
+        "SELECT min(FechaVto), max(FechaVto) FROM ProvVencimientos");
     todo = {rango.Filas.En(0, 0).Texto(), rango.Filas.En(0, 1).Texto()};
   }
   static anfitrion::Opciones En(const std::string& carpeta) {

@@ -58,7 +58,7 @@ TEST(CustodiaSinVentana, UnNoContestaPorQuienYaNoEsta) {
   opciones.Carpeta = QString::fromStdString(carpeta.Camino());
   const anfitrion::Datos datos = anfitrion::AbrirDatos(opciones);
   const std::string primera = "SELECT min(FechaVto) FROM ProvVencimientos";
-  const std::string dia = datos.Almacenados->Consultar(primera).Filas.En(0, 0).Texto();
+  const std::string dia = datos.Almacenados->Base().Consultar(primera).Filas.En(0, 0).Texto();
   services::Ref<services::Conexion> conexion;
   {
     QWidget ventana;
@@ -66,9 +66,9 @@ TEST(CustodiaSinVentana, UnNoContestaPorQuienYaNoEsta) {
     conexion = custodia.Almacenados();
     custodia.Guardia().AlComenzar({Comienzo::Tarea::Carga, {dia, dia}});
   }
-  datos.Almacenados->Ejecutar("UPDATE ProvVencimientos SET Importe = 1 WHERE FechaVto = '" + dia +
-                              "'");
-  datos.Almacenados->TerminarUnidad();
+  datos.Almacenados->Base().Ejecutar("UPDATE ProvVencimientos SET Importe = 1 WHERE FechaVto = '" +
+                                     dia + "'");
+  datos.Almacenados->Base().TerminarUnidad();
   EXPECT_THROW(
       static_cast<void>(conexion->Abrir(
           "SELECT DISTINCT ProvFacturas.* FROM ProvFacturas INNER JOIN ProvVencimientos ON "
@@ -82,7 +82,7 @@ TEST(CustodiaSinVentana, UnNoContestaPorQuienYaNoEsta) {
 TEST_F(CustodiaTest, LasFilasQueGrabarBorrariaDejanCerrarSinGrabar) {
   int cerrada = 0;
   custodia.CerrarSinGrabar = [&] { ++cerrada; };
-  datos.Almacenados->Ejecutar("DELETE FROM ProvConceptos WHERE NConcepto = '105'");
+  datos.Almacenados->Base().Ejecutar("DELETE FROM ProvConceptos WHERE NConcepto = '105'");
   Comenzar(Comienzo::Tarea::Carga);
   QCoreApplication::processEvents();
   EXPECT_EQ(ofrecido, QStringList({"Seguir", "Cerrar sin grabar"}));
@@ -125,10 +125,10 @@ TEST_F(CustodiaTest, LoQueElMotorTieneJuntoALaCopiaAbiertaNoSeAbre) {
   custodia.AbrirAparte(datos.NombreDeTrabajo + "-shm", [] { return true; });
   EXPECT_THAT(dicho, ElementsAre(HasSubstr("no tiene ninguna copia de trabajo")));
   dicho.clear();
-  datos.Almacenados->Ejecutar("SELECT count(*) FROM ProvFacturas");
-  const auto cerrojos = pruebas::CerrojosDeBase(datos.NombreAlmacenados);
-  custodia.AbrirAparte(datos.NombreAlmacenados + "-shm", [] { return true; });
-  EXPECT_EQ(pruebas::CerrojosDeBase(datos.NombreAlmacenados), cerrojos);
+  datos.Almacenados->Base().Ejecutar("SELECT count(*) FROM ProvFacturas");
+  const auto cerrojos = pruebas::CerrojosDeBase(datos.Almacenados->Nombre());
+  custodia.AbrirAparte(datos.Almacenados->Nombre() + "-shm", [] { return true; });
+  EXPECT_EQ(pruebas::CerrojosDeBase(datos.Almacenados->Nombre()), cerrojos);
   EXPECT_THAT(dicho, ElementsAre(HasSubstr("no tiene ninguna copia de trabajo")));
 }
 

@@ -28,8 +28,8 @@ class VentanaDeCopias : public CustodiaTest {
   VentanaDeCopias() {
     Comenzar(Comienzo::Tarea::Carga);
     Comenzar(Comienzo::Tarea::Grabacion);
-    datos.Almacenados->AbandonarUnidad();
-    datos.Almacenados->Ejecutar("UPDATE ProvVencimientos SET Pagado = Importe + 1");
+    datos.Almacenados->Base().AbandonarUnidad();
+    datos.Almacenados->Base().Ejecutar("UPDATE ProvVencimientos SET Pagado = Importe + 1");
   }
   /// Once the window is there the user chooses the copy, and says yes.
   void Elegir() {
@@ -64,9 +64,9 @@ TEST_F(VentanaDeCopias, LaElegidaSeRepone) {
   custodia.Recuperar([&] { return ++cierres > 0; });
   EXPECT_EQ(cierres, 1);
   EXPECT_THAT(dicho, ElementsAre(HasSubstr("La copia está recuperada")));
-  EXPECT_EQ(datos.Almacenados
-                ->Consultar("SELECT count(*) FROM ProvVencimientos WHERE Pagado = "
-                            "Importe + 1")
+  EXPECT_EQ(datos.Almacenados->Base()
+                .Consultar("SELECT count(*) FROM ProvVencimientos WHERE Pagado = "
+                           "Importe + 1")
                 .Filas.En(0, 0)
                 .Numero(),
             0);
@@ -76,12 +76,13 @@ TEST_F(VentanaDeCopias, LoQueSeGrabaAlCerrarSePreguntaOtraVez) {
   Elegir();
   respuesta = 1;
   custodia.Recuperar([&] {
-    datos.Almacenados->Ejecutar("UPDATE ProvFacturas SET Total = -7");
-    datos.Almacenados->TerminarUnidad();
+    datos.Almacenados->Base().Ejecutar("UPDATE ProvFacturas SET Total = -7");
+    datos.Almacenados->Base().TerminarUnidad();
     return true;
   });
   EXPECT_THAT(dicho, ElementsAre(HasSubstr("Lo grabado ha cambiado desde que eligió la copia")));
-  EXPECT_EQ(datos.Almacenados->Consultar("SELECT count(*) FROM ProvFacturas WHERE Total <> -7")
+  EXPECT_EQ(datos.Almacenados->Base()
+                .Consultar("SELECT count(*) FROM ProvFacturas WHERE Total <> -7")
                 .Filas.En(0, 0)
                 .Numero(),
             0);
@@ -91,9 +92,9 @@ TEST_F(VentanaDeCopias, SinCerrarLoAbiertoNoSeReponeNada) {
   QTimer::singleShot(0, &ventana,
                      [] { qobject_cast<QDialog*>(QApplication::activeModalWidget())->accept(); });
   custodia.Recuperar([] { return false; });
-  EXPECT_GT(datos.Almacenados
-                ->Consultar("SELECT count(*) FROM ProvVencimientos WHERE Pagado = "
-                            "Importe + 1")
+  EXPECT_GT(datos.Almacenados->Base()
+                .Consultar("SELECT count(*) FROM ProvVencimientos WHERE Pagado = "
+                           "Importe + 1")
                 .Filas.En(0, 0)
                 .Numero(),
             0);

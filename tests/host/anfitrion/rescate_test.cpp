@@ -87,7 +87,8 @@ TEST_F(RescateEnVentana, LaCopiaDeOtraEmpresaSoloSePuedeApartar) {
 
 TEST_F(RescateEnVentana, LoQueNoSePuedeMirarSeApartaAntesDeCargar) {
   DejarUnaCopia();
-  datos.Almacenados->Ejecutar("ALTER TABLE ProvVencimientos RENAME COLUMN Pagado TO Abonado");
+  datos.Almacenados->Base().Ejecutar(
+      "ALTER TABLE ProvVencimientos RENAME COLUMN Pagado TO Abonado");
   EXPECT_TRUE(custodia.OfrecerRescate());
   EXPECT_THAT(dicho, ElementsAre(AllOf(HasSubstr("No se ha podido mirar"),
                                        HasSubstr("queda guardada en"))));
@@ -96,7 +97,8 @@ TEST_F(RescateEnVentana, LoQueNoSePuedeMirarSeApartaAntesDeCargar) {
 
 TEST_F(RescateEnVentana, LoQueNoSePuedeMirarNiApartarNoSeCarga) {
   DejarUnaCopia();
-  datos.Almacenados->Ejecutar("ALTER TABLE ProvVencimientos RENAME COLUMN Pagado TO Abonado");
+  datos.Almacenados->Base().Ejecutar(
+      "ALTER TABLE ProvVencimientos RENAME COLUMN Pagado TO Abonado");
   fs::remove_all(carpeta.Camino());
   EXPECT_FALSE(custodia.OfrecerRescate());
   EXPECT_THAT(dicho, ElementsAre(HasSubstr("no se abre para no perderlo")));
@@ -170,7 +172,7 @@ TEST_F(CopiaAparte, LaQueQuedoSinOfrecerSeGuardaAparteTambien) {
 }
 
 TEST_F(CopiaAparte, ElFicheroDeLaEmpresaNoLoEs) {
-  aparte = datos.NombreAlmacenados;
+  aparte = datos.Almacenados->Nombre();
   AbrirAparte();
   EXPECT_THAT(dicho, ElementsAre(HasSubstr("no tiene ninguna copia de trabajo")));
 }

@@ -51,7 +51,7 @@ class Copias : public testing::Test, protected pruebas::Oficina {
   void Reponer(const salvaguarda::Copia& copia) {
     const auto lectura = Negocio().AbrirDatos();
     salvaguarda::Copias copias(Carpeta() + "/copias");
-    salvaguarda::Reponer(*datos, *lectura, copia, copias, apoyo::kMarzo, "EVA");
+    salvaguarda::Reponer(*almacen, *lectura, copia, copias, apoyo::kMarzo, "EVA");
   }
   /// Of the folder of copies, by the beginning of their names; without what tells whose they are.
   std::vector<std::string> Ficheros(const std::string& principio) {

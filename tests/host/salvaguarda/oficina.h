@@ -90,7 +90,7 @@ class Oficina {
   /// A guard like the one at work.
   std::shared_ptr<salvaguarda::Guardia> OtraGuardia(bool avisarDeOtros = true) {
     return std::make_shared<salvaguarda::Guardia>(
-        salvaguarda::Guardia::Bases{datos, temp, negocio_.FicheroDatos(), Foto()},
+        salvaguarda::Guardia::Bases{almacen, temp, Foto()},
         salvaguarda::Guardia::Lugares{carpeta_.Fichero("copias"), carpeta_.Fichero("registro.txt")},
         "ANA", Trato(avisarDeOtros));
   }
@@ -134,6 +134,8 @@ class Oficina {
 
  public:
   services::Ref<sqlite::Conexion> datos = negocio_.AbrirDatos();
+  std::shared_ptr<salvaguarda::Almacen> almacen =
+      std::make_shared<salvaguarda::AlmacenEnFichero>(datos, negocio_.FicheroDatos());
   services::Ref<sqlite::Conexion> temp = negocio_.AbrirTemp();
   std::vector<std::string> Preguntas;
   bool Respuesta = true;

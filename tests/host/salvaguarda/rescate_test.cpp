@@ -20,7 +20,7 @@ using testing::Field;
 class RescateDeUnaMuerte : public testing::Test, protected pruebas::Oficina {
  protected:
   std::optional<salvaguarda::Rescate> Rescate() {
-    return salvaguarda::BuscarRescate(*temp, Negocio().FicheroDatos(), Foto());
+    return salvaguarda::BuscarRescate(*temp, *almacen, Foto());
   }
 };
 
@@ -66,7 +66,7 @@ TEST_F(RescateDeUnaMuerte, BuscarloNoCierraLasTablasDeLaEmpresaANadie) {
   Trabajar("UPDATE TempProvVencimientos SET Pagado = 3 WHERE FechaVto = '20050301'");
   temp->TerminarUnidad();
   const auto deTrabajo = sqlite::AbrirConexion(Negocio().FicheroTemp(), {.UnidadDeTrabajo = true});
-  ASSERT_TRUE(salvaguarda::BuscarRescate(*deTrabajo, Negocio().FicheroDatos(), Foto()));
+  ASSERT_TRUE(salvaguarda::BuscarRescate(*deTrabajo, *almacen, Foto()));
   Otro("UPDATE ProvFacturas SET Total = Total");
 }
 

@@ -1,0 +1,73 @@
+#include "anfitrion/datos_en_servidor.h"
+
+#include <algorithm>
+
+#include "anfitrion/fechas.h"
+#include "esquema/esquema_de_servidor.h"
+#include "muestra/muestra.h"
+#include "odbc/conexion_odbc.h"
+#include "odbc/texto_de_conexion.h"
+#include "salvaguarda/almacen_en_servidor.h"
+#include "valores/error.h"
+
+namespace anfitrion {
+namespace {
+
+using services::ErrorEjecucion;
+
+[[noreturn]] void Rechazar(const std::string& motivo) {
+  throw ErrorEjecucion(services::error::FalloDeConexion, motivo);
+}
+
+/// What is typed as a command is kept by the shell, and shown to whoever looks at the processes.
+void ExigirSinContrasena(const odbc::TextoDeConexion& texto) {
+  if (texto.Valor("PWD").empty() && texto.Valor("Password").empty()) return;
+  Rechazar(
+      "La contraseña no se escribe en la línea de órdenes, donde otros pueden leerla: quítela de "
+      "--datos y guárdela en el origen de datos ODBC, o escríbala cuando se le pida");
+}
+
+services::Ref<odbc::Conexion> Conectar(odbc::TextoDeConexion texto, const AlAbrir& alAbrir) {
+  while (true) {
+    try {
+      return odbc::AbrirConexion(texto.Texto());
+    } catch (const odbc::SinEntrada& fallo) {
+      if (!alAbrir.Contrasena) throw;
+      const auto contrasena = alAbrir.Contrasena(fallo.Descripcion());
+      if (!contrasena) throw;
+      texto.Poner("PWD", *contrasena);
+    }
+  }
+}
+
+bool TieneAlguna(odbc::Conexion& conexion) {
+  return std::ranges::any_of(esquema::Almacenadas(), [&](const esquema::Tabla& tabla) {
+    return conexion.TieneTabla(tabla.Nombre);
+  });
+}
+
+void Crear(odbc::Conexion& conexion, const std::string& nombre, const AlAbrir& alAbrir) {
+  const std::string sinEllas = "La base de datos " + nombre + " no tiene las tablas de la empresa.";
+  const bool quiere =
+      alAbrir.Confirmar &&
+      alAbrir.Confirmar(sinEllas + " ¿Crearlas, con un negocio de muestra para probar?");
+  if (!quiere) Rechazar(sinEllas);
+  esquema::CrearAlmacenadas(conexion);
+  muestra::Llenar(conexion, {Ahora().Dias, 0});
+}
+
+}  // namespace
+
+std::shared_ptr<salvaguarda::Almacen> AbrirEnServidor(const std::string& texto,
+                                                      const std::filesystem::path& espejo,
+                                                      const AlAbrir& alAbrir) {
+  const odbc::TextoDeConexion leido(texto);
+  ExigirSinContrasena(leido);
+  const auto conexion = Conectar(leido, alAbrir);
+  const std::string nombre = leido.Nombre();
+  if (!TieneAlguna(*conexion)) Crear(*conexion, nombre, alAbrir);
+  conexion->AlEmpezarUnidad(esquema::kTurno);
+  return std::make_shared<salvaguarda::AlmacenEnServidor>(conexion, nombre, espejo.string());
+}
+
+}  // namespace anfitrion

@@ -1,0 +1,54 @@
+#include "anfitrion/preguntas_al_abrir.h"
+
+#include <QInputDialog>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QTextStream>
+
+namespace anfitrion {
+namespace {
+
+constexpr const char* kTitulo = "Sorvex";
+
+bool Confirmar(const std::string& pregunta) {
+  QMessageBox caja(QMessageBox::Question, kTitulo, QString::fromStdString(pregunta));
+  caja.setTextFormat(Qt::PlainText);
+  const QPushButton* si = caja.addButton("Sí", QMessageBox::YesRole);
+  caja.setDefaultButton(caja.addButton("No", QMessageBox::NoRole));
+  caja.exec();
+  return caja.clickedButton() == si;
+}
+
+std::optional<std::string> PedirContrasena(const std::string& pregunta) {
+  QInputDialog dialogo;
+  dialogo.setWindowTitle(kTitulo);
+  dialogo.setLabelText(QString::fromStdString(pregunta) + "\n\nContraseña:");
+  dialogo.setTextEchoMode(QLineEdit::Password);
+  dialogo.setOkButtonText("Aceptar");
+  dialogo.setCancelButtonText("Cancelar");
+  for (QLabel* texto : dialogo.findChildren<QLabel*>()) texto->setWordWrap(true);
+  for (QLineEdit* campo : dialogo.findChildren<QLineEdit*>()) {
+    campo->setAccessibleName("Contraseña");
+    campo->setMinimumWidth(campo->fontMetrics().averageCharWidth() * 64);
+  }
+  if (dialogo.exec() != QDialog::Accepted) return std::nullopt;
+  return dialogo.textValue().toStdString();
+}
+
+}  // namespace
+
+AlAbrir EnVentanas() {
+  return {Confirmar, PedirContrasena};
+}
+
+AlAbrir SinNadie() {
+  const auto si = [](const std::string& pregunta) {
+    QTextStream(stderr) << QString::fromStdString(pregunta) << " Sí." << Qt::endl;
+    return true;
+  };
+  return {si, nullptr};
+}
+
+}  // namespace anfitrion
