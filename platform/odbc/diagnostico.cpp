@@ -66,26 +66,11 @@ constexpr auto PorNumero = std::to_array<DeNumero>({
 
 /// The first that fits counts.
 constexpr auto PorEstado = std::to_array<DeEstado>({
-    {"22", NoCabe},
-    {"23502", FaltaValor},
-    {"23505", Repetida},
-    {"23", NoAdmite},
-    {"25006", SoloLectura},
-    {"40", Deshecha},
-    {"42501", SinPermiso},
-    {"42P01", SinTabla},
-    {"42S02", SinTabla},
-    {"42703", SinColumna},
-    {"42S22", SinColumna},
-    {"42", NoSeEntiende},
-    {"53100", SinSitio},
-    {"55P03", Bloqueada},
-    {"57P", Perdida},
-    {"08", Perdida},
-    {"HYT", Perdida},
-    {"P0001", NoAdmite},
-    {"45000", NoAdmite},
-    {"IM", SinControlador},
+    {"22", NoCabe},         {"23502", FaltaValor}, {"23505", Repetida},   {"23", NoAdmite},
+    {"25006", SoloLectura}, {"40", Deshecha},      {"42501", SinPermiso}, {"42P01", SinTabla},
+    {"42S02", SinTabla},    {"42703", SinColumna}, {"42S22", SinColumna}, {"42", NoSeEntiende},
+    {"53100", SinSitio},    {"55P03", Bloqueada},  {"57P", Perdida},      {"08", Perdida},
+    {"HYT", Perdida},       {"P0001", NoAdmite},   {"45000", NoAdmite},   {"IM", SinControlador},
 });
 
 struct DeTexto {
