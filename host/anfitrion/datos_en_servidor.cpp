@@ -27,13 +27,23 @@ void ExigirSinContrasena(const odbc::TextoDeConexion& texto) {
       "--datos y guárdela en el origen de datos ODBC, o escríbala cuando se le pida");
 }
 
-services::Ref<odbc::Conexion> Conectar(odbc::TextoDeConexion texto, const AlAbrir& alAbrir) {
+std::string QuienEntra(const odbc::TextoDeConexion& texto) {
+  for (const char* nombre : {"UID", "User", "Username"}) {
+    const std::string usuario(texto.Valor(nombre));
+    if (!usuario.empty()) return "Para entrar en " + texto.Nombre() + " como " + usuario;
+  }
+  return "Para entrar en " + texto.Nombre();
+}
+
+/// With the password that the user told, if it wanted one, in the text from then on.
+services::Ref<odbc::Conexion> Conectar(odbc::TextoDeConexion& texto, const AlAbrir& alAbrir) {
   while (true) {
     try {
       return odbc::AbrirConexion(texto.Texto());
     } catch (const odbc::SinEntrada& fallo) {
       if (!alAbrir.Contrasena) throw;
-      const auto contrasena = alAbrir.Contrasena(fallo.Descripcion());
+      const bool primera = texto.Valor("PWD").empty();
+      const auto contrasena = alAbrir.Contrasena(primera ? QuienEntra(texto) : fallo.Descripcion());
       if (!contrasena) throw;
       texto.Poner("PWD", *contrasena);
     }
@@ -46,14 +56,16 @@ bool TieneAlguna(odbc::Conexion& conexion) {
   });
 }
 
-void Crear(odbc::Conexion& conexion, const std::string& nombre, const AlAbrir& alAbrir) {
-  const std::string sinEllas = "La base de datos " + nombre + " no tiene las tablas de la empresa.";
+void Crear(const odbc::TextoDeConexion& texto, const AlAbrir& alAbrir) {
+  const std::string sinEllas =
+      "La base de datos " + texto.Nombre() + " no tiene las tablas de la empresa.";
   const bool quiere =
       alAbrir.Confirmar &&
       alAbrir.Confirmar(sinEllas + " ¿Crearlas, con un negocio de muestra para probar?");
   if (!quiere) Rechazar(sinEllas);
-  esquema::CrearAlmacenadas(conexion);
-  muestra::Llenar(conexion, {Ahora().Dias, 0});
+  const auto conexion = odbc::AbrirConexion(texto.Texto(), {.CualquierSentencia = true});
+  esquema::CrearAlmacenadas(*conexion);
+  muestra::Llenar(*conexion, {Ahora().Dias, 0});
 }
 
 }  // namespace
@@ -61,13 +73,13 @@ void Crear(odbc::Conexion& conexion, const std::string& nombre, const AlAbrir& a
 std::shared_ptr<salvaguarda::Almacen> AbrirEnServidor(const std::string& texto,
                                                       const std::filesystem::path& espejo,
                                                       const AlAbrir& alAbrir) {
-  const odbc::TextoDeConexion leido(texto);
+  odbc::TextoDeConexion leido(texto);
   ExigirSinContrasena(leido);
   const auto conexion = Conectar(leido, alAbrir);
-  const std::string nombre = leido.Nombre();
-  if (!TieneAlguna(*conexion)) Crear(*conexion, nombre, alAbrir);
+  if (!TieneAlguna(*conexion)) Crear(leido, alAbrir);
   conexion->AlEmpezarUnidad(esquema::kTurno);
-  return std::make_shared<salvaguarda::AlmacenEnServidor>(conexion, nombre, espejo.string());
+  return std::make_shared<salvaguarda::AlmacenEnServidor>(conexion, leido.Nombre(),
+                                                          espejo.string());
 }
 
 }  // namespace anfitrion

@@ -24,6 +24,8 @@ struct Opciones {
   /// Whether to ask before a "Grabar" that would undo what others have done since the load.
   bool AvisarDeOtros = true;
   bool Ayuda = false;
+  /// The engine for which to write the statements that create the stored tables; empty for none.
+  QString Tablas;
 };
 
 /// Reads the arguments behind the program's name. Throws `ErrorEjecucion` 0x800A0BB9, with a text

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "valores/error.h"
+#include "valores/texto.h"
 
 namespace esquema {
 namespace {
@@ -28,6 +29,8 @@ struct Escritura {
   std::string_view Recorte;
   std::string_view ColumnaRecortada;
   std::string_view TrasLaTabla;
+  /// A column that tells the rows of a table without a key apart: clusters want one in each.
+  std::string_view Numeradas;
   /// What drops what is in a schema with it.
   std::string_view ConTodo;
 };
@@ -44,6 +47,7 @@ constexpr Escritura kPostgres = {
     .Recorte = "(btrim(#))",
     .ColumnaRecortada = "",
     .TrasLaTabla = "",
+    .Numeradas = ", Fila bigint GENERATED ALWAYS AS IDENTITY PRIMARY KEY",
     .ConTodo = " CASCADE",
 };
 constexpr Escritura kMaria = {
@@ -56,6 +60,7 @@ constexpr Escritura kMaria = {
     .Recorte = "#SinBlancos",
     .ColumnaRecortada = " GENERATED ALWAYS AS (trim(#)) VIRTUAL INVISIBLE",
     .TrasLaTabla = " ENGINE = InnoDB CHARACTER SET utf8mb4 COLLATE uca1400_spanish_nopad_as_ci",
+    .Numeradas = ", Fila bigint NOT NULL AUTO_INCREMENT INVISIBLE PRIMARY KEY",
     .ConTodo = "",
 };
 
@@ -134,7 +139,7 @@ std::string TextoDeIndice(const Indice& indice, const Escritura& escritura) {
          columnas.append(indice.Columnas) + ")";
 }
 
-std::string TextoDeCreacion(const Tabla& tabla, const Escritura& escritura) {
+std::string TextoDeCreacion(const Tabla& tabla, const Escritura& escritura, bool numerada) {
   std::string sql = "CREATE TABLE " + std::string(tabla.Nombre) + " (";
   for (const Columna& columna : tabla.Columnas) {
     const bool deClave = EsDeLaClave(tabla, columna.Nombre);
@@ -152,25 +157,32 @@ std::string TextoDeCreacion(const Tabla& tabla, const Escritura& escritura) {
     sql += nombre == tabla.Clave.front() ? ", PRIMARY KEY (" : ", ";
     sql += nombre;
   }
+  if (tabla.Clave.empty() && numerada) sql += escritura.Numeradas;
   return sql.append(tabla.Clave.empty() ? ")" : "))").append(escritura.TrasLaTabla);
 }
 
-const Escritura& EscrituraDe(odbc::Conexion& conexion) {
+const Escritura& EscrituraDe(std::string_view motor) {
   for (const Escritura* una : {&kPostgres, &kMaria}) {
-    if (conexion.NombreDelMotor().find(una->Motor) != std::string::npos) return *una;
+    if (motor.find(una->Motor) != std::string_view::npos) return *una;
+    if (services::MismoTexto(motor, una->Motor)) return *una;
   }
-  throw services::ErrorEjecucion(services::error::SentenciaRechazada,
-                                 "No se sabe crear las tablas en " + conexion.NombreDelMotor());
+  throw services::ErrorEjecucion(
+      services::error::SentenciaRechazada,
+      "Se sabe crear las tablas en PostgreSQL y en MariaDB, y no en " + std::string(motor));
 }
 
-void Crear(odbc::Conexion& conexion, std::span<const Tabla> tablas) {
-  const Escritura& escritura = EscrituraDe(conexion);
-  if (!escritura.Antes.empty()) conexion.Ejecutar(std::string(escritura.Antes));
-  for (const Tabla& tabla : tablas) conexion.Ejecutar(TextoDeCreacion(tabla, escritura));
+std::vector<std::string> Sentencias(const Escritura& escritura, std::span<const Tabla> tablas,
+                                    bool numeradas) {
+  std::vector<std::string> sentencias;
+  if (!escritura.Antes.empty()) sentencias.emplace_back(escritura.Antes);
+  for (const Tabla& tabla : tablas) {
+    sentencias.push_back(TextoDeCreacion(tabla, escritura, numeradas));
+  }
   for (const Indice& indice : kIndices) {
     const auto suya = std::ranges::find(tablas, indice.Tabla, &Tabla::Nombre);
-    if (suya != tablas.end()) conexion.Ejecutar(TextoDeIndice(indice, escritura));
+    if (suya != tablas.end()) sentencias.push_back(TextoDeIndice(indice, escritura));
   }
+  return sentencias;
 }
 
 }  // namespace
@@ -184,21 +196,32 @@ EsquemaPropio::~EsquemaPropio() {
   if (conserva_) return;
   try {
     const auto conexion = odbc::AbrirConexion(conexion_);
-    const std::string_view conTodo = EscrituraDe(*conexion).ConTodo;
+    const std::string_view conTodo = EscrituraDe(conexion->NombreDelMotor()).ConTodo;
     conexion->Ejecutar(("DROP SCHEMA " + nombre_).append(conTodo));
   } catch (const services::ErrorEjecucion&) {
     // Its server is no more.
   }
 }
 
+std::vector<std::string> SentenciasDeCreacion(std::string_view motor) {
+  std::vector<std::string> sentencias = Sentencias(EscrituraDe(motor), Almacenadas(), true);
+  sentencias.emplace_back(
+      "CREATE TABLE SorvexTurno (Clave integer PRIMARY KEY, Vez bigint NOT NULL)");
+  sentencias.emplace_back("INSERT INTO SorvexTurno (Clave, Vez) VALUES (1, 0)");
+  return sentencias;
+}
+
 void CrearAlmacenadas(odbc::Conexion& conexion) {
-  Crear(conexion, Almacenadas());
-  conexion.Ejecutar("CREATE TABLE SorvexTurno (Clave integer PRIMARY KEY, Vez bigint NOT NULL)");
-  conexion.Ejecutar("INSERT INTO SorvexTurno (Clave, Vez) VALUES (1, 0)");
+  for (const std::string& sentencia : SentenciasDeCreacion(conexion.NombreDelMotor())) {
+    conexion.Ejecutar(sentencia);
+  }
 }
 
 void CrearDeTrabajo(odbc::Conexion& conexion) {
-  Crear(conexion, DeTrabajo());
+  const Escritura& escritura = EscrituraDe(conexion.NombreDelMotor());
+  for (const std::string& sentencia : Sentencias(escritura, DeTrabajo(), false)) {
+    conexion.Ejecutar(sentencia);
+  }
 }
 
 }  // namespace esquema

@@ -1,12 +1,17 @@
 #pragma once
 
 #include <string>
+#include <string_view>
+#include <vector>
 
 #include "esquema/definiciones.h"
 #include "odbc/conexion_odbc.h"
 
 namespace esquema {
 
+/// The statements that create the stored tables and their indexes in an engine, PostgreSQL or
+/// MariaDB, in their order; 0x80040E14 for any other.
+[[nodiscard]] std::vector<std::string> SentenciasDeCreacion(std::string_view motor);
 /// Creates the stored tables and their indexes in the database that the connection is in: one of
 /// PostgreSQL or MariaDB; 0x80040E14 for any other engine. It fails where one of them is there
 /// already.

@@ -1,9 +1,10 @@
 #include "salvaguarda/almacen_en_servidor.h"
 
 #include <algorithm>
-#include <array>
 #include <filesystem>
-#include <set>
+#include <map>
+#include <numeric>
+#include <span>
 #include <vector>
 
 #include "esquema/esquema_sqlite.h"
@@ -67,45 +68,58 @@ std::string Escrito(const Valor& valor) {
   return momento ? Fecha(services::TextoIso(*momento)) : sql::Literal(valor);
 }
 
-/// What tells rows apart to the letter.
-std::string ALaLetra(const Filas& filas, std::size_t fila) {
+/// Some cells of a row, to the letter.
+std::string ALaLetra(const Filas& filas, std::size_t fila, const std::vector<std::size_t>& cuales) {
   std::string texto;
-  for (std::size_t i = 0; i < filas.Columnas(); ++i) texto += sql::Literal(filas.En(fila, i)) + ",";
+  for (const std::size_t i : cuales) texto += sql::Literal(filas.En(fila, i)) + ",";
   return texto;
 }
 
-std::set<std::string> ALaLetra(const Filas& filas) {
-  std::set<std::string> textos;
-  for (std::size_t i = 0; i < filas.Cuantas(); ++i) textos.insert(ALaLetra(filas, i));
-  return textos;
+/// Where the key of a table stands among its columns.
+std::vector<std::size_t> Clave(const Tabla& tabla, const std::vector<services::Columna>& columnas) {
+  std::vector<std::size_t> clave;
+  for (const std::string_view nombre : tabla.Clave()) {
+    const auto suya = std::ranges::find_if(
+        columnas, [&](const services::Columna& columna) { return columna.Nombre == nombre; });
+    clave.push_back(static_cast<std::size_t>(suya - columnas.begin()));
+  }
+  return clave;
 }
 
-std::string Borrado(const Tabla& tabla, const std::vector<services::Columna>& columnas,
-                    const Filas& filas, std::size_t fila) {
+/// The rows by their keys, to the letter.
+std::map<std::string, std::size_t> PorClave(const Filas& filas,
+                                            const std::vector<std::size_t>& clave) {
+  std::map<std::string, std::size_t> lugares;
+  for (std::size_t i = 0; i < filas.Cuantas(); ++i) lugares.emplace(ALaLetra(filas, i, clave), i);
+  return lugares;
+}
+
+std::string Borrado(const Tabla& tabla, const std::vector<std::size_t>& clave, const Filas& filas,
+                    std::size_t fila) {
   std::vector<std::string> condiciones;
-  for (const std::string_view clave : tabla.Clave()) {
-    const auto suya = std::ranges::find_if(
-        columnas, [&](const services::Columna& columna) { return columna.Nombre == clave; });
-    const Valor valor = filas.En(fila, static_cast<std::size_t>(suya - columnas.begin()));
-    condiciones.push_back(Juntar({tabla.Nombre, ".", clave, " = ", Escrito(valor)}));
+  for (std::size_t i = 0; i < clave.size(); ++i) {
+    condiciones.push_back(
+        Juntar({tabla.Nombre, ".", tabla.Clave()[i], " = ", Escrito(filas.En(fila, clave[i]))}));
   }
   return Juntar({"DELETE ", tabla.Nombre, ".* FROM ", tabla.Nombre, " WHERE ",
                  sql::Separar(condiciones, " AND ")});
 }
 
-/// Puts rows where a cursor leads, `cuales` of them.
-template <class Poner>
-void Anadir(const Filas& filas, std::size_t columnas,
-            const std::function<bool(std::size_t)>& cuales, const Poner& poner) {
-  std::vector<Valor> valores(columnas);
-  std::vector<services::Asignacion> asignaciones;
-  for (std::size_t i = 0; i < columnas; ++i) asignaciones.push_back({i, &valores[i]});
-  for (std::size_t fila = 0; fila < filas.Cuantas(); ++fila) {
-    if (!cuales(fila)) continue;
-    for (std::size_t i = 0; i < columnas; ++i) valores[i] = filas.En(fila, i);
-    poner(asignaciones);
+/// The values of a row, on their way to where a cursor leads.
+class Asignadas {
+ public:
+  explicit Asignadas(std::size_t columnas) : valores_(columnas) {
+    for (std::size_t i = 0; i < columnas; ++i) asignaciones_.push_back({i, &valores_[i]});
   }
-}
+  std::span<const services::Asignacion> De(const Filas& filas, std::size_t fila) {
+    for (std::size_t i = 0; i < valores_.size(); ++i) valores_[i] = filas.En(fila, i);
+    return asignaciones_;
+  }
+
+ private:
+  std::vector<Valor> valores_;
+  std::vector<services::Asignacion> asignaciones_;
+};
 
 }  // namespace
 
@@ -212,17 +226,18 @@ void AlmacenEnServidor::TraerPorClave(std::string_view tabla,
 void AlmacenEnServidor::Copiar(std::string_view tabla, const std::string& sentencia) {
   const auto cursor = servidor_->AbrirPropia(sentencia, ModoApertura::Lectura);
   const auto destino = espejo_->Abrir(Todas(tabla), ModoApertura::Optimista);
-  Anadir(
-      cursor->Leer(), cursor->Columnas().size(), [](std::size_t) { return true; },
-      [&](const auto& fila) { destino->Insertar(fila); });
+  const Filas filas = cursor->Leer();
+  Asignadas asignadas(cursor->Columnas().size());
+  for (std::size_t i = 0; i < filas.Cuantas(); ++i) destino->Insertar(asignadas.De(filas, i));
 }
 
 // First in the mirror: what then differs from what was there goes to the server.
 void AlmacenEnServidor::Cambiar(const std::string& sql) {
   sql::Transaccion transaccion(*espejo_);
   std::vector<Filas> antes;
-  for (const Tabla& tabla : Tablas())
+  for (const Tabla& tabla : Tablas()) {
     antes.push_back(espejo_->Consultar(Todas(tabla.Nombre)).Filas);
+  }
   espejo_->Ejecutar(sql);
   for (std::size_t i = 0; i < antes.size(); ++i) Llevar(Tablas()[i], antes[i]);
   servidor_->EscribirPendientes();
@@ -231,22 +246,28 @@ void AlmacenEnServidor::Cambiar(const std::string& sql) {
 
 void AlmacenEnServidor::Llevar(const Tabla& tabla, const Filas& antes) {
   const auto [columnas, ahora] = espejo_->Consultar(Todas(tabla.Nombre));
-  const std::set<std::string> quedan = ALaLetra(ahora);
-  const std::set<std::string> estaban = ALaLetra(antes);
+  const std::vector<std::size_t> clave = Clave(tabla, columnas);
+  const auto habia = PorClave(antes, clave);
+  const auto hay = PorClave(ahora, clave);
   services::BorradosJuntos juntos(*servidor_);
-  for (std::size_t i = 0; i < antes.Cuantas(); ++i) {
-    if (quedan.contains(ALaLetra(antes, i))) continue;
-    (void)servidor_->AbrirPropia(Borrado(tabla, columnas, antes, i), ModoApertura::Optimista);
+  for (const auto& [suya, fila] : habia) {
+    if (hay.contains(suya)) continue;
+    (void)servidor_->AbrirPropia(Borrado(tabla, clave, antes, fila), ModoApertura::Optimista);
   }
   juntos.Terminar();
-  const auto destino = servidor_->AbrirPropia(Todas(tabla.Nombre), ModoApertura::Optimista);
-  Anadir(
-      ahora, columnas.size(),
-      [&](std::size_t fila) { return !estaban.contains(ALaLetra(ahora, fila)); },
-      [&](const auto& fila) {
-        destino->InsertarLuego(fila,
-                               [](const auto& fallo) { throw services::ErrorEjecucion(fallo); });
-      });
+  const auto destino = servidor_->AbrirPropia(Todas(tabla.Nombre), ModoApertura::Pesimista);
+  std::vector<std::size_t> todas(columnas.size());
+  std::iota(todas.begin(), todas.end(), 0);
+  Asignadas asignadas(columnas.size());
+  for (const auto& [suya, fila] : hay) {
+    const auto anterior = habia.find(suya);
+    if (anterior == habia.end()) {
+      destino->InsertarLuego(asignadas.De(ahora, fila),
+                             [](const auto& fallo) { throw services::ErrorEjecucion(fallo); });
+    } else if (ALaLetra(antes, anterior->second, todas) != ALaLetra(ahora, fila, todas)) {
+      destino->Actualizar(antes, anterior->second, asignadas.De(ahora, fila));
+    }
+  }
 }
 
 }  // namespace salvaguarda

@@ -12,6 +12,7 @@
 #include "anfitrion/ventana_principal.h"
 #include "automation/registro_clases.h"
 #include "automation/servidores.h"
+#include "esquema/esquema_de_servidor.h"
 #include "services/anfitrion.h"
 #include "valores/error.h"
 
@@ -99,6 +100,18 @@ int Iniciar(const Opciones& opciones) {
   return conAlguien ? Trabajar(ventana) : Capturar(ventana, opciones.Captura);
 }
 
+int EscribirTablas(const std::string& motor) {
+  try {
+    for (const std::string& sentencia : esquema::SentenciasDeCreacion(motor)) {
+      Salida() << QString::fromStdString(sentencia) << ";" << Qt::endl;
+    }
+    return EXIT_SUCCESS;
+  } catch (const services::ErrorEjecucion& fallo) {
+    QTextStream(stderr) << QString::fromStdString(fallo.Descripcion()) << Qt::endl;
+    return EXIT_FAILURE;
+  }
+}
+
 void MostrarFallo(const QString& texto, bool sinPantalla) {
   QTextStream(stderr) << texto << Qt::endl;
   if (sinPantalla) return;
@@ -122,6 +135,7 @@ int main(int argc, char** argv) {
     Salida() << anfitrion::TextoDeAyuda() << Qt::endl;
     return EXIT_SUCCESS;
   }
+  if (!opciones.Tablas.isEmpty()) return EscribirTablas(opciones.Tablas.toStdString());
   if (!opciones.Captura.isEmpty()) qputenv("QT_QPA_PLATFORM", "offscreen");
   QApplication aplicacion(argc, argv);
   try {
