@@ -10,7 +10,9 @@ Ficheros::Ficheros(const Opciones& opciones)
     : datos_(Fichero(opciones.Datos, "datos.sqlite", opciones.Mantener)),
       local_(Fichero(opciones.Local, "local.sqlite", opciones.Mantener)) {
   if (opciones.Servidor.empty()) return;
-  esquema_.emplace(opciones.Servidor, "guion_" + std::to_string(getpid()));
+  const bool deSiempre = !opciones.Esquema.empty();
+  esquema_.emplace(opciones.Servidor,
+                   deSiempre ? opciones.Esquema : "guion_" + std::to_string(getpid()), deSiempre);
   if (opciones.Mantener) esquema_->Conservar();
 }
 

@@ -12,8 +12,8 @@ constexpr std::string_view kOdbc = "odbc:";
 
 [[noreturn]] void DecirUso(const std::string& motivo) {
   throw NoSeEntiende(motivo +
-                     "\nuso: tesvara-guion [--datos CONEXIÓN] [--local FICHERO] [--mantener] "
-                     "FICHERO|-");
+                     "\nuso: tesvara-guion [--datos CONEXIÓN] [--esquema NOMBRE] [--local "
+                     "FICHERO] [--mantener] FICHERO|-");
 }
 
 void PonerDatos(Opciones& opciones, const std::string& conexion) {
@@ -43,6 +43,8 @@ Opciones LeerOpciones(const std::vector<std::string>& argumentos) {
     };
     if (palabra == "--datos") {
       PonerDatos(opciones, valor());
+    } else if (palabra == "--esquema") {
+      opciones.Esquema = valor();
     } else if (palabra == "--local") {
       opciones.Local = valor();
     } else if (palabra == "--mantener") {

@@ -9,6 +9,7 @@ namespace guion {
 struct Opciones {
   std::string Datos;     ///< file of the stored tables; empty for a fresh one
   std::string Servidor;  ///< connection text of their server instead
+  std::string Esquema;   ///< of the server; empty for one of the run's own
   std::string Local;     ///< file of the working tables; the same
   bool Mantener = false;
   std::string Fichero;  ///< the scenario; `-` for the standard input

@@ -25,7 +25,9 @@ struct Escritura {
   std::string_view Comparacion;
   std::string_view Momento;
   /// What an index of a text without the blanks around it is of, the text in place of the `#`: an
-  /// expression, or where there are no indexes of any a column that holds it and isn't shown.
+  /// expression, or where there are no indexes of any a column that holds it and isn't shown. It is
+  /// stored: a node of a cluster that was killed doesn't start again over indexes of what isn't
+  /// (it looks for its tables' definitions to purge them, and never finds them while it recovers).
   std::string_view Recorte;
   std::string_view ColumnaRecortada;
   std::string_view TrasLaTabla;
@@ -58,7 +60,7 @@ constexpr Escritura kMaria = {
     .Comparacion = "",
     .Momento = "datetime",
     .Recorte = "#SinBlancos",
-    .ColumnaRecortada = " GENERATED ALWAYS AS (trim(#)) VIRTUAL INVISIBLE",
+    .ColumnaRecortada = " GENERATED ALWAYS AS (trim(#)) STORED INVISIBLE",
     .TrasLaTabla = " ENGINE = InnoDB CHARACTER SET utf8mb4 COLLATE uca1400_spanish_nopad_as_ci",
     .Numeradas = ", Fila bigint NOT NULL AUTO_INCREMENT INVISIBLE PRIMARY KEY",
     .ConTodo = "",
@@ -171,6 +173,12 @@ const Escritura& EscrituraDe(std::string_view motor) {
       "Se sabe crear las tablas en PostgreSQL y en MariaDB, y no en " + std::string(motor));
 }
 
+bool HayEsquema(odbc::Conexion& conexion, const std::string& nombre) {
+  const std::string consulta =
+      "SELECT schema_name FROM information_schema.schemata WHERE schema_name = '" + nombre + "'";
+  return conexion.Consultar(consulta).Filas.Cuantas() > 0;
+}
+
 std::vector<std::string> Sentencias(const Escritura& escritura, std::span<const Tabla> tablas,
                                     bool numeradas) {
   std::vector<std::string> sentencias;
@@ -187,9 +195,11 @@ std::vector<std::string> Sentencias(const Escritura& escritura, std::span<const 
 
 }  // namespace
 
-EsquemaPropio::EsquemaPropio(std::string conexion, std::string nombre)
-    : conexion_(std::move(conexion)), nombre_(std::move(nombre)) {
-  odbc::AbrirConexion(conexion_)->Ejecutar("CREATE SCHEMA " + nombre_);
+EsquemaPropio::EsquemaPropio(std::string conexion, std::string nombre, bool deSiempre)
+    : conexion_(std::move(conexion)), nombre_(std::move(nombre)), conserva_(deSiempre) {
+  const auto abierta = odbc::AbrirConexion(conexion_);
+  if (deSiempre && HayEsquema(*abierta, nombre_)) return;
+  abierta->Ejecutar("CREATE SCHEMA " + nombre_);
 }
 
 EsquemaPropio::~EsquemaPropio() {

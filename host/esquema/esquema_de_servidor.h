@@ -25,11 +25,12 @@ inline constexpr const char* kTurno = "UPDATE SorvexTurno SET Vez = Vez + 1";
 void CrearDeTrabajo(odbc::Conexion& conexion);
 
 /// A schema of one's own on a server, or a database where it has no schemas in one: made at once,
-/// and dropped at the end with all that is in it unless it is kept.
+/// and dropped at the end with all that is in it unless it is kept. One `deSiempre` may be there
+/// before, and is kept.
 class EsquemaPropio {
  public:
-  /// Throws `ErrorEjecucion`, also where it is there already.
-  EsquemaPropio(std::string conexion, std::string nombre);
+  /// Throws `ErrorEjecucion`, also where it is there already and isn't one of those.
+  EsquemaPropio(std::string conexion, std::string nombre, bool deSiempre = false);
   ~EsquemaPropio();
   EsquemaPropio(const EsquemaPropio&) = delete;
   EsquemaPropio& operator=(const EsquemaPropio&) = delete;

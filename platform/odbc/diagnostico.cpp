@@ -144,6 +144,10 @@ bool EsDeConexionPerdida(const Diagnostico& diagnostico) {
   return Explicar(diagnostico).frase == Perdida.frase;
 }
 
+bool EsDeOtro(const Diagnostico& diagnostico) {
+  return Explicar(diagnostico).frase == Deshecha.frase;
+}
+
 services::ErrorEjecucion ErrorDe(const Diagnostico& diagnostico, std::string_view motor) {
   const Explicacion explicacion = Explicar(diagnostico);
   std::string descripcion(explicacion.frase);

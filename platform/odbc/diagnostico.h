@@ -23,6 +23,9 @@ struct Diagnostico {
 [[nodiscard]] bool EsDeConexionPerdida(const Diagnostico& diagnostico);
 /// Whether the server doesn't let this user in, for want of a password too.
 [[nodiscard]] bool EsDeSesion(const Diagnostico& diagnostico);
+/// Whether the server has undone all that the unit wrote, because of what another wrote: the same
+/// may succeed when it is tried anew.
+[[nodiscard]] bool EsDeOtro(const Diagnostico& diagnostico);
 /// The run-time error that it is, in the user's words and then in those of the `motor`.
 [[nodiscard]] services::ErrorEjecucion ErrorDe(const Diagnostico& diagnostico,
                                                std::string_view motor);

@@ -2,6 +2,7 @@
 
 #include <array>
 
+#include "odbc/consulta.h"
 #include "valores/error.h"
 
 namespace odbc {
@@ -59,6 +60,18 @@ void Enlace::ConectarCon(const TextoDeConexion& texto) {
     Abrir(conLoSuyo);
   }
   EmpezarSesion();
+  if (textos_.size() > 1) ExigirQueSirva();
+}
+
+/// A node of a cluster that isn't part of it now fails at whatever it is asked.
+void Enlace::ExigirQueSirva() {
+  if (servidor_->SoloLectura.empty()) return;
+  const ManejoDeOrden orden = NuevaOrden();
+  ContarViaje();
+  Comprobar(SQLExecDirect(orden.get(), Texto(std::string(servidor_->SoloLectura).c_str()), SQL_NTS),
+            orden.Suyo);
+  if (LeerTextos(*this, orden, {1}).at(0).at(0) != "1") return;
+  throw ErrorEjecucion(services::error::FalloDeConexion, "El servidor es de solo lectura");
 }
 
 void Enlace::Abrir(const TextoDeConexion& texto) {
@@ -120,7 +133,9 @@ void Enlace::Comprobar(SQLRETURN resultado, const Manejo& manejo) {
     perdido_ = true;
     diagnostico.Perdida = true;
   }
-  throw ErrorDe(diagnostico, motor_);
+  const ErrorEjecucion fallo = ErrorDe(diagnostico, motor_);
+  if (EsDeOtro(diagnostico)) throw UnidadDeshecha(fallo.Numero(), fallo.Descripcion());
+  throw ErrorEjecucion(fallo);
 }
 
 /// A driver may tell of it by no more than that something failed.

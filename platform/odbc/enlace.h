@@ -18,6 +18,11 @@ class SinEntrada final : public services::ErrorEjecucion {
   using ErrorEjecucion::ErrorEjecucion;
 };
 
+/// The server has undone the unit because of what another wrote; it may be tried anew.
+class UnidadDeshecha final : public services::ErrorEjecucion {
+  using ErrorEjecucion::ErrorEjecucion;
+};
+
 /// A connection that is open until nobody uses it any more.
 struct Linea {
   explicit Linea(SQLHANDLE entorno) : Conexion(SQL_HANDLE_DBC, entorno) {}
@@ -40,7 +45,8 @@ struct ManejoDeOrden {
 };
 
 /// The way to a server. Once it is lost it stays so until somebody asks to go on; that is tried
-/// once, at each of the servers of its text in turn.
+/// once, at each of the servers of its text in turn. Of several those that can't be written to are
+/// passed over.
 class Enlace {
  public:
   /// Connects. Throws `ErrorEjecucion` 0x80004005 where no server of the text can be reached, the
@@ -63,7 +69,7 @@ class Enlace {
   [[nodiscard]] bool Perdido() const { return perdido_; }
 
   [[nodiscard]] ManejoDeOrden NuevaOrden();
-  /// Throws what the driver says of a call that failed.
+  /// Throws what the driver says of a call that failed, as `UnidadDeshecha` where it is that.
   void Comprobar(SQLRETURN resultado, const Manejo& manejo);
   /// Runs what gives no rows, as it stands.
   void Ejecutar(const std::string& sql);
@@ -77,6 +83,7 @@ class Enlace {
   void ConectarCon(const TextoDeConexion& texto);
   void Abrir(const TextoDeConexion& texto);
   void EmpezarSesion();
+  void ExigirQueSirva();
   [[nodiscard]] bool Muerta() const;
   void EntrarEnEsquema();
   [[nodiscard]] std::string Dato(SQLUSMALLINT cual) const;

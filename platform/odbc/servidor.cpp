@@ -19,7 +19,6 @@ constexpr auto kAtributosPostgres = std::to_array<Par>({
 });
 constexpr auto kAlConectarPostgres = std::to_array<std::string_view>({
     "SET lock_timeout = 5000",
-    "SET default_transaction_isolation = 'read committed'",
     "SET standard_conforming_strings = on",
 });
 constexpr auto kLeerPostgres = std::to_array<std::string_view>({
@@ -42,6 +41,9 @@ constexpr Servidor kPostgres = {
     .AlLeerDeUnMomento = kLeerPostgres,
     .FalloSeLoLlevaTodo = true,
     .MismoTexto = {"", " COLLATE \"C\" = ?"},
+    .SoloLectura =
+        "SELECT CASE WHEN pg_is_in_recovery() OR "
+        "current_setting('transaction_read_only') = 'on' THEN 1 ELSE 0 END",
     .ParaCambiar = " FOR UPDATE",
 };
 
@@ -52,6 +54,8 @@ constexpr auto kAtributosMaria =
 constexpr auto kAlConectarMaria = std::to_array<std::string_view>({
     "SET SESSION sql_mode = 'STRICT_ALL_TABLES,NO_ENGINE_SUBSTITUTION', "
     "innodb_lock_wait_timeout = 5, tx_isolation = 'READ-COMMITTED', "
+    // On a node of a cluster, what others have ended on another is there before it is looked at.
+    "wsrep_sync_wait = 3, "
     // What a load joins is found once, and not anew for each supplier.
     "optimizer_switch = 'split_materialized=off'",
 });
@@ -77,6 +81,7 @@ constexpr Servidor kMaria = {
     .AlConectar = kAlConectarMaria,
     .AlLeerDeUnMomento = kLeerMaria,
     .MismoTexto = {"BINARY ", " = BINARY ?"},
+    .SoloLectura = "SELECT @@global.read_only",
     .ParaCambiar = " FOR UPDATE",
 };
 

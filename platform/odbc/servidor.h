@@ -34,6 +34,8 @@ struct Servidor {
   bool FalloSeLoLlevaTodo = false;
   /// Whether a column holds the same text as another, to the letter.
   dialecto::Envoltura MismoTexto = {"", " = ?"};
+  /// A SELECT that tells 1 where nothing can be written now.
+  std::string_view SoloLectura = {};
   /// What keeps others from changing a row that is read, until the end of the unit.
   std::string_view ParaCambiar = {};
 };

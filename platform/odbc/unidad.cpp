@@ -9,6 +9,7 @@ using services::Filas;
 
 namespace {
 
+constexpr int kIntentos = 10;
 constexpr const char* kGuardar = "SAVEPOINT Fila";
 constexpr const char* kGuardarDeNuevo = "RELEASE SAVEPOINT Fila; SAVEPOINT Fila";
 constexpr const char* kVolver = "ROLLBACK TO SAVEPOINT Fila";
@@ -55,7 +56,21 @@ void Unidad::AntesDeEscribir() {
   enCurso_ = agrupa_;
   guardado_ = false;
   ++transacciones_;
-  if (enCurso_ && !alEmpezar_.empty()) Intentar([this] { enlace_.Ejecutar(alEmpezar_); });
+  if (enCurso_ && !alEmpezar_.empty()) Intentar([this] { EsperarTurno(); });
+}
+
+/// What a server can't put in an order with what others do it undoes; so little of it is tried
+/// anew.
+void Unidad::EsperarTurno() {
+  for (int quedan = kIntentos;; --quedan) {
+    try {
+      return enlace_.Ejecutar(alEmpezar_);
+    } catch (const UnidadDeshecha&) {
+      if (quedan == 1) throw;
+      enlace_.Comprobar(SQLEndTran(SQL_HANDLE_DBC, enlace_.Conexion().get(), SQL_ROLLBACK),
+                        enlace_.Conexion());
+    }
+  }
 }
 
 /// Before each write, where a failure would take what came before it.

@@ -46,6 +46,7 @@ class Unidad {
 
  private:
   void AntesDeEscribir();
+  void EsperarTurno();
   void ExigirUnidad();
   void Guardar();
   void Deshacer(const services::ErrorEjecucion& fallo);

@@ -15,6 +15,7 @@ from prueba_cortes import PAGAR, TABLAS, Fallo
 from servidores import MariaDB, PostgreSQL, Servidor, en_marcha, programa
 
 MUERTES = 8
+ESQUEMA = "muertes"
 
 
 def preguntar(servidor: Servidor, sql: str) -> list[str]:
@@ -33,36 +34,28 @@ class Prueba:
         self.guion = guion
         self.servidor = servidor
 
-    def correr(self, lineas: list[str], corte: Corte, *opciones: str) -> str:
+    def correr(self, lineas: list[str], corte: Corte) -> str:
         texto = self.servidor.texto.replace(f"Port={self.servidor.puerto}", f"Port={corte.puerto}")
-        hecho = subprocess.run([self.guion, *opciones, "--datos", texto, "-"],
+        hecho = subprocess.run([self.guion, "--esquema", ESQUEMA, "--datos", texto, "-"],
                                input="\n".join(lineas) + "\n", capture_output=True, text=True,
                                check=False, timeout=180)
         if hecho.returncode != 0:
             raise Fallo(f"estado {hecho.returncode}: {hecho.stderr}{hecho.stdout}")
         return hecho.stdout
 
-    def esquema(self) -> str:
-        hallados = preguntar(self.servidor, "SELECT schema_name FROM information_schema.schemata "
-                                            "WHERE schema_name LIKE 'guion%'")
-        if len(hallados) != 1:
-            raise Fallo(f"esquemas {hallados}")
-        return hallados[0]
-
     def filas(self) -> list[str]:
-        """Those of the one schema that was left, which is dropped."""
-        esquema = self.esquema()
+        """Those of the schema, which is dropped."""
         filas = []
         for tabla, columnas in TABLAS.items():
-            filas += preguntar(self.servidor, f"SELECT {columnas} FROM {esquema}.{tabla} "
+            filas += preguntar(self.servidor, f"SELECT {columnas} FROM {ESQUEMA}.{tabla} "
                                               f"ORDER BY {columnas}")
         todo = " CASCADE" if isinstance(self.servidor, PostgreSQL) else ""
-        preguntar(self.servidor, f"DROP SCHEMA {esquema}{todo}")
+        preguntar(self.servidor, f"DROP SCHEMA {ESQUEMA}{todo}")
         return filas
 
     def contar(self, lineas: list[str]) -> tuple[int, list[str]]:
         corte = Corte(self.servidor.puerto)
-        self.correr(lineas, corte, "--mantener")
+        self.correr(lineas, corte)
         corte.terminar()
         return corte.mensajes, self.filas()
 
@@ -77,7 +70,7 @@ class Prueba:
             tras = hasta + 5 + (total - hasta - 5) * i // MUERTES
             corte = Corte(self.servidor.puerto, tras, llega=i % 2 == 1)
             corte.al_cortar = self.servidor.matar
-            dicho = self.correr([*PAGAR, "pulsar BotonAceptar"], corte, "--mantener")
+            dicho = self.correr([*PAGAR, "pulsar BotonAceptar"], corte)
             corte.terminar()
             self.servidor.matar()  # where it did with fewer messages
             self.servidor.empezar()
