@@ -124,6 +124,7 @@ void CrearAlmacenadasComo(services::Conexion& otras, sqlite::Conexion& conexion)
   for (const Tabla& tabla : Almacenadas()) {
     std::vector<Columna> columnas;
     const auto suyas = otras.ColumnasDe(tabla.Nombre);
+    columnas.reserve(suyas.size());
     for (const auto& suya : suyas) {
       columnas.push_back({NombreDe(tabla, suya), suya.Tipo, suya.Longitud});
     }

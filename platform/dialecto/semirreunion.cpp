@@ -197,7 +197,7 @@ std::string Semirreunion::TextoDe(const ColumnaDeFuente& columna) const {
   const auto conNombre = [&](std::string_view nombre) {
     return Entre(motor_.Comilla, En(columna.Fuente).Nombre) + "." + Entre(motor_.Comilla, nombre);
   };
-  const std::string texto = conNombre(ColumnaDe(tabla, columna.Columna).Nombre);
+  std::string texto = conNombre(ColumnaDe(tabla, columna.Columna).Nombre);
   if (!columna.SinBlancos) return texto;
   const auto recortada =
       std::ranges::find(tabla.Recortadas, columna.Columna, &Tabla::Recortada::Columna);
