@@ -78,7 +78,8 @@ class Puesto {
   services::Ref<sqlite::Conexion> datos_ = negocio_.AbrirDatos();
   services::Ref<sqlite::Conexion> temp_ = negocio_.AbrirTemp();
   salvaguarda::Guardia guardia_{
-      {datos_, temp_, negocio_.FicheroDatos(), carpeta_.Fichero("trabajo.foto")},
+      {std::make_shared<salvaguarda::AlmacenEnFichero>(datos_, negocio_.FicheroDatos()), temp_,
+       carpeta_.Fichero("trabajo.foto")},
       {carpeta_.Fichero("copias"), carpeta_.Fichero("registro.txt")},
       "ANA",
       {.Ahora = [] { return apoyo::kMarzo; },

@@ -3,7 +3,7 @@
 paquetes_construir="g++ cmake ninja-build qt6-base-dev libsqlite3-dev unixodbc-dev libqpdf-dev fonts-dejavu-core fonts-urw-base35 qt6-translations-l10n"
 paquetes_probar="git libgtest-dev libgmock-dev clang libclang-rt-dev clang-format python3 qt6-base-private-dev poppler-utils cups-daemon cups-client locales"
 paquetes_odbc="odbc-postgresql odbc-mariadb"
-paquetes_servidores="openssl postgresql-15 mariadb-server-core mariadb-client-core odbc-postgresql odbc-mariadb libsqliteodbc"
+paquetes_servidores="openssl postgresql-15 mariadb-server-core mariadb-client-core $paquetes_odbc libsqliteodbc"
 paquetes_cluster="galera-4 mariadb-server rsync lsof iproute2 procps"
 paquetes_medir="libbenchmark-dev"
 

@@ -5,15 +5,20 @@
 #include "apoyo/sesion_sin_pantalla.h"
 #include "medida.h"
 #include "negocio_en_servidor.h"
+#include "salvaguarda/almacen_en_servidor.h"
+#include "salvaguarda/guardia.h"
 #include "sentencias_del_cliente.h"
 
 // A load and a commit of a range with the stored tables on a server, against the same work done by
-// the server's own client, set by set; and how often the server is asked for each invoice.
+// the server's own client, set by set; how often the server is asked for each invoice; and what the
+// suite's guard takes besides.
 
 namespace medidas {
 namespace {
 
 constexpr int kVeces = 3;
+
+using Tarea = salvaguarda::Comienzo::Tarea;
 
 struct Trabajo {
   double Segundos;
@@ -46,6 +51,33 @@ struct Sesion {
   apoyo::SesionSinPantalla SinPantalla;
 };
 
+/// What the suite's guard does beside a load and a commit.
+class Guardia {
+ public:
+  explicit Guardia(const Sesion& sesion)
+      : datos_(sesion.Datos),
+        guardia_({std::make_shared<salvaguarda::AlmacenEnServidor>(
+                      sesion.Datos, "medida", carpeta_.Fichero("espejo.sqlite")),
+                  sesion.Temp, carpeta_.Fichero("trabajo.foto")},
+                 {carpeta_.Fichero("copias"), carpeta_.Fichero("registro.txt")}, "ANA",
+                 {.Ahora = [] { return apoyo::kMarzo; },
+                  .Preguntar = [](const std::string&) { return true; }}) {}
+
+  double AlComenzar(salvaguarda::Comienzo::Tarea tarea) {
+    const double segundos = Segundos([&] { guardia_.AlComenzar({tarea, kRango}); });
+    datos_->AbandonarUnidad();
+    return segundos;
+  }
+
+ private:
+  static inline const salvaguarda::Rango kRango{apoyo::kRangoDeMarzo.Desde,
+                                                apoyo::kRangoDeMarzo.Hasta};
+
+  pruebas::CarpetaTemporal carpeta_;
+  services::Ref<odbc::Conexion> datos_;
+  salvaguarda::Guardia guardia_;
+};
+
 void EnUnServidor(benchmark::State& state, const Servidor& servidor, const std::string& lento) {
   const auto facturas = static_cast<int>(state.range(0));
   const NegocioEnServidor negocio(servidor, {facturas, facturas});
@@ -56,15 +88,20 @@ void EnUnServidor(benchmark::State& state, const Servidor& servidor, const std::
   Tiempos cargaDelCliente;
   Tiempos grabacionDelCliente;
   Tiempos cargaLenta;
+  Tiempos guardiaAlCargar;
+  Tiempos guardiaAlGrabar;
   Trabajo deCarga{};
   Trabajo deGrabacion{};
   for (auto vuelta : state) {
     (void)vuelta;
     for (int i = 0; i < kVeces; ++i) {
       Sesion sesion(negocio, servidor.Texto);
+      Guardia guardia(sesion);
+      guardiaAlCargar.Anadir(guardia.AlComenzar(Tarea::Carga));
       deCarga = sesion.Cargar();
       carga.Anadir(deCarga.Segundos);
       cargaDelCliente.Anadir(negocio.CorrerCliente(sentencias.Cargar()));
+      guardiaAlGrabar.Anadir(guardia.AlComenzar(Tarea::Grabacion));
       deGrabacion = sesion.Grabar();
       grabacion.Anadir(deGrabacion.Segundos);
       const std::string grabado = negocio.Resumen();
@@ -76,6 +113,8 @@ void EnUnServidor(benchmark::State& state, const Servidor& servidor, const std::
   }
   state.counters["razon_carga"] = carga.Mediana() / cargaDelCliente.Mediana();
   state.counters["razon_grabar"] = grabacion.Mediana() / grabacionDelCliente.Mediana();
+  state.counters["guardia_al_cargar"] = guardiaAlCargar.Mediana() / carga.Mediana();
+  state.counters["guardia_al_grabar"] = guardiaAlGrabar.Mediana() / grabacion.Mediana();
   state.counters["grabar_ms"] = grabacion.Mediana() * 1000;
   state.counters["viajes_por_mil_carga"] = static_cast<double>(deCarga.Viajes) * 1000 / facturas;
   state.counters["viajes_por_mil_grabar"] =

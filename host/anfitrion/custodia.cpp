@@ -263,8 +263,7 @@ void Custodia::Recuperar(const std::function<bool()>& cerrar) try {
     guardia_->Anotar("Recuperada la copia " + elegida.Fichero.string());
     Decir("La copia está recuperada. Lo que había hasta ahora queda en otra.");
   } catch (const std::exception& fallo) {
-    Decir("No se ha podido recuperar la copia, y todo queda como estaba: " +
-          QString::fromUtf8(fallo.what()));
+    Decir("No se ha podido recuperar la copia: " + QString::fromUtf8(fallo.what()));
   }
 } catch (const std::exception& fallo) {
   Decir("No se han podido leer las copias: " + QString::fromUtf8(fallo.what()));

@@ -73,7 +73,8 @@ services::Ref<sqlite::Conexion> AbrirDeTrabajo(const fs::path& fichero) {
 
 /// A connection text has names and values; a file is named by its path alone.
 bool EsDeServidor(const std::string& texto) {
-  return texto.find('=') != std::string::npos && !fs::exists(texto);
+  std::error_code noEsNombre;
+  return texto.find('=') != std::string::npos && !fs::exists(texto, noEsNombre);
 }
 
 /// Beside the file, with the date and the time, and a number where two are kept in a second.

@@ -26,11 +26,11 @@ struct Datos {
   std::filesystem::path Copias;
 };
 
-/// What the user is asked while they are opened.
+/// What the user is asked while they are opened; nothing where there is nobody to ask.
 struct AlAbrir {
-  std::function<bool(const std::string& pregunta)> Confirmar;
+  std::function<bool(const std::string& pregunta)> Confirmar = nullptr;
   /// None when he would rather not tell it.
-  std::function<std::optional<std::string>(const std::string& pregunta)> Contrasena;
+  std::function<std::optional<std::string>(const std::string& pregunta)> Contrasena = nullptr;
 };
 
 /// Opens both, making them at the first start: the stored ones with the sample business in them, in

@@ -50,6 +50,15 @@ services::Ref<odbc::Conexion> Conectar(odbc::TextoDeConexion& texto, const AlAbr
   }
 }
 
+/// The last one that is made.
+constexpr const char* kTabla = "SorvexTurno";
+
+void ExigirTablas(odbc::Conexion& conexion, const std::string& nombre) {
+  if (conexion.TieneTabla(kTabla)) return;
+  Rechazar("A las tablas de la empresa en " + nombre + " les falta " + kTabla +
+           ": no se han acabado de crear, o no son de esta versión");
+}
+
 bool TieneAlguna(odbc::Conexion& conexion) {
   return std::ranges::any_of(esquema::Almacenadas(), [&](const esquema::Tabla& tabla) {
     return conexion.TieneTabla(tabla.Nombre);
@@ -76,7 +85,14 @@ std::shared_ptr<salvaguarda::Almacen> AbrirEnServidor(const std::string& texto,
   odbc::TextoDeConexion leido(texto);
   ExigirSinContrasena(leido);
   const auto conexion = Conectar(leido, alAbrir);
+  if (conexion->Motor().ComoSeEscriben) {
+    Rechazar(
+        "Esta suite guarda las tablas de la empresa en un fichero SQLite, en PostgreSQL o en "
+        "MariaDB, y no en " +
+        conexion->NombreDelMotor());
+  }
   if (!TieneAlguna(*conexion)) Crear(leido, alAbrir);
+  ExigirTablas(*conexion, leido.Nombre());
   conexion->AlEmpezarUnidad(esquema::kTurno);
   return std::make_shared<salvaguarda::AlmacenEnServidor>(conexion, leido.Nombre(),
                                                           espejo.string());

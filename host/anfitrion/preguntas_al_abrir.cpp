@@ -5,7 +5,6 @@
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QPushButton>
-#include <QTextStream>
 
 namespace anfitrion {
 namespace {
@@ -41,14 +40,6 @@ std::optional<std::string> PedirContrasena(const std::string& pregunta) {
 
 AlAbrir EnVentanas() {
   return {Confirmar, PedirContrasena};
-}
-
-AlAbrir SinNadie() {
-  const auto si = [](const std::string& pregunta) {
-    QTextStream(stderr) << QString::fromStdString(pregunta) << " Sí." << Qt::endl;
-    return true;
-  };
-  return {si, nullptr};
 }
 
 }  // namespace anfitrion

@@ -175,7 +175,8 @@ const Escritura& EscrituraDe(std::string_view motor) {
 
 bool HayEsquema(odbc::Conexion& conexion, const std::string& nombre) {
   const std::string consulta =
-      "SELECT schema_name FROM information_schema.schemata WHERE schema_name = '" + nombre + "'";
+      "SELECT schema_name FROM information_schema.schemata WHERE lower(schema_name) = lower('" +
+      nombre + "')";
   return conexion.Consultar(consulta).Filas.Cuantas() > 0;
 }
 

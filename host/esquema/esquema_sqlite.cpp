@@ -85,10 +85,7 @@ std::string_view NombreDe(const Tabla& tabla, const services::Columna& columna) 
 }
 
 template <std::size_t N>
-void Crear(sqlite::Conexion& conexion, std::span<const Tabla> tablas,
-           const std::array<const char*, N>& indices) {
-  std::string sql;
-  for (const Tabla& tabla : tablas) sql += TextoDeCreacion(tabla) + ";\n";
+void Crear(sqlite::Conexion& conexion, std::string sql, const std::array<const char*, N>& indices) {
   for (const char* indice : indices) sql += std::string(indice) + ";\n";
   conexion.Ejecutar("BEGIN IMMEDIATE");
   try {
@@ -99,13 +96,19 @@ void Crear(sqlite::Conexion& conexion, std::span<const Tabla> tablas,
   }
 }
 
+std::string Creaciones(std::span<const Tabla> tablas) {
+  std::string sql;
+  for (const Tabla& tabla : tablas) sql += TextoDeCreacion(tabla) + ";\n";
+  return sql;
+}
+
 }  // namespace
 
 std::string TextoDeCreacion(const Tabla& tabla) {
   std::string sql = "CREATE TABLE " + std::string(tabla.Nombre) + " (";
   for (const Columna& columna : tabla.Columnas) {
     if (&columna != &tabla.Columnas.front()) sql += ", ";
-    sql += std::string(columna.Nombre) + " " + TipoDe(columna);
+    sql += "\"" + std::string(columna.Nombre) + "\" " + TipoDe(columna);
     if (std::ranges::find(tabla.Clave, columna.Nombre) != tabla.Clave.end()) sql += " NOT NULL";
   }
   for (const std::string_view nombre : tabla.Clave) {
@@ -116,12 +119,13 @@ std::string TextoDeCreacion(const Tabla& tabla) {
 }
 
 void CrearAlmacenadas(sqlite::Conexion& conexion) {
-  Crear(conexion, Almacenadas(), IndicesAlmacenados);
+  Crear(conexion, Creaciones(Almacenadas()), IndicesAlmacenados);
 }
 
 void CrearAlmacenadasComo(services::Conexion& otras, sqlite::Conexion& conexion) {
   std::string sql;
   for (const Tabla& tabla : Almacenadas()) {
+    if (tabla.Clave.empty()) continue;
     std::vector<Columna> columnas;
     const auto suyas = otras.ColumnasDe(tabla.Nombre);
     columnas.reserve(suyas.size());
@@ -130,12 +134,11 @@ void CrearAlmacenadasComo(services::Conexion& otras, sqlite::Conexion& conexion)
     }
     sql += TextoDeCreacion({tabla.Nombre, columnas, tabla.Clave}) + ";\n";
   }
-  for (const char* indice : IndicesAlmacenados) sql += std::string(indice) + ";\n";
-  conexion.Ejecutar(sql);
+  Crear(conexion, sql, IndicesAlmacenados);
 }
 
 void CrearDeTrabajo(sqlite::Conexion& conexion) {
-  Crear(conexion, DeTrabajo(), IndicesDeTrabajo);
+  Crear(conexion, Creaciones(DeTrabajo()), IndicesDeTrabajo);
 }
 
 }  // namespace esquema

@@ -32,13 +32,14 @@ class Almacen {
   [[nodiscard]] virtual services::Ref<services::Conexion> Conexion() const = 0;
 
   /// What there is of a range, and of some keys, is about to be looked for. Throws what reading it
-  /// throws.
+  /// throws; where it isn't in the file anyhow, nothing is found there then.
   virtual void Traer(const std::optional<Rango>& rango, const ClavesDe& claves) = 0;
   /// The unit under way of `Conexion` begins: whoever else writes waits for its end.
   virtual void EmpezarUnidad() = 0;
   /// Changes stored rows of those that were looked for last, in that unit, by the embedded engine's
-  /// own SQL. It sees what is attached to `Base`, which has nothing under way.
+  /// own SQL. It sees what is attached to `Base`.
   virtual void Cambiar(const std::string& sql) = 0;
+  /// A connection to the file.
   [[nodiscard]] virtual sqlite::Conexion& Base() const = 0;
 
  protected:

@@ -131,9 +131,9 @@ AlmacenEnServidor::AlmacenEnServidor(services::Ref<odbc::Conexion> servidor, std
 
 void AlmacenEnServidor::Traer(const std::optional<Rango>& rango, const ClavesDe& claves) {
   const Claves pedidas = claves ? claves() : Claves();
+  Vaciar();
   const services::LecturaFija deUnMomento(*servidor_);
   sql::Transaccion transaccion(*espejo_);
-  Vaciar();
   Copiar(kConceptos, Todas(kConceptos));
   if (rango) TraerRango(*rango);
   TraerLasQueFaltan(pedidas);
@@ -223,12 +223,18 @@ void AlmacenEnServidor::TraerPorClave(std::string_view tabla,
   }
 }
 
+// A row may come twice: the server may take two spellings of a key for the same that aren't here.
 void AlmacenEnServidor::Copiar(std::string_view tabla, const std::string& sentencia) {
   const auto cursor = servidor_->AbrirPropia(sentencia, ModoApertura::Lectura);
   const auto destino = espejo_->Abrir(Todas(tabla), ModoApertura::Optimista);
   const Filas filas = cursor->Leer();
   Asignadas asignadas(cursor->Columnas().size());
-  for (std::size_t i = 0; i < filas.Cuantas(); ++i) destino->Insertar(asignadas.De(filas, i));
+  const auto yaEsta = [](const services::ErrorEjecucion& fallo) {
+    if (fallo.Numero() != services::error::RepetidoONoCabe) throw services::ErrorEjecucion(fallo);
+  };
+  for (std::size_t i = 0; i < filas.Cuantas(); ++i) {
+    destino->InsertarLuego(asignadas.De(filas, i), yaEsta);
+  }
 }
 
 // First in the mirror: what then differs from what was there goes to the server.

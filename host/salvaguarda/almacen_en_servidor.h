@@ -10,7 +10,7 @@
 namespace salvaguarda {
 
 /// Those on a server. What is looked for there is copied to a file of this program's own, the
-/// mirror: asked for by range it costs in proportion to the range, and not to the tables.
+/// mirror. That costs in proportion to what a load of the range reads, not to the tables.
 class AlmacenEnServidor final : public Almacen {
  public:
   /// Makes the mirror anew, with the columns that the tables have there. Throws what either engine

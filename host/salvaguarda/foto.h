@@ -31,7 +31,8 @@ class Foto {
   void Tomar(const Rango& rango);
   /// The same when the load is long over: what the working copy holds may not be in it.
   void TomarTarde(const Rango& rango);
-  /// Whether nothing at all was stored since this program took it as its load began.
+  /// Whether nothing at all was stored since this program took it as its load began; never known of
+  /// tables on a server.
   [[nodiscard]] bool SigueIgual();
   /// There is none any more.
   void Olvidar();

@@ -137,7 +137,8 @@ void Traductor::Comparar(const Operando& izquierdo, Simbolo operador) {
   };
   const ColumnaDeFuente una = deColumna(izquierdo);
   const ColumnaDeFuente otra = deColumna(derecho);
-  if (enCurso_ && una.Columna >= 0 && otra.Columna >= 0 && operador == Simbolo::Igual) {
+  const bool deDos = una.Columna >= 0 && otra.Columna >= 0 && una.Fuente != otra.Fuente;
+  if (enCurso_ && deDos && operador == Simbolo::Igual) {
     enCurso_->Igualdades.push_back({una, otra});
   } else if (enCurso_) {
     enCurso_->SoloIgualdades = false;

@@ -41,6 +41,7 @@ class Semirreunion {
     return reunion_.Fuentes[static_cast<std::size_t>(fuente)];
   }
   [[nodiscard]] bool EsCamino() const;
+  [[nodiscard]] bool CadaUnaUnaVez(const Junta& junta) const;
   [[nodiscard]] static int LaOtra(const Junta& junta, int fuente) {
     return std::countr_zero(junta.Fuentes & ~Bit(fuente));
   }
@@ -258,9 +259,21 @@ std::string Semirreunion::HalladasPorValores(int fuente, const Junta& junta) con
          valores + ") AS " + HalladasDe(fuente);
 }
 
+/// Whether no column is compared twice: it would be found twice under one name.
+bool Semirreunion::CadaUnaUnaVez(const Junta& junta) const {
+  std::vector<std::string> columnas;
+  for (const auto& [una, otra] : junta.Igualdades) {
+    columnas.push_back(TextoDe(una));
+    columnas.push_back(TextoDe(otra));
+  }
+  std::ranges::sort(columnas);
+  return std::ranges::adjacent_find(columnas) == columnas.end();
+}
+
 bool Semirreunion::PorValores() const {
   const bool iguales = std::ranges::all_of(reunion_.Juntas, [&](const Junta& junta) {
-    return EsConsulta(junta) || (junta.SoloY && junta.SoloIgualdades && !junta.Igualdades.empty());
+    return EsConsulta(junta) || (junta.SoloY && junta.SoloIgualdades && !junta.Igualdades.empty() &&
+                                 CadaUnaUnaVez(junta));
   });
   return iguales && DelLugar().Tipo == services::TipoColumna::Texto;
 }

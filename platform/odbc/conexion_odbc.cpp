@@ -13,7 +13,7 @@ namespace {
 /// Those that are run; none where any is.
 std::optional<dialecto::Formas> FormasDe(const Opciones& opciones) {
   if (opciones.CualquierSentencia) return std::nullopt;
-  return dialecto::Formas(opciones.Propias);
+  return dialecto::Formas({});
 }
 
 }  // namespace
@@ -29,8 +29,19 @@ Conexion::~Conexion() {
 
 std::unique_ptr<services::Cursor> Conexion::Abrir(std::string_view sentencia, ModoApertura modo) {
   enlace_.Exigir();
-  auto leida = interprete_.Leer(sentencia, modo);
-  std::string texto = TextoDe(sentencia, leida);
+  return AbrirLeida(sentencia, interprete_.Leer(sentencia, modo), modo);
+}
+
+std::unique_ptr<services::Cursor> Conexion::AbrirPropia(std::string_view sentencia,
+                                                        ModoApertura modo) {
+  enlace_.Exigir();
+  return AbrirLeida(sentencia, propias_.Leer(sentencia, modo), modo);
+}
+
+std::unique_ptr<services::Cursor> Conexion::AbrirLeida(std::string_view sentencia,
+                                                       dialecto::Sentencia leida,
+                                                       ModoApertura modo) {
+  std::string texto(enlace_.Motor().ComoSeEscriben ? sentencia : leida.Traducida->Texto);
   if (leida.Traducida->Que == dialecto::Verbo::Delete) {
     Borrar(leida, texto);
     return nullptr;
@@ -39,22 +50,6 @@ std::unique_ptr<services::Cursor> Conexion::Abrir(std::string_view sentencia, Mo
   auto halladas = anticipadas_.Tomar(sentencia, leida, modo);
   return std::make_unique<Cursor>(*this, std::move(texto), std::move(leida), modo,
                                   std::move(halladas));
-}
-
-std::unique_ptr<services::Cursor> Conexion::AbrirPropia(std::string_view sentencia,
-                                                        ModoApertura modo) {
-  enlace_.Exigir();
-  auto leida = propias_.Leer(sentencia, modo);
-  std::string texto = TextoDe(sentencia, leida);
-  if (leida.Traducida->Que == dialecto::Verbo::Delete) {
-    Borrar(leida, texto);
-    return nullptr;
-  }
-  return std::make_unique<Cursor>(*this, std::move(texto), std::move(leida), modo);
-}
-
-std::string Conexion::TextoDe(std::string_view sentencia, const dialecto::Sentencia& leida) const {
-  return std::string(enlace_.Motor().ComoSeEscriben ? sentencia : leida.Traducida->Texto);
 }
 
 void Conexion::Borrar(const dialecto::Sentencia& leida, const std::string& texto) {

@@ -75,8 +75,9 @@ class Conexion final : public services::ObjetoContado<services::Conexion> {
   [[nodiscard]] services::Filas Leer(const std::string& texto, Parametros& parametros,
                                      const std::vector<services::Columna>& columnas);
   std::size_t Escribir(const std::string& texto, Parametros& parametros);
-  [[nodiscard]] std::string TextoDe(std::string_view sentencia,
-                                    const dialecto::Sentencia& leida) const;
+  [[nodiscard]] std::unique_ptr<services::Cursor> AbrirLeida(std::string_view sentencia,
+                                                             dialecto::Sentencia leida,
+                                                             services::ModoApertura modo);
   void Borrar(const dialecto::Sentencia& leida, const std::string& texto);
 
   Enlace enlace_;

@@ -32,6 +32,7 @@ constexpr Explicacion Deshecha = {
     "no se han guardado"};
 constexpr Explicacion Perdida = {error::FalloDeConexion,
                                  "Se ha perdido la conexión con el servidor"};
+constexpr Explicacion NoSeLlega = {error::FalloDeConexion, "No se llega al servidor"};
 constexpr Explicacion SinSitio = {error::FalloDeConexion,
                                   "No queda sitio en el servidor de la base de datos"};
 constexpr Explicacion SoloLectura = {error::FalloDeConexion,
@@ -95,14 +96,20 @@ Explicacion ExplicarPorTexto(const Diagnostico& diagnostico) {
   return texto == PorTexto.end() ? Falla : texto->explicacion;
 }
 
-Explicacion Explicar(const Diagnostico& diagnostico) {
-  if (diagnostico.Perdida) return Perdida;
-  if (EsDeSesion(diagnostico)) return SinSesion;
+Explicacion ExplicarPorCodigo(const Diagnostico& diagnostico) {
   const auto numero = std::ranges::find(PorNumero, diagnostico.Nativo, &DeNumero::nativo);
   if (numero != PorNumero.end()) return numero->explicacion;
   const auto estado = std::ranges::find_if(
       PorEstado, [&](const DeEstado& uno) { return diagnostico.Estado.starts_with(uno.estado); });
   return estado == PorEstado.end() ? ExplicarPorTexto(diagnostico) : estado->explicacion;
+}
+
+Explicacion Explicar(const Diagnostico& diagnostico) {
+  if (diagnostico.Perdida) return Perdida;
+  if (EsDeSesion(diagnostico)) return SinSesion;
+  const Explicacion suya = ExplicarPorCodigo(diagnostico);
+  const bool sinLlegar = diagnostico.AlConectar && suya.frase == Perdida.frase;
+  return sinLlegar ? NoSeLlega : suya;
 }
 
 /// Without who passed it on, in brackets before it, nor what was being done, in lines behind.
@@ -133,11 +140,11 @@ Diagnostico Diagnosticar(const Manejo& manejo) {
 }
 
 bool EsDeSesion(const Diagnostico& diagnostico) {
-  constexpr std::array kNativos = {1044, 1045, 1698};
-  const bool alConectar = diagnostico.Estado.starts_with("08");
+  constexpr std::array kNativos = {1045, 1698};
+  const bool sinConexion = diagnostico.Estado.starts_with("08");
   return diagnostico.Estado.starts_with("28") ||
          std::ranges::find(kNativos, diagnostico.Nativo) != kNativos.end() ||
-         (alConectar && diagnostico.Texto.find("password") != std::string::npos);
+         (sinConexion && diagnostico.Texto.find("password") != std::string::npos);
 }
 
 bool EsDeConexionPerdida(const Diagnostico& diagnostico) {

@@ -13,7 +13,8 @@ struct Diagnostico {
   std::string Estado;  ///< five signs: a class of two, and the case
   int Nativo = 0;      ///< the server's own number, where it has any
   std::string Texto;
-  bool Perdida = false;  ///< whether the connection is known to be gone, whatever is said
+  bool Perdida = false;     ///< whether the connection is known to be gone, whatever is said
+  bool AlConectar = false;  ///< whether there was none yet
 };
 
 /// The first thing that is said of the last call on a handle.

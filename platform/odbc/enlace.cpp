@@ -1,6 +1,7 @@
 #include "odbc/enlace.h"
 
 #include <array>
+#include <optional>
 
 #include "odbc/consulta.h"
 #include "valores/error.h"
@@ -18,6 +19,10 @@ constexpr SQLULEN kEsperaAlConectar = 10;  // seconds
                        "No se puede usar el gestor de controladores ODBC");
 }
 
+std::string NoSeAbre(const TextoDeConexion& texto, const ErrorEjecucion& fallo) {
+  return "No se puede abrir la base de datos " + texto.Nombre() + ": " + fallo.Descripcion();
+}
+
 }  // namespace
 
 Enlace::Enlace(const TextoDeConexion& texto, std::string esquema)
@@ -29,22 +34,25 @@ Enlace::Enlace(const TextoDeConexion& texto, std::string esquema)
   Conectar();
 }
 
-/// The first server that can be reached. What is told of none is what the last one said.
+/// The first server that can be reached. What is told of none is what the last one said, or the
+/// first one that doesn't let the user in.
 void Enlace::Conectar() {
   std::string motivo;
-  bool sinEntrada = false;
+  std::optional<SinEntrada> sinEntrada;
   for (const TextoDeConexion& texto : textos_) {
     try {
       ConectarCon(texto);
       ++vez_;
       return;
+    } catch (const SinEntrada& fallo) {
+      perdido_ = true;
+      if (!sinEntrada) sinEntrada.emplace(fallo.Numero(), NoSeAbre(texto, fallo));
     } catch (const ErrorEjecucion& fallo) {
       perdido_ = true;
-      sinEntrada = dynamic_cast<const SinEntrada*>(&fallo) != nullptr;
-      motivo = "No se puede abrir la base de datos " + texto.Nombre() + ": " + fallo.Descripcion();
+      motivo = NoSeAbre(texto, fallo);
     }
   }
-  if (sinEntrada) throw SinEntrada(services::error::FalloDeConexion, motivo);
+  if (sinEntrada) throw SinEntrada(*sinEntrada);
   throw ErrorEjecucion(services::error::FalloDeConexion, motivo);
 }
 
@@ -85,7 +93,8 @@ void Enlace::Abrir(const TextoDeConexion& texto) {
   ContarViaje();
   linea_->Abierta = SQL_SUCCEEDED(resultado);
   if (linea_->Abierta) return;
-  const Diagnostico diagnostico = Diagnosticar(linea_->Conexion);
+  Diagnostico diagnostico = Diagnosticar(linea_->Conexion);
+  diagnostico.AlConectar = true;
   const ErrorEjecucion fallo = ErrorDe(diagnostico, "ODBC");
   if (EsDeSesion(diagnostico)) throw SinEntrada(fallo.Numero(), fallo.Descripcion());
   throw ErrorEjecucion(fallo);
@@ -95,6 +104,13 @@ void Enlace::EmpezarSesion() {
   catalogo_ = Dato(SQL_DATABASE_NAME);
   if (!esquema_.empty()) EntrarEnEsquema();
   for (const std::string_view sentencia : servidor_->AlConectar) Ejecutar(std::string(sentencia));
+  for (const std::string_view sentencia : servidor_->SiSabe) {
+    try {
+      Ejecutar(std::string(sentencia));
+    } catch (const ErrorEjecucion&) {
+      if (perdido_) throw;
+    }
+  }
 }
 
 void Enlace::EntrarEnEsquema() {

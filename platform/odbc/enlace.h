@@ -50,7 +50,7 @@ struct ManejoDeOrden {
 class Enlace {
  public:
   /// Connects. Throws `ErrorEjecucion` 0x80004005 where no server of the text can be reached, the
-  /// same as `SinEntrada` where the last of them doesn't let the user in.
+  /// same as `SinEntrada` where one of them can, and doesn't let the user in.
   Enlace(const TextoDeConexion& texto, std::string esquema);
   Enlace(const Enlace&) = delete;
   Enlace& operator=(const Enlace&) = delete;

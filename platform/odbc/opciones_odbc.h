@@ -2,7 +2,6 @@
 
 #include <cstddef>
 #include <string>
-#include <vector>
 
 namespace odbc {
 
@@ -12,9 +11,8 @@ struct Opciones {
   /// The schema to be in, or the database where a server has no schemas in one; empty for that of
   /// the connection text.
   std::string Esquema = {};
-  /// What whoever opens the connection runs on it besides the statements of the system.
-  std::vector<std::string> Propias = {};
-  /// Whether any well-formed statement is run, and not those alone: for tests and tools.
+  /// Whether any well-formed statement is run, and not those of the system alone: for tests and
+  /// tools.
   bool CualquierSentencia = false;
 };
 

@@ -54,11 +54,11 @@ constexpr auto kAtributosMaria =
 constexpr auto kAlConectarMaria = std::to_array<std::string_view>({
     "SET SESSION sql_mode = 'STRICT_ALL_TABLES,NO_ENGINE_SUBSTITUTION', "
     "innodb_lock_wait_timeout = 5, tx_isolation = 'READ-COMMITTED', "
-    // On a node of a cluster, what others have ended on another is there before it is looked at.
-    "wsrep_sync_wait = 3, "
     // What a load joins is found once, and not anew for each supplier.
     "optimizer_switch = 'split_materialized=off'",
 });
+// On a node of a cluster, what others have ended on another is there before it is looked at.
+constexpr auto kSiSabeMaria = std::to_array<std::string_view>({"SET SESSION wsrep_sync_wait = 3"});
 constexpr auto kLeerMaria = std::to_array<std::string_view>({
     "SET TRANSACTION ISOLATION LEVEL REPEATABLE READ",
     "START TRANSACTION WITH CONSISTENT SNAPSHOT, READ ONLY",
@@ -79,6 +79,7 @@ constexpr Servidor kMaria = {
         "GENERATION_EXPRESSION <> '' AND TABLE_SCHEMA = DATABASE() AND TABLE_NAME = ",
     .Atributos = kAtributosMaria,
     .AlConectar = kAlConectarMaria,
+    .SiSabe = kSiSabeMaria,
     .AlLeerDeUnMomento = kLeerMaria,
     .MismoTexto = {"BINARY ", " = BINARY ?"},
     .SoloLectura = "SELECT @@global.read_only",

@@ -26,6 +26,8 @@ struct Servidor {
   std::span<const std::pair<std::string_view, std::string_view>> Atributos = {};
   /// What a connection begins with.
   std::span<const std::string_view> AlConectar = {};
+  /// And then, where the server knows what that is.
+  std::span<const std::string_view> SiSabe = {};
   /// What begins a reading in which all tables are as they were at its first look; nothing where
   /// there is no such thing.
   std::span<const std::string_view> AlLeerDeUnMomento = {};

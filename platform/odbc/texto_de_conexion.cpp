@@ -10,10 +10,12 @@ namespace {
 
 using services::MismoTexto;
 
-[[noreturn]] void NoSeEntiende(std::string_view texto) {
-  throw services::ErrorEjecucion(
-      services::error::FalloDeConexion,
-      "El texto de conexión no se entiende a partir de «" + std::string(texto) + "»");
+/// `nombre`: the last one that was read. No value is told: it may be a password, or part of one.
+[[noreturn]] void NoSeEntiende(std::string_view nombre) {
+  const std::string donde =
+      nombre.empty() ? "desde el principio" : "a partir del valor de " + std::string(nombre);
+  throw services::ErrorEjecucion(services::error::FalloDeConexion,
+                                 "El texto de conexión no se entiende " + donde);
 }
 
 std::string_view SinBlancos(std::string_view texto) {
@@ -23,7 +25,7 @@ std::string_view SinBlancos(std::string_view texto) {
 }
 
 /// What stands between braces, in which a closing one is written twice; moves on behind it.
-std::string EntreLlaves(std::string_view& texto) {
+std::string EntreLlaves(std::string_view& texto, std::string_view nombre) {
   std::string valor;
   for (std::size_t i = 1; i < texto.size(); ++i) {
     if (texto[i] != '}') {
@@ -35,12 +37,12 @@ std::string EntreLlaves(std::string_view& texto) {
       return valor;
     }
   }
-  NoSeEntiende(texto);
+  NoSeEntiende(nombre);
 }
 
-std::string UnValor(std::string_view& texto) {
+std::string UnValor(std::string_view& texto, std::string_view nombre) {
   texto = SinBlancos(texto);
-  if (texto.starts_with('{')) return EntreLlaves(texto);
+  if (texto.starts_with('{')) return EntreLlaves(texto, nombre);
   const std::string_view valor = texto.substr(0, texto.find(';'));
   texto.remove_prefix(valor.size());
   return std::string(SinBlancos(valor));
@@ -73,10 +75,12 @@ TextoDeConexion::TextoDeConexion(std::string_view texto) {
     }
     const auto igual = texto.find('=');
     const std::string_view nombre = SinBlancos(texto.substr(0, igual));
-    if (igual == std::string_view::npos || nombre.empty()) NoSeEntiende(texto);
+    if (igual == std::string_view::npos || nombre.empty()) {
+      NoSeEntiende(pares_.empty() ? std::string_view() : pares_.back().first);
+    }
     texto.remove_prefix(igual + 1);
-    pares_.emplace_back(nombre, UnValor(texto));
-    if (!(texto = SinBlancos(texto)).empty() && !texto.starts_with(';')) NoSeEntiende(texto);
+    pares_.emplace_back(nombre, UnValor(texto, nombre));
+    if (!(texto = SinBlancos(texto)).empty() && !texto.starts_with(';')) NoSeEntiende(nombre);
   }
 }
 

@@ -56,12 +56,12 @@ void Unidad::AntesDeEscribir() {
   enCurso_ = agrupa_;
   guardado_ = false;
   ++transacciones_;
-  if (enCurso_ && !alEmpezar_.empty()) Intentar([this] { EsperarTurno(); });
+  if (enCurso_ && !alEmpezar_.empty()) EsperarTurno();
 }
 
 /// What a server can't put in an order with what others do it undoes; so little of it is tried
 /// anew.
-void Unidad::EsperarTurno() {
+void Unidad::EsperarTurno() try {
   for (int quedan = kIntentos;; --quedan) {
     try {
       return enlace_.Ejecutar(alEmpezar_);
@@ -71,9 +71,13 @@ void Unidad::EsperarTurno() {
                         enlace_.Conexion());
     }
   }
+} catch (const ErrorEjecucion& fallo) {
+  // Nothing is written out of one's turn, whatever keeps it from coming.
+  perdida_ = fallo;
+  throw;
 }
 
-/// Before each write, where a failure would take what came before it.
+/// Before each step, where a failure would take what came before it.
 void Unidad::Guardar() {
   if (!enCurso_ || !enlace_.Motor().FalloSeLoLlevaTodo) return;
   enlace_.Ejecutar(std::exchange(guardado_, true) ? kGuardarDeNuevo : kGuardar);
@@ -85,13 +89,13 @@ void Unidad::Deshacer(const ErrorEjecucion& fallo) {
   enlace_.Ejecutar(kVolver);
 }
 
-std::size_t Unidad::Escribir(const std::string& texto, Parametros& parametros) {
-  AntesDeEscribir();
+/// A step of the unit, which when it fails leaves what came before it.
+template <class Accion>
+auto Unidad::Paso(Accion accion) {
   return Intentar([&] {
-    Orden& orden = almacen_.Tomar(texto);
     Guardar();
     try {
-      return orden.Ejecutar(parametros);
+      return accion();
     } catch (const ErrorEjecucion& fallo) {
       Deshacer(fallo);
       throw;
@@ -99,11 +103,25 @@ std::size_t Unidad::Escribir(const std::string& texto, Parametros& parametros) {
   });
 }
 
+std::size_t Unidad::Escribir(const std::string& texto, Parametros& parametros) {
+  AntesDeEscribir();
+  return Paso([&] { return almacen_.Tomar(texto).Ejecutar(parametros); });
+}
+
 Filas Unidad::Leer(const std::string& texto, Parametros& parametros,
                    const std::vector<services::Columna>& columnas) {
-  if (!enCurso_) return almacen_.Tomar(texto).Leer(parametros, columnas);
-  ExigirUnidad();
-  return Intentar([&] { return almacen_.Tomar(texto).Leer(parametros, columnas); });
+  const auto leer = [&] { return almacen_.Tomar(texto).Leer(parametros, columnas); };
+  if (enCurso_) {
+    ExigirUnidad();
+    return Paso(leer);
+  }
+  try {
+    return leer();
+  } catch (const ErrorEjecucion&) {
+    // The moment is over where the server would refuse whatever is asked after it.
+    if (enlace_.Motor().FalloSeLoLlevaTodo) TerminarLectura();
+    throw;
+  }
 }
 
 void Unidad::Acabar(SQLSMALLINT como) {

@@ -13,10 +13,10 @@ namespace odbc {
 
 /// The unit of work of a connection: its writes between two ends, all of them durable or none.
 ///
-/// A write that fails by the fault of its row fails alone. One that fails by the fault of the
-/// server (a lock, a full disk, a connection that is lost) loses the unit: nothing more is written
-/// in it, so that no half of it stays, and its end fails with the same error, whether or not anyone
-/// listened to the first.
+/// A step that fails by the fault of its row or its statement fails alone. One that fails by the
+/// fault of the server (a lock, a full disk, a connection that is lost) loses the unit: nothing
+/// more is written in it, so that no half of it stays, and its end fails with the same error,
+/// whether or not anyone listened to the first.
 class Unidad {
  public:
   Unidad(Enlace& enlace, Almacen& almacen, bool agrupa)
@@ -55,6 +55,8 @@ class Unidad {
   /// Runs a step of the unit; an error of the server's loses it.
   template <class Accion>
   auto Intentar(Accion accion);
+  template <class Accion>
+  auto Paso(Accion accion);
 
   Enlace& enlace_;
   Almacen& almacen_;

@@ -75,7 +75,7 @@ class FilasAlAzar {
   std::string Concepto() { return Texto({"1", "01", "a", "A", "á", "n", "ñ", "Ñ", " 1", "2"}); }
   std::string Numero() {
     return Texto(
-        {"F1", "f1", " F1", "F1 ", "ñ", "Ñ", "n", "N", "É", "e", "E", "", "_", "%", "L''A"});
+        {"F1", "f1", " F1", "F1 ", "ñ", "Ñ", "n", "N", "É", "e", "E", "", "_", "%", "L''A", "Nº5"});
   }
   std::string Anio() { return Texto({"2004", "2005", " 2005", "x"}); }
   std::string Dia() {

@@ -94,7 +94,7 @@ int Iniciar(const Opciones& opciones) {
   HablarEnEspanol();
   const bool conAlguien = opciones.Captura.isEmpty();
   const anfitrion::Datos datos =
-      anfitrion::AbrirDatos(opciones, conAlguien ? anfitrion::EnVentanas() : anfitrion::SinNadie());
+      anfitrion::AbrirDatos(opciones, conAlguien ? anfitrion::EnVentanas() : anfitrion::AlAbrir());
   RegistrarSiFalta();
   anfitrion::VentanaPrincipal ventana(opciones, datos);
   return conAlguien ? Trabajar(ventana) : Capturar(ventana, opciones.Captura);

@@ -123,7 +123,7 @@ class AzarEntero : public pruebas::FilasAlAzar {
   salvaguarda::Claves Claves() {
     salvaguarda::Claves claves;
     const Textos conceptos{"1", "A", "ñ", "zz"};
-    const Textos numeros{"f1", "F1 ", "L'A", "nueva", ""};
+    const Textos numeros{"f1", "F1 ", "L'A", "nueva", "", "No5"};
     for (int i = 0; i < 8; ++i) {
       auto& cuales = i % 2 == 0 ? claves.EnLaLista : claves.SoloConBases;
       cuales.push_back({Una(conceptos), Una(numeros), Una<std::string>({"2004", "2005"})});

@@ -68,6 +68,24 @@ TEST(Semirreunion, OPorLosValoresQueLasJuntanTambienSinSusBlancos) {
             "RECORTE(\"Facturas\".\"Factura\") = \"filas de V\".\"NFactura sin blancos\"");
 }
 
+TEST(Semirreunion, PeroNoDondeUnaColumnaSeComparaDosVecesOConOtraDeSuTabla) {
+  constexpr dialecto::Motor kPorClaves = [] {
+    dialecto::Motor motor = pruebas::MotorDePrueba;
+    motor.PorClaves = true;
+    motor.OrdenaQuienLee = true;
+    return motor;
+  }();
+  for (const char* junta :
+       {"Facturas.NConcepto = Vtos.NConcepto AND Facturas.Factura = Vtos.NConcepto",
+        "Facturas.NConcepto = Vtos.NConcepto AND Facturas.Factura = Facturas.Año"}) {
+    EXPECT_THAT(Traducida("SELECT DISTINCT Facturas.* FROM Facturas INNER JOIN Vtos ON " +
+                              std::string(junta) + " WHERE Vtos.FechaVto >= 'a'",
+                          kPorClaves),
+                HasSubstr("SELECT DISTINCT"))
+        << junta;
+  }
+}
+
 TEST(Semirreunion, SusPuestosSeLeenDetrasCuandoOrdenaQuienLee) {
   constexpr dialecto::Motor kOrdenaQuienLee = [] {
     dialecto::Motor motor = kConNumeros;

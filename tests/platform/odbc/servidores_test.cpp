@@ -97,6 +97,30 @@ TEST_P(EnServidor, ConTurnoQuienEscribeEsperaAlQueYaEscribia) {
   EXPECT_THAT(Primeros("SELECT NFactura FROM ProvVencimientos"), ElementsAre("A", "C"));
 }
 
+TEST_P(EnServidor, QuienNoTieneTurnoNoEscribe) {
+  dynamic_cast<odbc::Conexion&>(*conexion).AlEmpezarUnidad("UPDATE NoEsta SET Vez = 1");
+  EXPECT_NE(Fallo([&] { Nuevo(*conexion, "A"); }).Numero(), 0);
+  EXPECT_NE(Fallo([&] { Nuevo(*conexion, "B"); }).Numero(), 0);
+  EXPECT_NE(Fallo([&] { conexion->TerminarUnidad(); }).Numero(), 0);
+  EXPECT_EQ(Cuantas(*otra, "ProvVencimientos"), 0);
+}
+
+TEST_P(EnServidor, UnaLecturaQueFallaNoSeLlevaLoEscritoNiLoQueSeLeeDespues) {
+  const Texto previsiones = "SELECT ProvPrevisionPagos.* FROM ProvPrevisionPagos";
+  Abrir(*conexion, previsiones);
+  banco->Ejecutar("DROP TABLE ProvPrevisionPagos");
+  Nuevo(*conexion, "A");
+  EXPECT_NE(Fallo([&] { Abrir(*conexion, previsiones); }).Numero(), 0);
+  Nuevo(*conexion, "B");
+  conexion->TerminarUnidad();
+  EXPECT_EQ(Cuantas(*otra, "ProvVencimientos"), 2);
+
+  const services::LecturaFija fija(*conexion);
+  EXPECT_EQ(Cuantas(*conexion, "ProvVencimientos"), 2);
+  EXPECT_NE(Fallo([&] { Abrir(*conexion, previsiones); }).Numero(), 0);
+  EXPECT_EQ(Cuantas(*conexion, "ProvVencimientos"), 2);
+}
+
 TEST_P(EnServidor, UnaClaveQueOtroHaGrabadoEntretantoSeRehusaSola) {
   EXPECT_EQ(Cuantas(*conexion, "ProvVencimientos"), 0);
   Nuevo(*otra, "A");

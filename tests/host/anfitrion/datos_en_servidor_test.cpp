@@ -1,0 +1,120 @@
+#include "anfitrion/datos_en_servidor.h"
+
+#include <gmock/gmock.h>
+#include <unistd.h>
+
+#include "esquema/esquema_de_servidor.h"
+#include "odbc/texto_de_conexion.h"
+#include "platform/carpeta_temporal.h"
+#include "platform/servidores_de_prueba.h"
+#include "valores/error.h"
+
+// The suite's way to stored tables on a server: what it asks, and what it refuses.
+
+namespace {
+
+using testing::HasSubstr;
+
+/// A database of its own, and the text that leads to it.
+class BaseDePrueba {
+ public:
+  explicit BaseDePrueba(const pruebas::ServidorDePrueba& servidor) : general_(servidor.Texto) {
+    odbc::AbrirConexion(general_)->Ejecutar("CREATE DATABASE " + nombre_);
+  }
+  ~BaseDePrueba() { odbc::AbrirConexion(general_)->Ejecutar("DROP DATABASE " + nombre_); }
+  BaseDePrueba(const BaseDePrueba&) = delete;
+  BaseDePrueba& operator=(const BaseDePrueba&) = delete;
+
+  [[nodiscard]] std::string Texto() const {
+    odbc::TextoDeConexion texto(general_);
+    texto.Poner("Database", nombre_);
+    return texto.Texto();
+  }
+  [[nodiscard]] const std::string& Nombre() const { return nombre_; }
+
+ private:
+  std::string general_;
+  std::string nombre_ = "suite_" + std::to_string(getpid());
+};
+
+class SuiteEnServidor : public testing::TestWithParam<pruebas::ServidorDePrueba> {
+ protected:
+  std::string Abrir(const anfitrion::AlAbrir& alAbrir, const std::string& texto) {
+    try {
+      const auto almacen =
+          anfitrion::AbrirEnServidor(texto, carpeta.Fichero("espejo.sqlite"), alAbrir);
+      return "abierto " + almacen->Nombre();
+    } catch (const services::ErrorEjecucion& fallo) {
+      return fallo.Descripcion();
+    }
+  }
+  std::string Abrir(const anfitrion::AlAbrir& alAbrir = {}) { return Abrir(alAbrir, base.Texto()); }
+  double Cuantas(const std::string& tabla) {
+    return odbc::AbrirConexion(base.Texto())
+        ->Consultar("SELECT count(*) FROM " + tabla)
+        .Filas.En(0, 0)
+        .Numero();
+  }
+
+  pruebas::CarpetaTemporal carpeta;
+  BaseDePrueba base{GetParam()};
+};
+
+GTEST_ALLOW_UNINSTANTIATED_PARAMETERIZED_TEST(SuiteEnServidor);
+INSTANTIATE_TEST_SUITE_P(Servidores, SuiteEnServidor,
+                         testing::ValuesIn(pruebas::ServidoresDePrueba()),
+                         [](const auto& uno) { return uno.param.Nombre; });
+
+TEST_P(SuiteEnServidor, LasTablasSeCreanCuandoSeQuiereYSoloUnaVez) {
+  std::vector<std::string> preguntas;
+  bool respuesta = false;
+  const anfitrion::AlAbrir alguien{.Confirmar = [&](const std::string& pregunta) {
+    preguntas.push_back(pregunta);
+    return respuesta;
+  }};
+  EXPECT_THAT(Abrir(), HasSubstr("no tiene las tablas de la empresa")) << "sin nadie";
+  EXPECT_THAT(Abrir(alguien), HasSubstr("no tiene las tablas de la empresa"));
+  EXPECT_FALSE(odbc::AbrirConexion(base.Texto())->TieneTabla("ProvConceptos"));
+  respuesta = true;
+  EXPECT_THAT(Abrir(alguien), HasSubstr("abierto 127.0.0.1"));
+  EXPECT_THAT(preguntas, testing::SizeIs(2));
+  EXPECT_THAT(preguntas.at(0), HasSubstr("¿Crearlas, con un negocio de muestra para probar?"));
+  EXPECT_GT(Cuantas("ProvFacturas"), 100);
+  EXPECT_THAT(Abrir(), HasSubstr("abierto 127.0.0.1"));
+}
+
+TEST_P(SuiteEnServidor, LasQueNoSeHanAcabadoDeCrearNoSirven) {
+  const auto conexion = odbc::AbrirConexion(base.Texto());
+  esquema::CrearAlmacenadas(*conexion);
+  conexion->Ejecutar("DROP TABLE SorvexTurno");
+  EXPECT_THAT(Abrir(), HasSubstr("les falta SorvexTurno"));
+}
+
+TEST_P(SuiteEnServidor, LaContrasenaSePideHastaQueEntraOSeDeja) {
+  if (GetParam().Nombre != "mariadb") GTEST_SKIP() << "ese servidor no pide contraseña";
+  const auto dueno = odbc::AbrirConexion(base.Texto());
+  esquema::CrearAlmacenadas(*dueno);
+  dueno->Ejecutar("CREATE OR REPLACE USER luz IDENTIFIED BY 'la de luz'");
+  dueno->Ejecutar("GRANT ALL ON " + base.Nombre() + ".* TO luz");
+  odbc::TextoDeConexion suyo(base.Texto());
+  suyo.Poner("User", "luz");
+  std::vector<std::string> preguntas;
+  std::vector<std::optional<std::string>> respuestas = {"otra", "la de luz"};
+  const anfitrion::AlAbrir alguien{.Contrasena = [&](const std::string& pregunta) {
+    preguntas.push_back(pregunta);
+    return respuestas.at(preguntas.size() - 1);
+  }};
+  EXPECT_THAT(Abrir(alguien, suyo.Texto()), HasSubstr("abierto"));
+  ASSERT_THAT(preguntas, testing::SizeIs(2));
+  EXPECT_THAT(preguntas[0], testing::AllOf(HasSubstr("Para entrar en"), HasSubstr("como luz")));
+  EXPECT_THAT(preguntas[1], HasSubstr("El servidor no admite el usuario o la contraseña"));
+  preguntas.clear();
+  respuestas = {std::nullopt};
+  EXPECT_THAT(Abrir(alguien, suyo.Texto()), HasSubstr("no admite"));
+  EXPECT_THAT(Abrir({}, suyo.Texto()), HasSubstr("no admite")) << "sin nadie a quien pedirla";
+  suyo.Poner("PWD", "la de luz");
+  EXPECT_THAT(Abrir(alguien, suyo.Texto()), HasSubstr("no se escribe en la línea de órdenes"));
+  dueno->Ejecutar("DROP USER luz");
+}
+
+}  // namespace

@@ -1,0 +1,118 @@
+#include <gmock/gmock.h>
+
+#include <thread>
+
+#include "apoyo/errores.h"
+#include "datos/recordset.h"
+#include "esquema/esquema_de_servidor.h"
+#include "odbc/conexion_odbc.h"
+#include "odbc/texto_de_conexion.h"
+#include "platform/servidores_de_prueba.h"
+#include "valores/error.h"
+
+// How a connection is made, to one server or to one of several, and what it says when it isn't.
+
+namespace pruebas {
+namespace {
+
+namespace error = services::error;
+using odbc::TextoDeConexion;
+using testing::HasSubstr;
+using testing::Not;
+
+std::string LoQueDice(const std::function<void()>& accion) {
+  try {
+    accion();
+  } catch (const services::ErrorEjecucion& fallo) {
+    return fallo.Descripcion();
+  }
+  return "";
+}
+
+TEST(TextoDeUnaConexion, LoQueNoSeEntiendeSeDiceSinNingunValor) {
+  for (const char* texto :
+       {"Driver=x;PWD={secreto", "PWD={a}secreto", "PWD=a;secreto", "PWD={a};=secreto"}) {
+    const std::string dicho = LoQueDice([&] { TextoDeConexion{texto}; });
+    EXPECT_THAT(dicho, HasSubstr("a partir del valor de PWD")) << texto;
+    EXPECT_THAT(dicho, Not(HasSubstr("secreto"))) << texto;
+  }
+  EXPECT_THAT(LoQueDice([] { TextoDeConexion("=1"); }), HasSubstr("desde el principio"));
+}
+
+class AlConectar : public testing::TestWithParam<ServidorDePrueba> {
+ protected:
+  /// To that server and to one that isn't there, in this order.
+  [[nodiscard]] std::string ConOtro(const TextoDeConexion& suyo, bool primero) const {
+    TextoDeConexion deLosDos = suyo;
+    const std::string puerto(suyo.Valor("Port"));
+    deLosDos.Poner("Port", primero ? puerto + ",1" : "1," + puerto);
+    const char* servidor = suyo.Valor("Servername").empty() ? "Server" : "Servername";
+    deLosDos.Poner(servidor, "127.0.0.1,127.0.0.1");
+    return deLosDos.Texto();
+  }
+
+  TextoDeConexion texto{GetParam().Texto};
+};
+
+GTEST_ALLOW_UNINSTANTIATED_PARAMETERIZED_TEST(AlConectar);
+INSTANTIATE_TEST_SUITE_P(Servidores, AlConectar, testing::ValuesIn(ServidoresDePrueba()),
+                         [](const auto& uno) { return uno.param.Nombre; });
+
+TEST_P(AlConectar, SeEntraEnElServidorDeLaListaQueEste) {
+  for (const bool primero : {true, false}) {
+    const auto conexion = odbc::AbrirConexion(ConOtro(texto, primero));
+    EXPECT_EQ(conexion->Consultar("SELECT 1").Filas.En(0, 0).Texto(), "1");
+  }
+}
+
+TEST_P(AlConectar, ElQueNoEstaSeDiceComoTal) {
+  texto.Poner("Port", "1");
+  const std::string dicho = LoQueDice([&] { (void)odbc::AbrirConexion(texto.Texto()); });
+  EXPECT_THAT(dicho, HasSubstr("No se puede abrir la base de datos 127.0.0.1:1"));
+  EXPECT_THAT(dicho, HasSubstr("No se llega al servidor"));
+}
+
+/// That PostgreSQL lets everybody in.
+TEST_P(AlConectar, QuienNoEntraLoSabeAunqueFalteOtroServidor) {
+  if (GetParam().Nombre != "mariadb") GTEST_SKIP() << "no pide contraseña";
+  const auto dueno = odbc::AbrirConexion(texto.Texto());
+  dueno->Ejecutar("CREATE OR REPLACE USER eva IDENTIFIED BY 'la ''de; eva'");
+  dueno->Ejecutar("GRANT SELECT ON mysql.* TO eva");
+  texto.Poner("User", "eva");
+  for (const bool primero : {true, false}) {
+    TextoDeConexion suyo = texto;
+    EXPECT_THROW((void)odbc::AbrirConexion(ConOtro(suyo, primero)), odbc::SinEntrada);
+    suyo.Poner("PWD", "otra");
+    EXPECT_THROW((void)odbc::AbrirConexion(ConOtro(suyo, primero)), odbc::SinEntrada);
+    suyo.Poner("PWD", "la 'de; eva");
+    EXPECT_NO_THROW((void)odbc::AbrirConexion(ConOtro(suyo, primero)));
+  }
+  dueno->Ejecutar("DROP USER eva");
+}
+
+/// Two who begin at the same moment where the server would put them in no order.
+TEST_P(AlConectar, ElTurnoQueElServidorDeshaceSePideDeNuevo) {
+  if (GetParam().Nombre != "postgresql") GTEST_SKIP() << "espera y no deshace";
+  const esquema::EsquemaPropio esquema(texto.Texto(), "turno_" + std::to_string(getpid()));
+  const auto abrir = [&] {
+    auto conexion = odbc::AbrirConexion(texto.Texto(), {.Esquema = esquema.Nombre()});
+    conexion->AlEmpezarUnidad(esquema::kTurno);
+    conexion->Ejecutar("SET default_transaction_isolation = 'serializable'");
+    return conexion;
+  };
+  const auto ella = abrir();
+  const auto el = abrir();
+  esquema::CrearAlmacenadas(*ella);
+  ella->EmpezarUnidad();
+  std::thread mientras([&] {
+    std::this_thread::sleep_for(std::chrono::milliseconds(300));
+    ella->TerminarUnidad();
+  });
+  EXPECT_NO_THROW(el->EmpezarUnidad());
+  mientras.join();
+  EXPECT_NO_THROW(el->TerminarUnidad());
+  EXPECT_EQ(ella->Consultar("SELECT Vez FROM SorvexTurno").Filas.En(0, 0).Texto(), "2");
+}
+
+}  // namespace
+}  // namespace pruebas
