@@ -6,6 +6,8 @@
 #include <QMessageBox>
 #include <QPushButton>
 
+#include "mensajes/teclas_de_mensaje.h"
+
 namespace anfitrion {
 namespace {
 
@@ -14,8 +16,10 @@ constexpr const char* kTitulo = "Sorvex";
 bool Confirmar(const std::string& pregunta) {
   QMessageBox caja(QMessageBox::Question, kTitulo, QString::fromStdString(pregunta));
   caja.setTextFormat(Qt::PlainText);
-  const QPushButton* si = caja.addButton("Sí", QMessageBox::YesRole);
-  caja.setDefaultButton(caja.addButton("No", QMessageBox::NoRole));
+  QPushButton* si = caja.addButton("Sí", QMessageBox::YesRole);
+  QPushButton* no = caja.addButton("No", QMessageBox::NoRole);
+  caja.setDefaultButton(no);
+  mensajes::DarTeclas(caja, {si, no});
   caja.exec();
   return caja.clickedButton() == si;
 }

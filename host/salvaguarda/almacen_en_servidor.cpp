@@ -12,6 +12,7 @@
 #include "salvaguarda/ambito.h"
 #include "salvaguarda/consultas.h"
 #include "salvaguarda/sql.h"
+#include "sqlite/momento.h"
 #include "valores/error.h"
 
 namespace salvaguarda {
@@ -52,20 +53,17 @@ std::string DelRango(const Tabla& tabla, const Rango& rango, std::string_view ta
                  Texto(rango.Desde), " AND V.FechaVto <= ", Texto(rango.Hasta)});
 }
 
-/// A moment as it is written in a date, as a statement has it.
-std::string Fecha(std::string_view iso) {
-  return Juntar({"#", iso.substr(5, 2), "/", iso.substr(8, 2), "/", iso.substr(0, 4), " ",
-                 iso.substr(11), "#"});
-}
-
-bool EsMomento(std::string_view texto) {
-  return texto.size() == std::string_view("yyyy-mm-dd hh:nn:ss").size() && texto[4] == '-';
+/// A moment as a statement has it.
+std::string Escrito(services::FechaHora momento) {
+  const std::string iso = services::TextoIso(momento);
+  return Juntar(
+      {"#", iso.substr(5, 2), "/", iso.substr(8, 2), "/", iso.substr(0, 4), iso.substr(10), "#"});
 }
 
 /// A value as a statement has it.
 std::string Escrito(const Valor& valor) {
   const auto* momento = valor.Si<services::FechaHora>();
-  return momento ? Fecha(services::TextoIso(*momento)) : sql::Literal(valor);
+  return momento ? Escrito(*momento) : sql::Literal(valor);
 }
 
 /// Some cells of a row, to the letter.
@@ -182,9 +180,10 @@ void AlmacenEnServidor::TraerLasQueFaltan(const Claves& claves) {
                               sql::MismaFila(Apuntes(), "t", "k"), ")"}))
           .Filas;
   for (std::size_t i = 0; i < apuntes.Cuantas(); ++i) {
-    if (!EsMomento(apuntes.En(i, 1).Texto())) continue;
+    const auto momento = sqlite::LeerMomento(apuntes.En(i, 1).Texto());
+    if (!momento) continue;
     condiciones.push_back(Juntar({"(CajaPagos.idSucursal = ", Texto(apuntes.En(i, 0).Texto()),
-                                  " AND CajaPagos.FechaHora = ", Fecha(apuntes.En(i, 1).Texto()),
+                                  " AND CajaPagos.FechaHora = ", Escrito(*momento),
                                   " AND CajaPagos.Tipo = ", sql::Literal(apuntes.En(i, 2)), ")"}));
   }
   TraerPorClave(Apuntes().Nombre, condiciones);

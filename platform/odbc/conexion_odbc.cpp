@@ -110,6 +110,7 @@ std::vector<services::Columna> Conexion::ColumnasDe(std::string_view tabla) {
 }
 
 void Conexion::Ejecutar(const std::string& sql) {
+  pendientes_.Escribir();
   unidad_.TerminarLectura();
   almacen_.Olvidar();
   interprete_.Olvidar();
@@ -119,6 +120,7 @@ void Conexion::Ejecutar(const std::string& sql) {
 }
 
 Resultado Conexion::Consultar(const std::string& sql) {
+  pendientes_.Escribir();
   const ManejoDeOrden orden = enlace_.NuevaOrden();
   enlace_.ContarViaje();
   enlace_.Comprobar(SQLExecDirect(orden.get(), Texto(sql.c_str()), SQL_NTS), orden.Suyo);

@@ -91,14 +91,26 @@ void Cursor::InsertarLuego(std::span<const Asignacion> valores,
     return services::Cursor::InsertarLuego(valores, alNoInsertar);
   }
   ExigirTabla(valores);
-  const auto textoDe = [motor = &conexion_->Motor().Dialecto, tabla = Tabla(),
-                        columnas = NombresPropios(valores, Origenes())](std::size_t filas) {
+  conexion_->pendientes_.Insertar(Insercion(valores), Nuevos(valores), alNoInsertar);
+  Recordar(valores);
+}
+
+/// The same for rows of the same columns, as all are that one loop adds.
+const std::shared_ptr<const Pendientes::Sentencia>& Cursor::Insercion(
+    std::span<const Asignacion> valores) {
+  const bool lasMismas =
+      insercion_ && std::ranges::equal(valores, columnasDeInsercion_, {}, &Asignacion::Posicion);
+  if (lasMismas) return insercion_;
+  columnasDeInsercion_.clear();
+  for (const Asignacion& valor : valores) columnasDeInsercion_.push_back(valor.Posicion);
+  const auto varias = [motor = &conexion_->Motor().Dialecto, tabla = Tabla(),
+                       columnas = NombresPropios(valores, Origenes())](std::size_t filas) {
     const std::vector<std::string_view> nombres(columnas.begin(), columnas.end());
     return dialecto::TextoDeInsercion(*motor, tabla, nombres, filas);
   };
-  conexion_->pendientes_.Insertar(Tabla(), TextoDeInsercion(valores, 1), textoDe, Nuevos(valores),
-                                  alNoInsertar);
-  Recordar(valores);
+  insercion_ = std::make_shared<const Pendientes::Sentencia>(
+      Pendientes::Sentencia{Tabla(), varias(1), varias});
+  return insercion_;
 }
 
 void Cursor::Recordar(std::span<const Asignacion> valores) {

@@ -42,6 +42,8 @@ class Cursor final : public services::Cursor {
   }
   [[nodiscard]] std::string TextoDeInsercion(std::span<const services::Asignacion> valores,
                                              std::size_t filas) const;
+  [[nodiscard]] const std::shared_ptr<const Pendientes::Sentencia>& Insercion(
+      std::span<const services::Asignacion> valores);
   [[nodiscard]] Parametros Nuevos(std::span<const services::Asignacion> valores) const;
   void Recordar(std::span<const services::Asignacion> valores);
   void ExigirTabla(std::span<const services::Asignacion> valores) const;
@@ -59,6 +61,9 @@ class Cursor final : public services::Cursor {
   std::optional<services::Filas> halladas_;
   /// What the row that was added last was given.
   std::vector<Insertado> insertada_;
+  /// The columns of the last rows that were left to be written, and their statement.
+  std::vector<std::size_t> columnasDeInsercion_;
+  std::shared_ptr<const Pendientes::Sentencia> insercion_;
 };
 
 }  // namespace odbc

@@ -19,28 +19,30 @@ constexpr std::size_t kEsperan = 1024;
 }  // namespace
 
 /// What is written of one table stays in its order: others than these of it are written first.
-Pendientes::Grupo& Pendientes::De(const std::string& tabla, const std::string& texto,
-                                  TextoDe textoDe) {
-  const auto suyo = std::ranges::find(grupos_, texto, &Grupo::Texto);
-  const bool otras = std::ranges::any_of(
-      grupos_, [&](const Grupo& grupo) { return grupo.Tabla == tabla && grupo.Texto != texto; });
+Pendientes::Grupo& Pendientes::De(const std::shared_ptr<const Sentencia>& sentencia) {
+  const auto suyo = std::ranges::find_if(
+      grupos_, [&](const Grupo& grupo) { return grupo.Suya->Una == sentencia->Una; });
+  const bool otras = std::ranges::any_of(grupos_, [&](const Grupo& grupo) {
+    return grupo.Suya->Tabla == sentencia->Tabla && grupo.Suya->Una != sentencia->Una;
+  });
   const bool muchas = suyo != grupos_.end() && suyo->Escrituras.size() == kEsperan;
   if (suyo != grupos_.end() && !otras && !muchas) return *suyo;
   if (otras || muchas) Escribir();
-  grupos_.push_back({tabla, texto, std::move(textoDe), {}});
+  grupos_.push_back({sentencia, {}});
   return grupos_.back();
 }
 
 void Pendientes::Borrar(const std::string& tabla, const std::string& texto, Parametros parametros) {
-  De(tabla, texto, [texto](std::size_t cuantos) {
-    return dialecto::TextoDeBorrados(texto, cuantos);
-  }).Escrituras.push_back({std::move(parametros), nullptr});
+  const auto varias = [texto](std::size_t cuantas) {
+    return dialecto::TextoDeBorrados(texto, cuantas);
+  };
+  De(std::make_shared<const Sentencia>(Sentencia{tabla, texto, varias}))
+      .Escrituras.push_back({std::move(parametros), nullptr});
 }
 
-void Pendientes::Insertar(const std::string& tabla, const std::string& texto, TextoDe textoDe,
-                          Parametros parametros, services::AlNoInsertar alNoInsertar) {
-  De(tabla, texto, std::move(textoDe))
-      .Escrituras.push_back({std::move(parametros), std::move(alNoInsertar)});
+void Pendientes::Insertar(const std::shared_ptr<const Sentencia>& sentencia, Parametros parametros,
+                          services::AlNoInsertar alNoInsertar) {
+  De(sentencia).Escrituras.push_back({std::move(parametros), std::move(alNoInsertar)});
 }
 
 /// None waits any more while they are written: who is told of one may come back here.
@@ -74,7 +76,7 @@ bool Pendientes::EscribirJuntas(Grupo& grupo, std::size_t desde, std::size_t cua
   Parametros todos;
   for (std::size_t i = desde; i < desde + cuantas; ++i) todos.Anadir(grupo.Escrituras[i].Suyos);
   try {
-    unidad_.Escribir(grupo.Varias(cuantas), todos);
+    unidad_.Escribir(grupo.Suya->Varias(cuantas), todos);
     return true;
   } catch (const ErrorEjecucion&) {
     return false;
@@ -83,7 +85,7 @@ bool Pendientes::EscribirJuntas(Grupo& grupo, std::size_t desde, std::size_t cua
 
 void Pendientes::EscribirSola(const Grupo& grupo, Escritura& escritura) {
   try {
-    unidad_.Escribir(grupo.Texto, escritura.Suyos);
+    unidad_.Escribir(grupo.Suya->Una, escritura.Suyos);
   } catch (const ErrorEjecucion& fallo) {
     if (!escritura.AlNoInsertar) throw;
     escritura.AlNoInsertar(fallo);

@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <functional>
+#include <memory>
 #include <optional>
 #include <string>
 #include <vector>
@@ -19,12 +20,18 @@ class Pendientes {
  public:
   explicit Pendientes(Unidad& unidad) : unidad_(unidad) {}
 
-  /// A DELETE of a table. What refuses it is thrown when it is run.
+  /// A statement that writes to a table, and the text of so many of them in one.
+  struct Sentencia {
+    std::string Tabla;
+    std::string Una;
+    std::function<std::string(std::size_t cuantas)> Varias;
+  };
+
+  /// A DELETE. What refuses it is thrown when it is run.
   void Borrar(const std::string& tabla, const std::string& texto, Parametros parametros);
-  /// A row of a table; `textoDe` gives the statement that adds so many.
-  using TextoDe = std::function<std::string(std::size_t filas)>;
-  void Insertar(const std::string& tabla, const std::string& texto, TextoDe textoDe,
-                Parametros parametros, services::AlNoInsertar alNoInsertar);
+  /// A row of a table.
+  void Insertar(const std::shared_ptr<const Sentencia>& sentencia, Parametros parametros,
+                services::AlNoInsertar alNoInsertar);
 
   /// Writes them, in the order of their statements. Throws the first failure that nobody is told
   /// of, once the rest is written.
@@ -38,13 +45,11 @@ class Pendientes {
     services::AlNoInsertar AlNoInsertar;  ///< none for a DELETE
   };
   struct Grupo {
-    std::string Tabla;
-    std::string Texto;  ///< of one of them, which tells it from others
-    TextoDe Varias;
+    std::shared_ptr<const Sentencia> Suya;
     std::vector<Escritura> Escrituras;
   };
 
-  [[nodiscard]] Grupo& De(const std::string& tabla, const std::string& texto, TextoDe textoDe);
+  [[nodiscard]] Grupo& De(const std::shared_ptr<const Sentencia>& sentencia);
   void Escribir(Grupo& grupo, std::optional<services::ErrorEjecucion>& primero);
   [[nodiscard]] bool EscribirJuntas(Grupo& grupo, std::size_t desde, std::size_t cuantas);
   void EscribirSola(const Grupo& grupo, Escritura& escritura);
