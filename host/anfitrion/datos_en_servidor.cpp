@@ -21,7 +21,8 @@ using services::ErrorEjecucion;
 
 /// What is typed as a command is kept by the shell, and shown to whoever looks at the processes.
 void ExigirSinContrasena(const odbc::TextoDeConexion& texto) {
-  if (texto.Valor("PWD").empty() && texto.Valor("Password").empty()) return;
+  const bool enOpciones = texto.Valor("pqopt").find("password") != std::string_view::npos;
+  if (texto.Valor("PWD").empty() && texto.Valor("Password").empty() && !enOpciones) return;
   Rechazar(
       "La contraseña no se escribe en la línea de órdenes, donde otros pueden leerla: quítela de "
       "--datos y guárdela en el origen de datos ODBC, o escríbala cuando se le pida");
@@ -71,7 +72,7 @@ void Crear(const odbc::TextoDeConexion& texto, const AlAbrir& alAbrir) {
   const bool quiere =
       alAbrir.Confirmar &&
       alAbrir.Confirmar(sinEllas + " ¿Crearlas, con un negocio de muestra para probar?");
-  if (!quiere) Rechazar(sinEllas);
+  if (!quiere) Rechazar(sinEllas + " Con --muestra se crean sin preguntar");
   const auto conexion = odbc::AbrirConexion(texto.Texto(), {.CualquierSentencia = true});
   esquema::CrearAlmacenadas(*conexion);
   muestra::Llenar(*conexion, {Ahora().Dias, 0});

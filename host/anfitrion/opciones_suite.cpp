@@ -53,6 +53,8 @@ Opciones LeerOpciones(const QStringList& argumentos) {
       opciones.Carpeta = lectura.Valor();
     } else if (opcion == "--sin-avisar-de-otros") {
       opciones.AvisarDeOtros = false;
+    } else if (opcion == "--muestra") {
+      opciones.Muestra = true;
     } else if (opcion == "--tablas") {
       opciones.Tablas = lectura.Valor();
     } else if (opcion == "--help" || opcion == "--ayuda") {
@@ -69,6 +71,8 @@ QString TextoDeAyuda() {
          "  --datos TEXTO        dónde están las tablas de la empresa: un fichero SQLite, o el "
          "texto de\n"
          "                       conexión ODBC de un servidor, sin la contraseña\n"
+         "  --muestra            crea allí esas tablas, con un negocio de muestra, si no hay "
+         "ninguna\n"
          "  --tablas MOTOR       escribe las sentencias que crean esas tablas en postgresql o en\n"
          "                       mariadb, y termina\n"
          "  --usuario NOMBRE     quién firma los cambios (ANA)\n"

@@ -23,6 +23,8 @@ struct Opciones {
   QString Carpeta;
   /// Whether to ask before a "Grabar" that would undo what others have done since the load.
   bool AvisarDeOtros = true;
+  /// Whether a server without the stored tables gets them, with the sample business, unasked.
+  bool Muestra = false;
   bool Ayuda = false;
   /// The engine for which to write the statements that create the stored tables; empty for none.
   QString Tablas;

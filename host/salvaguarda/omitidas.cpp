@@ -16,8 +16,15 @@ namespace {
 using services::Omision;
 using services::Valor;
 
+/// A server may show a column's name in small letters.
+auto BuscarCampo(const Omision& omision, std::string_view nombre) {
+  return std::ranges::find_if(omision.Fila, [&](const Omision::Campo& campo) {
+    return services::MismoTexto(campo.Nombre, nombre);
+  });
+}
+
 std::string Campo(const Omision& omision, std::string_view nombre) {
-  const auto campo = std::ranges::find(omision.Fila, nombre, &Omision::Campo::Nombre);
+  const auto campo = BuscarCampo(omision, nombre);
   return campo == omision.Fila.end() ? "" : campo->Valor.Texto();
 }
 
@@ -42,7 +49,7 @@ std::string ConSuClave(const Omision& omision, const Tabla& tabla) {
   std::vector<std::string> suyas;
   std::vector<std::string> iguales;
   for (const std::string_view nombre : tabla.Clave()) {
-    const auto campo = std::ranges::find(omision.Fila, nombre, &Omision::Campo::Nombre);
+    const auto campo = BuscarCampo(omision, nombre);
     if (campo == omision.Fila.end() || campo->Valor.EsNulo()) return "";
     const std::vector<std::string> columna{std::string(nombre)};
     suyas.push_back(sql::Juntar({sql::Literal(campo->Valor), " AS ", sql::Columna("", nombre)}));
@@ -75,7 +82,7 @@ Guardada BuscarGuardada(const Omision& omision, sqlite::Conexion& almacenados) t
   for (std::size_t i = 0; i < hallada.Columnas.size(); ++i) {
     const std::string& nombre = hallada.Columnas[i].Nombre;
     if (!tabla->EsContenido(nombre) || EsDeLaClave(*tabla, nombre)) continue;
-    const auto campo = std::ranges::find(omision.Fila, nombre, &Omision::Campo::Nombre);
+    const auto campo = BuscarCampo(omision, nombre);
     if (campo != omision.Fila.end() && !DicenLoMismo(campo->Valor, hallada.Filas.En(0, i))) {
       return Guardada::Otra;
     }

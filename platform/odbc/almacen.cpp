@@ -31,10 +31,11 @@ std::size_t Orden::Ejecutar(Parametros& parametros) {
 void Orden::ExigirColumnas(std::size_t cuantas) {
   SQLSMALLINT hay = 0;
   enlace_->Comprobar(SQLNumResultCols(orden_.get(), &hay), orden_.Suyo);
-  if (static_cast<std::size_t>(hay) != cuantas) OtrasTablas();
+  if (static_cast<std::size_t>(hay) != cuantas) throw TablasCambiadas();
 }
 
-Filas Orden::Leer(Parametros& parametros, const std::vector<services::Columna>& columnas) {
+// What is prepared and looked up goes with the connection, so that they can be opened again.
+Filas Orden::Leer(Parametros& parametros, const std::vector<services::Columna>& columnas) try {
   if (!celdas_) {
     celdas_ = std::make_unique<Celdas>(columnas);
     enlace_->Comprobar(celdas_->Enlazar(orden_.get()), orden_.Suyo);
@@ -52,6 +53,9 @@ Filas Orden::Leer(Parametros& parametros, const std::vector<services::Columna>& 
     enlace_->Comprobar(resultado, orden_.Suyo);
   } while (resultado != SQL_NO_DATA);
   return filas;
+} catch (const TablasCambiadas&) {
+  enlace_->Perder();
+  throw;
 }
 
 Orden& Almacen::Tomar(const std::string& texto) {

@@ -87,11 +87,6 @@ void AnadirNumero(std::string_view dichas, Filas& filas) {
 
 }  // namespace
 
-void OtrasTablas() {
-  throw services::ErrorEjecucion(services::error::FalloDeConexion,
-                                 "Otro programa ha cambiado las tablas; hay que abrirlas de nuevo");
-}
-
 Celdas::Celdas(const std::vector<services::Columna>& columnas) : juntas_(kFilasJuntas) {
   for (const services::Columna& columna : columnas) {
     columnas_.push_back({columna.Tipo, EnC(columna.Tipo), AnchoDe(columna)});
@@ -148,7 +143,7 @@ void Celdas::AnadirCelda(const Columna& columna, std::size_t fila, Filas& filas)
       break;
   }
   // A column that was narrower when it was looked up: nothing of it is cut.
-  if (static_cast<std::size_t>(largo) >= columna.ancho) OtrasTablas();
+  if (static_cast<std::size_t>(largo) >= columna.ancho) throw TablasCambiadas();
   const std::string_view texto(valor, static_cast<std::size_t>(largo));
   if (columna.tipo == TipoColumna::Texto) return filas.AnadirTexto(texto);
   AnadirNumero(texto, filas);

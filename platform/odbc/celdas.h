@@ -6,11 +6,17 @@
 
 #include "datos/conexion.h"
 #include "odbc/manejo.h"
+#include "valores/error.h"
 
 namespace odbc {
 
-/// Throws that the tables aren't those that were looked up.
-[[noreturn]] void OtrasTablas();
+/// The tables aren't those that were looked up.
+class TablasCambiadas final : public services::ErrorEjecucion {
+ public:
+  TablasCambiadas()
+      : ErrorEjecucion(services::error::FalloDeConexion,
+                       "Otro programa ha cambiado las tablas; hay que abrirlas de nuevo") {}
+};
 
 /// The place where the rows of a statement are put as they are fetched, many at once; one by one
 /// where a column has no limit, whose texts are then asked for.

@@ -1,5 +1,7 @@
 #include "odbc/conexion_odbc.h"
 
+#include <utility>
+
 #include "odbc/consulta.h"
 #include "odbc/cursor.h"
 #include "valores/error.h"
@@ -27,14 +29,23 @@ Conexion::~Conexion() {
   unidad_.Abandonar();
 }
 
-std::unique_ptr<services::Cursor> Conexion::Abrir(std::string_view sentencia, ModoApertura modo) {
+/// What was looked up on another connection than this may be others' by now.
+void Conexion::Exigir() {
   enlace_.Exigir();
+  if (std::exchange(vez_, enlace_.Vez()) == enlace_.Vez()) return;
+  interprete_.Olvidar();
+  propias_.Olvidar();
+  catalogo_.Olvidar();
+}
+
+std::unique_ptr<services::Cursor> Conexion::Abrir(std::string_view sentencia, ModoApertura modo) {
+  Exigir();
   return AbrirLeida(sentencia, interprete_.Leer(sentencia, modo), modo);
 }
 
 std::unique_ptr<services::Cursor> Conexion::AbrirPropia(std::string_view sentencia,
                                                         ModoApertura modo) {
-  enlace_.Exigir();
+  Exigir();
   return AbrirLeida(sentencia, propias_.Leer(sentencia, modo), modo);
 }
 
@@ -105,7 +116,7 @@ void Conexion::TerminarLectura() noexcept {
 }
 
 std::vector<services::Columna> Conexion::ColumnasDe(std::string_view tabla) {
-  enlace_.Exigir();
+  Exigir();
   return catalogo_.Exigir(tabla).Columnas;
 }
 

@@ -40,7 +40,7 @@ class Conexion final : public services::ObjetoContado<services::Conexion> {
   void AbandonarUnidad() noexcept override;
   bool EmpezarLectura() noexcept override { return unidad_.EmpezarLectura(); }
   void TerminarLectura() noexcept override;
-  /// A statement that each unit begins with from now on.
+  /// A statement that each unit begins with from now on, and that changes some row.
   void AlEmpezarUnidad(std::string sentencia) { unidad_.AlEmpezar(std::move(sentencia)); }
   /// What whoever opened the connection opens: any well-formed statement, as a component opens one
   /// of the system.
@@ -75,6 +75,7 @@ class Conexion final : public services::ObjetoContado<services::Conexion> {
   [[nodiscard]] services::Filas Leer(const std::string& texto, Parametros& parametros,
                                      const std::vector<services::Columna>& columnas);
   std::size_t Escribir(const std::string& texto, Parametros& parametros);
+  void Exigir();
   [[nodiscard]] std::unique_ptr<services::Cursor> AbrirLeida(std::string_view sentencia,
                                                              dialecto::Sentencia leida,
                                                              services::ModoApertura modo);
@@ -89,6 +90,8 @@ class Conexion final : public services::ObjetoContado<services::Conexion> {
   Pendientes pendientes_{unidad_};
   Anticipadas anticipadas_{unidad_, interprete_};
   bool juntaBorrados_ = false;
+  /// The connection on which its tables were looked up.
+  std::size_t vez_ = 0;
 };
 
 /// Connects. Throws 0x80004005 for a text that isn't understood, and where no server of it can be

@@ -151,6 +151,18 @@ bool EsDeConexionPerdida(const Diagnostico& diagnostico) {
   return Explicar(diagnostico).frase == Perdida.frase;
 }
 
+// One server refuses the plan that it has kept; the other's driver reads rows of one width as rows
+// of another, and loses its place.
+bool EsDeOtrasTablas(const Diagnostico& diagnostico) {
+  constexpr std::array kNativos = {2014, 2027, 2057};
+  const bool plan = diagnostico.Texto.find("cached plan must not change") != std::string::npos;
+  return plan || std::ranges::find(kNativos, diagnostico.Nativo) != kNativos.end();
+}
+
+bool EsDeSoloLectura(const Diagnostico& diagnostico) {
+  return Explicar(diagnostico).frase == SoloLectura.frase;
+}
+
 bool EsDeOtro(const Diagnostico& diagnostico) {
   return Explicar(diagnostico).frase == Deshecha.frase;
 }

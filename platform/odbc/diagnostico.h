@@ -27,6 +27,10 @@ struct Diagnostico {
 /// Whether the server has undone all that the unit wrote, because of what another wrote: the same
 /// may succeed when it is tried anew.
 [[nodiscard]] bool EsDeOtro(const Diagnostico& diagnostico);
+/// Whether what was prepared no longer fits the tables that it was prepared for.
+[[nodiscard]] bool EsDeOtrasTablas(const Diagnostico& diagnostico);
+/// Whether nothing can be written to the server now.
+[[nodiscard]] bool EsDeSoloLectura(const Diagnostico& diagnostico);
 /// The run-time error that it is, in the user's words and then in those of the `motor`.
 [[nodiscard]] services::ErrorEjecucion ErrorDe(const Diagnostico& diagnostico,
                                                std::string_view motor);

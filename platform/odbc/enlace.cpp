@@ -3,6 +3,7 @@
 #include <array>
 #include <optional>
 
+#include "odbc/celdas.h"
 #include "odbc/consulta.h"
 #include "valores/error.h"
 
@@ -148,6 +149,12 @@ void Enlace::Comprobar(SQLRETURN resultado, const Manejo& manejo) {
   if (EsDeConexionPerdida(diagnostico) || Muerta()) {
     perdido_ = true;
     diagnostico.Perdida = true;
+  }
+  // Another of them may have taken its place.
+  if (EsDeSoloLectura(diagnostico) && textos_.size() > 1) perdido_ = true;
+  if (EsDeOtrasTablas(diagnostico)) {
+    perdido_ = true;
+    throw TablasCambiadas();
   }
   const ErrorEjecucion fallo = ErrorDe(diagnostico, motor_);
   if (EsDeOtro(diagnostico)) throw UnidadDeshecha(fallo.Numero(), fallo.Descripcion());

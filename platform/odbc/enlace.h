@@ -66,6 +66,8 @@ class Enlace {
   void Exigir();
   /// How often it has connected: what was prepared before the last time is no more.
   [[nodiscard]] std::size_t Vez() const { return vez_; }
+  /// It is of no use any more.
+  void Perder() noexcept { perdido_ = true; }
   [[nodiscard]] bool Perdido() const { return perdido_; }
 
   [[nodiscard]] ManejoDeOrden NuevaOrden();

@@ -16,6 +16,8 @@ constexpr auto kAtributosPostgres = std::to_array<Par>({
     {"UseDeclareFetch", "0"},
     {"BoolsAsChar", "0"},
     {"UnknownSizes", "2"},
+    {"KeepaliveTime", "20"},
+    {"KeepaliveInterval", "5"},
 });
 constexpr auto kAlConectarPostgres = std::to_array<std::string_view>({
     "SET lock_timeout = 5000",
@@ -47,13 +49,16 @@ constexpr Servidor kPostgres = {
     .ParaCambiar = " FOR UPDATE",
 };
 
-// A row that is given what it holds counts as changed, and a text may hold several statements.
-constexpr auto kAtributosMaria =
-    std::to_array<Par>({{"charset", "utf8mb4"}, {"Option", "67108866"}});
+// A row that is given what it holds counts as changed, and a text may hold several statements. No
+// statement takes a minute: a server that says nothing for so long isn't there.
+constexpr auto kAtributosMaria = std::to_array<Par>({{"charset", "utf8mb4"},
+                                                     {"Option", "67108866"},
+                                                     {"READ_TIMEOUT", "60"},
+                                                     {"WRITE_TIMEOUT", "60"}});
 // Strict, so that what doesn't fit is refused and not cut.
 constexpr auto kAlConectarMaria = std::to_array<std::string_view>({
     "SET SESSION sql_mode = 'STRICT_ALL_TABLES,NO_ENGINE_SUBSTITUTION', "
-    "innodb_lock_wait_timeout = 5, tx_isolation = 'READ-COMMITTED', "
+    "innodb_lock_wait_timeout = 5, lock_wait_timeout = 5, tx_isolation = 'READ-COMMITTED', "
     // What a load joins is found once, and not anew for each supplier.
     "optimizer_switch = 'split_materialized=off'",
 });

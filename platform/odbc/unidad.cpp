@@ -64,7 +64,12 @@ void Unidad::AntesDeEscribir() {
 void Unidad::EsperarTurno() try {
   for (int quedan = kIntentos;; --quedan) {
     try {
-      return enlace_.Ejecutar(alEmpezar_);
+      Parametros ninguno;
+      if (almacen_.Tomar(alEmpezar_).Ejecutar(ninguno) > 0) return;
+      throw ErrorEjecucion(services::error::FalloDeConexion,
+                           "Falta en la base de datos la fila por la que se guarda el turno de los "
+                           "que escriben (" +
+                               alEmpezar_ + ")");
     } catch (const UnidadDeshecha&) {
       if (quedan == 1) throw;
       enlace_.Comprobar(SQLEndTran(SQL_HANDLE_DBC, enlace_.Conexion().get(), SQL_ROLLBACK),
@@ -105,7 +110,14 @@ auto Unidad::Paso(Accion accion) {
 
 std::size_t Unidad::Escribir(const std::string& texto, Parametros& parametros) {
   AntesDeEscribir();
-  return Paso([&] { return almacen_.Tomar(texto).Ejecutar(parametros); });
+  try {
+    return Paso([&] { return almacen_.Tomar(texto).Ejecutar(parametros); });
+  } catch (const ErrorEjecucion& fallo) {
+    // No row is at fault: what was deleted before it would not come back.
+    const bool ninguna = fallo.Numero() == services::error::SentenciaRechazada;
+    if (agrupa_ && ninguna) perdida_ = fallo;
+    throw;
+  }
 }
 
 Filas Unidad::Leer(const std::string& texto, Parametros& parametros,

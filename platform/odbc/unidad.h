@@ -14,15 +14,16 @@ namespace odbc {
 /// The unit of work of a connection: its writes between two ends, all of them durable or none.
 ///
 /// A step that fails by the fault of its row or its statement fails alone. One that fails by the
-/// fault of the server (a lock, a full disk, a connection that is lost) loses the unit: nothing
-/// more is written in it, so that no half of it stays, and its end fails with the same error,
-/// whether or not anyone listened to the first.
+/// fault of the server (a lock, a right to write that is missing, a full disk, a connection that is
+/// lost) loses the unit: nothing more is written in it, so that no half of it stays, and its end
+/// fails with the same error, whether or not anyone listened to the first.
 class Unidad {
  public:
   Unidad(Enlace& enlace, Almacen& almacen, bool agrupa)
       : enlace_(enlace), almacen_(almacen), agrupa_(agrupa) {}
 
-  /// What is run first in each unit from now on, such as what makes others wait for its end.
+  /// What is run first in each unit from now on, and makes others wait for its end by the row that
+  /// it changes. Without such a row nothing is written.
   void AlEmpezar(std::string sentencia) { alEmpezar_ = std::move(sentencia); }
   /// Begins a unit now, unless one is under way. Nothing where each statement stands by itself.
   void Empezar() {

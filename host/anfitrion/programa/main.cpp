@@ -93,8 +93,9 @@ void HablarEnEspanol() {
 int Iniciar(const Opciones& opciones) {
   HablarEnEspanol();
   const bool conAlguien = opciones.Captura.isEmpty();
-  const anfitrion::Datos datos =
-      anfitrion::AbrirDatos(opciones, conAlguien ? anfitrion::EnVentanas() : anfitrion::AlAbrir());
+  anfitrion::AlAbrir alAbrir = conAlguien ? anfitrion::EnVentanas() : anfitrion::AlAbrir();
+  if (opciones.Muestra) alAbrir.Confirmar = [](const std::string&) { return true; };
+  const anfitrion::Datos datos = anfitrion::AbrirDatos(opciones, alAbrir);
   RegistrarSiFalta();
   anfitrion::VentanaPrincipal ventana(opciones, datos);
   return conAlguien ? Trabajar(ventana) : Capturar(ventana, opciones.Captura);

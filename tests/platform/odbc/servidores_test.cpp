@@ -98,11 +98,33 @@ TEST_P(EnServidor, ConTurnoQuienEscribeEsperaAlQueYaEscribia) {
 }
 
 TEST_P(EnServidor, QuienNoTieneTurnoNoEscribe) {
-  dynamic_cast<odbc::Conexion&>(*conexion).AlEmpezarUnidad("UPDATE NoEsta SET Vez = 1");
-  EXPECT_NE(Fallo([&] { Nuevo(*conexion, "A"); }).Numero(), 0);
-  EXPECT_NE(Fallo([&] { Nuevo(*conexion, "B"); }).Numero(), 0);
+  for (const char* turno : {"UPDATE NoEsta SET Vez = 1", "UPDATE SorvexTurno SET Vez = 1"}) {
+    banco->Ejecutar("DELETE FROM SorvexTurno");
+    dynamic_cast<odbc::Conexion&>(*conexion).AlEmpezarUnidad(turno);
+    EXPECT_NE(Fallo([&] { Nuevo(*conexion, "A"); }).Numero(), 0);
+    EXPECT_NE(Fallo([&] { Nuevo(*conexion, "B"); }).Numero(), 0);
+    EXPECT_NE(Fallo([&] { conexion->TerminarUnidad(); }).Numero(), 0);
+    EXPECT_EQ(Cuantas(*otra, "ProvVencimientos"), 0);
+  }
+}
+
+TEST_P(EnServidor, SinDerechoAAnadirNoSeBorraNada) {
+  auto& suya = dynamic_cast<odbc::Conexion&>(*conexion);
+  if (suya.NombreDelMotor() != "PostgreSQL") GTEST_SKIP() << "los derechos son de quien entra";
+  Nuevo(*conexion, "A");
+  conexion->TerminarUnidad();
+  const Texto esquema = suya.Consultar("SELECT current_schema()").Filas.En(0, 0).Texto();
+  banco->Ejecutar("CREATE ROLE sin_altas");
+  banco->Ejecutar("GRANT USAGE ON SCHEMA " + esquema + " TO sin_altas");
+  banco->Ejecutar("GRANT SELECT, DELETE ON ProvVencimientos TO sin_altas");
+  suya.Ejecutar("SET ROLE sin_altas");
+  Abrir(*conexion, "DELETE FROM ProvVencimientos", Modo::Optimista);
+  EXPECT_EQ(Fallo([&] { Nuevo(*conexion, "B"); }).Numero(), error::SentenciaRechazada);
   EXPECT_NE(Fallo([&] { conexion->TerminarUnidad(); }).Numero(), 0);
-  EXPECT_EQ(Cuantas(*otra, "ProvVencimientos"), 0);
+  EXPECT_EQ(Cuantas(*otra, "ProvVencimientos"), 1);
+  suya.Ejecutar("RESET ROLE");
+  banco->Ejecutar("DROP OWNED BY sin_altas");
+  banco->Ejecutar("DROP ROLE sin_altas");
 }
 
 TEST_P(EnServidor, UnaLecturaQueFallaNoSeLlevaLoEscritoNiLoQueSeLeeDespues) {
@@ -119,6 +141,19 @@ TEST_P(EnServidor, UnaLecturaQueFallaNoSeLlevaLoEscritoNiLoQueSeLeeDespues) {
   EXPECT_EQ(Cuantas(*conexion, "ProvVencimientos"), 2);
   EXPECT_NE(Fallo([&] { Abrir(*conexion, previsiones); }).Numero(), 0);
   EXPECT_EQ(Cuantas(*conexion, "ProvVencimientos"), 2);
+}
+
+TEST_P(EnServidor, UnaTablaQueOtroTieneTomadaSeEsperaCincoSegundos) {
+  const auto quien = banco->Conectar();
+  auto& tomada = dynamic_cast<odbc::Conexion&>(*quien);
+  const bool postgres = tomada.NombreDelMotor() == "PostgreSQL";
+  if (postgres) tomada.EmpezarUnidad();
+  tomada.Ejecutar(postgres ? "LOCK TABLE ProvVencimientos IN SHARE MODE"
+                           : "LOCK TABLES ProvVencimientos READ");
+  const auto antes = std::chrono::steady_clock::now();
+  const auto fallo = Fallo([&] { Nuevo(*conexion, "A"); });
+  EXPECT_LT(std::chrono::steady_clock::now() - antes, std::chrono::seconds(20));
+  EXPECT_THAT(fallo.Descripcion(), HasSubstr("está bloqueada por otro programa"));
 }
 
 TEST_P(EnServidor, UnaClaveQueOtroHaGrabadoEntretantoSeRehusaSola) {
@@ -170,6 +205,11 @@ TEST_P(EnServidor, UnaColumnaQueSeAnadeEntretantoSeDiceYNoSeLeeComoOtra) {
   EXPECT_EQ(Abrir(*conexion, conOtra)->Collect("Descripcion").Texto(), "Luz");
   banco->Ejecutar("ALTER TABLE ProvVencimientos ADD COLUMN Nueva varchar(10) DEFAULT 'otra'");
   EXPECT_EQ(Fallo([&] { Abrir(*conexion, conOtra); }).Numero(), error::FalloDeConexion);
+  EXPECT_EQ(Abrir(*conexion, conOtra)->Collect("Nueva").Texto(), "otra") << "al abrirla de nuevo";
+  Abrir(*conexion, kTodos);
+  banco->Ejecutar("ALTER TABLE ProvVencimientos ADD COLUMN Otra integer");
+  EXPECT_EQ(Fallo([&] { Abrir(*conexion, kTodos); }).Numero(), error::FalloDeConexion);
+  EXPECT_EQ(Abrir(*conexion, kTodos)->RecordCount(), 1);
 }
 
 TEST_P(EnServidor, LosImportesNoPierdenNingunCentimo) {
