@@ -106,8 +106,8 @@ class Muertes:
                                          "--esquema", "muertes").splitlines()
             quedo = self.juzgar(donde, dicho, corte.cortado)
         except Fallo as fallo:
-            # What a scenario asks by itself ends it: "Grabar" was over.
-            if "Se ha perdido la conexión" not in str(fallo):
+            # What a scenario asks by itself ends it: "Grabar" was over, or it was the load.
+            if not any(dicho in str(fallo) for dicho in ("Se ha perdido", "no está cargada")):
                 raise
             quedo = "fuera"
         corte.terminar()

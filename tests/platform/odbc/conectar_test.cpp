@@ -72,6 +72,12 @@ TEST_P(AlConectar, ElQueNoEstaSeDiceComoTal) {
   EXPECT_THAT(dicho, HasSubstr("No se llega al servidor"));
 }
 
+TEST_P(AlConectar, LaBaseQueNoEstaNoEsUnServidorQueNoEste) {
+  texto.Poner("Database", "no_esta");
+  EXPECT_THAT(LoQueDice([&] { (void)odbc::AbrirConexion(texto.Texto()); }),
+              HasSubstr("El servidor no deja entrar"));
+}
+
 /// That PostgreSQL lets everybody in.
 TEST_P(AlConectar, QuienNoEntraLoSabeAunqueFalteOtroServidor) {
   if (GetParam().Nombre != "mariadb") GTEST_SKIP() << "no pide contraseña";
