@@ -17,7 +17,7 @@ import tempfile
 import time
 from pathlib import Path
 
-ESPERA = 25  # seconds until a server has to answer
+ESPERA = 60  # seconds until a server has to answer
 _PR_SET_PDEATHSIG = 1
 
 

@@ -25,6 +25,13 @@ constexpr dialecto::Motor kConNumeros = [] {
   return motor;
 }();
 
+constexpr dialecto::Motor kPorClaves = [] {
+  dialecto::Motor motor = pruebas::MotorDePrueba;
+  motor.PorClaves = true;
+  motor.OrdenaQuienLee = true;
+  return motor;
+}();
+
 std::string Traducida(const std::string& escrita, const dialecto::Motor& motor = kConNumeros) {
   pruebas::CatalogoConClaves catalogo;
   const auto leida =
@@ -50,12 +57,6 @@ TEST(Semirreunion, LasFilasSeHallanPorSusNumeros) {
 }
 
 TEST(Semirreunion, OPorLosValoresQueLasJuntanTambienSinSusBlancos) {
-  constexpr dialecto::Motor kPorClaves = [] {
-    dialecto::Motor motor = pruebas::MotorDePrueba;
-    motor.PorClaves = true;
-    motor.OrdenaQuienLee = true;
-    return motor;
-  }();
   EXPECT_EQ(Traducida("SELECT DISTINCT Facturas.* FROM Facturas INNER JOIN Vtos AS V ON "
                       "Facturas.NConcepto = V.NConcepto AND RTRIM(LTRIM(Facturas.Factura)) = "
                       "RTRIM(LTRIM(V.NFactura)) WHERE V.FechaVto >= 'a'",
@@ -69,12 +70,6 @@ TEST(Semirreunion, OPorLosValoresQueLasJuntanTambienSinSusBlancos) {
 }
 
 TEST(Semirreunion, PeroNoDondeUnaColumnaSeComparaDosVecesOConOtraDeSuTabla) {
-  constexpr dialecto::Motor kPorClaves = [] {
-    dialecto::Motor motor = pruebas::MotorDePrueba;
-    motor.PorClaves = true;
-    motor.OrdenaQuienLee = true;
-    return motor;
-  }();
   for (const char* junta :
        {"Facturas.NConcepto = Vtos.NConcepto AND Facturas.Factura = Vtos.NConcepto",
         "Facturas.NConcepto = Vtos.NConcepto AND Facturas.Factura = Facturas.Año"}) {

@@ -72,6 +72,16 @@ TEST_P(AlConectar, ElQueNoEstaSeDiceComoTal) {
   EXPECT_THAT(dicho, HasSubstr("No se llega al servidor"));
 }
 
+TEST_P(AlConectar, QuienNoTieneDerechoALaBaseLoSabe) {
+  if (GetParam().Nombre != "mariadb") GTEST_SKIP() << "allí entra cualquiera";
+  const auto dueno = odbc::AbrirConexion(texto.Texto());
+  dueno->Ejecutar("CREATE OR REPLACE USER sin_base");
+  texto.Poner("User", "sin_base");
+  EXPECT_THAT(LoQueDice([&] { (void)odbc::AbrirConexion(texto.Texto()); }),
+              HasSubstr("no tiene permiso"));
+  dueno->Ejecutar("DROP USER sin_base");
+}
+
 TEST_P(AlConectar, LaBaseQueNoEstaNoEsUnServidorQueNoEste) {
   texto.Poner("Database", "no_esta");
   EXPECT_THAT(LoQueDice([&] { (void)odbc::AbrirConexion(texto.Texto()); }),
