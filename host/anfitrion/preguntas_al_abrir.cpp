@@ -11,10 +11,10 @@
 namespace anfitrion {
 namespace {
 
-constexpr const char* kTitulo = "Sorvex";
+constexpr const char* kTituloDePreguntas = "Sorvex";
 
 bool Confirmar(const std::string& pregunta) {
-  QMessageBox caja(QMessageBox::Question, kTitulo, QString::fromStdString(pregunta));
+  QMessageBox caja(QMessageBox::Question, kTituloDePreguntas, QString::fromStdString(pregunta));
   caja.setTextFormat(Qt::PlainText);
   QPushButton* si = caja.addButton("Sí", QMessageBox::YesRole);
   QPushButton* no = caja.addButton("No", QMessageBox::NoRole);
@@ -26,7 +26,7 @@ bool Confirmar(const std::string& pregunta) {
 
 std::optional<std::string> PedirContrasena(const std::string& pregunta) {
   QInputDialog dialogo;
-  dialogo.setWindowTitle(kTitulo);
+  dialogo.setWindowTitle(kTituloDePreguntas);
   dialogo.setLabelText(QString::fromStdString(pregunta) + "\n\nContraseña:");
   dialogo.setTextEchoMode(QLineEdit::Password);
   dialogo.setOkButtonText("Aceptar");
