@@ -23,6 +23,11 @@ constexpr auto kAlConectarPostgres = std::to_array<std::string_view>({
     "SET lock_timeout = 5000",
     "SET standard_conforming_strings = on",
 });
+// Tables are joined as they are written, the range of a load first, also where the server hasn't
+// counted their rows yet: it would go through all invoices of a supplier for each of them.
+constexpr auto kSiSabePostgres = std::to_array<std::string_view>({
+    "SET join_collapse_limit = 1",
+});
 constexpr auto kLeerPostgres = std::to_array<std::string_view>({
     "BEGIN ISOLATION LEVEL REPEATABLE READ READ ONLY",
 });
@@ -40,6 +45,7 @@ constexpr Servidor kPostgres = {
     .EsquemaActual = "SELECT current_schema()",
     .Atributos = kAtributosPostgres,
     .AlConectar = kAlConectarPostgres,
+    .SiSabe = kSiSabePostgres,
     .AlLeerDeUnMomento = kLeerPostgres,
     .FalloSeLoLlevaTodo = true,
     .MismoTexto = {"", " COLLATE \"C\" = ?"},

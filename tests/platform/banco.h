@@ -44,6 +44,7 @@ inline void PrintTo(const Motor& motor, std::ostream* salida) {
 
 /// The embedded engine, and those servers that are there to be tried on.
 [[nodiscard]] std::vector<Motor> Motores();
+[[nodiscard]] std::vector<Motor> Servidores();
 inline std::string NombreDelMotor(const testing::TestParamInfo<Motor>& motor) {
   return motor.param.Nombre;
 }

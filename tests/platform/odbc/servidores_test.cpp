@@ -18,12 +18,6 @@ using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::IsEmpty;
 
-std::vector<Motor> Servidores() {
-  std::vector<Motor> motores = Motores();
-  motores.erase(motores.begin());
-  return motores;
-}
-
 class EnServidor : public Conformidad {
  protected:
   static constexpr const char* kTodos = "SELECT ProvVencimientos.* FROM ProvVencimientos";

@@ -1,0 +1,62 @@
+#include "odbc/conexion_odbc.h"
+#include "platform/banco_odbc.h"
+#include "platform/conformidad.h"
+#include "platform/filas_al_azar.h"
+
+// How many rows a server goes through for what a load asks, by its own count: a few for each that
+// it gives, also when all are of one supplier and it hasn't counted its tables yet.
+
+namespace pruebas {
+namespace {
+
+class FilasMiradas : public Conformidad {
+ protected:
+  static constexpr std::int64_t kEnElPeriodo = 6'400;
+
+  odbc::Conexion& Suya() { return dynamic_cast<odbc::Conexion&>(*conexion); }
+
+  /// Rows numbered by `i`.
+  void Anadir(const Texto& tabla, const Texto& columnas, const Texto& valores) {
+    banco->Ejecutar("INSERT INTO " + tabla + " (" + columnas +
+                    ") WITH RECURSIVE n(i) AS (SELECT 0 UNION ALL SELECT i + 1 FROM n WHERE i < 79)"
+                    ", m(i) AS (SELECT a.i * 80 + b.i FROM n AS a, n AS b) SELECT " +
+                    valores + " FROM m");
+  }
+  /// Invoices of one supplier with a base and a due date each.
+  void Llenar(const Texto& prefijo, const Texto& dia) {
+    const Texto clave = "'400', concat('" + prefijo + "', i), '2005', ";
+    Anadir("ProvFacturas", "NConcepto, Factura, Año, Fecha", clave + "'" + dia + "'");
+    Anadir("ProvVencimientos", "NConcepto, NFactura, Año, FechaVto", clave + "'" + dia + "'");
+    Anadir("ProvBasesIva", "NConcepto, NFactura, Año, Tipo", clave + "'16'");
+  }
+  std::int64_t Miradas() {
+    const bool postgres = Suya().NombreDelMotor() == "PostgreSQL";
+    if (postgres) Suya().Ejecutar("SELECT pg_stat_force_next_flush()");
+    const auto cuenta = Suya().Consultar(
+        postgres ? "SELECT sum(coalesce(seq_tup_read, 0) + coalesce(idx_tup_fetch, 0)) FROM "
+                   "pg_stat_user_tables WHERE schemaname = current_schema()"
+                 : "SELECT sum(VARIABLE_VALUE) FROM information_schema.SESSION_STATUS WHERE "
+                   "VARIABLE_NAME LIKE 'HANDLER_READ%'");
+    return std::stoll(cuenta.Filas.En(0, 0).Texto());
+  }
+};
+
+GTEST_ALLOW_UNINSTANTIATED_PARAMETERIZED_TEST(FilasMiradas);
+INSTANTIATE_TEST_SUITE_P(Servidores, FilasMiradas, testing::ValuesIn(Servidores()), NombreDelMotor);
+
+TEST_P(FilasMiradas, UnaCargaMiraUnasPocasPorCadaUnaQueTrae) {
+  Anadir("ProvConceptos", "NConcepto, Descripcion", "concat('', i), concat('Proveedor ', i)");
+  Llenar("F", "20050315");
+  Llenar("A", "20040315");
+  for (const Texto& sentencia : Sentencias()) {
+    if (sentencia.find("FechaVto") == Texto::npos) continue;
+    const std::int64_t antes = Miradas();
+    EXPECT_EQ(Abrir(*conexion, sentencia)->RecordCount(), kEnElPeriodo) << sentencia;
+    const std::int64_t miradas = Miradas() - antes;
+    EXPECT_GE(miradas, kEnElPeriodo) << "no se han contado: " << sentencia;
+    EXPECT_LE(miradas, 20 * kEnElPeriodo) << sentencia;
+  }
+}
+
+}  // namespace
+}  // namespace pruebas
