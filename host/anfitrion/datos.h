@@ -9,6 +9,7 @@
 #include "anfitrion/opciones_suite.h"
 #include "salvaguarda/almacen.h"
 #include "sqlite/conexion_sqlite.h"
+#include "valores/error.h"
 #include "valores/objeto.h"
 
 namespace anfitrion {
@@ -33,9 +34,16 @@ struct AlAbrir {
   std::function<std::optional<std::string>(const std::string& pregunta)> Contrasena = nullptr;
 };
 
+/// He would rather not go on: he needn't be told so.
+class Desistido : public services::ErrorEjecucion {
+ public:
+  explicit Desistido(const std::string& motivo)
+      : ErrorEjecucion(services::error::FalloDeConexion, motivo) {}
+};
+
 /// Opens both, making them at the first start: the stored ones with the sample business in them, in
 /// the suite's own file or, when the user agrees, on a server that has none of their tables. Throws
-/// `ErrorEjecucion` with a text for the user.
+/// `ErrorEjecucion` with a text for the user, `Desistido` when he doesn't agree.
 [[nodiscard]] Datos AbrirDatos(const Opciones& opciones, const AlAbrir& alAbrir = {});
 
 /// Keeps the working file as it is now beside it, under a name with the date and the time, which it

@@ -45,37 +45,48 @@ services::Ref<odbc::Conexion> Conectar(odbc::TextoDeConexion& texto, const AlAbr
       if (!alAbrir.Contrasena) throw;
       const bool primera = texto.Valor("PWD").empty();
       const auto contrasena = alAbrir.Contrasena(primera ? QuienEntra(texto) : fallo.Descripcion());
-      if (!contrasena) throw;
+      if (!contrasena) throw Desistido(fallo.Descripcion());
       texto.Poner("PWD", *contrasena);
     }
   }
 }
 
-/// The last one that is made.
-constexpr const char* kTabla = "SorvexTurno";
-
-void ExigirTablas(odbc::Conexion& conexion, const std::string& nombre) {
-  if (conexion.TieneTabla(kTabla)) return;
-  Rechazar("A las tablas de la empresa en " + nombre + " les falta " + kTabla +
-           ": no se han acabado de crear, o no son de esta versión");
-}
-
-bool TieneAlguna(odbc::Conexion& conexion) {
-  return std::ranges::any_of(esquema::Almacenadas(), [&](const esquema::Tabla& tabla) {
-    return conexion.TieneTabla(tabla.Nombre);
+/// Whether there is nothing in the tables that are there.
+bool EstanVacias(odbc::Conexion& conexion) {
+  return std::ranges::all_of(esquema::Almacenadas(), [&](const esquema::Tabla& tabla) {
+    const std::string una = "SELECT 1 FROM " + std::string(tabla.Nombre) + " LIMIT 1";
+    return !conexion.TieneTabla(tabla.Nombre) || conexion.Consultar(una).Filas.Cuantas() == 0;
   });
 }
 
+/// A creation that was cut short has left tables without rows, and no turn: it is done again.
 void Crear(const odbc::TextoDeConexion& texto, const AlAbrir& alAbrir) {
   const std::string sinEllas =
       "La base de datos " + texto.Nombre() + " no tiene las tablas de la empresa.";
-  const bool quiere =
-      alAbrir.Confirmar &&
-      alAbrir.Confirmar(sinEllas + " ¿Crearlas, con un negocio de muestra para probar?");
-  if (!quiere) Rechazar(sinEllas + " Con --muestra se crean sin preguntar");
-  const auto conexion = odbc::AbrirConexion(texto.Texto(), {.CualquierSentencia = true});
-  esquema::CrearAlmacenadas(*conexion);
-  muestra::Llenar(*conexion, {Ahora().Dias, 0});
+  if (!alAbrir.Confirmar) Rechazar(sinEllas + " Con --muestra se crean sin preguntar");
+  if (!alAbrir.Confirmar(sinEllas + " ¿Crearlas, con un negocio de muestra para probar?")) {
+    throw Desistido(sinEllas);
+  }
+  try {
+    const auto conexion = odbc::AbrirConexion(texto.Texto(), {.CualquierSentencia = true});
+    esquema::CrearTablas(*conexion);
+    muestra::Llenar(*conexion, {Ahora().Dias, 0});
+    esquema::CrearTurno(*conexion);
+  } catch (const ErrorEjecucion& fallo) {
+    Rechazar(
+        "Las tablas de la empresa no se han podido crear en " + texto.Nombre() +
+        ", y se puede volver a intentar con un usuario que pueda crearlas: " + fallo.Descripcion());
+  }
+}
+
+void ExigirTablas(odbc::Conexion& conexion, const odbc::TextoDeConexion& texto,
+                  const AlAbrir& alAbrir) {
+  if (esquema::TieneTurno(conexion)) return;
+  if (!EstanVacias(conexion)) {
+    Rechazar("A las tablas de la empresa en " + texto.Nombre() +
+             " les falta SorvexTurno: no son de esta versión, o no se han acabado de crear");
+  }
+  Crear(texto, alAbrir);
 }
 
 }  // namespace
@@ -92,8 +103,7 @@ std::shared_ptr<salvaguarda::Almacen> AbrirEnServidor(const std::string& texto,
         "MariaDB, y no en " +
         conexion->NombreDelMotor());
   }
-  if (!TieneAlguna(*conexion)) Crear(leido, alAbrir);
-  ExigirTablas(*conexion, leido.Nombre());
+  ExigirTablas(*conexion, leido, alAbrir);
   conexion->AlEmpezarUnidad(esquema::kTurno);
   return std::make_shared<salvaguarda::AlmacenEnServidor>(conexion, leido.Nombre(),
                                                           espejo.string());

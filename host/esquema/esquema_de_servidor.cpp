@@ -137,12 +137,12 @@ std::string TextoDeIndice(const Indice& indice, const Escritura& escritura) {
   std::string columnas;
   if (!indice.Recortada.empty()) columnas = Con(escritura.Recorte, indice.Recortada);
   if (!columnas.empty() && !indice.Columnas.empty()) columnas += ", ";
-  return "CREATE INDEX " + std::string(indice.Nombre) + " ON " + std::string(indice.Tabla) + " (" +
-         columnas.append(indice.Columnas) + ")";
+  return "CREATE INDEX IF NOT EXISTS " + std::string(indice.Nombre) + " ON " +
+         std::string(indice.Tabla) + " (" + columnas.append(indice.Columnas) + ")";
 }
 
 std::string TextoDeCreacion(const Tabla& tabla, const Escritura& escritura, bool numerada) {
-  std::string sql = "CREATE TABLE " + std::string(tabla.Nombre) + " (";
+  std::string sql = "CREATE TABLE IF NOT EXISTS " + std::string(tabla.Nombre) + " (";
   for (const Columna& columna : tabla.Columnas) {
     const bool deClave = EsDeLaClave(tabla, columna.Nombre);
     if (&columna != &tabla.Columnas.front()) sql += ", ";
@@ -194,6 +194,15 @@ std::vector<std::string> Sentencias(const Escritura& escritura, std::span<const 
   return sentencias;
 }
 
+constexpr auto kCreacionDelTurno = std::to_array<std::string_view>({
+    "CREATE TABLE IF NOT EXISTS SorvexTurno (Clave integer PRIMARY KEY, Vez bigint NOT NULL)",
+    "INSERT INTO SorvexTurno (Clave, Vez) VALUES (1, 0)",
+});
+
+void Ejecutar(odbc::Conexion& conexion, const auto& sentencias) {
+  for (const auto& sentencia : sentencias) conexion.Ejecutar(std::string(sentencia));
+}
+
 }  // namespace
 
 EsquemaPropio::EsquemaPropio(std::string conexion, std::string nombre, bool deSiempre)
@@ -216,23 +225,30 @@ EsquemaPropio::~EsquemaPropio() {
 
 std::vector<std::string> SentenciasDeCreacion(std::string_view motor) {
   std::vector<std::string> sentencias = Sentencias(EscrituraDe(motor), Almacenadas(), true);
-  sentencias.emplace_back(
-      "CREATE TABLE SorvexTurno (Clave integer PRIMARY KEY, Vez bigint NOT NULL)");
-  sentencias.emplace_back("INSERT INTO SorvexTurno (Clave, Vez) VALUES (1, 0)");
+  sentencias.insert(sentencias.end(), kCreacionDelTurno.begin(), kCreacionDelTurno.end());
   return sentencias;
 }
 
+void CrearTablas(odbc::Conexion& conexion) {
+  Ejecutar(conexion, Sentencias(EscrituraDe(conexion.NombreDelMotor()), Almacenadas(), true));
+}
+
+void CrearTurno(odbc::Conexion& conexion) {
+  Ejecutar(conexion, kCreacionDelTurno);
+}
+
+bool TieneTurno(odbc::Conexion& conexion) {
+  return conexion.TieneTabla("SorvexTurno") &&
+         conexion.Consultar("SELECT Vez FROM SorvexTurno").Filas.Cuantas() > 0;
+}
+
 void CrearAlmacenadas(odbc::Conexion& conexion) {
-  for (const std::string& sentencia : SentenciasDeCreacion(conexion.NombreDelMotor())) {
-    conexion.Ejecutar(sentencia);
-  }
+  CrearTablas(conexion);
+  CrearTurno(conexion);
 }
 
 void CrearDeTrabajo(odbc::Conexion& conexion) {
-  const Escritura& escritura = EscrituraDe(conexion.NombreDelMotor());
-  for (const std::string& sentencia : Sentencias(escritura, DeTrabajo(), false)) {
-    conexion.Ejecutar(sentencia);
-  }
+  Ejecutar(conexion, Sentencias(EscrituraDe(conexion.NombreDelMotor()), DeTrabajo(), false));
 }
 
 }  // namespace esquema

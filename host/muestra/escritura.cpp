@@ -42,6 +42,12 @@ void Sellar(Recordset& rs, FechaHora dia, std::string_view usuario = kUsuario) {
   rs.Collect("ModificadoPor") = usuario;
 }
 
+/// With others, in few trips to a server.
+void Dejar(Recordset& rs) {
+  rs.UpdateLuego(
+      [](const services::ErrorEjecucion& fallo) { throw services::ErrorEjecucion(fallo); });
+}
+
 }  // namespace
 
 Escritura::Escritura(services::Conexion& CnDatos) {
@@ -60,7 +66,7 @@ void Escritura::Anadir(const Concepto& concepto) {
   conceptos_.AddNew();
   conceptos_.Collect("NConcepto") = concepto.Codigo;
   conceptos_.Collect("Descripcion") = concepto.Descripcion;
-  conceptos_.Update();
+  Dejar(conceptos_);
 }
 
 void Escritura::Anadir(const Factura& factura) {
@@ -79,7 +85,7 @@ void Escritura::Anadir(const Factura& factura) {
   rs.Collect("TipoIRPF") = factura.Retencion.Tipo;
   rs.Collect("IRPF") = Dinero(factura.Retencion.Importe);
   Sellar(rs, factura.Fecha);
-  rs.Update();
+  Dejar(rs);
   for (const Base& base : factura.Bases) Anadir(factura, base);
   for (const Recibo& recibo : factura.Recibos) Anadir(factura, recibo);
 }
@@ -99,7 +105,7 @@ void Escritura::Anadir(const Factura& factura, const Base& base) {
     rs.Collect("Importe") = Dinero(base.Iva);
   }
   Sellar(rs, factura.Fecha);
-  rs.Update();
+  Dejar(rs);
 }
 
 void Escritura::Anadir(const Factura& factura, const Recibo& recibo) {
@@ -113,7 +119,7 @@ void Escritura::Anadir(const Factura& factura, const Recibo& recibo) {
   if (recibo.Pagado) rs.Collect("Pagado") = Dinero(*recibo.Pagado);
   if (recibo.Pago) rs.Collect("Fechapago") = Almacenada(*recibo.Pago);
   Sellar(rs, recibo.Pago.value_or(factura.Fecha));
-  rs.Update();
+  Dejar(rs);
 }
 
 void Escritura::Anadir(const Prevision& prevision) {
@@ -125,7 +131,7 @@ void Escritura::Anadir(const Prevision& prevision) {
   rs.Collect("Tipo") = prevision.Tipo;
   rs.Collect("Importe") = Dinero(prevision.Importe);
   rs.Collect("Actualizado") = Actualizado(prevision.Primera);
-  rs.Update();
+  Dejar(rs);
 }
 
 void Escritura::Anadir(const Apunte& apunte) {
@@ -140,7 +146,7 @@ void Escritura::Anadir(const Apunte& apunte) {
   if (apunte.Anio) rs.Collect("Año") = std::to_string(*apunte.Anio);
   rs.Collect("Usuario") = apunte.Usuario;
   Sellar(rs, apunte.Momento, apunte.Usuario);
-  rs.Update();
+  Dejar(rs);
 }
 
 }  // namespace muestra

@@ -8,8 +8,8 @@
 
 namespace muestra {
 
-/// Writes the sample business into the stored tables, row by row as any program of the suite does,
-/// so that it serves every engine.
+/// Writes the sample business into the stored tables, as any program of the suite does, so that it
+/// serves every engine.
 class Escritura {
  public:
   explicit Escritura(services::Conexion& CnDatos);

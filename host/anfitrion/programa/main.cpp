@@ -141,6 +141,8 @@ int main(int argc, char** argv) {
   QApplication aplicacion(argc, argv);
   try {
     return Iniciar(opciones);
+  } catch (const anfitrion::Desistido&) {
+    return EXIT_FAILURE;
   } catch (const std::exception& fallo) {
     MostrarFallo(QString::fromUtf8(fallo.what()), !opciones.Captura.isEmpty());
     return EXIT_FAILURE;

@@ -83,11 +83,38 @@ TEST_P(SuiteEnServidor, LasTablasSeCreanCuandoSeQuiereYSoloUnaVez) {
   EXPECT_THAT(Abrir(), HasSubstr("abierto 127.0.0.1"));
 }
 
-TEST_P(SuiteEnServidor, LasQueNoSeHanAcabadoDeCrearNoSirven) {
+TEST_P(SuiteEnServidor, LasQueNoSeHanAcabadoDeCrearSeAcabanSiNoTienenNada) {
+  const anfitrion::AlAbrir alguien{.Confirmar = [](const std::string&) { return true; }};
+  const auto conexion = odbc::AbrirConexion(base.Texto());
+  esquema::CrearTablas(*conexion);
+  conexion->Ejecutar("DROP TABLE CajaPagos");
+  EXPECT_THAT(Abrir(alguien), HasSubstr("abierto"));
+  EXPECT_GT(Cuantas("CajaPagos"), 10);
+  EXPECT_EQ(Cuantas("SorvexTurno"), 1);
+}
+
+TEST_P(SuiteEnServidor, LasQueTienenAlgoYNoTienenTurnoNoSeTocan) {
+  const anfitrion::AlAbrir alguien{.Confirmar = [](const std::string&) { return true; }};
   const auto conexion = odbc::AbrirConexion(base.Texto());
   esquema::CrearAlmacenadas(*conexion);
-  conexion->Ejecutar("DROP TABLE SorvexTurno");
-  EXPECT_THAT(Abrir(), HasSubstr("les falta SorvexTurno"));
+  conexion->Ejecutar("INSERT INTO ProvConceptos (NConcepto) VALUES ('400')");
+  for (const char* sinTurno : {"DELETE FROM SorvexTurno", "DROP TABLE SorvexTurno"}) {
+    conexion->Ejecutar(sinTurno);
+    EXPECT_THAT(Abrir(alguien), HasSubstr("les falta SorvexTurno"));
+    EXPECT_EQ(Cuantas("ProvConceptos"), 1);
+  }
+}
+
+/// And nothing of the sample is left, so that it may be wanted again.
+TEST_P(SuiteEnServidor, UnaCreacionQueFallaSeDiceYSePuedeRepetir) {
+  const anfitrion::AlAbrir alguien{.Confirmar = [](const std::string&) { return true; }};
+  const auto conexion = odbc::AbrirConexion(base.Texto());
+  conexion->Ejecutar("CREATE TABLE CajaPagos (Ajena integer)");
+  EXPECT_THAT(Abrir(alguien), HasSubstr("no se han podido crear"));
+  EXPECT_EQ(Cuantas("ProvConceptos"), 0);
+  conexion->Ejecutar("DROP TABLE CajaPagos");
+  EXPECT_THAT(Abrir(alguien), HasSubstr("abierto"));
+  EXPECT_GT(Cuantas("ProvConceptos"), 0);
 }
 
 TEST_P(SuiteEnServidor, LaContrasenaSePideHastaQueEntraOSeDeja) {
