@@ -6,7 +6,7 @@ import re
 import subprocess
 import time
 
-from servidores import ESPERA, MariaDB, programa, puerto_libre
+from servidores import ESPERA, MariaDB, puerto_libre
 
 PROVEEDOR = "/usr/lib/galera/libgalera_smm.so"
 # A node that was killed is missed at once, so that 200 of them don't take a day.
@@ -59,14 +59,6 @@ class Nodo(MariaDB):
     def estado(self, nombre: str) -> str:
         dicho = self.preguntar(f"SHOW STATUS LIKE '{nombre}'")
         return dicho[0].split("\t")[1] if dicho else ""
-
-    def preguntar(self, sql: str) -> list[str]:
-        orden = [programa("mariadb"), "--no-defaults", "-uroot", "-h127.0.0.1", f"-P{self.puerto}",
-                 "-NBe", sql]
-        hecho = subprocess.run(orden, capture_output=True, text=True, check=False, timeout=60)
-        if hecho.returncode != 0:
-            raise RuntimeError(f"nodo {self.numero}: {hecho.stderr}")
-        return hecho.stdout.splitlines()
 
     def responde(self) -> bool:
         if not super().responde():

@@ -12,21 +12,10 @@ import sys
 
 from corte import Corte
 from prueba_cortes import PAGAR, TABLAS, Fallo
-from servidores import MariaDB, PostgreSQL, Servidor, en_marcha, programa
+from servidores import MariaDB, PostgreSQL, Servidor, en_marcha
 
 MUERTES = 8
 ESQUEMA = "muertes"
-
-
-def preguntar(servidor: Servidor, sql: str) -> list[str]:
-    """What the server's own client says."""
-    if isinstance(servidor, PostgreSQL):
-        orden = [programa("psql"), "-X", "-h", "127.0.0.1", "-p", str(servidor.puerto), "-U",
-                 "tesvara", "-d", "postgres", "-Atc", sql]
-    else:
-        orden = [programa("mariadb"), "--no-defaults", "-uroot", "-h127.0.0.1",
-                 f"-P{servidor.puerto}", "-NBe", sql]
-    return subprocess.run(orden, capture_output=True, text=True, check=True).stdout.splitlines()
 
 
 class Prueba:
@@ -47,10 +36,10 @@ class Prueba:
         """Those of the schema, which is dropped."""
         filas = []
         for tabla, columnas in TABLAS.items():
-            filas += preguntar(self.servidor, f"SELECT {columnas} FROM {ESQUEMA}.{tabla} "
-                                              f"ORDER BY {columnas}")
+            filas += self.servidor.preguntar(f"SELECT {columnas} FROM {ESQUEMA}.{tabla} ORDER BY "
+                                             f"{columnas}")
         todo = " CASCADE" if isinstance(self.servidor, PostgreSQL) else ""
-        preguntar(self.servidor, f"DROP SCHEMA {ESQUEMA}{todo}")
+        self.servidor.preguntar(f"DROP SCHEMA {ESQUEMA}{todo}")
         return filas
 
     def contar(self, lineas: list[str]) -> tuple[int, list[str]]:

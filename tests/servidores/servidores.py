@@ -122,10 +122,22 @@ class Servidor:
     def responde(self) -> bool:
         raise NotImplementedError
 
+    def cliente(self) -> list[str]:
+        """Its own client, as its owner; it reads statements, and writes values and nothing else."""
+        raise NotImplementedError
+
     @property
     def texto(self) -> str:
         """The connection text of its owner."""
         raise NotImplementedError
+
+    def preguntar(self, sql: str) -> list[str]:
+        """What its own client says."""
+        hecho = subprocess.run(self.cliente(), input=sql + ";\n", capture_output=True, text=True,
+                               check=False, timeout=ESPERA)
+        if hecho.returncode != 0:
+            raise RuntimeError(f"{self.motor}: {hecho.stderr}")
+        return hecho.stdout.splitlines()
 
 
 class PostgreSQL(Servidor):
@@ -144,6 +156,10 @@ class PostgreSQL(Servidor):
     def responde(self) -> bool:
         return subprocess.run([programa("pg_isready"), "-h", "127.0.0.1", "-p", str(self.puerto)],
                               capture_output=True, check=False).returncode == 0
+
+    def cliente(self) -> list[str]:
+        return [programa("psql"), "-X", "-h", "127.0.0.1", "-p", str(self.puerto), "-U", "tesvara",
+                "-d", "postgres", "-Atq", "-v", "ON_ERROR_STOP=1"]
 
     @property
     def texto(self) -> str:
@@ -166,9 +182,12 @@ class MariaDB(Servidor):
                 f"--innodb-flush-log-at-trx-commit={1 if self.duradero else 2}"]
 
     def responde(self) -> bool:
-        return subprocess.run([programa("mariadb"), "--no-defaults", "-uroot",
-                               "-h127.0.0.1", f"-P{self.puerto}", "-e", "SELECT 1"],
+        return subprocess.run([*self.cliente(), "-e", "SELECT 1"],
                               capture_output=True, check=False).returncode == 0
+
+    def cliente(self) -> list[str]:
+        return [programa("mariadb"), "--no-defaults", "-uroot", "-h127.0.0.1", f"-P{self.puerto}",
+                "-nNB"]
 
     @property
     def texto(self) -> str:
