@@ -2,6 +2,7 @@
 #include <clocale>
 #include <cstdlib>
 
+#include "apoyo/textos_comparados.h"
 #include "esquema/esquema_de_servidor.h"
 #include "odbc/conexion_odbc.h"
 #include "platform/banco_odbc.h"
@@ -33,6 +34,20 @@ class EnServidor : public Conformidad {
       return fallo;
     }
     return {0, ""};
+  }
+
+  odbc::Conexion& Suya() { return dynamic_cast<odbc::Conexion&>(*conexion); }
+  static bool EsUtf8(const Texto& texto) {
+    return services::Signos(texto).find(U'\uFFFD') == std::u32string::npos;
+  }
+  bool SonElMismo(const Texto& uno, const Texto& otro) {
+    banco->Ejecutar("DELETE FROM ProvVencimientos");
+    const auto rs = Abrir(*conexion, kTodos, Modo::Optimista);
+    NuevoVencimiento(*rs, "1", uno);
+    const int numero = Fallo([&] { NuevoVencimiento(*rs, "1", otro); }).Numero();
+    rs->CancelUpdate();
+    conexion->TerminarUnidad();
+    return numero == error::RepetidoONoCabe;
   }
 
   services::Ref<services::Conexion> otra = banco->Conectar();
@@ -269,6 +284,31 @@ TEST_P(EnServidor, LosTextosSonIgualesYSeOrdenanComoAqui) {
   std::ranges::sort(
       guardados, [](const Texto& a, const Texto& b) { return services::CompararTexto(a, b) < 0; });
   EXPECT_EQ(Primeros("SELECT NFactura FROM ProvVencimientos ORDER BY NFactura"), guardados);
+}
+
+/// By the server's own comparison, which is that of its keys.
+TEST_P(EnServidor, LosTextosSonLosMismosQueEnUnFichero) {
+  for (const auto& iguales : apoyo::TextosIguales()) {
+    for (const Texto& uno : iguales) EXPECT_TRUE(SonElMismo(iguales.front(), uno)) << uno;
+  }
+  for (const auto& [uno, otro] : apoyo::TextosDistintos()) {
+    if (!EsUtf8(uno + otro)) continue;
+    // What differs in form alone.
+    const bool soloDeForma = otro == "ª";
+    EXPECT_EQ(SonElMismo(uno, otro), soloDeForma) << uno << " | " << otro;
+  }
+  banco->Ejecutar("DELETE FROM ProvVencimientos");
+  const auto rs = Abrir(*conexion, kTodos, Modo::Optimista);
+  std::vector<Texto> enOrden = apoyo::TextosEnOrden();
+  // Signs and the letters of other languages stand elsewhere there.
+  std::erase_if(enOrden, [](const Texto& texto) { return texto == "×" || texto == "ĸ"; });
+  for (const Texto& texto : enOrden) NuevoVencimiento(*rs, "1", texto);
+  conexion->TerminarUnidad();
+  const auto ordenados =
+      Suya().Consultar("SELECT NFactura FROM ProvVencimientos ORDER BY NFactura").Filas;
+  std::vector<Texto> suyos;
+  for (std::size_t i = 0; i < ordenados.Cuantas(); ++i) suyos.push_back(ordenados.En(i, 0).Texto());
+  EXPECT_EQ(suyos, enOrden);
 }
 
 TEST_P(EnServidor, UnaConexionPerdidaSeDiceYLaSiguienteOperacionSigue) {
