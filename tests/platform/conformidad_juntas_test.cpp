@@ -62,6 +62,37 @@ TEST_P(Juntas, LaQueSeRehusaFallaSolaYSeDice) {
   EXPECT_EQ(Cuantas(*banco->Conectar(), "ProvVencimientos"), 147);
 }
 
+/// More than wait at a time, and than are fetched at a time.
+TEST_P(Juntas, MuchasSeGuardanYSeLeenTodas) {
+  const auto rs = Almacenados();
+  std::vector<Texto> buenas;
+  for (int i = 0; i < 1'300; ++i) {
+    const Texto factura = "F" + std::to_string(i == 1'200 ? 1'100 : i);
+    if (i != 1'200) buenas.push_back(factura);
+    Dejar(*rs, factura);
+  }
+  EXPECT_THAT(Guardadas(), testing::UnorderedElementsAreArray(buenas));
+  EXPECT_THAT(rehusadas, ElementsAre("F1100"));
+}
+
+/// However little of it comes at a time.
+TEST_P(Juntas, UnTextoLargoSeGuardaEntero) {
+  const auto rs = Abrir(*conexion, "SELECT TempTesvara.* FROM TempTesvara", Modo::Optimista);
+  std::vector<Texto> textos;
+  for (const int cuantos : {1'365, 1'366, 2'048, 5'000, 20'000}) {
+    Texto& texto = textos.emplace_back(std::to_string(cuantos));
+    for (int i = 0; i < cuantos; ++i) texto += "€";
+  }
+  for (const Texto& texto : textos) {
+    rs->AddNew();
+    rs->Collect("Concepto") = texto;
+    rs->Collect("NFactura") = "F";
+    rs->UpdateLuego([](const auto& fallo) { throw services::ErrorEjecucion(fallo); });
+  }
+  EXPECT_THAT(Primeros("SELECT Concepto FROM TempTesvara"),
+              testing::UnorderedElementsAreArray(textos));
+}
+
 TEST_P(Juntas, LoQueNoSeConvierteSeDiceEnSeguida) {
   const auto rs = Almacenados();
   rs->AddNew();
