@@ -9,50 +9,87 @@ namespace {
 
 namespace error = services::error;
 
+enum class Causa {
+  Bloqueada,
+  Deshecha,
+  Perdida,
+  NoSeLlega,
+  NoDejaEntrar,
+  SinSesion,
+  SinSitio,
+  SoloLectura,
+  SinPermiso,
+  Repetida,
+  FaltaValor,
+  NoAdmite,
+  NoCabe,
+  SinTabla,
+  SinColumna,
+  NoSeEntiende,
+  SinControlador,
+  Falla,
+};
+using enum Causa;
+
 struct Explicacion {
-  std::int32_t numero;
-  std::string_view frase;
+  std::int32_t Numero;
+  std::string_view Frase;
 };
 
+Explicacion ExplicacionDe(Causa causa) {
+  switch (causa) {
+    case Bloqueada:
+      return {error::FalloDeConexion, "La base de datos está bloqueada por otro programa"};
+    case Deshecha:
+      return {error::FalloDeConexion,
+              "Otro programa escribía en las mismas filas y el servidor ha deshecho los últimos "
+              "cambios"};
+    case Perdida:
+      return {error::FalloDeConexion, "Se ha perdido la conexión con el servidor"};
+    case NoSeLlega:
+      return {error::FalloDeConexion, "No se llega al servidor"};
+    case NoDejaEntrar:
+      return {error::FalloDeConexion, "El servidor no deja entrar"};
+    case SinSesion:
+      return {error::FalloDeConexion, "El servidor no admite el usuario o la contraseña"};
+    case SinSitio:
+      return {error::FalloDeConexion, "No queda sitio en el servidor de la base de datos"};
+    case SoloLectura:
+      return {error::FalloDeConexion, "El servidor de la base de datos es de solo lectura"};
+    case SinPermiso:
+      return {error::SentenciaRechazada,
+              "El usuario no tiene permiso para hacerlo en la base de datos"};
+    case Repetida:
+      return {error::RepetidoONoCabe, "Ya existe una fila con la misma clave"};
+    case FaltaValor:
+      return {error::RepetidoONoCabe, "Falta un valor que la tabla exige"};
+    case NoAdmite:
+      return {error::RepetidoONoCabe, "La tabla no admite el valor"};
+    case NoCabe:
+      return {error::RepetidoONoCabe, "El valor no cabe en su columna"};
+    case SinTabla:
+      return {error::TablaDesconocida, "No existe la tabla"};
+    case SinColumna:
+      return {error::ColumnaDesconocida, "No existe la columna"};
+    case NoSeEntiende:
+      return {error::SentenciaRechazada, "La base de datos no entiende la sentencia"};
+    case SinControlador:
+      return {error::FalloDeConexion, "No se puede usar el controlador ODBC"};
+    case Falla:
+      break;
+  }
+  return {error::FalloDeConexion, "Falla la base de datos"};
+}
+
 struct DeEstado {
-  std::string_view estado;  ///< whole, or the beginning that a class of them shares
-  Explicacion explicacion;
+  std::string_view Estado;  ///< whole, or the beginning that a class of them shares
+  Causa Suya;
 };
 
 struct DeNumero {
-  int nativo;
-  Explicacion explicacion;
+  int Nativo;
+  Causa Suya;
 };
-
-constexpr Explicacion Bloqueada = {error::FalloDeConexion,
-                                   "La base de datos está bloqueada por otro programa"};
-constexpr Explicacion Deshecha = {
-    error::FalloDeConexion,
-    "Otro programa escribía en las mismas filas y el servidor ha deshecho los últimos cambios, que "
-    "no se han guardado"};
-constexpr Explicacion Perdida = {error::FalloDeConexion,
-                                 "Se ha perdido la conexión con el servidor"};
-constexpr Explicacion NoSeLlega = {error::FalloDeConexion, "No se llega al servidor"};
-constexpr Explicacion NoDejaEntrar = {error::FalloDeConexion, "El servidor no deja entrar"};
-constexpr Explicacion SinSitio = {error::FalloDeConexion,
-                                  "No queda sitio en el servidor de la base de datos"};
-constexpr Explicacion SoloLectura = {error::FalloDeConexion,
-                                     "El servidor de la base de datos es de solo lectura"};
-constexpr Explicacion SinPermiso = {error::SentenciaRechazada,
-                                    "El usuario no tiene permiso para hacerlo en la base de datos"};
-constexpr Explicacion Repetida = {error::RepetidoONoCabe, "Ya existe una fila con la misma clave"};
-constexpr Explicacion FaltaValor = {error::RepetidoONoCabe, "Falta un valor que la tabla exige"};
-constexpr Explicacion NoAdmite = {error::RepetidoONoCabe, "La tabla no admite el valor"};
-constexpr Explicacion NoCabe = {error::RepetidoONoCabe, "El valor no cabe en su columna"};
-constexpr Explicacion SinTabla = {error::TablaDesconocida, "No existe la tabla"};
-constexpr Explicacion SinColumna = {error::ColumnaDesconocida, "No existe la columna"};
-constexpr Explicacion NoSeEntiende = {error::SentenciaRechazada,
-                                      "La base de datos no entiende la sentencia"};
-constexpr Explicacion SinSesion = {error::FalloDeConexion,
-                                   "El servidor no admite el usuario o la contraseña"};
-constexpr Explicacion SinControlador = {error::FalloDeConexion,
-                                        "No se puede usar el controlador ODBC"};
-constexpr Explicacion Falla = {error::FalloDeConexion, "Falla la base de datos"};
 
 /// Numbers of a server whose states are too few to tell these apart.
 constexpr auto PorNumero = std::to_array<DeNumero>({
@@ -77,8 +114,8 @@ constexpr auto PorEstado = std::to_array<DeEstado>({
 });
 
 struct DeTexto {
-  std::string_view dicho;
-  Explicacion explicacion;
+  std::string_view Dicho;
+  Causa Suya;
 };
 
 /// Of who has one state for whatever fails. The first that fits counts.
@@ -91,26 +128,26 @@ constexpr auto PorTexto = std::to_array<DeTexto>({
     {"readonly", SoloLectura},
 });
 
-Explicacion ExplicarPorTexto(const Diagnostico& diagnostico) {
+Causa CausaPorTexto(const Diagnostico& diagnostico) {
   const auto texto = std::ranges::find_if(PorTexto, [&](const DeTexto& uno) {
-    return diagnostico.Texto.find(uno.dicho) != std::string::npos;
+    return diagnostico.Texto.find(uno.Dicho) != std::string::npos;
   });
-  return texto == PorTexto.end() ? Falla : texto->explicacion;
+  return texto == PorTexto.end() ? Falla : texto->Suya;
 }
 
-Explicacion ExplicarPorCodigo(const Diagnostico& diagnostico) {
-  const auto numero = std::ranges::find(PorNumero, diagnostico.Nativo, &DeNumero::nativo);
-  if (numero != PorNumero.end()) return numero->explicacion;
+Causa CausaPorCodigo(const Diagnostico& diagnostico) {
+  const auto numero = std::ranges::find(PorNumero, diagnostico.Nativo, &DeNumero::Nativo);
+  if (numero != PorNumero.end()) return numero->Suya;
   const auto estado = std::ranges::find_if(
-      PorEstado, [&](const DeEstado& uno) { return diagnostico.Estado.starts_with(uno.estado); });
-  return estado == PorEstado.end() ? ExplicarPorTexto(diagnostico) : estado->explicacion;
+      PorEstado, [&](const DeEstado& uno) { return diagnostico.Estado.starts_with(uno.Estado); });
+  return estado == PorEstado.end() ? CausaPorTexto(diagnostico) : estado->Suya;
 }
 
-Explicacion Explicar(const Diagnostico& diagnostico) {
+Causa CausaDe(const Diagnostico& diagnostico) {
   if (diagnostico.Perdida) return Perdida;
   if (EsDeSesion(diagnostico)) return SinSesion;
-  const Explicacion suya = ExplicarPorCodigo(diagnostico);
-  if (!diagnostico.AlConectar || suya.frase != Perdida.frase) return suya;
+  const Causa suya = CausaPorCodigo(diagnostico);
+  if (!diagnostico.AlConectar || suya != Perdida) return suya;
   const bool haContestado = diagnostico.Texto.find("FATAL:") != std::string::npos;
   return haContestado ? NoDejaEntrar : NoSeLlega;
 }
@@ -151,7 +188,7 @@ bool EsDeSesion(const Diagnostico& diagnostico) {
 }
 
 bool EsDeConexionPerdida(const Diagnostico& diagnostico) {
-  return Explicar(diagnostico).frase == Perdida.frase;
+  return CausaDe(diagnostico) == Perdida;
 }
 
 // One server refuses the plan that it has kept; the other's driver reads rows of one width as rows
@@ -163,20 +200,20 @@ bool EsDeOtrasTablas(const Diagnostico& diagnostico) {
 }
 
 bool EsDeSoloLectura(const Diagnostico& diagnostico) {
-  return Explicar(diagnostico).frase == SoloLectura.frase;
+  return CausaDe(diagnostico) == SoloLectura;
 }
 
 bool EsDeOtro(const Diagnostico& diagnostico) {
-  return Explicar(diagnostico).frase == Deshecha.frase;
+  return CausaDe(diagnostico) == Deshecha;
 }
 
 services::ErrorEjecucion ErrorDe(const Diagnostico& diagnostico, std::string_view motor) {
-  const Explicacion explicacion = Explicar(diagnostico);
-  std::string descripcion(explicacion.frase);
+  const Explicacion explicacion = ExplicacionDe(CausaDe(diagnostico));
+  std::string descripcion(explicacion.Frase);
   descripcion.append(" (").append(motor).append(" ").append(diagnostico.Estado);
   if (diagnostico.Nativo > 1) descripcion.append("-").append(std::to_string(diagnostico.Nativo));
   if (!diagnostico.Texto.empty()) descripcion.append(": ").append(diagnostico.Texto);
-  return {explicacion.numero, descripcion + ")"};
+  return {explicacion.Numero, descripcion + ")"};
 }
 
 }  // namespace odbc

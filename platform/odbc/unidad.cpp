@@ -10,6 +10,7 @@ using services::Filas;
 namespace {
 
 constexpr int kIntentos = 10;
+constexpr const char* kNadaGuardado = ". No se ha guardado ninguno de los últimos cambios";
 constexpr const char* kGuardar = "SAVEPOINT Fila";
 constexpr const char* kGuardarDeNuevo = "RELEASE SAVEPOINT Fila; SAVEPOINT Fila";
 constexpr const char* kVolver = "ROLLBACK TO SAVEPOINT Fila";
@@ -21,9 +22,15 @@ auto Unidad::Intentar(Accion accion) {
   try {
     return accion();
   } catch (const ErrorEjecucion& fallo) {
-    if (agrupa_ && fallo.Numero() == services::error::FalloDeConexion) perdida_ = fallo;
+    if (agrupa_ && fallo.Numero() == services::error::FalloDeConexion) Perder(fallo);
     throw;
   }
+}
+
+/// Whoever hears of it, at once or at the unit's end, is told what has become of it.
+void Unidad::Perder(const ErrorEjecucion& fallo) {
+  perdida_ = ErrorEjecucion(fallo.Numero(), fallo.Descripcion().append(kNadaGuardado));
+  throw ErrorEjecucion(*perdida_);
 }
 
 void Unidad::PonerConfirmacion(bool porSentencia) {
@@ -37,9 +44,7 @@ void Unidad::PonerConfirmacion(bool porSentencia) {
 void Unidad::ExigirUnidad() {
   const bool suya = !enlace_.Perdido() && enlace_.Vez() == vez_;
   if (enCurso_ && !suya && !perdida_) {
-    perdida_ = ErrorEjecucion(services::error::FalloDeConexion,
-                              "Se ha perdido la conexión con el servidor, y con ella los últimos "
-                              "cambios, que no se han guardado");
+    Perder({services::error::FalloDeConexion, "Se ha perdido la conexión con el servidor"});
   }
   if (perdida_) throw ErrorEjecucion(*perdida_);
 }
@@ -78,8 +83,7 @@ void Unidad::EsperarTurno() try {
   }
 } catch (const ErrorEjecucion& fallo) {
   // Nothing is written out of one's turn, whatever keeps it from coming.
-  perdida_ = fallo;
-  throw;
+  Perder(fallo);
 }
 
 /// Before each step, where a failure would take what came before it.
@@ -115,7 +119,7 @@ std::size_t Unidad::Escribir(const std::string& texto, Parametros& parametros) {
   } catch (const ErrorEjecucion& fallo) {
     // No row is at fault: what was deleted before it would not come back.
     const bool ninguna = fallo.Numero() == services::error::SentenciaRechazada;
-    if (agrupa_ && ninguna) perdida_ = fallo;
+    if (agrupa_ && ninguna) Perder(fallo);
     throw;
   }
 }
