@@ -66,10 +66,10 @@ void Reponer(Almacen& almacen, sqlite::Conexion& lectura, const Copia& copia, Co
   const sql::Adjunta adjunta(base, fichero, "copia");
   UnidadDeReposicion unidad(almacen);
   almacen.Traer({}, [&] { return Claves::DeCopia(lectura, fichero); });
-  {
+  CopiaEnCurso deAntes = [&] {
     const sql::Adjunta vieja(lectura, fichero, "vieja");
-    CopiaEnCurso(copias, lectura, CopiaDeCopia("vieja"), {momento, usuario, {}}).Terminar();
-  }
+    return CopiaEnCurso(copias, lectura, CopiaDeCopia("vieja"), {momento, usuario, {}});
+  }();
   sql::PrepararClaves(base);
   std::string todo;
   for (const Tabla& tabla : TablasDeFactura()) {
@@ -78,6 +78,8 @@ void Reponer(Almacen& almacen, sqlite::Conexion& lectura, const Copia& copia, Co
   todo += Sustituir(base, "ProvPrevisionPagos",
                     sql::PrevisionesCon("copia.ClavesPrevision", "t.rowid"));
   almacen.Cambiar(todo + EnlazarApuntes());
+  // What can't be put back leaves no copy behind; what can is copied before it is.
+  deAntes.Terminar();
   unidad.Terminar();
 }
 

@@ -253,6 +253,7 @@ TEST_F(Copias, UnaQueNoSePuedeReponerDejaTodoComoEstaba) {
   const auto antes = Todo();
   EXPECT_NE(apoyo::NumeroDeError([&] { Reponer(copia); }), 0);
   EXPECT_EQ(Todo(), antes);
+  EXPECT_THAT(Guardadas(), SizeIs(1)) << "lo que no se repone no deja copia";
   Otro("UPDATE ProvFacturas SET Total = Total");  // nobody holds the file
 }
 
