@@ -1,5 +1,7 @@
 #include "odbc/almacen.h"
 
+#include "odbc/diagnostico.h"
+
 #include "valores/error.h"
 
 namespace odbc {
@@ -50,6 +52,9 @@ Filas Orden::Leer(Parametros& parametros, const std::vector<services::Columna>& 
   SQLRETURN resultado = SQL_SUCCESS;
   do {
     resultado = celdas_->Traer(orden_.get(), filas);
+    const bool cabe = resultado == SQL_SUCCESS || resultado == SQL_NO_DATA ||
+                      !EsDeOtroTipo(Diagnosticar(orden_.Suyo));
+    if (!cabe) throw TablasCambiadas();
     enlace_->Comprobar(resultado, orden_.Suyo);
   } while (resultado != SQL_NO_DATA);
   return filas;

@@ -125,7 +125,7 @@ SQLRETURN Celdas::Traer(SQLHSTMT orden, Filas& filas) {
       }
     }
   }
-  return SQL_SUCCESS;
+  return resultado;
 }
 
 void Celdas::AnadirCelda(const Columna& columna, std::size_t fila, Filas& filas) const {

@@ -199,6 +199,10 @@ bool EsDeOtrasTablas(const Diagnostico& diagnostico) {
   return plan || std::ranges::find(kNativos, diagnostico.Nativo) != kNativos.end();
 }
 
+bool EsDeOtroTipo(const Diagnostico& diagnostico) {
+  return diagnostico.Estado == "01S07" || diagnostico.Estado.starts_with("22");
+}
+
 bool EsDeSoloLectura(const Diagnostico& diagnostico) {
   return CausaDe(diagnostico) == SoloLectura;
 }

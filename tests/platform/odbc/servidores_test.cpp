@@ -221,6 +221,25 @@ TEST_P(EnServidor, UnaColumnaQueSeAnadeEntretantoSeDiceYNoSeLeeComoOtra) {
   EXPECT_EQ(Abrir(*conexion, kTodos)->RecordCount(), 1);
 }
 
+TEST_P(EnServidor, UnaColumnaQueCambiaDeTipoEntretantoSeDiceYNoSeCorta) {
+  const Texto todas = "SELECT ProvFacturas.* FROM ProvFacturas";
+  const bool postgres = Suya().NombreDelMotor() == "PostgreSQL";
+  const Texto cambiar = "ALTER TABLE ProvFacturas " + Texto(postgres ? "ALTER " : "MODIFY ");
+  const Texto tipo = postgres ? " TYPE " : " ";
+  banco->Ejecutar(
+      "INSERT INTO ProvFacturas (NConcepto, Factura, Año, NRecibos, Cadencia) VALUES ('1', 'F', "
+      "'2005', 2, 30)");
+  EXPECT_EQ(Abrir(*conexion, todas)->Collect("NRecibos").Texto(), "2");
+  banco->Ejecutar(cambiar + "NRecibos" + tipo + "numeric(10,2)");
+  banco->Ejecutar("UPDATE ProvFacturas SET NRecibos = 2.75");
+  EXPECT_EQ(Fallo([&] { Abrir(*conexion, todas); }).Numero(), error::FalloDeConexion);
+  EXPECT_EQ(Abrir(*conexion, todas)->Collect("NRecibos").Texto(), "2,75") << "al abrirla de nuevo";
+  banco->Ejecutar(cambiar + "Cadencia" + tipo + "bigint");
+  banco->Ejecutar("UPDATE ProvFacturas SET Cadencia = 5000000001");
+  EXPECT_EQ(Fallo([&] { Abrir(*conexion, todas); }).Numero(), error::FalloDeConexion);
+  EXPECT_EQ(Abrir(*conexion, todas)->Collect("Cadencia").Texto(), "5000000001");
+}
+
 TEST_P(EnServidor, LosImportesNoPierdenNingunCentimo) {
   const auto rs = Abrir(*conexion, kTodos, Modo::Optimista);
   const std::vector<double> importes = {0.01, 0.1, 1.15, 1234.56, -0.07, 9999999999999.99};
