@@ -1,7 +1,6 @@
 #include "odbc/almacen.h"
 
 #include "odbc/diagnostico.h"
-
 #include "valores/error.h"
 
 namespace odbc {
