@@ -7,15 +7,18 @@ import threading
 from corte import Corte
 from programa_en_servidor import Programa, filas_en
 from prueba_cortes import Fallo, negocio
-from servidores import PostgreSQL, Servidor
+from servidores import ESPERA, PostgreSQL, Servidor
 
 
 class Parada(Corte):
-    """A relay that waits once, before it hands on a message, until it is let go on."""
+    """A relay that waits once, before it hands on a message, until it is let go on. It tells when
+    so many have gone by that the load must be over, too."""
 
-    def __init__(self, puerto: int, tras: int) -> None:
+    def __init__(self, puerto: int, carga: int, tras: int) -> None:
         super().__init__(puerto)
+        self.carga = carga
         self.donde = tras
+        self.cargado = threading.Event()
         self.llegado = threading.Event()
         self.seguir = threading.Event()
 
@@ -23,9 +26,11 @@ class Parada(Corte):
         with self._turno:
             self.mensajes += 1
             toca = self.mensajes == self.donde
+            if self.mensajes > self.carga:
+                self.cargado.set()
         if toca:
             self.llegado.set()
-            self.seguir.wait(10)
+            self.seguir.wait(ESPERA)
         return False
 
 
@@ -69,7 +74,7 @@ class DosALaVez:
         cuentas = []
         for partes in (lineas[:-1], lineas):
             self.preparar()
-            parada = Parada(self.servidores[quien].puerto, 0)
+            parada = Parada(self.servidores[quien].puerto, 0, 0)
             self.correr(quien, partes, parada, self.textos[quien])
             parada.terminar()
             cuentas.append(parada.mensajes)
@@ -82,11 +87,13 @@ class DosALaVez:
         paradas = []
         for quien, parte in enumerate((parte_de_ella, parte_de_el)):
             hasta, total = self.mensajes[quien]
-            paradas.append(Parada(self.servidores[quien].puerto,
+            paradas.append(Parada(self.servidores[quien].puerto, hasta,
                                   hasta + 1 + int((total - hasta - 2) * parte)))
         with concurrent.futures.ThreadPoolExecutor(2) as juntos:
             dichos = [juntos.submit(self.correr, quien, lineas, paradas[quien], self.textos[quien])
                       for quien, lineas in enumerate((self.ELLA, self.EL))]
+            for parada in paradas:
+                parada.cargado.wait(ESPERA)
             self.juntas += all([parada.llegado.wait(3) for parada in paradas])
             for parada in paradas:
                 parada.seguir.set()
