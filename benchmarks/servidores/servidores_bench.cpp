@@ -80,7 +80,8 @@ class Guardia {
 
 void EnUnServidor(benchmark::State& state, const Servidor& servidor, const std::string& lento) {
   const auto facturas = static_cast<int>(state.range(0));
-  const NegocioEnServidor negocio(servidor, {facturas, facturas});
+  const auto meses = static_cast<int>(state.range(1));
+  const NegocioEnServidor negocio(servidor, {facturas, facturas, meses});
   const SentenciasDelCliente sentencias(servidor.Nombre);
   negocio.CorrerCliente(sentencias.Apartar());
   Tiempos carga;
@@ -135,9 +136,11 @@ void Anadir(const std::string& nombre, const std::string& variable) {
   }
   const Servidor servidor = ServidorDe(nombre, texto);
   benchmark::RegisterBenchmark(nombre.c_str(), EnUnServidor, servidor, Entorno(variable + "_LENTO"))
-      ->ArgName("facturas")
-      ->Arg(1'000)
-      ->Arg(10'000)
+      // So many in the range, which is one of so many months in the table.
+      ->ArgNames({"facturas", "meses"})
+      ->Args({1'000, 1})
+      ->Args({1'000, 10})
+      ->Args({10'000, 1})
       ->Iterations(1)
       ->UseManualTime()
       ->Unit(benchmark::kMillisecond);
