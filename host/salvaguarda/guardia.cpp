@@ -95,6 +95,11 @@ void Guardia::AlTerminarUnidad() {
   }
 }
 
+// Nothing of it is stored, and why not is told by what failed.
+void Guardia::AlAbandonarUnidad() noexcept {
+  if (std::exchange(grabando_, false)) pasadas_.OlvidarGrabacion();
+}
+
 void Guardia::AlTerminarUnidadDeTrabajo() {
   if (std::exchange(cargando_, false)) DarPorVisto();
 }
@@ -164,6 +169,9 @@ void Guardia::AlGrabar(const Rango& rango) {
     const Reparos reparos = cotejo_.Copiar(copias_, {trato_.Ahora(), usuario_, rango});
     grabando_ = reparos.Ninguno();
     if (grabando_) return pasadas_.EmpezarGrabacion(true);
+    // What the server has undone meanwhile, or what went with the connection, fails as it would have
+    // failed without a copy.
+    if (!reparos.SinCopia.empty()) bases_.Almacen->EmpezarUnidad();
     // Nobody else is kept waiting for an answer; what changes meanwhile is asked again.
     bases_.Almacen->Conexion()->AbandonarUnidad();
     if (!Confirmar(reparos)) {

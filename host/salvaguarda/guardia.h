@@ -58,7 +58,7 @@ class Guardia {
   void AlVaciar();
   /// The unit of the stored tables is durable, or was given up.
   void AlTerminarUnidad();
-  void AlAbandonarUnidad() noexcept { grabando_ = false; }
+  void AlAbandonarUnidad() noexcept;
   /// The unit of the working tables is over.
   void AlTerminarUnidadDeTrabajo();
   /// What is in the working tables is kept elsewhere.

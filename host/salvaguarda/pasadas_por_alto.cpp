@@ -25,6 +25,10 @@ void PasadasPorAlto::OlvidarCarga() {
   Quitar(oidas_, Tarea::Carga);
 }
 
+void PasadasPorAlto::OlvidarGrabacion() noexcept {
+  Quitar(oidas_, Tarea::Grabacion);
+}
+
 bool PasadasPorAlto::CerrarGrabacion(sqlite::Conexion& almacenados) {
   const Omitidas omitidas = Clasificar(oidas_, Tarea::Grabacion, almacenados);
   Quitar(oidas_, Tarea::Grabacion);

@@ -16,6 +16,8 @@ class PasadasPorAlto {
   void Anadir(const services::Omision& omision, std::vector<Fila> porGrabar);
   /// A load begins: what the one before passed over is of no use any more.
   void OlvidarCarga();
+  /// A commit was given up, and with it all that it wrote.
+  void OlvidarGrabacion() noexcept;
   /// A commit begins. `conCopia`: whether what was there has been copied.
   void EmpezarGrabacion(bool conCopia) { conCopia_ = conCopia; }
   [[nodiscard]] bool Ninguna() const { return oidas_.empty(); }
