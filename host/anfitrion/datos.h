@@ -34,16 +34,9 @@ struct AlAbrir {
   std::function<std::optional<std::string>(const std::string& pregunta)> Contrasena = nullptr;
 };
 
-/// He would rather not go on: he needn't be told so.
-class Desistido : public services::ErrorEjecucion {
- public:
-  explicit Desistido(const std::string& motivo)
-      : ErrorEjecucion(services::error::FalloDeConexion, motivo) {}
-};
-
 /// Opens both, making them at the first start: the stored ones with the sample business in them, in
 /// the suite's own file or, when the user agrees, on a server that has none of their tables. Throws
-/// `ErrorEjecucion` with a text for the user, `Desistido` when he doesn't agree.
+/// `ErrorEjecucion` with a text for the user, 0x800A0E80 where he would rather not go on.
 [[nodiscard]] Datos AbrirDatos(const Opciones& opciones, const AlAbrir& alAbrir = {});
 
 /// Keeps the working file as it is now beside it, under a name with the date and the time, which it

@@ -45,48 +45,59 @@ services::Ref<odbc::Conexion> Conectar(odbc::TextoDeConexion& texto, const AlAbr
       if (!alAbrir.Contrasena) throw;
       const bool primera = texto.Valor("PWD").empty();
       const auto contrasena = alAbrir.Contrasena(primera ? QuienEntra(texto) : fallo.Descripcion());
-      if (!contrasena) throw Desistido(fallo.Descripcion());
+      if (!contrasena) {
+        throw ErrorEjecucion(services::error::OperacionCancelada, fallo.Descripcion());
+      }
       texto.Poner("PWD", *contrasena);
     }
   }
 }
 
-/// Whether there is nothing in the tables that are there.
-bool EstanVacias(odbc::Conexion& conexion) {
-  return std::ranges::all_of(esquema::Almacenadas(), [&](const esquema::Tabla& tabla) {
-    const std::string una = "SELECT 1 FROM " + std::string(tabla.Nombre) + " LIMIT 1";
-    return !conexion.TieneTabla(tabla.Nombre) || conexion.Consultar(una).Filas.Cuantas() == 0;
-  });
+bool EstaVacia(odbc::Conexion& conexion, const std::string& tabla) {
+  return conexion.Consultar("SELECT 1 FROM " + tabla + " LIMIT 1").Filas.Cuantas() == 0;
 }
 
-/// A creation that was cut short has left tables without rows, and no turn: it is done again.
-void Crear(const odbc::TextoDeConexion& texto, const AlAbrir& alAbrir) {
-  const std::string sinEllas =
-      "La base de datos " + texto.Nombre() + " no tiene las tablas de la empresa.";
-  if (!alAbrir.Confirmar) Rechazar(sinEllas + " Con --muestra se crean sin preguntar");
-  if (!alAbrir.Confirmar(sinEllas + " ¿Crearlas, con un negocio de muestra para probar?")) {
-    throw Desistido(sinEllas);
+/// All of the sample is there with the row by which they are worked with, or nothing of it.
+void CrearYLlenar(const odbc::TextoDeConexion& texto, const std::vector<std::string>& sobran) {
+  const auto conexion = odbc::AbrirConexion(texto.Texto(), {.CualquierSentencia = true});
+  for (const std::string& tabla : sobran) conexion->Ejecutar("DROP TABLE " + tabla);
+  esquema::CrearTablas(*conexion);
+  conexion->EmpezarUnidad();
+  esquema::PonerTurno(*conexion);
+  muestra::Llenar(*conexion, {Ahora().Dias, 0});
+}
+
+void Crear(const odbc::TextoDeConexion& texto, const std::vector<std::string>& sobran,
+           const AlAbrir& alAbrir) {
+  const std::string falta =
+      sobran.empty() ? "La base de datos " + texto.Nombre() + " no tiene las tablas de la empresa."
+                     : "Las tablas de la empresa en " + texto.Nombre() +
+                           " no se acabaron de crear, y están vacías.";
+  if (!alAbrir.Confirmar) Rechazar(falta + " Con --muestra se crean sin preguntar");
+  const std::string pregunta = sobran.empty() ? " ¿Crearlas, con" : " ¿Quitarlas y crearlas, con";
+  if (!alAbrir.Confirmar(falta + pregunta + " un negocio de muestra para probar?")) {
+    throw ErrorEjecucion(services::error::OperacionCancelada, falta);
   }
   try {
-    const auto conexion = odbc::AbrirConexion(texto.Texto(), {.CualquierSentencia = true});
-    esquema::CrearTablas(*conexion);
-    muestra::Llenar(*conexion, {Ahora().Dias, 0});
-    esquema::CrearTurno(*conexion);
+    CrearYLlenar(texto, sobran);
   } catch (const ErrorEjecucion& fallo) {
-    Rechazar(
-        "Las tablas de la empresa no se han podido crear en " + texto.Nombre() +
-        ", y se puede volver a intentar con un usuario que pueda crearlas: " + fallo.Descripcion());
+    Rechazar("Las tablas de la empresa no se han podido crear en " + texto.Nombre() +
+             ", y se puede volver a intentar. Hace falta un usuario que pueda crearlas. " +
+             fallo.Descripcion());
   }
 }
 
+/// Tables with something in them are somebody's, whatever they lack.
 void ExigirTablas(odbc::Conexion& conexion, const odbc::TextoDeConexion& texto,
                   const AlAbrir& alAbrir) {
   if (esquema::TieneTurno(conexion)) return;
-  if (!EstanVacias(conexion)) {
+  const std::vector<std::string> hay = esquema::TablasQueHay(conexion);
+  for (const std::string& tabla : hay) {
+    if (EstaVacia(conexion, tabla)) continue;
     Rechazar("A las tablas de la empresa en " + texto.Nombre() +
-             " les falta SorvexTurno: no son de esta versión, o no se han acabado de crear");
+             " les falta la fila de SorvexTurno: no son de esta versión");
   }
-  Crear(texto, alAbrir);
+  Crear(texto, hay, alAbrir);
 }
 
 }  // namespace

@@ -137,12 +137,12 @@ std::string TextoDeIndice(const Indice& indice, const Escritura& escritura) {
   std::string columnas;
   if (!indice.Recortada.empty()) columnas = Con(escritura.Recorte, indice.Recortada);
   if (!columnas.empty() && !indice.Columnas.empty()) columnas += ", ";
-  return "CREATE INDEX IF NOT EXISTS " + std::string(indice.Nombre) + " ON " +
-         std::string(indice.Tabla) + " (" + columnas.append(indice.Columnas) + ")";
+  return "CREATE INDEX " + std::string(indice.Nombre) + " ON " + std::string(indice.Tabla) + " (" +
+         columnas.append(indice.Columnas) + ")";
 }
 
 std::string TextoDeCreacion(const Tabla& tabla, const Escritura& escritura, bool numerada) {
-  std::string sql = "CREATE TABLE IF NOT EXISTS " + std::string(tabla.Nombre) + " (";
+  std::string sql = "CREATE TABLE " + std::string(tabla.Nombre) + " (";
   for (const Columna& columna : tabla.Columnas) {
     const bool deClave = EsDeLaClave(tabla, columna.Nombre);
     if (&columna != &tabla.Columnas.front()) sql += ", ";
@@ -194,13 +194,19 @@ std::vector<std::string> Sentencias(const Escritura& escritura, std::span<const 
   return sentencias;
 }
 
-constexpr auto kCreacionDelTurno = std::to_array<std::string_view>({
-    "CREATE TABLE IF NOT EXISTS SorvexTurno (Clave integer PRIMARY KEY, Vez bigint NOT NULL)",
-    "INSERT INTO SorvexTurno (Clave, Vez) VALUES (1, 0)",
-});
+constexpr const char* kTablaDelTurno = "SorvexTurno";
+constexpr const char* kCreacionDelTurno =
+    "CREATE TABLE SorvexTurno (Clave integer PRIMARY KEY, Vez bigint NOT NULL)";
+constexpr const char* kFilaDelTurno = "INSERT INTO SorvexTurno (Clave, Vez) VALUES (1, 0)";
 
-void Ejecutar(odbc::Conexion& conexion, const auto& sentencias) {
-  for (const auto& sentencia : sentencias) conexion.Ejecutar(std::string(sentencia));
+std::vector<std::string> Creaciones(std::string_view motor) {
+  std::vector<std::string> sentencias = Sentencias(EscrituraDe(motor), Almacenadas(), true);
+  sentencias.emplace_back(kCreacionDelTurno);
+  return sentencias;
+}
+
+void Ejecutar(odbc::Conexion& conexion, const std::vector<std::string>& sentencias) {
+  for (const std::string& sentencia : sentencias) conexion.Ejecutar(sentencia);
 }
 
 }  // namespace
@@ -224,27 +230,34 @@ EsquemaPropio::~EsquemaPropio() {
 }
 
 std::vector<std::string> SentenciasDeCreacion(std::string_view motor) {
-  std::vector<std::string> sentencias = Sentencias(EscrituraDe(motor), Almacenadas(), true);
-  sentencias.insert(sentencias.end(), kCreacionDelTurno.begin(), kCreacionDelTurno.end());
+  std::vector<std::string> sentencias = Creaciones(motor);
+  sentencias.emplace_back(kFilaDelTurno);
   return sentencias;
 }
 
-void CrearTablas(odbc::Conexion& conexion) {
-  Ejecutar(conexion, Sentencias(EscrituraDe(conexion.NombreDelMotor()), Almacenadas(), true));
+void CrearAlmacenadas(odbc::Conexion& conexion) {
+  Ejecutar(conexion, SentenciasDeCreacion(conexion.NombreDelMotor()));
 }
 
-void CrearTurno(odbc::Conexion& conexion) {
-  Ejecutar(conexion, kCreacionDelTurno);
+void CrearTablas(odbc::Conexion& conexion) {
+  Ejecutar(conexion, Creaciones(conexion.NombreDelMotor()));
+}
+
+void PonerTurno(odbc::Conexion& conexion) {
+  conexion.Ejecutar(kFilaDelTurno);
 }
 
 bool TieneTurno(odbc::Conexion& conexion) {
-  return conexion.TieneTabla("SorvexTurno") &&
+  return conexion.TieneTabla(kTablaDelTurno) &&
          conexion.Consultar("SELECT Vez FROM SorvexTurno").Filas.Cuantas() > 0;
 }
 
-void CrearAlmacenadas(odbc::Conexion& conexion) {
-  CrearTablas(conexion);
-  CrearTurno(conexion);
+std::vector<std::string> TablasQueHay(odbc::Conexion& conexion) {
+  std::vector<std::string> nombres;
+  for (const Tabla& tabla : Almacenadas()) nombres.emplace_back(tabla.Nombre);
+  nombres.emplace_back(kTablaDelTurno);
+  std::erase_if(nombres, [&](const std::string& nombre) { return !conexion.TieneTabla(nombre); });
+  return nombres;
 }
 
 void CrearDeTrabajo(odbc::Conexion& conexion) {

@@ -13,14 +13,17 @@ namespace esquema {
 /// MariaDB, in their order; 0x80040E14 for any other.
 [[nodiscard]] std::vector<std::string> SentenciasDeCreacion(std::string_view motor);
 /// Creates the stored tables and their indexes in the database that the connection is in: one of
-/// PostgreSQL or MariaDB; 0x80040E14 for any other engine. What is there already stays as it is.
-void CrearTablas(odbc::Conexion& conexion);
-/// And the one that tells that they are all there, with what is to be in them from the beginning.
-/// It fails where there is a turn already.
-void CrearTurno(odbc::Conexion& conexion);
-[[nodiscard]] bool TieneTurno(odbc::Conexion& conexion);
-/// Both.
+/// PostgreSQL or MariaDB; 0x80040E14 for any other engine. It fails where one of them is there
+/// already.
 void CrearAlmacenadas(odbc::Conexion& conexion);
+/// The same, but for the row that tells that they can be worked with: `PonerTurno` adds it, in the
+/// unit of what is to be in them from the beginning.
+void CrearTablas(odbc::Conexion& conexion);
+void PonerTurno(odbc::Conexion& conexion);
+/// Whether that row is there.
+[[nodiscard]] bool TieneTurno(odbc::Conexion& conexion);
+/// Those that are there, whether they can be worked with or not.
+[[nodiscard]] std::vector<std::string> TablasQueHay(odbc::Conexion& conexion);
 /// What each unit of a connection to them begins with: whoever writes waits for the end of who came
 /// before, as with a file, so that two who save one range don't do so invoice by invoice in turns.
 /// On a cluster, of two that begin at once on two nodes one fails at its end.

@@ -10,10 +10,14 @@ using services::Filas;
 namespace {
 
 constexpr int kIntentos = 10;
-constexpr const char* kNadaGuardado = ". No se ha guardado ninguno de los últimos cambios";
 constexpr const char* kGuardar = "SAVEPOINT Fila";
 constexpr const char* kGuardarDeNuevo = "RELEASE SAVEPOINT Fila; SAVEPOINT Fila";
 constexpr const char* kVolver = "ROLLBACK TO SAVEPOINT Fila";
+
+ErrorEjecucion SinGuardar(const ErrorEjecucion& fallo) {
+  return {fallo.Numero(),
+          "No se ha guardado ninguno de los últimos cambios. " + fallo.Descripcion()};
+}
 
 }  // namespace
 
@@ -22,14 +26,14 @@ auto Unidad::Intentar(Accion accion) {
   try {
     return accion();
   } catch (const ErrorEjecucion& fallo) {
-    if (agrupa_ && fallo.Numero() == services::error::FalloDeConexion) Perder(fallo);
+    if (agrupa_ && fallo.Numero() == services::error::FalloDeConexion) DarPorPerdida(fallo);
     throw;
   }
 }
 
-/// Whoever hears of it, at once or at the unit's end, is told what has become of it.
-void Unidad::Perder(const ErrorEjecucion& fallo) {
-  perdida_ = ErrorEjecucion(fallo.Numero(), fallo.Descripcion().append(kNadaGuardado));
+/// Throws: whoever hears of it, at once or at the unit's end, is told what has become of the unit.
+void Unidad::DarPorPerdida(const ErrorEjecucion& fallo) {
+  perdida_ = SinGuardar(fallo);
   throw ErrorEjecucion(*perdida_);
 }
 
@@ -44,7 +48,7 @@ void Unidad::PonerConfirmacion(bool porSentencia) {
 void Unidad::ExigirUnidad() {
   const bool suya = !enlace_.Perdido() && enlace_.Vez() == vez_;
   if (enCurso_ && !suya && !perdida_) {
-    Perder({services::error::FalloDeConexion, "Se ha perdido la conexión con el servidor"});
+    DarPorPerdida({services::error::FalloDeConexion, "Se ha perdido la conexión con el servidor"});
   }
   if (perdida_) throw ErrorEjecucion(*perdida_);
 }
@@ -83,7 +87,7 @@ void Unidad::EsperarTurno() try {
   }
 } catch (const ErrorEjecucion& fallo) {
   // Nothing is written out of one's turn, whatever keeps it from coming.
-  Perder(fallo);
+  DarPorPerdida(fallo);
 }
 
 /// Before each step, where a failure would take what came before it.
@@ -119,7 +123,7 @@ std::size_t Unidad::Escribir(const std::string& texto, Parametros& parametros) {
   } catch (const ErrorEjecucion& fallo) {
     // No row is at fault: what was deleted before it would not come back.
     const bool ninguna = fallo.Numero() == services::error::SentenciaRechazada;
-    if (agrupa_ && ninguna) Perder(fallo);
+    if (agrupa_ && ninguna) DarPorPerdida(fallo);
     throw;
   }
 }
@@ -162,7 +166,7 @@ void Unidad::Terminar() {
   } catch (const ErrorEjecucion& fallo) {
     const bool perdido = enlace_.Perdido();
     Abandonar();
-    if (!perdido) throw;
+    if (!perdido) throw SinGuardar(fallo);
     throw ErrorEjecucion(fallo.Numero(),
                          "Se ha perdido la conexión mientras el servidor guardaba los últimos "
                          "cambios, y no se sabe si los ha guardado. " +

@@ -48,7 +48,7 @@ class Unidad {
  private:
   void AntesDeEscribir();
   void EsperarTurno();
-  [[noreturn]] void Perder(const services::ErrorEjecucion& fallo);
+  [[noreturn]] void DarPorPerdida(const services::ErrorEjecucion& fallo);
   void ExigirUnidad();
   void Guardar();
   void Deshacer(const services::ErrorEjecucion& fallo);

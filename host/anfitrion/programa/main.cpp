@@ -141,7 +141,10 @@ int main(int argc, char** argv) {
   QApplication aplicacion(argc, argv);
   try {
     return Iniciar(opciones);
-  } catch (const anfitrion::Desistido&) {
+  } catch (const services::ErrorEjecucion& fallo) {
+    // Who would rather not go on needn't be told so in a window.
+    const bool cancelado = fallo.Numero() == services::error::OperacionCancelada;
+    MostrarFallo(QString::fromUtf8(fallo.what()), cancelado || !opciones.Captura.isEmpty());
     return EXIT_FAILURE;
   } catch (const std::exception& fallo) {
     MostrarFallo(QString::fromUtf8(fallo.what()), !opciones.Captura.isEmpty());

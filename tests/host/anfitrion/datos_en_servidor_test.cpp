@@ -45,6 +45,7 @@ class SuiteEnServidor : public testing::TestWithParam<pruebas::ServidorDePrueba>
           anfitrion::AbrirEnServidor(texto, carpeta.Fichero("espejo.sqlite"), alAbrir);
       return "abierto " + almacen->Nombre();
     } catch (const services::ErrorEjecucion& fallo) {
+      numero = fallo.Numero();
       return fallo.Descripcion();
     }
   }
@@ -56,6 +57,7 @@ class SuiteEnServidor : public testing::TestWithParam<pruebas::ServidorDePrueba>
         .Numero();
   }
 
+  std::int32_t numero = 0;
   pruebas::CarpetaTemporal carpeta;
   BaseDePrueba base{GetParam()};
 };
@@ -73,7 +75,9 @@ TEST_P(SuiteEnServidor, LasTablasSeCreanCuandoSeQuiereYSoloUnaVez) {
     return respuesta;
   }};
   EXPECT_THAT(Abrir(), HasSubstr("no tiene las tablas de la empresa")) << "sin nadie";
+  EXPECT_EQ(numero, services::error::FalloDeConexion);
   EXPECT_THAT(Abrir(alguien), HasSubstr("no tiene las tablas de la empresa"));
+  EXPECT_EQ(numero, services::error::OperacionCancelada) << "no hace falta decírselo";
   EXPECT_FALSE(odbc::AbrirConexion(base.Texto())->TieneTabla("ProvConceptos"));
   respuesta = true;
   EXPECT_THAT(Abrir(alguien), HasSubstr("abierto 127.0.0.1"));
@@ -84,11 +88,17 @@ TEST_P(SuiteEnServidor, LasTablasSeCreanCuandoSeQuiereYSoloUnaVez) {
 }
 
 TEST_P(SuiteEnServidor, LasQueNoSeHanAcabadoDeCrearSeAcabanSiNoTienenNada) {
-  const anfitrion::AlAbrir alguien{.Confirmar = [](const std::string&) { return true; }};
+  std::vector<std::string> preguntas;
+  const anfitrion::AlAbrir alguien{.Confirmar = [&](const std::string& pregunta) {
+    preguntas.push_back(pregunta);
+    return true;
+  }};
   const auto conexion = odbc::AbrirConexion(base.Texto());
   esquema::CrearTablas(*conexion);
   conexion->Ejecutar("DROP TABLE CajaPagos");
+  conexion->Ejecutar("CREATE TABLE CajaPagos (DeAntes integer)");
   EXPECT_THAT(Abrir(alguien), HasSubstr("abierto"));
+  EXPECT_THAT(preguntas, testing::ElementsAre(HasSubstr("¿Quitarlas y crearlas, con")));
   EXPECT_GT(Cuantas("CajaPagos"), 10);
   EXPECT_EQ(Cuantas("SorvexTurno"), 1);
 }
@@ -100,19 +110,19 @@ TEST_P(SuiteEnServidor, LasQueTienenAlgoYNoTienenTurnoNoSeTocan) {
   conexion->Ejecutar("INSERT INTO ProvConceptos (NConcepto) VALUES ('400')");
   for (const char* sinTurno : {"DELETE FROM SorvexTurno", "DROP TABLE SorvexTurno"}) {
     conexion->Ejecutar(sinTurno);
-    EXPECT_THAT(Abrir(alguien), HasSubstr("les falta SorvexTurno"));
+    EXPECT_THAT(Abrir(alguien), HasSubstr("les falta la fila de SorvexTurno"));
     EXPECT_EQ(Cuantas("ProvConceptos"), 1);
   }
 }
 
-/// And nothing of the sample is left, so that it may be wanted again.
 TEST_P(SuiteEnServidor, UnaCreacionQueFallaSeDiceYSePuedeRepetir) {
   const anfitrion::AlAbrir alguien{.Confirmar = [](const std::string&) { return true; }};
   const auto conexion = odbc::AbrirConexion(base.Texto());
-  conexion->Ejecutar("CREATE TABLE CajaPagos (Ajena integer)");
+  conexion->Ejecutar("CREATE TABLE Otra (Ajena integer)");
+  conexion->Ejecutar("CREATE VIEW CajaPagos AS SELECT Ajena FROM Otra");
   EXPECT_THAT(Abrir(alguien), HasSubstr("no se han podido crear"));
-  EXPECT_EQ(Cuantas("ProvConceptos"), 0);
-  conexion->Ejecutar("DROP TABLE CajaPagos");
+  EXPECT_FALSE(esquema::TieneTurno(*conexion));
+  conexion->Ejecutar("DROP VIEW CajaPagos");
   EXPECT_THAT(Abrir(alguien), HasSubstr("abierto"));
   EXPECT_GT(Cuantas("ProvConceptos"), 0);
 }
