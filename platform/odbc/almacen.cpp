@@ -1,11 +1,16 @@
 #include "odbc/almacen.h"
 
-#include "odbc/diagnostico.h"
 #include "valores/error.h"
 
 namespace odbc {
 
 using services::Filas;
+
+namespace {
+
+constexpr std::size_t kMasOrdenes = 1'000;
+
+}  // namespace
 
 Orden::Orden(Enlace& enlace, std::string_view texto)
     : enlace_(&enlace), orden_(enlace.NuevaOrden()) {
@@ -51,9 +56,6 @@ Filas Orden::Leer(Parametros& parametros, const std::vector<services::Columna>& 
   SQLRETURN resultado = SQL_SUCCESS;
   do {
     resultado = celdas_->Traer(orden_.get(), filas);
-    const bool cabe = resultado == SQL_SUCCESS || resultado == SQL_NO_DATA ||
-                      !EsDeOtroTipo(Diagnosticar(orden_.Suyo));
-    if (!cabe) throw TablasCambiadas();
     enlace_->Comprobar(resultado, orden_.Suyo);
   } while (resultado != SQL_NO_DATA);
   return filas;
@@ -70,6 +72,8 @@ Orden& Almacen::Tomar(const std::string& texto) {
   }
   const auto hallada = ordenes_.find(texto);
   if (hallada != ordenes_.end()) return hallada->second;
+  // Where their values stand in them there is no end of them.
+  if (ordenes_.size() >= kMasOrdenes) ordenes_.clear();
   Orden nueva(enlace_, texto);
   ++preparadas_;
   return ordenes_.emplace(texto, std::move(nueva)).first->second;

@@ -23,8 +23,6 @@ constexpr std::size_t kTrozo = 4096;
 
 SQLSMALLINT EnC(TipoColumna tipo) {
   switch (tipo) {
-    case TipoColumna::Entero:
-      return SQL_C_SLONG;
     case TipoColumna::Logico:
       return SQL_C_BIT;
     case TipoColumna::FechaHora:
@@ -36,8 +34,6 @@ SQLSMALLINT EnC(TipoColumna tipo) {
 
 std::size_t AnchoDe(const services::Columna& columna) {
   switch (columna.Tipo) {
-    case TipoColumna::Entero:
-      return sizeof(SQLINTEGER);
     case TipoColumna::Logico:
       return sizeof(unsigned char);
     case TipoColumna::FechaHora:
@@ -85,6 +81,14 @@ void AnadirNumero(std::string_view dichas, Filas& filas) {
   }
 }
 
+/// In figures: drivers make a whole number of whatever a column has come to hold, without a word.
+void AnadirEntero(std::string_view cifras, Filas& filas) {
+  std::int32_t entero = 0;
+  const auto [fin, fallo] = std::from_chars(cifras.data(), cifras.data() + cifras.size(), entero);
+  if (fallo != std::errc() || fin != cifras.data() + cifras.size()) throw TablasCambiadas();
+  filas.AnadirEntero(entero);
+}
+
 }  // namespace
 
 Celdas::Celdas(const std::vector<services::Columna>& columnas) : juntas_(kFilasJuntas) {
@@ -125,7 +129,7 @@ SQLRETURN Celdas::Traer(SQLHSTMT orden, Filas& filas) {
       }
     }
   }
-  return resultado;
+  return SQL_SUCCESS;
 }
 
 void Celdas::AnadirCelda(const Columna& columna, std::size_t fila, Filas& filas) const {
@@ -133,8 +137,6 @@ void Celdas::AnadirCelda(const Columna& columna, std::size_t fila, Filas& filas)
   const char* valor = columna.valores.data() + fila * columna.ancho;
   if (largo == SQL_NULL_DATA) return filas.AnadirNulo();
   switch (columna.tipo) {
-    case TipoColumna::Entero:
-      return filas.AnadirEntero(Leer<SQLINTEGER>(valor));
     case TipoColumna::Logico:
       return filas.AnadirLogico(*valor != 0);
     case TipoColumna::FechaHora:
@@ -146,6 +148,7 @@ void Celdas::AnadirCelda(const Columna& columna, std::size_t fila, Filas& filas)
   if (static_cast<std::size_t>(largo) >= columna.ancho) throw TablasCambiadas();
   const std::string_view texto(valor, static_cast<std::size_t>(largo));
   if (columna.tipo == TipoColumna::Texto) return filas.AnadirTexto(texto);
+  if (columna.tipo == TipoColumna::Entero) return AnadirEntero(texto, filas);
   AnadirNumero(texto, filas);
 }
 

@@ -179,12 +179,18 @@ Diagnostico Diagnosticar(const Manejo& manejo) {
           EnLimpio(reinterpret_cast<const char*>(texto.data()))};
 }
 
+/// In the languages that a server here speaks: it has no state of its own for it.
+bool HablaDeContrasena(std::string_view texto) {
+  return texto.find("password") != std::string_view::npos ||
+         texto.find("contraseña") != std::string_view::npos;
+}
+
 bool EsDeSesion(const Diagnostico& diagnostico) {
   constexpr std::array kNativos = {1045, 1698};
   const bool sinConexion = diagnostico.Estado.starts_with("08");
   return diagnostico.Estado.starts_with("28") ||
          std::ranges::find(kNativos, diagnostico.Nativo) != kNativos.end() ||
-         (sinConexion && diagnostico.Texto.find("password") != std::string::npos);
+         (sinConexion && HablaDeContrasena(diagnostico.Texto));
 }
 
 bool EsDeConexionPerdida(const Diagnostico& diagnostico) {
@@ -195,12 +201,8 @@ bool EsDeConexionPerdida(const Diagnostico& diagnostico) {
 // of another, and loses its place.
 bool EsDeOtrasTablas(const Diagnostico& diagnostico) {
   constexpr std::array kNativos = {2014, 2027, 2057};
-  const bool plan = diagnostico.Texto.find("cached plan must not change") != std::string::npos;
+  const bool plan = diagnostico.Estado == "0A000";
   return plan || std::ranges::find(kNativos, diagnostico.Nativo) != kNativos.end();
-}
-
-bool EsDeOtroTipo(const Diagnostico& diagnostico) {
-  return diagnostico.Estado == "01S07" || diagnostico.Estado.starts_with("22");
 }
 
 bool EsDeSoloLectura(const Diagnostico& diagnostico) {

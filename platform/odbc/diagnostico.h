@@ -29,9 +29,6 @@ struct Diagnostico {
 [[nodiscard]] bool EsDeOtro(const Diagnostico& diagnostico);
 /// Whether what was prepared no longer fits the tables that it was prepared for.
 [[nodiscard]] bool EsDeOtrasTablas(const Diagnostico& diagnostico);
-/// Whether what was read is of another type than that which its column was of when it was looked
-/// up, and doesn't fit in it: a figure was cut off, or would be.
-[[nodiscard]] bool EsDeOtroTipo(const Diagnostico& diagnostico);
 /// Whether nothing can be written to the server now.
 [[nodiscard]] bool EsDeSoloLectura(const Diagnostico& diagnostico);
 /// The run-time error that it is, in the user's words and then in those of the `motor`.

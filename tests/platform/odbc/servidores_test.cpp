@@ -236,8 +236,10 @@ TEST_P(EnServidor, UnaColumnaQueCambiaDeTipoEntretantoSeDiceYNoSeCorta) {
   EXPECT_EQ(Abrir(*conexion, todas)->Collect("NRecibos").Texto(), "2,75") << "al abrirla de nuevo";
   banco->Ejecutar(cambiar + "Cadencia" + tipo + "bigint");
   banco->Ejecutar("UPDATE ProvFacturas SET Cadencia = 5000000001");
-  EXPECT_EQ(Fallo([&] { Abrir(*conexion, todas); }).Numero(), error::FalloDeConexion);
-  EXPECT_EQ(Abrir(*conexion, todas)->Collect("Cadencia").Texto(), "5000000001");
+  const Texto suyas = todas + " WHERE ProvFacturas.NConcepto like '1'";
+  EXPECT_EQ(Fallo([&] { Abrir(*conexion, suyas); }).Numero(), error::FalloDeConexion)
+      << "también en una sentencia que se prepara ahora";
+  EXPECT_EQ(Abrir(*conexion, suyas)->Collect("Cadencia").Texto(), "5000000001");
 }
 
 TEST_P(EnServidor, LosImportesNoPierdenNingunCentimo) {
