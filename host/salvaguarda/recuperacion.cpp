@@ -78,7 +78,7 @@ void Reponer(Almacen& almacen, sqlite::Conexion& lectura, const Copia& copia, Co
   todo += Sustituir(base, "ProvPrevisionPagos",
                     sql::PrevisionesCon("copia.ClavesPrevision", "t.rowid"));
   almacen.Cambiar(todo + EnlazarApuntes());
-  // What can't be put back leaves no copy behind; what can is copied before it is.
+  // Copied before it is durable; what the stored tables have refused by now leaves no copy behind.
   deAntes.Terminar();
   unidad.Terminar();
 }

@@ -23,8 +23,9 @@ constexpr auto kAlConectarPostgres = std::to_array<std::string_view>({
     "SET lock_timeout = 5000",
     "SET standard_conforming_strings = on",
 });
-// Tables are joined as they are written, the range of a load first, also where the server hasn't
-// counted their rows yet: it would go through all invoices of a supplier for each of them.
+// Tables are joined in the order in which they are written, and what a load looks for is written
+// with its range first. A server that hasn't counted their rows yet would go through all invoices
+// of a supplier for each of them.
 constexpr auto kSiSabePostgres = std::to_array<std::string_view>({
     "SET join_collapse_limit = 1",
 });
