@@ -3,22 +3,25 @@ invoice of both."""
 
 import concurrent.futures
 import threading
+from collections.abc import Iterable
 
+from alto import Alto
 from corte import Corte
 from programa_en_servidor import Programa, filas_en
 from prueba_cortes import Fallo, negocio
-from servidores import ESPERA, PostgreSQL, Servidor
+from servidores import ESPERA, Servidor
+
+ESQUEMA = "dos"
+MARCAR = [["celda MSFPagos 1 5", "celda MSFPagos 3 5"], ["celda MSFPagos 2 5", "celda MSFPagos 5 5"]]
+GRABAR = "pulsar BotonAceptar"
 
 
 class Parada(Corte):
-    """A relay that waits once, before it hands on a message, until it is let go on. It tells when
-    so many have gone by that the load must be over, too."""
+    """A relay that waits once, before it hands on a message, until it is let go on."""
 
-    def __init__(self, puerto: int, carga: int, tras: int) -> None:
+    def __init__(self, puerto: int) -> None:
         super().__init__(puerto)
-        self.carga = carga
-        self.donde = tras
-        self.cargado = threading.Event()
+        self.donde = 0
         self.llegado = threading.Event()
         self.seguir = threading.Event()
 
@@ -26,8 +29,6 @@ class Parada(Corte):
         with self._turno:
             self.mensajes += 1
             toca = self.mensajes == self.donde
-            if self.mensajes > self.carga:
-                self.cargado.set()
         if toca:
             self.llegado.set()
             self.seguir.wait(ESPERA)
@@ -35,90 +36,90 @@ class Parada(Corte):
 
 
 class DosALaVez:
-    """Two users save one range at the same time, each through a server of his."""
-
-    ELLA = ["cargar", "celda MSFPagos 1 5", "celda MSFPagos 3 5", "pulsar BotonAceptar"]
-    EL = ["cargar", "celda MSFPagos 2 5", "celda MSFPagos 5 5", "pulsar BotonAceptar"]
+    """Each through a server of his, which may be the same."""
 
     def __init__(self, programa: Programa, textos: list[str], servidores: list[Servidor]) -> None:
         self.programa = programa
         self.textos = textos
         self.servidores = servidores
-        self.ella, mensajes_de_ella = self.sola(self.ELLA)
-        self.el, mensajes_de_el = self.sola(self.EL)
-        self.mensajes = [mensajes_de_ella, mensajes_de_el]
+        self.cuantas = 0
         #: How often both stood still in the middle of what they save. Where one waits for the other
-        #: to begin with, that is seldom.
+        #: to begin with, that is never.
         self.juntas = 0
-
-    def con_reloj(self, quien: int, lineas: list[str]) -> list[str]:
-        return ["reloj 2005-03-15 10:00:00", f"usuario U{quien}", *lineas]
+        solos = [self.solo(quien) for quien in range(2)]
+        self.filas = [filas for filas, _ in solos]
+        self.mensajes = [mensajes for _, mensajes in solos]
 
     def preparar(self) -> None:
         self.programa.correr(self.textos[0], ["reloj 2005-03-15 10:00:00", *negocio()], "--esquema",
-                             "dos")
+                             ESQUEMA)
 
-    def quitar(self) -> None:
-        todo = " CASCADE" if isinstance(self.servidores[0], PostgreSQL) else ""
-        self.servidores[0].preguntar(f"DROP SCHEMA dos{todo}")
+    def correr(self, quien: int, parada: Parada, altos: list[Alto]) -> str:
+        puerto = self.servidores[quien].puerto
+        texto = self.textos[quien].replace(f"Port={puerto}", f"Port={parada.puerto}")
+        lineas = ["reloj 2005-03-15 10:00:00", f"usuario U{quien}", "cargar", *MARCAR[quien],
+                  altos[0].orden, GRABAR, *[alto.orden for alto in altos[1:]]]
+        return self.programa.correr(texto, lineas, "--esquema", ESQUEMA)
 
-    def correr(self, quien: int, lineas: list[str], parada: Parada, texto: str) -> str:
-        puerto = str(self.servidores[quien].puerto)
-        return self.programa.correr(texto.replace(f"Port={puerto}", f"Port={parada.puerto}"),
-                                    self.con_reloj(quien, lineas), "--esquema", "dos")
-
-    def sola(self, lineas: list[str]) -> tuple[list[str], tuple[int, int]]:
-        """What is stored when nobody else writes, and how many messages the load and all of it
-        take."""
-        quien = 0 if lineas is self.ELLA else 1
-        cuentas = []
-        for partes in (lineas[:-1], lineas):
-            self.preparar()
-            parada = Parada(self.servidores[quien].puerto, 0, 0)
-            self.correr(quien, partes, parada, self.textos[quien])
-            parada.terminar()
-            cuentas.append(parada.mensajes)
-            filas = filas_en(self.servidores[0], "dos")
-            self.quitar()
-        return filas, (cuentas[0], cuentas[1])
-
-    def a_la_vez(self, parte_de_ella: float, parte_de_el: float) -> str:
+    def solo(self, quien: int) -> tuple[list[str], int]:
+        """What is stored when nobody else writes, and how many messages that takes."""
         self.preparar()
-        paradas = []
-        for quien, parte in enumerate((parte_de_ella, parte_de_el)):
-            hasta, total = self.mensajes[quien]
-            paradas.append(Parada(self.servidores[quien].puerto, hasta,
-                                  hasta + 1 + int((total - hasta - 2) * parte)))
+        parada = Parada(self.servidores[quien].puerto)
+        altos = [Alto(self.servidores[quien], numero) for numero in (1, 2)]
+        en_el_alto = []
+        with concurrent.futures.ThreadPoolExecutor(1) as aparte:
+            dicho = aparte.submit(self.correr, quien, parada, altos)
+            for alto in altos:
+                alto.esperar()
+                en_el_alto.append(parada.mensajes)
+                alto.seguir()
+            dicho.result()
+        parada.terminar()
+        filas = filas_en(self.servidores[0], ESQUEMA)
+        self.servidores[0].quitar(ESQUEMA)
+        return filas, en_el_alto[1] - en_el_alto[0] - 1
+
+    def a_la_vez(self, *partes: float) -> str:
+        """Both have loaded before either goes on to save, and stand still after that part of it."""
+        self.preparar()
+        paradas = [Parada(servidor.puerto) for servidor in self.servidores]
+        altos = [Alto(servidor, 1 + quien) for quien, servidor in enumerate(self.servidores)]
         with concurrent.futures.ThreadPoolExecutor(2) as juntos:
-            dichos = [juntos.submit(self.correr, quien, lineas, paradas[quien], self.textos[quien])
-                      for quien, lineas in enumerate((self.ELLA, self.EL))]
-            for parada in paradas:
-                parada.cargado.wait(ESPERA)
-            self.juntas += all([parada.llegado.wait(3) for parada in paradas])
+            dichos = [juntos.submit(self.correr, quien, paradas[quien], [altos[quien]])
+                      for quien in range(2)]
+            for alto in altos:
+                alto.esperar()
+            for parada, parte, mensajes in zip(paradas, partes, self.mensajes):
+                parada.donde = parada.mensajes + 1 + int((mensajes - 1) * parte)
+            for alto in altos:
+                alto.seguir()
+            self.cuantas += 1
+            # Who waits for his turn gives up after 5 s.
+            self.juntas += all([parada.llegado.wait(1.5) for parada in paradas])
             for parada in paradas:
                 parada.seguir.set()
-            dichos = [dicho.result() for dicho in dichos]
+            errores = ["error" in dicho.result() for dicho in dichos]
         for parada in paradas:
             parada.terminar()
-        filas = [filas_en(servidor, "dos") for servidor in self.servidores]
-        self.quitar()
-        if any(unas != filas[0] for unas in filas):
-            raise Fallo("los nodos no tienen lo mismo")
-        fallidos = ["error" in dicho for dicho in dichos]
-        quedo = {tuple(self.ella): 0, tuple(self.el): 1}.get(tuple(filas[0]))
-        if quedo is None or all(fallidos):
-            raise Fallo(f"en {parte_de_ella} y {parte_de_el}: {dichos}\n" + "\n".join(filas[0]))
-        if fallidos[quedo]:
-            raise Fallo(f"queda lo de quien no ha podido grabar: {dichos}")
-        return f"{'ella' if quedo == 0 else 'él'}{', y el otro lo sabe' if any(fallidos) else ''}"
+        filas = [filas_en(servidor, ESQUEMA) for servidor in self.servidores]
+        self.servidores[0].quitar(ESQUEMA)
+        return self.juzgar(f"en {partes}", filas, errores)
 
-    def jugar(self) -> dict[str, int]:
+    def juzgar(self, donde: str, filas: list[list[str]], errores: list[bool]) -> str:
+        if filas[0] != filas[1]:
+            raise Fallo(f"{donde}: los servidores no tienen lo mismo")
+        quedo = next((quien for quien in range(2) if self.filas[quien] == filas[0]), None)
+        if quedo is None or all(errores):
+            raise Fallo(f"{donde}: errores {errores}, y queda\n" + "\n".join(filas[0]))
+        if errores[quedo]:
+            raise Fallo(f"{donde}: queda lo de quien no ha podido grabar")
+        return f"{'ella' if quedo == 0 else 'él'}{', y el otro lo sabe' if any(errores) else ''}"
+
+    def jugar(self, partes: Iterable[float]) -> dict[str, int]:
         """So often each result, and whether the other was told."""
         vistas: dict[str, int] = {}
-        for parte_de_ella in (0, 0.3, 0.6, 0.9, 1):
-            for parte_de_el in (0, 0.3, 0.6, 0.9, 1):
+        for parte_de_ella in partes:
+            for parte_de_el in partes:
                 visto = self.a_la_vez(parte_de_ella, parte_de_el)
                 vistas[visto] = vistas.get(visto, 0) + 1
-        if not self.juntas:
-            raise Fallo(f"nunca han grabado a la vez: {vistas}")
         return vistas

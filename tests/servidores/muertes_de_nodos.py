@@ -60,7 +60,7 @@ class Muertes:
         self.cluster.esperar(3)
         if filas_en(victima, "muertes") != final:
             raise Fallo(f"muerte {i}: el nodo que vuelve no tiene lo mismo")
-        victima.preguntar("DROP SCHEMA muertes")
+        victima.quitar("muertes")
         return quedo
 
     def juzgar(self, donde: str, dicho: list[str], cortado: bool) -> str:

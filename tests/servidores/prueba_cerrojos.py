@@ -11,6 +11,7 @@ import subprocess
 import sys
 import time
 
+from alto import Alto, Otro
 from prueba_cortes import PAGAR, Fallo, mirar
 from servidores import ESPERA, MariaDB, PostgreSQL, Servidor, en_marcha
 
@@ -21,58 +22,15 @@ TOMAR = {"el turno": f"UPDATE {ESQUEMA}.SorvexTurno SET Vez = Vez",
          "un apunte": f"UPDATE {ESQUEMA}.CajaPagos SET Importe = Importe WHERE Factura = 'F5'"}
 
 
-class Otro:
-    """Another who is connected: what he says he goes on with until the next."""
-
-    def __init__(self, servidor: Servidor) -> None:
-        self.cliente = subprocess.Popen(servidor.cliente(), stdin=subprocess.PIPE,
-                                        stdout=subprocess.PIPE, text=True)
-
-    def decir(self, sql: str) -> None:
-        self.cliente.stdin.write(f"{sql};\nSELECT 'hecho';\n")
-        self.cliente.stdin.flush()
-        while (dicho := self.cliente.stdout.readline()) != "hecho\n":
-            if not dicho:
-                raise Fallo(f"el otro no puede: {sql}")
-
-    def irse(self) -> None:
-        self.cliente.stdin.close()
-        self.cliente.stdout.close()
-        self.cliente.wait(ESPERA)
-
-
-class Alto:
-    """Where a scenario stands still, in a question of its own, until it may go on."""
-
-    def __init__(self, servidor: Servidor, numero: int) -> None:
-        self.servidor = servidor
-        postgres = isinstance(servidor, PostgreSQL)
-        tomar = f"pg_advisory_lock({numero})" if postgres else f"GET_LOCK('alto {numero}', 60)"
-        self.orden = f"consulta datos SELECT {tomar} IS NOT NULL"
-        self._soltar = "pg_advisory_unlock_all()" if postgres else "RELEASE_ALL_LOCKS()"
-        self._cuantos = (
-            f"pg_locks WHERE locktype = 'advisory' AND NOT granted AND objid = {numero}"
-            if postgres else
-            f"information_schema.PROCESSLIST WHERE STATE = 'User lock' AND INFO LIKE '%alto {numero}%'")
-        self._guarda = Otro(servidor)
-        self._guarda.decir(f"SELECT {tomar}")
-
-    def esperar(self) -> None:
-        limite = time.monotonic() + ESPERA
-        while self.servidor.preguntar(f"SELECT count(*) FROM {self._cuantos}") != ["1"]:
-            if time.monotonic() > limite:
-                raise Fallo("no se llega al alto")
-            time.sleep(0.05)
-
-    def seguir(self) -> None:
-        self._guarda.decir(f"SELECT {self._soltar}")
-        self._guarda.irse()
+DICHO = ("No se ha guardado ninguno de los últimos cambios", "está bloqueada por otro programa")
 
 
 class Prueba:
     def __init__(self, guion: str, servidor: Servidor) -> None:
         self.guion = guion
         self.servidor = servidor
+        self.sin_grabar = self.solo(PAGAR)
+        self.grabado = self.solo([*PAGAR, "pulsar BotonAceptar"])
 
     def empezar(self, lineas: list[str]) -> subprocess.Popen:
         programa = subprocess.Popen(
@@ -87,34 +45,36 @@ class Prueba:
         dicho, errores = programa.communicate(timeout=ESPERA)
         if programa.returncode != 0:
             raise Fallo(f"estado {programa.returncode}: {errores}{dicho}")
-        todo = " CASCADE" if isinstance(self.servidor, PostgreSQL) else ""
-        self.servidor.preguntar(f"DROP SCHEMA {ESQUEMA}{todo}")
+        self.servidor.quitar(ESQUEMA)
         return dicho.splitlines()
 
     def solo(self, lineas: list[str]) -> list[str]:
         return self.acabar(self.empezar([*lineas, *mirar()]))
 
     def probar(self, que: str, tomar: str) -> None:
-        sin_grabar = self.solo(PAGAR)
-        grabado = self.solo([*PAGAR, "pulsar BotonAceptar"])
         altos = [Alto(self.servidor, numero) for numero in (1, 2)]
         programa = self.empezar([*PAGAR, altos[0].orden, "pulsar BotonAceptar", "avisos", *mirar(),
                                  altos[1].orden, "pulsar BotonAceptar", "avisos", *mirar()])
         otro = Otro(self.servidor)
         altos[0].esperar()
         otro.decir(f"BEGIN; {tomar}")
+        pulsado = time.monotonic()
         altos[0].seguir()
         altos[1].esperar()
-        otro.decir("ROLLBACK")
+        espera = time.monotonic() - pulsado
         otro.irse()
         altos[1].seguir()
-        dicho = self.acabar(programa)
+        self.juzgar(que, self.acabar(programa), espera)
+
+    def juzgar(self, que: str, dicho: list[str], espera: float) -> None:
         avisos = [linea for linea in dicho if linea.startswith(("error", "aviso", "omitido"))]
         filas = [linea for linea in dicho if linea not in avisos]
-        antes, despues = filas[2:2 + len(sin_grabar)], filas[-len(grabado):]  # what an Alto says: 2
-        if len(avisos) != 1 or "está bloqueada por otro programa" not in avisos[0]:
+        antes, despues = filas[2:2 + len(self.sin_grabar)], filas[-len(self.grabado):]
+        if espera < 4:
+            raise Fallo(f"{que}: no se espera, {espera:.1f} s")
+        if len(avisos) != 1 or not all(texto in avisos[0] for texto in DICHO):
             raise Fallo(f"{que}: se ha dicho {avisos}")
-        if antes != sin_grabar or despues != grabado:
+        if antes != self.sin_grabar or despues != self.grabado:
             raise Fallo(f"{que}: ni se espera ni se sigue:\n" + "\n".join(dicho))
 
 
@@ -129,8 +89,9 @@ def main() -> int:
     with en_marcha(PostgreSQL, MariaDB) as servidores:
         for servidor in servidores:
             try:
+                prueba = Prueba(opciones.guion, servidor)
                 for que, tomar in TOMAR.items():
-                    Prueba(opciones.guion, servidor).probar(que, tomar)
+                    prueba.probar(que, tomar)
                 print(f"{servidor.motor}: se espera, se dice y se sigue, con {', '.join(TOMAR)}")
             except Fallo as fallo:
                 print(f"{servidor.motor}: {fallo}")

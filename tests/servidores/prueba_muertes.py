@@ -38,8 +38,7 @@ class Prueba:
         for tabla, columnas in TABLAS.items():
             filas += self.servidor.preguntar(f"SELECT {columnas} FROM {ESQUEMA}.{tabla} ORDER BY "
                                              f"{columnas}")
-        todo = " CASCADE" if isinstance(self.servidor, PostgreSQL) else ""
-        self.servidor.preguntar(f"DROP SCHEMA {ESQUEMA}{todo}")
+        self.servidor.quitar(ESQUEMA)
         return filas
 
     def contar(self, lineas: list[str]) -> tuple[int, list[str]]:

@@ -131,6 +131,10 @@ class Servidor:
         """The connection text of its owner."""
         raise NotImplementedError
 
+    def quitar(self, esquema: str) -> None:
+        """With all that is in it."""
+        self.preguntar(f"DROP SCHEMA {esquema}")
+
     def preguntar(self, sql: str) -> list[str]:
         """What its own client says."""
         hecho = subprocess.run(self.cliente(), input=sql + ";\n", capture_output=True, text=True,
@@ -151,7 +155,7 @@ class PostgreSQL(Servidor):
     def orden(self) -> list[str]:
         return [programa("postgres"), "-D", str(self.datos), "-p", str(self.puerto),
                 "-c", "listen_addresses=127.0.0.1", "-c", "unix_socket_directories=",
-                "-c", f"fsync={'on' if self.duradero else 'off'}", "-c", "max_connections=60"]
+                "-c", f"fsync={'on' if self.duradero else 'off'}", "-c", "max_connections=200"]
 
     def responde(self) -> bool:
         return subprocess.run([programa("pg_isready"), "-h", "127.0.0.1", "-p", str(self.puerto)],
@@ -160,6 +164,9 @@ class PostgreSQL(Servidor):
     def cliente(self) -> list[str]:
         return [programa("psql"), "-X", "-h", "127.0.0.1", "-p", str(self.puerto), "-U", "tesvara",
                 "-d", "postgres", "-Atq", "-v", "ON_ERROR_STOP=1"]
+
+    def quitar(self, esquema: str) -> None:
+        self.preguntar(f"DROP SCHEMA {esquema} CASCADE")
 
     @property
     def texto(self) -> str:
