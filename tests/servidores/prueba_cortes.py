@@ -49,6 +49,12 @@ def mirar() -> list[str]:
             for tabla, columnas in TABLAS.items()]
 
 
+GRABAR = "pulsar BotonAceptar"
+SEGUIR = ["pulsar BotonCancelar", "celda MSFPagos 2 5", GRABAR, *mirar()]
+COMO_ANTES = "No se ha guardado ninguno de los últimos cambios"
+NO_SE_SABE = "no se sabe si los ha guardado"
+
+
 class Fallo(Exception):
     pass
 
@@ -58,6 +64,8 @@ class Prueba:
         self.guion = guion
         self.texto = texto
         self.puerto = int(re.search(r"Port=(\d+)", texto)[1])
+        self.queda: dict[str, tuple[str, ...]] = {}
+        self.sigue: dict[str, tuple[str, ...]] = {}
 
     def correr(self, lineas: list[str], corte: Corte) -> list[str]:
         texto = self.texto.replace(f"Port={self.puerto}", f"Port={corte.puerto}")
@@ -74,24 +82,25 @@ class Prueba:
         return corte.mensajes, salida
 
     def jugar(self) -> int:
-        _, sin_grabar = self.contar([*PAGAR, *mirar()])
         hasta, _ = self.contar(PAGAR)
-        _, grabado = self.contar([*PAGAR, "pulsar BotonAceptar", *mirar()])
-        total, _ = self.contar([*PAGAR, "pulsar BotonAceptar"])
+        total, _ = self.contar([*PAGAR, GRABAR])
+        # What is stored then, and what is when one goes on.
+        for nombre, lineas in (("antes", PAGAR), ("después", [*PAGAR, GRABAR])):
+            self.queda[nombre] = tuple(self.contar([*lineas, *mirar()])[1])
+            self.sigue[nombre] = tuple(self.contar([*lineas, *SEGUIR])[1])
         vistas = []
         for llega in (False, True):
             for tras in range(hasta, total + 1, max(1, (total - hasta) // 14)):
-                vistas.append(self.cortar(tras, llega, sin_grabar, grabado))
+                vistas.append(self.cortar(tras, llega))
         en_medio = [quedo for quedo in vistas if quedo != "fuera"]
         if set(en_medio) != {"antes", "después"} or len(en_medio) < 20:
             raise Fallo(f"ha quedado {vistas}")
         return len(en_medio)
 
-    def cortar(self, tras: int, llega: bool, antes: list[str], despues: list[str]) -> str:
+    def cortar(self, tras: int, llega: bool) -> str:
         corte = Corte(self.puerto, tras, llega)
         try:
-            salida = self.correr([*PAGAR, "pulsar BotonAceptar", *mirar(), "pulsar BotonCancelar",
-                                  "pulsar BotonAceptar", *mirar()], corte)
+            salida = self.correr([*PAGAR, GRABAR, *mirar(), *SEGUIR], corte)
         except Fallo as fallo:
             # What a scenario asks by itself ends it.
             if "Se ha perdido la conexión" in str(fallo):
@@ -99,21 +108,31 @@ class Prueba:
             raise
         finally:
             corte.terminar()
-        donde = f"corte en {tras}{' con respuesta perdida' if llega else ''}"
+        try:
+            return self.juzgar(salida, corte.cortado)
+        except Fallo as fallo:
+            donde = f"corte en {tras}{' con respuesta perdida' if llega else ''}"
+            raise Fallo(f"{donde}: {fallo}:\n" + "\n".join(salida)) from fallo
+
+    def juzgar(self, salida: list[str], cortado: bool) -> str:
         errores = [linea for linea in salida if linea.startswith("error")]
         filas = [linea for linea in salida if not linea.startswith("error")]
-        mitad = len(antes)
-        quedo = {tuple(antes): "antes", tuple(despues): "después"}.get(tuple(filas[:mitad]))
+        mitad = len(self.queda["antes"])
+        primeras, ultimas = tuple(filas[:mitad]), tuple(filas[mitad:])
+        quedo = next((nombre for nombre, suyas in self.queda.items() if suyas == primeras), None)
         if quedo is None:
-            raise Fallo(f"{donde}: ni como antes ni como después:\n" + "\n".join(salida))
-        if corte.cortado and not errores and quedo == "antes":
-            raise Fallo(f"{donde}: no se ha dicho nada")
-        for error in errores:
-            # The other is that of a load that was cut: what is missing isn't saved over.
-            if not error.startswith(("error -2147467259 ", "error 91 \"La copia de trabajo no")):
-                raise Fallo(f"{donde}: {error}")
-        if len(filas) < 2 * mitad or len(filas[mitad:2 * mitad]) != mitad:
-            raise Fallo(f"{donde}: no sigue:\n" + "\n".join(salida))
+            raise Fallo("ni como antes ni como después")
+        # The other is that of a load that was cut: what is missing isn't saved over.
+        sin_cargar = [error for error in errores if "La copia de trabajo no está completa" in error]
+        dichos = [error for error in errores if error not in sin_cargar]
+        if len(dichos) > 1 or not all(error.startswith("error -2147467259 ") for error in dichos):
+            raise Fallo("se dice más de una vez, u otra cosa")
+        if cortado and quedo == "antes" and not any(COMO_ANTES in e or NO_SE_SABE in e for e in dichos):
+            raise Fallo("no se dice que no se ha guardado nada")
+        if quedo == "después" and any(COMO_ANTES in error for error in dichos):
+            raise Fallo("se dice que no se ha guardado nada")
+        if ultimas != (primeras if sin_cargar else self.sigue[quedo]):
+            raise Fallo("no sigue")
         return quedo
 
 
