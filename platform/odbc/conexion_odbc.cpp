@@ -38,15 +38,23 @@ void Conexion::Exigir() {
   catalogo_.Olvidar();
 }
 
-std::unique_ptr<services::Cursor> Conexion::Abrir(std::string_view sentencia, ModoApertura modo) {
+/// For which tables may be looked up.
+dialecto::Sentencia Conexion::Entender(dialecto::Interprete& interprete, std::string_view sentencia,
+                                       ModoApertura modo) try {
   Exigir();
-  return AbrirLeida(sentencia, interprete_.Leer(sentencia, modo), modo);
+  return interprete.Leer(sentencia, modo);
+} catch (const services::ErrorEjecucion& fallo) {
+  unidad_.AlFallarOtraCosa(fallo);
+  throw;
+}
+
+std::unique_ptr<services::Cursor> Conexion::Abrir(std::string_view sentencia, ModoApertura modo) {
+  return AbrirLeida(sentencia, Entender(interprete_, sentencia, modo), modo);
 }
 
 std::unique_ptr<services::Cursor> Conexion::AbrirPropia(std::string_view sentencia,
                                                         ModoApertura modo) {
-  Exigir();
-  return AbrirLeida(sentencia, propias_.Leer(sentencia, modo), modo);
+  return AbrirLeida(sentencia, Entender(propias_, sentencia, modo), modo);
 }
 
 std::unique_ptr<services::Cursor> Conexion::AbrirLeida(std::string_view sentencia,

@@ -76,6 +76,9 @@ class Conexion final : public services::ObjetoContado<services::Conexion> {
                                      const std::vector<services::Columna>& columnas);
   std::size_t Escribir(const std::string& texto, Parametros& parametros);
   void Exigir();
+  [[nodiscard]] dialecto::Sentencia Entender(dialecto::Interprete& interprete,
+                                             std::string_view sentencia,
+                                             services::ModoApertura modo);
   [[nodiscard]] std::unique_ptr<services::Cursor> AbrirLeida(std::string_view sentencia,
                                                              dialecto::Sentencia leida,
                                                              services::ModoApertura modo);

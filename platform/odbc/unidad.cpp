@@ -37,6 +37,10 @@ void Unidad::DarPorPerdida(const ErrorEjecucion& fallo) {
   throw ErrorEjecucion(*perdida_);
 }
 
+void Unidad::AlFallarOtraCosa(const ErrorEjecucion& fallo) {
+  if (enCurso_ && fallo.Numero() == services::error::FalloDeConexion) DarPorPerdida(fallo);
+}
+
 void Unidad::PonerConfirmacion(bool porSentencia) {
   const SQLULEN valor = porSentencia ? SQL_AUTOCOMMIT_ON : SQL_AUTOCOMMIT_OFF;
   enlace_.Comprobar(SQLSetConnectAttr(enlace_.Conexion().get(), SQL_ATTR_AUTOCOMMIT,

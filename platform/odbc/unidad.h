@@ -35,6 +35,9 @@ class Unidad {
   /// Runs one that reads, where it is in its turn among those that write.
   [[nodiscard]] services::Filas Leer(const std::string& texto, Parametros& parametros,
                                      const std::vector<services::Columna>& columnas);
+  /// What goes on beside it has failed: an error of the server's loses the unit under way, and is
+  /// thrown as the unit's.
+  void AlFallarOtraCosa(const services::ErrorEjecucion& fallo);
   void Terminar();
   void Abandonar() noexcept;
   bool EmpezarLectura() noexcept;

@@ -1,6 +1,7 @@
 #!/usr/bin/env python3
 """The connection to a server is cut at each part of a "Grabar": the stored tables are wholly as
-before or wholly as after, the user is told, and the next "Grabar" goes on.
+before or wholly as after, the user is told once, and the next "Grabar" goes on; with the suite's
+guard before them too.
 
 With --guion the runner; the servers are those of the environment. Exits with 77 without any."""
 
@@ -60,9 +61,10 @@ class Fallo(Exception):
 
 
 class Prueba:
-    def __init__(self, guion: str, texto: str) -> None:
+    def __init__(self, guion: str, texto: str, pagar: list[str]) -> None:
         self.guion = guion
         self.texto = texto
+        self.pagar = pagar
         self.puerto = int(re.search(r"Port=(\d+)", texto)[1])
         self.queda: dict[str, tuple[str, ...]] = {}
         self.sigue: dict[str, tuple[str, ...]] = {}
@@ -82,10 +84,10 @@ class Prueba:
         return corte.mensajes, salida
 
     def jugar(self) -> int:
-        hasta, _ = self.contar(PAGAR)
-        total, _ = self.contar([*PAGAR, GRABAR])
+        hasta, _ = self.contar(self.pagar)
+        total, _ = self.contar([*self.pagar, GRABAR])
         # What is stored then, and what is when one goes on.
-        for nombre, lineas in (("antes", PAGAR), ("después", [*PAGAR, GRABAR])):
+        for nombre, lineas in (("antes", self.pagar), ("después", [*self.pagar, GRABAR])):
             self.queda[nombre] = tuple(self.contar([*lineas, *mirar()])[1])
             self.sigue[nombre] = tuple(self.contar([*lineas, *SEGUIR])[1])
         vistas = []
@@ -100,10 +102,10 @@ class Prueba:
     def cortar(self, tras: int, llega: bool) -> str:
         corte = Corte(self.puerto, tras, llega)
         try:
-            salida = self.correr([*PAGAR, GRABAR, *mirar(), *SEGUIR], corte)
+            salida = self.correr([*self.pagar, GRABAR, *mirar(), *SEGUIR], corte)
         except Fallo as fallo:
-            # What a scenario asks by itself ends it.
-            if "Se ha perdido la conexión" in str(fallo):
+            # What a scenario asks by itself ends it, and what it is asked after a load that was cut.
+            if "Se ha perdido la conexión" in str(fallo) or "pregunta sin respuesta" in str(fallo):
                 return "fuera"
             raise
         finally:
@@ -149,8 +151,9 @@ def main() -> int:
         if not texto:
             continue
         try:
-            cortes = Prueba(opciones.guion, texto).jugar()
-            print(f"{motor}: {cortes} cortes, siempre todo o nada")
+            cortes = [Prueba(opciones.guion, texto, [*antes, *PAGAR]).jugar()
+                      for antes in ([], ["guardia"])]
+            print(f"{motor}: {cortes[0]} cortes, y {cortes[1]} con guardia, siempre todo o nada")
         except Fallo as fallo:
             print(f"{motor}: {fallo}")
             mal = 1
