@@ -169,8 +169,8 @@ void Guardia::AlGrabar(const Rango& rango) {
     const Reparos reparos = cotejo_.Copiar(copias_, {trato_.Ahora(), usuario_, rango});
     grabando_ = reparos.Ninguno();
     if (grabando_) return pasadas_.EmpezarGrabacion(true);
-    // What the server has undone meanwhile, or what went with the connection, fails as it would have
-    // failed without a copy.
+    // What the server has undone meanwhile, or what went with the connection, fails as it would
+    // have failed without a copy.
     if (!reparos.SinCopia.empty()) bases_.Almacen->EmpezarUnidad();
     // Nobody else is kept waiting for an answer; what changes meanwhile is asked again.
     bases_.Almacen->Conexion()->AbandonarUnidad();
