@@ -1,5 +1,7 @@
 #include "sentencias_del_cliente.h"
 
+#include <utility>
+
 namespace medidas {
 namespace {
 
@@ -56,8 +58,13 @@ std::string SentenciasDelCliente::Recortado(const std::string& alias,
 
 std::string SentenciasDelCliente::Apartar() const {
   std::string sql;
-  for (const char* tabla : {"ProvFacturas", "ProvBasesIva", "ProvVencimientos"}) {
-    sql += Apartada(tabla, std::string("SELECT * FROM ") + tabla);
+  for (const auto& [tabla, numero] :
+       {std::pair("ProvFacturas", "Factura"), std::pair("ProvBasesIva", "NFactura"),
+        std::pair("ProvVencimientos", "NFactura")}) {
+    sql += Apartada(tabla, std::string("SELECT t.* FROM ") + tabla +
+                               " t WHERE EXISTS (SELECT 1 FROM ProvVencimientos v WHERE "
+                               "v.NConcepto = t.NConcepto AND v.NFactura = t." +
+                               numero + " AND " + kEnElRango + ")");
   }
   return sql + Apartada("CajaPagos", "SELECT * FROM CajaPagos") +
          (postgres_ ? "ANALYZE;\n"
