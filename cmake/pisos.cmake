@@ -61,6 +61,8 @@ function(tesvara_prueba nombre)
   target_include_directories(${nombre} PRIVATE ${PROJECT_SOURCE_DIR}/tests)
   target_link_libraries(${nombre} PRIVATE ${P_ENLAZA} tesvara_avisos GTest::gmock GTest::gtest_main)
   target_compile_options(${nombre} PRIVATE -O0)
+  # Joined in every build: what is tested isn't, and shows where a source leans on its neighbours.
+  set_target_properties(${nombre} PROPERTIES UNITY_BUILD ON)
   if(NOT P_CABECERAS)
     target_precompile_headers(${nombre} REUSE_FROM tesvara_comunes_de_pruebas)
   else()
