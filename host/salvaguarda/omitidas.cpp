@@ -127,7 +127,10 @@ void Anadir(Omitidas& omitidas, const Oida& oida, sqlite::Conexion& almacenados)
   } else {
     const Guardada guardada = BuscarGuardada(omision, almacenados);
     if (guardada == Guardada::LaMisma) return;
-    DeGrabacion(omitidas, omision, guardada).push_back(ComoFila(omision));
+    std::vector<Fila>& suyas = DeGrabacion(omitidas, omision, guardada);
+    suyas.push_back(ComoFila(omision));
+    // That there is another says why; the engine's words stand in the log.
+    if (&suyas == &omitidas.Repetidas) suyas.back().Motivo.clear();
   }
 }
 
