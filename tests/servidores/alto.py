@@ -4,7 +4,7 @@ meanwhile."""
 import subprocess
 import time
 
-from prueba_cortes import Fallo
+from negocio_a_grabar import Fallo
 from servidores import ESPERA, PostgreSQL, Servidor
 
 

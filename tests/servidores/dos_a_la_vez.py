@@ -8,7 +8,7 @@ from collections.abc import Iterable
 from alto import Alto
 from corte import Corte
 from programa_en_servidor import Programa, filas_en
-from prueba_cortes import Fallo, negocio
+from negocio_a_grabar import Fallo, negocio
 from servidores import ESPERA, Servidor
 
 ESQUEMA = "dos"

@@ -3,22 +3,18 @@ two have all of it or nothing, and the same, and the program goes on with one of
 
 from cluster import Cluster
 from corte import Corte
+from negocio_a_grabar import GRABAR, PAGAR, Fallo, Juicio
 from programa_en_servidor import Programa, filas_en
-from prueba_cortes import PAGAR, Fallo, mirar
 
 
 class Muertes:
     """Of the node that the program talks to."""
 
-    GRABAR = [*PAGAR, "pulsar BotonAceptar"]
-    SEGUIR = [*mirar(), "pulsar BotonCancelar", "celda MSFPagos 2 5", "pulsar BotonAceptar",
-              *mirar()]
-
     def __init__(self, programa: Programa, cluster: Cluster) -> None:
         self.programa = programa
         self.cluster = cluster
-        self.sin_grabar, self.grabado = self.filas(PAGAR), self.filas(self.GRABAR)
-        self.hasta, self.total = self.contar(PAGAR), self.contar(self.GRABAR)
+        self.juicio = Juicio(self.correr, PAGAR)
+        self.hasta, self.total = self.contar(PAGAR), self.contar([*PAGAR, GRABAR])
 
     def contar(self, lineas: list[str]) -> int:
         corte = Corte(self.cluster.nodos[0].puerto)
@@ -26,8 +22,8 @@ class Muertes:
         corte.terminar()
         return corte.mensajes
 
-    def filas(self, lineas: list[str]) -> list[str]:
-        return self.programa.correr(self.cluster.texto(), [*lineas, *mirar()]).splitlines()
+    def correr(self, lineas: list[str]) -> list[str]:
+        return self.programa.correr(self.cluster.texto(), lineas).splitlines()
 
     def texto(self, primero: int, corte: Corte) -> str:
         """The relay before the node that is to die, and then the others."""
@@ -40,16 +36,7 @@ class Muertes:
         tras = self.hasta + 3 + (self.total - self.hasta - 3) * i // cuantas
         corte = Corte(victima.puerto, tras, llega=i % 2 == 1)
         corte.al_cortar = victima.matar
-        donde = f"muerte {i} del nodo {victima.numero} tras {tras}"
-        try:
-            dicho = self.programa.correr(self.texto(i % 3, corte), [*self.GRABAR, *self.SEGUIR],
-                                         "--esquema", "muertes").splitlines()
-            quedo = self.juzgar(donde, dicho, corte.cortado)
-        except Fallo as fallo:
-            # What a scenario asks by itself ends it: "Grabar" was over, or it was the load.
-            if not any(dicho in str(fallo) for dicho in ("Se ha perdido", "no está cargada")):
-                raise
-            quedo = "fuera"
+        quedo = self.decir(f"muerte {i} del nodo {victima.numero} tras {tras}", i % 3, corte)
         corte.terminar()
         final = filas_en(otros[0], "muertes")
         if filas_en(otros[1], "muertes") != final:
@@ -63,23 +50,19 @@ class Muertes:
         victima.quitar("muertes")
         return quedo
 
-    def juzgar(self, donde: str, dicho: list[str], cortado: bool) -> str:
-        errores = [linea for linea in dicho if linea.startswith("error")]
-        filas = [linea for linea in dicho if not linea.startswith("error")]
-        mitad = len(self.sin_grabar)
-        quedo = {tuple(self.sin_grabar): "antes",
-                 tuple(self.grabado): "después"}.get(tuple(filas[:mitad]))
-        if quedo is None:
-            raise Fallo(f"{donde}: ni como antes ni como después:\n" + "\n".join(dicho))
-        # The other is that of a load that was cut: what is missing isn't saved over.
-        suyos = [error for error in errores if "La copia de trabajo no está completa" not in error]
-        if len(suyos) > 1 or any("-2147467259" not in error for error in suyos):
-            raise Fallo(f"{donde}: más de un mensaje, u otro:\n" + "\n".join(errores))
-        if cortado and not errores and quedo == "antes":
-            raise Fallo(f"{donde}: no se ha dicho nada")
-        if len(filas) != 2 * mitad:
-            raise Fallo(f"{donde}: no sigue:\n" + "\n".join(dicho))
-        return quedo
+    def decir(self, donde: str, primero: int, corte: Corte) -> str:
+        try:
+            dicho = self.programa.correr(self.texto(primero, corte), self.juicio.lineas, "--esquema",
+                                         "muertes").splitlines()
+        except Fallo as fallo:
+            # What a scenario asks by itself ends it: "Grabar" was over, or it was the load.
+            if not any(dicho in str(fallo) for dicho in ("Se ha perdido", "no está cargada")):
+                raise
+            return "fuera"
+        try:
+            return self.juicio.juzgar(dicho, corte.cortado)
+        except Fallo as fallo:
+            raise Fallo(f"{donde}: {fallo}:\n" + "\n".join(dicho)) from fallo
 
     def jugar(self, cuantas: int) -> dict[str, int]:
         vistas = {"antes": 0, "después": 0, "fuera": 0}

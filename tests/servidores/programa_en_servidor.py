@@ -3,7 +3,7 @@
 import subprocess
 
 from cluster import Nodo
-from prueba_cortes import TABLAS, Fallo
+from negocio_a_grabar import TABLAS, Fallo
 from servidores import Servidor
 
 CONSULTAS = [f"SELECT {columnas} FROM {{}}.{tabla} ORDER BY {columnas}"

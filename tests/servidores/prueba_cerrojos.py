@@ -12,7 +12,7 @@ import sys
 import time
 
 from alto import Alto, Otro
-from prueba_cortes import PAGAR, Fallo, mirar
+from negocio_a_grabar import PAGAR, Fallo, mirar
 from servidores import ESPERA, MariaDB, PostgreSQL, Servidor, en_marcha
 
 ESQUEMA = "cerrojos"

@@ -16,8 +16,8 @@ from pathlib import Path
 from cluster import Cluster, en_cluster
 from dos_a_la_vez import DosALaVez
 from muertes_de_nodos import Muertes
+from negocio_a_grabar import Fallo
 from programa_en_servidor import Programa
-from prueba_cortes import Fallo
 from servidores import ESPERA, PostgreSQL
 
 PARTES = (0, 0.3, 0.6, 0.9, 1)  # of what each of two who save at once has to do

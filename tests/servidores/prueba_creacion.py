@@ -13,7 +13,7 @@ import tempfile
 from pathlib import Path
 
 from corte import Corte
-from prueba_cortes import TABLAS, Fallo
+from negocio_a_grabar import TABLAS, Fallo
 from servidores import MariaDB, PostgreSQL, Servidor, en_marcha
 
 CORTES = 8

@@ -11,7 +11,7 @@ import sys
 
 from dos_a_la_vez import DosALaVez
 from programa_en_servidor import Programa
-from prueba_cortes import Fallo
+from negocio_a_grabar import Fallo
 from servidores import MariaDB, PostgreSQL, en_marcha
 
 

@@ -11,7 +11,7 @@ import subprocess
 import sys
 
 from corte import Corte
-from prueba_cortes import PAGAR, TABLAS, Fallo
+from negocio_a_grabar import PAGAR, TABLAS, Fallo
 from servidores import MariaDB, PostgreSQL, Servidor, en_marcha
 
 MUERTES = 8

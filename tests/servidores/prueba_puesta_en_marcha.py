@@ -15,7 +15,7 @@ import sys
 import tempfile
 from pathlib import Path
 
-from prueba_cortes import Fallo
+from negocio_a_grabar import Fallo
 from servidores import MariaDB, PostgreSQL, Servidor, programa
 
 ADMIN = "la del administrador"
