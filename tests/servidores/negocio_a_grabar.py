@@ -1,5 +1,6 @@
 """A business of which something is paid and saved, and what is said of a "Grabar" that was cut."""
 
+import dataclasses
 from collections.abc import Callable
 
 FACTURAS = 12
@@ -48,6 +49,15 @@ class Fallo(Exception):
     pass
 
 
+@dataclasses.dataclass
+class Dicho:
+    errores: list[str]
+    filas: list[str]
+
+    def se_dice(self, texto: str) -> bool:
+        return any(texto in error for error in self.errores)
+
+
 class Juicio:
     """What is stored when nothing, or all, was saved, and when one goes on from there."""
 
@@ -58,24 +68,32 @@ class Juicio:
         self.sigue = {nombre: correr([*lineas, *SEGUIR]) for nombre, lineas in caminos.items()}
 
     def juzgar(self, salida: list[str], cortado: bool) -> str:
-        """Of what `lineas` have said; whether it was cut before the end of "Grabar"."""
-        errores = [linea for linea in salida if linea.startswith("error")]
-        filas = [linea for linea in salida if not linea.startswith("error")]
-        mitad = len(self.queda["antes"])
-        primeras, ultimas = filas[:mitad], filas[mitad:]
-        quedo = next((nombre for nombre, suyas in self.queda.items() if suyas == primeras), None)
+        """Of what `lineas` have said; whether anything was cut."""
+        primera, ultima = self._partir(salida)
+        errores = primera.errores + ultima.errores
+        # The other is that of a load that was cut: what is missing isn't saved over.
+        dichos = [error for error in errores if "La copia de trabajo no está completa" not in error]
+        quedo = next((nombre for nombre, filas in self.queda.items() if filas == primera.filas), None)
         if quedo is None:
             raise Fallo("ni como antes ni como después")
-        # The other is that of a load that was cut: what is missing isn't saved over.
-        sin_cargar = [error for error in errores if "La copia de trabajo no está completa" in error]
-        dichos = [error for error in errores if error not in sin_cargar]
         if len(dichos) > 1 or not all(error.startswith("error -2147467259 ") for error in dichos):
             raise Fallo("se dice más de una vez, u otra cosa")
-        # Where it went before anything was written there is nothing to be said of that.
         if cortado and quedo == "antes" and not dichos:
             raise Fallo("no se dice nada")
-        if quedo == "después" and any(COMO_ANTES in error for error in dichos):
+        if quedo == "después" and primera.se_dice(COMO_ANTES):
             raise Fallo("se dice que no se ha guardado nada")
-        if ultimas != (primeras if sin_cargar else self.sigue[quedo]):
+        # It may have been the second "Grabar", or the load before it.
+        pueden = [self.sigue[quedo]] if not ultima.se_dice(COMO_ANTES) else []
+        if ultima.errores:
+            pueden.append(primera.filas)
+        if ultima.filas not in pueden:
             raise Fallo("no sigue")
         return quedo
+
+    def _partir(self, salida: list[str]) -> tuple[Dicho, Dicho]:
+        """What was said until the first look at the rows was over, and from there on."""
+        partes = (Dicho([], []), Dicho([], []))
+        for linea in salida:
+            parte = partes[len(partes[0].filas) == len(self.queda["antes"])]
+            (parte.errores if linea.startswith("error") else parte.filas).append(linea)
+        return partes
