@@ -70,6 +70,6 @@ class Muertes:
             vistas[self.matar(i, cuantas)] += 1
             if i % 10 == 9:
                 print(f"  {i + 1} muertes: {vistas}", flush=True)
-        if not vistas["antes"] or not vistas["después"] or vistas["fuera"] > cuantas // 10:
+        if not vistas["antes"] or not vistas["después"] or vistas["fuera"] > cuantas // 4:
             raise Fallo(f"no se reparten: {vistas}")
         return vistas
