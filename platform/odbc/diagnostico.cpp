@@ -164,6 +164,12 @@ std::string EnLimpio(std::string_view texto) {
   return std::string(texto);
 }
 
+/// In the languages that a server here speaks: it has no state of its own for it.
+bool HablaDeContrasena(std::string_view texto) {
+  return texto.find("password") != std::string_view::npos ||
+         texto.find("contraseña") != std::string_view::npos;
+}
+
 }  // namespace
 
 Diagnostico Diagnosticar(const Manejo& manejo) {
@@ -177,12 +183,6 @@ Diagnostico Diagnosticar(const Manejo& manejo) {
   if (!SQL_SUCCEEDED(dicho)) return {};
   return {reinterpret_cast<const char*>(estado.data()), nativo,
           EnLimpio(reinterpret_cast<const char*>(texto.data()))};
-}
-
-/// In the languages that a server here speaks: it has no state of its own for it.
-bool HablaDeContrasena(std::string_view texto) {
-  return texto.find("password") != std::string_view::npos ||
-         texto.find("contraseña") != std::string_view::npos;
 }
 
 bool EsDeSesion(const Diagnostico& diagnostico) {

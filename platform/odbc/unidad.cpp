@@ -148,10 +148,15 @@ Filas Unidad::Leer(const std::string& texto, Parametros& parametros,
   }
 }
 
+// What comes after its end changes nothing of it: a connection that fails there isn't used again.
 void Unidad::Acabar(SQLSMALLINT como) {
   enlace_.ContarViaje();
   enlace_.Comprobar(SQLEndTran(SQL_HANDLE_DBC, enlace_.Conexion().get(), como), enlace_.Conexion());
-  PonerConfirmacion(true);
+  try {
+    PonerConfirmacion(true);
+  } catch (const ErrorEjecucion&) {
+    enlace_.Perder();
+  }
 }
 
 // Where the connection is lost while the server was to make it durable, nobody here knows whether

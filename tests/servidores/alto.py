@@ -1,9 +1,12 @@
 """Where a scenario on a server stands still until it is told to go on, and whoever else is connected
 meanwhile."""
 
+import concurrent.futures
 import subprocess
 import time
+from collections.abc import Callable
 
+from corte import Corte
 from negocio_a_grabar import Fallo
 from servidores import ESPERA, PostgreSQL, Servidor
 
@@ -59,3 +62,17 @@ class Alto:
     def seguir(self) -> None:
         """What it held goes with its connection."""
         self._guarda.irse()
+
+
+def recorrer(altos: list[Alto], corte: Corte, correr: Callable[[], object]) -> list[int]:
+    """How many messages had gone by at each of them."""
+    cuentas = []
+    with concurrent.futures.ThreadPoolExecutor(1) as aparte:
+        dicho = aparte.submit(correr)
+        for alto in altos:
+            alto.esperar()
+            cuentas.append(corte.mensajes)
+            alto.seguir()
+        dicho.result()
+    corte.terminar()
+    return cuentas

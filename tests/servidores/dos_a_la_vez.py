@@ -5,7 +5,7 @@ import concurrent.futures
 import threading
 from collections.abc import Iterable
 
-from alto import Alto
+from alto import Alto, recorrer
 from corte import Corte
 from programa_en_servidor import Programa, filas_en
 from negocio_a_grabar import Fallo, negocio
@@ -66,18 +66,10 @@ class DosALaVez:
         self.preparar()
         parada = Parada(self.servidores[quien].puerto)
         altos = [Alto(self.servidores[quien], numero) for numero in (1, 2)]
-        en_el_alto = []
-        with concurrent.futures.ThreadPoolExecutor(1) as aparte:
-            dicho = aparte.submit(self.correr, quien, parada, altos)
-            for alto in altos:
-                alto.esperar()
-                en_el_alto.append(parada.mensajes)
-                alto.seguir()
-            dicho.result()
-        parada.terminar()
+        antes, despues = recorrer(altos, parada, lambda: self.correr(quien, parada, altos))
         filas = filas_en(self.servidores[0], ESQUEMA)
         self.servidores[0].quitar(ESQUEMA)
-        return filas, en_el_alto[1] - en_el_alto[0] - 1
+        return filas, despues - antes - 1
 
     def a_la_vez(self, *partes: float) -> str:
         """Both have loaded before either goes on to save, and stand still after that part of it."""

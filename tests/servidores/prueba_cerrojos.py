@@ -2,18 +2,17 @@
 """Somebody else holds rows when the user presses "Grabar": it waits, says so and leaves all as it
 was; once they are let go of it saves all.
 
-With --guion the runner. The servers are its own; without those of the environment, which tell that
-there are any to be had, it exits with 77."""
+With --guion the runner; without servers in the environment it exits with 77."""
 
 import argparse
-import os
 import subprocess
 import sys
 import time
 
 from alto import Alto, Otro
+from en_cada_servidor import en_cada_servidor
 from negocio_a_grabar import PAGAR, Fallo, mirar
-from servidores import ESPERA, MariaDB, PostgreSQL, Servidor, en_marcha
+from servidores import ESPERA, Servidor
 
 ESQUEMA = "cerrojos"
 TOMAR = {"el turno": f"UPDATE {ESQUEMA}.SorvexTurno SET Vez = Vez",
@@ -78,25 +77,17 @@ class Prueba:
             raise Fallo(f"{que}: ni se espera ni se sigue:\n" + "\n".join(dicho))
 
 
+def probar(opciones: argparse.Namespace, servidor: Servidor) -> str:
+    prueba = Prueba(opciones.guion, servidor)
+    for que, tomar in TOMAR.items():
+        prueba.probar(que, tomar)
+    return f"se espera, se dice y se sigue, con {', '.join(TOMAR)}"
+
+
 def main() -> int:
     partes = argparse.ArgumentParser(description=__doc__)
     partes.add_argument("--guion", required=True)
-    opciones = partes.parse_args()
-    if not os.environ.get("TESVARA_POSTGRESQL"):
-        print("no hay servidor")
-        return 77
-    mal = 0
-    with en_marcha(PostgreSQL, MariaDB) as servidores:
-        for servidor in servidores:
-            try:
-                prueba = Prueba(opciones.guion, servidor)
-                for que, tomar in TOMAR.items():
-                    prueba.probar(que, tomar)
-                print(f"{servidor.motor}: se espera, se dice y se sigue, con {', '.join(TOMAR)}")
-            except Fallo as fallo:
-                print(f"{servidor.motor}: {fallo}")
-                mal = 1
-    return mal
+    return en_cada_servidor(partes, probar)
 
 
 if __name__ == "__main__":

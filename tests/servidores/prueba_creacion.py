@@ -13,8 +13,9 @@ import tempfile
 from pathlib import Path
 
 from corte import Corte
+from en_cada_servidor import en_cada_servidor
 from negocio_a_grabar import TABLAS, Fallo
-from servidores import MariaDB, PostgreSQL, Servidor, en_marcha
+from servidores import MariaDB, Servidor
 
 CORTES = 8
 BASE = "creada"
@@ -82,24 +83,16 @@ class Prueba:
         return fallidas
 
 
+def probar(opciones: argparse.Namespace, servidor: Servidor) -> str:
+    with tempfile.TemporaryDirectory(prefix="tesvara-creacion-") as carpeta:
+        fallidas = Prueba(opciones.programas, servidor, Path(carpeta)).jugar()
+    return f"{fallidas} de {CORTES} creaciones se cortan, y se repiten"
+
+
 def main() -> int:
     partes = argparse.ArgumentParser(description=__doc__)
     partes.add_argument("--programas", required=True, type=Path)
-    opciones = partes.parse_args()
-    if not os.environ.get("TESVARA_POSTGRESQL"):
-        print("no hay servidor")
-        return 77
-    mal = 0
-    with en_marcha(PostgreSQL, MariaDB) as servidores, \
-            tempfile.TemporaryDirectory(prefix="tesvara-creacion-") as carpeta:
-        for servidor in servidores:
-            try:
-                fallidas = Prueba(opciones.programas, servidor, Path(carpeta)).jugar()
-                print(f"{servidor.motor}: {fallidas} de {CORTES} creaciones se cortan, y se repiten")
-            except Fallo as fallo:
-                print(f"{servidor.motor}: {fallo}")
-                mal = 1
-    return mal
+    return en_cada_servidor(partes, probar)
 
 
 if __name__ == "__main__":

@@ -2,17 +2,16 @@
 """A server is killed at each part of a "Grabar", and comes back: the stored tables are wholly as
 before or wholly as after.
 
-With --guion the runner. The servers are its own; without those of the environment, which tell that
-there are any to be had, it exits with 77."""
+With --guion the runner; without servers in the environment it exits with 77."""
 
 import argparse
-import os
 import subprocess
 import sys
 
 from corte import Corte
+from en_cada_servidor import en_cada_servidor
 from negocio_a_grabar import PAGAR, TABLAS, Fallo
-from servidores import MariaDB, PostgreSQL, Servidor, en_marcha
+from servidores import Servidor
 
 MUERTES = 8
 ESQUEMA = "muertes"
@@ -79,23 +78,14 @@ class Prueba:
         return len(vistas)
 
 
+def probar(opciones: argparse.Namespace, servidor: Servidor) -> str:
+    return f"{Prueba(opciones.guion, servidor).jugar()} muertes, siempre todo o nada"
+
+
 def main() -> int:
     partes = argparse.ArgumentParser(description=__doc__)
     partes.add_argument("--guion", required=True)
-    opciones = partes.parse_args()
-    if not os.environ.get("TESVARA_POSTGRESQL"):
-        print("no hay servidor")
-        return 77
-    mal = 0
-    with en_marcha(PostgreSQL, MariaDB, duraderos=True) as servidores:
-        for servidor in servidores:
-            try:
-                muertes = Prueba(opciones.guion, servidor).jugar()
-                print(f"{servidor.motor}: {muertes} muertes, siempre todo o nada")
-            except Fallo as fallo:
-                print(f"{servidor.motor}: {fallo}")
-                mal = 1
-    return mal
+    return en_cada_servidor(partes, probar, duraderos=True)
 
 
 if __name__ == "__main__":
