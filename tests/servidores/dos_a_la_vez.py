@@ -22,6 +22,8 @@ class Parada(Corte):
     def __init__(self, puerto: int) -> None:
         super().__init__(puerto)
         self.donde = 0
+        #: Which message ended a unit, the last time.
+        self.confirmado = 0
         self.llegado = threading.Event()
         self.seguir = threading.Event()
 
@@ -29,6 +31,8 @@ class Parada(Corte):
         with self._turno:
             self.mensajes += 1
             toca = self.mensajes == self.donde
+            if b"COMMIT" in trozo:
+                self.confirmado = self.mensajes
         if toca:
             self.llegado.set()
             self.seguir.wait(ESPERA)
@@ -54,22 +58,22 @@ class DosALaVez:
         self.programa.correr(self.textos[0], ["reloj 2005-03-15 10:00:00", *negocio()], "--esquema",
                              ESQUEMA)
 
-    def correr(self, quien: int, parada: Parada, altos: list[Alto]) -> str:
+    def correr(self, quien: int, parada: Parada, alto: Alto) -> str:
         puerto = self.servidores[quien].puerto
         texto = self.textos[quien].replace(f"Port={puerto}", f"Port={parada.puerto}")
         lineas = ["reloj 2005-03-15 10:00:00", f"usuario U{quien}", "cargar", *MARCAR[quien],
-                  altos[0].orden, GRABAR, *[alto.orden for alto in altos[1:]]]
+                  alto.orden, GRABAR]
         return self.programa.correr(texto, lineas, "--esquema", ESQUEMA)
 
     def solo(self, quien: int) -> tuple[list[str], int]:
-        """What is stored when nobody else writes, and how many messages that takes."""
+        """What is stored when nobody else writes, and how many messages that takes to its COMMIT."""
         self.preparar()
         parada = Parada(self.servidores[quien].puerto)
-        altos = [Alto(self.servidores[quien], numero) for numero in (1, 2)]
-        antes, despues = recorrer(altos, parada, lambda: self.correr(quien, parada, altos))
+        alto = Alto(self.servidores[quien], 1)
+        [antes] = recorrer([alto], parada, lambda: self.correr(quien, parada, alto))
         filas = filas_en(self.servidores[0], ESQUEMA)
         self.servidores[0].quitar(ESQUEMA)
-        return filas, despues - antes - 1
+        return filas, parada.confirmado - antes
 
     def a_la_vez(self, *partes: float) -> str:
         """Both have loaded before either goes on to save, and stand still after that part of it."""
@@ -77,7 +81,7 @@ class DosALaVez:
         paradas = [Parada(servidor.puerto) for servidor in self.servidores]
         altos = [Alto(servidor, 1 + quien) for quien, servidor in enumerate(self.servidores)]
         with concurrent.futures.ThreadPoolExecutor(2) as juntos:
-            dichos = [juntos.submit(self.correr, quien, paradas[quien], [altos[quien]])
+            dichos = [juntos.submit(self.correr, quien, paradas[quien], altos[quien])
                       for quien in range(2)]
             for alto in altos:
                 alto.esperar()
