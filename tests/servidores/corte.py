@@ -27,6 +27,11 @@ class Corte:
     def cortado(self) -> bool:
         return 0 < self._pedido <= self.mensajes
 
+    def cortar_tras(self, cuantos: int) -> None:
+        """From now on."""
+        with self._turno:
+            self.tras = self._pedido = self.mensajes + cuantos
+
     def terminar(self) -> None:
         """Nothing more is cut once this is over."""
         self._escucha.close()

@@ -1,11 +1,15 @@
 """The node of a cluster that the program talks to is killed in the middle of a "Grabar": the other
 two have all of it or nothing, and the same, and the program goes on with one of them."""
 
+import concurrent.futures
+
 from alto import Alto, recorrer
-from cluster import Cluster
+from cluster import Cluster, Nodo
 from corte import Corte
 from negocio_a_grabar import GRABAR, PAGAR, Fallo, Juicio
 from programa_en_servidor import Programa, filas_en
+
+ESQUEMA = "muertes"
 
 
 class Muertes:
@@ -14,16 +18,24 @@ class Muertes:
     def __init__(self, programa: Programa, cluster: Cluster) -> None:
         self.programa = programa
         self.cluster = cluster
-        self.juicio = Juicio(self.correr, PAGAR)
+        self.juicio = Juicio(lambda lineas: programa.correr(cluster.texto(), lineas).splitlines(), PAGAR)
+        self.enteras = [self.filas_tras(lineas) for lineas in (PAGAR, [*PAGAR, GRABAR])]
         corte = Corte(cluster.nodos[0].puerto)
         altos = [Alto(cluster.nodos[0], numero) for numero in (1, 2)]
         lineas = [*PAGAR, altos[0].orden, GRABAR, altos[1].orden]
-        hasta, tras = recorrer(altos, corte, lambda: programa.correr(self.texto(0, corte), lineas))
-        # What the load takes, and "Grabar": each with one question of the stops.
-        self.hasta, self.mensajes = hasta - 1, tras - hasta - 1
+        hasta, tras = recorrer(altos, corte, lambda: self.correr(self.texto(0, corte), lineas))
+        cluster.nodos[0].quitar(ESQUEMA)
+        #: What "Grabar" takes; the second stop's question is another.
+        self.mensajes = tras - hasta - 1
 
-    def correr(self, lineas: list[str]) -> list[str]:
-        return self.programa.correr(self.cluster.texto(), lineas).splitlines()
+    def correr(self, texto: str, lineas: list[str]) -> list[str]:
+        return self.programa.correr(texto, lineas, "--esquema", ESQUEMA).splitlines()
+
+    def filas_tras(self, lineas: list[str]) -> list[str]:
+        self.correr(self.cluster.texto(), lineas)
+        filas = filas_en(self.cluster.nodos[0], ESQUEMA)
+        self.cluster.nodos[0].quitar(ESQUEMA)
+        return filas
 
     def texto(self, primero: int, corte: Corte) -> str:
         """The relay before the node that is to die, and then the others."""
@@ -33,36 +45,48 @@ class Muertes:
     def matar(self, i: int, cuantas: int) -> str:
         victima = self.cluster.nodos[i % 3]
         otros = [nodo for nodo in self.cluster.nodos if nodo is not victima]
-        tras = self.hasta + 1 + self.mensajes * i // cuantas
-        corte = Corte(victima.puerto, tras, llega=i % 2 == 1)
-        corte.al_cortar = victima.matar
-        quedo = self.decir(f"muerte {i} del nodo {victima.numero} tras {tras}", i % 3, corte)
-        corte.terminar()
-        final = filas_en(otros[0], "muertes")
-        if filas_en(otros[1], "muertes") != final:
-            raise Fallo(f"muerte {i}: los otros dos nodos no tienen lo mismo")
+        tras = 1 + self.mensajes * i // cuantas
+        quedo, dicho = self.grabar(victima, tras, llega=i % 2 == 1)
+        final = filas_en(otros[0], ESQUEMA)
+        donde = f"muerte {i} del nodo {victima.numero} tras {tras}"
+        if quedo == "fuera" and final not in self.enteras:
+            raise Fallo(f"{donde}: ni como antes ni como después:\n" + "\n".join([*dicho, *final]))
+        if filas_en(otros[1], ESQUEMA) != final:
+            raise Fallo(f"{donde}: los otros dos nodos no tienen lo mismo")
         if not victima.proceso:
             self.cluster.esperar(2)
             victima.volver()
         self.cluster.esperar(3)
-        if filas_en(victima, "muertes") != final:
-            raise Fallo(f"muerte {i}: el nodo que vuelve no tiene lo mismo")
-        victima.quitar("muertes")
+        if filas_en(victima, ESQUEMA) != final:
+            raise Fallo(f"{donde}: el nodo que vuelve no tiene lo mismo")
+        victima.quitar(ESQUEMA)
         return quedo
 
-    def decir(self, donde: str, primero: int, corte: Corte) -> str:
+    def grabar(self, victima: Nodo, tras: int, llega: bool) -> tuple[str, list[str]]:
+        """What "Grabar" has left when its node dies after so many messages of it, and what is
+        said."""
+        corte = Corte(victima.puerto, llega=llega)
+        corte.al_cortar = victima.matar
+        alto = Alto(victima, 1)
+        lineas = [*PAGAR, alto.orden, *Juicio.GRABAR_Y_SEGUIR]
         try:
-            dicho = self.programa.correr(self.texto(primero, corte), self.juicio.lineas, "--esquema",
-                                         "muertes").splitlines()
+            with concurrent.futures.ThreadPoolExecutor(1) as aparte:
+                dicho = aparte.submit(self.correr, self.texto(victima.numero, corte), lineas)
+                alto.esperar()
+                corte.cortar_tras(tras)
+                alto.seguir()
+                _, _, *salida = dicho.result()  # without the two lines of the stop
         except Fallo as fallo:
-            # What a scenario asks by itself ends it: "Grabar" was over, or it was the load.
-            if not any(dicho in str(fallo) for dicho in ("Se ha perdido", "no está cargada")):
+            # What a scenario asks by itself ends it.
+            if "Se ha perdido la conexión" not in str(fallo):
                 raise
-            return "fuera"
+            return "fuera", str(fallo).splitlines()
+        finally:
+            corte.terminar()
         try:
-            return self.juicio.juzgar(dicho, corte.cortado)
+            return self.juicio.juzgar(salida, corte.cortado), salida
         except Fallo as fallo:
-            raise Fallo(f"{donde}: {fallo}:\n" + "\n".join(dicho)) from fallo
+            raise Fallo(f"tras {tras}, nodo {victima.numero}: {fallo}:\n" + "\n".join(salida)) from fallo
 
     def jugar(self, cuantas: int) -> dict[str, int]:
         vistas = {"antes": 0, "después": 0, "fuera": 0}

@@ -61,9 +61,11 @@ class Dicho:
 class Juicio:
     """What is stored when nothing, or all, was saved, and when one goes on from there."""
 
+    GRABAR_Y_SEGUIR = [GRABAR, *mirar(), *SEGUIR]
+
     def __init__(self, correr: Callable[[list[str]], list[str]], pagar: list[str]) -> None:
         caminos = {"antes": pagar, "después": [*pagar, GRABAR]}
-        self.lineas = [*pagar, GRABAR, *mirar(), *SEGUIR]
+        self.lineas = [*pagar, *Juicio.GRABAR_Y_SEGUIR]
         self.queda = {nombre: correr([*lineas, *mirar()]) for nombre, lineas in caminos.items()}
         self.sigue = {nombre: correr([*lineas, *SEGUIR]) for nombre, lineas in caminos.items()}
 

@@ -151,6 +151,8 @@ class PostgreSQL(Servidor):
     def crear(self) -> None:
         self.correr(programa("initdb"), "-D", str(self.datos), "-U", "tesvara", "-A", "trust",
                     "-E", "UTF8", "--locale=C.UTF-8", "--no-sync")
+        (self.datos / "pg_hba.conf").write_text(
+            "host all tesvara 127.0.0.1/32 trust\nhost all all 127.0.0.1/32 scram-sha-256\n")
 
     def orden(self) -> list[str]:
         return [programa("postgres"), "-D", str(self.datos), "-p", str(self.puerto),

@@ -1,12 +1,11 @@
 #include "anfitrion/datos_en_servidor.h"
 
 #include <gmock/gmock.h>
-#include <unistd.h>
 
 #include "esquema/esquema_de_servidor.h"
 #include "odbc/texto_de_conexion.h"
+#include "platform/base_de_prueba.h"
 #include "platform/carpeta_temporal.h"
-#include "platform/servidores_de_prueba.h"
 #include "valores/error.h"
 
 // The suite's way to stored tables on a server: what it asks, and what it refuses.
@@ -14,28 +13,6 @@
 namespace {
 
 using testing::HasSubstr;
-
-/// A database of its own, and the text that leads to it.
-class BaseDePrueba {
- public:
-  explicit BaseDePrueba(const pruebas::ServidorDePrueba& servidor) : general_(servidor.Texto) {
-    odbc::AbrirConexion(general_)->Ejecutar("CREATE DATABASE " + nombre_);
-  }
-  ~BaseDePrueba() { odbc::AbrirConexion(general_)->Ejecutar("DROP DATABASE " + nombre_); }
-  BaseDePrueba(const BaseDePrueba&) = delete;
-  BaseDePrueba& operator=(const BaseDePrueba&) = delete;
-
-  [[nodiscard]] std::string Texto() const {
-    odbc::TextoDeConexion texto(general_);
-    texto.Poner("Database", nombre_);
-    return texto.Texto();
-  }
-  [[nodiscard]] const std::string& Nombre() const { return nombre_; }
-
- private:
-  std::string general_;
-  std::string nombre_ = "suite_" + std::to_string(getpid());
-};
 
 class SuiteEnServidor : public testing::TestWithParam<pruebas::ServidorDePrueba> {
  protected:
@@ -59,7 +36,7 @@ class SuiteEnServidor : public testing::TestWithParam<pruebas::ServidorDePrueba>
 
   std::int32_t numero = 0;
   pruebas::CarpetaTemporal carpeta;
-  BaseDePrueba base{GetParam()};
+  pruebas::BaseDePrueba base{GetParam()};
 };
 
 GTEST_ALLOW_UNINSTANTIATED_PARAMETERIZED_TEST(SuiteEnServidor);
@@ -128,13 +105,10 @@ TEST_P(SuiteEnServidor, UnaCreacionQueFallaSeDiceYSePuedeRepetir) {
 }
 
 TEST_P(SuiteEnServidor, LaContrasenaSePideHastaQueEntraOSeDeja) {
-  if (GetParam().Nombre != "mariadb") GTEST_SKIP() << "ese servidor no pide contraseña";
-  const auto dueno = odbc::AbrirConexion(base.Texto());
-  esquema::CrearAlmacenadas(*dueno);
-  dueno->Ejecutar("CREATE OR REPLACE USER luz IDENTIFIED BY 'la de luz'");
-  dueno->Ejecutar("GRANT ALL ON " + base.Nombre() + ".* TO luz");
-  odbc::TextoDeConexion suyo(base.Texto());
-  suyo.Poner("User", "luz");
+  esquema::CrearAlmacenadas(*odbc::AbrirConexion(base.Texto()));
+  pruebas::UsuarioDePrueba luz(base, "luz", "la de luz");
+  luz.DarDerechos();
+  odbc::TextoDeConexion suyo = luz.Texto();
   std::vector<std::string> preguntas;
   std::vector<std::optional<std::string>> respuestas = {"otra", "la de luz"};
   const anfitrion::AlAbrir alguien{.Contrasena = [&](const std::string& pregunta) {
@@ -143,7 +117,8 @@ TEST_P(SuiteEnServidor, LaContrasenaSePideHastaQueEntraOSeDeja) {
   }};
   EXPECT_THAT(Abrir(alguien, suyo.Texto()), HasSubstr("abierto"));
   ASSERT_THAT(preguntas, testing::SizeIs(2));
-  EXPECT_THAT(preguntas[0], testing::AllOf(HasSubstr("Para entrar en"), HasSubstr("como luz")));
+  EXPECT_THAT(preguntas[0],
+              testing::AllOf(HasSubstr("Para entrar en"), HasSubstr("como " + luz.Nombre())));
   EXPECT_THAT(preguntas[1], HasSubstr("El servidor no admite el usuario o la contraseña"));
   preguntas.clear();
   respuestas = {std::nullopt};
@@ -151,7 +126,6 @@ TEST_P(SuiteEnServidor, LaContrasenaSePideHastaQueEntraOSeDeja) {
   EXPECT_THAT(Abrir({}, suyo.Texto()), HasSubstr("no admite")) << "sin nadie a quien pedirla";
   suyo.Poner("PWD", "la de luz");
   EXPECT_THAT(Abrir(alguien, suyo.Texto()), HasSubstr("no se escribe en la línea de órdenes"));
-  dueno->Ejecutar("DROP USER luz");
 }
 
 }  // namespace

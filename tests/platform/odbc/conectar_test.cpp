@@ -7,7 +7,7 @@
 #include "esquema/esquema_de_servidor.h"
 #include "odbc/conexion_odbc.h"
 #include "odbc/texto_de_conexion.h"
-#include "platform/servidores_de_prueba.h"
+#include "platform/base_de_prueba.h"
 #include "valores/error.h"
 
 // How a connection is made, to one server or to one of several, and what it says when it isn't.
@@ -65,6 +65,19 @@ TEST_P(AlConectar, SeEntraEnElServidorDeLaListaQueEste) {
   }
 }
 
+TEST_P(AlConectar, DeUnaListaNoValeElQueEsDeSoloLectura) {
+  if (GetParam().Nombre != "postgresql") GTEST_SKIP() << "allí lo es para todos, o para nadie";
+  const BaseDePrueba base(GetParam());
+  odbc::AbrirConexion(texto.Texto())
+      ->Ejecutar("ALTER DATABASE " + base.Nombre() + " SET default_transaction_read_only = on");
+  const TextoDeConexion suyo(base.Texto());
+  EXPECT_NO_THROW((void)odbc::AbrirConexion(suyo.Texto())) << "quien lo nombra a él, lo quiere";
+  for (const bool primero : {true, false}) {
+    EXPECT_THAT(LoQueDice([&] { (void)odbc::AbrirConexion(ConOtro(suyo, primero)); }),
+                HasSubstr(primero ? "No se llega al servidor" : "de solo lectura"));
+  }
+}
+
 TEST_P(AlConectar, ElQueNoEstaSeDiceComoTal) {
   texto.Poner("Port", "1");
   const std::string dicho = LoQueDice([&] { (void)odbc::AbrirConexion(texto.Texto()); });
@@ -72,14 +85,16 @@ TEST_P(AlConectar, ElQueNoEstaSeDiceComoTal) {
   EXPECT_THAT(dicho, HasSubstr("No se llega al servidor"));
 }
 
+/// Why is told by the server: one of them has no state of its own for it.
 TEST_P(AlConectar, QuienNoTieneDerechoALaBaseLoSabe) {
-  if (GetParam().Nombre != "mariadb") GTEST_SKIP() << "allí entra cualquiera";
-  const auto dueno = odbc::AbrirConexion(texto.Texto());
-  dueno->Ejecutar("CREATE OR REPLACE USER sin_base");
-  texto.Poner("User", "sin_base");
+  const BaseDePrueba base(GetParam());
+  const UsuarioDePrueba eva(base, "eva", "la de eva");
+  texto = eva.Texto();
+  texto.Poner("PWD", "la de eva");
   EXPECT_THAT(LoQueDice([&] { (void)odbc::AbrirConexion(texto.Texto()); }),
-              HasSubstr("no tiene permiso"));
-  dueno->Ejecutar("DROP USER sin_base");
+              HasSubstr(GetParam().Nombre == "postgresql"
+                            ? "no deja entrar (ODBC 08001-101: connection to server"
+                            : "no tiene permiso"));
 }
 
 TEST_P(AlConectar, LaBaseQueNoEstaNoEsUnServidorQueNoEste) {
@@ -88,22 +103,18 @@ TEST_P(AlConectar, LaBaseQueNoEstaNoEsUnServidorQueNoEste) {
               HasSubstr("El servidor no deja entrar"));
 }
 
-/// That PostgreSQL lets everybody in.
 TEST_P(AlConectar, QuienNoEntraLoSabeAunqueFalteOtroServidor) {
-  if (GetParam().Nombre != "mariadb") GTEST_SKIP() << "no pide contraseña";
-  const auto dueno = odbc::AbrirConexion(texto.Texto());
-  dueno->Ejecutar("CREATE OR REPLACE USER eva IDENTIFIED BY 'la ''de; eva'");
-  dueno->Ejecutar("GRANT SELECT ON mysql.* TO eva");
-  texto.Poner("User", "eva");
+  const BaseDePrueba base(GetParam());
+  UsuarioDePrueba eva(base, "eva", "la 'de; eva");
+  eva.DarDerechos();
   for (const bool primero : {true, false}) {
-    TextoDeConexion suyo = texto;
+    TextoDeConexion suyo = eva.Texto();
     EXPECT_THROW((void)odbc::AbrirConexion(ConOtro(suyo, primero)), odbc::SinEntrada);
     suyo.Poner("PWD", "otra");
     EXPECT_THROW((void)odbc::AbrirConexion(ConOtro(suyo, primero)), odbc::SinEntrada);
     suyo.Poner("PWD", "la 'de; eva");
     EXPECT_NO_THROW((void)odbc::AbrirConexion(ConOtro(suyo, primero)));
   }
-  dueno->Ejecutar("DROP USER eva");
 }
 
 /// Two who begin at the same moment where the server would put them in no order.

@@ -1,0 +1,85 @@
+#pragma once
+
+#include <unistd.h>
+
+#include <string>
+
+#include "odbc/conexion_odbc.h"
+#include "odbc/texto_de_conexion.h"
+#include "platform/servidores_de_prueba.h"
+
+namespace pruebas {
+
+/// A database of a test's own, and the text that leads to it.
+class BaseDePrueba {
+ public:
+  explicit BaseDePrueba(const ServidorDePrueba& servidor) : servidor_(servidor) {
+    odbc::AbrirConexion(servidor_.Texto)->Ejecutar("CREATE DATABASE " + nombre_);
+  }
+  ~BaseDePrueba() { odbc::AbrirConexion(servidor_.Texto)->Ejecutar("DROP DATABASE " + nombre_); }
+  BaseDePrueba(const BaseDePrueba&) = delete;
+  BaseDePrueba& operator=(const BaseDePrueba&) = delete;
+
+  [[nodiscard]] std::string Texto() const {
+    odbc::TextoDeConexion texto(servidor_.Texto);
+    texto.Poner("Database", nombre_);
+    return texto.Texto();
+  }
+  [[nodiscard]] const std::string& Nombre() const { return nombre_; }
+  [[nodiscard]] const ServidorDePrueba& Servidor() const { return servidor_; }
+
+ private:
+  ServidorDePrueba servidor_;
+  std::string nombre_ = "suite_" + std::to_string(getpid());
+};
+
+/// Somebody whom the server asks for a password, and who has no right to that database until it is
+/// given.
+class UsuarioDePrueba {
+ public:
+  UsuarioDePrueba(const BaseDePrueba& base, const std::string& nombre, std::string_view contrasena)
+      : base_(base), nombre_(nombre + "_" + std::to_string(getpid())) {
+    std::string clave;
+    for (const char signo : contrasena) clave.append(signo == '\'' ? 2 : 1, signo);
+    const auto dueno = odbc::AbrirConexion(base_.Texto());
+    if (EsPostgres()) {
+      dueno->Ejecutar("REVOKE CONNECT ON DATABASE " + base_.Nombre() + " FROM PUBLIC");
+      dueno->Ejecutar("CREATE ROLE " + nombre_ + " LOGIN PASSWORD '" + clave + "'");
+    } else {
+      dueno->Ejecutar("CREATE USER " + nombre_ + " IDENTIFIED BY '" + clave + "'");
+    }
+  }
+  ~UsuarioDePrueba() {
+    const auto dueno = odbc::AbrirConexion(base_.Texto());
+    if (EsPostgres()) dueno->Ejecutar("DROP OWNED BY " + nombre_);
+    dueno->Ejecutar((EsPostgres() ? "DROP ROLE " : "DROP USER ") + nombre_);
+  }
+  UsuarioDePrueba(const UsuarioDePrueba&) = delete;
+  UsuarioDePrueba& operator=(const UsuarioDePrueba&) = delete;
+
+  /// To that database, and to the tables that it has.
+  void DarDerechos() {
+    const auto dueno = odbc::AbrirConexion(base_.Texto());
+    if (EsPostgres()) {
+      dueno->Ejecutar("GRANT CONNECT ON DATABASE " + base_.Nombre() + " TO " + nombre_);
+      dueno->Ejecutar("GRANT ALL ON ALL TABLES IN SCHEMA public TO " + nombre_);
+    } else {
+      dueno->Ejecutar("GRANT ALL ON " + base_.Nombre() + ".* TO " + nombre_);
+    }
+  }
+  /// As the one who enters, without his password.
+  [[nodiscard]] odbc::TextoDeConexion Texto() const {
+    odbc::TextoDeConexion texto(base_.Texto());
+    texto.Poner(EsPostgres() ? "Username" : "User", nombre_);
+    return texto;
+  }
+  [[nodiscard]] const std::string& Nombre() const { return nombre_; }
+
+ private:
+  [[nodiscard]] bool EsPostgres() const { return base_.Servidor().Nombre == "postgresql"; }
+
+  const BaseDePrueba& base_;
+  std::string nombre_;
+};
+
+}  // namespace pruebas
