@@ -93,6 +93,8 @@ constexpr Servidor kMaria = {
     .AlConectar = kAlConectarMaria,
     .SiSabe = kSiSabeMaria,
     .AlLeerDeUnMomento = kLeerMaria,
+    // A node of a cluster, where another's unit arrives while it prepares a statement.
+    .DeshaceSinDecirlo = true,
     .MismoTexto = {"BINARY ", " = BINARY ?"},
     .SoloLectura = "SELECT @@global.read_only",
     .ParaCambiar = " FOR UPDATE",

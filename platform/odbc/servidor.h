@@ -34,6 +34,8 @@ struct Servidor {
   /// Whether a statement that fails takes with it what was written before it in its unit, unless
   /// that was said to be kept.
   bool FalloSeLoLlevaTodo = false;
+  /// Whether it may undo a unit for another's sake without a word, and go on as if another began.
+  bool DeshaceSinDecirlo = false;
   /// Whether a column holds the same text as another, to the letter.
   dialecto::Envoltura MismoTexto = {"", " = ?"};
   /// A SELECT that tells 1 where nothing can be written now.

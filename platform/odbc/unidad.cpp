@@ -12,6 +12,9 @@ namespace {
 constexpr int kIntentos = 10;
 constexpr const char* kGuardar = "SAVEPOINT Fila";
 constexpr const char* kGuardarDeNuevo = "RELEASE SAVEPOINT Fila; SAVEPOINT Fila";
+// One that is gone with the unit which it was made in.
+constexpr const char* kMarcar = "SAVEPOINT Unidad";
+constexpr const char* kQuitarMarca = "RELEASE SAVEPOINT Unidad";
 constexpr const char* kVolver = "ROLLBACK TO SAVEPOINT Fila";
 
 ErrorEjecucion SinGuardar(const ErrorEjecucion& fallo) {
@@ -69,7 +72,7 @@ void Unidad::AntesDeEscribir() {
   enCurso_ = agrupa_;
   guardado_ = false;
   ++transacciones_;
-  if (enCurso_ && !alEmpezar_.empty()) EsperarTurno();
+  if (enCurso_) EsperarTurno();
 }
 
 /// What a server can't put in an order with what others do it undoes; so little of it is tried
@@ -77,12 +80,8 @@ void Unidad::AntesDeEscribir() {
 void Unidad::EsperarTurno() try {
   for (int quedan = kIntentos;; --quedan) {
     try {
-      Parametros ninguno;
-      if (almacen_.Tomar(alEmpezar_).Ejecutar(ninguno) > 0) return;
-      throw ErrorEjecucion(services::error::FalloDeConexion,
-                           "Falta en la base de datos la fila por la que se guarda el turno de los "
-                           "que escriben (" +
-                               alEmpezar_ + ")");
+      TomarTurno();
+      return Marcar();
     } catch (const UnidadDeshecha&) {
       if (quedan == 1) throw;
       enlace_.Comprobar(SQLEndTran(SQL_HANDLE_DBC, enlace_.Conexion().get(), SQL_ROLLBACK),
@@ -92,6 +91,27 @@ void Unidad::EsperarTurno() try {
 } catch (const ErrorEjecucion& fallo) {
   // Nothing is written out of one's turn, whatever keeps it from coming.
   DarPorPerdida(fallo);
+}
+
+void Unidad::TomarTurno() {
+  if (alEmpezar_.empty()) return;
+  Parametros ninguno;
+  if (almacen_.Tomar(alEmpezar_).Ejecutar(ninguno) > 0) return;
+  throw ErrorEjecucion(services::error::FalloDeConexion,
+                       "Falta en la base de datos la fila por la que se guarda el turno de los que "
+                       "escriben (" +
+                           alEmpezar_ + ")");
+}
+
+void Unidad::Marcar() {
+  if (enlace_.Motor().DeshaceSinDecirlo) enlace_.Ejecutar(kMarcar);
+}
+
+/// What is to be made durable is what has been written since the unit began, and not since its
+/// server has undone that without a word.
+void Unidad::ExigirMarca() {
+  if (!enlace_.Motor().DeshaceSinDecirlo) return;
+  Intentar([this] { enlace_.Ejecutar(kQuitarMarca); });
 }
 
 /// Before each step, where a failure would take what came before it.
@@ -164,11 +184,12 @@ void Unidad::Acabar(SQLSMALLINT como) {
 void Unidad::Terminar() {
   try {
     ExigirUnidad();
+    if (!enCurso_) return;
+    ExigirMarca();
   } catch (const ErrorEjecucion&) {
     Abandonar();
     throw;
   }
-  if (!enCurso_) return;
   try {
     Acabar(SQL_COMMIT);
     enCurso_ = false;

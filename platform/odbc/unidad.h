@@ -51,6 +51,9 @@ class Unidad {
  private:
   void AntesDeEscribir();
   void EsperarTurno();
+  void TomarTurno();
+  void Marcar();
+  void ExigirMarca();
   [[noreturn]] void DarPorPerdida(const services::ErrorEjecucion& fallo);
   void ExigirUnidad();
   void Guardar();

@@ -76,6 +76,20 @@ TEST_P(EnServidor, QuienNoTieneTurnoNoEscribe) {
   }
 }
 
+/// As a node of a cluster does to one whose rows another has written.
+TEST_P(EnServidor, LoQueElServidorDeshaceSinDecirloSeDice) {
+  Nuevo(*conexion, "A");
+  Suya().Ejecutar("ROLLBACK");
+  Fallo([&] { Nuevo(*conexion, "B"); });
+  const auto fallo = Fallo([&] { conexion->TerminarUnidad(); });
+  EXPECT_EQ(fallo.Numero(), error::FalloDeConexion);
+  EXPECT_THAT(fallo.Descripcion(), HasSubstr("No se ha guardado ninguno de los últimos cambios"));
+  EXPECT_EQ(Cuantas(*otra, "ProvVencimientos"), 0);
+  Nuevo(*conexion, "C");
+  conexion->TerminarUnidad();
+  EXPECT_EQ(Cuantas(*otra, "ProvVencimientos"), 1);
+}
+
 TEST_P(EnServidor, SinDerechoAAnadirNoSeBorraNada) {
   auto& suya = dynamic_cast<odbc::Conexion&>(*conexion);
   if (suya.NombreDelMotor() != "PostgreSQL") GTEST_SKIP() << "los derechos son de quien entra";
