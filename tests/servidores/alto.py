@@ -51,10 +51,12 @@ class Alto:
                              f"'%alto {numero}%'")
         self._guarda.decir(f"SELECT {tomar}")
 
-    def esperar(self) -> None:
-        """Until the scenario is there."""
+    def esperar(self, guion: concurrent.futures.Future | None = None) -> None:
+        """Until the scenario is there; one that is over by then tells why."""
         limite = time.monotonic() + ESPERA
         while self.servidor.preguntar(f"SELECT count(*) FROM {self._cuantos}") != ["1"]:
+            if guion and guion.done():
+                raise Fallo(f"no se llega al alto: {guion.result()}")
             if time.monotonic() > limite:
                 raise Fallo("no se llega al alto")
             time.sleep(0.05)
@@ -70,7 +72,7 @@ def recorrer(altos: list[Alto], corte: Corte, correr: Callable[[], object]) -> l
     with concurrent.futures.ThreadPoolExecutor(1) as aparte:
         dicho = aparte.submit(correr)
         for alto in altos:
-            alto.esperar()
+            alto.esperar(dicho)
             cuentas.append(corte.mensajes)
             alto.seguir()
         dicho.result()

@@ -83,8 +83,8 @@ class DosALaVez:
         with concurrent.futures.ThreadPoolExecutor(2) as juntos:
             dichos = [juntos.submit(self.correr, quien, paradas[quien], altos[quien])
                       for quien in range(2)]
-            for alto in altos:
-                alto.esperar()
+            for alto, dicho in zip(altos, dichos):
+                alto.esperar(dicho)
             for parada, parte, mensajes in zip(paradas, partes, self.mensajes):
                 parada.donde = parada.mensajes + 1 + int((mensajes - 1) * parte)
             for alto in altos:

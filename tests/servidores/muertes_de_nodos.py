@@ -72,7 +72,7 @@ class Muertes:
         try:
             with concurrent.futures.ThreadPoolExecutor(1) as aparte:
                 dicho = aparte.submit(self.correr, self.texto(victima.numero, corte), lineas)
-                alto.esperar()
+                alto.esperar(dicho)
                 corte.cortar_tras(tras)
                 alto.seguir()
                 _, _, *salida = dicho.result()  # without the two lines of the stop

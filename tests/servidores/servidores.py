@@ -66,8 +66,10 @@ class Servidor:
         def con_el_padre() -> None:
             ctypes.CDLL(None).prctl(_PR_SET_PDEATHSIG, signal.SIGKILL)
 
+        # One that starts takes the temporary files that it finds for those of a former run.
         suyas: dict = {"cwd": self.carpeta, "preexec_fn": con_el_padre,
-                       "env": {**os.environ, "HOME": str(self.carpeta), "LC_ALL": "C.UTF-8"}}
+                       "env": {**os.environ, "HOME": str(self.carpeta), "LC_ALL": "C.UTF-8",
+                               "TMPDIR": str(self.carpeta)}}
         if self.usuario:
             suyas |= {"user": self.usuario.pw_uid, "group": self.usuario.pw_gid, "extra_groups": []}
         return suyas
