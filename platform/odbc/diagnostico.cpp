@@ -91,18 +91,17 @@ struct DeNumero {
   Causa Suya;
 };
 
-/// Numbers of a server whose states are too few to tell these apart. The one of what it has no
-/// routine or savepoint for is that of a unit which is no longer there.
+/// Numbers of a server whose states are too few to tell these apart.
 constexpr auto PorNumero = std::to_array<DeNumero>({
-    {1021, SinSitio},   {1044, SinPermiso}, {1040, NoDejaEntrar}, {1049, NoDejaEntrar},
-    {2005, Perdida},    {1022, Repetida},   {1047, Perdida},      {1048, FaltaValor},
-    {1053, Perdida},    {1054, SinColumna}, {1062, Repetida},     {1114, SinSitio},
-    {1142, SinPermiso}, {1143, SinPermiso}, {1146, SinTabla},     {1205, Bloqueada},
-    {1213, Deshecha},   {1264, NoCabe},     {1265, NoCabe},       {1290, SoloLectura},
-    {1292, NoCabe},     {1305, Deshecha},   {1364, FaltaValor},   {1366, NoCabe},
-    {1406, NoCabe},     {1644, NoAdmite},   {1792, SoloLectura},  {1836, SoloLectura},
-    {1927, Perdida},    {2002, Perdida},    {2003, Perdida},      {2006, Perdida},
-    {2013, Perdida},    {2055, Perdida},    {4025, NoAdmite},
+    {1021, SinSitio},   {1044, SinPermiso},  {1040, NoDejaEntrar}, {1049, NoDejaEntrar},
+    {2005, Perdida},    {1022, Repetida},    {1047, Perdida},      {1048, FaltaValor},
+    {1053, Perdida},    {1054, SinColumna},  {1062, Repetida},     {1114, SinSitio},
+    {1142, SinPermiso}, {1143, SinPermiso},  {1146, SinTabla},     {1205, Bloqueada},
+    {1213, Deshecha},   {1264, NoCabe},      {1265, NoCabe},       {1290, SoloLectura},
+    {1292, NoCabe},     {1364, FaltaValor},  {1366, NoCabe},       {1406, NoCabe},
+    {1644, NoAdmite},   {1792, SoloLectura}, {1836, SoloLectura},  {1927, Perdida},
+    {2002, Perdida},    {2003, Perdida},     {2006, Perdida},      {2013, Perdida},
+    {2055, Perdida},    {4025, NoAdmite},
 });
 
 /// The first that fits counts.

@@ -12,10 +12,10 @@ namespace {
 constexpr int kIntentos = 10;
 constexpr const char* kGuardar = "SAVEPOINT Fila";
 constexpr const char* kGuardarDeNuevo = "RELEASE SAVEPOINT Fila; SAVEPOINT Fila";
-// One that is gone with the unit which it was made in.
+constexpr const char* kVolver = "ROLLBACK TO SAVEPOINT Fila";
+// It goes with the unit in which it was made.
 constexpr const char* kMarcar = "SAVEPOINT Unidad";
 constexpr const char* kQuitarMarca = "RELEASE SAVEPOINT Unidad";
-constexpr const char* kVolver = "ROLLBACK TO SAVEPOINT Fila";
 
 ErrorEjecucion SinGuardar(const ErrorEjecucion& fallo) {
   return {fallo.Numero(),
@@ -72,16 +72,16 @@ void Unidad::AntesDeEscribir() {
   enCurso_ = agrupa_;
   guardado_ = false;
   ++transacciones_;
-  if (enCurso_) EsperarTurno();
+  if (enCurso_) EmpezarEnTurno();
 }
 
 /// What a server can't put in an order with what others do it undoes; so little of it is tried
-/// anew.
-void Unidad::EsperarTurno() try {
+/// anew. The mark comes first: nothing is undone before the turn, which others change too.
+void Unidad::EmpezarEnTurno() try {
   for (int quedan = kIntentos;; --quedan) {
     try {
-      TomarTurno();
-      return Marcar();
+      Marcar();
+      return TomarTurno();
     } catch (const UnidadDeshecha&) {
       if (quedan == 1) throw;
       enlace_.Comprobar(SQLEndTran(SQL_HANDLE_DBC, enlace_.Conexion().get(), SQL_ROLLBACK),
@@ -89,7 +89,7 @@ void Unidad::EsperarTurno() try {
     }
   }
 } catch (const ErrorEjecucion& fallo) {
-  // Nothing is written out of one's turn, whatever keeps it from coming.
+  // Nothing is written out of one's turn, nor without the mark.
   DarPorPerdida(fallo);
 }
 
@@ -111,7 +111,14 @@ void Unidad::Marcar() {
 /// server has undone that without a word.
 void Unidad::ExigirMarca() {
   if (!enlace_.Motor().DeshaceSinDecirlo) return;
-  Intentar([this] { enlace_.Ejecutar(kQuitarMarca); });
+  try {
+    enlace_.Ejecutar(kQuitarMarca);
+  } catch (const ErrorEjecucion& fallo) {
+    if (fallo.Numero() == services::error::FalloDeConexion) DarPorPerdida(fallo);
+    DarPorPerdida({services::error::FalloDeConexion,
+                   "Otro programa escribía en las mismas filas y el servidor los ha deshecho sin "
+                   "decirlo"});
+  }
 }
 
 /// Before each step, where a failure would take what came before it.

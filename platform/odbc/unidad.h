@@ -16,7 +16,8 @@ namespace odbc {
 /// A step that fails by the fault of its row or its statement fails alone. One that fails by the
 /// fault of the server (a lock, a right to write that is missing, a full disk, a connection that is
 /// lost) loses the unit: nothing more is written in it, so that no half of it stays, and its end
-/// fails with the same error, whether or not anyone listened to the first.
+/// fails with the same error, whether or not anyone listened to the first. So does the end of one
+/// that its server has undone without an error.
 class Unidad {
  public:
   Unidad(Enlace& enlace, Almacen& almacen, bool agrupa)
@@ -50,7 +51,7 @@ class Unidad {
 
  private:
   void AntesDeEscribir();
-  void EsperarTurno();
+  void EmpezarEnTurno();
   void TomarTurno();
   void Marcar();
   void ExigirMarca();

@@ -3,6 +3,7 @@
 #include <unistd.h>
 
 #include <string>
+#include <string_view>
 
 #include "odbc/conexion_odbc.h"
 #include "odbc/texto_de_conexion.h"

@@ -71,6 +71,8 @@ class DosALaVez:
         parada = Parada(self.servidores[quien].puerto)
         alto = Alto(self.servidores[quien], 1)
         [antes] = recorrer([alto], parada, lambda: self.correr(quien, parada, alto))
+        if parada.confirmado <= antes:
+            raise Fallo("no se ve ningún COMMIT")
         filas = filas_en(self.servidores[0], ESQUEMA)
         self.servidores[0].quitar(ESQUEMA)
         return filas, parada.confirmado - antes

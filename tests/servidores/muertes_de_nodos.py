@@ -78,7 +78,7 @@ class Muertes:
                 _, _, *salida = dicho.result()  # without the two lines of the stop
         except Fallo as fallo:
             # What a scenario asks by itself ends it.
-            if "Se ha perdido la conexión" not in str(fallo):
+            if not corte.cortado or "Se ha perdido la conexión" not in str(fallo):
                 raise
             return "fuera", str(fallo).splitlines()
         finally:

@@ -80,7 +80,7 @@ class Juicio:
             raise Fallo("ni como antes ni como después")
         if len(dichos) > 1 or not all(error.startswith("error -2147467259 ") for error in dichos):
             raise Fallo("se dice más de una vez, u otra cosa")
-        if cortado and quedo == "antes" and not errores:
+        if cortado and quedo == "antes" and not primera.errores:
             raise Fallo("no se dice nada")
         if quedo == "después" and primera.se_dice(COMO_ANTES):
             raise Fallo("se dice que no se ha guardado nada")

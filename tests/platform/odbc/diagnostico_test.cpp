@@ -40,7 +40,6 @@ constexpr Caso kCasos[] = {
     {"HY000", 1205, "", error::FalloDeConexion,
      "La base de datos está bloqueada por otro programa ("},
     {"40001", 1, "", error::FalloDeConexion, "Otro programa escribía en las mismas filas"},
-    {"42000", 1305, "", error::FalloDeConexion, "Otro programa escribía en las mismas filas"},
     {"40001", 1213, "", error::FalloDeConexion, "Otro programa escribía en las mismas filas"},
     {"53100", 1, "", error::FalloDeConexion, "No queda sitio en el servidor"},
     {"HY000", 1021, "", error::FalloDeConexion, "No queda sitio en el servidor"},
