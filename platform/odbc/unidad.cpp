@@ -13,6 +13,8 @@ constexpr int kIntentos = 10;
 constexpr const char* kGuardar = "SAVEPOINT Fila";
 constexpr const char* kGuardarDeNuevo = "RELEASE SAVEPOINT Fila; SAVEPOINT Fila";
 constexpr const char* kVolver = "ROLLBACK TO SAVEPOINT Fila";
+// The state of one that another's unit has undone.
+constexpr const char* kDeshecha = "40001";
 // It goes with the unit in which it was made.
 constexpr const char* kMarcar = "SAVEPOINT Unidad";
 constexpr const char* kQuitarMarca = "RELEASE SAVEPOINT Unidad";
@@ -115,9 +117,8 @@ void Unidad::ExigirMarca() {
     enlace_.Ejecutar(kQuitarMarca);
   } catch (const ErrorEjecucion& fallo) {
     if (fallo.Numero() == services::error::FalloDeConexion) DarPorPerdida(fallo);
-    DarPorPerdida({services::error::FalloDeConexion,
-                   "Otro programa escribía en las mismas filas y el servidor los ha deshecho sin "
-                   "decirlo"});
+    // What it would have said.
+    DarPorPerdida(ErrorDe({kDeshecha, 0, kQuitarMarca}, enlace_.Motor().Nombre));
   }
 }
 

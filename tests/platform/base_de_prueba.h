@@ -1,15 +1,28 @@
 #pragma once
 
+#include <gtest/gtest.h>
 #include <unistd.h>
 
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "odbc/conexion_odbc.h"
 #include "odbc/texto_de_conexion.h"
 #include "platform/servidores_de_prueba.h"
+#include "valores/error.h"
 
 namespace pruebas {
+
+/// At the end of a test, which it makes fail where it can't.
+inline void Quitar(const std::string& texto, const std::vector<std::string>& sentencias) noexcept {
+  try {
+    const auto dueno = odbc::AbrirConexion(texto);
+    for (const std::string& sentencia : sentencias) dueno->Ejecutar(sentencia);
+  } catch (const services::ErrorEjecucion& fallo) {
+    ADD_FAILURE() << fallo.Descripcion();
+  }
+}
 
 /// A database of a test's own, and the text that leads to it.
 class BaseDePrueba {
@@ -17,7 +30,7 @@ class BaseDePrueba {
   explicit BaseDePrueba(const ServidorDePrueba& servidor) : servidor_(servidor) {
     odbc::AbrirConexion(servidor_.Texto)->Ejecutar("CREATE DATABASE " + nombre_);
   }
-  ~BaseDePrueba() { odbc::AbrirConexion(servidor_.Texto)->Ejecutar("DROP DATABASE " + nombre_); }
+  ~BaseDePrueba() { Quitar(servidor_.Texto, {"DROP DATABASE " + nombre_}); }
   BaseDePrueba(const BaseDePrueba&) = delete;
   BaseDePrueba& operator=(const BaseDePrueba&) = delete;
 
@@ -51,9 +64,9 @@ class UsuarioDePrueba {
     }
   }
   ~UsuarioDePrueba() {
-    const auto dueno = odbc::AbrirConexion(base_.Texto());
-    if (EsPostgres()) dueno->Ejecutar("DROP OWNED BY " + nombre_);
-    dueno->Ejecutar((EsPostgres() ? "DROP ROLE " : "DROP USER ") + nombre_);
+    std::vector<std::string> sentencias = {"DROP USER " + nombre_};
+    if (EsPostgres()) sentencias.insert(sentencias.begin(), "DROP OWNED BY " + nombre_);
+    Quitar(base_.Texto(), sentencias);
   }
   UsuarioDePrueba(const UsuarioDePrueba&) = delete;
   UsuarioDePrueba& operator=(const UsuarioDePrueba&) = delete;

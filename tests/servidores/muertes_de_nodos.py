@@ -75,7 +75,7 @@ class Muertes:
                 alto.esperar(dicho)
                 corte.cortar_tras(tras)
                 alto.seguir()
-                _, _, *salida = dicho.result()  # without the two lines of the stop
+                salida = dicho.result()
         except Fallo as fallo:
             # What a scenario asks by itself ends it.
             if not corte.cortado or "Se ha perdido la conexión" not in str(fallo):
@@ -84,7 +84,9 @@ class Muertes:
         finally:
             corte.terminar()
         try:
-            return self.juicio.juzgar(salida, corte.cortado), salida
+            if salida[:2] != ["1", "(1 filas)"]:
+                raise Fallo("no se dice lo del alto")
+            return self.juicio.juzgar(salida[2:], corte.cortado), salida
         except Fallo as fallo:
             raise Fallo(f"tras {tras}, nodo {victima.numero}: {fallo}:\n" + "\n".join(salida)) from fallo
 

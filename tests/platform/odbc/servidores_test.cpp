@@ -86,6 +86,9 @@ TEST_P(EnServidor, LoQueElServidorDeshaceSinDecirloSeDice) {
   const auto fallo = Fallo([&] { conexion->TerminarUnidad(); });
   EXPECT_EQ(fallo.Numero(), error::FalloDeConexion);
   EXPECT_THAT(fallo.Descripcion(), HasSubstr("No se ha guardado ninguno de los últimos cambios"));
+  if (!loDice) {
+    EXPECT_THAT(fallo.Descripcion(), HasSubstr("Otro programa escribía en las mismas filas"));
+  }
   EXPECT_EQ(Cuantas(*otra, "ProvVencimientos"), 0);
   Nuevo(*conexion, "C");
   conexion->TerminarUnidad();
